@@ -1,0 +1,173 @@
+// The main window as data: state, eleven stacked pages, every control with its caption and default.
+#pragma once
+
+#include <cstdint>
+
+#include "forms/control.h"
+
+namespace discwright::forms {
+
+// Glyphs of the symbol font that LblRight1 to LblRight5 show: characters 252 and 251.
+inline constexpr const char* kTick = "\u00FC";
+inline constexpr const char* kCross = "\u00FB";
+
+inline constexpr std::size_t kPageCount = 11;
+inline constexpr std::size_t kFinishPage = 9;
+inline constexpr std::size_t kProgressPage = 10;
+
+// Controls that the design leaves nameless (headings, notes, group frames) have names of our own, so that every
+// renderer shows the same ones.
+struct FrmDiscwright : Form {
+  FrmDiscwright();
+
+  std::int16_t Step = 0;         // the page in view, 0 to 10
+  bool Finished = false;         // the build ended or was cancelled: Finish ends the program
+  bool CancelCopy = false;       // the build is cancelled
+  bool MKISOFSRunning = false;   // the mastering runs
+  bool ASyncAppRunning = false;  // an external program runs
+
+  Picture PicSideImage{*this, "PicSideImage"};
+  CommandButton CmdHelp{*this, "CmdHelp", "&Help"};
+  CommandButton CmdCancel{*this, "CmdCancel", "&Cancel"};
+  CommandButton CmdBack{*this, "CmdBack", "< &Back"};
+  CommandButton CmdNext{*this, "CmdNext", "&Next >"};
+  CommandButton CmdFinish{*this, "CmdFinish", "&Finish"};
+  FileDialog DlgOpen{*this, "DlgOpen"};
+  ControlArray<Frame, kPageCount> FraMain{*this, "FraMain"};
+
+  // 0: welcome
+  Label LblHeadWelcome{FraMain[0], "LblHeadWelcome", "  Welcome to The Vexa Discwright v2.0"};
+  Label LblWelcome1{FraMain[0], "LblWelcome1",
+                    "The wizard will assist you in the process of creating the Vexa Rescue CD."};
+  Label LblWelcome2{FraMain[0], "LblWelcome2",
+                    "It will create an ISO file that contains all the contents of the Vexa Rescue CD, you can burn "
+                    "this file using your favorite CD/DVD recording utility."};
+  Label LblWelcome3{FraMain[0], "LblWelcome3", "Press Next to start the wizard"};
+
+  // 1: contents
+  Label LblHeadContents{FraMain[1], "LblHeadContents", "  Select the Contents of the CD"};
+  CheckBox ChkGet_Vexadisks{FraMain[1], "ChkGet_Vexadisks", "Vexa Boot Disks (Vexa Software - Vexa Net)", 1};
+  CheckBox ChkGet_Vexanetplus{FraMain[1], "ChkGet_Vexanetplus", "Use the Linkwell Plus disk for Network Access"};
+  CheckBox ChkSelectDrivers{FraMain[1], "ChkSelectDrivers", "Accept default list of Network drivers"};
+  CheckBox ChkGet_Win2k{FraMain[1], "ChkGet_Win2k", "Microsoft Windows 2000/XP/2003 Setup Files"};
+  CheckBox ChkGet_Win9x{FraMain[1], "ChkGet_Win9x", "Microsoft Windows 98/98SE/Me Setup Files"};
+  CheckBox ChkGet_Advtools{FraMain[1], "ChkGet_Advtools", "Advanced Tools"};
+
+  // 2: Windows 2000/XP/2003, source and service pack
+  Label LblHeadWin2K1{FraMain[2], "LblHeadWin2K1", "  Add Windows 2000/XP/2003 Setup (1)"};
+  Label Lbl_i386_Loc{FraMain[2], "Lbl_i386_Loc", "Location of Windows Setup Files"};
+  TextBox Txt_i386_Loc{FraMain[2], "Txt_i386_Loc"};
+  CommandButton CmdBrw_i386_loc{FraMain[2], "CmdBrw_i386_loc", "Browse ..."};
+  Label LblWin2KOSVer{FraMain[2], "LblWin2KOSVer", "Microsoft Windows XP Professional Edition"};
+  CheckBox ChkSlipstream{FraMain[2], "ChkSlipstream", "Integrate Service Pack"};
+  Frame FraSP_Loc{FraMain[2], "FraSP_Loc"};
+  Label LblSP{FraSP_Loc, "LblSP", "Location of Service Pack exe file"};
+  TextBox TxtSP_exe{FraSP_Loc, "TxtSP_exe", "C:\\SP\\xpsp1_en_x86.exe"};
+  CommandButton CmdBrw_spexe{FraSP_Loc, "CmdBrw_spexe", "Browse ..."};
+  CheckBox ChkHotfix{FraMain[2], "ChkHotfix", "Integrate Post SP Hotfixes"};
+  Frame FraHotfix{FraMain[2], "FraHotfix"};
+  CommandButton Cmd_Sel_hotfixes{FraHotfix, "Cmd_Sel_hotfixes", "Select Hotfixes to include..."};
+  Label LblHotNum{FraHotfix, "LblHotNum", "Hotfixes : 0"};
+
+  // 3: Windows 2000/XP/2003, options and answers
+  Label LblHeadWin2K2{FraMain[3], "LblHeadWin2K2", "  Add Windows 2000/XP/2003 Setup (2)"};
+  Frame FraMisc{FraMain[3], "FraMisc", " Miscellaneous Options : "};
+  CheckBox ChkDelTree_Lang{FraMisc, "ChkDelTree_Lang", "Remove Extra Languages Files"};
+  Label LblDelTree_Lang{FraMisc, "LblDelTree_Lang",
+                        "(Use only if you don't need international Languages support \"Asian Languages - "
+                        "Arabic/Hebrew\")"};
+  Frame FraWin2KInfo{FraMain[3], "FraWin2KInfo", " Customize Installation Info : "};
+  CommandButton CmdSetWin2KInfo{FraWin2KInfo, "CmdSetWin2KInfo", "Set Windows Installation Info..."};
+  CheckBox ChkWin2KInfo_Assis{FraWin2KInfo, "ChkWin2KInfo_Assis",
+                              "Store this info in the Vexa Win2K Setup Assistant"};
+  CheckBox ChkWin2KInfo_Unattend{FraWin2KInfo, "ChkWin2KInfo_Unattend",
+                                 "Store this info in the Windows 2000/XP Installation"};
+
+  // 4: Windows 98/98SE/Me
+  Label LblHeadWin9x{FraMain[4], "LblHeadWin9x", "  Add Windows 98/98SE/Me Setup"};
+  Label LblWin9x_Loc{FraMain[4], "LblWin9x_Loc", "Location of Windows Setup Files"};
+  TextBox TxtWin9x_Loc{FraMain[4], "TxtWin9x_Loc"};
+  CommandButton CmdBrw_Win9xLoc{FraMain[4], "CmdBrw_Win9xLoc", "Browse ..."};
+  Frame FraWin9xInfo{FraMain[4], "FraWin9xInfo", " Customize Installation Info : "};
+  CommandButton CmdSetWin9xInfo{FraWin9xInfo, "CmdSetWin9xInfo", "Set Windows Installation Info..."};
+  CheckBox ChkWin9xInfo_Assis{FraWin9xInfo, "ChkWin9xInfo_Assis", "Store this info in the Vexa Setup Assistant"};
+  CheckBox ChkWin9xInfo_MSBatch{FraWin9xInfo, "ChkWin9xInfo_MSBatch",
+                                "Store this info in the Windows Installation"};
+
+  // 5: advanced tools
+  Label LblHeadAdvtools{FraMain[5], "LblHeadAdvtools", "  Advanced Tools"};
+  CheckBox ChkERDC{FraMain[5], "ChkERDC", "ERD Commander 2002/2003"};
+  Label LblERDC{FraMain[5], "LblERDC", "Specify the location of your ERD Commander CD :"};
+  TextBox TxtERDC{FraMain[5], "TxtERDC"};
+  CommandButton CmdBrw_ERDC{FraMain[5], "CmdBrw_ERDC", "Browse ..."};
+  // Shown as "O&O BlueCon XXL Pro": an ampersand of the text is doubled, a single one marks an accelerator.
+  CheckBox ChkBCon{FraMain[5], "ChkBCon", "O&&O BlueCon XXL Pro"};
+  Label LblBCon{FraMain[5], "LblBCon", "Specify the location of your BlueCon CD :"};
+  TextBox TxtBCon{FraMain[5], "TxtBCon"};
+  CommandButton CmdBrw_BCon{FraMain[5], "CmdBrw_BCon", "Browse ..."};
+
+  // 6: utilities and additional files
+  Label LblHeadUtils{FraMain[6], "LblHeadUtils", "  Vexa Utilities / Additional Files"};
+  Frame FraUtils{FraMain[6], "FraUtils"};
+  CheckBox ChkVexaUtils{FraUtils, "ChkVexaUtils", " Vexa Utilities "};
+  Label LblUtils{FraUtils, "LblUtils", "Location of the Vexa Utilities to be used in the CD :"};
+  TextBox TxtUtils_Loc{FraUtils, "TxtUtils_Loc"};
+  CommandButton CmdExp_Utils{FraUtils, "CmdExp_Utils", "Explore..."};
+  CommandButton CmdBrw_Utils{FraUtils, "CmdBrw_Utils", "Browse..."};
+  Frame FraAddFiles{FraMain[6], "FraAddFiles"};
+  CheckBox ChkAddFiles{FraAddFiles, "ChkAddFiles", " Additional Files "};
+  Label LblAddFiles{FraAddFiles, "LblAddFiles", "Location of the Additional Files to be Added to the CD :"};
+  TextBox TxtAddFiles_Loc{FraAddFiles, "TxtAddFiles_Loc"};
+  CommandButton CmdExp_AddFiles{FraAddFiles, "CmdExp_AddFiles", "Explore..."};
+  CommandButton CmdBrw_AddFiles{FraAddFiles, "CmdBrw_AddFiles", "Browse..."};
+
+  // 7: ISO options
+  Label LblHeadISO{FraMain[7], "LblHeadISO", "  Specify ISO File Options"};
+  CheckBox ChkPassProtect{FraMain[7], "ChkPassProtect", "Password Protect the created CD"};
+  Label LblPass1{FraMain[7], "LblPass1", "Password"};
+  TextBox TxtPass1{FraMain[7], "TxtPass1"};
+  Label LblPass2{FraMain[7], "LblPass2", "Confirm Password"};
+  TextBox TxtPass2{FraMain[7], "TxtPass2"};
+  Frame FraISO{FraMain[7], "FraISO", " ISO File Details "};
+  Label LblISOLoc{FraISO, "LblISOLoc", "Specify the Location to save the generated ISO file to:"};
+  TextBox TxtISOLoc{FraISO, "TxtISOLoc", "c:\\vexacd.iso"};
+  CommandButton CmdBrw_ISOfile{FraISO, "CmdBrw_ISOfile", "Browse..."};
+  CheckBox ChkOptimizeISO{FraISO, "ChkOptimizeISO", "Optimize the ISO file size by encoding duplicate files"};
+  CheckBox ChkCleanSession{FraISO, "ChkCleanSession", "Clean Session's temporary files after completing"};
+
+  // 8: summary
+  Label LblHeadSummery{FraMain[8], "LblHeadSummery", "  Ready to create ISO file"};
+  TextBox TxtSummery{FraMain[8], "TxtSummery"};
+
+  // 9: finish
+  Label LblFinish{FraMain[9], "LblFinish", "  Operation completed successfully"};
+  Label LblAbort{FraMain[9], "LblAbort", "Couldn't access destination ISO File"};
+  Label LblVisit_vexacd{FraMain[9], "LblVisit_vexacd",
+                        "Visit the Vexa Rescue CD homepage for updated versions of the Vexa Discwright at :"};
+  Label LblLink_vexacd{FraMain[9], "LblLink_vexacd"};
+  Label LblVisit_cdshell{FraMain[9], "LblVisit_cdshell",
+                         "The CDShell homepage, simply the most advanced Bootable CDs Loader :"};
+  Label LblLink_cdshell{FraMain[9], "LblLink_cdshell"};
+  Label LblVisit_Third{FraMain[9], "LblVisit_Third", "For more about creating bootable CD-ROMs, visit :"};
+  Label LblLink_Third{FraMain[9], "LblLink_Third"};
+
+  // 10: progress
+  Label LblWait{FraMain[10], "LblWait", "  Please Wait ... Creating the ISO file"};
+  Label LblMsg1{FraMain[10], "LblMsg1", "Creating Vexa Boot Disks"};
+  Label LblMsg2{FraMain[10], "LblMsg2", "Inserting Windows 2000/XP/2003 Setup Files"};
+  Label LblMsg3{FraMain[10], "LblMsg3", "Inserting Windows 9x Setup Files"};
+  Label LblMsg4{FraMain[10], "LblMsg4", "Adding Vexa Utilities/Advanced Tools"};
+  Label LblMsg5{FraMain[10], "LblMsg5", "Creating Final ISO File"};
+  Label LblRight1{FraMain[10], "LblRight1"};
+  Label LblRight2{FraMain[10], "LblRight2"};
+  Label LblRight3{FraMain[10], "LblRight3"};
+  Label LblRight4{FraMain[10], "LblRight4"};
+  Label LblRight5{FraMain[10], "LblRight5"};
+  Label LblSub_Step{FraMain[10], "LblSub_Step"};
+  ProgressBar BarSub_Step{FraMain[10], "BarSub_Step"};
+
+  // The title line of a page, in the order of FraMain.
+  const Label& Heading(std::size_t page) const;
+};
+
+}  // namespace discwright::forms

@@ -1,0 +1,93 @@
+// Files and folders of the host. Paths are the core's paths: components separated by "\" or "/", names in any letter
+// case; each host finds the real name. Text is UTF-8, or the host's raw bytes where a name is not valid UTF-8.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/status.h"
+
+namespace discwright::host {
+
+enum class EntryKind { kFile, kFolder, kSpecial };  // kSpecial: device, socket or pipe; never opened
+
+struct Entry {
+  std::string name;  // without a folder
+  EntryKind kind = EntryKind::kFile;
+  std::int64_t size = 0;  // bytes; 0 for folders
+  bool is_link = false;   // a symbolic link; kind and size are those of its target
+  bool loops = false;     // a link to a folder that is one of its own parents: never descend
+  bool broken = false;    // a link whose target is missing; listed as a file of size 0
+};
+
+struct Listing {
+  Status status;  // not ok: the folder could not be listed, entries are empty
+  std::vector<Entry> entries;
+};
+
+// The entries of `folder` that match the DOS wildcard `pattern` ("*.*" matches every name), hidden and system files
+// and folders included, without "." and "..", sorted by name byte by byte so that every run does the same.
+Listing ListFolder(std::string_view folder, std::string_view pattern);
+
+// What stands at `path` (links followed); nothing when there is nothing or a broken link.
+std::optional<Entry> Look(std::string_view path);
+
+// True when the file can be opened for reading. Folders, devices, sockets and pipes are not opened and give false.
+bool CanRead(std::string_view path);
+
+// Creates every missing folder of the path; a path that exists already is a success.
+Status MakeFolders(std::string_view path);
+
+// Clears what would keep a file or folder from being deleted (read-only marks). Never follows a link.
+Status ClearAttributes(std::string_view path);
+
+Status RemoveFile(std::string_view path);  // a link is removed itself, never its target
+Status RemoveEmptyFolder(std::string_view path);
+
+// Moves a file, also across volumes. An existing target is an error (kExists) and stays as it is.
+Status RenameFile(std::string_view from, std::string_view to);
+
+Status ReadWholeFile(std::string_view path, std::string& content);
+
+// Replaces the file's content as a whole: written beside it and renamed over it, so a reader (or a crash) sees the
+// old content or the new, never a part.
+Status WriteWholeFile(std::string_view path, std::string_view content);
+
+enum class CopyEvent { kStreamSwitch, kChunkFinished };
+// Called at the start of a file and after each piece; `transferred` counts this file's bytes. False stops the copy.
+using CopyRoutine = std::function<bool(CopyEvent event, std::int64_t transferred)>;
+
+// The platform's own file copy: overwrites, keeps the modification time, makes the copy writable for its owner.
+// A failed or stopped copy leaves no partial file.
+Status CopyFileWithProgress(std::string_view from, std::string_view to, const CopyRoutine& routine);
+
+enum class OpenMode {
+  kRead,
+  kReadWrite,    // created when missing, never truncated
+  kCreateEmpty,  // created or truncated
+};
+
+// A file opened for binary access at positions; closed by its destructor.
+class BinaryFile {
+ public:
+  virtual ~BinaryFile() = default;
+  virtual std::int64_t Length() = 0;  // bytes; -1 on failure
+  // Fills `bytes` from `position` (0-based). A short file is a failure.
+  virtual Status ReadAt(std::int64_t position, std::span<std::byte> bytes) = 0;
+  virtual Status WriteAt(std::int64_t position, std::span<const std::byte> bytes) = 0;
+};
+
+// Opens a regular file; null with the reason in `status` otherwise. Devices, sockets and pipes are never opened.
+std::unique_ptr<BinaryFile> OpenBinary(std::string_view path, OpenMode mode, Status& status);
+
+// The lower-case hexadecimal SHA-256 of a file's content; empty with the reason in `status` on failure.
+std::string Sha256OfFile(std::string_view path, Status& status);
+
+}  // namespace discwright::host

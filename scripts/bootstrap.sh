@@ -1,0 +1,30 @@
+#!/bin/sh
+# Installs the Debian 12 packages that building and testing need; does nothing when they are all there.
+#   scripts/bootstrap.sh build    what the program itself needs (default)
+#   scripts/bootstrap.sh test     also the readers that the tests compare against
+#   scripts/bootstrap.sh lint     also the checkers
+set -eu
+
+packages="g++ cmake ninja-build libssl-dev genisoimage"
+case "${1:-build}" in
+  build) ;;
+  test) packages="$packages libgtest-dev libgmock-dev mtools dosfstools xorriso libarchive-tools" ;;
+  lint) packages="$packages libgtest-dev libgmock-dev clang-format clang-tidy shellcheck python3" ;;
+  *) echo "bootstrap.sh: unknown set '$1' (build, test or lint)" >&2; exit 2 ;;
+esac
+
+missing=""
+for package in $packages; do
+  dpkg-query -W -f='${db:Status-Abbrev}' "$package" 2>/dev/null | grep -q '^ii' || missing="$missing $package"
+done
+[ -n "$missing" ] || exit 0
+
+as_root=""
+if [ "$(id -u)" -ne 0 ]; then
+  command -v sudo >/dev/null || { echo "bootstrap.sh: not root and no sudo; install by hand:$missing" >&2; exit 1; }
+  as_root=sudo
+fi
+echo "Installing:$missing"
+$as_root apt-get update -q
+# shellcheck disable=SC2086  # one word per package is meant
+$as_root env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends $missing

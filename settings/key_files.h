@@ -1,0 +1,13 @@
+// The key files that hold installation details: "keyfile2.txt", the working store, and "keyfile.txt", the build copy.
+#pragma once
+
+namespace discwright::settings {
+
+inline constexpr const char* kWorkingKeyFile = "\\keyfile2.txt";  // below the program folder
+inline constexpr const char* kBuildKeyFile = "\\keyfile.txt";
+
+// Copies the chosen sections from the working store to the build copy; nothing without a working store.
+// OptimizedFor is not copied: that is meant.
+void FillKeyFile(bool AddInfo_toWin9xSetup, bool AddInfo_toWin2KSetup);
+
+}  // namespace discwright::settings

@@ -1,0 +1,21 @@
+// The session settings file: every choice of the wizard, kept from one run to the next.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "util/context.h"
+
+namespace discwright::settings {
+
+// The session file's place: "vexacd.ini" in the program folder.
+std::string SessionFile();
+
+// Loads a session file into the controls; keys it lacks untick or empty theirs. Loads both dialogs hidden and
+// refreshes "keyfile2.txt". Values that were cut at 99 characters are noted.
+void ReadVexaCDINI(util::Context& context, const std::string& file_name);
+
+// Rewrites the session file from the controls as a whole; a failure is noted and leaves the old file as it was.
+void WriteVexaCDINI(util::Context& context);
+
+}  // namespace discwright::settings

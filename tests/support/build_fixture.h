@@ -1,0 +1,32 @@
+// A complete core on a fake host: what tests of build steps and pages start from.
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/support/fake_host.h"
+#include "tests/support/fake_programs.h"
+#include "tests/support/fake_user.h"
+#include "util/context.h"
+
+namespace discwright::testing {
+
+class BuildFixture : public ::testing::Test {
+ protected:
+  FakeHost host;
+  FakeUser user;
+  FakePrograms programs;
+  forms::Windows windows;
+  util::Notes notes;
+  int cancelled = 0;
+  util::Context context{windows, user, programs, notes, [this] { Cancel(); }, [](int, bool) {}, nullptr, nullptr, {}};
+  forms::FrmDiscwright& main = windows.main;
+
+  void Cancel() {
+    ++cancelled;
+    main.CancelCopy = true;
+    main.Finished = true;
+  }
+};
+
+}  // namespace discwright::testing

@@ -1,0 +1,40 @@
+// Programs for tests: each command line that is started is recorded and plays a script that the test has set.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/processes.h"
+
+namespace discwright::testing {
+
+// What a started program does: on each Deliver one piece of output, then `at_end` (its effect on the disk), then the
+// end. Without pieces it ends at the first Deliver.
+struct FakeRun {
+  std::vector<std::string> pieces;
+  std::function<void()> at_end;
+  host::ProcessEnd end;
+};
+
+class FakePrograms : public host::ProgramRunner {
+ public:
+  std::unique_ptr<host::Process> StartProcess(std::string_view command_line, int window_style,
+                                              int creation_flags) override;
+  std::unique_ptr<host::Launcher> CreateLauncher(std::function<void()> wake) override;
+  void EndAll() override { ++end_all_calls; }
+
+  std::vector<std::string> started;     // command lines, in order
+  std::vector<std::string> configured;  // "buffer interval" of each launcher
+  int end_all_calls = 0;
+  int launchers_alive = 0;  // created and not yet released
+
+  std::function<FakeRun(const std::string& command_line)> run;  // unset: ends at once, doing nothing
+  host::Status start_status;           // what every Start gives
+  bool can_create = true;              // false: CreateLauncher and StartProcess give null
+  bool process_wait_result = true;
+  std::vector<std::string> waits;      // "milliseconds idle" of each Process::Wait
+};
+
+}  // namespace discwright::testing

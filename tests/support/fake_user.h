@@ -1,0 +1,47 @@
+// A user for tests: records what is shown, answers what is asked, and acts while the program waits.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "host/user_interface.h"
+
+namespace discwright::testing {
+
+class FakeUser : public host::UserInterface {
+ public:
+  void ShowMessage(const host::MessageBox& box) override { messages.push_back(box); }
+  void DoEvents(int wait_milliseconds) override {
+    ++do_events_calls;
+    waited.push_back(wait_milliseconds);
+    if (on_do_events) on_do_events();
+  }
+  void Wake() override {}
+  std::string ChooseFolder(std::string_view start_folder, std::string_view title) override {
+    asked.push_back(std::string(title) + " <" + std::string(start_folder) + ">");
+    return folder_answer;
+  }
+  std::string ChooseFile(const host::FileRequest& request) override {
+    asked.push_back(request.title + " <" + request.file_name + ">");
+    return file_answer;
+  }
+  bool HelpIsOpen() override { return help_is_open; }
+  void ShowHelpTopic(std::string_view help_path, int topic_id) override {
+    help_shown.push_back(std::string(help_path) + " " + std::to_string(topic_id));
+  }
+  void OpenLink(std::string_view address) override { links.emplace_back(address); }
+
+  std::vector<host::MessageBox> messages;
+  std::vector<std::string> asked;
+  std::vector<std::string> help_shown;
+  std::vector<std::string> links;
+  std::vector<int> waited;
+  std::string folder_answer;
+  std::string file_answer;
+  bool help_is_open = false;
+  int do_events_calls = 0;
+  std::function<void()> on_do_events;  // what the user does while the program yields
+};
+
+}  // namespace discwright::testing

@@ -1,0 +1,26 @@
+// The classic INI profile format as text: sections in square brackets, keys, equals signs, values.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace discwright::util {
+
+struct IniKey {
+  std::string key;
+  std::string value;  // trimmed, without one pair of double quotes around it
+};
+
+// The value of the first such key in the first such section, names in any letter case; nothing when there is none.
+std::optional<std::string> FindIniValue(std::string_view text, std::string_view section, std::string_view key);
+
+// All keys of the first such section, in order; comments (lines that begin with ";") left out.
+std::vector<IniKey> IniSection(std::string_view text, std::string_view section);
+
+// The text with the key's value replaced in place, or key or section appended (CR LF). All else stays as it is.
+std::string WithIniValue(std::string_view text, std::string_view section, std::string_view key,
+                         std::string_view value);
+
+}  // namespace discwright::util

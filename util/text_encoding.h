@@ -1,0 +1,15 @@
+// The bytes of settings files: Windows-1252 wherever it can hold the text, UTF-8 with a byte order mark otherwise.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace discwright::util {
+
+// Chosen so that DecodeText(EncodeText(text)) == text for every text, also one that is not valid UTF-8.
+std::string EncodeText(std::string_view text);
+
+// A byte order mark, or bytes that are valid UTF-8 beyond ASCII, mean UTF-8; anything else is Windows-1252.
+std::string DecodeText(std::string_view bytes);
+
+}  // namespace discwright::util
