@@ -6,15 +6,10 @@
 
 namespace discwright::forms {
 
-namespace {
-
 bool SameName(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](unsigned char x, unsigned char y) {
-    return std::tolower(x) == std::tolower(y);
-  });
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
 }
-
-}  // namespace
 
 Control::Control(Control& container, std::string name)
     : name_(std::move(name)), container_(&container), form_(container.form_) {

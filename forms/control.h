@@ -14,6 +14,9 @@ namespace discwright::forms {
 class Control;
 class Form;
 
+// Whether two control or window names are one: letter case does not matter in them.
+bool SameName(std::string_view a, std::string_view b);
+
 // What a subscriber hears: a property got a new value, or the control asks to be drawn at once.
 enum class Change { kProperty, kRepaint };
 using Subscriber = std::function<void(Control& control, Change change)>;

@@ -18,8 +18,8 @@ FrmDiscwright::FrmDiscwright() : Form("FrmDiscwright", "Vexa Discwright") {
 
 const Label& FrmDiscwright::Heading(std::size_t page) const {
   const std::array<const Label*, kPageCount> headings = {
-      &LblHeadWelcome, &LblHeadContents, &LblHeadWin2K1, &LblHeadWin2K2, &LblHeadWin9x, &LblHeadAdvtools,
-      &LblHeadUtils,   &LblHeadISO,      &LblHeadSummery, &LblFinish,    &LblWait};
+      &LblHeadWelcome, &LblHeadContents, &LblHeadWin2K1,  &LblHeadWin2K2, &LblHeadWin9x, &LblHeadAdvtools,
+      &LblHeadUtils,   &LblHeadISO,      &LblHeadSummery, &LblFinish,     &LblWait};
   return *headings.at(page);
 }
 

@@ -78,8 +78,7 @@ struct FrmDiscwright : Form {
                         "Arabic/Hebrew\")"};
   Frame FraWin2KInfo{FraMain[3], "FraWin2KInfo", " Customize Installation Info : "};
   CommandButton CmdSetWin2KInfo{FraWin2KInfo, "CmdSetWin2KInfo", "Set Windows Installation Info..."};
-  CheckBox ChkWin2KInfo_Assis{FraWin2KInfo, "ChkWin2KInfo_Assis",
-                              "Store this info in the Vexa Win2K Setup Assistant"};
+  CheckBox ChkWin2KInfo_Assis{FraWin2KInfo, "ChkWin2KInfo_Assis", "Store this info in the Vexa Win2K Setup Assistant"};
   CheckBox ChkWin2KInfo_Unattend{FraWin2KInfo, "ChkWin2KInfo_Unattend",
                                  "Store this info in the Windows 2000/XP Installation"};
 
@@ -91,8 +90,7 @@ struct FrmDiscwright : Form {
   Frame FraWin9xInfo{FraMain[4], "FraWin9xInfo", " Customize Installation Info : "};
   CommandButton CmdSetWin9xInfo{FraWin9xInfo, "CmdSetWin9xInfo", "Set Windows Installation Info..."};
   CheckBox ChkWin9xInfo_Assis{FraWin9xInfo, "ChkWin9xInfo_Assis", "Store this info in the Vexa Setup Assistant"};
-  CheckBox ChkWin9xInfo_MSBatch{FraWin9xInfo, "ChkWin9xInfo_MSBatch",
-                                "Store this info in the Windows Installation"};
+  CheckBox ChkWin9xInfo_MSBatch{FraWin9xInfo, "ChkWin9xInfo_MSBatch", "Store this info in the Windows Installation"};
 
   // 5: advanced tools
   Label LblHeadAdvtools{FraMain[5], "LblHeadAdvtools", "  Advanced Tools"};

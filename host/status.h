@@ -11,10 +11,10 @@ enum class ErrorClass {
   kNotFound,      // the name, or a folder on the way to it, is not there
   kAccessDenied,  // read only, locked, or in use
   kDiskFull,
-  kNotReady,      // the drive or device gave an input/output error
-  kExists,        // the name, or one that differs only in letter case, is taken
-  kLoop,          // a link leads back to one of its own parents
-  kWrongKind,     // a folder where a file is needed, or a device, pipe or socket
+  kNotReady,   // the drive or device gave an input/output error
+  kExists,     // the name, or one that differs only in letter case, is taken
+  kLoop,       // a link leads back to one of its own parents
+  kWrongKind,  // a folder where a file is needed, or a device, pipe or socket
   kOther,
 };
 

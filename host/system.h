@@ -24,8 +24,8 @@ std::string ShortPath(std::string_view path);
 
 struct Date {
   int year = 0;
-  int month = 0;                 // 1 to 12
-  int day = 0;                   // 1 to 31
+  int month = 0;        // 1 to 12
+  int day = 0;          // 1 to 31
   std::string weekday;  // abbreviated, in the system's language
 };
 Date Today();

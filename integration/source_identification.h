@@ -10,7 +10,7 @@ namespace discwright::integration {
 
 // Examines the root of a setup CD (no trailing separator) and shows the verdict in LblWin2KOSVer. The three numbers
 // are set only when an edition is recognised.
-void IdentifyWinVer(forms::FrmDiscwright& main, std::string_view Source, std::int16_t& BuildNum,
-                    std::int16_t& MajorVer, std::int16_t& MinorVer);
+void IdentifyWinVer(forms::FrmDiscwright& main, std::string_view Source, std::int16_t& BuildNum, std::int16_t& MajorVer,
+                    std::int16_t& MinorVer);
 
 }  // namespace discwright::integration

@@ -20,7 +20,6 @@ std::optional<std::string> FindIniValue(std::string_view text, std::string_view 
 std::vector<IniKey> IniSection(std::string_view text, std::string_view section);
 
 // The text with the key's value replaced in place, or key or section appended (CR LF). All else stays as it is.
-std::string WithIniValue(std::string_view text, std::string_view section, std::string_view key,
-                         std::string_view value);
+std::string WithIniValue(std::string_view text, std::string_view section, std::string_view key, std::string_view value);
 
 }  // namespace discwright::util

@@ -24,11 +24,11 @@ class FakeHost {
   void AddFile(std::string_view path, std::string_view content, bool read_only = false);
   void AddFileOfSize(std::string_view path, std::int64_t size);  // reported size only; the content is empty
   void AddFolder(std::string_view path);
-  void AddSpecial(std::string_view path);                               // a device, socket or pipe
+  void AddSpecial(std::string_view path);                                            // a device, socket or pipe
   void AddLink(std::string_view path, std::string_view target, bool loops = false);  // to a file or folder
 
   bool Exists(std::string_view path) const;
-  std::string Content(std::string_view path) const;  // "<missing>" when there is no such file
+  std::string Content(std::string_view path) const;   // "<missing>" when there is no such file
   std::string RealName(std::string_view path) const;  // the last component in its own letter case
   std::vector<std::string> Files() const;             // every file's full path, sorted
 
@@ -37,7 +37,8 @@ class FakeHost {
   void FailOn(std::string_view function, std::string_view path_part, host::ErrorClass error,
               std::string_view cause = "injected", int times = 1000000);
 
-  std::vector<std::string> calls;  // "Function path" or "Function from -> to", for functions that change something or open
+  std::vector<std::string>
+      calls;  // "Function path" or "Function from -> to", for functions that change something or open
 
   std::string program_folder = "C:\\Discwright";
   std::string current_folder = "C:\\Current";

@@ -31,10 +31,10 @@ class FakePrograms : public host::ProgramRunner {
   int launchers_alive = 0;  // created and not yet released
 
   std::function<FakeRun(const std::string& command_line)> run;  // unset: ends at once, doing nothing
-  host::Status start_status;           // what every Start gives
-  bool can_create = true;              // false: CreateLauncher and StartProcess give null
+  host::Status start_status;                                    // what every Start gives
+  bool can_create = true;                                       // false: CreateLauncher and StartProcess give null
   bool process_wait_result = true;
-  std::vector<std::string> waits;      // "milliseconds idle" of each Process::Wait
+  std::vector<std::string> waits;  // "milliseconds idle" of each Process::Wait
 };
 
 }  // namespace discwright::testing

@@ -1,0 +1,472 @@
+// The in-memory host behind the core's tests.
+#include "tests/support/fake_host.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cstring>
+#include <stdexcept>
+
+#include "host/script.h"
+
+namespace discwright::testing {
+
+namespace {
+
+FakeHost* current_host = nullptr;
+
+constexpr int kMaximalLinks = 32;
+
+bool IsSeparator(char character) { return character == '\\' || character == '/'; }
+
+std::string ParentKey(const std::string& key) {
+  const std::size_t separator = key.rfind('\\');
+  return separator == std::string::npos ? "" : key.substr(0, separator);
+}
+
+std::string LastComponent(std::string_view path) {
+  while (!path.empty() && IsSeparator(path.back())) path.remove_suffix(1);
+  const std::size_t separator = path.find_last_of("\\/");
+  return std::string(separator == std::string_view::npos ? path : path.substr(separator + 1));
+}
+
+bool MatchesPattern(std::string_view name, std::string_view pattern) {
+  if (pattern.empty()) return name.empty();
+  if (pattern.front() == '*') {
+    return MatchesPattern(name, pattern.substr(1)) || (!name.empty() && MatchesPattern(name.substr(1), pattern));
+  }
+  return !name.empty() && (pattern.front() == '?' || pattern.front() == name.front()) &&
+         MatchesPattern(name.substr(1), pattern.substr(1));
+}
+
+bool Matches(std::string_view name, std::string_view pattern) {
+  const std::string folded_name = host::FoldCase(name);
+  std::string folded_pattern = host::FoldCase(pattern);
+  if (MatchesPattern(folded_name, folded_pattern)) return true;
+  // "WIN51*.*" also matches a name without a dot.
+  return folded_pattern.ends_with(".*") && folded_name.find('.') == std::string::npos &&
+         MatchesPattern(folded_name, folded_pattern.substr(0, folded_pattern.size() - 2));
+}
+
+host::Status Missing() { return host::Status::Failure(host::ErrorClass::kNotFound, "No such file or directory"); }
+
+}  // namespace
+
+FakeHost::FakeHost() {
+  if (current_host != nullptr) throw std::logic_error("one FakeHost at a time");
+  current_host = this;
+  AddFolder(program_folder);
+  AddFolder(current_folder);
+}
+
+FakeHost::~FakeHost() { current_host = nullptr; }
+
+FakeHost& FakeHost::Current() {
+  if (current_host == nullptr) throw std::logic_error("this test has no FakeHost");
+  return *current_host;
+}
+
+// Canonical spelling: separators single and "\", no trailing one, "." and ".." resolved, links on the way followed by
+// Resolve, lower case; a path without a drive is below the current folder.
+std::string FakeHost::Key(std::string_view path) {
+  std::string text(path);
+  const bool absolute = (text.size() >= 2 && text[1] == ':') || (!text.empty() && IsSeparator(text[0]));
+  if (!absolute) text = Current().current_folder + "\\" + text;
+  std::string key;
+  std::string component;
+  const auto take = [&] {
+    if (component == "..") {
+      key = ParentKey(key);
+    } else if (!component.empty() && component != ".") {
+      key += (key.empty() ? "" : "\\") + component;
+    }
+    component.clear();
+  };
+  for (const char character : text) {
+    if (IsSeparator(character)) {
+      take();
+    } else {
+      component += character;
+    }
+  }
+  take();
+  return host::FoldCase(key);
+}
+
+namespace {
+
+// The key of what stands at a path once links on the way (and at its end, with `follow`) are followed.
+std::string Resolve(FakeHost& fake, const std::string& key, bool follow, int depth = 0) {
+  if (depth > kMaximalLinks) return key;
+  std::string resolved;
+  std::size_t start = 0;
+  while (start <= key.size()) {
+    const std::size_t end = std::min(key.find('\\', start), key.size());
+    resolved += (resolved.empty() ? "" : "\\") + key.substr(start, end - start);
+    const auto node = fake.nodes.find(resolved);
+    const bool last = end == key.size();
+    if (node != fake.nodes.end() && !node->second.link_target.empty() && (!last || follow)) {
+      resolved = Resolve(fake, FakeHost::Key(node->second.link_target), true, depth + 1);
+    }
+    start = end + 1;
+  }
+  return resolved;
+}
+
+FakeHost::Node* FindFollowing(std::string_view path) {
+  FakeHost& fake = FakeHost::Current();
+  const auto node = fake.nodes.find(Resolve(fake, FakeHost::Key(path), true));
+  return node == fake.nodes.end() ? nullptr : &node->second;
+}
+
+host::Entry EntryOf(const FakeHost::Node& node) {
+  host::Entry entry;
+  entry.name = node.name;
+  const FakeHost::Node* real = &node;
+  if (!node.link_target.empty()) {
+    entry.is_link = true;
+    entry.loops = node.loops;
+    real = FindFollowing(node.link_target);
+    entry.broken = real == nullptr;
+    if (entry.broken) return entry;
+  }
+  entry.kind = real->kind;
+  if (real->kind == host::EntryKind::kFile) {
+    entry.size = real->size_override >= 0 ? real->size_override : static_cast<std::int64_t>(real->content.size());
+  }
+  return entry;
+}
+
+}  // namespace
+
+FakeHost::Node* FakeHost::Find(std::string_view path) {
+  const auto node = nodes.find(Resolve(*this, Key(path), false));
+  return node == nodes.end() ? nullptr : &node->second;
+}
+
+void FakeHost::AddFolder(std::string_view path) {
+  const std::string key = Resolve(*this, Key(path), true);
+  if (nodes.contains(key)) return;
+  if (const std::string parent = ParentKey(key); !parent.empty()) {
+    std::string_view spelled = path;
+    while (!spelled.empty() && IsSeparator(spelled.back())) spelled.remove_suffix(1);
+    const std::size_t separator = spelled.find_last_of("\\/");
+    AddFolder(separator == std::string_view::npos ? std::string_view(current_folder) : spelled.substr(0, separator));
+  }
+  Node node;
+  node.name = LastComponent(path);
+  node.kind = host::EntryKind::kFolder;
+  nodes[key] = node;
+}
+
+void FakeHost::AddFile(std::string_view path, std::string_view content, bool read_only) {
+  if (const std::size_t separator = path.find_last_of("\\/"); separator != std::string_view::npos) {
+    AddFolder(path.substr(0, separator));
+  }
+  const std::string key = Resolve(*this, Key(path), true);
+  Node& node = nodes[key];
+  if (node.name.empty()) node.name = LastComponent(path);
+  node.kind = host::EntryKind::kFile;
+  node.content = content;
+  node.read_only = read_only;
+}
+
+void FakeHost::AddFileOfSize(std::string_view path, std::int64_t size) {
+  AddFile(path, "");
+  Find(path)->size_override = size;
+}
+
+void FakeHost::AddSpecial(std::string_view path) {
+  AddFile(path, "");
+  Find(path)->kind = host::EntryKind::kSpecial;
+}
+
+void FakeHost::AddLink(std::string_view path, std::string_view target, bool loops) {
+  AddFile(path, "");
+  Find(path)->loops = loops;
+  Find(path)->link_target = target;
+}
+
+bool FakeHost::Exists(std::string_view path) const { return const_cast<FakeHost*>(this)->Find(path) != nullptr; }
+
+std::string FakeHost::Content(std::string_view path) const {
+  const Node* node = FindFollowing(path);
+  return node == nullptr || node->kind != host::EntryKind::kFile ? "<missing>" : node->content;
+}
+
+std::string FakeHost::RealName(std::string_view path) const {
+  const Node* node = const_cast<FakeHost*>(this)->Find(path);
+  return node == nullptr ? "<missing>" : node->name;
+}
+
+std::vector<std::string> FakeHost::Files() const {
+  std::vector<std::string> files;
+  for (const auto& [key, node] : nodes) {
+    if (node.kind != host::EntryKind::kFile) continue;
+    std::string path = node.name;
+    for (std::string parent = ParentKey(key); !parent.empty(); parent = ParentKey(parent)) {
+      path = nodes.at(parent).name + "\\" + path;
+    }
+    files.push_back(path);
+  }
+  std::sort(files.begin(), files.end());
+  return files;
+}
+
+void FakeHost::FailOn(std::string_view function, std::string_view path_part, host::ErrorClass error,
+                      std::string_view cause, int times) {
+  injected_.push_back(
+      {std::string(function), host::FoldCase(path_part), host::Status::Failure(error, std::string(cause)), times});
+}
+
+host::Status FakeHost::Enter(std::string_view function, std::string_view path, std::string_view record) {
+  if (!record.empty()) calls.push_back(std::string(function) + " " + std::string(record));
+  for (Injected& injected : injected_) {
+    if (injected.function != function || injected.times == 0) continue;
+    if (host::FoldCase(path).find(injected.path_part) == std::string::npos) continue;
+    --injected.times;
+    return injected.status;
+  }
+  return host::Status::Success();
+}
+
+}  // namespace discwright::testing
+
+namespace discwright::host {
+
+using testing::FakeHost;
+
+namespace {
+
+FakeHost& Fake() { return FakeHost::Current(); }
+
+FakeHost::Node* Following(std::string_view path) { return testing::FindFollowing(path); }
+
+// Where a new file of that path goes: null status and the key, or why not.
+Status Place(std::string_view path, std::string& key) {
+  key = testing::Resolve(Fake(), FakeHost::Key(path), true);
+  const auto parent = Fake().nodes.find(testing::ParentKey(key));
+  if (parent == Fake().nodes.end() || parent->second.kind != EntryKind::kFolder) return testing::Missing();
+  const auto node = Fake().nodes.find(key);
+  if (node == Fake().nodes.end()) return Status::Success();
+  if (node->second.kind != EntryKind::kFile) return Status::Failure(ErrorClass::kWrongKind, "Is a directory");
+  if (node->second.read_only) return Status::Failure(ErrorClass::kAccessDenied, "Permission denied");
+  return Status::Success();
+}
+
+Status Store(std::string_view path, std::string_view content, std::int64_t size_override = -1) {
+  std::string key;
+  if (const Status status = Place(path, key); !status.ok()) return status;
+  FakeHost::Node& node = Fake().nodes[key];
+  if (node.name.empty()) node.name = testing::LastComponent(path);
+  node.content = content;
+  node.size_override = size_override;
+  return Status::Success();
+}
+
+bool HasChildren(const std::string& key) {
+  const auto child = Fake().nodes.lower_bound(key + "\\");
+  return child != Fake().nodes.end() && child->first.starts_with(key + "\\");
+}
+
+class FakeFile : public BinaryFile {
+ public:
+  FakeFile(std::string path, FakeHost::Node& node) : path_(std::move(path)), node_(node) {}
+
+  std::int64_t Length() override { return static_cast<std::int64_t>(node_.content.size()); }
+
+  Status ReadAt(std::int64_t position, std::span<std::byte> bytes) override {
+    if (Status status = Fake().Enter("ReadAt", path_); !status.ok()) return status;
+    const auto start = static_cast<std::size_t>(position);
+    if (start + bytes.size() > node_.content.size())
+      return Status::Failure(ErrorClass::kOther, "unexpected end of file");
+    if (!bytes.empty()) std::memcpy(bytes.data(), node_.content.data() + start, bytes.size());
+    return Status::Success();
+  }
+
+  Status WriteAt(std::int64_t position, std::span<const std::byte> bytes) override {
+    if (Status status = Fake().Enter("WriteAt", path_); !status.ok()) return status;
+    const auto start = static_cast<std::size_t>(position);
+    if (node_.content.size() < start + bytes.size()) node_.content.resize(start + bytes.size());
+    if (!bytes.empty()) std::memcpy(node_.content.data() + start, bytes.data(), bytes.size());
+    return Status::Success();
+  }
+
+ private:
+  std::string path_;
+  FakeHost::Node& node_;
+};
+
+}  // namespace
+
+Listing ListFolder(std::string_view folder, std::string_view pattern) {
+  Listing listing;
+  listing.status = Fake().Enter("ListFolder", folder);
+  if (!listing.status.ok()) return listing;
+  const FakeHost::Node* node = Following(folder);
+  if (node == nullptr || node->kind != EntryKind::kFolder) {
+    listing.status = testing::Missing();
+    return listing;
+  }
+  const std::string prefix = testing::Resolve(Fake(), FakeHost::Key(folder), true) + "\\";
+  for (auto child = Fake().nodes.lower_bound(prefix); child != Fake().nodes.end() && child->first.starts_with(prefix);
+       ++child) {
+    if (child->first.find('\\', prefix.size()) != std::string::npos) continue;
+    if (testing::Matches(child->second.name, pattern)) listing.entries.push_back(testing::EntryOf(child->second));
+  }
+  std::sort(listing.entries.begin(), listing.entries.end(),
+            [](const Entry& a, const Entry& b) { return a.name < b.name; });
+  return listing;
+}
+
+std::optional<Entry> Look(std::string_view path) {
+  const FakeHost::Node* node = Following(path);
+  if (node == nullptr) return std::nullopt;
+  Entry entry = testing::EntryOf(*node);
+  const FakeHost::Node* named = Fake().Find(path);
+  entry.is_link = named != nullptr && !named->link_target.empty();
+  return entry;
+}
+
+bool CanRead(std::string_view path) {
+  const FakeHost::Node* node = Following(path);
+  return node != nullptr && node->kind == EntryKind::kFile && Fake().Enter("CanRead", path).ok();
+}
+
+Status MakeFolders(std::string_view path) {
+  if (Status status = Fake().Enter("MakeFolders", path, path); !status.ok()) return status;
+  if (const FakeHost::Node* node = Following(path); node != nullptr) {
+    return node->kind == EntryKind::kFolder ? Status::Success() : Status::Failure(ErrorClass::kExists, "File exists");
+  }
+  Fake().AddFolder(path);
+  return Status::Success();
+}
+
+Status ClearAttributes(std::string_view path) {
+  if (Status status = Fake().Enter("ClearAttributes", path); !status.ok()) return status;
+  FakeHost::Node* node = Fake().Find(path);
+  if (node == nullptr) return testing::Missing();
+  node->read_only = false;
+  return Status::Success();
+}
+
+Status RemoveFile(std::string_view path) {
+  if (Status status = Fake().Enter("RemoveFile", path, path); !status.ok()) return status;
+  const FakeHost::Node* node = Fake().Find(path);
+  if (node == nullptr) return testing::Missing();
+  if (node->read_only) return Status::Failure(ErrorClass::kAccessDenied, "Permission denied");
+  if (node->kind == EntryKind::kFolder) return Status::Failure(ErrorClass::kWrongKind, "Is a directory");
+  Fake().nodes.erase(testing::Resolve(Fake(), FakeHost::Key(path), false));
+  return Status::Success();
+}
+
+Status RemoveEmptyFolder(std::string_view path) {
+  if (Status status = Fake().Enter("RemoveEmptyFolder", path, path); !status.ok()) return status;
+  const FakeHost::Node* node = Fake().Find(path);
+  if (node == nullptr) return testing::Missing();
+  if (node->kind != EntryKind::kFolder) return Status::Failure(ErrorClass::kWrongKind, "Not a directory");
+  const std::string key = testing::Resolve(Fake(), FakeHost::Key(path), false);
+  if (HasChildren(key)) return Status::Failure(ErrorClass::kOther, "Directory not empty");
+  Fake().nodes.erase(key);
+  return Status::Success();
+}
+
+Status RenameFile(std::string_view from, std::string_view to) {
+  const std::string record = std::string(from) + " -> " + std::string(to);
+  if (Status status = Fake().Enter("RenameFile", record, record); !status.ok()) return status;
+  FakeHost::Node* node = Following(from);
+  if (node == nullptr) return testing::Missing();
+  if (Fake().Find(to) != nullptr) return Status::Failure(ErrorClass::kExists, "File exists");
+  if (Status status = Store(to, node->content, node->size_override); !status.ok()) return status;
+  Fake().nodes.erase(testing::Resolve(Fake(), FakeHost::Key(from), true));
+  return Status::Success();
+}
+
+Status ReadWholeFile(std::string_view path, std::string& content) {
+  if (Status status = Fake().Enter("ReadWholeFile", path); !status.ok()) return status;
+  const FakeHost::Node* node = Following(path);
+  if (node == nullptr) return testing::Missing();
+  if (node->kind != EntryKind::kFile) return Status::Failure(ErrorClass::kWrongKind, "Is a directory");
+  content = node->content;
+  return Status::Success();
+}
+
+Status WriteWholeFile(std::string_view path, std::string_view content) {
+  if (Status status = Fake().Enter("WriteWholeFile", path, path); !status.ok()) return status;
+  return Store(path, content);
+}
+
+Status CopyFileWithProgress(std::string_view from, std::string_view to, const CopyRoutine& routine) {
+  const std::string record = std::string(from) + " -> " + std::string(to);
+  if (Status status = Fake().Enter("CopyFileWithProgress", record, record); !status.ok()) return status;
+  const FakeHost::Node* source = Following(from);
+  if (source == nullptr) return testing::Missing();
+  if (source->kind != EntryKind::kFile) return Status::Failure(ErrorClass::kWrongKind, "not a regular file");
+  const auto stopped = [] { return Status::Failure(ErrorClass::kOther, "stopped"); };
+  const Entry entry = testing::EntryOf(*source);
+  if (routine && !routine(CopyEvent::kStreamSwitch, 0)) return stopped();
+  for (int piece = 1; routine && piece <= Fake().pieces_per_file; ++piece) {
+    if (!routine(CopyEvent::kChunkFinished, entry.size * piece / Fake().pieces_per_file)) return stopped();
+  }
+  return Store(to, source->content, source->size_override);
+}
+
+std::unique_ptr<BinaryFile> OpenBinary(std::string_view path, OpenMode mode, Status& status) {
+  status = Fake().Enter("OpenBinary", path, path);
+  if (!status.ok()) return nullptr;
+  FakeHost::Node* node = Following(path);
+  if (mode == OpenMode::kRead && node == nullptr) status = testing::Missing();
+  if (node != nullptr && node->kind != EntryKind::kFile) {
+    status = Status::Failure(ErrorClass::kWrongKind, "not a regular file");
+  }
+  if (mode != OpenMode::kRead && status.ok() && (node == nullptr || mode == OpenMode::kCreateEmpty)) {
+    status = Store(path, "");
+  } else if (mode == OpenMode::kReadWrite && status.ok() && node->read_only) {
+    status = Status::Failure(ErrorClass::kAccessDenied, "Permission denied");
+  }
+  if (!status.ok()) return nullptr;
+  return std::make_unique<FakeFile>(std::string(path), *Following(path));
+}
+
+std::string Sha256OfFile(std::string_view path, Status& status) {
+  status = Following(path) == nullptr ? testing::Missing() : Status::Success();
+  return status.ok() ? "digest-of-" + std::string(path) : "";
+}
+
+std::string ProgramFolder() { return Fake().program_folder; }
+std::string CurrentFolder() { return Fake().current_folder; }
+int PlatformId() { return Fake().platform_id; }
+std::vector<std::string> OpticalDrives() { return Fake().optical_drives; }
+Date Today() { return Fake().today; }
+std::string PathFromNative(std::string_view native) { return std::string(native); }
+std::string PathToNative(std::string_view path) { return std::string(path); }
+
+std::string ShortPath(std::string_view path) {
+  const auto found = Fake().short_paths.find(std::string(path));
+  return found == Fake().short_paths.end() ? "" : found->second;
+}
+
+std::string FoldCase(std::string_view text) {
+  std::string folded(text);
+  std::transform(folded.begin(), folded.end(), folded.begin(),
+                 [](unsigned char character) { return static_cast<char>(std::tolower(character)); });
+  return folded;
+}
+
+// The script of a Windows host: a batch file with short paths in lower case.
+std::array<std::string, 3> ScriptPrologue(std::string_view folder) {
+  return {"@echo off", std::string(folder.substr(0, 2)), "cd " + ScriptPath(folder)};
+}
+
+std::string ScriptProgram(std::string_view name) { return std::string(name); }
+
+std::string ScriptPath(std::string_view path) {
+  const std::string short_path = ShortPath(path);
+  return FoldCase(short_path.empty() ? path : std::string_view(short_path));
+}
+
+std::string_view ScriptLineEnd() { return "\r\n"; }
+std::string ScriptBytes(std::string_view text) { return std::string(text); }
+
+}  // namespace discwright::host
