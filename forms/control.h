@@ -94,6 +94,7 @@ class Form : public Control {
   void SubscribeToAll(Subscriber subscriber) { all_subscribers_.push_back(std::move(subscriber)); }
 
   TextProperty caption;
+  bool loaded = false;  // what the window does when it is loaded has been done; it is done once per run
 
  private:
   friend class Control;

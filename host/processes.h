@@ -15,6 +15,9 @@ struct ProcessEnd {
   int exit_code = 0;
   std::string killed_by;  // the signal's name when a signal ended it
   bool Succeeded() const { return exit_code == 0 && killed_by.empty(); }
+  std::string Text() const {
+    return killed_by.empty() ? "ended with exit code " + std::to_string(exit_code) : "was killed by " + killed_by;
+  }
 };
 
 // One program run without a window, its standard output and standard error captured together. Events come only from

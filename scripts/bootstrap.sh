@@ -5,11 +5,11 @@
 #   scripts/bootstrap.sh lint     also the checkers
 set -eu
 
-packages="g++ cmake ninja-build libssl-dev genisoimage"
+packages="g++ make cmake ninja-build nasm libssl-dev genisoimage"
 case "${1:-build}" in
   build) ;;
-  test) packages="$packages libgtest-dev libgmock-dev mtools dosfstools xorriso libarchive-tools" ;;
-  lint) packages="$packages libgtest-dev libgmock-dev clang-format clang-tidy shellcheck python3" ;;
+  test) packages="$packages libgtest-dev libgmock-dev mtools dosfstools xorriso libarchive-tools python3 universal-ctags" ;;
+  lint) packages="$packages libgtest-dev libgmock-dev clang-format clang-tidy shellcheck python3 universal-ctags" ;;
   *) echo "bootstrap.sh: unknown set '$1' (build, test or lint)" >&2; exit 2 ;;
 esac
 

@@ -1,0 +1,62 @@
+// discwright-build: the wizard's headless twin.
+#include <clocale>
+#include <cstdlib>
+#include <iostream>
+#include <vector>
+
+#include "desktop/console/console_user.h"
+#include "desktop/console/headless_build.h"
+#include "host/console.h"
+#include "host/system.h"
+#include "wizard/navigation.h"
+
+namespace {
+
+using namespace discwright;
+
+int Build(const desktop::Options& options) {
+  forms::Windows windows;
+  desktop::Terminal terminal(windows.main, host::StandardErrorIsTerminal(), options.quiet);
+  util::Notes notes;
+  const auto programs = host::SystemProgramRunner();
+  const auto interrupted = [&](int count) {
+    // The window greys its Cancel button while the mastering runs; Ctrl-C always cancels, so here the mastering is
+    // ended too: nothing of the build goes on after this program.
+    if (count > 1) {
+      programs->EndAll();
+      std::_Exit(desktop::kExitCancelled);
+    }
+    terminal.PrintLine("Cancelling; the step in hand ends first. Press Ctrl-C again to stop at once.");
+    windows.main.CmdCancel.click();
+    if (windows.main.MKISOFSRunning) programs->EndAll();
+  };
+  desktop::ConsoleUser user(terminal, interrupted);
+  util::Context context{windows, user, *programs, notes, {}, {}, nullptr, nullptr, {}};
+  notes.added = [&](const util::Note& note) {
+    terminal.PrintLine("warning: " + host::PathToNative(note.place) + ": " + note.cause);
+  };
+  wizard::Bind(context);
+  host::CatchInterrupts();
+  return desktop::RunBuild(context, terminal, options);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::setlocale(LC_TIME, "");  // the summary's day names follow the system's language
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  const discwright::desktop::Options options = discwright::desktop::ParseOptions(arguments);
+  if (!options.error.empty()) {
+    std::cerr << "discwright-build: " << options.error << "\nTry 'discwright-build --help'.\n";
+    return discwright::desktop::kExitUsage;
+  }
+  if (options.help) {
+    std::cout << discwright::desktop::UsageText();
+    return discwright::desktop::kExitMade;
+  }
+  if (options.version) {
+    std::cout << "discwright-build " DISCWRIGHT_VERSION "\n";
+    return discwright::desktop::kExitMade;
+  }
+  return Build(options);
+}

@@ -1,0 +1,43 @@
+; The CD's boot loader as far as it is built: says that this disc has no boot menu yet and starts the machine again.
+;
+; Memory map: 0000:7C00-0000:83FF this program (one CD sector); stack from 0000:7C00 downwards.
+; The BIOS loads 4 sectors of 512 bytes and enters at 0000:7C00 or 07C0:0000, DL = drive; no other register is promised.
+
+bits 16
+org 0x7C00
+
+start:
+    jmp 0x0000:.here            ; some BIOSes enter at 07C0:0000: no memory operand before this
+.here:
+    cli                         ; the BIOS's own stack may lie anywhere
+    xor ax, ax
+    mov ss, ax
+    mov sp, 0x7C00
+    mov ds, ax
+    cld
+    sti
+    mov si, message
+    call print
+    xor ah, ah
+    int 0x16                    ; wait for a key
+    mov word [0x0472], 0x1234   ; warm start
+    jmp 0xFFFF:0x0000
+
+; IN: DS:SI = text ended by NUL. OUT: shown through the BIOS. CLOBBERS: AX, BX, SI.
+print:
+    lodsb
+    test al, al
+    jz .end
+    mov ah, 0x0E
+    mov bx, 7
+    int 0x10
+    jmp print
+.end:
+    ret
+
+message:
+    db 13, 10, 'Vexa Rescue CD', 13, 10
+    db 'This disc has no boot menu yet: its loader is not finished.', 13, 10
+    db 'Remove the disc and press a key to start again.', 13, 10, 0
+
+    times 2048 - ($ - $$) db 0

@@ -1,0 +1,17 @@
+// Message boxes as lines, and waiting.
+#include "desktop/console/console_user.h"
+
+#include "host/console.h"
+
+namespace discwright::desktop {
+
+void ConsoleUser::ShowMessage(const host::MessageBox& box) { terminal_.PrintLine(box.title + ": " + box.text); }
+
+void ConsoleUser::DoEvents(int wait_milliseconds) {
+  if (wait_milliseconds > 0) host::WaitForWakeUp(wait_milliseconds);
+  while (interrupts_seen_ < host::InterruptCount()) interrupted_(++interrupts_seen_);
+}
+
+void ConsoleUser::Wake() { host::SetWakeUp(); }
+
+}  // namespace discwright::desktop

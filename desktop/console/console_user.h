@@ -1,0 +1,33 @@
+// The user of the headless program: reads messages on standard error, answers nothing, presses Ctrl-C.
+#pragma once
+
+#include <functional>
+
+#include "desktop/console/terminal.h"
+#include "host/user_interface.h"
+
+namespace discwright::desktop {
+
+class ConsoleUser : public host::UserInterface {
+ public:
+  // `terminal` must outlive this object. `interrupted` is called on the program's thread once for each Ctrl-C,
+  // with the count so far.
+  ConsoleUser(Terminal& terminal, std::function<void(int count)> interrupted)
+      : terminal_(terminal), interrupted_(std::move(interrupted)) {}
+
+  void ShowMessage(const host::MessageBox& box) override;
+  void DoEvents(int wait_milliseconds) override;
+  void Wake() override;
+  std::string ChooseFolder(std::string_view, std::string_view) override { return ""; }
+  std::string ChooseFile(const host::FileRequest& request) override { return request.file_name; }
+  bool HelpIsOpen() override { return false; }
+  void ShowHelpTopic(std::string_view, int) override {}
+  void OpenLink(std::string_view) override {}
+
+ private:
+  Terminal& terminal_;
+  std::function<void(int)> interrupted_;
+  int interrupts_seen_ = 0;
+};
+
+}  // namespace discwright::desktop

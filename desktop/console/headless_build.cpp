@@ -1,0 +1,155 @@
+// Pressing the wizard's buttons, and saying what came of it.
+#include "desktop/console/headless_build.h"
+
+#include <iostream>
+#include <string>
+
+#include "host/console.h"
+#include "host/files.h"
+#include "host/system.h"
+#include "settings/session.h"
+#include "util/paths.h"
+#include "wizard/navigation.h"
+
+namespace discwright::desktop {
+
+namespace {
+
+constexpr int kSummaryPage = 8;
+constexpr std::size_t kLogLinesShown = 20;
+
+int UsageError(Terminal& terminal, const std::string& error) {
+  terminal.PrintLine("discwright-build: " + error);
+  terminal.PrintLine("Try 'discwright-build --help'.");
+  return kExitUsage;
+}
+
+bool IsPasswordBox(std::string_view control) {
+  control = control.substr(control.find('.') + 1);  // npos + 1 is the start
+  return forms::SameName(control, "TxtPass1") || forms::SameName(control, "TxtPass2");
+}
+
+// The first line of the file or of standard input; false when it cannot be read.
+bool ReadPassword(const std::string& file, std::string& password, std::string& cause) {
+  std::string content;
+  if (file == "-") {
+    std::getline(std::cin, content);
+  } else if (const host::Status status = host::ReadWholeFile(host::PathFromNative(file), content); !status.ok()) {
+    cause = status.cause;
+    return false;
+  }
+  password = content.substr(0, content.find_first_of("\r\n"));
+  return true;
+}
+
+// Applies the command line to the controls. Returns what is wrong with it, or the empty string.
+std::string ApplyOptions(forms::Windows& windows, const Options& options) {
+  for (const auto& [control, value] : options.assignments) {
+    if (IsPasswordBox(control)) return "a password cannot be set on the command line; use --password-file";
+    const std::string error = forms::Assign(windows, control, value);
+    if (!error.empty()) return "--set " + control + ": " + error;
+  }
+  forms::FrmDiscwright& main = windows.main;
+  if (!options.output.empty()) main.TxtISOLoc.text = host::PathFromNative(options.output);
+  if (!options.password_file.empty()) {
+    std::string password;
+    std::string cause;
+    if (!ReadPassword(options.password_file, password, cause)) return options.password_file + ": " + cause;
+    main.ChkPassProtect.value = 1;
+    main.TxtPass1.text = password;
+    main.TxtPass2.text = password;
+  }
+  return "";
+}
+
+// Next until the summary; false when a page keeps the wizard.
+bool WalkThePages(util::Context& context) {
+  forms::FrmDiscwright& main = context.main();
+  while (main.Step < kSummaryPage) {
+    const std::int16_t page = main.Step;
+    main.CmdNext.click();
+    if (main.Step == page) return false;
+  }
+  return true;
+}
+
+void PrintLogTail(Terminal& terminal) {
+  const std::string path = host::ProgramFolder() + "\\mkisofs.log";
+  std::string log;
+  if (!host::ReadWholeFile(path, log).ok()) return;
+  std::vector<std::string> lines;
+  for (std::size_t start = 0; start < log.size();) {
+    const std::size_t end = std::min(log.find_first_of("\r\n", start), log.size());
+    if (end > start) lines.push_back(log.substr(start, end - start));
+    start = end + 1;
+  }
+  terminal.PrintLine("The end of " + host::PathToNative(path) + ":");
+  for (std::size_t i = lines.size() - std::min(lines.size(), kLogLinesShown); i < lines.size(); ++i) {
+    terminal.PrintLine("  " + lines[i]);
+  }
+}
+
+// The mastering ran and no image came of it.
+int MasteringFailed(const util::Context& context, Terminal& terminal) {
+  const forms::FrmDiscwright& main = context.main();
+  PrintLogTail(terminal);
+  if (main.LblAbort.visible) {
+    terminal.PrintLine(util::Trim(main.LblFinish.caption.get()) + ": " + main.LblAbort.caption.get());
+  } else {
+    terminal.PrintLine("The mastering failed; the file at " + host::PathToNative(main.TxtISOLoc.text.get()) +
+                       " is the one that stood there before.");
+  }
+  return kExitFailed;
+}
+
+int Made(const util::Context& context, Terminal& terminal, const Options& options) {
+  const std::string image = util::StripQuotes(context.main().TxtISOLoc.text.get());
+  host::Status status;
+  const std::string digest = host::Sha256OfFile(image, status);
+  const std::optional<host::Entry> entry = host::Look(image);
+  if (!status.ok() || !entry) {
+    terminal.PrintLine(host::PathToNative(image) + ": the image cannot be read back: " + status.cause);
+    return kExitFailed;
+  }
+  if (!options.quiet) {
+    std::cout << "Image:   " << host::PathToNative(image) << "\n"
+              << "Size:    " << entry->size << " bytes\n"
+              << "SHA-256: " << digest << std::endl;
+  }
+  const std::size_t warnings = context.notes.all().size();
+  if (warnings == 0) return kExitMade;
+  terminal.PrintLine("The image was made, with " + std::to_string(warnings) + " warning" + (warnings == 1 ? "" : "s") +
+                     " (see above).");
+  return kExitMadeWithWarnings;
+}
+
+}  // namespace
+
+int RunBuild(util::Context& context, Terminal& terminal, const Options& options) {
+  forms::FrmDiscwright& main = context.main();
+  const std::string session = options.session.empty() ? settings::SessionFile() : host::PathFromNative(options.session);
+  if (!options.session.empty() && !host::CanRead(session)) {
+    return UsageError(terminal, options.session + ": there is no such session file, or it cannot be read");
+  }
+  wizard::Form_Load(context, session);
+  if (const std::string error = ApplyOptions(context.windows, options); !error.empty()) {
+    return UsageError(terminal, error);
+  }
+  if (!WalkThePages(context)) {
+    const auto page = static_cast<std::size_t>(main.Step);
+    terminal.PrintLine("The page \"" + util::Trim(main.Heading(page).caption.get()) + "\" did not accept its choices.");
+    return kExitPageCheck;
+  }
+  main.CmdFinish.click();
+  context.user.DoEvents(0);  // a Ctrl-C that came last
+  terminal.ClearLiveLine();
+  if (host::InterruptCount() > 0) {
+    terminal.PrintLine("Cancelled.");
+    return kExitCancelled;
+  }
+  if (main.CancelCopy) return kExitFailed;
+  if (main.LblAbort.visible || !context.mastering_end.Succeeded()) return MasteringFailed(context, terminal);
+  return Made(context, terminal, options);
+}
+
+}  // namespace discwright::desktop

@@ -1,0 +1,96 @@
+// Parsing the headless program's command line.
+#include "desktop/console/options.h"
+
+#include <array>
+#include <string_view>
+
+namespace discwright::desktop {
+
+namespace {
+
+struct OptionRow {
+  const char* name;
+  const char* short_name;  // empty: none
+  const char* value;       // what stands for the value in the help; null: takes none
+  const char* help;
+  void (*apply)(Options& options, const std::string& value);
+};
+
+void AddAssignment(Options& options, const std::string& value) {
+  const std::size_t equals = value.find('=');
+  if (equals == 0 || equals == std::string::npos) {
+    options.error = "--set needs CONTROL=VALUE, not '" + value + "'";
+    return;
+  }
+  options.assignments.emplace_back(value.substr(0, equals), value.substr(equals + 1));
+}
+
+constexpr std::array<OptionRow, 7> kOptions = {{
+    {"--session", "", "FILE", "choices saved by the wizard (default: vexacd.ini beside the program)",
+     [](Options& options, const std::string& value) { options.session = value; }},
+    {"--output", "-o", "FILE.iso", "the image to make",
+     [](Options& options, const std::string& value) { options.output = value; }},
+    {"--set", "", "CONTROL=VALUE", "one choice, by the name of its control; may be repeated", AddAssignment},
+    {"--password-file", "", "FILE", "protect the boot menu by the first line of FILE (-: of standard input)",
+     [](Options& options, const std::string& value) { options.password_file = value; }},
+    {"--quiet", "", nullptr, "print only messages and warnings",
+     [](Options& options, const std::string&) { options.quiet = true; }},
+    {"--help", "", nullptr, "print this and end", [](Options& options, const std::string&) { options.help = true; }},
+    {"--version", "", nullptr, "print the version and end",
+     [](Options& options, const std::string&) { options.version = true; }},
+}};
+
+const OptionRow* FindOption(std::string_view name) {
+  for (const OptionRow& row : kOptions) {
+    if (name == row.name || (*row.short_name != '\0' && name == row.short_name)) return &row;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+Options ParseOptions(std::span<const std::string> arguments) {
+  Options options;
+  for (std::size_t i = 0; i < arguments.size() && options.error.empty(); ++i) {
+    const std::string& argument = arguments[i];
+    // "--session=FILE" is the same as "--session FILE".
+    const std::size_t equals = argument.starts_with("--") ? argument.find('=') : std::string::npos;
+    const std::string name = argument.substr(0, equals);
+    const OptionRow* row = FindOption(name);
+    if (row == nullptr) {
+      options.error = "unknown option '" + name + "'";
+    } else if (row->value == nullptr) {
+      if (equals != std::string::npos) options.error = name + " takes no value";
+      row->apply(options, "");
+    } else if (equals != std::string::npos) {
+      row->apply(options, argument.substr(equals + 1));
+    } else if (i + 1 == arguments.size()) {
+      options.error = name + " needs " + row->value;
+    } else {
+      row->apply(options, arguments[++i]);
+    }
+  }
+  return options;
+}
+
+std::string UsageText() {
+  constexpr std::size_t kColumn = 26;
+  std::string text =
+      "usage: discwright-build [options]\n\n"
+      "Makes a rescue CD image from a session file, without a window.\n\n";
+  for (const OptionRow& row : kOptions) {
+    std::string line = "  " + std::string(row.short_name) + (*row.short_name != '\0' ? ", " : "") + row.name;
+    if (row.value != nullptr) line += " " + std::string(row.value);
+    line.resize(std::max(line.size() + 2, kColumn), ' ');
+    text += line + row.help + "\n";
+  }
+  text +=
+      "\nCheck boxes take 0 or 1, options True or False, text boxes any text:\n"
+      "  discwright-build -o rescue.iso --set ChkVexaUtils=1 --set \"TxtUtils_Loc=/media/tools\"\n\n"
+      "exit codes: 0 the image was made; 1 the build failed; 2 wrong usage; 3 a page did not accept its choices;\n"
+      "  4 the image was made, but something named in a warning is missing from it or was left behind;\n"
+      "  130 cancelled with Ctrl-C\n";
+  return text;
+}
+
+}  // namespace discwright::desktop

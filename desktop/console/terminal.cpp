@@ -1,0 +1,111 @@
+// Progress lines of the headless program.
+#include "desktop/console/terminal.h"
+
+#include <array>
+#include <cstdio>
+
+#include "host/console.h"
+
+namespace discwright::desktop {
+
+namespace {
+
+constexpr auto kRedrawInterval = std::chrono::milliseconds(50);  // a terminal is slower than a copy of small files
+constexpr std::size_t kStepCount = 5;
+
+struct Line {
+  const forms::Label* message;
+  const forms::Label* mark;
+};
+
+std::array<Line, kStepCount> Lines(const forms::FrmDiscwright& main) {
+  return {{{&main.LblMsg1, &main.LblRight1},
+           {&main.LblMsg2, &main.LblRight2},
+           {&main.LblMsg3, &main.LblRight3},
+           {&main.LblMsg4, &main.LblRight4},
+           {&main.LblMsg5, &main.LblRight5}}};
+}
+
+void Print(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); }
+
+// Cut to `columns` characters, never inside one.
+std::string CutToWidth(std::string_view text, std::size_t columns) {
+  std::size_t characters = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool starts_character = (static_cast<unsigned char>(text[i]) & 0xC0U) != 0x80U;
+    if (starts_character && ++characters > columns) return std::string(text.substr(0, i));
+  }
+  return std::string(text);
+}
+
+// File names may hold anything; on a terminal control characters would act.
+std::string Printable(std::string_view text) {
+  std::string printable(text);
+  for (char& character : printable) {
+    if (static_cast<unsigned char>(character) < 0x20 || character == 0x7F) character = '?';
+  }
+  return printable;
+}
+
+}  // namespace
+
+Terminal::Terminal(forms::FrmDiscwright& main, bool live, bool quiet) : main_(main), live_(live), quiet_(quiet) {
+  main_.SubscribeToAll([this](forms::Control& control, forms::Change) { OnChange(control); });
+}
+
+void Terminal::PrintLine(std::string_view text) {
+  ClearLiveLine();
+  std::size_t start = 0;
+  while (start <= text.size()) {
+    const std::size_t end = std::min(text.find('\n', start), text.size());
+    std::string_view line = text.substr(start, end - start);
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    Print(Printable(line) + "\n");
+    start = end + 1;
+  }
+}
+
+void Terminal::ClearLiveLine() {
+  if (!live_line_shown_) return;
+  Print("\r\x1b[K");
+  live_line_shown_ = false;
+}
+
+void Terminal::OnChange(const forms::Control& control) {
+  if (quiet_) return;
+  const auto lines = Lines(main_);
+  for (std::size_t step = 0; step < lines.size(); ++step) {
+    const std::string title =
+        std::to_string(step + 1) + "/" + std::to_string(kStepCount) + " " + lines[step].message->caption.get();
+    if (&control == lines[step].message && lines[step].message->bold && !live_) PrintLine(title);
+    if (&control == lines[step].mark && lines[step].mark->caption.get() == forms::kCross) {
+      PrintLine(title + ": not chosen");
+    }
+    if (&control == lines[step].mark && live_ && lines[step].mark->caption.get() == forms::kTick) PrintLine(title);
+  }
+  if (live_) DrawLiveLine();
+}
+
+void Terminal::DrawLiveLine() {
+  const auto now = std::chrono::steady_clock::now();
+  if (live_line_shown_ && now - drawn_at_ < kRedrawInterval) return;
+  const auto width = static_cast<std::size_t>(host::TerminalWidth());
+  Print("\r" + CutToWidth(Printable(LiveText()), width - 1) + "\x1b[K");
+  drawn_at_ = now;
+  live_line_shown_ = true;
+}
+
+std::string Terminal::LiveText() const {
+  std::string text = main_.LblSub_Step.caption;
+  const forms::ProgressBar& bar = main_.BarSub_Step;
+  const std::int64_t range = bar.max - bar.min;
+  if (bar.visible && range > 0) text = std::to_string((bar.value - bar.min) * 100 / range) + "%  " + text;
+  for (const Line& line : Lines(main_)) {
+    if (line.message->bold && line.message->caption.get() != main_.LblSub_Step.caption.get()) {
+      text = line.message->caption.get() + ": " + text;
+    }
+  }
+  return text;
+}
+
+}  // namespace discwright::desktop

@@ -1,0 +1,146 @@
+// The fixed order of the build's steps and the tests for a cancelled build between them.
+#include "pipeline/build_driver.h"
+
+#include <string>
+
+#include "integration/not_built_yet.h"
+#include "integration/vexa_files.h"
+#include "pipeline/boot_disks.h"
+#include "pipeline/boot_password.h"
+#include "pipeline/mastering.h"
+#include "pipeline/workspace.h"
+#include "util/processes.h"
+
+namespace discwright::pipeline {
+
+namespace {
+
+// One of the five lines of the progress page.
+struct StepLine {
+  forms::FrmDiscwright& main;
+  forms::Label& message;
+  forms::Label& mark;
+
+  void Begin() const {
+    message.bold = true;
+    message.Refresh();
+    main.LblSub_Step.caption = message.caption.get();
+  }
+  void Complete() const {
+    main.LblSub_Step.caption = message.caption.get() + " completed";
+    message.bold = false;
+    mark.caption = forms::kTick;
+  }
+  void Skip() const { mark.caption = forms::kCross; }
+};
+
+void RunBootDisks(util::Context& context) {
+  const forms::FrmDiscwright& main = context.main();
+  constexpr bool kAddInfoToWin2KSetup = true;  // whatever the Windows 2000/XP choices are; that is meant
+  AddDisks(context, main.ChkGet_Vexanetplus.checked(), main.ChkSelectDrivers.checked(), main.ChkGet_Win9x.checked(),
+           main.ChkWin9xInfo_Assis.checked(), kAddInfoToWin2KSetup);
+}
+
+void RunWin2K(util::Context& context) {
+  const forms::FrmDiscwright& main = context.main();
+  const std::string SP_exe = main.ChkSlipstream.checked() ? main.TxtSP_exe.text.get() : "";
+  integration::AddWin2K(context, main.Txt_i386_Loc.text.get(), "I386", main.ChkDelTree_Lang.checked(), SP_exe, "",
+                        main.ChkWin2KInfo_Assis.checked(), main.ChkWin2KInfo_Unattend.checked());
+}
+
+void RunWin9x(util::Context& context) {
+  const forms::FrmDiscwright& main = context.main();
+  integration::AddWin9x(context, main.TxtWin9x_Loc.text.get(), main.ChkWin9xInfo_MSBatch.checked());
+}
+
+void RunToolsAndFiles(util::Context& context) {
+  const forms::FrmDiscwright& main = context.main();
+  if (main.ChkGet_Advtools.checked()) {
+    integration::AddAdvTools(context, main.ChkERDC.checked(), main.ChkBCon.checked(), main.TxtERDC.text.get(),
+                             main.TxtBCon.text.get());
+  }
+  if (!main.CancelCopy) {
+    integration::AddVexa_Files(context, main.ChkVexaUtils.checked(), main.ChkAddFiles.checked(),
+                               main.TxtUtils_Loc.text.get(), main.TxtAddFiles_Loc.text.get());
+  }
+  if (!main.CancelCopy && main.ChkPassProtect.checked()) {
+    ProtectBootMenu(context, main.TxtPass1.text.get(), main.TxtPass2.text.get());
+  }
+}
+
+void RunMastering(util::Context& context) {
+  forms::FrmDiscwright& main = context.main();
+  StartMKISOFS(context, main.TxtISOLoc.text.get(), main.ChkOptimizeISO.checked());
+  util::WaitWhile(context, main.MKISOFSRunning, context.LaunchApp, kMasteringPollInterval);
+  context.LaunchApp.reset();
+}
+
+// False when the build was cancelled meanwhile: the driver then stops, leaving labels and buttons as they are.
+bool RunStep(util::Context& context, const StepLine& line, void (*step)(util::Context&)) {
+  line.Begin();
+  step(context);
+  if (context.main().CancelCopy) return false;
+  line.Complete();
+  return true;
+}
+
+void CleanUp(util::Context& context) {
+  forms::Label& label = context.main().LblSub_Step;
+  label.caption = "Cleaning session temperary data";
+  label.bold = true;
+  label.Refresh();
+  CleanSession(context);
+}
+
+}  // namespace
+
+void FinishApp(util::Context& context) {
+  forms::FrmDiscwright& main = context.main();
+  const StepLine boot_disks{main, main.LblMsg1, main.LblRight1};
+  const StepLine win2k{main, main.LblMsg2, main.LblRight2};
+  const StepLine win9x{main, main.LblMsg3, main.LblRight3};
+  const StepLine tools_and_files{main, main.LblMsg4, main.LblRight4};
+  const StepLine mastering{main, main.LblMsg5, main.LblRight5};
+
+  main.LblSub_Step.caption = "Cleaning previous sessions workspace";
+  main.LblSub_Step.Refresh();
+  Prepare_CDDir(context);
+  if (main.CancelCopy) return;
+  main.CmdFinish.enabled = false;
+  if (!RunStep(context, boot_disks, RunBootDisks)) return;
+  if (!main.ChkGet_Win2k.checked()) {
+    win2k.Skip();
+  } else if (!RunStep(context, win2k, RunWin2K)) {
+    return;
+  }
+  if (!main.ChkGet_Win9x.checked()) {
+    win9x.Skip();
+  } else if (!RunStep(context, win9x, RunWin9x)) {
+    return;
+  }
+  if (!RunStep(context, tools_and_files, RunToolsAndFiles)) return;
+  if (!RunStep(context, mastering, RunMastering)) return;
+  if (main.ChkCleanSession.checked()) CleanUp(context);
+  main.CmdFinish.enabled = true;
+}
+
+void CancelApp(util::Context& context) {
+  forms::FrmDiscwright& main = context.main();
+  main.Finished = true;
+  main.CancelCopy = true;
+  main.LblFinish.caption = "   Operation canceled";
+  main.CmdNext.visible = false;
+  main.CmdFinish.visible = true;
+  main.CmdBack.enabled = false;
+  main.CmdCancel.enabled = false;
+  main.CmdFinish.enabled = true;
+  for (forms::Frame& page : main.FraMain) page.visible = false;
+  main.FraMain[forms::kFinishPage].visible = true;
+  context.ShowHelp(static_cast<int>(forms::kProgressPage), false);
+}
+
+void Bind(util::Context& context) {
+  context.CancelApp = [&context] { CancelApp(context); };
+}
+
+}  // namespace discwright::pipeline

@@ -1,0 +1,72 @@
+// Following the mastering by its console output.
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <string>
+
+#include "pipeline/mastering.h"
+#include "util/paths.h"
+
+namespace discwright::pipeline {
+
+namespace {
+
+constexpr std::size_t kNowhere = std::string_view::npos;
+constexpr int kRed = 255;
+constexpr std::size_t kPercentCharacters = 5;  // "45.67" before the percent sign
+
+bool Contains(std::string_view text, std::string_view part) { return text.find(part) != kNowhere; }
+
+void ShowScanning(forms::FrmDiscwright& main, std::string_view piece) {
+  constexpr std::string_view kScanning = "Scanning";
+  const std::size_t found = piece.find(kScanning);
+  if (found == kNowhere || Contains(piece, "Scanning tree...")) return;
+  const std::size_t start = found + kScanning.size();
+  const std::size_t next = piece.find(kScanning, start);
+  main.LblSub_Step.caption = "Scanning : " + std::string(piece.substr(start, next == kNowhere ? next : next - start));
+}
+
+// The number right before the first percent sign. A sign among the first five characters, one that closes a
+// parenthesis, or text that is no number carries no percentage.
+void ShowPercent(forms::FrmDiscwright& main, std::string_view piece) {
+  const std::size_t sign = piece.find('%');
+  if (sign == kNowhere || sign < kPercentCharacters || piece.find("%)") == sign) return;
+  const std::string number = util::Trim(piece.substr(sign - kPercentCharacters, kPercentCharacters));
+  double percent = 0;
+  const auto parsed = std::from_chars(number.data(), number.data() + number.size(), percent);
+  if (parsed.ec != std::errc() || !std::isfinite(percent)) return;
+  // Halves go to the even neighbour, as the default rounding mode does.
+  const auto whole = static_cast<std::int64_t>(std::nearbyint(percent));
+  main.BarSub_Step.value = std::clamp(whole, main.BarSub_Step.min.get(), main.BarSub_Step.max.get());
+  main.LblSub_Step.caption = "Creating ISO File : " + number + "% Done";
+}
+
+// "34418 extents written (67 Mb)"; some tools write "MB".
+void ShowTotalSize(forms::FrmDiscwright& main, std::string_view piece) {
+  constexpr std::size_t kSizeAfter = 17;
+  const std::size_t written = piece.find("extents written");
+  if (written == kNowhere || written + kSizeAfter > piece.size()) return;
+  const std::size_t unit = std::min(piece.find("Mb", written), piece.find("MB", written));
+  if (unit == kNowhere || unit < written + kSizeAfter) return;
+  main.LblSub_Step.caption =
+      "Total ISO size : " + std::string(piece.substr(written + kSizeAfter, unit - written - kSizeAfter)) + "MB";
+}
+
+}  // namespace
+
+void ShowMasteringOutput(forms::FrmDiscwright& main, std::string_view TextPipe) {
+  for (const char* phase : {"Calculating MD5 digests", "Finding duplicate files"}) {
+    if (Contains(TextPipe, phase)) main.LblSub_Step.caption = phase;
+  }
+  ShowScanning(main, TextPipe);
+  if (Contains(TextPipe, "Eltorito")) main.LblSub_Step.caption = "Writing Booting Info";
+  ShowPercent(main, TextPipe);
+  ShowTotalSize(main, TextPipe);
+  if (Contains(TextPipe, "No space left on device")) {
+    main.LblSub_Step.fore_color = kRed;
+    main.LblAbort.caption = "Not enough free space to complete the ISO file !!!";
+    main.LblAbort.visible = true;
+  }
+}
+
+}  // namespace discwright::pipeline

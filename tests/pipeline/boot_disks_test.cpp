@@ -1,0 +1,136 @@
+// The boot disk step: command lines, places, progress, failures.
+#include "pipeline/boot_disks.h"
+
+#include "tests/pipeline/pipeline_fixture.h"
+
+namespace discwright::pipeline {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+class BootDisks : public discwright::testing::PipelineFixture {
+ protected:
+  BootDisks() {
+    main.LblSub_Step.Subscribe(
+        [this](forms::Control&, forms::Change) { captions.push_back(main.LblSub_Step.caption); });
+    main.BarSub_Step.Subscribe([this](forms::Control&, forms::Change) { bar.push_back(main.BarSub_Step.value); });
+  }
+  std::vector<std::string> captions;
+  std::vector<std::int64_t> bar;
+};
+
+TEST_F(BootDisks, DefaultChoices_MakeThreeDisksWithDriverSelection) {
+  AddDisks(context, false, false, false, false, false);
+  EXPECT_THAT(programs.started, ElementsAre("C:\\Discwright\\CreateDsk.exe -t 144 vexasoftware",
+                                            "C:\\Discwright\\CreateDsk.exe -t 144 vexasoftware_emm",
+                                            "C:\\Discwright\\CreateDsk.exe -t 288 netaccess -sel"));
+  EXPECT_EQ(WorkspaceFile("boot\\images\\vexastart.img"), "image of vexasoftware");
+  EXPECT_EQ(WorkspaceFile("boot\\images\\vexaemm.img"), "image of vexasoftware_emm");
+  EXPECT_EQ(WorkspaceFile("boot\\images\\vexanet.img"), "image of netaccess");
+  EXPECT_FALSE(host.Exists("C:\\Discwright\\vexastart.img"));
+  EXPECT_TRUE(user.messages.empty());
+  EXPECT_TRUE(notes.all().empty());
+}
+
+TEST_F(BootDisks, AllChoices_MakeLauncherAndLinkwellDiskInTheSharedPlace) {
+  AddDisks(context, true, true, true, false, false);
+  EXPECT_THAT(programs.started, ElementsAre("C:\\Discwright\\CreateDsk.exe -t 144 vexasoftware",
+                                            "C:\\Discwright\\CreateDsk.exe -t 144 vexasoftware_emm",
+                                            "C:\\Discwright\\CreateDsk.exe -t 144 winsetup",
+                                            "C:\\Discwright\\CreateDsk.exe -t 288 linkwellplus288"));
+  EXPECT_EQ(WorkspaceFile("boot\\images\\vexawin.img"), "image of winsetup");
+  EXPECT_EQ(WorkspaceFile("boot\\images\\vexanet.img"), "image of linkwellplus288");
+}
+
+TEST_F(BootDisks, WithoutLauncher_ItsTextIsShownAndTheBarGoesToSixty) {
+  AddDisks(context, false, true, false, false, false);
+  EXPECT_THAT(
+      captions,
+      ElementsAre("Creating Vexa Rescue Software Disk", "Creating Vexa Rescue Software Disk (EMM386 Support)",
+                  "Creating the Vexa Windows Setup Launcher Disk", "Creating the Vexa Network Access Software Disk"));
+  EXPECT_THAT(bar, ::testing::IsSupersetOf({20, 40, 60, 100}));
+  EXPECT_FALSE(main.BarSub_Step.visible);
+  EXPECT_EQ(main.BarSub_Step.value.get(), 0);
+}
+
+TEST_F(BootDisks, EachRun_UsesTheSlowPollIntervalAndIsReleased) {
+  AddDisks(context, false, true, false, false, false);
+  EXPECT_THAT(programs.configured, ElementsAre("8192 1000", "8192 1000", "8192 1000"));
+  EXPECT_FALSE(main.ASyncAppRunning);
+}
+
+TEST_F(BootDisks, StaleImageOnTheCdTree_IsReplaced) {
+  host.AddFile("C:\\Discwright\\vexacd\\boot\\images\\vexastart.img", "old", true);
+  AddDisks(context, false, true, false, false, false);
+  EXPECT_EQ(WorkspaceFile("boot\\images\\vexastart.img"), "image of vexasoftware");
+}
+
+TEST_F(BootDisks, StaleNetworkImageBesideTheProgram_IsDeletedForTheLinkwellDisk) {
+  host.AddFile("C:\\Discwright\\vexanet.img", "stale");
+  AddDisks(context, true, true, false, false, false);
+  EXPECT_FALSE(host.Exists("C:\\Discwright\\vexanet.img"));
+  EXPECT_EQ(WorkspaceFile("boot\\images\\vexanet.img"), "image of linkwellplus288");
+}
+
+TEST_F(BootDisks, MissingImage_ShowsFatalErrorAndMakesNoFurtherDisk) {
+  failing_profile = "vexasoftware_emm";
+  AddDisks(context, false, true, true, false, false);
+  ASSERT_EQ(user.messages.size(), 1U);
+  EXPECT_EQ(user.messages[0].text,
+            "The creation the Boot image \"Vexa Rescue Software (EMM386 Support)\" failed, operation halted");
+  EXPECT_EQ(user.messages[0].title, "Fatal Error");
+  EXPECT_EQ(user.messages[0].icon, host::MessageIcon::kCritical);
+  EXPECT_TRUE(user.messages[0].system_modal);
+  EXPECT_TRUE(main.CancelCopy);
+  EXPECT_EQ(programs.started.size(), 2U);
+  ASSERT_FALSE(notes.all().empty());
+  EXPECT_THAT(notes.all()[0].cause, HasSubstr("no such profile"));
+}
+
+TEST_F(BootDisks, ImageOfAnEarlierRun_IsUsedWhenTheToolFailsAndTheUserIsTold) {
+  host.AddFile("C:\\Discwright\\vexaemm.img", "earlier");
+  failing_profile = "vexasoftware_emm";
+  AddDisks(context, false, true, false, false, false);
+  EXPECT_EQ(WorkspaceFile("boot\\images\\vexaemm.img"), "earlier");
+  EXPECT_TRUE(user.messages.empty());
+  EXPECT_EQ(notes.all().size(), 1U);
+}
+
+TEST_F(BootDisks, ImageThatCannotBeMoved_IsFatal) {
+  host.FailOn("RenameFile", "vexaemm.img", host::ErrorClass::kDiskFull, "No space left on device");
+  AddDisks(context, false, true, false, false, false);
+  ASSERT_EQ(user.messages.size(), 1U);
+  EXPECT_EQ(user.messages[0].title, "Fatal Error");
+  EXPECT_EQ(notes.all().size(), 1U);
+}
+
+TEST_F(BootDisks, ToolThatCannotBeStarted_TellsTheUserAndCancels) {
+  programs.start_status = host::Status::Failure(host::ErrorClass::kNotFound, "no such program");
+  AddDisks(context, false, true, false, false, false);
+  ASSERT_EQ(user.messages.size(), 2U);
+  EXPECT_EQ(user.messages[0].title, "Critical Error");
+  EXPECT_EQ(user.messages[1].title, "Fatal Error");
+  EXPECT_TRUE(main.CancelCopy);
+}
+
+TEST_F(BootDisks, CancelledMeanwhile_StillMakesAllItsImages) {
+  user.on_do_events = [this] { main.CancelCopy = true; };
+  AddDisks(context, false, true, true, false, false);
+  EXPECT_EQ(programs.started.size(), 4U);
+}
+
+TEST_F(BootDisks, InfoForEitherSetup_FillsTheKeyFile) {
+  host.AddFile("C:\\Discwright\\keyfile2.txt", "[Win9xInfo]\r\nOwnerName=Ann\r\n");
+  AddDisks(context, false, true, false, true, false);
+  EXPECT_THAT(host.Content("C:\\Discwright\\keyfile.txt"), HasSubstr("OwnerName=Ann"));
+}
+
+TEST_F(BootDisks, NoInfo_LeavesTheKeyFileAlone) {
+  host.AddFile("C:\\Discwright\\keyfile2.txt", "[Win9xInfo]\r\nOwnerName=Ann\r\n");
+  AddDisks(context, false, true, false, false, false);
+  EXPECT_FALSE(host.Exists("C:\\Discwright\\keyfile.txt"));
+}
+
+}  // namespace
+}  // namespace discwright::pipeline

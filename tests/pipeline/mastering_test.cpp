@@ -1,0 +1,141 @@
+// The mastering script, its log and its end.
+#include "pipeline/mastering.h"
+
+#include "tests/pipeline/pipeline_fixture.h"
+#include "util/processes.h"
+
+namespace discwright::pipeline {
+namespace {
+
+using ::testing::ElementsAre;
+
+constexpr const char* kCommand =
+    "mkisofs.exe  -volid \"VEXA_RESCUE\" -preparer \"Brennick\" -publisher \"KORVANE LTD\" -appid \"Vexa CD Creator\" "
+    "-iso-level 4 -omit-period -no-emul-boot -boot-load-size 4 -eltorito-boot boot/loader.bin -hide loader.bin "
+    "-hide boot.catalog -follow-links -cache-inodes -output c:\\out\\rescue.iso vexacd";
+
+class Mastering : public discwright::testing::PipelineFixture {
+ protected:
+  void Run(bool optimize = false) {
+    StartMKISOFS(context, main.TxtISOLoc.text.get(), optimize);
+    util::WaitWhile(context, main.MKISOFSRunning, context.LaunchApp, kMasteringPollInterval);
+    context.LaunchApp.reset();
+  }
+};
+
+TEST_F(Mastering, Script_HasFourLines) {
+  EXPECT_THAT(MasteringScript("C:\\Out\\Rescue.iso", false),
+              ElementsAre("@echo off", "C:", "cd c:\\discwright", kCommand));
+}
+
+TEST_F(Mastering, OptimizedScript_HasFiveLines) {
+  EXPECT_THAT(MasteringScript("C:\\Out\\Rescue.iso", true),
+              ElementsAre("@echo off", "C:", "cd c:\\discwright", "dfl.exe vexacd link", kCommand));
+}
+
+TEST_F(Mastering, PathsWithBlanks_StandInTheirShortForm) {
+  host.program_folder = "C:\\Program Files\\Disc";
+  host.short_paths["C:\\Program Files\\Disc"] = "C:\\PROGRA~1\\DISC";
+  const auto lines = MasteringScript("D:\\My Images\\new.iso", false);
+  EXPECT_EQ(lines[2], "cd c:\\progra~1\\disc");
+  EXPECT_THAT(lines[3], ::testing::EndsWith("-output d:\\my images\\new.iso vexacd"));
+}
+
+TEST_F(Mastering, Start_WritesTheScriptAnewAndRunsIt) {
+  host.AddFile("C:\\Discwright\\makecd.bat", "something much longer than the new script " + std::string(4000, 'x'));
+  Run();
+  EXPECT_EQ(host.Content("C:\\Discwright\\makecd.bat"),
+            "@echo off\r\nC:\r\ncd c:\\discwright\r\n" + std::string(kCommand) + "\r\n");
+  EXPECT_THAT(programs.started, ElementsAre("C:\\Discwright\\makecd.bat"));
+  EXPECT_THAT(programs.configured, ElementsAre("8192 500"));
+}
+
+TEST_F(Mastering, Start_DisablesCancelAndPreparesTheBar) {
+  main.BarSub_Step.value = 55;
+  StartMKISOFS(context, main.TxtISOLoc.text.get(), false);
+  EXPECT_FALSE(main.CmdCancel.enabled);
+  EXPECT_TRUE(main.MKISOFSRunning);
+  EXPECT_TRUE(main.BarSub_Step.visible);
+  EXPECT_EQ(main.BarSub_Step.value.get(), 0);
+}
+
+TEST_F(Mastering, Output_IsLoggedPieceByPiece) {
+  mastering_output = {"first\n", " 50.00% done", "12 extents written (0 MB)\n"};
+  Run();
+  EXPECT_EQ(host.Content("C:\\Discwright\\mkisofs.log"),
+            "MkISOFS.EXE Log File\r\nfirst\n\r\n 50.00% done\r\n12 extents written (0 MB)\n\r\n");
+  EXPECT_EQ(main.LblSub_Step.caption.get(), "Total ISO size : 0 MB");
+}
+
+TEST_F(Mastering, End_HidesTheFullBarAndKeepsTheResult) {
+  Run();
+  EXPECT_FALSE(main.BarSub_Step.visible);
+  EXPECT_EQ(main.BarSub_Step.value.get(), 100);
+  EXPECT_FALSE(main.LblAbort.visible);
+  EXPECT_TRUE(context.mastering_end.Succeeded());
+}
+
+TEST_F(Mastering, NoImageAtTheEnd_IsAborted) {
+  mastering_fails = true;
+  Run();
+  EXPECT_EQ(main.LblFinish.caption.get(), "   Operation Aborted");
+  EXPECT_TRUE(main.LblAbort.visible);
+  EXPECT_EQ(main.LblAbort.caption.get(), "Couldn't access destination ISO File");
+  EXPECT_EQ(host.Content("C:\\Discwright\\mkisofs.log"),
+            "MkISOFS.EXE Log File\r\nThe mastering ended with exit code 2.\r\n");
+}
+
+TEST_F(Mastering, FullDisk_IsAbortedThoughAnImageIsThere) {
+  host.AddFile("C:\\out\\Rescue.iso", "half");
+  mastering_fails = true;
+  mastering_output = {"genisoimage: No space left on device.\n"};
+  Run();
+  EXPECT_EQ(main.LblFinish.caption.get(), "   Operation Aborted");
+  EXPECT_EQ(main.LblAbort.caption.get(), "Not enough free space to complete the ISO file !!!");
+}
+
+TEST_F(Mastering, OldImageAndAFailedRun_LookSuccessfulToTheWizardButTheEndIsKept) {
+  host.AddFile("C:\\out\\Rescue.iso", "old");
+  mastering_fails = true;
+  Run();
+  EXPECT_EQ(main.LblFinish.caption.get(), "  Operation completed successfully");
+  EXPECT_FALSE(main.LblAbort.visible);
+  EXPECT_FALSE(context.mastering_end.Succeeded());
+}
+
+TEST_F(Mastering, CleanSession_DeletesTheScriptAndKeepsTheLog) {
+  main.ChkCleanSession.value = 1;
+  Run();
+  EXPECT_FALSE(host.Exists("C:\\Discwright\\makecd.bat"));
+  EXPECT_TRUE(host.Exists("C:\\Discwright\\mkisofs.log"));
+}
+
+TEST_F(Mastering, LauncherThatCannotBeMade_TellsTheUserAndDoesNotRun) {
+  programs.can_create = false;
+  StartMKISOFS(context, main.TxtISOLoc.text.get(), false);
+  EXPECT_FALSE(main.MKISOFSRunning);
+  ASSERT_EQ(user.messages.size(), 1U);
+  EXPECT_EQ(user.messages[0].text,
+            "There appears to be a problem in your installation, try to manually register redirect.dll");
+  EXPECT_EQ(user.messages[0].title, "Critical Error");
+  EXPECT_TRUE(main.CancelCopy);
+}
+
+TEST_F(Mastering, UnwritableLog_IsNotedOnceAndTheRunGoesOn) {
+  host.FailOn("WriteAt", "mkisofs.log", host::ErrorClass::kDiskFull, "No space left on device");
+  mastering_output = {"one\n", "two\n"};
+  Run();
+  EXPECT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(host.Content("C:\\out\\Rescue.iso"), "image");
+}
+
+TEST_F(Mastering, UnwritableScript_IsNotedAndAnOldOneNeverRuns) {
+  host.AddFile("C:\\Discwright\\makecd.bat", "old");
+  host.FailOn("WriteWholeFile", "makecd.bat", host::ErrorClass::kDiskFull, "No space left on device");
+  StartMKISOFS(context, main.TxtISOLoc.text.get(), false);
+  EXPECT_FALSE(host.Exists("C:\\Discwright\\makecd.bat"));
+  EXPECT_EQ(notes.all().size(), 1U);
+}
+
+}  // namespace
+}  // namespace discwright::pipeline

@@ -1,0 +1,42 @@
+#!/bin/sh
+# mkisofs of the program folder: masters through Debian's genisoimage. The image appears under its name only when it
+# is whole; until then it stands beside it as NAME.part.
+
+out=
+part=
+previous=
+left=$#
+while [ "$left" -gt 0 ]; do
+  argument=$1
+  shift
+  left=$((left - 1))
+  case $previous in
+    -output | -o)
+      out=$argument
+      part=$out.part
+      argument=$part
+      ;;
+  esac
+  previous=$argument
+  set -- "$@" "$argument"
+done
+
+# Called by the trap and at the end.
+discard() {
+  [ -z "$part" ] || rm -f -- "$part"
+}
+trap 'discard; exit 143' HUP INT TERM
+
+if ! command -v genisoimage >/dev/null; then
+  echo "mkisofs: genisoimage is not installed; install the package genisoimage" >&2
+  exit 127
+fi
+# Names are bytes: no locale may change them.
+LC_ALL=C genisoimage "$@"
+status=$?
+if [ "$status" -eq 0 ] && [ -n "$part" ]; then
+  mv -f -- "$part" "$out"
+  status=$?
+fi
+[ "$status" -eq 0 ] || discard
+exit "$status"
