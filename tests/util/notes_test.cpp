@@ -1,0 +1,50 @@
+// The list of notes.
+#include "util/notes.h"
+
+#include <gtest/gtest.h>
+
+namespace discwright::util {
+namespace {
+
+TEST(Notes, TwoNotesAdded_AreKeptInTheirOrder) {
+  Notes notes;
+  notes.Add("C:\\b", "first");
+  notes.Add("C:\\a", "second");
+  ASSERT_EQ(notes.all().size(), 2U);
+  EXPECT_EQ(notes.all()[0].place, "C:\\b");
+  EXPECT_EQ(notes.all()[0].cause, "first");
+  EXPECT_EQ(notes.all()[1].place, "C:\\a");
+}
+
+TEST(Notes, WithAListener_TellsItOfEveryNewNote) {
+  Notes notes;
+  std::string heard;
+  notes.added = [&](const Note& note) { heard += note.place + "=" + note.cause; };
+  notes.Add("C:\\a", "cause");
+  EXPECT_EQ(heard, "C:\\a=cause");
+}
+
+TEST(Notes, CheckOfASuccess_IsTrueAndAddsNothing) {
+  Notes notes;
+  EXPECT_TRUE(notes.Check(host::Status::Success(), "C:\\a", "Could not be moved"));
+  EXPECT_TRUE(notes.all().empty());
+}
+
+TEST(Notes, CheckOfAFailure_IsFalseAndAddsWhatAndWhy) {
+  Notes notes;
+  EXPECT_FALSE(notes.Check(host::Status::Failure(host::ErrorClass::kDiskFull, "No space left on device"), "C:\\a",
+                           "Could not be moved"));
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(notes.all()[0].place, "C:\\a");
+  EXPECT_EQ(notes.all()[0].cause, "Could not be moved: No space left on device");
+}
+
+TEST(Notes, CheckOfAFailureWithoutReason_SaysWhatAlone) {
+  Notes notes;
+  EXPECT_FALSE(notes.Check(host::Status::Failure(host::ErrorClass::kOther, ""), "C:\\a", "Could not be moved"));
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(notes.all()[0].cause, "Could not be moved");
+}
+
+}  // namespace
+}  // namespace discwright::util

@@ -1,0 +1,20 @@
+// The list of what went wrong without stopping the build.
+#include "util/notes.h"
+
+#include <utility>
+
+namespace discwright::util {
+
+void Notes::Add(std::string place, std::string cause) {
+  const Note note{std::move(place), std::move(cause)};
+  all_.push_back(note);
+  if (added) added(note);
+}
+
+bool Notes::Check(const host::Status& status, const std::string& place, const std::string& what) {
+  if (status.ok()) return true;
+  Add(place, status.cause.empty() ? what : what + ": " + status.cause);
+  return false;
+}
+
+}  // namespace discwright::util

@@ -1,0 +1,101 @@
+// Path strings, and questions about files, folders and drives.
+#include "util/paths.h"
+
+#include "host/files.h"
+#include "host/system.h"
+
+namespace discwright::util {
+
+namespace {
+
+constexpr int kNtFamilyBit = 2;
+
+std::string_view Trimmed(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+bool AnyMatch(std::string_view pattern_path) {
+  std::string folder;
+  std::string pattern;
+  SplitPath(pattern_path, folder, pattern);
+  // The root of a drive is a folder only with its separator.
+  return !pattern.empty() && !host::ListFolder(folder + "\\", pattern).entries.empty();
+}
+
+}  // namespace
+
+bool IsPathSeparator(char character) { return character == '\\' || character == '/'; }
+
+std::string Trim(std::string_view text) { return std::string(Trimmed(text)); }
+
+void AddBackslash(std::string& path) {
+  const std::string_view trimmed = Trimmed(path);
+  if (!trimmed.empty() && IsPathSeparator(trimmed.back())) return;
+  path.erase(path.find_last_not_of(' ') + 1);
+  path += '\\';
+}
+
+std::string StripQuotes(std::string_view text) {
+  std::string_view trimmed = Trimmed(text);
+  if (trimmed.size() >= 2 && trimmed.front() == '"' && trimmed.back() == '"') {
+    trimmed = trimmed.substr(1, trimmed.size() - 2);
+  }
+  return std::string(trimmed);
+}
+
+std::string Quoted(std::string_view text) {
+  const std::string trimmed = Trim(text);
+  return trimmed.starts_with('"') && trimmed.ends_with('"') ? trimmed : '"' + trimmed + '"';
+}
+
+std::string TrimNull(std::string_view text) { return std::string(text.substr(0, text.find('\0'))); }
+
+void SplitPath(std::string_view full_path, std::string& folder, std::string& file) {
+  const std::string path(full_path);  // an output may be what the input views
+  const std::size_t separator = path.find_last_of("\\/");
+  if (separator == std::string::npos) {
+    folder = host::CurrentFolder();
+    file = path;
+  } else if (separator + 1 < path.size()) {
+    folder = path.substr(0, separator);
+    file = path.substr(separator + 1);
+  }
+}
+
+bool FolderExists(std::string_view path) {
+  if (Trimmed(path).empty()) return false;
+  std::string folder(path);
+  AddBackslash(folder);
+  return host::ListFolder(folder, "*.*").status.ok();
+}
+
+bool FileExists(std::string_view path) {
+  std::string file = StripQuotes(path);
+  if (file.ends_with('\\')) file.pop_back();
+  if (file.empty()) return false;
+  return file.find('*') == std::string::npos ? host::CanRead(file) : AnyMatch(file);
+}
+
+bool MakePath(std::string_view path) {
+  std::string folder(path);
+  if (!folder.ends_with('\\')) folder += '\\';
+  return host::MakeFolders(folder).ok();
+}
+
+std::string GetShortPath(std::string_view path) {
+  const std::string short_path = TrimNull(host::ShortPath(path));
+  return short_path.empty() ? std::string(path) : short_path;
+}
+
+std::string FirstCDROMDrive() {
+  const std::vector<std::string> drives = host::OpticalDrives();
+  return drives.empty() ? "" : drives.front();
+}
+
+int GetPlatformId() { return host::PlatformId(); }
+
+bool IsWinNT() { return (GetPlatformId() & kNtFamilyBit) != 0; }
+
+}  // namespace discwright::util
