@@ -1,0 +1,101 @@
+// The tag files of the Windows 2000/XP setup CDs, and the verdict that they add up to.
+#include "integration/source_identification.h"
+
+#include <span>
+#include <string>
+
+#include "util/paths.h"
+
+namespace discwright::integration {
+
+namespace {
+
+struct Edition {
+  const char* tag_file;
+  const char* caption;
+};
+
+struct ServicePack {
+  const char* tag_file;
+  const char* suffix;
+};
+
+struct WindowsFamily {
+  std::span<const Edition> editions;           // the last one found wins
+  std::span<const ServicePack> service_packs;  // highest first; the first one found wins
+  std::int16_t build_num;
+  std::int16_t major_ver;
+  std::int16_t minor_ver;
+};
+
+constexpr Edition kXpEditions[] = {
+    {"\\WIN51IP", "Microsoft Windows XP Professional Edition"},
+    {"\\WIN51IC", "Microsoft Windows XP Home Edition"},
+};
+
+// Only the Professional tag names, on purpose: a Home Edition is shown without its service pack.
+constexpr ServicePack kXpServicePacks[] = {
+    {"\\WIN51IP.SP3", " SP3"},
+    {"\\WIN51IP.SP2", " SP2"},
+    {"\\WIN51IP.SP1", " SP1"},
+};
+
+constexpr Edition k2000Editions[] = {
+    {"\\CDROM_IP.5", "Microsoft Windows 2000 Professional"},
+    {"\\CDROM_IS.5", "Microsoft Windows 2000 Server"},
+    {"\\CDROM_IA.5", "Microsoft Windows 2000 Advanced Server"},
+};
+
+constexpr ServicePack k2000ServicePacks[] = {
+    {"\\CDROMSP5.TST", " SP5"}, {"\\CDROMSP4.TST", " SP4"}, {"\\CDROMSP3.TST", " SP3"},
+    {"\\CDROMSP2.TST", " SP2"}, {"\\CDROM_SP.TST", " SP1"},
+};
+
+constexpr WindowsFamily kFamilies[] = {
+    {kXpEditions, kXpServicePacks, 2600, 5, 1},
+    {k2000Editions, k2000ServicePacks, 2195, 5, 0},
+};
+
+bool HasTagFile(std::string_view Source, const char* tag_file) {
+  return util::FileExists(std::string(Source) + tag_file);
+}
+
+const Edition* FindEdition(const WindowsFamily& family, std::string_view Source) {
+  const Edition* found = nullptr;
+  for (const Edition& edition : family.editions) {
+    if (HasTagFile(Source, edition.tag_file)) found = &edition;
+  }
+  return found;
+}
+
+const ServicePack* FindServicePack(const WindowsFamily& family, std::string_view Source) {
+  for (const ServicePack& service_pack : family.service_packs) {
+    if (HasTagFile(Source, service_pack.tag_file)) return &service_pack;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+void IdentifyWinVer(forms::FrmDiscwright& main, std::string_view Source, std::int16_t& BuildNum, std::int16_t& MajorVer,
+                    std::int16_t& MinorVer) {
+  std::string caption = "Unknown Windows Version";
+  // One for both families: a Windows XP service pack also blocks the suffix of a Windows 2000 found beside it,
+  // although its own goes with the overwritten caption. Meant.
+  const ServicePack* service_pack = nullptr;
+  for (const WindowsFamily& family : kFamilies) {
+    const Edition* edition = FindEdition(family, Source);
+    if (edition == nullptr) continue;
+    caption = edition->caption;
+    if (service_pack == nullptr) {
+      service_pack = FindServicePack(family, Source);
+      if (service_pack != nullptr) caption += service_pack->suffix;
+    }
+    BuildNum = family.build_num;
+    MajorVer = family.major_ver;
+    MinorVer = family.minor_ver;
+  }
+  main.LblWin2KOSVer.caption = caption;
+}
+
+}  // namespace discwright::integration
