@@ -1,0 +1,263 @@
+// The copy engine of Windows 95/98/Me on the fake host.
+#include <limits>
+
+#include "tests/support/build_fixture.h"
+#include "util/copy_engines.h"
+#include "util/copy_entries.h"
+
+namespace discwright::util {
+namespace {
+
+class Copy9xTest : public testing::BuildFixture {
+ protected:
+  CopyRun run{context, main.LblSub_Step, main.BarSub_Step};
+  std::vector<std::int64_t> bar_values;
+
+  void SetUp() override {
+    main.BarSub_Step.max = 1000000;
+    main.BarSub_Step.Subscribe(
+        [this](forms::Control&, forms::Change) { bar_values.push_back(main.BarSub_Step.value); });
+  }
+  void ExpectOneNote(std::string_view place, std::string_view cause_part) {
+    ASSERT_EQ(notes.all().size(), 1U);
+    EXPECT_EQ(notes.all()[0].place, place);
+    EXPECT_THAT(notes.all()[0].cause, ::testing::HasSubstr(cause_part));
+  }
+  void ExpectStoppedAt(std::string_view place, std::string_view cause_part) {
+    ExpectOneNote(place, cause_part);
+    EXPECT_THAT(notes.all()[0].cause, ::testing::HasSubstr("the rest of this folder and of the folders above it"));
+  }
+};
+
+using FolderSizeByDirTest = Copy9xTest;
+using CopyTreeChunkedTest = Copy9xTest;
+using CopyFileChunkedTest = Copy9xTest;
+
+TEST(FailureText, ClassicFailures_HaveTheirTexts) {
+  EXPECT_EQ(FailureText(host::ErrorClass::kDiskFull), "Disk Full");
+  EXPECT_EQ(FailureText(host::ErrorClass::kAccessDenied), "Permission denied");
+  EXPECT_EQ(FailureText(host::ErrorClass::kNotReady), "Disk Not Ready");
+  EXPECT_EQ(FailureText(host::ErrorClass::kNotFound), "Path Not found");
+}
+
+TEST(FailureText, AnyOtherFailure_HasNone) {
+  EXPECT_EQ(FailureText(host::ErrorClass::kOther), "");
+  EXPECT_EQ(FailureText(host::ErrorClass::kExists), "");
+}
+
+TEST_F(FolderSizeByDirTest, NestedTreeWithDotNames_AddsEverything) {
+  host.AddFileOfSize("C:\\src\\a", 5);
+  host.AddFileOfSize("C:\\src\\.hidden", 7);
+  host.AddFileOfSize("C:\\src\\.folder\\b", 11);
+  EXPECT_EQ(FolderSizeByDir(user, "C:\\src"), 23);
+  EXPECT_EQ(FolderSizeByDir(user, "C:\\src\\"), 23);
+}
+
+TEST_F(FolderSizeByDirTest, EveryEntry_Yields) {
+  host.AddFileOfSize("C:\\src\\a", 5);
+  host.AddFileOfSize("C:\\src\\sub\\b", 5);
+  EXPECT_EQ(FolderSizeByDir(user, "C:\\src"), 10);
+  EXPECT_EQ(user.waited, std::vector<int>(3, 0));
+}
+
+TEST_F(FolderSizeByDirTest, LoopsSpecialFilesAndBrokenLinks_CountZero) {
+  host.AddFileOfSize("C:\\src\\a", 3);
+  host.AddSpecial("C:\\src\\pipe");
+  host.Find("C:\\src\\pipe")->size_override = 100;
+  host.AddLink("C:\\src\\loop", "C:\\src", true);
+  host.AddLink("C:\\src\\broken", "C:\\nowhere");
+  EXPECT_EQ(FolderSizeByDir(user, "C:\\src"), 3);
+}
+
+TEST_F(FolderSizeByDirTest, MissingFolder_IsZeroWithoutANote) {
+  EXPECT_EQ(FolderSizeByDir(user, "C:\\missing"), 0);
+  EXPECT_TRUE(notes.all().empty());
+}
+
+TEST_F(FolderSizeByDirTest, TwoGigabytes_Overflow) {
+  host.AddFileOfSize("C:\\src\\sub\\a", std::numeric_limits<std::int32_t>::max());
+  EXPECT_EQ(FolderSizeByDir(user, "C:\\src"), std::numeric_limits<std::int32_t>::max());
+  host.AddFileOfSize("C:\\src\\sub\\b", 1);
+  EXPECT_EQ(FolderSizeByDir(user, "C:\\src"), std::nullopt);
+}
+
+TEST_F(FolderSizeByDirTest, SingleFileBeyondTwoGigabytes_Overflows) {
+  host.AddFileOfSize("C:\\src\\a", std::int64_t{5} << 30);
+  EXPECT_EQ(FolderSizeByDir(user, "C:\\src"), std::nullopt);
+}
+
+TEST_F(CopyTreeChunkedTest, TreeWithDotNamesAndEmptyFolder_IsCopiedWhole) {
+  host.AddFile("C:\\src\\a", "1");
+  host.AddFile("C:\\src\\.hidden", "2");
+  host.AddFile("C:\\src\\.folder\\b", "3");
+  host.AddFolder("C:\\src\\empty");
+  EXPECT_TRUE(CopyTreeChunked(run, "C:\\src", "C:\\x\\dst"));
+  EXPECT_EQ(host.Content("C:\\x\\dst\\a"), "1");
+  EXPECT_EQ(host.Content("C:\\x\\dst\\.hidden"), "2");
+  EXPECT_EQ(host.Content("C:\\x\\dst\\.folder\\b"), "3");
+  EXPECT_TRUE(host.Exists("C:\\x\\dst\\empty"));
+  EXPECT_TRUE(notes.all().empty());
+}
+
+TEST_F(CopyTreeChunkedTest, EmptySource_MakesTheDestinationAndIsComplete) {
+  host.AddFolder("C:\\src");
+  EXPECT_TRUE(CopyTreeChunked(run, "C:\\src\\", "C:\\dst\\"));
+  EXPECT_TRUE(host.Exists("C:\\dst"));
+}
+
+TEST_F(CopyTreeChunkedTest, FilesOfAFolder_ComeBeforeItsFoldersAndTheListingGoesOnAfterEachFolder) {
+  host.AddFile("C:\\src\\a\\in a", "x");
+  host.AddFile("C:\\src\\b\\in b", "x");
+  host.AddFile("C:\\src\\c", "x");
+  host.AddFile("C:\\src\\z", "x");
+  std::vector<std::string> painted;
+  main.LblSub_Step.Subscribe([&](forms::Control&, forms::Change change) {
+    if (change == forms::Change::kRepaint) painted.push_back(main.LblSub_Step.caption);
+  });
+  EXPECT_TRUE(CopyTreeChunked(run, "C:\\src", "C:\\dst"));
+  EXPECT_EQ(painted, (std::vector<std::string>{"Copying : c", "Copying : z", "Copying : in a", "Copying : in b"}));
+}
+
+TEST_F(CopyTreeChunkedTest, EveryFileAndFolder_Yields) {
+  host.AddFile("C:\\src\\a", "x");
+  host.AddFile("C:\\src\\sub\\b", "x");
+  EXPECT_TRUE(CopyTreeChunked(run, "C:\\src", "C:\\dst"));
+  EXPECT_EQ(user.waited, std::vector<int>(3, 0));
+}
+
+TEST_F(CopyTreeChunkedTest, FailedFile_StopsTheWholeCopyAtOnceWithItsClassicText) {
+  host.AddFile("C:\\src\\sub\\bad", "x");
+  host.AddFile("C:\\src\\sub\\later", "x");
+  host.AddFile("C:\\src\\z\\later", "x");
+  host.FailOn("WriteAt", "bad", host::ErrorClass::kDiskFull, "No space left on device");
+  EXPECT_FALSE(CopyTreeChunked(run, "C:\\src", "C:\\dst"));
+  EXPECT_FALSE(host.Exists("C:\\dst\\sub\\later"));
+  EXPECT_FALSE(host.Exists("C:\\dst\\z"));
+  EXPECT_TRUE(user.messages.empty());
+  ExpectStoppedAt("C:\\src\\sub\\bad", "Could not be copied: Disk Full (No space left on device)");
+}
+
+TEST_F(CopyTreeChunkedTest, FailureWithoutClassicText_IsNotedWithTheSystemsReason) {
+  host.AddFile("C:\\src\\bad", "x");
+  host.FailOn("ReadAt", "bad", host::ErrorClass::kOther, "odd");
+  EXPECT_FALSE(CopyTreeChunked(run, "C:\\src", "C:\\dst"));
+  ExpectStoppedAt("C:\\src\\bad", "Could not be copied: odd.");
+}
+
+TEST_F(CopyTreeChunkedTest, MissingSource_FailsWithoutAMessageButMakesTheDestination) {
+  EXPECT_FALSE(CopyTreeChunked(run, "C:\\src", "C:\\dst"));
+  EXPECT_TRUE(host.Exists("C:\\dst"));
+  EXPECT_TRUE(user.messages.empty());
+  ExpectStoppedAt("C:\\src\\", "Could not be listed: Path Not found");
+}
+
+TEST_F(CopyTreeChunkedTest, DestinationThatCannotBeMade_StopsTheCopy) {
+  host.AddFile("C:\\src\\a", "x");
+  host.FailOn("MakeFolders", "dst", host::ErrorClass::kAccessDenied, "");
+  EXPECT_FALSE(CopyTreeChunked(run, "C:\\src", "C:\\dst"));
+  ExpectStoppedAt("C:\\dst\\", "Could not be created: Permission denied.");
+}
+
+TEST_F(CopyTreeChunkedTest, SpecialFile_IsNeverOpenedButNotedAndTheCopyGoesOn) {
+  host.AddSpecial("C:\\src\\pipe");
+  host.AddFile("C:\\src\\z", "x");
+  EXPECT_TRUE(CopyTreeChunked(run, "C:\\src", "C:\\dst"));
+  EXPECT_EQ(host.Content("C:\\dst\\z"), "x");
+  EXPECT_THAT(host.calls, ::testing::Not(::testing::Contains(::testing::HasSubstr("pipe"))));
+  ExpectOneNote("C:\\src\\pipe", "a device, a socket or a pipe");
+}
+
+TEST_F(CopyTreeChunkedTest, LinkThatLoops_StopsTheCopyWithANote) {
+  host.AddLink("C:\\src\\loop", "C:\\src", true);
+  host.AddFile("C:\\src\\z\\later", "x");
+  EXPECT_FALSE(CopyTreeChunked(run, "C:\\src", "C:\\dst"));
+  EXPECT_FALSE(host.Exists("C:\\dst\\z"));
+  ExpectStoppedAt("C:\\src\\loop", "a link back");
+}
+
+TEST_F(CopyTreeChunkedTest, BrokenLink_IsAFailedFile) {
+  host.AddLink("C:\\src\\broken", "C:\\nowhere");
+  EXPECT_FALSE(CopyTreeChunked(run, "C:\\src", "C:\\dst"));
+  ExpectStoppedAt("C:\\src\\broken", "target is missing");
+}
+
+TEST_F(CopyTreeChunkedTest, FileAndFolderThatDifferOnlyInCase_AreAClash) {
+  host.AddFile("C:\\src\\NAME", "x");
+  testing::FakeHost::Node folder;
+  folder.name = "name";
+  folder.kind = host::EntryKind::kFolder;
+  host.nodes["c:\\src\\clash"] = folder;
+  EXPECT_FALSE(CopyTreeChunked(run, "C:\\src", "C:\\dst"));
+  EXPECT_EQ(host.Content("C:\\dst\\name"), "x");
+  ExpectStoppedAt("C:\\src\\name", "only in letter case");
+}
+
+TEST_F(CopyTreeChunkedTest, DestinationInsideTheSource_EndsAllTheSame) {
+  host.AddFile("C:\\src\\a", "x");
+  EXPECT_TRUE(CopyTreeChunked(run, "C:\\src", "C:\\src\\dst"));
+  EXPECT_EQ(host.Content("C:\\src\\dst\\a"), "x");
+  EXPECT_FALSE(host.Exists("C:\\src\\dst\\dst"));
+}
+
+TEST_F(CopyFileChunkedTest, FileOfTwoChunksAndARest_MovesTheBarByPositions) {
+  const std::string content(2 * 16384 + 5, 'x');
+  host.AddFile("C:\\a", content);
+  main.BarSub_Step.value = 100;
+  bar_values.clear();
+  EXPECT_TRUE(CopyFileChunked(run, "C:\\a", "C:\\b").ok());
+  EXPECT_EQ(host.Content("C:\\b"), content);
+  EXPECT_EQ(bar_values, (std::vector<std::int64_t>{100 + 16385, 100 + 32769, 100 + 32774}));
+}
+
+TEST_F(CopyFileChunkedTest, EveryByte_ArrivesInItsPlace) {
+  std::string content;
+  for (int i = 0; i < 40000; ++i) content += static_cast<char>(i % 251);
+  host.AddFile("C:\\a", content);
+  EXPECT_TRUE(CopyFileChunked(run, "C:\\a", "C:\\b").ok());
+  EXPECT_EQ(host.Content("C:\\b"), content);
+}
+
+TEST_F(CopyFileChunkedTest, EachFile_AddsOneMoreThanItsLength) {
+  host.AddFile("C:\\a", "12345");
+  host.AddFile("C:\\exact", std::string(16384, 'x'));
+  EXPECT_TRUE(CopyFileChunked(run, "C:\\a", "C:\\b").ok());
+  EXPECT_EQ(main.BarSub_Step.value, 6);
+  EXPECT_TRUE(CopyFileChunked(run, "C:\\exact", "C:\\b").ok());
+  EXPECT_EQ(main.BarSub_Step.value, 6 + 16385);
+}
+
+TEST_F(CopyFileChunkedTest, EmptyFile_IsMadeAndAddsOne) {
+  host.AddFile("C:\\a", "");
+  EXPECT_TRUE(CopyFileChunked(run, "C:\\a", "C:\\b").ok());
+  EXPECT_EQ(host.Content("C:\\b"), "");
+  EXPECT_EQ(main.BarSub_Step.value, 1);
+}
+
+TEST_F(CopyFileChunkedTest, BarNearItsMaximum_StopsAtTheMaximum) {
+  host.AddFile("C:\\a", std::string(20000, 'x'));
+  main.BarSub_Step.max = 10000;
+  EXPECT_TRUE(CopyFileChunked(run, "C:\\a", "C:\\b").ok());
+  EXPECT_EQ(main.BarSub_Step.value, 10000);
+}
+
+TEST_F(CopyFileChunkedTest, LongerDestination_KeepsItsTailBehindTheNewContent) {
+  host.AddFile("C:\\a", "new");
+  host.AddFile("C:\\b", "old and longer");
+  EXPECT_TRUE(CopyFileChunked(run, "C:\\a", "C:\\b").ok());
+  EXPECT_EQ(host.Content("C:\\b"), "new and longer");
+}
+
+TEST_F(CopyFileChunkedTest, MissingSource_FailsWithoutMakingTheDestination) {
+  EXPECT_EQ(CopyFileChunked(run, "C:\\missing", "C:\\b").error, host::ErrorClass::kNotFound);
+  EXPECT_FALSE(host.Exists("C:\\b"));
+}
+
+TEST_F(CopyFileChunkedTest, ReadOnlyDestination_IsDeniedAndStays) {
+  host.AddFile("C:\\a", "new");
+  host.AddFile("C:\\b", "old", true);
+  EXPECT_EQ(CopyFileChunked(run, "C:\\a", "C:\\b").error, host::ErrorClass::kAccessDenied);
+  EXPECT_EQ(host.Content("C:\\b"), "old");
+}
+
+}  // namespace
+}  // namespace discwright::util

@@ -1,0 +1,428 @@
+// The NT family's copy engine on the fake host.
+#include <algorithm>
+#include <limits>
+
+#include "tests/support/build_fixture.h"
+#include "util/copy_engines.h"
+
+namespace discwright::util {
+namespace {
+
+constexpr std::int64_t kGigabyte = 1 << 30;
+constexpr std::int32_t kMostBytes = std::numeric_limits<std::int32_t>::max();
+
+class CopyNtTest : public testing::BuildFixture {
+ protected:
+  CopyRun run{context, main.LblSub_Step, main.BarSub_Step};
+
+  // A second entry of C:\src whose name differs from an existing one only in letter case.
+  void AddClash(const std::string& key, const std::string& name, host::EntryKind kind = host::EntryKind::kFile) {
+    testing::FakeHost::Node node;
+    node.name = name;
+    node.kind = kind;
+    node.content = "clash";
+    host.nodes["c:\\src\\" + key] = node;
+  }
+  void ExpectOneNote(std::string_view place, std::string_view cause_part) {
+    ASSERT_EQ(notes.all().size(), 1U);
+    EXPECT_EQ(notes.all()[0].place, place);
+    EXPECT_THAT(notes.all()[0].cause, ::testing::HasSubstr(cause_part));
+  }
+  void ExpectStoppedAt(std::string_view place, std::string_view cause_part) {
+    ExpectOneNote(place, cause_part);
+    EXPECT_THAT(notes.all()[0].cause, ::testing::HasSubstr("the rest of this folder and of the folders above it"));
+  }
+};
+
+using FolderSizeByFindTest = CopyNtTest;
+using CopyTreeWithProgressTest = CopyNtTest;
+using CopyTreeByFindTest = CopyNtTest;
+using CopyOneFileTest = CopyNtTest;
+using CopyProgressTest = CopyNtTest;
+
+TEST_F(FolderSizeByFindTest, NestedTree_AddsTheFilesOfAllFolders) {
+  host.AddFileOfSize("C:\\src\\a", 5);
+  host.AddFileOfSize("C:\\src\\sub\\b", 7);
+  host.AddFileOfSize("C:\\src\\sub\\deep\\c", 11);
+  EXPECT_EQ(FolderSizeByFind("C:\\src"), 23);
+  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), 23);
+}
+
+TEST_F(FolderSizeByFindTest, NamesThatBeginWithADot_AreNotCounted) {
+  host.AddFileOfSize("C:\\src\\.file", 5);
+  host.AddFileOfSize("C:\\src\\.folder\\a", 7);
+  host.AddFileOfSize("C:\\src\\b", 1);
+  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), 1);
+}
+
+TEST_F(FolderSizeByFindTest, FolderThatCannotBeListed_CountsZeroWithoutANote) {
+  host.AddFileOfSize("C:\\src\\locked\\a", 5);
+  host.AddFileOfSize("C:\\src\\b", 1);
+  host.FailOn("ListFolder", "locked", host::ErrorClass::kAccessDenied);
+  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), 1);
+  EXPECT_EQ(FolderSizeByFind("C:\\missing\\"), 0);
+  EXPECT_TRUE(notes.all().empty());
+}
+
+TEST_F(FolderSizeByFindTest, LoopsSpecialFilesAndBrokenLinks_CountZero) {
+  host.AddFileOfSize("C:\\src\\a", 3);
+  host.AddSpecial("C:\\src\\pipe");
+  host.Find("C:\\src\\pipe")->size_override = 100;
+  host.AddLink("C:\\src\\loop", "C:\\src", true);
+  host.AddLink("C:\\src\\broken", "C:\\nowhere");
+  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), 3);
+}
+
+TEST_F(FolderSizeByFindTest, LinkToAFolderOutside_IsFollowed) {
+  host.AddFileOfSize("C:\\other\\a", 3);
+  host.AddLink("C:\\src\\link", "C:\\other");
+  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), 3);
+}
+
+TEST_F(FolderSizeByFindTest, SumOfTheLargestNumber_IsStillCounted) {
+  host.AddFileOfSize("C:\\src\\a", kMostBytes);
+  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), kMostBytes);
+}
+
+TEST_F(FolderSizeByFindTest, SumOfTwoGigabytes_Overflows) {
+  host.AddFileOfSize("C:\\src\\a", kMostBytes);
+  host.AddFileOfSize("C:\\src\\sub\\b", 1);
+  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), std::nullopt);
+}
+
+TEST_F(FolderSizeByFindTest, OverflowInASubfolder_IsPassedUp) {
+  host.AddFileOfSize("C:\\src\\sub\\a", kMostBytes);
+  host.AddFileOfSize("C:\\src\\sub\\b", kMostBytes);
+  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), std::nullopt);
+}
+
+TEST_F(FolderSizeByFindTest, SizeBeyondFourGigabytes_CountsItsLowHalfAsSignedNumber) {
+  host.AddFileOfSize("C:\\src\\a", 5 * kGigabyte);
+  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), kGigabyte);
+  host.AddFileOfSize("C:\\src\\a", 3 * kGigabyte);
+  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), -kGigabyte);
+}
+
+TEST_F(FolderSizeByFindTest, SumBelowTheSmallestNumber_OverflowsToo) {
+  for (const char* file : {"C:\\src\\a", "C:\\src\\b", "C:\\src\\c"}) host.AddFileOfSize(file, 3 * kGigabyte);
+  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), std::nullopt);
+}
+
+TEST_F(CopyTreeWithProgressTest, Tree_IsCopiedWholeAndTheBarEndsAtItsSize) {
+  host.AddFile("C:\\src\\a.txt", "12345");
+  host.AddFile("C:\\src\\Sub\\B.txt", "1234567");
+  host.AddFolder("C:\\src\\empty");
+  EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kComplete);
+  EXPECT_EQ(host.Content("C:\\dst\\a.txt"), "12345");
+  EXPECT_EQ(host.Content("C:\\dst\\Sub\\B.txt"), "1234567");
+  EXPECT_EQ(host.RealName("C:\\dst\\sub\\b.txt"), "B.txt");
+  EXPECT_TRUE(host.Exists("C:\\dst\\empty"));
+  EXPECT_EQ(main.BarSub_Step.max, 12);
+  EXPECT_EQ(main.BarSub_Step.value, 12);
+  EXPECT_TRUE(notes.all().empty());
+}
+
+TEST_F(CopyTreeWithProgressTest, EmptySource_CopiesNothingMakesNoDestinationAndFails) {
+  host.AddFolder("C:\\src");
+  EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kFailed);
+  EXPECT_FALSE(host.Exists("C:\\dst"));
+  EXPECT_TRUE(user.messages.empty());
+  EXPECT_TRUE(notes.all().empty());
+}
+
+TEST_F(CopyTreeWithProgressTest, MissingSource_FailsWithoutAMessageAndIsNoted) {
+  EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kFailed);
+  EXPECT_TRUE(user.messages.empty());
+  EXPECT_FALSE(host.Exists("C:\\dst"));
+  ExpectOneNote("C:\\src", "could not be listed");
+}
+
+TEST_F(CopyTreeWithProgressTest, TreeOfEmptyFiles_CopiesNothingAndIsNoted) {
+  host.AddFile("C:\\src\\sub\\a", "");
+  EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kFailed);
+  EXPECT_FALSE(host.Exists("C:\\dst"));
+  EXPECT_TRUE(user.messages.empty());
+  ExpectOneNote("C:\\src", "add up to 0 bytes");
+}
+
+TEST_F(CopyTreeWithProgressTest, TreeOfDotFilesOnly_CopiesNothing) {
+  host.AddFile("C:\\src\\.file", "x");
+  EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kFailed);
+  EXPECT_FALSE(host.Exists("C:\\dst"));
+}
+
+TEST_F(CopyTreeWithProgressTest, TreeOfTwoGigabytes_IsARuntimeFailureAndNoted) {
+  host.AddFileOfSize("C:\\src\\a", kMostBytes);
+  host.AddFileOfSize("C:\\src\\b", 1);
+  EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kRuntimeFailure);
+  EXPECT_FALSE(host.Exists("C:\\dst"));
+  ExpectOneNote("C:\\src", "2 GB");
+}
+
+TEST_F(CopyTreeWithProgressTest, SingleFileOfThreeGigabytes_IsARuntimeFailure) {
+  host.AddFileOfSize("C:\\src\\a", 3 * kGigabyte);
+  EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kRuntimeFailure);
+}
+
+TEST_F(CopyTreeWithProgressTest, SingleFileOfFiveGigabytes_IsCopiedAndTheBarStopsAtItsMaximum) {
+  host.AddFileOfSize("C:\\src\\a", 5 * kGigabyte);
+  EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kComplete);
+  EXPECT_TRUE(host.Exists("C:\\dst\\a"));
+  EXPECT_EQ(main.BarSub_Step.max, kGigabyte);
+  EXPECT_EQ(main.BarSub_Step.value, kGigabyte);
+}
+
+TEST_F(CopyTreeWithProgressTest, CancelFlagSetBefore_IsClearedAtTheStart) {
+  host.AddFile("C:\\src\\a", "x");
+  copy_cancel_flag = 1;
+  EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kComplete);
+  EXPECT_EQ(copy_cancel_flag, 0);
+}
+
+TEST_F(CopyTreeWithProgressTest, BuildCancelledByTheUser_StillRunsToItsEnd) {
+  host.AddFile("C:\\src\\a", "x");
+  host.AddFile("C:\\src\\b", "y");
+  user.on_do_events = [this] { Cancel(); };
+  EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kComplete);
+  EXPECT_EQ(host.Content("C:\\dst\\b"), "y");
+}
+
+TEST_F(CopyTreeByFindTest, SourceThatCannotBeListed_ShowsItWithItsBackslashAndFails) {
+  EXPECT_FALSE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
+  ASSERT_EQ(user.messages.size(), 1U);
+  EXPECT_EQ(user.messages[0].text, "Source folder \"C:\\src\\\" not found.");
+  EXPECT_EQ(user.messages[0].title, "Vexa Discwright");
+  EXPECT_EQ(user.messages[0].icon, host::MessageIcon::kNone);
+  EXPECT_FALSE(host.Exists("C:\\dst"));
+  ExpectStoppedAt("C:\\src\\", "Could not be listed");
+}
+
+TEST_F(CopyTreeByFindTest, SubfolderThatCannotBeListed_IsShownAndStopsTheWholeCopy) {
+  host.AddFile("C:\\src\\a", "x");
+  host.AddFile("C:\\src\\locked\\b", "x");
+  host.AddFile("C:\\src\\z", "x");
+  host.FailOn("ListFolder", "src\\locked", host::ErrorClass::kAccessDenied, "no right to look");
+  EXPECT_FALSE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
+  ASSERT_EQ(user.messages.size(), 1U);
+  EXPECT_EQ(user.messages[0].text, "Source folder \"C:\\src\\locked\\\" not found.");
+  EXPECT_TRUE(host.Exists("C:\\dst\\a"));
+  EXPECT_FALSE(host.Exists("C:\\dst\\z"));
+  ExpectStoppedAt("C:\\src\\locked\\", "no right to look");
+}
+
+TEST_F(CopyTreeByFindTest, EmptySource_MakesTheDestinationWithAllItsFolders) {
+  host.AddFolder("C:\\src");
+  EXPECT_TRUE(CopyTreeByFind(run, "C:\\src", "C:\\x\\y\\dst"));
+  EXPECT_TRUE(host.Exists("C:\\x\\y\\dst"));
+}
+
+TEST_F(CopyTreeByFindTest, BothFoldersWithBackslash_AreTheSameCopy) {
+  host.AddFile("C:\\src\\a", "x");
+  EXPECT_TRUE(CopyTreeByFind(run, "C:\\src\\", "C:\\dst\\"));
+  EXPECT_EQ(host.Content("C:\\dst\\a"), "x");
+}
+
+TEST_F(CopyTreeByFindTest, ExistingFileOfTheDestination_IsOverwrittenAndOthersStay) {
+  host.AddFile("C:\\src\\a", "new");
+  host.AddFile("C:\\dst\\a", "old and longer");
+  host.AddFile("C:\\dst\\b", "stays");
+  EXPECT_TRUE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
+  EXPECT_EQ(host.Content("C:\\dst\\a"), "new");
+  EXPECT_EQ(host.Content("C:\\dst\\b"), "stays");
+}
+
+TEST_F(CopyTreeByFindTest, DotFile_IsCopiedAndDotFolderIsPassedOverAndNoted) {
+  host.AddFile("C:\\src\\.file", "x");
+  host.AddFile("C:\\src\\.folder\\a", "x");
+  host.AddFile("C:\\src\\z", "x");
+  EXPECT_TRUE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
+  EXPECT_EQ(host.Content("C:\\dst\\.file"), "x");
+  EXPECT_EQ(host.Content("C:\\dst\\z"), "x");
+  EXPECT_FALSE(host.Exists("C:\\dst\\.folder"));
+  ExpectOneNote("C:\\src\\.folder", "begins with a dot");
+}
+
+TEST_F(CopyTreeByFindTest, EveryFile_IsNamedAndRepaintedInListingOrder) {
+  host.AddFile("C:\\src\\b", "x");
+  host.AddFile("C:\\src\\a", "x");
+  host.AddFile("C:\\src\\aa\\c", "x");
+  std::vector<std::string> painted;
+  main.LblSub_Step.Subscribe([&](forms::Control&, forms::Change change) {
+    if (change == forms::Change::kRepaint) painted.push_back(main.LblSub_Step.caption);
+  });
+  EXPECT_TRUE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
+  EXPECT_EQ(painted, (std::vector<std::string>{"Copying : a", "Copying : c", "Copying : b"}));
+}
+
+TEST_F(CopyTreeByFindTest, FailedFile_StopsItsFolderAndAllAboveWithOneNoteAndEarlierFilesStay) {
+  host.AddFile("C:\\src\\a", "x");
+  host.AddFile("C:\\src\\sub\\deep\\bad", "x");
+  host.AddFile("C:\\src\\sub\\deep\\later", "x");
+  host.AddFile("C:\\src\\sub\\later", "x");
+  host.AddFile("C:\\src\\z", "x");
+  host.FailOn("CopyFileWithProgress", "bad", host::ErrorClass::kNotReady, "Input/output error");
+  EXPECT_FALSE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
+  EXPECT_EQ(host.Content("C:\\dst\\a"), "x");
+  EXPECT_FALSE(host.Exists("C:\\dst\\sub\\deep\\later"));
+  EXPECT_FALSE(host.Exists("C:\\dst\\sub\\later"));
+  EXPECT_FALSE(host.Exists("C:\\dst\\z"));
+  EXPECT_TRUE(user.messages.empty());
+  ExpectStoppedAt("C:\\src\\sub\\deep\\bad", "Input/output error");
+}
+
+TEST_F(CopyTreeByFindTest, CancelFlagSetDuringACopy_StopsAfterThatFile) {
+  host.AddFile("C:\\src\\a", "x");
+  host.AddFile("C:\\src\\b", "x");
+  user.on_do_events = [] { copy_cancel_flag = 1; };
+  EXPECT_FALSE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
+  copy_cancel_flag = 0;
+  EXPECT_FALSE(host.Exists("C:\\dst\\b"));
+  ExpectStoppedAt("C:\\src\\a", "cancelled");
+}
+
+TEST_F(CopyTreeByFindTest, DestinationThatCannotBeMade_IsNotedAndItsFirstFileStopsTheCopy) {
+  host.AddFile("C:\\src\\a", "x");
+  host.FailOn("MakeFolders", "dst", host::ErrorClass::kAccessDenied, "read-only disk");
+  EXPECT_FALSE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
+  ASSERT_EQ(notes.all().size(), 2U);
+  EXPECT_EQ(notes.all()[0].place, "C:\\dst\\");
+  EXPECT_EQ(notes.all()[0].cause, "Could not be created: read-only disk");
+  EXPECT_EQ(notes.all()[1].place, "C:\\src\\a");
+}
+
+TEST_F(CopyTreeByFindTest, EmptyFolderThatCannotBeMade_IsNotedAndTheCopyGoesOn) {
+  host.AddFolder("C:\\src\\empty");
+  host.AddFile("C:\\src\\z", "x");
+  host.FailOn("MakeFolders", "empty", host::ErrorClass::kAccessDenied);
+  EXPECT_TRUE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
+  EXPECT_EQ(host.Content("C:\\dst\\z"), "x");
+  ExpectOneNote("C:\\dst\\empty\\", "Could not be created");
+}
+
+TEST_F(CopyTreeByFindTest, SpecialFile_IsNeverOpenedButNotedAndTheCopyGoesOn) {
+  host.AddSpecial("C:\\src\\pipe");
+  host.AddFile("C:\\src\\z", "x");
+  EXPECT_TRUE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
+  EXPECT_EQ(host.calls,
+            (std::vector<std::string>{"MakeFolders C:\\dst\\", "CopyFileWithProgress C:\\src\\z -> C:\\dst\\z"}));
+  ExpectOneNote("C:\\src\\pipe", "a device, a socket or a pipe");
+}
+
+TEST_F(CopyTreeByFindTest, LinkThatLoops_StopsTheCopyWithANote) {
+  host.AddLink("C:\\src\\loop", "C:\\src", true);
+  host.AddFile("C:\\src\\z", "x");
+  EXPECT_FALSE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
+  EXPECT_FALSE(host.Exists("C:\\dst\\loop"));
+  EXPECT_FALSE(host.Exists("C:\\dst\\z"));
+  ExpectStoppedAt("C:\\src\\loop", "a link back to one of its own parent folders");
+}
+
+TEST_F(CopyTreeByFindTest, BrokenLink_IsAFailedFile) {
+  host.AddLink("C:\\src\\broken", "C:\\nowhere");
+  host.AddFile("C:\\src\\z", "x");
+  EXPECT_FALSE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
+  EXPECT_FALSE(host.Exists("C:\\dst\\z"));
+  ExpectStoppedAt("C:\\src\\broken", "a link whose target is missing");
+}
+
+TEST_F(CopyTreeByFindTest, LinkToAFolderOutside_IsCopiedAsAFolder) {
+  host.AddFile("C:\\other\\a", "x");
+  host.AddLink("C:\\src\\link", "C:\\other");
+  EXPECT_TRUE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
+  EXPECT_EQ(host.Content("C:\\dst\\link\\a"), "x");
+}
+
+TEST_F(CopyTreeByFindTest, NamesThatDifferOnlyInCase_KeepTheFirstAndTheSecondIsAFailedFile) {
+  host.AddFile("C:\\src\\readme", "lower case, listed last");
+  AddClash("clash", "README");
+  EXPECT_FALSE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
+  EXPECT_EQ(host.RealName("C:\\dst\\readme"), "README");
+  EXPECT_EQ(std::count_if(host.calls.begin(), host.calls.end(),
+                          [](const std::string& call) { return call.starts_with("CopyFileWithProgress"); }),
+            1);
+  ExpectStoppedAt("C:\\src\\readme", "only in letter case");
+}
+
+TEST_F(CopyTreeByFindTest, FoldersThatDifferOnlyInCase_AreNotMixed) {
+  host.AddFile("C:\\src\\sub\\a", "x");
+  AddClash("clash", "SUB", host::EntryKind::kFolder);
+  EXPECT_FALSE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
+  ExpectStoppedAt("C:\\src\\sub", "only in letter case");
+}
+
+TEST_F(CopyTreeByFindTest, SkippedDotFolder_TakesNoNameFromALaterFile) {
+  host.AddFile("C:\\src\\.a", "x");
+  AddClash("clash", ".A", host::EntryKind::kFolder);
+  EXPECT_TRUE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
+  EXPECT_TRUE(host.Exists("C:\\dst\\.a"));
+}
+
+TEST_F(CopyTreeByFindTest, SameNameInTwoFolders_IsNoClash) {
+  host.AddFile("C:\\src\\a\\file", "x");
+  host.AddFile("C:\\src\\b\\FILE", "y");
+  EXPECT_TRUE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
+  EXPECT_TRUE(notes.all().empty());
+}
+
+TEST_F(CopyTreeByFindTest, FolderNameThatEndsInABlank_IsCopiedUnderThatName) {
+  host.AddFile("C:\\src\\sub \\a", "x");
+  EXPECT_TRUE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
+  EXPECT_EQ(host.Content("C:\\dst\\sub \\a"), "x");
+}
+
+TEST_F(CopyTreeByFindTest, DestinationInsideTheSource_EndsAllTheSame) {
+  host.AddFile("C:\\src\\a", "x");
+  host.AddFolder("C:\\src\\dst");
+  EXPECT_TRUE(CopyTreeByFind(run, "C:\\src", "C:\\src\\dst"));
+  EXPECT_EQ(host.Content("C:\\src\\dst\\a"), "x");
+  EXPECT_FALSE(host.Exists("C:\\src\\dst\\dst\\dst"));
+}
+
+TEST_F(CopyTreeByFindTest, EveryEntry_YieldsAndEveryCallOfThePlatformToo) {
+  host.AddFile("C:\\src\\a", "x");
+  host.AddFolder("C:\\src\\b");
+  host.pieces_per_file = 3;
+  EXPECT_TRUE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
+  EXPECT_EQ(user.waited, std::vector<int>(2 + 1 + 3, 0));
+}
+
+TEST_F(CopyOneFileTest, File_IsCopiedAndTheBarMovesWithin) {
+  host.AddFileOfSize("C:\\a", 100);
+  host.pieces_per_file = 4;
+  main.BarSub_Step.max = 1000;
+  main.BarSub_Step.value = 30;
+  std::vector<std::int64_t> values;
+  main.BarSub_Step.Subscribe([&](forms::Control&, forms::Change) { values.push_back(main.BarSub_Step.value); });
+  EXPECT_TRUE(CopyOneFile(run, "C:\\a", "C:\\b").ok());
+  EXPECT_EQ(values, (std::vector<std::int64_t>{55, 80, 105, 130}));
+}
+
+TEST_F(CopyOneFileTest, FailureOfThePlatform_IsItsStatus) {
+  host.AddFile("C:\\a", "x");
+  host.FailOn("CopyFileWithProgress", "C:\\a", host::ErrorClass::kDiskFull);
+  EXPECT_EQ(CopyOneFile(run, "C:\\a", "C:\\b").error, host::ErrorClass::kDiskFull);
+}
+
+TEST_F(CopyProgressTest, StreamSwitch_RemembersTheBarsValueAndLeavesIt) {
+  main.BarSub_Step.value = 42;
+  EXPECT_TRUE(CopyProgress(run, host::CopyEvent::kStreamSwitch, 0));
+  EXPECT_EQ(run.start_value, 42);
+  EXPECT_EQ(main.BarSub_Step.value, 42);
+  EXPECT_EQ(user.waited, std::vector<int>{0});
+}
+
+TEST_F(CopyProgressTest, FinishedChunk_AddsTheFilesBytesToTheRememberedValue) {
+  run.start_value = 40;
+  EXPECT_TRUE(CopyProgress(run, host::CopyEvent::kChunkFinished, 20));
+  EXPECT_TRUE(CopyProgress(run, host::CopyEvent::kChunkFinished, 50));
+  EXPECT_EQ(main.BarSub_Step.value, 90);
+}
+
+TEST_F(CopyProgressTest, SumBeyondTheMaximum_StopsAtTheMaximum) {
+  run.start_value = 90;
+  EXPECT_TRUE(CopyProgress(run, host::CopyEvent::kChunkFinished, 20));
+  EXPECT_EQ(main.BarSub_Step.value, 100);
+}
+
+}  // namespace
+}  // namespace discwright::util

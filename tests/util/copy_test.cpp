@@ -1,0 +1,177 @@
+// Choosing the copy engine, what both show, and the copy without display.
+#include "util/copy.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "tests/support/build_fixture.h"
+
+namespace discwright::util {
+namespace {
+
+constexpr int kWindows9x = 1;
+constexpr int kNtFamily = 2;
+
+class CopyFixture : public testing::BuildFixture {
+ protected:
+  CopyEnd Copy() { return CopyPathWithProgress(context, "C:\\src", "C:\\dst", main.LblSub_Step, main.BarSub_Step); }
+};
+
+using CopyPathWithProgressTest = CopyFixture;
+using CopyFolderTreeTest = CopyFixture;
+
+class CopyOnBothPlatforms : public CopyFixture, public ::testing::WithParamInterface<int> {
+ protected:
+  void SetUp() override { host.platform_id = GetParam(); }
+};
+
+TEST_P(CopyOnBothPlatforms, Tree_IsCopiedWholeAndComplete) {
+  host.AddFile("C:\\src\\a", "1");
+  host.AddFile("C:\\src\\sub\\.b", "2");
+  EXPECT_EQ(Copy(), CopyEnd::kComplete);
+  EXPECT_EQ(host.Content("C:\\dst\\a"), "1");
+  EXPECT_EQ(host.Content("C:\\dst\\sub\\.b"), "2");
+}
+
+TEST_P(CopyOnBothPlatforms, Start_PaintsThePreparationAndShowsTheBar) {
+  host.AddFile("C:\\src\\a", "1");
+  main.BarSub_Step.visible = false;
+  std::vector<std::string> painted;
+  bool bar_seen = false;
+  main.LblSub_Step.Subscribe([&](forms::Control&, forms::Change change) {
+    if (change == forms::Change::kRepaint) painted.push_back(main.LblSub_Step.caption);
+    bar_seen = main.BarSub_Step.visible;
+  });
+  EXPECT_EQ(Copy(), CopyEnd::kComplete);
+  EXPECT_EQ(painted, (std::vector<std::string>{"Preparing for Copy", "Copying : a"}));
+  EXPECT_TRUE(bar_seen);
+}
+
+TEST_P(CopyOnBothPlatforms, End_PutsTheBarsVisibilityBack) {
+  host.AddFile("C:\\src\\a", "1");
+  for (const bool visible : {false, true}) {
+    main.BarSub_Step.visible = visible;
+    EXPECT_EQ(Copy(), CopyEnd::kComplete);
+    EXPECT_EQ(main.BarSub_Step.visible, visible);
+  }
+}
+
+TEST_P(CopyOnBothPlatforms, CancelDisabledBefore_IsEnabledAfterwards) {
+  host.AddFile("C:\\src\\a", "1");
+  main.CmdCancel.enabled = false;
+  EXPECT_EQ(Copy(), CopyEnd::kComplete);
+  EXPECT_TRUE(main.CmdCancel.enabled);
+}
+
+TEST_P(CopyOnBothPlatforms, BarsValueAtTheStart_IsNotReset) {
+  host.AddFileOfSize("C:\\src\\a", 10);
+  main.BarSub_Step.value = 10;
+  std::int64_t smallest = 10;
+  main.BarSub_Step.Subscribe(
+      [&](forms::Control&, forms::Change) { smallest = std::min(smallest, main.BarSub_Step.value.get()); });
+  EXPECT_EQ(Copy(), CopyEnd::kComplete);
+  EXPECT_EQ(smallest, 10);
+}
+
+TEST_P(CopyOnBothPlatforms, TreeOfTwoGigabytes_IsARuntimeFailureThatCopiesNothingAndIsNoted) {
+  host.AddFileOfSize("C:\\src\\a", std::numeric_limits<std::int32_t>::max());
+  host.AddFileOfSize("C:\\src\\b", 1);
+  EXPECT_EQ(Copy(), CopyEnd::kRuntimeFailure);
+  EXPECT_FALSE(host.Exists("C:\\dst"));
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(notes.all()[0].place, "C:\\src");
+}
+
+TEST_P(CopyOnBothPlatforms, MissingSource_FailsWithoutAMessageAndIsNoted) {
+  EXPECT_EQ(Copy(), CopyEnd::kFailed);
+  EXPECT_TRUE(user.messages.empty());
+  EXPECT_EQ(notes.all().size(), 1U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Platforms, CopyOnBothPlatforms, ::testing::Values(kWindows9x, kNtFamily),
+                         [](const auto& platform) { return platform.param == kWindows9x ? "Windows9x" : "NtFamily"; });
+
+TEST_F(CopyPathWithProgressTest, NtFamily_UsesThePlatformsFileCopy) {
+  host.AddFile("C:\\src\\a", "12345");
+  EXPECT_EQ(Copy(), CopyEnd::kComplete);
+  EXPECT_THAT(host.calls, ::testing::Contains("CopyFileWithProgress C:\\src\\a -> C:\\dst\\a"));
+  EXPECT_EQ(main.BarSub_Step.max, 5);
+}
+
+TEST_F(CopyPathWithProgressTest, Windows9x_MovesTheBytesItselfAndCountsDotNames) {
+  host.platform_id = kWindows9x;
+  host.AddFileOfSize("C:\\src\\a", 5);
+  host.AddFileOfSize("C:\\src\\.b", 7);
+  EXPECT_EQ(Copy(), CopyEnd::kComplete);
+  EXPECT_THAT(host.calls, ::testing::Contains("OpenBinary C:\\dst\\a"));
+  EXPECT_EQ(main.BarSub_Step.max, 12);
+}
+
+TEST_F(CopyPathWithProgressTest, EmptySourceOnWindows9x_IsComplete) {
+  host.platform_id = kWindows9x;
+  host.AddFolder("C:\\src");
+  EXPECT_EQ(Copy(), CopyEnd::kComplete);
+  EXPECT_TRUE(host.Exists("C:\\dst"));
+}
+
+TEST_F(CopyFolderTreeTest, TreeWithDotNamesAndEmptyFiles_IsCopiedWholeWithoutDisplay) {
+  host.AddFile("C:\\src\\empty", "");
+  host.AddFile("C:\\src\\.hidden", "1");
+  host.AddFile("C:\\src\\.folder\\sub\\b", "2");
+  host.AddFile("C:\\src\\z", "3");
+  EXPECT_TRUE(CopyFolderTree(notes, "C:\\src", "C:\\x\\dst"));
+  EXPECT_EQ(host.Content("C:\\x\\dst\\empty"), "");
+  EXPECT_EQ(host.Content("C:\\x\\dst\\.hidden"), "1");
+  EXPECT_EQ(host.Content("C:\\x\\dst\\.folder\\sub\\b"), "2");
+  EXPECT_EQ(host.Content("C:\\x\\dst\\z"), "3");
+  EXPECT_EQ(user.do_events_calls, 0);
+  EXPECT_TRUE(notes.all().empty());
+}
+
+TEST_F(CopyFolderTreeTest, EmptySource_MakesTheDestination) {
+  host.AddFolder("C:\\src");
+  EXPECT_TRUE(CopyFolderTree(notes, "C:\\src\\", "C:\\dst\\"));
+  EXPECT_TRUE(host.Exists("C:\\dst"));
+}
+
+TEST_F(CopyFolderTreeTest, FailedFile_StopsTheCopyWithOneNote) {
+  host.AddFile("C:\\src\\sub\\bad", "x");
+  host.AddFile("C:\\src\\z", "x");
+  host.FailOn("CopyFileWithProgress", "bad", host::ErrorClass::kAccessDenied, "Operation not permitted");
+  EXPECT_FALSE(CopyFolderTree(notes, "C:\\src", "C:\\dst"));
+  EXPECT_FALSE(host.Exists("C:\\dst\\z"));
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(notes.all()[0].place, "C:\\src\\sub\\bad");
+  EXPECT_THAT(notes.all()[0].cause, ::testing::HasSubstr("Permission denied (Operation not permitted)"));
+}
+
+TEST_F(CopyFolderTreeTest, MissingSource_FailsAndIsNoted) {
+  EXPECT_FALSE(CopyFolderTree(notes, "C:\\src", "C:\\dst"));
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(notes.all()[0].place, "C:\\src\\");
+}
+
+TEST_F(CopyFolderTreeTest, SpecialFile_IsNotedAndTheCopyGoesOn) {
+  host.AddSpecial("C:\\src\\pipe");
+  host.AddFile("C:\\src\\z", "x");
+  EXPECT_TRUE(CopyFolderTree(notes, "C:\\src", "C:\\dst"));
+  EXPECT_EQ(host.Content("C:\\dst\\z"), "x");
+  EXPECT_EQ(notes.all().size(), 1U);
+}
+
+TEST_F(CopyFolderTreeTest, LinkThatLoops_StopsTheCopyWithANote) {
+  host.AddLink("C:\\src\\loop", "C:\\src", true);
+  host.AddFile("C:\\src\\z", "x");
+  EXPECT_FALSE(CopyFolderTree(notes, "C:\\src", "C:\\dst"));
+  EXPECT_FALSE(host.Exists("C:\\dst\\z"));
+  EXPECT_EQ(notes.all().size(), 1U);
+}
+
+TEST_F(CopyFolderTreeTest, DestinationInsideTheSource_EndsAllTheSame) {
+  host.AddFile("C:\\src\\a", "x");
+  EXPECT_TRUE(CopyFolderTree(notes, "C:\\src", "C:\\src\\dst"));
+  EXPECT_FALSE(host.Exists("C:\\src\\dst\\dst"));
+}
+
+}  // namespace
+}  // namespace discwright::util

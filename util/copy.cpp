@@ -1,0 +1,74 @@
+// Copying folder trees: choosing the engine, the display that the engines share, and the copy without display.
+#include "util/copy.h"
+
+#include <algorithm>
+
+#include "util/copy_engines.h"
+#include "util/copy_entries.h"
+#include "util/paths.h"
+
+namespace discwright::util {
+
+namespace {
+
+CopyEnd CopyTreeCounted(CopyRun& run, std::string_view source, std::string_view destination) {
+  const std::optional<std::int32_t> total = FolderSizeByDir(run.context.user, source);
+  if (!total) return TreeTooLarge(run, source);
+  run.Progress.max = *total;
+  const bool complete = CopyTreeChunked(run, std::string(source), std::string(destination));
+  return complete ? CopyEnd::kComplete : CopyEnd::kFailed;
+}
+
+bool CopyPlainEntry(Notes& notes, EntryJudge& judge, const host::Entry& entry, const std::string& source,
+                    const std::string& destination) {
+  const Verdict verdict = judge.Judge(entry);
+  if (verdict != Verdict::kCopy) return verdict == Verdict::kSkip;
+  const std::string from = source + entry.name;
+  const std::string to = destination + entry.name;
+  if (entry.kind == host::EntryKind::kFolder) return CopyFolderTree(notes, from + "\\", to + "\\");
+  const host::Status status = host::CopyFileWithProgress(from, to, [](host::CopyEvent, std::int64_t) { return true; });
+  return CheckOrStopClassic(notes, status, from, "Could not be copied");
+}
+
+}  // namespace
+
+void ShowFileInHand(CopyRun& run, std::string_view name) {
+  run.LblMsg.caption = "Copying : " + std::string(name);
+  run.LblMsg.Refresh();
+}
+
+void ShowBytes(CopyRun& run, std::int64_t bytes) { run.Progress.value = std::min(bytes, run.Progress.max.get()); }
+
+CopyEnd TreeTooLarge(CopyRun& run, std::string_view source) {
+  run.context.notes.Add(std::string(source), "Nothing was copied: the files in this folder add up to 2 GB or more.");
+  return CopyEnd::kRuntimeFailure;
+}
+
+CopyEnd CopyPathWithProgress(Context& context, std::string_view source, std::string_view destination,
+                             forms::Label& LblMsg, forms::ProgressBar& Progress) {
+  LblMsg.caption = "Preparing for Copy";
+  LblMsg.Refresh();
+  const bool was_visible = Progress.visible;
+  Progress.visible = true;
+  // Stays enabled after the copy, whatever it was before.
+  context.main().CmdCancel.enabled = true;
+  CopyRun run{context, LblMsg, Progress};
+  const CopyEnd end =
+      IsWinNT() ? CopyTreeWithProgress(run, source, destination) : CopyTreeCounted(run, source, destination);
+  Progress.visible = was_visible;
+  return end;
+}
+
+bool CopyFolderTree(Notes& notes, std::string_view source, std::string_view destination) {
+  std::string from(source);
+  std::string to(destination);
+  AddBackslash(from);
+  AddBackslash(to);
+  host::Listing listing;
+  if (!EnterFolder(notes, from, to, listing)) return false;
+  EntryJudge judge(notes, from);
+  return std::all_of(listing.entries.begin(), listing.entries.end(),
+                     [&](const host::Entry& entry) { return CopyPlainEntry(notes, judge, entry, from, to); });
+}
+
+}  // namespace discwright::util

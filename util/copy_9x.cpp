@@ -1,0 +1,103 @@
+// The copy engine of Windows 95/98/Me: files are moved in pieces of 16384 bytes so that the bar moves within them.
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "util/copy_engines.h"
+#include "util/copy_entries.h"
+#include "util/paths.h"
+
+namespace discwright::util {
+
+namespace {
+
+constexpr std::int64_t kChunk = 16384;
+
+std::optional<std::int32_t> CountedSize(host::UserInterface& user, const std::string& folder,
+                                        const host::Entry& entry) {
+  if (entry.loops || entry.broken || entry.kind == host::EntryKind::kSpecial) return 0;
+  if (entry.kind == host::EntryKind::kFolder) return FolderSizeByDir(user, folder + entry.name + "\\");
+  std::int32_t size = 0;
+  return AddSize(size, entry.size) ? std::optional(size) : std::nullopt;
+}
+
+bool CopyEntry(CopyRun& run, EntryJudge& judge, const host::Entry& entry, const std::string& source,
+               const std::string& destination) {
+  const Verdict verdict = judge.Judge(entry);
+  if (verdict != Verdict::kCopy) return verdict == Verdict::kSkip;
+  const std::string from = source + entry.name;
+  const std::string to = destination + entry.name;
+  if (entry.kind == host::EntryKind::kFolder) return CopyTreeChunked(run, from + "\\", to + "\\");
+  ShowFileInHand(run, entry.name);
+  return CheckOrStopClassic(run.context.notes, CopyFileChunked(run, from, to), from, "Could not be copied");
+}
+
+// Positions count from 1, and the bar shows positions: each file adds one more than its length.
+host::Status CopyChunks(CopyRun& run, host::BinaryFile& from, host::BinaryFile& to, std::int64_t length) {
+  const std::int64_t start = run.Progress.value;
+  std::vector<std::byte> chunk(static_cast<std::size_t>(std::min(length, kChunk)));
+  std::int64_t position = 1;
+  bool rest = false;
+  while (!rest) {
+    const std::int64_t left = length + 1 - position;
+    rest = left < kChunk;
+    const std::span<std::byte> bytes(chunk.data(), static_cast<std::size_t>(std::min(left, kChunk)));
+    if (host::Status status = from.ReadAt(position - 1, bytes); !status.ok()) return status;
+    if (host::Status status = to.WriteAt(position - 1, bytes); !status.ok()) return status;
+    position += static_cast<std::int64_t>(bytes.size());
+    ShowBytes(run, start + position);
+  }
+  return host::Status::Success();
+}
+
+// Both files are closed again when it returns.
+host::Status CopyOpened(CopyRun& run, const std::string& source_file, const std::string& dest_file) {
+  host::Status status;
+  const std::unique_ptr<host::BinaryFile> from = host::OpenBinary(source_file, host::OpenMode::kRead, status);
+  if (!from) return status;
+  const std::unique_ptr<host::BinaryFile> to = host::OpenBinary(dest_file, host::OpenMode::kReadWrite, status);
+  if (!to) return status;
+  const std::int64_t length = from->Length();
+  if (length < 0) return host::Status::Failure(host::ErrorClass::kNotReady, "its length cannot be read");
+  return CopyChunks(run, *from, *to, length);
+}
+
+}  // namespace
+
+std::optional<std::int32_t> FolderSizeByDir(host::UserInterface& user, std::string_view folder) {
+  std::string path(folder);
+  AddBackslash(path);
+  std::int32_t total = 0;
+  for (const host::Entry& entry : host::ListFolder(path, "*.*").entries) {
+    const std::optional<std::int32_t> size = CountedSize(user, path, entry);
+    if (!size || !AddSize(total, *size)) return std::nullopt;
+    user.DoEvents(0);
+  }
+  return total;
+}
+
+bool CopyTreeChunked(CopyRun& run, std::string source, std::string destination) {
+  AddBackslash(source);
+  AddBackslash(destination);
+  host::Listing listing;
+  if (!EnterFolder(run.context.notes, source, destination, listing)) return false;
+  EntryJudge judge(run.context.notes, source);
+  for (const bool folders : {false, true}) {
+    for (const host::Entry& entry : listing.entries) {
+      if ((entry.kind == host::EntryKind::kFolder) != folders) continue;
+      if (!CopyEntry(run, judge, entry, source, destination)) return false;
+      if (folders) run.context.user.DoEvents(0);
+    }
+  }
+  return true;
+}
+
+host::Status CopyFileChunked(CopyRun& run, const std::string& source_file, const std::string& dest_file) {
+  const host::Status status = CopyOpened(run, source_file, dest_file);
+  run.context.user.DoEvents(0);
+  return status;
+}
+
+}  // namespace discwright::util

@@ -1,0 +1,118 @@
+// The copy engine of the NT family: the platform's own file copy, which calls back with the bytes moved so far.
+#include "util/copy_engines.h"
+#include "util/copy_entries.h"
+#include "util/paths.h"
+
+namespace discwright::util {
+
+std::int32_t copy_cancel_flag = 0;
+
+namespace {
+
+bool BeginsWithDot(const host::Entry& entry) { return entry.name.starts_with('.'); }
+
+// Of a size beyond 4 GB only the low half is looked at, as signed number.
+std::int32_t LowHalf(std::int64_t size) { return static_cast<std::int32_t>(static_cast<std::uint32_t>(size)); }
+
+std::optional<std::int32_t> CountedSize(const std::string& folder, const host::Entry& entry) {
+  if (BeginsWithDot(entry) || entry.loops || entry.broken || entry.kind == host::EntryKind::kSpecial) return 0;
+  if (entry.kind == host::EntryKind::kFolder) return FolderSizeByFind(folder + entry.name + "\\");
+  return LowHalf(entry.size);
+}
+
+// The count came to 0 without a message to the user; what is left out is noted all the same.
+void NoteNothingCopied(Notes& notes, std::string_view source) {
+  const host::Listing listing = host::ListFolder(source, "*.*");
+  if (notes.Check(listing.status, std::string(source), "Nothing was copied, the folder could not be listed") &&
+      !listing.entries.empty()) {
+    notes.Add(std::string(source), "Nothing was copied: the sizes of the files in this folder add up to 0 bytes.");
+  }
+}
+
+bool CopyShownFile(CopyRun& run, const std::string& name, const std::string& source_file,
+                   const std::string& dest_file) {
+  ShowFileInHand(run, name);
+  const host::Status status = CopyOneFile(run, source_file, dest_file);
+  if (copy_cancel_flag != 0) {
+    NoteStop(run.context.notes, source_file, "The copy was cancelled");
+    return false;
+  }
+  return CheckOrStop(run.context.notes, status, source_file, "Could not be copied");
+}
+
+bool CopyEntry(CopyRun& run, EntryJudge& judge, const host::Entry& entry, const std::string& source,
+               const std::string& destination) {
+  const bool folder = entry.kind == host::EntryKind::kFolder;
+  if (folder && BeginsWithDot(entry)) {
+    run.context.notes.Add(source + entry.name, "Not copied: a folder whose name begins with a dot is passed over.");
+    return true;
+  }
+  const Verdict verdict = judge.Judge(entry);
+  if (verdict != Verdict::kCopy) return verdict == Verdict::kSkip;
+  if (!folder) return CopyShownFile(run, entry.name, source + entry.name, destination + entry.name);
+  return CopyTreeByFind(run, source + entry.name + "\\", destination + entry.name + "\\");
+}
+
+}  // namespace
+
+std::optional<std::int32_t> FolderSizeByFind(std::string_view folder) {
+  std::string path(folder);
+  AddBackslash(path);
+  std::int32_t total = 0;
+  for (const host::Entry& entry : host::ListFolder(path, "*.*").entries) {
+    const std::optional<std::int32_t> size = CountedSize(path, entry);
+    if (!size || !AddSize(total, *size)) return std::nullopt;
+  }
+  return total;
+}
+
+CopyEnd CopyTreeWithProgress(CopyRun& run, std::string_view source, std::string_view destination) {
+  const std::optional<std::int32_t> total = FolderSizeByFind(source);
+  // A single file between 2 and 4 GB makes the sum negative, which no progress bar takes as its maximum.
+  if (!total || *total < 0) return TreeTooLarge(run, source);
+  if (*total == 0) {
+    NoteNothingCopied(run.context.notes, source);
+    return CopyEnd::kFailed;
+  }
+  run.Progress.max = *total;
+  copy_cancel_flag = 0;
+  const bool complete = CopyTreeByFind(run, std::string(source), std::string(destination));
+  return complete ? CopyEnd::kComplete : CopyEnd::kFailed;
+}
+
+bool CopyTreeByFind(CopyRun& run, std::string source, std::string destination) {
+  AddBackslash(source);
+  AddBackslash(destination);
+  const host::Listing listing = host::ListFolder(source, "*.*");
+  if (!CheckOrStop(run.context.notes, listing.status, source, "Could not be listed")) {
+    run.context.user.ShowMessage(
+        {"Source folder \"" + source + "\" not found.", "Vexa Discwright", host::MessageIcon::kNone});
+    return false;
+  }
+  // Not a reason to stop: the first file that has no place to go is.
+  run.context.notes.Check(host::MakeFolders(destination), destination, "Could not be created");
+  EntryJudge judge(run.context.notes, source);
+  for (const host::Entry& entry : listing.entries) {
+    if (!CopyEntry(run, judge, entry, source, destination)) return false;
+    run.context.user.DoEvents(0);
+  }
+  return true;
+}
+
+host::Status CopyOneFile(CopyRun& run, const std::string& source_file, const std::string& dest_file) {
+  return host::CopyFileWithProgress(source_file, dest_file, [&run](host::CopyEvent event, std::int64_t transferred) {
+    return CopyProgress(run, event, transferred) && copy_cancel_flag == 0;
+  });
+}
+
+bool CopyProgress(CopyRun& run, host::CopyEvent event, std::int64_t transferred) {
+  if (event == host::CopyEvent::kStreamSwitch) {
+    run.start_value = run.Progress.value;
+  } else {
+    ShowBytes(run, run.start_value + transferred);
+  }
+  run.context.user.DoEvents(0);
+  return true;
+}
+
+}  // namespace discwright::util
