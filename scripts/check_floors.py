@@ -1,0 +1,111 @@
+#!/usr/bin/env python3
+"""Checks that every file includes only rooms below its own, and that no files include one another in a circle."""
+
+import re
+
+import sources
+
+# From the ground up. Rooms of one floor do not include one another; every room includes itself.
+FLOORS = [["host", "forms"], ["util"], ["settings"], ["integration"], ["pipeline"], ["wizard"], ["desktop"], ["apps"]]
+# What stands beside the floors: each of these rooms includes itself and the rooms named here.
+BESIDE = {"tools": {"util", "host"}, "bench": {"util", "host", "forms"}, "boot": set()}
+TESTS = "tests"  # includes everything
+BACK_ROOMS = [("host", "posix"), ("host", "win32")]  # reached through the headers of host/ only
+
+INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
+
+
+def floor_of(room):
+    for number, rooms in enumerate(FLOORS):
+        if room in rooms:
+            return number
+    return None
+
+
+def is_known(room):
+    return room == TESTS or room in BESIDE or floor_of(room) is not None
+
+
+def room_allows(room, other):
+    """Whether files of top-level folder `room` may include files of top-level folder `other`."""
+    if room in (TESTS, other):
+        return True
+    if room in BESIDE:
+        return other in BESIDE[room]
+    return floor_of(other) is not None and floor_of(other) < floor_of(room)
+
+
+def objection(file, included):
+    """Why `file` must not include `included` (paths from the root), or None."""
+    room, other = file.parts[0], included.parts[0]
+    if not room_allows(room, other):
+        return f"{room} must not include {other}"
+    if room == "tools" and other == "tools" and file.parts[1] != included.parts[1]:
+        return f"tools/{file.parts[1]} must not include tools/{included.parts[1]}"
+    if room != TESTS and included.parts[:2] in BACK_ROOMS and included.parts[:2] != file.parts[:2]:
+        return f"{'/'.join(included.parts[:2])} is reached through the headers of host/ only"
+    return None
+
+
+def resolve(root, file, name):
+    """The included file, looked up from the includer's folder upwards; None when there is none below the root."""
+    for folder in (root / file).parents:
+        candidate = (folder / name).resolve()
+        if candidate.is_file() and candidate.is_relative_to(root):
+            return candidate.relative_to(root)
+        if folder == root:
+            return None
+    return None
+
+
+def includes_of(root, file):
+    """(line number, name as written, file or None) of every #include "..." of a file."""
+    text = sources.read_text(root / file)
+    for match in INCLUDE.finditer(text):
+        line = text.count("\n", 0, match.start(1)) + 1
+        yield line, match[1], resolve(root, file, match[1])
+
+
+def find_circle(graph):
+    """One circle of a {file: [files]} graph as a list whose first and last entry are the same; None without one."""
+    done = set()
+
+    def visit(file, way):
+        if file in way:
+            return way[way.index(file):] + [file]
+        if file in done:
+            return None
+        for included in graph.get(file, []):
+            circle = visit(included, way + [file])
+            if circle:
+                return circle
+        done.add(file)
+        return None
+
+    return next((circle for circle in (visit(file, []) for file in sorted(graph)) if circle), None)
+
+
+def check(root):
+    problems = []
+    graph = {}
+    for file in sources.cpp_files(root):
+        if not is_known(file.parts[0]):
+            problems.append(f"{file}: the folder {file.parts[0]} has no floor in scripts/check_floors.py")
+            continue
+        graph[file] = []
+        for line, name, included in includes_of(root, file):
+            if included is None:
+                problems.append(f'{file}:{line}: "{name}" names no file of the house')
+                continue
+            graph[file].append(included)
+            reason = objection(file, included)
+            if reason:
+                problems.append(f'{file}:{line}: "{name}": {reason}')
+    circle = find_circle(graph)
+    if circle:
+        problems.append("circle: " + " -> ".join(map(str, circle)))
+    return problems
+
+
+if __name__ == "__main__":
+    sources.run(check)
