@@ -22,4 +22,7 @@ std::vector<IniKey> IniSection(std::string_view text, std::string_view section);
 // The text with the key's value replaced in place, or key or section appended (CR LF). All else stays as it is.
 std::string WithIniValue(std::string_view text, std::string_view section, std::string_view key, std::string_view value);
 
+// The value as it can stand on a line: each CR, LF and NUL becomes a blank.
+std::string OneLine(std::string_view value);
+
 }  // namespace discwright::util

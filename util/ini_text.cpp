@@ -1,0 +1,123 @@
+// Reading and changing keys of INI text.
+#include "util/ini_text.h"
+
+#include <algorithm>
+
+#include "host/system.h"
+#include "util/paths.h"
+
+namespace discwright::util {
+
+namespace {
+
+using Lines = std::vector<std::string_view>;  // each with its line end
+
+constexpr std::string_view kBlanks = " \t";
+constexpr std::string_view kLineEnd = "\r\n";
+
+struct KeyParts {
+  std::string_view key;
+  std::string_view value;  // with its quotes
+};
+
+// A part of `text` even when nothing is left, so that its place in a whole text can be told.
+std::string_view TrimBlanks(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  if (first == std::string_view::npos) return text.substr(text.size());
+  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+Lines SplitLines(std::string_view text) {
+  Lines lines;
+  while (!text.empty()) {
+    const std::size_t end = text.find('\n');
+    lines.push_back(text.substr(0, end == std::string_view::npos ? end : end + 1));
+    text.remove_prefix(lines.back().size());
+  }
+  return lines;
+}
+
+std::string_view WithoutLineEnd(std::string_view line) { return line.substr(0, line.find_last_not_of(kLineEnd) + 1); }
+
+std::optional<std::string_view> SectionName(std::string_view line) {
+  const std::string_view content = TrimBlanks(WithoutLineEnd(line));
+  const std::size_t end = content.find(']');
+  if (!content.starts_with('[') || end == std::string_view::npos) return std::nullopt;
+  return TrimBlanks(content.substr(1, end - 1));
+}
+
+std::optional<KeyParts> ParseKey(std::string_view line) {
+  const std::string_view content = WithoutLineEnd(line);
+  const std::size_t equals = content.find('=');
+  if (equals == std::string_view::npos || TrimBlanks(content).starts_with(';')) return std::nullopt;
+  return KeyParts{TrimBlanks(content.substr(0, equals)), TrimBlanks(content.substr(equals + 1))};
+}
+
+bool SameName(std::string_view a, std::string_view b) { return host::FoldCase(a) == host::FoldCase(b); }
+
+Lines::const_iterator FindSection(const Lines& lines, std::string_view section) {
+  return std::find_if(lines.begin(), lines.end(), [&](std::string_view line) {
+    const std::optional<std::string_view> name = SectionName(line);
+    return name && SameName(*name, section);
+  });
+}
+
+// The line after the last one of the section whose header is given.
+Lines::const_iterator SectionEnd(const Lines& lines, Lines::const_iterator header) {
+  return std::find_if(header + 1, lines.end(), [](std::string_view line) { return SectionName(line).has_value(); });
+}
+
+std::string WithInsertedAt(std::string_view text, std::size_t position, std::string_view lines) {
+  std::string result(text.substr(0, position));
+  if (!result.empty() && !result.ends_with('\n')) result += kLineEnd;
+  return result.append(lines).append(text.substr(position));
+}
+
+}  // namespace
+
+std::optional<std::string> FindIniValue(std::string_view text, std::string_view section, std::string_view key) {
+  const std::vector<IniKey> keys = IniSection(text, section);
+  const auto found = std::find_if(keys.begin(), keys.end(), [&](const IniKey& ini) { return SameName(ini.key, key); });
+  return found == keys.end() ? std::nullopt : std::optional(found->value);
+}
+
+std::vector<IniKey> IniSection(std::string_view text, std::string_view section) {
+  std::vector<IniKey> keys;
+  const Lines lines = SplitLines(text);
+  const auto header = FindSection(lines, section);
+  if (header == lines.end()) return keys;
+  std::for_each(header + 1, SectionEnd(lines, header), [&](std::string_view line) {
+    const std::optional<KeyParts> parts = ParseKey(line);
+    if (parts) keys.push_back({std::string(parts->key), StripQuotes(parts->value)});
+  });
+  return keys;
+}
+
+std::string WithIniValue(std::string_view text, std::string_view section, std::string_view key,
+                         std::string_view value) {
+  const Lines lines = SplitLines(text);
+  const std::string new_line = std::string(key).append("=").append(OneLine(value)).append(kLineEnd);
+  const auto header = FindSection(lines, section);
+  if (header == lines.end()) {
+    return WithInsertedAt(text, text.size(), std::string("[").append(section).append("]\r\n").append(new_line));
+  }
+  auto end = SectionEnd(lines, header);
+  for (auto line = header + 1; line != end; ++line) {
+    const std::optional<KeyParts> parts = ParseKey(*line);
+    if (!parts || !SameName(parts->key, key)) continue;
+    const auto position = static_cast<std::size_t>(parts->value.data() - text.data());
+    return std::string(text).replace(position, parts->value.size(), OneLine(value));
+  }
+  while (TrimBlanks(WithoutLineEnd(*(end - 1))).empty()) --end;  // ends at the header, which is not blank
+  const std::string_view last = *(end - 1);
+  return WithInsertedAt(text, static_cast<std::size_t>(last.data() - text.data()) + last.size(), new_line);
+}
+
+std::string OneLine(std::string_view value) {
+  std::string line(value);
+  std::replace_if(
+      line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n' || c == '\0'; }, ' ');
+  return line;
+}
+
+}  // namespace discwright::util
