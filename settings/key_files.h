@@ -6,6 +6,9 @@ namespace discwright::settings {
 inline constexpr const char* kWorkingKeyFile = "\\keyfile2.txt";  // below the program folder
 inline constexpr const char* kBuildKeyFile = "\\keyfile.txt";
 
+inline constexpr const char* kWin9xSection = "Win9xInfo";  // in both files
+inline constexpr const char* kWin2KSection = "Win2KInfo";
+
 // Copies the chosen sections from the working store to the build copy; nothing without a working store.
 // OptimizedFor is not copied: that is meant.
 void FillKeyFile(bool AddInfo_toWin9xSetup, bool AddInfo_toWin2KSetup);

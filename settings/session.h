@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "util/context.h"
 
@@ -15,7 +14,8 @@ std::string SessionFile();
 // refreshes "keyfile2.txt". Values that were cut at 99 characters are noted.
 void ReadVexaCDINI(util::Context& context, const std::string& file_name);
 
-// Rewrites the session file from the controls as a whole; a failure is noted and leaves the old file as it was.
+// Rewrites the session file from the controls as a whole, loading dialogs that are not loaded yet; a failure is noted
+// and leaves the old file as it was.
 void WriteVexaCDINI(util::Context& context);
 
 }  // namespace discwright::settings

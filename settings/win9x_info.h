@@ -7,7 +7,8 @@
 
 namespace discwright::settings {
 
-// Fills the fields as the dialog does when it is loaded: from a key file of the program folder, or not at all.
+// Loads the dialog: fills the fields from a key file of the program folder, or not at all. Happens once per run; a
+// dialog that is loaded already stays as it is.
 void LoadWin9xInfo(forms::FrmWin9xInfo& dialog);
 
 // Fills the fields from section "Win9xInfo" of the file; nothing when there is no such file.

@@ -1,0 +1,61 @@
+// INIFile: each call reads or rewrites the whole file.
+#include "settings/ini_file.h"
+
+#include <charconv>
+#include <limits>
+
+#include "host/files.h"
+#include "util/ini_text.h"
+#include "util/paths.h"
+#include "util/text_encoding.h"
+
+namespace discwright::settings {
+
+namespace {
+
+// The system's profile reader got a buffer of 100 characters, one of them for the end.
+constexpr std::size_t kLongestValue = 99;
+
+std::string Cut(std::string_view value) { return util::Trim(util::FirstCharacters(value, kLongestValue)); }
+
+}  // namespace
+
+void INIFile::CreateIni(std::string_view folder, std::string_view file_name) {
+  while (folder.ends_with('\\')) folder.remove_suffix(1);
+  while (file_name.starts_with('\\')) file_name.remove_prefix(1);
+  FileName = std::string(folder).append("\\").append(file_name);
+}
+
+void INIFile::SetINIKey(std::string_view section, std::string_view key, std::string_view value) const {
+  std::string bytes;
+  const host::Status status = host::ReadWholeFile(FileName, bytes);
+  // A file that is there but cannot be read must not be replaced by one key.
+  if (!status.ok() && status.error != host::ErrorClass::kNotFound) return;
+  host::WriteWholeFile(FileName, util::EncodeText(util::WithIniValue(util::DecodeText(bytes), section, key, value)));
+}
+
+std::string INIFile::GetINIKey(std::string_view section, std::string_view key) const {
+  return Cut(WholeValue(section, key));
+}
+
+bool INIFile::IsCut(std::string_view section, std::string_view key) const {
+  const std::string value = WholeValue(section, key);
+  return util::Trim(value) != Cut(value);
+}
+
+std::string INIFile::WholeValue(std::string_view section, std::string_view key) const {
+  std::string bytes;
+  if (!host::ReadWholeFile(FileName, bytes).ok()) return "";
+  return util::FindIniValue(util::DecodeText(bytes), section, key).value_or("");
+}
+
+int WholeNumber(std::string_view value) {
+  std::string text = util::Trim(value);
+  if (text.starts_with('+') && !text.starts_with("+-")) text.erase(0, 1);
+  int number = 0;
+  const std::from_chars_result result = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (result.ec != std::errc::result_out_of_range) return number;
+  return text.starts_with('-') ? std::numeric_limits<int>::min() : std::numeric_limits<int>::max();
+}
+
+}  // namespace discwright::settings

@@ -1,0 +1,25 @@
+// Copying installation details from the working store to the build copy.
+#include "settings/key_files.h"
+
+#include <initializer_list>
+
+#include "host/system.h"
+#include "settings/ini_file.h"
+#include "util/paths.h"
+
+namespace discwright::settings {
+
+void FillKeyFile(bool AddInfo_toWin9xSetup, bool AddInfo_toWin2KSetup) {
+  const INIFile target(host::ProgramFolder() + kBuildKeyFile);
+  const INIFile source(host::ProgramFolder() + kWorkingKeyFile);
+  if (!util::FileExists(source.FileName)) return;
+  const auto copy = [&](const char* section, std::initializer_list<const char*> keys) {
+    for (const char* key : keys) target.SetINIKey(section, key, source.GetINIKey(section, key));
+  };
+  if (AddInfo_toWin9xSetup) copy(kWin9xSection, {"OwnerName", "Organization", "ComputerName", "Workgroup"});
+  if (AddInfo_toWin2KSetup) {
+    copy(kWin2KSection, {"TemplateFile", "OwnerName", "Organization", "ComputerName", "Workgroup", "JoinDomain"});
+  }
+}
+
+}  // namespace discwright::settings

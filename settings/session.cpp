@@ -1,0 +1,100 @@
+// Reading and writing the session settings file.
+#include "settings/session.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "host/files.h"
+#include "host/system.h"
+#include "settings/ini_file.h"
+#include "settings/session_table.h"
+#include "settings/win2k_info.h"
+#include "settings/win9x_info.h"
+#include "util/ini_text.h"
+#include "util/paths.h"
+#include "util/text_encoding.h"
+
+namespace discwright::settings {
+
+namespace {
+
+// Touching a control of a dialog loads it.
+void LoadDialogs(forms::Windows& windows) {
+  LoadWin2KInfo(windows.win2k_info);
+  LoadWin9xInfo(windows.win9x_info);
+}
+
+// The file's order, but for the choice of the domain, which is read before its name.
+std::vector<SessionKey> KeysAsRead() {
+  std::vector<SessionKey> keys = SessionKeys();
+  const auto join_domain = std::find_if(
+      keys.begin(), keys.end(), [](const SessionKey& key) { return key.line->encoding == ValueEncoding::kJoinDomain; });
+  std::iter_swap(join_domain - 1, join_domain);
+  return keys;
+}
+
+// The writer stores a word, which is no number: every saved session comes back with the workgroup chosen, only a
+// number entered by hand chooses the domain. That is meant.
+void ReadJoinDomain(forms::FrmWin2KInfo& dialog, std::string_view value) {
+  const int number = WholeNumber(value);
+  dialog.OptJoinWorkgroup.value = number == 0;
+  dialog.OptJoinDomain.value = number != 0;
+}
+
+void ReadValue(forms::Windows& windows, const SessionLine& line, const std::string& value) {
+  if (line.check_box != nullptr) line.check_box(windows).value = WholeNumber(value);
+  if (line.text_box != nullptr) line.text_box(windows).text = value;
+  if (line.encoding == ValueEncoding::kJoinDomain) ReadJoinDomain(windows.win2k_info, value);
+}
+
+std::string ValueAsWritten(forms::Windows& windows, const SessionLine& line) {
+  switch (line.encoding) {
+    case ValueEncoding::kCheckBox:
+      return std::to_string(line.check_box(windows).value);
+    case ValueEncoding::kQuotedCheckBox:
+      return util::Quoted(std::to_string(line.check_box(windows).value));
+    case ValueEncoding::kText:
+      return util::Trim(util::OneLine(line.text_box(windows).text.get()));
+    case ValueEncoding::kQuotedText:
+      return util::Quoted(util::OneLine(line.text_box(windows).text.get()));
+    case ValueEncoding::kJoinDomain:
+      return util::Quoted(windows.win2k_info.OptJoinDomain.value ? "True" : "False");
+    case ValueEncoding::kNone:
+      break;
+  }
+  return "";
+}
+
+}  // namespace
+
+std::string SessionFile() { return host::ProgramFolder() + "\\vexacd.ini"; }
+
+void ReadVexaCDINI(util::Context& context, const std::string& file_name) {
+  forms::FrmDiscwright& main = context.main();
+  LoadDialogs(context.windows);
+  const INIFile ini(file_name);
+  for (const SessionKey& key : KeysAsRead()) {
+    ReadValue(context.windows, *key.line, ini.GetINIKey(key.section, key.key));
+    if (ini.IsCut(key.section, key.key)) {
+      context.notes.Add(file_name, "The value of " + std::string(key.key) + " in section " + std::string(key.section) +
+                                       " is longer than 99 characters; the rest is ignored.");
+    }
+  }
+  if (main.TxtSP_exe.text.get().empty()) main.ChkSlipstream.value = 0;
+  FillSetupDataToKeyFile(context.windows.win9x_info);
+}
+
+void WriteVexaCDINI(util::Context& context) {
+  forms::FrmDiscwright& main = context.main();
+  LoadDialogs(context.windows);
+  if (!main.ChkSlipstream.checked()) main.TxtSP_exe.text = "";  // no stale service pack in the next session
+  std::string text;
+  for (const SessionLine& line : kSessionLines) {
+    text.append(line.literal).append(ValueAsWritten(context.windows, line)).append("\r\n");
+  }
+  const std::string file_name = SessionFile();
+  context.notes.Check(host::WriteWholeFile(file_name, util::EncodeText(text)), file_name,
+                      "The settings could not be saved");
+}
+
+}  // namespace discwright::settings

@@ -1,0 +1,79 @@
+// Tests of copying installation details to the build copy.
+#include "settings/key_files.h"
+
+#include <gtest/gtest.h>
+
+#include "settings/ini_file.h"
+#include "tests/support/fake_host.h"
+
+namespace discwright::settings {
+namespace {
+
+const std::string kWorking = "C:\\Discwright\\keyfile2.txt";
+const std::string kBuild = "C:\\Discwright\\keyfile.txt";
+
+const std::string kWin9xKeys =
+    "[Win9xInfo]\r\nOwnerName=Owner 9\r\nOrganization=Org 9\r\nOptimizedFor=Microsoft Windows 98\r\n"
+    "ComputerName=PC9\r\nWorkgroup=GROUP9\r\n";
+const std::string kWin2KKeys =
+    "[Win2KInfo]\r\nTemplateFile=c:\\u.txt\r\nOwnerName=Owner 2\r\nOrganization=Org 2\r\nComputerName=PC2\r\n"
+    "Workgroup=GROUP2\r\nJoinDomain=True\r\n";
+const std::string kWin9xCopied =
+    "[Win9xInfo]\r\nOwnerName=Owner 9\r\nOrganization=Org 9\r\nComputerName=PC9\r\nWorkgroup=GROUP9\r\n";
+
+class FillKeyFileTest : public ::testing::Test {
+ protected:
+  testing::FakeHost host;
+};
+
+TEST_F(FillKeyFileTest, NoDialogEverConfirmed_CreatesNoBuildCopy) {
+  FillKeyFile(true, true);
+  EXPECT_TRUE(host.Files().empty());
+}
+
+TEST_F(FillKeyFileTest, BothSections_AreCopiedInOrderWithoutOptimizedFor) {
+  host.AddFile(kWorking, kWin9xKeys + kWin2KKeys);
+  FillKeyFile(true, true);
+  EXPECT_EQ(host.Content(kBuild), kWin9xCopied + kWin2KKeys);
+}
+
+TEST_F(FillKeyFileTest, OneSectionChosen_CopiesThatOneOnly) {
+  host.AddFile(kWorking, kWin9xKeys + kWin2KKeys);
+  FillKeyFile(false, true);
+  EXPECT_EQ(host.Content(kBuild), kWin2KKeys);
+  host::RemoveFile(kBuild);
+  FillKeyFile(true, false);
+  EXPECT_EQ(host.Content(kBuild), kWin9xCopied);
+}
+
+TEST_F(FillKeyFileTest, NoSectionChosen_CreatesNoBuildCopy) {
+  host.AddFile(kWorking, kWin9xKeys);
+  FillKeyFile(false, false);
+  EXPECT_FALSE(host.Exists(kBuild));
+}
+
+TEST_F(FillKeyFileTest, OptimizedForOfAnExistingBuildCopy_StaysAsItWas) {
+  host.AddFile(kWorking, kWin9xKeys);
+  host.AddFile(kBuild, "[Win9xInfo]\r\nOptimizedFor=Microsoft Windows Millennium\r\n[Mine]\r\nx=1\r\n");
+  FillKeyFile(true, false);
+  const INIFile build(kBuild);
+  EXPECT_EQ(build.GetINIKey("Win9xInfo", "OptimizedFor"), "Microsoft Windows Millennium");
+  EXPECT_EQ(build.GetINIKey("Win9xInfo", "OwnerName"), "Owner 9");
+  EXPECT_EQ(build.GetINIKey("Mine", "x"), "1");
+}
+
+TEST_F(FillKeyFileTest, ValueLongerThan99Characters_ArrivesCut) {
+  host.AddFile(kWorking, "[Win9xInfo]\r\nOwnerName=" + std::string(120, 'x') + "\r\n");
+  FillKeyFile(true, false);
+  EXPECT_NE(host.Content(kBuild).find("OwnerName=" + std::string(99, 'x') + "\r\n"), std::string::npos);
+}
+
+TEST_F(FillKeyFileTest, MissingKeys_EmptyThoseOfTheBuildCopy) {
+  host.AddFile(kWorking, "");
+  host.AddFile(kBuild, kWin9xCopied);
+  FillKeyFile(true, false);
+  EXPECT_EQ(host.Content(kBuild), "[Win9xInfo]\r\nOwnerName=\r\nOrganization=\r\nComputerName=\r\nWorkgroup=\r\n");
+}
+
+}  // namespace
+}  // namespace discwright::settings

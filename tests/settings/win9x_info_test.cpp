@@ -1,0 +1,110 @@
+// Tests of the Windows 98/Me installation info dialog's fields.
+#include "settings/win9x_info.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/fake_host.h"
+
+namespace discwright::settings {
+namespace {
+
+const std::string kKeys =
+    "[Win9xInfo]\r\nOwnerName=Ann\r\nOrganization=Acme\r\nOptimizedFor=Microsoft Windows Millennium\r\n"
+    "ComputerName=PC\r\nWorkgroup=GROUP\r\n";
+
+class Win9xInfoTest : public ::testing::Test {
+ protected:
+  testing::FakeHost host;
+  forms::FrmWin9xInfo dialog;
+
+  void ExpectDefaults() {
+    EXPECT_EQ(dialog.TxtOwner.text.get(), "VexaUser");
+    EXPECT_EQ(dialog.TxtOrg.text.get(), "KORVANE LTD.");
+    EXPECT_EQ(dialog.TxtPCName.text.get(), "");
+    EXPECT_EQ(dialog.TxtWorkgroup.text.get(), "KORVANE_LTD");
+    EXPECT_EQ(dialog.TxtOSType.text.get(), "Microsoft Windows 98");
+  }
+};
+
+TEST_F(Win9xInfoTest, LoadWithoutKeyFiles_KeepsTheDefaults) {
+  LoadWin9xInfo(dialog);
+  ExpectDefaults();
+}
+
+TEST_F(Win9xInfoTest, LoadWithWorkingKeyFile_ReadsTheBareNameInTheCurrentFolder) {
+  host.AddFile("C:\\Discwright\\keyfile2.txt", "[Win9xInfo]\r\nOwnerName=not this one\r\n");
+  host.AddFile("C:\\Current\\keyfile2.txt", kKeys);
+  LoadWin9xInfo(dialog);
+  EXPECT_EQ(dialog.TxtOwner.text.get(), "Ann");
+  EXPECT_EQ(dialog.TxtOrg.text.get(), "Acme");
+  EXPECT_EQ(dialog.TxtOSType.text.get(), "Microsoft Windows Millennium");
+  EXPECT_EQ(dialog.TxtPCName.text.get(), "PC");
+  EXPECT_EQ(dialog.TxtWorkgroup.text.get(), "GROUP");
+}
+
+TEST_F(Win9xInfoTest, LoadWithKeyFilesInTheProgramFolderOnly_KeepsTheDefaults) {
+  host.AddFile("C:\\Discwright\\keyfile2.txt", kKeys);
+  host.AddFile("C:\\Discwright\\keyfile.txt", kKeys);
+  LoadWin9xInfo(dialog);
+  ExpectDefaults();
+}
+
+TEST_F(Win9xInfoTest, LoadWithKeyFilesInTheCurrentFolderOnly_KeepsTheDefaults) {
+  host.AddFile("C:\\Current\\keyfile2.txt", kKeys);
+  LoadWin9xInfo(dialog);
+  ExpectDefaults();
+}
+
+TEST_F(Win9xInfoTest, LoadInTheProgramFolder_PrefersTheWorkingKeyFile) {
+  host.current_folder = host.program_folder;
+  host.AddFile("C:\\Discwright\\keyfile2.txt", "[Win9xInfo]\r\nOwnerName=working\r\n");
+  host.AddFile("C:\\Discwright\\keyfile.txt", "[Win9xInfo]\r\nOwnerName=build\r\n");
+  LoadWin9xInfo(dialog);
+  EXPECT_EQ(dialog.TxtOwner.text.get(), "working");
+}
+
+TEST_F(Win9xInfoTest, LoadWithBuildCopyOnly_ReadsTheBareNameInTheCurrentFolder) {
+  host.AddFile("C:\\Discwright\\keyfile.txt", "[Win9xInfo]\r\nOwnerName=not this one\r\n");
+  host.AddFile("C:\\Current\\keyfile.txt", "[Win9xInfo]\r\nOwnerName=build\r\n");
+  LoadWin9xInfo(dialog);
+  EXPECT_EQ(dialog.TxtOwner.text.get(), "build");
+}
+
+TEST_F(Win9xInfoTest, SecondLoad_ChangesNothing) {
+  LoadWin9xInfo(dialog);
+  host.current_folder = host.program_folder;
+  host.AddFile("C:\\Discwright\\keyfile2.txt", kKeys);
+  LoadWin9xInfo(dialog);
+  ExpectDefaults();
+}
+
+TEST_F(Win9xInfoTest, FillFromMissingKeyFile_ChangesNothing) {
+  FillSetupDataFromKeyFile(dialog, "C:\\none.txt");
+  ExpectDefaults();
+}
+
+TEST_F(Win9xInfoTest, FillFromKeyFileWithoutTheKeys_EmptiesTheFields) {
+  host.AddFile("C:\\keys.txt", "[Win2KInfo]\r\nOwnerName=Ann\r\n");
+  FillSetupDataFromKeyFile(dialog, "C:\\keys.txt");
+  for (const forms::TextBox* box :
+       {&dialog.TxtOwner, &dialog.TxtOrg, &dialog.TxtOSType, &dialog.TxtPCName, &dialog.TxtWorkgroup}) {
+    EXPECT_EQ(box->text.get(), "") << box->name();
+  }
+}
+
+TEST_F(Win9xInfoTest, FillToKeyFile_WritesTheSectionInOrder) {
+  dialog.TxtPCName.text = "PC";
+  FillSetupDataToKeyFile(dialog);
+  EXPECT_EQ(host.Content("C:\\Discwright\\keyfile2.txt"),
+            "[Win9xInfo]\r\nOwnerName=VexaUser\r\nOrganization=KORVANE LTD.\r\nOptimizedFor=Microsoft Windows 98\r\n"
+            "ComputerName=PC\r\nWorkgroup=KORVANE_LTD\r\n");
+}
+
+TEST_F(Win9xInfoTest, FillToExistingKeyFile_KeepsTheOtherSection) {
+  host.AddFile("C:\\Discwright\\keyfile2.txt", "[Win2KInfo]\r\nOwnerName=Bob\r\n");
+  FillSetupDataToKeyFile(dialog);
+  EXPECT_TRUE(host.Content("C:\\Discwright\\keyfile2.txt").starts_with("[Win2KInfo]\r\nOwnerName=Bob\r\n[Win9xInfo]"));
+}
+
+}  // namespace
+}  // namespace discwright::settings
