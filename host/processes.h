@@ -34,7 +34,8 @@ class Launcher {
   // an existing file, with or without ".exe"; a ".bat" is run by the system's shell. Called once.
   virtual Status Start(std::string_view command_line) = 0;
 
-  // Hands what has arrived to the two functions below, in order, the end once and last.
+  // Hands what has arrived to the two functions below, in order, the end once and last. Either may destroy the
+  // launcher.
   virtual void Deliver() = 0;
 
   virtual ProcessEnd End() const = 0;  // how it ended; valid once process_ended was called

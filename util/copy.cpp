@@ -27,7 +27,7 @@ bool CopyPlainEntry(Notes& notes, EntryJudge& judge, const host::Entry& entry, c
   const std::string to = destination + entry.name;
   if (entry.kind == host::EntryKind::kFolder) return CopyFolderTree(notes, from + "\\", to + "\\");
   const host::Status status = host::CopyFileWithProgress(from, to, [](host::CopyEvent, std::int64_t) { return true; });
-  return CheckOrStopClassic(notes, status, from, "Could not be copied");
+  return CheckOrStopClassic(notes, status, from, "could not be copied");
 }
 
 }  // namespace
@@ -40,7 +40,7 @@ void ShowFileInHand(CopyRun& run, std::string_view name) {
 void ShowBytes(CopyRun& run, std::int64_t bytes) { run.Progress.value = std::min(bytes, run.Progress.max.get()); }
 
 CopyEnd TreeTooLarge(CopyRun& run, std::string_view source) {
-  run.context.notes.Add(std::string(source), "Nothing was copied: the files in this folder add up to 2 GB or more.");
+  run.context.notes.Add(std::string(source), "nothing was copied, the files in this folder add up to 2 GB or more");
   return CopyEnd::kRuntimeFailure;
 }
 

@@ -31,7 +31,7 @@ bool CopyEntry(CopyRun& run, EntryJudge& judge, const host::Entry& entry, const 
   const std::string to = destination + entry.name;
   if (entry.kind == host::EntryKind::kFolder) return CopyTreeChunked(run, from + "\\", to + "\\");
   ShowFileInHand(run, entry.name);
-  return CheckOrStopClassic(run.context.notes, CopyFileChunked(run, from, to), from, "Could not be copied");
+  return CheckOrStopClassic(run.context.notes, CopyFileChunked(run, from, to), from, "could not be copied");
 }
 
 // Positions count from 1, and the bar shows positions: each file adds one more than its length.
@@ -95,7 +95,7 @@ bool CopyTreeChunked(CopyRun& run, std::string source, std::string destination) 
 }
 
 host::Status CopyFileChunked(CopyRun& run, const std::string& source_file, const std::string& dest_file) {
-  const host::Status status = CopyOpened(run, source_file, dest_file);
+  host::Status status = CopyOpened(run, source_file, dest_file);
   run.context.user.DoEvents(0);
   return status;
 }

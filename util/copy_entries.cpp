@@ -37,8 +37,9 @@ std::string_view FailureText(host::ErrorClass error) {
 }
 
 void NoteStop(Notes& notes, const std::string& place, std::string_view cause) {
-  notes.Add(place, std::string(cause) +
-                       ". The copy stopped here: the rest of this folder and of the folders above it was not copied.");
+  notes.Add(place,
+            std::string(cause) +
+                "; the copy stopped here, and the rest of this folder and of the folders above it was not copied");
 }
 
 bool CheckOrStop(Notes& notes, const host::Status& status, const std::string& place, const std::string& what) {
@@ -60,13 +61,13 @@ Verdict EntryJudge::Stop(const host::Entry& entry, std::string_view cause) {
 
 Verdict EntryJudge::Judge(const host::Entry& entry) {
   if (entry.kind == host::EntryKind::kSpecial) {
-    notes_.Add(source_ + entry.name, "Not copied: it is a device, a socket or a pipe.");
+    notes_.Add(source_ + entry.name, "not copied, it is a device, a socket or a pipe");
     return Verdict::kSkip;
   }
-  if (entry.loops) return Stop(entry, "Not copied: it is a link back to one of its own parent folders");
-  if (entry.broken) return Stop(entry, "Could not be copied: it is a link whose target is missing");
+  if (entry.loops) return Stop(entry, "not copied, it is a link back to one of its own parent folders");
+  if (entry.broken) return Stop(entry, "could not be copied, it is a link whose target is missing");
   if (!taken_.insert(host::FoldCase(entry.name)).second) {
-    return Stop(entry, "Could not be copied: another name in this folder differs from it only in letter case");
+    return Stop(entry, "could not be copied, another name in this folder differs from it only in letter case");
   }
   return Verdict::kCopy;
 }
@@ -74,8 +75,8 @@ Verdict EntryJudge::Judge(const host::Entry& entry) {
 bool EnterFolder(Notes& notes, const std::string& source, const std::string& destination, host::Listing& listing) {
   // Listed first: a destination that is made inside the source must not be copied into itself without end.
   listing = host::ListFolder(source, "*.*");
-  return CheckOrStopClassic(notes, host::MakeFolders(destination), destination, "Could not be created") &&
-         CheckOrStopClassic(notes, listing.status, source, "Could not be listed");
+  return CheckOrStopClassic(notes, host::MakeFolders(destination), destination, "could not be created") &&
+         CheckOrStopClassic(notes, listing.status, source, "could not be listed");
 }
 
 bool AddSize(std::int32_t& sum, std::int64_t size) {

@@ -23,9 +23,9 @@ std::optional<std::int32_t> CountedSize(const std::string& folder, const host::E
 // The count came to 0 without a message to the user; what is left out is noted all the same.
 void NoteNothingCopied(Notes& notes, std::string_view source) {
   const host::Listing listing = host::ListFolder(source, "*.*");
-  if (notes.Check(listing.status, std::string(source), "Nothing was copied, the folder could not be listed") &&
+  if (notes.Check(listing.status, std::string(source), "nothing was copied, the folder could not be listed") &&
       !listing.entries.empty()) {
-    notes.Add(std::string(source), "Nothing was copied: the sizes of the files in this folder add up to 0 bytes.");
+    notes.Add(std::string(source), "nothing was copied, the sizes of the files in this folder add up to 0 bytes");
   }
 }
 
@@ -34,17 +34,17 @@ bool CopyShownFile(CopyRun& run, const std::string& name, const std::string& sou
   ShowFileInHand(run, name);
   const host::Status status = CopyOneFile(run, source_file, dest_file);
   if (copy_cancel_flag != 0) {
-    NoteStop(run.context.notes, source_file, "The copy was cancelled");
+    NoteStop(run.context.notes, source_file, "the copy was cancelled");
     return false;
   }
-  return CheckOrStop(run.context.notes, status, source_file, "Could not be copied");
+  return CheckOrStop(run.context.notes, status, source_file, "could not be copied");
 }
 
 bool CopyEntry(CopyRun& run, EntryJudge& judge, const host::Entry& entry, const std::string& source,
                const std::string& destination) {
   const bool folder = entry.kind == host::EntryKind::kFolder;
   if (folder && BeginsWithDot(entry)) {
-    run.context.notes.Add(source + entry.name, "Not copied: a folder whose name begins with a dot is passed over.");
+    run.context.notes.Add(source + entry.name, "not copied, a folder whose name begins with a dot is passed over");
     return true;
   }
   const Verdict verdict = judge.Judge(entry);
@@ -84,13 +84,13 @@ bool CopyTreeByFind(CopyRun& run, std::string source, std::string destination) {
   AddBackslash(source);
   AddBackslash(destination);
   const host::Listing listing = host::ListFolder(source, "*.*");
-  if (!CheckOrStop(run.context.notes, listing.status, source, "Could not be listed")) {
+  if (!CheckOrStop(run.context.notes, listing.status, source, "could not be listed")) {
     run.context.user.ShowMessage(
         {"Source folder \"" + source + "\" not found.", "Vexa Discwright", host::MessageIcon::kNone});
     return false;
   }
   // Not a reason to stop: the first file that has no place to go is.
-  run.context.notes.Check(host::MakeFolders(destination), destination, "Could not be created");
+  run.context.notes.Check(host::MakeFolders(destination), destination, "could not be created");
   EntryJudge judge(run.context.notes, source);
   for (const host::Entry& entry : listing.entries) {
     if (!CopyEntry(run, judge, entry, source, destination)) return false;

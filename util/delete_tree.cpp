@@ -6,7 +6,7 @@ namespace discwright::util {
 
 namespace {
 
-constexpr const char* kNotDeleted = "Could not be deleted";
+constexpr const char* kNotDeleted = "could not be deleted";
 
 bool Removed(const host::Status& status, const std::string& path, Notes* notes) {
   return notes == nullptr ? status.ok() : notes->Check(status, path, kNotDeleted);

@@ -11,7 +11,7 @@ namespace discwright::util {
 
 struct Note {
   std::string place;  // the file, folder or program, in the core's spelling
-  std::string cause;  // a sentence for the user, without the place
+  std::string cause;  // what happened to it, to be read behind the place and a colon
 };
 
 // A build's notes in the order they came. Nothing may be missing from a CD without a note here.

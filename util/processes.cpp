@@ -13,44 +13,14 @@ namespace {
 constexpr int kNoCreationFlags = 0;
 constexpr std::size_t kLastWords = 500;  // bytes of a failed program's output worth telling
 
-// A launcher that its own event handlers may release or replace: the one that delivers lives on until its Deliver has
-// returned, but hands out nothing more.
-class ReleasableLauncher : public host::Launcher {
- public:
-  explicit ReleasableLauncher(std::unique_ptr<host::Launcher> launcher)
-      : run_(std::make_shared<Run>(Run{std::move(launcher), this})) {
-    // The handlers are called as copies, because releasing destroys the originals.
-    run_->launcher->data_received = [run = run_.get()](std::string_view text_pipe) {
-      if (run->owner == nullptr) return;
-      if (const auto handler = run->owner->data_received) handler(text_pipe);
-    };
-    run_->launcher->process_ended = [run = run_.get()] {
-      if (run->owner == nullptr) return;
-      if (const auto handler = run->owner->process_ended) handler();
-    };
-  }
-  ~ReleasableLauncher() override { run_->owner = nullptr; }
-  ReleasableLauncher(const ReleasableLauncher&) = delete;
-  ReleasableLauncher& operator=(const ReleasableLauncher&) = delete;
-
-  void Configure(int buffer_size, int poll_interval) override { run_->launcher->Configure(buffer_size, poll_interval); }
-  host::Status Start(std::string_view command_line) override { return run_->launcher->Start(command_line); }
-  void Deliver() override {
-    const std::shared_ptr<Run> delivering = run_;
-    delivering->launcher->Deliver();
-  }
-  host::ProcessEnd End() const override { return run_->launcher->End(); }
-
- private:
-  struct Run {
-    std::unique_ptr<host::Launcher> launcher;
-    ReleasableLauncher* owner;  // null once released
-  };
-  std::shared_ptr<Run> run_;
-};
+void NoteEnd(Notes& notes, const std::string& command_line, const host::ProcessEnd& end, std::string last_words) {
+  if (end.Succeeded()) return;
+  last_words.erase(last_words.find_last_not_of("\r\n ") + 1);
+  notes.Add(command_line, last_words.empty() ? end.Text() : end.Text() + ": " + last_words);
+}
 
 void ReportFailedStart(Context& context, std::string_view command_line, const std::string& reason) {
-  context.notes.Add(std::string(command_line), "Could not be started: " + reason);
+  context.notes.Add(std::string(command_line), "could not be started: " + reason);
   context.user.ShowMessage({"There appears to be a problem in your installation, try to manually register redirect.dll",
                             "Critical Error", host::MessageIcon::kCritical, true});
   context.CancelApp();
@@ -67,13 +37,11 @@ bool ShellAndWait(host::ProgramRunner& programs, std::string_view command_line, 
 bool StartLauncher(Context& context, std::unique_ptr<host::Launcher>& launcher, std::string_view command_line,
                    int poll_interval, std::function<void(std::string_view)> data_received,
                    std::function<void()> process_ended) {
-  launcher.reset();
-  std::unique_ptr<host::Launcher> created = context.programs.CreateLauncher([&user = context.user] { user.Wake(); });
-  if (!created) {
+  launcher = context.programs.CreateLauncher([&user = context.user] { user.Wake(); });
+  if (!launcher) {
     ReportFailedStart(context, command_line, "this system cannot run programs");
     return false;
   }
-  launcher = std::make_unique<ReleasableLauncher>(std::move(created));
   launcher->Configure(kOutputBufferSize, poll_interval);
   launcher->data_received = std::move(data_received);
   launcher->process_ended = std::move(process_ended);
@@ -92,8 +60,7 @@ void ASyncShell(Context& context, std::string_view command_line) {
   };
   const auto ended = [&context, last_words, command = std::string(command_line)] {
     context.main().ASyncAppRunning = false;
-    const host::ProcessEnd end = context.ASyncApp->End();
-    if (!end.Succeeded()) context.notes.Add(command, end.Text() + (last_words->empty() ? "" : ": " + *last_words));
+    NoteEnd(context.notes, command, context.ASyncApp->End(), *last_words);
   };
   if (StartLauncher(context, context.ASyncApp, command_line, kASyncPollInterval, received, ended)) {
     context.main().ASyncAppRunning = true;

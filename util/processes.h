@@ -7,7 +7,8 @@
 
 namespace discwright::util {
 
-inline constexpr int kOutputBufferSize = 8192;  // bytes per piece of output
+inline constexpr int kOutputBufferSize = 8192;   // bytes per piece of output
+inline constexpr int kASyncPollInterval = 1000;  // milliseconds
 
 // Starts a command line and waits until the program ends or, with `wait_for_idle`, is ready for input. A time-out
 // below 1 ms waits without limit. False on time-out or when it could not be started.
@@ -20,7 +21,8 @@ bool StartLauncher(Context& context, std::unique_ptr<host::Launcher>& launcher, 
                    int poll_interval, std::function<void(std::string_view)> data_received,
                    std::function<void()> process_ended);
 
-// Starts a program without waiting; ASyncAppRunning is true until it has ended. Its output is not looked at.
+// Starts a program without waiting; ASyncAppRunning is true until it has ended. A program that fails is noted with
+// the last it said; nothing else is made of its output or its end.
 void ASyncShell(Context& context, std::string_view command_line);
 
 // Waits while `running` is set, handing out the launcher's events and letting the user interface live. Uses no

@@ -29,12 +29,13 @@ class FakeLauncher : public host::Launcher {
     if (!running_) return;
     if (next_piece_ < run_.pieces.size()) {
       const std::string piece = run_.pieces[next_piece_++];
-      if (data_received) data_received(piece);
+      // Called as a copy: the function may destroy this launcher.
+      if (const auto received = data_received) received(piece);
       return;
     }
     running_ = false;
     if (run_.at_end) run_.at_end();
-    if (process_ended) process_ended();
+    if (const auto ended = process_ended) ended();
   }
 
   host::ProcessEnd End() const override { return run_.end; }

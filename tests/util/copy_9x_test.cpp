@@ -134,28 +134,28 @@ TEST_F(CopyTreeChunkedTest, FailedFile_StopsTheWholeCopyAtOnceWithItsClassicText
   EXPECT_FALSE(host.Exists("C:\\dst\\sub\\later"));
   EXPECT_FALSE(host.Exists("C:\\dst\\z"));
   EXPECT_TRUE(user.messages.empty());
-  ExpectStoppedAt("C:\\src\\sub\\bad", "Could not be copied: Disk Full (No space left on device)");
+  ExpectStoppedAt("C:\\src\\sub\\bad", "could not be copied: Disk Full (No space left on device)");
 }
 
 TEST_F(CopyTreeChunkedTest, FailureWithoutClassicText_IsNotedWithTheSystemsReason) {
   host.AddFile("C:\\src\\bad", "x");
   host.FailOn("ReadAt", "bad", host::ErrorClass::kOther, "odd");
   EXPECT_FALSE(CopyTreeChunked(run, "C:\\src", "C:\\dst"));
-  ExpectStoppedAt("C:\\src\\bad", "Could not be copied: odd.");
+  ExpectStoppedAt("C:\\src\\bad", "could not be copied: odd;");
 }
 
 TEST_F(CopyTreeChunkedTest, MissingSource_FailsWithoutAMessageButMakesTheDestination) {
   EXPECT_FALSE(CopyTreeChunked(run, "C:\\src", "C:\\dst"));
   EXPECT_TRUE(host.Exists("C:\\dst"));
   EXPECT_TRUE(user.messages.empty());
-  ExpectStoppedAt("C:\\src\\", "Could not be listed: Path Not found");
+  ExpectStoppedAt("C:\\src\\", "could not be listed: Path Not found");
 }
 
 TEST_F(CopyTreeChunkedTest, DestinationThatCannotBeMade_StopsTheCopy) {
   host.AddFile("C:\\src\\a", "x");
   host.FailOn("MakeFolders", "dst", host::ErrorClass::kAccessDenied, "");
   EXPECT_FALSE(CopyTreeChunked(run, "C:\\src", "C:\\dst"));
-  ExpectStoppedAt("C:\\dst\\", "Could not be created: Permission denied.");
+  ExpectStoppedAt("C:\\dst\\", "could not be created: Permission denied;");
 }
 
 TEST_F(CopyTreeChunkedTest, SpecialFile_IsNeverOpenedButNotedAndTheCopyGoesOn) {

@@ -194,7 +194,7 @@ TEST_F(CopyTreeByFindTest, SourceThatCannotBeListed_ShowsItWithItsBackslashAndFa
   EXPECT_EQ(user.messages[0].title, "Vexa Discwright");
   EXPECT_EQ(user.messages[0].icon, host::MessageIcon::kNone);
   EXPECT_FALSE(host.Exists("C:\\dst"));
-  ExpectStoppedAt("C:\\src\\", "Could not be listed");
+  ExpectStoppedAt("C:\\src\\", "could not be listed");
 }
 
 TEST_F(CopyTreeByFindTest, SubfolderThatCannotBeListed_IsShownAndStopsTheWholeCopy) {
@@ -286,7 +286,7 @@ TEST_F(CopyTreeByFindTest, DestinationThatCannotBeMade_IsNotedAndItsFirstFileSto
   EXPECT_FALSE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
   ASSERT_EQ(notes.all().size(), 2U);
   EXPECT_EQ(notes.all()[0].place, "C:\\dst\\");
-  EXPECT_EQ(notes.all()[0].cause, "Could not be created: read-only disk");
+  EXPECT_EQ(notes.all()[0].cause, "could not be created: read-only disk");
   EXPECT_EQ(notes.all()[1].place, "C:\\src\\a");
 }
 
@@ -296,7 +296,7 @@ TEST_F(CopyTreeByFindTest, EmptyFolderThatCannotBeMade_IsNotedAndTheCopyGoesOn) 
   host.FailOn("MakeFolders", "empty", host::ErrorClass::kAccessDenied);
   EXPECT_TRUE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
   EXPECT_EQ(host.Content("C:\\dst\\z"), "x");
-  ExpectOneNote("C:\\dst\\empty\\", "Could not be created");
+  ExpectOneNote("C:\\dst\\empty\\", "could not be created");
 }
 
 TEST_F(CopyTreeByFindTest, SpecialFile_IsNeverOpenedButNotedAndTheCopyGoesOn) {

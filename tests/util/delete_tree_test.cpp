@@ -90,7 +90,7 @@ TEST_F(DelTreeTest, FileThatCannotBeDeleted_EndsWithFalseAndOneNoteAndTheRestIsG
   EXPECT_FALSE(host.Exists("C:\\t\\b"));
   ASSERT_EQ(notes.all().size(), 1U);
   EXPECT_EQ(notes.all()[0].place, "C:\\t\\a\\in use");
-  EXPECT_EQ(notes.all()[0].cause, "Could not be deleted: Text file busy");
+  EXPECT_EQ(notes.all()[0].cause, "could not be deleted: Text file busy");
 }
 
 TEST_F(DelTreeTest, EmptiedFolderThatCannotBeRemoved_IsNotedItself) {
@@ -107,7 +107,7 @@ TEST_F(DelTreeTest, FolderThatCannotBeListed_IsNotedWithThatReason) {
   EXPECT_FALSE(DelTree("C:\\t", &notes));
   ASSERT_EQ(notes.all().size(), 1U);
   EXPECT_EQ(notes.all()[0].place, "C:\\t\\sub");
-  EXPECT_EQ(notes.all()[0].cause, "Could not be deleted: no right to look");
+  EXPECT_EQ(notes.all()[0].cause, "could not be deleted: no right to look");
 }
 
 TEST_F(DelTreeTest, FailureWithoutNotes_IsOnlyTheResult) {

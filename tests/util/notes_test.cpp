@@ -26,24 +26,24 @@ TEST(Notes, WithAListener_TellsItOfEveryNewNote) {
 
 TEST(Notes, CheckOfASuccess_IsTrueAndAddsNothing) {
   Notes notes;
-  EXPECT_TRUE(notes.Check(host::Status::Success(), "C:\\a", "Could not be moved"));
+  EXPECT_TRUE(notes.Check(host::Status::Success(), "C:\\a", "could not be moved"));
   EXPECT_TRUE(notes.all().empty());
 }
 
 TEST(Notes, CheckOfAFailure_IsFalseAndAddsWhatAndWhy) {
   Notes notes;
   EXPECT_FALSE(notes.Check(host::Status::Failure(host::ErrorClass::kDiskFull, "No space left on device"), "C:\\a",
-                           "Could not be moved"));
+                           "could not be moved"));
   ASSERT_EQ(notes.all().size(), 1U);
   EXPECT_EQ(notes.all()[0].place, "C:\\a");
-  EXPECT_EQ(notes.all()[0].cause, "Could not be moved: No space left on device");
+  EXPECT_EQ(notes.all()[0].cause, "could not be moved: No space left on device");
 }
 
 TEST(Notes, CheckOfAFailureWithoutReason_SaysWhatAlone) {
   Notes notes;
-  EXPECT_FALSE(notes.Check(host::Status::Failure(host::ErrorClass::kOther, ""), "C:\\a", "Could not be moved"));
+  EXPECT_FALSE(notes.Check(host::Status::Failure(host::ErrorClass::kOther, ""), "C:\\a", "could not be moved"));
   ASSERT_EQ(notes.all().size(), 1U);
-  EXPECT_EQ(notes.all()[0].cause, "Could not be moved");
+  EXPECT_EQ(notes.all()[0].cause, "could not be moved");
 }
 
 }  // namespace

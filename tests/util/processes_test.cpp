@@ -67,18 +67,50 @@ TEST_F(ASyncShellTest, StartedProgram_SetsASyncAppRunningUntilItsEndIsDelivered)
   EXPECT_EQ(cancelled, 0);
 }
 
-TEST_F(ASyncShellTest, OutputOfTheProgram_IsNotLookedAt) {
+TEST_F(ASyncShellTest, ProgramThatSucceeds_LeavesNoNoteOfItsOutput) {
   programs.run = [](const std::string&) { return testing::FakeRun{{"one", "two"}, {}, {}}; };
   ASyncShell(context, "tool.exe");
-  WaitWhile(context, main.ASyncAppRunning, context.ASyncApp, 1000);
+  WaitWhile(context, main.ASyncAppRunning, context.ASyncApp, kASyncPollInterval);
   EXPECT_FALSE(main.ASyncAppRunning);
   EXPECT_TRUE(user.messages.empty());
+  EXPECT_TRUE(notes.all().empty());
+}
+
+TEST_F(ASyncShellTest, ProgramThatFails_IsNotedWithTheLastItSaidAndNothingElseHappens) {
+  programs.run = [](const std::string&) { return testing::FakeRun{{"no such ", "profile\r\n"}, {}, {3, ""}}; };
+  ASyncShell(context, "tool.exe /x");
+  WaitWhile(context, main.ASyncAppRunning, context.ASyncApp, kASyncPollInterval);
+  EXPECT_FALSE(main.ASyncAppRunning);
+  EXPECT_TRUE(user.messages.empty());
+  EXPECT_EQ(cancelled, 0);
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(notes.all()[0].place, "tool.exe /x");
+  EXPECT_EQ(notes.all()[0].cause, "ended with exit code 3: no such profile");
+}
+
+TEST_F(ASyncShellTest, ProgramThatIsKilledSilently_IsNotedWithTheSignal) {
+  programs.run = [](const std::string&) { return testing::FakeRun{{}, {}, {0, "SIGSEGV"}}; };
+  ASyncShell(context, "tool.exe /x");
+  WaitWhile(context, main.ASyncAppRunning, context.ASyncApp, kASyncPollInterval);
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(notes.all()[0].cause, "was killed by SIGSEGV");
+}
+
+TEST_F(ASyncShellTest, MuchOutputOfAFailingProgram_IsNotedByItsEnd) {
+  programs.run = [](const std::string&) {
+    return testing::FakeRun{{"START" + std::string(1000, 'a'), "the end"}, {}, {1, ""}};
+  };
+  ASyncShell(context, "tool.exe");
+  WaitWhile(context, main.ASyncAppRunning, context.ASyncApp, kASyncPollInterval);
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_THAT(notes.all()[0].cause, ::testing::EndsWith("the end"));
+  EXPECT_THAT(notes.all()[0].cause, ::testing::Not(::testing::HasSubstr("START")));
 }
 
 TEST_F(ASyncShellTest, NoLauncherToBeHad_IsReportedAndCancelsAndLeavesTheFlagClear) {
   programs.can_create = false;
   ASyncShell(context, "tool.exe /x");
-  ExpectFailureReported("Could not be started: this system cannot run programs");
+  ExpectFailureReported("could not be started: this system cannot run programs");
   EXPECT_FALSE(main.ASyncAppRunning);
   EXPECT_EQ(context.ASyncApp, nullptr);
 }
@@ -86,7 +118,7 @@ TEST_F(ASyncShellTest, NoLauncherToBeHad_IsReportedAndCancelsAndLeavesTheFlagCle
 TEST_F(ASyncShellTest, ProgramThatCannotBeStarted_IsReportedAndCancelsAndLeavesTheFlagClear) {
   programs.start_status = host::Status::Failure(host::ErrorClass::kNotFound, "no such program");
   ASyncShell(context, "tool.exe /x");
-  ExpectFailureReported("Could not be started: no such program");
+  ExpectFailureReported("could not be started: no such program");
   EXPECT_FALSE(main.ASyncAppRunning);
   EXPECT_EQ(context.ASyncApp, nullptr);
   EXPECT_EQ(programs.launchers_alive, 0);
