@@ -57,6 +57,11 @@ std::string AssignTextBox(TextBox& box, std::string_view value) {
 
 }  // namespace
 
+Control* FindControl(Windows& windows, std::string_view name) {
+  std::string error;
+  return FindByName(windows, name, error);
+}
+
 std::string Assign(Windows& windows, std::string_view name, std::string_view value) {
   std::string error;
   Control* control = FindByName(windows, name, error);

@@ -17,8 +17,12 @@ struct Windows {
   std::array<Form*, 3> All() { return {&main, &win2k_info, &win9x_info}; }
 };
 
-// Gives a control a value as a script writes it. `name` is a control of any window, letter case ignored; where two
-// windows have one of that name the main window's is meant unless the window is named ("FrmWin9xInfo.TxtOwner").
+// The control that a script means by `name`: of any window, letter case ignored; where two windows have one of that
+// name the main window's, unless the window is named ("FrmWin9xInfo.TxtOwner"). Null when there is none or two are
+// meant.
+Control* FindControl(Windows& windows, std::string_view name);
+
+// Gives a control a value as a script writes it. `name` is as above.
 // Check boxes take 0, 1 or 2, option buttons 0, 1, True or False, text boxes any text. Returns what is wrong, as a
 // sentence for the user, or the empty string.
 std::string Assign(Windows& windows, std::string_view name, std::string_view value);

@@ -1,13 +1,17 @@
 // Pressing the wizard's buttons, and saying what came of it.
 #include "desktop/console/headless_build.h"
 
+#include <algorithm>
 #include <iostream>
 #include <string>
 
 #include "host/console.h"
 #include "host/files.h"
 #include "host/system.h"
+#include "settings/key_files.h"
 #include "settings/session.h"
+#include "settings/win2k_info.h"
+#include "settings/win9x_info.h"
 #include "util/paths.h"
 #include "wizard/navigation.h"
 
@@ -42,13 +46,30 @@ bool ReadPassword(const std::string& file, std::string& password, std::string& c
   return true;
 }
 
+// Answers given on the command line are confirmed as the dialog's OK button does it.
+void ConfirmDialogs(forms::Windows& windows, const Options& options) {
+  const auto touched = [&](const forms::Form& form) {
+    return std::any_of(options.assignments.begin(), options.assignments.end(), [&](const auto& assignment) {
+      const forms::Control* control = forms::FindControl(windows, assignment.first);
+      return control != nullptr && &control->form() == &form;
+    });
+  };
+  if (touched(windows.win9x_info)) settings::FillSetupDataToKeyFile(windows.win9x_info);
+  if (touched(windows.win2k_info)) {
+    settings::FillSetupDataToKeyFile(windows.win2k_info, host::ProgramFolder() + settings::kWorkingKeyFile);
+  }
+}
+
 // Applies the command line to the controls. Returns what is wrong with it, or the empty string.
 std::string ApplyOptions(forms::Windows& windows, const Options& options) {
+  settings::LoadWin2KInfo(windows.win2k_info);  // loading them later would undo what is set here
+  settings::LoadWin9xInfo(windows.win9x_info);
   for (const auto& [control, value] : options.assignments) {
     if (IsPasswordBox(control)) return "a password cannot be set on the command line; use --password-file";
     const std::string error = forms::Assign(windows, control, value);
     if (!error.empty()) return "--set " + control + ": " + error;
   }
+  ConfirmDialogs(windows, options);
   forms::FrmDiscwright& main = windows.main;
   if (!options.output.empty()) main.TxtISOLoc.text = host::PathFromNative(options.output);
   if (!options.password_file.empty()) {

@@ -31,6 +31,15 @@ if ! command -v genisoimage >/dev/null; then
   echo "mkisofs: genisoimage is not installed; install the package genisoimage" >&2
   exit 127
 fi
+# genisoimage cuts names of more than 207 bytes and leaves out files of 4 GiB or more; both are refused here. The tree is
+# the last argument.
+longer_than_207=$(printf '%208s*' '' | tr ' ' '?')
+unfit=$(LC_ALL=C find -L "$previous" \( -name "$longer_than_207" -o -size +4294967294c \) -print 2>/dev/null | head -n 5)
+if [ -n "$unfit" ]; then
+  echo "mkisofs: these have a name of more than 207 bytes or a size of 4 GiB or more, which the image cannot hold:" >&2
+  printf '%s\n' "$unfit" >&2
+  exit 1
+fi
 # Names are bytes: no locale may change them.
 LC_ALL=C genisoimage "$@"
 status=$?
