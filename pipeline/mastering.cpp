@@ -43,7 +43,8 @@ class MasteringLog {
 
   void AddLine(std::string_view text) {
     if (!file_) return;
-    const std::string line = std::string(text) + "\r\n";
+    // A piece of output often ends its line by itself.
+    const std::string line = std::string(text) + (text.ends_with('\n') ? "" : "\r\n");
     const host::Status status = file_->WriteAt(position_, std::as_bytes(std::span(line)));
     position_ += static_cast<std::int64_t>(line.size());
     // One note is enough: a full disk fails every further line too.

@@ -50,7 +50,9 @@ std::string Printable(std::string_view text) {
 }  // namespace
 
 Terminal::Terminal(forms::FrmDiscwright& main, bool live, bool quiet) : main_(main), live_(live), quiet_(quiet) {
-  main_.SubscribeToAll([this](forms::Control& control, forms::Change) { OnChange(control); });
+  main_.SubscribeToAll([this](forms::Control& control, forms::Change change) {
+    if (change == forms::Change::kProperty) OnChange(control);
+  });
 }
 
 void Terminal::PrintLine(std::string_view text) {

@@ -63,7 +63,7 @@ TEST_F(Mastering, Output_IsLoggedPieceByPiece) {
   mastering_output = {"first\n", " 50.00% done", "12 extents written (0 MB)\n"};
   Run();
   EXPECT_EQ(host.Content("C:\\Discwright\\mkisofs.log"),
-            "MkISOFS.EXE Log File\r\nfirst\n\r\n 50.00% done\r\n12 extents written (0 MB)\n\r\n");
+            "MkISOFS.EXE Log File\r\nfirst\n 50.00% done\r\n12 extents written (0 MB)\n");
   EXPECT_EQ(main.LblSub_Step.caption.get(), "Total ISO size : 0 MB");
 }
 
