@@ -1,0 +1,302 @@
+// Tests of the way through the pages and of the buttons.
+#include "wizard/navigation.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tests/wizard/wizard_fixture.h"
+
+namespace discwright::wizard {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::FakeRun;
+using ::testing::IsEmpty;
+using testing::WizardFixture;
+
+struct Path {
+  bool win2k;
+  bool win9x;
+  bool advtools;
+  std::vector<int> pages;
+};
+
+class PagePathTest : public WizardFixture, public ::testing::WithParamInterface<Path> {
+ protected:
+  PagePathTest() { Choose(GetParam().win2k, GetParam().win9x, GetParam().advtools); }
+};
+
+TEST_P(PagePathTest, NextToTheSummary_ShowsExactlyThePagesOfTheContents) {
+  for (std::size_t i = 1; i < GetParam().pages.size(); ++i) {
+    const int expected = GetParam().pages[i];
+    EXPECT_EQ(Next(), expected);
+    EXPECT_THAT(VisiblePages(), ElementsAre(expected));
+    EXPECT_TRUE(main.CmdBack.enabled);
+    EXPECT_EQ(main.CmdNext.visible, expected != 8);
+    EXPECT_EQ(main.CmdFinish.visible, expected == 8);
+  }
+  EXPECT_THAT(user.messages, IsEmpty());
+}
+
+TEST_P(PagePathTest, BackFromTheSummary_ShowsTheSamePagesBackwards) {
+  while (main.Step < 8) Next();
+  for (std::size_t i = GetParam().pages.size() - 1; i-- > 0;) {
+    const int expected = GetParam().pages[i];
+    EXPECT_EQ(Back(), expected);
+    EXPECT_THAT(VisiblePages(), ElementsAre(expected));
+    EXPECT_EQ(main.CmdBack.enabled, expected != 0);
+    EXPECT_TRUE(main.CmdNext.visible);
+    EXPECT_FALSE(main.CmdFinish.visible);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(AllContents, PagePathTest,
+                         ::testing::Values(Path{false, false, false, {0, 1, 6, 7, 8}},
+                                           Path{false, false, true, {0, 1, 5, 6, 7, 8}},
+                                           Path{false, true, false, {0, 1, 4, 6, 7, 8}},
+                                           Path{false, true, true, {0, 1, 4, 5, 6, 7, 8}},
+                                           Path{true, false, false, {0, 1, 2, 3, 6, 7, 8}},
+                                           Path{true, false, true, {0, 1, 2, 3, 5, 6, 7, 8}},
+                                           Path{true, true, false, {0, 1, 2, 3, 4, 6, 7, 8}},
+                                           Path{true, true, true, {0, 1, 2, 3, 4, 5, 6, 7, 8}}));
+
+class NavigationTest : public WizardFixture {};
+
+TEST_F(NavigationTest, GreyedContentBox_CountsAsChosen) {
+  StartOn(1);
+  main.ChkGet_Win9x.value = 2;
+  EXPECT_EQ(Next(), 4);
+}
+
+TEST_F(NavigationTest, Back_ValidatesAndClearsNothing) {
+  StartOn(7);
+  main.ChkPassProtect.value = 1;
+  main.TxtPass1.text = "one";
+  main.TxtPass2.text = "two";
+  main.TxtISOLoc.text = "X:\\missing\\cd.iso";
+  EXPECT_EQ(Back(), 6);
+  EXPECT_THAT(user.messages, IsEmpty());
+  EXPECT_EQ(main.TxtPass1.text.get(), "one");
+  EXPECT_EQ(main.TxtPass2.text.get(), "two");
+}
+
+TEST_F(NavigationTest, NextOnTheSummary_StaysThere) {
+  StartOn(8);
+  EXPECT_EQ(Next(), 8);
+  EXPECT_THAT(VisiblePages(), ElementsAre(8));
+}
+
+TEST_F(NavigationTest, BackOnTheFirstPage_StaysThere) {
+  EXPECT_EQ(Back(), 0);
+  EXPECT_THAT(VisiblePages(), ElementsAre(0));
+}
+
+TEST_F(NavigationTest, NextFromTheIsoOptions_FillsTheSummary) {
+  StartOn(7);
+  Next();
+  EXPECT_THAT(main.TxtSummery.text.get(), ::testing::StartsWith("Review you options and Settings below...\r\n"));
+}
+
+TEST_F(NavigationTest, OpenHelp_FollowsNextAndBack) {
+  user.help_is_open = true;
+  Next();
+  Next();
+  Back();
+  EXPECT_THAT(user.help_shown, ElementsAre("C:\\Discwright\\vexacd_builder.chm>Down 1120",
+                                           "C:\\Discwright\\vexacd_builder.chm>Down 1170",
+                                           "C:\\Discwright\\vexacd_builder.chm>Down 1120"));
+}
+
+TEST_F(NavigationTest, ClosedHelp_StaysClosedOnNextBackFinishAndCancel) {
+  Next();
+  Back();
+  StartOn(8);
+  main.CmdFinish.click();
+  main.CmdCancel.click();
+  EXPECT_THAT(user.help_shown, IsEmpty());
+}
+
+TEST_F(NavigationTest, HelpOnEveryPage_OpensThatPagesTopic) {
+  std::vector<std::string> expected;
+  for (int page = 0; page < 11; ++page) {
+    StartOn(page);
+    main.CmdHelp.click();
+    expected.push_back("C:\\Discwright\\vexacd_builder.chm>Down " + std::to_string(1110 + 10 * page));
+  }
+  EXPECT_EQ(user.help_shown, expected);
+}
+
+TEST_F(NavigationTest, ShowHelpOfAGivenPage_IgnoresThePageInView) {
+  StartOn(3);
+  ShowHelp(context, 10, true);
+  EXPECT_THAT(user.help_shown, ElementsAre("C:\\Discwright\\vexacd_builder.chm>Down 1210"));
+}
+
+TEST_F(NavigationTest, ContextsShowHelp_IsTheWizards) {
+  user.help_is_open = true;
+  context.ShowHelp(9, false);
+  EXPECT_THAT(user.help_shown, ElementsAre("C:\\Discwright\\vexacd_builder.chm>Down 1200"));
+}
+
+TEST_F(NavigationTest, CancelOnAPage_ShowsTheFinishPageAndNothingButFinish) {
+  StartOn(3);
+  user.help_is_open = true;
+  main.CmdCancel.click();
+  EXPECT_TRUE(main.Finished);
+  EXPECT_TRUE(main.CancelCopy);
+  EXPECT_THAT(VisiblePages(), ElementsAre(9));
+  EXPECT_EQ(main.LblFinish.caption.get(), "   Operation canceled");
+  EXPECT_FALSE(main.CmdNext.visible);
+  EXPECT_TRUE(main.CmdFinish.visible);
+  EXPECT_TRUE(main.CmdFinish.enabled);
+  EXPECT_FALSE(main.CmdBack.enabled);
+  EXPECT_FALSE(main.CmdCancel.enabled);
+  // The topic of the progress page, although the finish page is in view.
+  EXPECT_THAT(user.help_shown, ElementsAre("C:\\Discwright\\vexacd_builder.chm>Down 1210"));
+}
+
+TEST_F(NavigationTest, FinishAfterCancel_SavesTheSessionAndCloses) {
+  main.visible = true;
+  StartOn(3);
+  main.CmdCancel.click();
+  EXPECT_FALSE(host.Exists("C:\\Discwright\\vexacd.ini"));
+  main.CmdFinish.click();
+  EXPECT_TRUE(host.Exists("C:\\Discwright\\vexacd.ini"));
+  EXPECT_FALSE(main.visible);
+  EXPECT_THAT(programs.started, IsEmpty());
+}
+
+// What the window looks like at the first moment of the build at which the user could act.
+struct Moment {
+  std::vector<int> pages;
+  int step = 0;
+  bool back_enabled = false;
+  bool finished = false;
+};
+
+class FinishTest : public WizardFixture {
+ protected:
+  FinishTest() {
+    host.AddFile("C:\\Discwright\\files\\vexacd\\boot\\loader.bin", "loader");
+    // What the programs of the build leave behind: three disk images and the CD's.
+    for (const char* image : {"vexastart.img", "vexaemm.img", "vexanet.img"}) {
+      host.AddFile("C:\\Discwright\\" + std::string(image), "disk");
+    }
+    host.AddFile("C:\\vexacd.iso", "image");
+    main.visible = true;
+    main.CmdNext.visible = false;
+    main.CmdFinish.visible = true;
+    StartOn(8);
+    programs.run = [this](const std::string&) {
+      if (!seen) seen = Moment{VisiblePages(), main.Step, main.CmdBack.enabled, main.Finished};
+      return FakeRun{};
+    };
+  }
+
+  std::optional<Moment> seen;
+};
+
+TEST_F(FinishTest, FirstPress_BuildsOnTheProgressPage) {
+  main.CmdFinish.click();
+  ASSERT_TRUE(seen.has_value());
+  EXPECT_THAT(seen->pages, ElementsAre(10));
+  EXPECT_EQ(seen->step, 10);
+  EXPECT_FALSE(seen->back_enabled);
+  EXPECT_FALSE(seen->finished);
+}
+
+TEST_F(FinishTest, BuildHasEnded_ShowsTheFinishPage) {
+  main.CmdFinish.click();
+  EXPECT_TRUE(main.Finished);
+  EXPECT_FALSE(main.CancelCopy);
+  EXPECT_THAT(user.messages, IsEmpty());
+  EXPECT_THAT(VisiblePages(), ElementsAre(9));
+  EXPECT_EQ(main.LblFinish.caption.get(), "  Operation completed successfully");
+  EXPECT_TRUE(main.CmdFinish.enabled);
+  EXPECT_TRUE(main.visible);
+  EXPECT_FALSE(host.Exists("C:\\Discwright\\vexacd.ini"));
+}
+
+TEST_F(FinishTest, OpenHelp_MovesToTheProgressAndThenToTheFinishTopic) {
+  user.help_is_open = true;
+  main.CmdFinish.click();
+  EXPECT_THAT(user.help_shown, ElementsAre("C:\\Discwright\\vexacd_builder.chm>Down 1210",
+                                           "C:\\Discwright\\vexacd_builder.chm>Down 1200"));
+}
+
+TEST_F(FinishTest, HelpOnTheFinishPage_OpensItsTopic) {
+  main.CmdFinish.click();
+  user.help_shown.clear();
+  main.CmdHelp.click();
+  EXPECT_THAT(user.help_shown, ElementsAre("C:\\Discwright\\vexacd_builder.chm>Down 1200"));
+}
+
+TEST_F(FinishTest, CancelDuringTheBuild_StopsItAndEndsOnTheFinishPage) {
+  user.help_is_open = true;
+  user.on_do_events = [this] {
+    if (!programs.started.empty() && !main.Finished) main.CmdCancel.click();
+  };
+  main.CmdFinish.click();
+  EXPECT_THAT(user.messages, IsEmpty());
+  EXPECT_EQ(programs.started.size(), 3U);  // the step in hand makes all its disks; the mastering does not start
+  EXPECT_THAT(VisiblePages(), ElementsAre(9));
+  EXPECT_EQ(main.LblFinish.caption.get(), "   Operation canceled");
+  EXPECT_THAT(user.help_shown, ElementsAre("C:\\Discwright\\vexacd_builder.chm>Down 1210",
+                                           "C:\\Discwright\\vexacd_builder.chm>Down 1210",
+                                           "C:\\Discwright\\vexacd_builder.chm>Down 1200"));
+}
+
+TEST_F(FinishTest, PressedAgainBeforeTheBuildDisablesIt_StartsNoSecondBuild) {
+  int presses = 0;
+  user.on_do_events = [this, &presses] {
+    if (main.Finished || !main.CmdFinish.enabled || presses > 0) return;
+    ++presses;
+    main.CmdFinish.click();
+  };
+  main.CmdFinish.click();
+  EXPECT_EQ(presses, 1);
+  EXPECT_EQ(programs.started.size(), 4U);  // three disks and the mastering
+  EXPECT_TRUE(main.visible);
+}
+
+TEST_F(FinishTest, SecondPress_SavesTheSessionAndCloses) {
+  main.CmdFinish.click();
+  const std::size_t started = programs.started.size();
+  main.CmdFinish.click();
+  EXPECT_TRUE(host.Exists("C:\\Discwright\\vexacd.ini"));
+  EXPECT_FALSE(main.visible);
+  EXPECT_EQ(programs.started.size(), started);
+}
+
+class FormLoadTest : public WizardFixture {};
+
+TEST_F(FormLoadTest, NoSessionFile_ShowsTheWindowAsDesigned) {
+  EXPECT_FALSE(main.visible);
+  Form_Load(context, "C:\\Discwright\\vexacd.ini");
+  EXPECT_TRUE(main.visible);
+  EXPECT_EQ(main.Step, 0);
+  EXPECT_THAT(VisiblePages(), ElementsAre(0));
+  EXPECT_FALSE(main.CmdBack.enabled);
+  EXPECT_TRUE(main.CmdNext.visible);
+  EXPECT_FALSE(main.CmdFinish.visible);
+  EXPECT_EQ(main.TxtISOLoc.text.get(), "c:\\vexacd.iso");
+  EXPECT_EQ(main.LblWin2KOSVer.caption.get(), "Microsoft Windows XP Professional Edition");
+}
+
+TEST_F(FormLoadTest, SessionFileOfAnEarlierRun_BringsItsChoicesBack) {
+  main.TxtISOLoc.text = "E:\\mine.iso";
+  main.ChkGet_Win9x.value = 1;
+  main.CmdCancel.click();
+  main.CmdFinish.click();
+  main.TxtISOLoc.text = "";
+  main.ChkGet_Win9x.value = 0;
+  Form_Load(context, "C:\\Discwright\\vexacd.ini");
+  EXPECT_EQ(main.TxtISOLoc.text.get(), "E:\\mine.iso");
+  EXPECT_EQ(main.ChkGet_Win9x.value.get(), 1);
+  EXPECT_TRUE(main.visible);
+}
+
+}  // namespace
+}  // namespace discwright::wizard

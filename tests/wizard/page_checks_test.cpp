@@ -1,0 +1,228 @@
+// Tests of what Next refuses, and of the messages in their order.
+#include "wizard/page_checks.h"
+
+#include <string>
+#include <vector>
+
+#include "tests/wizard/wizard_fixture.h"
+
+namespace discwright::wizard {
+namespace {
+
+using host::MessageIcon;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using testing::WizardFixture;
+
+constexpr const char* kNoWin2K =
+    "The selected folder doesn't contain a Windows 2000/XP installation !\r\n"
+    "Select your Windows setup source Directory";
+constexpr const char* kNoServicePack =
+    "The selected Service pack file is not correct !\r\nSelect your Windows Service pack EXE file";
+constexpr const char* kNoWin9x =
+    "The selected folder doesn't contain a Windows 98/Me installation !\r\n"
+    "Select your Windows setup source Directory";
+constexpr const char* kNoErdC =
+    "ERD Commander 2002/2003 doesn't seem to be located in the selected directory\r\n"
+    "Select ERD Commader 2002/2003 location";
+constexpr const char* kNoBCon =
+    "O&O Blue Con XXL doesn't seem to be located in the selected directory\r\nSelect Blue Con XXL location";
+constexpr const char* kNoUtilities = "The Vexa Utilities folder doesn't exist !\r\nSelect a valid Directory";
+constexpr const char* kNoAdditionalFiles = "The Additional files folder doesn't exist !\r\nSelect a valid Directory";
+constexpr const char* kPasswordsDiffer = "The Passwords don't Match - Reenter them";
+constexpr const char* kNoIsoDestination = "ISO File destination is not correct, check again";
+
+class PageChecksTest : public WizardFixture {
+ protected:
+  PageChecksTest() {
+    Choose(true, true, true);
+    for (forms::CheckBox* box : {&main.ChkSlipstream, &main.ChkERDC, &main.ChkBCon, &main.ChkVexaUtils,
+                                 &main.ChkAddFiles, &main.ChkPassProtect}) {
+      box->value = 1;
+    }
+  }
+
+  // Where Next leads from a page.
+  int NextFrom(int page) {
+    StartOn(page);
+    return Next();
+  }
+
+  std::vector<std::string> Messages() const {
+    std::vector<std::string> texts;
+    for (const host::MessageBox& box : user.messages) {
+      EXPECT_EQ(box.title, "Error");
+      texts.push_back(box.text);
+    }
+    return texts;
+  }
+};
+
+TEST_F(PageChecksTest, EverythingInPlace_PassesEveryPageWithoutMessage) {
+  for (int page = 0; page < 8; ++page) EXPECT_EQ(NextFrom(page), page + 1);
+  EXPECT_THAT(user.messages, IsEmpty());
+}
+
+TEST_F(PageChecksTest, NoWin2KSource_Stays) {
+  main.Txt_i386_Loc.text = "S:\\WIN98";
+  EXPECT_EQ(NextFrom(2), 2);
+  EXPECT_THAT(Messages(), ElementsAre(kNoWin2K));
+  EXPECT_EQ(user.messages[0].icon, MessageIcon::kCritical);
+  EXPECT_THAT(VisiblePages(), ElementsAre(2));
+  EXPECT_EQ(main.Txt_i386_Loc.text.get(), "S:\\WIN98");
+}
+
+TEST_F(PageChecksTest, NoServicePackFile_Stays) {
+  main.TxtSP_exe.text = "S:\\other.exe";
+  EXPECT_EQ(NextFrom(2), 2);
+  EXPECT_THAT(Messages(), ElementsAre(kNoServicePack));
+  EXPECT_EQ(user.messages[0].icon, MessageIcon::kCritical);
+}
+
+TEST_F(PageChecksTest, NoServicePackFileButNoneWanted_Passes) {
+  main.ChkSlipstream.value = 0;
+  main.TxtSP_exe.text = "S:\\other.exe";
+  EXPECT_EQ(NextFrom(2), 3);
+}
+
+TEST_F(PageChecksTest, NeitherWin2KSourceNorServicePack_GivesTwoMessagesAndStays) {
+  main.Txt_i386_Loc.text = "S:\\nowhere";
+  main.TxtSP_exe.text = "";
+  EXPECT_EQ(NextFrom(2), 2);
+  EXPECT_THAT(Messages(), ElementsAre(kNoWin2K, kNoServicePack));
+}
+
+TEST_F(PageChecksTest, Win2KNoLongerChosen_LeavesItsPageUnchecked) {
+  Choose(false, true, true);
+  main.Txt_i386_Loc.text = "S:\\nowhere";
+  main.TxtSP_exe.text = "";
+  EXPECT_EQ(NextFrom(2), 4);
+  EXPECT_THAT(user.messages, IsEmpty());
+}
+
+TEST_F(PageChecksTest, SkippedPages_AreNotChecked) {
+  Choose(false, false, false);
+  for (forms::TextBox* box : {&main.Txt_i386_Loc, &main.TxtSP_exe, &main.TxtWin9x_Loc, &main.TxtERDC, &main.TxtBCon}) {
+    box->text = "S:\\nowhere";
+  }
+  EXPECT_EQ(NextFrom(1), 6);
+  EXPECT_THAT(user.messages, IsEmpty());
+}
+
+TEST_F(PageChecksTest, NoWin9xSource_Stays) {
+  main.TxtWin9x_Loc.text = "S:\\I386";
+  EXPECT_EQ(NextFrom(4), 4);
+  EXPECT_THAT(Messages(), ElementsAre(kNoWin9x));
+  EXPECT_EQ(user.messages[0].icon, MessageIcon::kCritical);
+}
+
+TEST_F(PageChecksTest, NoWin9xSourceAndNoAdvancedTools_StaysInsteadOfSkipping) {
+  Choose(true, true, false);
+  main.TxtWin9x_Loc.text = "S:\\I386";
+  EXPECT_EQ(NextFrom(4), 4);
+  EXPECT_THAT(VisiblePages(), ElementsAre(4));
+}
+
+TEST_F(PageChecksTest, NoErdCommander_StaysWithAnExclamation) {
+  main.TxtERDC.text = "S:";
+  EXPECT_EQ(NextFrom(5), 5);
+  EXPECT_THAT(Messages(), ElementsAre(kNoErdC));
+  EXPECT_EQ(user.messages[0].icon, MessageIcon::kExclamation);
+}
+
+TEST_F(PageChecksTest, NoBlueCon_StaysWithAnExclamation) {
+  main.TxtBCon.text = "S:";
+  EXPECT_EQ(NextFrom(5), 5);
+  EXPECT_THAT(Messages(), ElementsAre(kNoBCon));
+  EXPECT_EQ(user.messages[0].icon, MessageIcon::kExclamation);
+}
+
+TEST_F(PageChecksTest, NeitherTool_GivesTwoMessagesInOrder) {
+  main.TxtERDC.text = "S:";
+  main.TxtBCon.text = "S:";
+  EXPECT_EQ(NextFrom(5), 5);
+  EXPECT_THAT(Messages(), ElementsAre(kNoErdC, kNoBCon));
+}
+
+TEST_F(PageChecksTest, ToolsNotTicked_AreNotLookedFor) {
+  main.ChkERDC.value = 0;
+  main.ChkBCon.value = 0;
+  main.TxtERDC.text = "S:";
+  main.TxtBCon.text = "S:";
+  EXPECT_EQ(NextFrom(5), 6);
+}
+
+TEST_F(PageChecksTest, ToolLocationWithTrailingBackslash_IsFound) {
+  main.TxtERDC.text = "T:\\";
+  main.TxtBCon.text = "T:\\";
+  EXPECT_EQ(NextFrom(5), 6);
+}
+
+TEST_F(PageChecksTest, NoUtilitiesFolder_Stays) {
+  main.TxtUtils_Loc.text = "S:\\sp.exe";
+  EXPECT_EQ(NextFrom(6), 6);
+  EXPECT_THAT(Messages(), ElementsAre(kNoUtilities));
+  EXPECT_EQ(user.messages[0].icon, MessageIcon::kCritical);
+}
+
+TEST_F(PageChecksTest, NeitherFolder_GivesTwoMessagesInOrder) {
+  main.TxtUtils_Loc.text = "";
+  main.TxtAddFiles_Loc.text = "S:\\nowhere";
+  EXPECT_EQ(NextFrom(6), 6);
+  EXPECT_THAT(Messages(), ElementsAre(kNoUtilities, kNoAdditionalFiles));
+}
+
+TEST_F(PageChecksTest, FoldersNotTicked_AreNotLookedFor) {
+  main.ChkVexaUtils.value = 0;
+  main.ChkAddFiles.value = 0;
+  main.TxtUtils_Loc.text = "S:\\nowhere";
+  main.TxtAddFiles_Loc.text = "S:\\nowhere";
+  EXPECT_EQ(NextFrom(6), 7);
+}
+
+TEST_F(PageChecksTest, EqualPasswords_Pass) {
+  main.TxtPass1.text = "Secret";
+  main.TxtPass2.text = "Secret";
+  EXPECT_EQ(NextFrom(7), 8);
+  EXPECT_EQ(main.TxtPass1.text.get(), "Secret");
+}
+
+TEST_F(PageChecksTest, PasswordsThatDifferInLetterCase_AreBothEmptied) {
+  main.TxtPass1.text = "Secret";
+  main.TxtPass2.text = "secret";
+  EXPECT_EQ(NextFrom(7), 7);
+  EXPECT_THAT(Messages(), ElementsAre(kPasswordsDiffer));
+  EXPECT_EQ(user.messages[0].icon, MessageIcon::kCritical);
+  EXPECT_EQ(main.TxtPass1.text.get(), "");
+  EXPECT_EQ(main.TxtPass2.text.get(), "");
+}
+
+TEST_F(PageChecksTest, PasswordsDifferWithoutProtection_AreNotCompared) {
+  main.ChkPassProtect.value = 0;
+  main.TxtPass1.text = "one";
+  main.TxtPass2.text = "two";
+  EXPECT_EQ(NextFrom(7), 8);
+  EXPECT_EQ(main.TxtPass1.text.get(), "one");
+}
+
+TEST_F(PageChecksTest, PasswordsDifferAndIsoDestinationIsWrong_GivesBothAndStillMakesTheSummary) {
+  main.TxtPass1.text = "one";
+  main.TxtPass2.text = "two";
+  main.TxtISOLoc.text = "X:\\nowhere\\cd.iso";
+  EXPECT_EQ(NextFrom(7), 7);
+  EXPECT_THAT(Messages(), ElementsAre(kPasswordsDiffer, kNoIsoDestination));
+  EXPECT_EQ(user.messages[1].icon, MessageIcon::kCritical);
+  EXPECT_THAT(main.TxtSummery.text.get(), ::testing::HasSubstr("X:\\nowhere\\cd.iso"));
+  EXPECT_TRUE(main.CmdNext.visible);
+  EXPECT_FALSE(main.CmdFinish.visible);
+}
+
+TEST_F(PageChecksTest, PageThatIsKept_MovesTheOpenHelpToItsOwnTopic) {
+  user.help_is_open = true;
+  main.TxtUtils_Loc.text = "";
+  EXPECT_EQ(NextFrom(6), 6);
+  EXPECT_THAT(user.help_shown, ElementsAre("C:\\Discwright\\vexacd_builder.chm>Down 1170"));
+}
+
+}  // namespace
+}  // namespace discwright::wizard

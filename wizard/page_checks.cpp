@@ -1,0 +1,129 @@
+// The checks of the pages as rows.
+#include "wizard/page_checks.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "util/paths.h"
+#include "wizard/iso_destination.h"
+#include "wizard/pages.h"
+
+namespace discwright::wizard {
+
+namespace {
+
+using forms::FrmDiscwright;
+using host::MessageIcon;
+using CheckBoxOf = forms::CheckBox FrmDiscwright::*;
+using TextBoxOf = forms::TextBox FrmDiscwright::*;
+
+bool IsFile(const std::string& path) { return util::FileExists(path); }
+bool IsFolder(const std::string& path) { return util::FolderExists(path); }
+
+// `test` must hold for the text of `location` followed by `suffix` when all of `choices` are checked.
+struct LocationCheck {
+  int page;
+  std::array<CheckBoxOf, 2> choices;  // null: no condition
+  TextBoxOf location;
+  const char* suffix;
+  bool (*test)(const std::string& path);
+  const char* message;
+  MessageIcon icon = MessageIcon::kCritical;
+};
+
+constexpr LocationCheck kLocationChecks[] = {
+    {kWin2KSourcePage,
+     {&FrmDiscwright::ChkGet_Win2k},
+     &FrmDiscwright::Txt_i386_Loc,
+     "\\setupldr.bin",
+     IsFile,
+     "The selected folder doesn't contain a Windows 2000/XP installation !\r\n"
+     "Select your Windows setup source Directory"},
+    {kWin2KSourcePage,
+     {&FrmDiscwright::ChkGet_Win2k, &FrmDiscwright::ChkSlipstream},
+     &FrmDiscwright::TxtSP_exe,
+     "",
+     IsFile,
+     "The selected Service pack file is not correct !\r\n"
+     "Select your Windows Service pack EXE file"},
+    {kWin9xPage,
+     {&FrmDiscwright::ChkGet_Win9x},
+     &FrmDiscwright::TxtWin9x_Loc,
+     "\\mini.cab",
+     IsFile,
+     "The selected folder doesn't contain a Windows 98/Me installation !\r\n"
+     "Select your Windows setup source Directory"},
+    {kAdvtoolsPage,
+     {&FrmDiscwright::ChkGet_Advtools, &FrmDiscwright::ChkERDC},
+     &FrmDiscwright::TxtERDC,
+     "\\I386\\SYSTEM32\\CONFIG\\SOFTWARE",
+     IsFile,
+     "ERD Commander 2002/2003 doesn't seem to be located in the selected directory\r\n"
+     "Select ERD Commader 2002/2003 location",
+     MessageIcon::kExclamation},
+    {kAdvtoolsPage,
+     {&FrmDiscwright::ChkGet_Advtools, &FrmDiscwright::ChkBCon},
+     &FrmDiscwright::TxtBCon,
+     "\\I386\\SYSTEM32\\OOBC*.*",
+     IsFile,
+     "O&O Blue Con XXL doesn't seem to be located in the selected directory\r\n"
+     "Select Blue Con XXL location",
+     MessageIcon::kExclamation},
+    {kUtilitiesPage,
+     {&FrmDiscwright::ChkVexaUtils},
+     &FrmDiscwright::TxtUtils_Loc,
+     "",
+     IsFolder,
+     "The Vexa Utilities folder doesn't exist !\r\n"
+     "Select a valid Directory"},
+    {kUtilitiesPage,
+     {&FrmDiscwright::ChkAddFiles},
+     &FrmDiscwright::TxtAddFiles_Loc,
+     "",
+     IsFolder,
+     "The Additional files folder doesn't exist !\r\n"
+     "Select a valid Directory"},
+    {kIsoPage,
+     {},
+     &FrmDiscwright::TxtISOLoc,
+     "",
+     IsoDestinationIsCorrect,
+     "ISO File destination is not correct, check again"},
+};
+
+void ShowError(util::Context& context, const char* message, MessageIcon icon) {
+  context.user.ShowMessage({message, "Error", icon});
+}
+
+bool Applies(const FrmDiscwright& main, const LocationCheck& check) {
+  return std::all_of(check.choices.begin(), check.choices.end(),
+                     [&](CheckBoxOf choice) { return choice == nullptr || (main.*choice).checked(); });
+}
+
+bool Passes(const FrmDiscwright& main, const LocationCheck& check) {
+  return !Applies(main, check) || check.test((main.*check.location).text.get() + check.suffix);
+}
+
+bool PasswordsMatch(util::Context& context) {
+  FrmDiscwright& main = context.main();
+  if (!main.ChkPassProtect.checked() || main.TxtPass1.text.get() == main.TxtPass2.text.get()) return true;
+  ShowError(context, "The Passwords don't Match - Reenter them", MessageIcon::kCritical);
+  main.TxtPass1.text = "";
+  main.TxtPass2.text = "";
+  return false;
+}
+
+}  // namespace
+
+bool PageIsValid(util::Context& context, int page) {
+  bool valid = page != kIsoPage || PasswordsMatch(context);
+  for (const LocationCheck& check : kLocationChecks) {
+    if (check.page != page || Passes(context.main(), check)) continue;
+    ShowError(context, check.message, check.icon);
+    valid = false;
+  }
+  return valid;
+}
+
+}  // namespace discwright::wizard
