@@ -1,0 +1,79 @@
+// Sleeping, waking, Ctrl-C and the terminal.
+#include "host/console.h"
+
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstdint>
+
+namespace discwright::host {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+static_assert(std::atomic<int>::is_always_lock_free, "a signal handler counts with it");
+std::atomic<int> interrupts = 0;
+
+// The descriptor that is readable while the flag is set; open as long as the program runs.
+int WakeFd() {
+  static const int fd = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+  return fd;
+}
+
+void OnInterrupt(int) {
+  const int error = errno;
+  ++interrupts;
+  SetWakeUp();
+  errno = error;
+}
+
+int MillisecondsUntil(Clock::time_point end) {
+  const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now()).count();
+  return static_cast<int>(std::max<std::int64_t>(left, 0));
+}
+
+}  // namespace
+
+void SetWakeUp() {
+  const std::uint64_t one = 1;
+  // It can only fail when the flag is set a great many times over.
+  [[maybe_unused]] const ssize_t written = write(WakeFd(), &one, sizeof one);
+}
+
+void WaitForWakeUp(int milliseconds) {
+  const auto end = Clock::now() + std::chrono::milliseconds(std::max(milliseconds, 0));
+  pollfd waiting{WakeFd(), POLLIN, 0};
+  // A signal that has nothing to do with the flag (a resized terminal) does not end the sleep.
+  while (poll(&waiting, 1, MillisecondsUntil(end)) < 0 && errno == EINTR) {
+  }
+  std::uint64_t count = 0;
+  [[maybe_unused]] const ssize_t got = read(WakeFd(), &count, sizeof count);
+}
+
+void CatchInterrupts() {
+  WakeFd();  // made here, because the handler must not
+  struct sigaction action {};
+  action.sa_handler = OnInterrupt;
+  action.sa_flags = SA_RESTART;
+  sigemptyset(&action.sa_mask);
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) sigaction(signal, &action, nullptr);
+}
+
+int InterruptCount() { return interrupts; }
+
+bool StandardErrorIsTerminal() { return isatty(STDERR_FILENO) == 1; }
+
+int TerminalWidth() {
+  winsize size{};
+  const bool known = ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+  return known ? size.ws_col : 80;
+}
+
+}  // namespace discwright::host

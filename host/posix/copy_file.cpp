@@ -1,0 +1,133 @@
+// Copies files through the kernel, with progress after every piece.
+#include "host/posix/copy_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <array>
+#include <cerrno>
+#include <memory>
+
+#include "host/posix/case_lookup.h"
+#include "host/posix/errors.h"
+#include "host/posix/native_path.h"
+#include "host/posix/new_file.h"
+#include "host/posix/regular_file.h"
+
+namespace discwright::host {
+namespace {
+
+enum class OnExisting { kReplace, kRefuse };
+
+// Large enough that progress costs nothing, small enough that a slow disc still moves the bar.
+constexpr std::size_t kCopyPiece = 16 * 1024 * 1024;
+
+bool KernelCannotCopy(int error) {
+  return error == EXDEV || error == EINVAL || error == ENOSYS || error == EOPNOTSUPP || error == EPERM;
+}
+
+Status Stopped() { return StatusOf(ECANCELED); }
+
+// Moves the content from one open file to the other, piece by piece.
+class ContentCopy {
+ public:
+  ContentCopy(int from, int to, const CopyRoutine& routine) : from_(from), to_(to), routine_(routine) {}
+
+  Status Run(std::int64_t size) {
+    if (!Tell(CopyEvent::kStreamSwitch)) return Stopped();
+    for (;;) {
+      const long moved = MovePiece();
+      if (moved < 0) return LastFailure();
+      transferred_ += moved;
+      const bool is_end = moved == 0 || transferred_ == size;
+      // A file whose end shows only by an empty read was told about already, unless it is empty.
+      if ((moved > 0 || transferred_ == 0) && !Tell(CopyEvent::kChunkFinished)) return Stopped();
+      if (is_end) return Status::Success();
+    }
+  }
+
+ private:
+  bool Tell(CopyEvent event) const { return !routine_ || routine_(event, transferred_); }
+
+  // Bytes moved, 0 at the end of the source, -1 with errno.
+  long MovePiece() {
+    if (by_kernel_) {
+      const ssize_t moved = copy_file_range(from_, nullptr, to_, nullptr, kCopyPiece, 0);
+      if (moved > 0 || (moved < 0 && !KernelCannotCopy(errno) && errno != EINTR)) return moved;
+      // Also after "nothing to copy": the kernel says so of files it makes up as they are read.
+      by_kernel_ = false;
+    }
+    return MoveByHand();
+  }
+
+  long MoveByHand() {
+    if (bytes_ == nullptr) bytes_ = std::make_unique<std::array<char, kReadPiece>>();
+    long moved = 0;
+    while (moved < static_cast<long>(kCopyPiece)) {
+      const long got = ReadSome(from_, bytes_->data(), bytes_->size());
+      if (got == 0) break;
+      if (got < 0 || WriteAll(to_, bytes_->data(), static_cast<std::size_t>(got)) != 0) return -1;
+      moved += got;
+    }
+    return moved;
+  }
+
+  int from_;
+  int to_;
+  const CopyRoutine& routine_;
+  std::int64_t transferred_ = 0;
+  bool by_kernel_ = true;
+  std::unique_ptr<std::array<char, kReadPiece>> bytes_;
+};
+
+// Starts the target, which is refused when it is the source under another name. An existing one is replaced as a name:
+// what else shares its content (a hard link, a link's target) keeps it.
+Status StartTarget(NewFile& target, const std::string& to, const struct stat& source, OnExisting on_existing) {
+  const mode_t mode = (source.st_mode & 0777u) | S_IRUSR | S_IWUSR;  // less the user's umask, as for any new file
+  const Status created = target.Create(to, mode);
+  if (created.error != ErrorClass::kExists || on_existing == OnExisting::kRefuse) return created;
+  struct stat existing {};
+  if (stat(to.c_str(), &existing) == 0) {
+    if (!S_ISREG(existing.st_mode)) return NotARegularFile(S_ISDIR(existing.st_mode));
+    if (existing.st_dev == source.st_dev && existing.st_ino == source.st_ino) {
+      return Status::Failure(ErrorClass::kOther, "Source and target are the same file");
+    }
+  }
+  return target.CreateBeside(to, mode);
+}
+
+// A file system that has no room for the time does not spoil the copy.
+void KeepTime(int fd, const struct stat& source) {
+  const std::array<timespec, 2> times{timespec{0, UTIME_OMIT}, source.st_mtim};
+  static_cast<void>(futimens(fd, times.data()));
+}
+
+// Most names are spelt as they are on the disk, so that is tried before anything is looked up.
+RegularFile OpenSource(std::string_view path) {
+  RegularFile file = OpenRegular(NativePath(path), O_RDONLY);
+  if (file.status.error == ErrorClass::kNotFound) file = OpenRegular(RealPath(path), O_RDONLY);
+  return file;
+}
+
+Status CopyOpenFile(const RegularFile& source, const std::string& to, OnExisting on_existing,
+                    const CopyRoutine& routine) {
+  if (!source.status.ok()) return source.status;
+  NewFile target;
+  Status status = StartTarget(target, to, source.facts, on_existing);
+  if (status.ok()) status = ContentCopy(source.fd.get(), target.fd(), routine).Run(source.facts.st_size);
+  if (!status.ok()) return status;
+  KeepTime(target.fd(), source.facts);
+  return target.Commit();
+}
+
+}  // namespace
+
+Status CopyToFreeName(const std::string& from, const std::string& to) {
+  return CopyOpenFile(OpenRegular(from, O_RDONLY), to, OnExisting::kRefuse, nullptr);
+}
+
+Status CopyFileWithProgress(std::string_view from, std::string_view to, const CopyRoutine& routine) {
+  return CopyOpenFile(OpenSource(from), RealPathOfNew(to), OnExisting::kReplace, routine);
+}
+
+}  // namespace discwright::host

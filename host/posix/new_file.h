@@ -1,0 +1,40 @@
+// A file being written that gets its name only when it is whole, or disappears.
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+
+#include "host/posix/unique_fd.h"
+#include "host/status.h"
+
+namespace discwright::host {
+
+// Unless Commit succeeds, the destructor removes what was written, and a file that had the name stays as it was.
+class NewFile {
+ public:
+  NewFile() = default;
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+  ~NewFile() { Discard(); }
+
+  // Creates the file under its own name; kExists when that is taken.
+  Status Create(const std::string& native, mode_t mode);
+
+  // Creates it under a passing name in the same folder; Commit then renames it over what has the name.
+  Status CreateBeside(const std::string& native, mode_t mode);
+
+  int fd() const { return fd_.get(); }
+
+  // Closes the file, which reports late write errors, and gives it its name.
+  Status Commit();
+
+ private:
+  void Discard();
+
+  UniqueFd fd_;
+  std::string name_;          // the final native path
+  std::string passing_name_;  // what it is called while being written; empty when there is nothing to discard
+};
+
+}  // namespace discwright::host

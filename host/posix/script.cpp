@@ -1,0 +1,50 @@
+// Generated scripts for /bin/sh.
+#include "host/script.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "host/system.h"
+
+namespace discwright::host {
+namespace {
+
+// One word for the shell, whatever is in it: between single quotes only the single quote itself means something.
+std::string Quoted(std::string_view text) {
+  std::string quoted = "'";
+  for (const char character : text) {
+    if (character == '\'') {
+      quoted += "'\\''";
+    } else {
+      quoted += character;
+    }
+  }
+  return quoted + "'";
+}
+
+bool IsPlain(std::string_view name) {
+  return std::all_of(name.begin(), name.end(), [](unsigned char character) {
+    return (character < 0x80 && std::isalnum(character) != 0) || character == '.' || character == '_' ||
+           character == '-';
+  });
+}
+
+}  // namespace
+
+std::array<std::string, 3> ScriptPrologue(std::string_view folder) {
+  return {"#!/bin/sh", "# Made anew by every build.", "cd -- " + Quoted(PathToNative(folder)) + " || exit 1"};
+}
+
+std::string ScriptProgram(std::string_view name) {
+  if (FoldCase(name).ends_with(".exe")) name.remove_suffix(4);
+  std::string program = "./" + std::string(name);
+  return IsPlain(name) ? program : Quoted(program);
+}
+
+std::string ScriptPath(std::string_view path) { return Quoted(PathToNative(path)); }
+
+std::string_view ScriptLineEnd() { return "\n"; }
+
+std::string ScriptBytes(std::string_view text) { return std::string(text); }
+
+}  // namespace discwright::host

@@ -1,0 +1,50 @@
+// Facts about the machine and the running program.
+#include "host/system.h"
+
+#include <unistd.h>
+#include <climits>
+
+#include <array>
+#include <ctime>
+#include <fstream>
+#include <sstream>
+
+#include "host/posix/case_lookup.h"
+#include "host/posix/mounts.h"
+#include "host/posix/native_path.h"
+
+namespace discwright::host {
+
+std::string ProgramFolder() {
+  std::array<char, PATH_MAX> path{};
+  const ssize_t length = readlink("/proc/self/exe", path.data(), path.size());
+  if (length <= 0) return CurrentFolder();
+  return PathFromNative(NativeFolder(std::string(path.data(), static_cast<std::size_t>(length))));
+}
+
+std::string CurrentFolder() { return PathFromNative("."); }
+
+int PlatformId() { return 2; }
+
+std::vector<std::string> OpticalDrives() {
+  std::ostringstream table;
+  table << std::ifstream("/proc/self/mounts").rdbuf();
+  std::vector<std::string> drives = OpticalMountPoints(table.str());
+  for (std::string& drive : drives) drive = PathFromNative(drive);
+  return drives;
+}
+
+std::string ShortPath(std::string_view) { return {}; }
+
+Date Today() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  std::array<char, 64> weekday{};
+  const std::size_t length = std::strftime(weekday.data(), weekday.size(), "%a", &local);
+  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, std::string(weekday.data(), length)};
+}
+
+std::string PathToNative(std::string_view path) { return RealPath(path); }
+
+}  // namespace discwright::host

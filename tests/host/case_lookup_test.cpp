@@ -1,0 +1,176 @@
+// Finding files whose letter case differs from the path's.
+#include "host/posix/case_lookup.h"
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+#include "host/files.h"
+#include "tests/host/temp_folder.h"
+
+namespace discwright::host {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::TempFolder;
+
+// What another program does to a folder shows in its times; the clock may be too coarse for a test that is in a hurry.
+void SetFolderTime(const std::string& native, int seconds) {
+  const timespec times[2] = {{seconds, 0}, {seconds, 0}};
+  ASSERT_EQ(utimensat(AT_FDCWD, native.c_str(), times, 0), 0);
+}
+
+TEST(RealPath, DiscWithLowerCaseNames_IsFoundByUpperCasePaths) {
+  const TempFolder disc;
+  disc.Write("i386/win51ip.sp1", "x");
+  EXPECT_EQ(RealPath(disc.Core("I386\\WIN51IP.SP1")), disc.Native("i386/win51ip.sp1"));
+  EXPECT_TRUE(CanRead(disc.Core("I386/Win51ip.Sp1")));
+}
+
+TEST(RealPath, LettersBeyondAscii_AreFoundInAnotherCase) {
+  const TempFolder folder;
+  folder.Write("Übung.txt", "x");
+  EXPECT_EQ(RealPath(folder.Core("üBUNG.TXT")), folder.Native("Übung.txt"));
+}
+
+TEST(RealPath, ExactMatch_WinsOverOtherCases) {
+  const TempFolder folder;
+  for (const char* name : {"NAME", "Name", "name"}) folder.Write(name, name);
+  EXPECT_EQ(RealPath(folder.Core("Name")), folder.Native("Name"));
+  EXPECT_EQ(RealPath(folder.Core("name")), folder.Native("name"));
+}
+
+TEST(RealPath, SeveralOtherCases_GiveTheFirstBytewise) {
+  const TempFolder folder;
+  for (const char* name : {"name", "NAME", "Name"}) folder.Write(name, name);
+  EXPECT_EQ(RealPath(folder.Core("nAME")), folder.Native("NAME"));
+}
+
+TEST(RealPath, ExactFolder_WinsOverAnotherFolderThatHasTheFile) {
+  const TempFolder folder;
+  folder.MakeFolder("dir");
+  folder.Write("DIR/file", "x");
+  EXPECT_EQ(RealPath(folder.Core("dir\\file")), folder.Native("dir/file"));
+}
+
+TEST(RealPath, ParentComponent_IsFollowedInAnyCase) {
+  const TempFolder folder;
+  folder.MakeFolder("Sub");
+  folder.Write("File", "x");
+  EXPECT_EQ(RealPath(folder.Core("SUB\\..\\FILE")), folder.Native("Sub/../File"));
+}
+
+TEST(RealPath, FileInPlaceOfAFolder_GivesAPathThatIsNotFound) {
+  const TempFolder folder;
+  folder.Write("File", "x");
+  EXPECT_FALSE(Look(folder.Core("FILE\\below")).has_value());
+}
+
+TEST(RealPath, BrokenLinkInAnotherCase_IsFoundItself) {
+  const TempFolder folder;
+  folder.Link("nowhere", "Link");
+  EXPECT_EQ(RealPath(folder.Core("LINK")), folder.Native("Link"));
+}
+
+TEST(RealPath, FileMadeByAnotherProgram_IsNoticed) {
+  const TempFolder folder;
+  EXPECT_EQ(RealPath(folder.Core("FILE")), folder.Native("FILE"));
+  folder.Write("File", "x");
+  SetFolderTime(folder.native(), 1000);
+  EXPECT_EQ(RealPath(folder.Core("FILE")), folder.Native("File"));
+}
+
+TEST(RealPath, FileMadeByAnotherProgramBeforeAnOverwriteOfOurs_IsNoticed) {
+  const TempFolder folder;
+  folder.Write("ours", "x");
+  EXPECT_EQ(RealPath(folder.Core("FILE")), folder.Native("FILE"));
+  folder.Write("File", "x");
+  SetFolderTime(folder.native(), 1000);
+  ASSERT_TRUE(WriteWholeFile(folder.Core("ours"), "new").ok());
+  EXPECT_EQ(RealPath(folder.Core("FILE")), folder.Native("File"));
+}
+
+TEST(RealPath, RemovedFile_IsForgottenEvenWhenTheFoldersTimesAreTheSame) {
+  const TempFolder folder;
+  folder.Write("File", "x");
+  SetFolderTime(folder.native(), 1000);
+  EXPECT_EQ(RealPath(folder.Core("FILE")), folder.Native("File"));
+  ASSERT_TRUE(RemoveFile(folder.Core("File")).ok());
+  SetFolderTime(folder.native(), 1000);
+  EXPECT_EQ(RealPath(folder.Core("FILE")), folder.Native("FILE"));
+}
+
+TEST(RealPath, MoreFoldersThanAreKept_AreAllFound) {
+  const TempFolder folder;
+  for (int i = 0; i < 20; ++i) folder.Write("Dir" + std::to_string(i) + "/File", "x");
+  for (int round = 0; round < 2; ++round) {
+    for (int i = 0; i < 20; ++i) {
+      const std::string number = std::to_string(i);
+      EXPECT_EQ(RealPath(folder.Core("DIR" + number + "\\FILE")), folder.Native("Dir" + number + "/File"));
+    }
+  }
+}
+
+TEST(RealPathOfNew, ExistingNameInAnyCase_IsFoundLikeByRealPath) {
+  const TempFolder folder;
+  for (const char* name : {"NAME", "name", "Other"}) folder.Write(name, name);
+  EXPECT_EQ(RealPathOfNew(folder.Core("name")), folder.Native("name"));
+  EXPECT_EQ(RealPathOfNew(folder.Core("Name")), folder.Native("NAME"));
+  EXPECT_EQ(RealPathOfNew(folder.Core("OTHER")), folder.Native("Other"));
+  EXPECT_EQ(RealPathOfNew(folder.Core("New")), folder.Native("New"));
+  EXPECT_EQ(RealPathOfNew("\\"), "/");
+  EXPECT_EQ(RealPathOfNew(""), "");
+}
+
+TEST(Creating, ExistingFileInAnotherCase_IsUsed) {
+  const TempFolder folder;
+  folder.Write("source", "new");
+  folder.Write("Dir/Copied", "old");
+  folder.Write("Dir/Written", "old");
+  folder.Write("Dir/Opened", "old");
+  EXPECT_TRUE(CopyFileWithProgress(folder.Core("SOURCE"), folder.Core("DIR\\COPIED"), nullptr).ok());
+  EXPECT_TRUE(WriteWholeFile(folder.Core("DIR\\WRITTEN"), "new").ok());
+  Status status;
+  EXPECT_NE(OpenBinary(folder.Core("DIR\\OPENED"), OpenMode::kCreateEmpty, status), nullptr);
+  EXPECT_THAT(folder.Names("Dir"), ElementsAre("Copied", "Opened", "Written"));
+  EXPECT_EQ(folder.Read("Dir/Copied"), "new");
+  EXPECT_EQ(folder.Read("Dir/Written"), "new");
+  EXPECT_EQ(folder.Read("Dir/Opened"), "");
+}
+
+TEST(Creating, NewComponentsBelowExistingOnes_KeepTheirCase) {
+  const TempFolder folder;
+  folder.MakeFolder("Dir");
+  EXPECT_TRUE(MakeFolders(folder.Core("DIR\\New\\Deep")).ok());
+  EXPECT_TRUE(WriteWholeFile(folder.Core("DIR\\NEW\\DEEP\\File"), "x").ok());
+  EXPECT_THAT(folder.Names(), ElementsAre("Dir"));
+  EXPECT_EQ(folder.Read("Dir/New/Deep/File"), "x");
+}
+
+TEST(Creating, SameNamesInAnotherCaseRightAfterwards_AreTheSameFiles) {
+  const TempFolder folder;
+  folder.Write("source", "copied");
+  for (const char* name : {"One", "oNE", "ONE"}) {
+    ASSERT_TRUE(CopyFileWithProgress(folder.Core("source"), folder.Core(name), nullptr).ok());
+  }
+  for (const char* name : {"Two", "tWO", "TWO"}) ASSERT_TRUE(WriteWholeFile(folder.Core(name), name).ok());
+  for (const char* name : {"Three", "tHREE"}) ASSERT_TRUE(MakeFolders(folder.Core(name)).ok());
+  Status status;
+  for (const char* name : {"Four", "fOUR"}) ASSERT_TRUE(OpenBinary(folder.Core(name), OpenMode::kReadWrite, status));
+  EXPECT_THAT(folder.Names(), ElementsAre("Four", "One", "Three", "Two", "source"));
+}
+
+TEST(Creating, TwentyThousandFilesInOneFolder_AreAllThere) {
+  constexpr int kFiles = 20000;
+  const TempFolder folder;
+  folder.Write("source", "x");
+  folder.MakeFolder("Many");
+  for (int i = 0; i < kFiles; ++i) {
+    ASSERT_TRUE(CopyFileWithProgress(folder.Core("source"), folder.Core("MANY\\F" + std::to_string(i)), nullptr).ok());
+  }
+  EXPECT_EQ(folder.Names("Many").size(), static_cast<std::size_t>(kFiles));
+  EXPECT_EQ(RealPath(folder.Core("Many\\f19999")), folder.Native("Many/F19999"));
+}
+
+}  // namespace
+}  // namespace discwright::host

@@ -1,0 +1,105 @@
+// Paths in the core's spelling and in the system's.
+#include "host/posix/native_path.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "host/system.h"
+#include "tests/host/temp_folder.h"
+
+namespace discwright::host {
+namespace {
+
+using testing::TempFolder;
+
+std::string Cwd() { return std::filesystem::current_path(); }
+
+TEST(NativePath, MixedSeparators_BecomeSlashes) { EXPECT_EQ(NativePath("\\a/b\\c d"), "/a/b/c d"); }
+
+TEST(NativePath, DoubledAndTrailingSeparatorsAndDots_AreDropped) { EXPECT_EQ(NativePath("\\a\\\\.\\b/\\"), "/a/b"); }
+
+TEST(NativePath, ParentComponent_IsLeftToTheSystem) { EXPECT_EQ(NativePath("\\a\\..\\b"), "/a/../b"); }
+
+TEST(NativePath, Root_IsASlash) { EXPECT_EQ(NativePath("\\"), "/"); }
+
+TEST(NativePath, RelativePath_StartsAtTheCurrentFolder) { EXPECT_EQ(NativePath("x\\y"), NativeJoin(Cwd(), "x/y")); }
+
+TEST(NativePath, EmptyPathOrNul_IsEmpty) {
+  EXPECT_EQ(NativePath(""), "");
+  EXPECT_EQ(NativePath(std::string_view("\\a\0b", 4)), "");
+}
+
+TEST(NativePath, StandInForABackslash_BecomesABackslash) {
+  EXPECT_EQ(NativePath("\\a\xEF\x81\x9C"
+                       "b"),
+            "/a\\b");
+}
+
+TEST(PathFromNative, Slashes_BecomeBackslashes) { EXPECT_EQ(PathFromNative("/a/b c"), "\\a\\b c"); }
+
+TEST(PathFromNative, BackslashInAName_IsShownAsItsStandIn) {
+  EXPECT_EQ(PathFromNative("/a/b\\c"),
+            "\\a\\b\xEF\x81\x9C"
+            "c");
+}
+
+TEST(PathFromNative, RelativePath_IsMadeAbsolute) {
+  EXPECT_EQ(PathFromNative("x/y"), PathFromNative(Cwd() + "/x/y"));
+  EXPECT_EQ(PathFromNative("."), CurrentFolder());
+}
+
+TEST(PathFromNative, TrailingSeparator_IsDropped) { EXPECT_EQ(PathFromNative("/a/"), "\\a"); }
+
+TEST(PathFromNative, Empty_StaysEmpty) { EXPECT_EQ(PathFromNative(""), ""); }
+
+TEST(PathToNative, PathFromNative_ComesBackUnchanged) {
+  for (const std::string path : {"/", "/a/b", "/a\\b/c", "/\xFF\xFE/x", "/with blank/$HOME/`id`/\n"}) {
+    EXPECT_EQ(PathToNative(PathFromNative(path)), path);
+  }
+}
+
+TEST(PathToNative, ExistingPathInAnotherCase_IsSpelledAsOnTheDisk) {
+  const TempFolder folder;
+  folder.Write("Folder/File.Txt", "");
+  EXPECT_EQ(PathToNative(folder.Core("FOLDER\\file.txt")), folder.Native("Folder/File.Txt"));
+}
+
+TEST(PathToNative, MissingName_KeepsItsCaseBelowTheRealFolder) {
+  const TempFolder folder;
+  folder.MakeFolder("Folder");
+  EXPECT_EQ(PathToNative(folder.Core("FOLDER\\New\\Name")), folder.Native("Folder/New/Name"));
+}
+
+TEST(NativeName, NameWithABackslash_CanBeWrittenListedAndRemoved) {
+  const TempFolder folder;
+  folder.Write("one\\two", "content");
+  const Listing listing = ListFolder(folder.Core(), "*.*");
+  ASSERT_EQ(listing.entries.size(), 1u);
+  const std::string path = folder.Core() + "\\" + listing.entries[0].name;
+  std::string content;
+  EXPECT_TRUE(ReadWholeFile(path, content).ok());
+  EXPECT_EQ(content, "content");
+  EXPECT_FALSE(Look(folder.Core("one\\two")).has_value());
+  EXPECT_TRUE(WriteWholeFile(path, "new").ok());
+  EXPECT_EQ(folder.Read("one\\two"), "new");
+  EXPECT_TRUE(RemoveFile(path).ok());
+  EXPECT_TRUE(folder.Names().empty());
+}
+
+TEST(NativeName, NameWithTheStandInItself_IsStillFound) {
+  const TempFolder folder;
+  folder.Write(
+      "a\xEF\x81\x9C"
+      "b",
+      "content");
+  std::string content;
+  EXPECT_TRUE(ReadWholeFile(folder.Core("a\xEF\x81\x9C"
+                                        "b"),
+                            content)
+                  .ok());
+  EXPECT_EQ(content, "content");
+}
+
+}  // namespace
+}  // namespace discwright::host
