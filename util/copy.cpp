@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "host/system.h"
 #include "util/copy_engines.h"
 #include "util/copy_entries.h"
 #include "util/paths.h"
@@ -10,6 +11,13 @@
 namespace discwright::util {
 
 namespace {
+
+// One spelling for a folder, however it is written.
+std::string FoldedPlace(std::string_view folder) {
+  std::string place = host::FoldCase(host::PathToNative(folder));
+  while (place.size() > 1 && IsPathSeparator(place.back())) place.pop_back();
+  return place;
+}
 
 CopyEnd CopyTreeCounted(CopyRun& run, std::string_view source, std::string_view destination) {
   const std::optional<std::int32_t> total = FolderSizeByDir(run.context.user, source);
@@ -39,6 +47,14 @@ void ShowFileInHand(CopyRun& run, std::string_view name) {
 
 void ShowBytes(CopyRun& run, std::int64_t bytes) { run.Progress.value = std::min(bytes, run.Progress.max.get()); }
 
+void RememberDestination(CopyRun& run, std::string_view destination) { run.own_destination = FoldedPlace(destination); }
+
+bool IsOwnDestination(CopyRun& run, const std::string& source_folder) {
+  if (run.own_destination.empty() || FoldedPlace(source_folder) != run.own_destination) return false;
+  run.context.notes.Add(source_folder, "not copied: it is the folder that is being copied to.");
+  return true;
+}
+
 CopyEnd TreeTooLarge(CopyRun& run, std::string_view source) {
   run.context.notes.Add(std::string(source), "nothing was copied, the files in this folder add up to 2 GB or more");
   return CopyEnd::kRuntimeFailure;
@@ -52,7 +68,8 @@ CopyEnd CopyPathWithProgress(Context& context, std::string_view source, std::str
   Progress.visible = true;
   // Stays enabled after the copy, whatever it was before.
   context.main().CmdCancel.enabled = true;
-  CopyRun run{context, LblMsg, Progress};
+  CopyRun run{context, LblMsg, Progress, 0, ""};
+  RememberDestination(run, destination);
   const CopyEnd end =
       IsWinNT() ? CopyTreeWithProgress(run, source, destination) : CopyTreeCounted(run, source, destination);
   Progress.visible = was_visible;

@@ -29,7 +29,9 @@ bool CopyEntry(CopyRun& run, EntryJudge& judge, const host::Entry& entry, const 
   if (verdict != Verdict::kCopy) return verdict == Verdict::kSkip;
   const std::string from = source + entry.name;
   const std::string to = destination + entry.name;
-  if (entry.kind == host::EntryKind::kFolder) return CopyTreeChunked(run, from + "\\", to + "\\");
+  if (entry.kind == host::EntryKind::kFolder) {
+    return IsOwnDestination(run, from) || CopyTreeChunked(run, from + "\\", to + "\\");
+  }
   ShowFileInHand(run, entry.name);
   return CheckOrStopClassic(run.context.notes, CopyFileChunked(run, from, to), from, "could not be copied");
 }

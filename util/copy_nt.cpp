@@ -50,6 +50,7 @@ bool CopyEntry(CopyRun& run, EntryJudge& judge, const host::Entry& entry, const 
   const Verdict verdict = judge.Judge(entry);
   if (verdict != Verdict::kCopy) return verdict == Verdict::kSkip;
   if (!folder) return CopyShownFile(run, entry.name, source + entry.name, destination + entry.name);
+  if (IsOwnDestination(run, source + entry.name)) return true;
   return CopyTreeByFind(run, source + entry.name + "\\", destination + entry.name + "\\");
 }
 

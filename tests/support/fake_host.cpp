@@ -440,7 +440,11 @@ int PlatformId() { return Fake().platform_id; }
 std::vector<std::string> OpticalDrives() { return Fake().optical_drives; }
 Date Today() { return Fake().today; }
 std::string PathFromNative(std::string_view native) { return std::string(native); }
-std::string PathToNative(std::string_view path) { return std::string(path); }
+std::string PathToNative(std::string_view path) {
+  std::string native(path);
+  std::replace(native.begin(), native.end(), '/', '\\');
+  return native;
+}
 
 std::string ShortPath(std::string_view path) {
   const auto found = Fake().short_paths.find(std::string(path));

@@ -10,7 +10,7 @@ namespace {
 
 class Copy9xTest : public testing::BuildFixture {
  protected:
-  CopyRun run{context, main.LblSub_Step, main.BarSub_Step};
+  CopyRun run{context, main.LblSub_Step, main.BarSub_Step, 0, ""};
   std::vector<std::int64_t> bar_values;
 
   void SetUp() override {

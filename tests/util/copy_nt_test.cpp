@@ -13,7 +13,7 @@ constexpr std::int32_t kMostBytes = std::numeric_limits<std::int32_t>::max();
 
 class CopyNtTest : public testing::BuildFixture {
  protected:
-  CopyRun run{context, main.LblSub_Step, main.BarSub_Step};
+  CopyRun run{context, main.LblSub_Step, main.BarSub_Step, 0, ""};
 
   // A second entry of C:\src whose name differs from an existing one only in letter case.
   void AddClash(const std::string& key, const std::string& name, host::EntryKind kind = host::EntryKind::kFile) {

@@ -47,6 +47,17 @@ TEST_P(CopyOnBothPlatforms, Start_PaintsThePreparationAndShowsTheBar) {
   EXPECT_TRUE(bar_seen);
 }
 
+TEST_P(CopyOnBothPlatforms, DestinationDeepInsideTheSource_IsPassedOverAndNoted) {
+  host.AddFile("C:\\src\\a", "1");
+  host.AddFile("C:\\src\\work\\b", "2");
+  EXPECT_EQ(CopyPathWithProgress(context, "C:\\src", "c:/SRC/work/cd/", main.LblSub_Step, main.BarSub_Step),
+            CopyEnd::kComplete);
+  EXPECT_EQ(host.Content("C:\\src\\work\\cd\\work\\b"), "2");
+  EXPECT_FALSE(host.Exists("C:\\src\\work\\cd\\work\\cd"));
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(notes.all()[0].place, "C:\\src\\work\\cd");
+}
+
 TEST_P(CopyOnBothPlatforms, End_PutsTheBarsVisibilityBack) {
   host.AddFile("C:\\src\\a", "1");
   for (const bool visible : {false, true}) {
