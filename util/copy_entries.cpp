@@ -67,7 +67,8 @@ Verdict EntryJudge::Judge(const host::Entry& entry) {
   if (entry.loops) return Stop(entry, "not copied, it is a link back to one of its own parent folders");
   if (entry.broken) return Stop(entry, "could not be copied, it is a link whose target is missing");
   if (!taken_.insert(host::FoldCase(entry.name)).second) {
-    return Stop(entry, "could not be copied, another name in this folder differs from it only in letter case");
+    notes_.Add(source_ + entry.name, "not copied: another name in this folder differs from it only in letter case");
+    return Verdict::kSkip;
   }
   return Verdict::kCopy;
 }

@@ -19,8 +19,8 @@ class EntryJudge {
   // `source` ends in a separator.
   EntryJudge(Notes& notes, std::string source) : notes_(notes), source_(std::move(source)) {}
 
-  // kSkip for a device, socket or pipe. kStop, a failed file, for a link that loops or whose target is missing, and
-  // for a name that an earlier entry has taken in another letter case: on the CD one would overwrite the other.
+  // kSkip for a device, socket or pipe, and for a name that an earlier entry has taken in another letter case: on the
+  // CD one would overwrite the other. kStop, a failed file, for a link that loops or whose target is missing.
   Verdict Judge(const host::Entry& entry);
 
  private:
