@@ -67,7 +67,7 @@ std::string ApplyOptions(forms::Windows& windows, const Options& options) {
   for (const auto& [control, value] : options.assignments) {
     if (IsPasswordBox(control)) return "a password cannot be set on the command line; use --password-file";
     const std::string error = forms::Assign(windows, control, value);
-    if (!error.empty()) return "--set " + control + ": " + error;
+    if (!error.empty()) return std::string("--set ").append(control).append(": ").append(error);
   }
   ConfirmDialogs(windows, options);
   forms::FrmDiscwright& main = windows.main;

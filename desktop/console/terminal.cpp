@@ -104,7 +104,7 @@ std::string Terminal::LiveText() const {
   if (bar.visible && range > 0) text = std::to_string((bar.value - bar.min) * 100 / range) + "%  " + text;
   for (const Line& line : Lines(main_)) {
     if (line.message->bold && line.message->caption.get() != main_.LblSub_Step.caption.get()) {
-      text = line.message->caption.get() + ": " + text;
+      text.insert(0, line.message->caption.get() + ": ");
     }
   }
   return text;
