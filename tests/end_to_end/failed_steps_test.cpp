@@ -1,0 +1,121 @@
+// Programs that the build calls fail: the reason is told, and no image comes of it.
+#include "tests/end_to_end/build_test.h"
+
+namespace discwright::testing {
+
+namespace {
+
+class FailedSteps : public BuildTest {
+ protected:
+  // A build that must fail; what it says on standard error is returned.
+  std::string Failed(const Surroundings& surroundings = {}, const std::vector<std::string>& choices = {}) const {
+    const Outcome outcome = Build(choices, surroundings);
+    EXPECT_EQ(outcome.exit_code, 1) << outcome.err;
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_THAT(PartsOf(image), IsEmpty());
+    return outcome.err;
+  }
+};
+
+}  // namespace
+
+TEST_F(FailedSteps, MissingBootLoader_IsToldFromTheLog) {
+  fs::remove(program / "files" / "vexacd" / "boot" / "loader.bin");
+  const std::string told = Failed();
+  EXPECT_THAT(told, HasSubstr("Uh oh, I cant find the boot image 'boot/loader.bin' !"));
+  EXPECT_THAT(told, HasSubstr("Operation Aborted"));
+  EXPECT_THAT(ReadFile(program / "mkisofs.log"), HasSubstr("Uh oh"));
+  EXPECT_TRUE(NoImageAt(image));
+}
+
+TEST_F(FailedSteps, MissingTemplateTree_IsTold) {
+  fs::remove_all(program / "files" / "vexacd");
+  EXPECT_THAT(Failed(), HasSubstr("warning: " + (program / "files" / "vexacd").string()));
+  EXPECT_TRUE(NoImageAt(image));
+}
+
+TEST_F(FailedSteps, MissingMasteringProgram_IsToldFromTheLog) {
+  fs::remove(program / "mkisofs");
+  EXPECT_THAT(Failed(), HasSubstr("mkisofs: not found"));
+  EXPECT_TRUE(NoImageAt(image));
+}
+
+TEST_F(FailedSteps, MasteringProgramThatMayNotBeRun_IsToldFromTheLog) {
+  fs::permissions(program / "mkisofs", fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_THAT(Failed(), HasSubstr("mkisofs: Permission denied"));
+  EXPECT_TRUE(NoImageAt(image));
+}
+
+TEST_F(FailedSteps, GenisoimageNotInstalled_IsToldWithTheNameOfThePackage) {
+  fs::create_directory(place / "nothing in here");
+  EXPECT_THAT(Failed({.environment = {{"PATH", (place / "nothing in here").string()}}}),
+              HasSubstr("mkisofs: genisoimage is not installed; install the package genisoimage"));
+  EXPECT_TRUE(NoImageAt(image));
+}
+
+TEST_F(FailedSteps, GenisoimageKilled_LeavesNoPart) {
+  EXPECT_THAT(
+      Failed(WithGenisoimage("while [ \"$1\" != -output ]; do shift; done\necho begun > \"$2\"\nkill -KILL $$\n")),
+      HasSubstr("Operation Aborted"));
+  EXPECT_THAT(ReadFile(program / "mkisofs.log"), HasSubstr("The mastering ended with exit code 137."));
+  EXPECT_TRUE(NoImageAt(image));
+}
+
+TEST_F(FailedSteps, MasteringProgramKilled_IsToldFromTheLog) {
+  program.ReplaceProgram("mkisofs", "echo so far so good\nkill -KILL $$\n");
+  const std::string told = Failed();
+  EXPECT_THAT(told, HasSubstr("so far so good"));
+  EXPECT_THAT(told, HasSubstr("The mastering ended with exit code 137."));
+  EXPECT_TRUE(NoImageAt(image));
+}
+
+TEST_F(FailedSteps, MasteringFailsWithAnOlderImageAtThePlace_ItStaysUntouchedAndIsNotTakenForANewOne) {
+  WriteFile(image, "an older image");
+  EXPECT_THAT(Failed(WithGenisoimage("echo no luck today >&2\nexit 3\n")), HasSubstr("no luck today"));
+  EXPECT_EQ(ReadFile(image), "an older image");
+}
+
+TEST_F(FailedSteps, GenisoimageWritesAPartAndFails_LeavesNoPart) {
+  Failed(WithGenisoimage("while [ \"$1\" != -output ]; do shift; done\necho begun > \"$2\"\nexit 1\n"));
+  EXPECT_TRUE(NoImageAt(image));
+}
+
+TEST_F(FailedSteps, MissingDiskProgram_IsTold) {
+  fs::remove(program / "CreateDsk");
+  EXPECT_THAT(Failed(), HasSubstr("warning: "));
+  EXPECT_TRUE(NoImageAt(image));
+}
+
+TEST_F(FailedSteps, DiskProgramFails_IsToldWithItsWords) {
+  program.ReplaceProgram("CreateDsk", "echo the dog ate it >&2\nexit 1\n");
+  const std::string told = Failed();
+  EXPECT_THAT(told, HasSubstr("the dog ate it"));
+  EXPECT_THAT(told,
+              HasSubstr("Fatal Error: The creation the Boot image \"Vexa Rescue Software\" failed, operation halted"));
+  EXPECT_TRUE(NoImageAt(image));
+}
+
+TEST_F(FailedSteps, NameLongerThanADiscCanHold_IsToldFromTheLog) {
+  const std::string name(208, 'n');
+  WriteFile(place / "tools" / name, "content");
+  EXPECT_THAT(Failed({}, Utilities(place / "tools")), HasSubstr("vexacd/vexa/" + name));
+  EXPECT_TRUE(NoImageAt(image));
+}
+
+TEST_F(FailedSteps, UtilitiesOfTwoGigabytes_EndTheBuildBeforeTheyAreCopied) {
+  WriteFile(place / "tools" / "large.bin", "");
+  fs::resize_file(place / "tools" / "large.bin", 1ULL << 31U);  // a hole: takes no room
+  const std::string told = Failed({}, Utilities(place / "tools"));
+  EXPECT_THAT(told, HasSubstr("warning: " + (place / "tools").string() + ": "));
+  EXPECT_THAT(told,
+              HasSubstr("Fatal Error: A fatal Error occured while integrating the Vexa Utilities, operation halted"));
+  EXPECT_TRUE(NoImageAt(image));
+}
+
+TEST_F(FailedSteps, FailedBuild_NextBuildSucceeds) {
+  Failed(WithGenisoimage("exit 1\n"));
+  const Outcome outcome = Build();
+  EXPECT_EQ(outcome.exit_code, 0) << outcome.err;
+}
+
+}  // namespace discwright::testing

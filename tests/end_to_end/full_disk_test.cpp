@@ -1,0 +1,124 @@
+// Disks without room: for the image, and for the program folder with its workspace.
+#include <sys/mount.h>
+
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <memory>
+
+#include "tests/end_to_end/build_test.h"
+
+namespace discwright::testing {
+
+namespace {
+
+// A small disk in memory, mounted on a folder.
+class SmallDisk {
+ public:
+  SmallDisk(fs::path folder, std::uintmax_t bytes) : folder_(std::move(folder)) {
+    fs::create_directories(folder_);
+    const std::string size = "size=" + std::to_string(bytes);
+    error_ = mount("end_to_end", folder_.c_str(), "tmpfs", 0, size.c_str()) == 0 ? 0 : errno;
+  }
+  ~SmallDisk() {
+    if (error_ == 0) umount2(folder_.c_str(), MNT_DETACH);
+  }
+  SmallDisk(const SmallDisk&) = delete;
+  SmallDisk& operator=(const SmallDisk&) = delete;
+
+  bool IsMounted() const { return error_ == 0; }
+  std::string Reason() const { return std::string("this machine lets us mount no disk: ") + std::strerror(error_); }
+
+  // Leaves at most `bytes` free.
+  void FillUpTo(std::uintmax_t bytes) const {
+    std::ofstream filler(folder_ / "filler", std::ios::binary);
+    const std::string block(4096, 'f');
+    while (filler && fs::space(folder_).available > bytes) filler.write(block.data(), 4096).flush();
+  }
+
+ private:
+  fs::path folder_;
+  int error_ = 0;
+};
+
+std::uintmax_t SizeOf(const fs::path& folder) {
+  std::uintmax_t size = 0;
+  for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder)) {
+    if (entry.is_regular_file()) size += entry.file_size() + 4096;
+  }
+  return size;
+}
+
+constexpr std::uintmax_t kMegabyte = 1024 * 1024;
+
+class FullDisk : public BuildTest {
+ protected:
+  // A program folder on a disk with so much room; null when no disk can be mounted.
+  std::unique_ptr<ProgramCopy> ProgramOnDisk(const SmallDisk& disk, std::uintmax_t free_bytes) const {
+    auto on_disk = std::make_unique<ProgramCopy>(place / "disk" / "program");
+    disk.FillUpTo(free_bytes);
+    return on_disk;
+  }
+  std::uintmax_t DiskSize() const { return SizeOf(program.folder()) + 32 * kMegabyte; }
+};
+
+}  // namespace
+
+TEST_F(FullDisk, NoRoomForTheImage_IsToldAndNothingIsLeft) {
+  const SmallDisk disk(place / "disk", kMegabyte);
+  if (!disk.IsMounted()) GTEST_SKIP() << disk.Reason();
+  image = place / "disk" / "rescue.iso";
+  const Outcome outcome = Build();
+  EXPECT_EQ(outcome.exit_code, 1) << outcome.err;
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_THAT(outcome.err, HasSubstr("Operation Aborted: Not enough free space to complete the ISO file !!!"));
+  EXPECT_THAT(ReadFile(program / "mkisofs.log"), HasSubstr("No space left on device"));
+  EXPECT_TRUE(NoImageAt(image));
+}
+
+TEST_F(FullDisk, NoRoomForTheImage_AnOlderOneStaysUntouched) {
+  const SmallDisk disk(place / "disk", kMegabyte);
+  if (!disk.IsMounted()) GTEST_SKIP() << disk.Reason();
+  image = place / "disk" / "rescue.iso";
+  WriteFile(image, "an older image");
+  const Outcome outcome = Build();
+  EXPECT_EQ(outcome.exit_code, 1) << outcome.err;
+  EXPECT_THAT(outcome.err, HasSubstr("Not enough free space to complete the ISO file !!!"));
+  EXPECT_EQ(ReadFile(image), "an older image");
+  EXPECT_THAT(PartsOf(image), IsEmpty());
+}
+
+TEST_F(FullDisk, NotAByteLeftForTheWorkspace_IsToldAndNoImageIsMade) {
+  const SmallDisk disk(place / "disk", DiskSize());
+  if (!disk.IsMounted()) GTEST_SKIP() << disk.Reason();
+  const auto on_disk = ProgramOnDisk(disk, 0);
+  const Outcome outcome = on_disk->Build(Output(image));
+  EXPECT_EQ(outcome.exit_code, 1) << outcome.err;
+  EXPECT_THAT(outcome.err, HasSubstr("No space left on device"));
+  EXPECT_THAT(outcome.err, HasSubstr("Fatal Error: The creation the Boot image \"Vexa Rescue Software\" failed"));
+  EXPECT_TRUE(NoImageAt(image));
+}
+
+TEST_F(FullDisk, NoRoomForTheUtilitiesInTheWorkspace_IsTold) {
+  const SmallDisk disk(place / "disk", DiskSize());
+  if (!disk.IsMounted()) GTEST_SKIP() << disk.Reason();
+  const auto on_disk = ProgramOnDisk(disk, 10 * kMegabyte);  // the boot disks take six
+  WriteFile(place / "tools" / "large.bin", std::string(20 * kMegabyte, 'l'));
+  const Outcome outcome = on_disk->Build(Join(Output(image), Utilities(place / "tools")));
+  EXPECT_EQ(outcome.exit_code, 4) << outcome.err;
+  EXPECT_THAT(outcome.err, HasSubstr("warning: " + (place / "tools" / "large.bin").string() + ": "));
+  EXPECT_THAT(outcome.err, HasSubstr("No space left on device"));
+  EXPECT_FALSE(ReadWithBsdtar(image).contains("vexa/large.bin"));
+}
+
+TEST_F(FullDisk, RoomMadeAfterwards_NextBuildSucceeds) {
+  const SmallDisk disk(place / "disk", DiskSize());
+  if (!disk.IsMounted()) GTEST_SKIP() << disk.Reason();
+  const auto on_disk = ProgramOnDisk(disk, 0);
+  ASSERT_EQ(on_disk->Build(Output(image)).exit_code, 1);
+  fs::remove(place / "disk" / "filler");
+  const Outcome outcome = on_disk->Build(Output(image));
+  EXPECT_EQ(outcome.exit_code, 0) << outcome.err;
+}
+
+}  // namespace discwright::testing

@@ -1,0 +1,75 @@
+// A build that is killed at any moment leaves nothing under the image's name, and does not spoil the next build.
+#include <chrono>
+#include <csignal>
+#include <thread>
+
+#include "tests/end_to_end/build_test.h"
+
+namespace discwright::testing {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int kMoments = 10;
+
+class KilledBuild : public BuildTest {
+ protected:
+  void SetUp() override {
+    for (int number = 0; number < 1000; ++number) {
+      WriteFile(place / "tools" / std::to_string(number % 20) / std::to_string(number), std::string(2000, 'c'));
+    }
+  }
+
+  const std::vector<std::string> choices = Utilities(place / "tools");
+};
+
+}  // namespace
+
+TEST_F(KilledBuild, AtTenMoments_NextBuildMakesTheSameDisc) {
+  const auto start = Clock::now();
+  ASSERT_EQ(Build(choices).exit_code, 0);
+  const auto whole = Clock::now() - start;
+  const Contents disc = WithoutTimes(ReadWithBsdtar(image));
+  for (int moment = 1; moment <= kMoments; ++moment) {
+    SCOPED_TRACE("killed after " + std::to_string(moment) + "/11 of the time that a build takes");
+    fs::remove(image);
+    RunningProgram build(Command(choices));
+    std::this_thread::sleep_for(whole * moment / (kMoments + 1));
+    build.Send(SIGKILL);
+    const bool was_killed = build.Wait().killed_by == SIGKILL;
+    if (was_killed && fs::exists(image)) {
+      EXPECT_EQ(Difference(disc, WithoutTimes(ReadWithBsdtar(image))), "");
+    }
+    // At once: what the killed one had started may still run.
+    const Outcome next = Build(choices);
+    EXPECT_EQ(next.exit_code, 0) << next.err;
+    EXPECT_EQ(Difference(disc, WithoutTimes(ReadWithBsdtar(image))), "");
+    EXPECT_TRUE(AllProcessesEnd(place.path()));
+    EXPECT_THAT(PartsOf(image), IsEmpty());
+  }
+}
+
+TEST_F(KilledBuild, WhileMastering_WhatStillRunsOfItCannotSpoilTheNextImage) {
+  const fs::path go_on = place / "go on";
+  RunningProgram build(Command(), WithGenisoimage("while [ \"$1\" != -output ]; do shift; done\n"
+                                                  "exec 3> \"$2\"\n"
+                                                  ": > \"${0%/*}/begun\"\n"
+                                                  "until [ -e '" +
+                                                  go_on.string() +
+                                                  "' ]; do sleep 0.1; done\n"
+                                                  "echo more of the killed build >&3\n"));
+  ASSERT_TRUE(WaitUntil([&] { return HasBegun(); }));
+  build.Send(SIGKILL);
+  EXPECT_EQ(build.Wait().killed_by, SIGKILL);
+  EXPECT_FALSE(fs::exists(image));
+  const Outcome next = Build();
+  EXPECT_EQ(next.exit_code, 0) << next.err;
+  const auto made = ReadFile(image);
+  WriteFile(go_on, "");
+  EXPECT_TRUE(AllProcessesEnd(place.path()));
+  EXPECT_TRUE(ReadFile(image) == made);
+  EXPECT_THAT(PartsOf(image), IsEmpty());
+}
+
+}  // namespace discwright::testing

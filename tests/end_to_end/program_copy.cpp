@@ -1,0 +1,72 @@
+// Copying the program folder, and building in the copy.
+#include "tests/end_to_end/program_copy.h"
+
+#include <sstream>
+#include <utility>
+
+#include "tests/end_to_end/trees.h"
+
+namespace discwright::testing {
+
+namespace {
+
+void MakeProgram(const fs::path& file, const std::string& lines) {
+  fs::remove(file);  // it may be a link to the real one
+  WriteFile(file, "#!/bin/sh\n" + lines);
+  fs::permissions(file, fs::perms::owner_all);
+}
+
+}  // namespace
+
+ProgramCopy::ProgramCopy(fs::path folder) : folder_(std::move(folder)) {
+  const fs::path built = PROGRAM_FOLDER;
+  fs::create_directories(folder_);
+  // By name: the built folder may hold what a build by hand has left there.
+  for (const char* name : {"discwright-build", "CreateDsk", "mkisofs", "files"}) {
+    fs::copy(built / name, folder_ / name, fs::copy_options::recursive);
+  }
+}
+
+std::vector<std::string> ProgramCopy::Command(const std::vector<std::string>& arguments) const {
+  return Join({(folder_ / "discwright-build").string()}, arguments);
+}
+
+Outcome ProgramCopy::Build(const std::vector<std::string>& arguments, const Surroundings& surroundings) const {
+  return RunProgram(Command(arguments), surroundings);
+}
+
+void ProgramCopy::ReplaceProgram(const std::string& name, const std::string& lines) const {
+  MakeProgram(folder_ / name, lines);
+}
+
+std::vector<std::string> Utilities(const fs::path& folder) {
+  return {"--set", "ChkVexaUtils=1", "--set", "TxtUtils_Loc=" + folder.string()};
+}
+
+std::vector<std::string> AdditionalFiles(const fs::path& folder) {
+  return {"--set", "ChkAddFiles=1", "--set", "TxtAddFiles_Loc=" + folder.string()};
+}
+
+std::vector<std::string> Output(const fs::path& image) { return {"--output", image.string()}; }
+
+std::vector<std::string> PartsOf(const fs::path& image) {
+  std::vector<std::string> parts;
+  for (const fs::directory_entry& entry : fs::directory_iterator(image.parent_path())) {
+    const std::string name = entry.path().filename().string();
+    if (entry.path() != image && name.starts_with(image.filename().string())) parts.push_back(name);
+  }
+  return parts;
+}
+
+bool NoImageAt(const fs::path& image) { return !fs::exists(fs::symlink_status(image)) && PartsOf(image).empty(); }
+
+std::vector<std::string> LinesWith(const std::string& text, const std::string& part) {
+  std::vector<std::string> lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) {
+    if (line.find(part) != std::string::npos) lines.push_back(line);
+  }
+  return lines;
+}
+
+}  // namespace discwright::testing
