@@ -47,32 +47,35 @@ def build_command(folder, *arguments):
     return [folder / "discwright-build", "--quiet", "-o", folder / "bench.iso", *arguments]
 
 
+def files_below(folder):
+    return [path for path in folder.rglob("*") if path.is_file()]
+
+
 def contents(folder):
     """{relative path: size} of all files."""
-    return {path.relative_to(folder): path.stat().st_size for path in folder.rglob("*") if path.is_file()}
-
-
-def read_all(folder):
-    """Reads every file once, so that whoever reads it next finds it in memory."""
-    for path in folder.rglob("*"):
-        if path.is_file():
-            path.read_bytes()
+    return {path.relative_to(folder): path.stat().st_size for path in files_below(folder)}
 
 
 class CopyRun:
-    """Copies `source` to a new folder of `copies` at every call."""
+    """Copies `source` to a new folder of `copies` at every call; all but the copying stands outside the time."""
 
     def __init__(self, command, source, copies):
         self.command, self.source, self.copies, self.calls = command, source, copies, 0
 
     def __call__(self):
         self.calls += 1
-        # Nothing is deleted between the runs: ext4 without a journal makes files slowly where others were deleted
-        # a short time ago, and the run that comes next would pay for that.
-        self.copy = self.copies / f"{Path(self.command[0]).name}{self.calls}"
+        copy = self.copies / f"{Path(self.command[0]).name}{self.calls}"
         os.sync()
-        read_all(self.source)
-        return measure.must(measure.run([*self.command, self.source, self.copy], output=None), self.command)
+        for path in files_below(self.source):  # so that every run finds them in memory
+            path.read_bytes()
+        usage = measure.must(measure.run([*self.command, self.source, copy], output=None), self.command)
+        if contents(copy) != contents(self.source):
+            sys.exit(f"{copy} is no copy of {self.source}")
+        # Emptied, not deleted: ext4 without a journal makes files slowly where others were deleted a short time ago,
+        # and the run that comes next would pay for that.
+        for path in files_below(copy):
+            os.truncate(path, 0)
+        return usage
 
 
 def copy_row(options):
@@ -82,8 +85,6 @@ def copy_row(options):
     copies.mkdir()
     ours = CopyRun([options.build / "bench" / "bench_copy_tree"], source, copies)
     wall, processor = measure.compare(options.pairs, ours, CopyRun(["cp", "-r"], source, copies))
-    if contents(ours.copy) != contents(source):
-        sys.exit(f"{ours.copy} is no copy of {source}")
     shutil.rmtree(copies)
     measured = (
         f"{wall.ratio:.2f} x wall ({wall.lowest:.2f} to {wall.highest:.2f}; {wall.ours:.2f} s to {wall.theirs:.2f} s), "
@@ -176,7 +177,7 @@ def parse_options():
     parser.add_argument("--only", action="append", choices=ROWS, help="measure this; may be repeated")
     parser.add_argument("--build", type=Path, default=ROOT / "build" / "linux", help="the build folder")
     parser.add_argument("--work", type=Path, default=ROOT / "build" / "bench", help="where the trees stand")
-    parser.add_argument("--pairs", type=int, default=7, help="runs of each command in turn")
+    parser.add_argument("--pairs", type=int, default=15, help="runs of each command in turn")
     parser.add_argument("--files", type=int, default=100_000, help="files of the memory measurement")
     parser.add_argument("--write", action="store_true", help="put the table into bench/README.md")
     options = parser.parse_args()
