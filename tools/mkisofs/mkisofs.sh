@@ -1,6 +1,6 @@
 #!/bin/sh
 # mkisofs of the program folder: masters through Debian's genisoimage. The image appears under its name only when it
-# is whole; until then it stands beside it as NAME.NUMBER.part.
+# is whole; until then it stands beside it as NAME.NUMBER.mkisofs.part.
 
 out=
 part=
@@ -13,7 +13,7 @@ while [ "$left" -gt 0 ]; do
   case $previous in
     -output | -o)
       out=$argument
-      part=$out.$$.part
+      part=$out.$$.mkisofs.part
       argument=$part
       ;;
   esac
@@ -41,7 +41,7 @@ if [ -n "$unfit" ]; then
   exit 1
 fi
 # What a killed run has left there. Its genisoimage may still write: into a file of its own, which has no name any more.
-[ -z "$out" ] || rm -f -- "$out".[0-9]*.part
+[ -z "$out" ] || rm -f -- "$out".[0-9]*.mkisofs.part
 # Names are bytes: no locale may change them.
 LC_ALL=C genisoimage "$@"
 status=$?
