@@ -39,6 +39,9 @@ Listing ListFolder(std::string_view folder, std::string_view pattern);
 // What stands at `path` (links followed); nothing when there is nothing or a broken link.
 std::optional<Entry> Look(std::string_view path);
 
+// Whether both paths lead to one folder that exists, however they are written and whatever links they go through.
+bool SameFolder(std::string_view a, std::string_view b);
+
 // True when the file can be opened for reading. Folders, devices, sockets and pipes are not opened and give false.
 bool CanRead(std::string_view path);
 

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "host/system.h"
 #include "util/copy_engines.h"
 #include "util/copy_entries.h"
 #include "util/paths.h"
@@ -11,13 +10,6 @@
 namespace discwright::util {
 
 namespace {
-
-// One spelling for a folder, however it is written.
-std::string FoldedPlace(std::string_view folder) {
-  std::string place = host::FoldCase(host::PathToNative(folder));
-  while (place.size() > 1 && IsPathSeparator(place.back())) place.pop_back();
-  return place;
-}
 
 CopyEnd CopyTreeCounted(CopyRun& run, std::string_view source, std::string_view destination) {
   const std::optional<std::int32_t> total = FolderSizeByDir(run.context.user, source);
@@ -47,10 +39,8 @@ void ShowFileInHand(CopyRun& run, std::string_view name) {
 
 void ShowBytes(CopyRun& run, std::int64_t bytes) { run.Progress.value = std::min(bytes, run.Progress.max.get()); }
 
-void RememberDestination(CopyRun& run, std::string_view destination) { run.own_destination = FoldedPlace(destination); }
-
 bool IsOwnDestination(CopyRun& run, const std::string& source_folder) {
-  if (run.own_destination.empty() || FoldedPlace(source_folder) != run.own_destination) return false;
+  if (run.own_destination.empty() || !host::SameFolder(source_folder, run.own_destination)) return false;
   run.context.notes.Add(source_folder, "not copied: it is the folder that is being copied to.");
   return true;
 }
@@ -68,8 +58,7 @@ CopyEnd CopyPathWithProgress(Context& context, std::string_view source, std::str
   Progress.visible = true;
   // Stays enabled after the copy, whatever it was before.
   context.main().CmdCancel.enabled = true;
-  CopyRun run{context, LblMsg, Progress, 0, ""};
-  RememberDestination(run, destination);
+  CopyRun run{context, LblMsg, Progress, 0, std::string(destination)};
   const CopyEnd end =
       IsWinNT() ? CopyTreeWithProgress(run, source, destination) : CopyTreeCounted(run, source, destination);
   Progress.visible = was_visible;

@@ -18,7 +18,7 @@ struct CopyRun {
   forms::Label& LblMsg;
   forms::ProgressBar& Progress;
   std::int64_t start_value = 0;  // the bar's value at the start of the file in hand (NT family)
-  std::string own_destination;   // the whole copy's, folded; empty: not looked for
+  std::string own_destination;   // the whole copy's; empty: not looked for
 };
 
 // Set to 0 when an NT-family copy starts and tested after every file. Nobody sets it: such a copy runs to its end
@@ -28,9 +28,8 @@ extern std::int32_t copy_cancel_flag;
 // Display shared by the engines.
 void ShowFileInHand(CopyRun& run, std::string_view name);
 void ShowBytes(CopyRun& run, std::int64_t bytes);  // never beyond the bar's maximum
-// Remembers what the whole copy goes to; and whether a source folder is that place, which is then noted: a copy into a
-// folder below its own source would go on for ever.
-void RememberDestination(CopyRun& run, std::string_view destination);
+// Whether a source folder is what the whole copy goes to, which is then noted: a copy into a folder below its own
+// source would go on for ever.
 bool IsOwnDestination(CopyRun& run, const std::string& source_folder);
 // Notes that `source` is too large for a 32-bit byte count.
 CopyEnd TreeTooLarge(CopyRun& run, std::string_view source);

@@ -171,7 +171,7 @@ std::string RealPath(std::string_view path) {
 }
 
 std::string RealPathOfNew(std::string_view path) {
-  const std::string native = NativePath(path);
+  std::string native = NativePath(path);
   const std::string_view name = NativeName(native);
   if (name.empty()) return native;
   const std::optional<std::string> real = Cache().Find(NativeFolder(native), name);

@@ -20,7 +20,7 @@ namespace {
 enum class OnExisting { kReplace, kRefuse };
 
 // Large enough that progress costs nothing, small enough that a slow disc still moves the bar.
-constexpr std::size_t kCopyPiece = 16 * 1024 * 1024;
+constexpr std::size_t kCopyPiece = std::size_t{16} << 20;
 
 bool KernelCannotCopy(int error) {
   return error == EXDEV || error == EINVAL || error == ENOSYS || error == EOPNOTSUPP || error == EPERM;
@@ -84,7 +84,7 @@ class ContentCopy {
 // what else shares its content (a hard link, a link's target) keeps it.
 Status StartTarget(NewFile& target, const std::string& to, const struct stat& source, OnExisting on_existing) {
   const mode_t mode = (source.st_mode & 0777u) | S_IRUSR | S_IWUSR;  // less the user's umask, as for any new file
-  const Status created = target.Create(to, mode);
+  Status created = target.Create(to, mode);
   if (created.error != ErrorClass::kExists || on_existing == OnExisting::kRefuse) return created;
   struct stat existing {};
   if (stat(to.c_str(), &existing) == 0) {

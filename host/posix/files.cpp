@@ -50,6 +50,13 @@ int RenameToFreeName(const std::string& from, const std::string& to) {
 
 }  // namespace
 
+bool SameFolder(std::string_view a, std::string_view b) {
+  struct stat first {};
+  struct stat second {};
+  return stat(RealPath(a).c_str(), &first) == 0 && stat(RealPath(b).c_str(), &second) == 0 && S_ISDIR(first.st_mode) &&
+         first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+}
+
 bool CanRead(std::string_view path) { return OpenRegular(RealPath(path), O_RDONLY).status.ok(); }
 
 Status MakeFolders(std::string_view path) { return MakeNativeFolders(RealPath(path)); }

@@ -23,7 +23,7 @@ class OutputReader {
 
  private:
   using Clock = OutputPieces::Clock;
-  static constexpr std::size_t kPipePiece = 16 * 1024;  // bytes per read
+  static constexpr std::size_t kPipePiece = 16384;  // bytes per read
 
   bool IsReadable(int milliseconds) const;
   int MillisecondsToWait(Clock::time_point now) const;

@@ -54,7 +54,7 @@ Status ReadWholeFile(std::string_view path, std::string& content) {
   for (;;) {
     const long got = ReadSome(file.fd.get(), content.data() + filled, content.size() - filled);
     if (got < 0) {
-      const Status failure = LastFailure();
+      Status failure = LastFailure();
       content.clear();
       return failure;
     }

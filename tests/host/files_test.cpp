@@ -28,6 +28,18 @@ TEST(MakeFolders, ExistingFolderOrLinkToOne_IsASuccess) {
   EXPECT_TRUE(MakeFolders("\\").ok());
 }
 
+TEST(SameFolder, OtherLetterCaseOrThroughALink_IsTheSame) {
+  const TempFolder folder;
+  folder.MakeFolder("Folder");
+  folder.MakeFolder("Other");
+  folder.Write("File", "x");
+  folder.Link("Folder", "link");
+  EXPECT_TRUE(SameFolder(folder.Core("FOLDER\\"), folder.Core("link")));
+  EXPECT_FALSE(SameFolder(folder.Core("Folder"), folder.Core("Other")));
+  EXPECT_FALSE(SameFolder(folder.Core("File"), folder.Core("File")));
+  EXPECT_FALSE(SameFolder(folder.Core("missing"), folder.Core("missing")));
+}
+
 TEST(MakeFolders, FileInTheWay_IsAFailure) {
   const TempFolder folder;
   folder.Write("File", "x");

@@ -58,6 +58,18 @@ TEST_P(CopyOnBothPlatforms, DestinationDeepInsideTheSource_IsPassedOverAndNoted)
   EXPECT_EQ(notes.all()[0].place, "C:\\src\\work\\cd");
 }
 
+TEST_P(CopyOnBothPlatforms, DestinationBehindALinkInTheSource_IsPassedOverAndNoted) {
+  host.AddFile("C:\\src\\a", "1");
+  host.AddFile("C:\\work\\b", "2");
+  host.AddLink("C:\\src\\link", "C:\\work");
+  EXPECT_EQ(CopyPathWithProgress(context, "C:\\src", "C:\\work\\cd", main.LblSub_Step, main.BarSub_Step),
+            CopyEnd::kComplete);
+  EXPECT_EQ(host.Content("C:\\work\\cd\\link\\b"), "2");
+  EXPECT_FALSE(host.Exists("C:\\work\\cd\\link\\cd"));
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(notes.all()[0].place, "C:\\src\\link\\cd");
+}
+
 TEST_P(CopyOnBothPlatforms, End_PutsTheBarsVisibilityBack) {
   host.AddFile("C:\\src\\a", "1");
   for (const bool visible : {false, true}) {

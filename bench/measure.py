@@ -1,0 +1,104 @@
+"""Runs programs and accounts for them: wall time, processor time, peak memory."""
+
+import os
+import statistics
+import subprocess
+import sys
+import threading
+import time
+from dataclasses import dataclass
+from pathlib import Path
+
+CLOCK_TICK = 1 / os.sysconf("SC_CLK_TCK")  # seconds
+MEMORY_POLL = 0.02  # seconds
+
+
+@dataclass
+class Usage:
+    """What a program that has ended used."""
+
+    wall: float  # seconds
+    processor: float  # user and system, with all programs that it started, seconds
+    largest: int  # peak memory of the largest one of them, bytes
+    exit_code: int
+
+
+def run(command, output=subprocess.DEVNULL, watch=None):
+    """Runs a program to its end; `watch`, when given, is called with its process number in a thread of its own."""
+    start = time.perf_counter()
+    process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=output, stderr=output)
+    watcher = threading.Thread(target=watch, args=[process.pid]) if watch else None
+    if watcher:
+        watcher.start()
+    _, status, resources = os.wait4(process.pid, 0)
+    wall = time.perf_counter() - start
+    process.returncode = os.waitstatus_to_exitcode(status)  # so that Popen does not wait again
+    if watcher:
+        watcher.join()
+    processor = resources.ru_utime + resources.ru_stime
+    return Usage(wall, processor, resources.ru_maxrss * 1024, process.returncode)
+
+
+def must(usage, command, good=(0,)):
+    """The usage of a program that ended well; ends this program otherwise."""
+    if usage.exit_code not in good:
+        sys.exit(f"{' '.join(map(str, command))}: exit code {usage.exit_code}")
+    return usage
+
+
+def processor_time(pid):
+    """Seconds of user and system time that a running program has used, without those that it started."""
+    fields = Path(f"/proc/{pid}/stat").read_text().rpartition(")")[2].split()
+    return (int(fields[11]) + int(fields[12])) * CLOCK_TICK
+
+
+class PeakMemory:
+    """The watch of a run that notes the program's own peak, without those that it started."""
+
+    peak = 0  # bytes
+
+    def __call__(self, pid):
+        try:
+            while True:
+                status = Path(f"/proc/{pid}/status").read_text()
+                lines = [line for line in status.splitlines() if line.startswith("VmHWM:")]
+                if not lines:  # it has ended
+                    return
+                self.peak = max(self.peak, int(lines[0].split()[1]) * 1024)
+                time.sleep(MEMORY_POLL)
+        except (FileNotFoundError, ProcessLookupError):
+            return
+
+
+@dataclass
+class Comparison:
+    """Two commands run in turn."""
+
+    ours: float  # median, seconds
+    theirs: float
+    ratio: float  # median of the ratios pair by pair
+    lowest: float
+    highest: float
+
+
+def compare(pairs, run_ours, run_theirs):
+    """Runs both once to warm up and then in turn; each function returns a Usage.
+
+    Who goes first changes from pair to pair, so that a machine that becomes slower or faster favours neither.
+    """
+    run_ours(), run_theirs()
+    results = []
+    for pair in range(pairs):
+        first = run_theirs() if pair % 2 else run_ours()
+        second = run_ours() if pair % 2 else run_theirs()
+        results.append((second, first) if pair % 2 else (first, second))
+
+    def comparison(quantity):
+        ours = [quantity(ours) for ours, _ in results]
+        theirs = [quantity(theirs) for _, theirs in results]
+        ratios = [a / b for a, b in zip(ours, theirs)]
+        return Comparison(
+            statistics.median(ours), statistics.median(theirs), statistics.median(ratios), min(ratios), max(ratios)
+        )
+
+    return comparison(lambda usage: usage.wall), comparison(lambda usage: usage.processor)

@@ -1,0 +1,57 @@
+"""Makes the folder trees that the benches work on: the same bytes on every machine."""
+
+import random
+import shutil
+
+MEGABYTE = 1_000_000
+DONE = "complete"  # a file beside the tree that says that it is whole
+VERSION = "1"  # what DONE holds; raise it when a tree changes
+
+SETUP_FILES = 6_000
+SETUP_FOLDERS = 40
+SETUP_BYTES = 560 * MEGABYTE
+CABINETS = (75, 62, 48, 31, 24, 19, 14, 11)  # megabytes each
+SMALLEST, MEDIAN, SPREAD = 200, 15_000, 1.5  # of the many small files: log-normal sizes in bytes
+
+
+def small_sizes(numbers, count, total):
+    """`count` sizes in bytes that add up to `total`: many small, few large."""
+    drawn = [max(SMALLEST, int(numbers.lognormvariate(0, SPREAD) * MEDIAN)) for _ in range(count)]
+    sizes = [max(SMALLEST, size * total // sum(drawn)) for size in drawn]
+    sizes[-1] += total - sum(sizes)
+    return sizes
+
+
+def setup_plan():
+    """[(relative path, size)] of a tree like a Windows XP CD."""
+    numbers = random.Random(2001)
+    cabinets = [size * MEGABYTE for size in CABINETS]
+    sizes = cabinets + small_sizes(numbers, SETUP_FILES - len(cabinets), SETUP_BYTES - sum(cabinets))
+    folders = ["", "I386"] + [f"I386/FOLDER{number:02}" for number in range(SETUP_FOLDERS - 2)]
+    # Most of the files of such a CD stand in one folder.
+    weights = [1, 150] + [1 + number % 5 for number in range(SETUP_FOLDERS - 2)]
+    places = ["I386"] * len(cabinets) + numbers.choices(folders, weights, k=SETUP_FILES - len(cabinets))
+    return [(f"{place}/FILE{number:04}.DL_", size) for number, (place, size) in enumerate(zip(places, sizes))]
+
+
+def many_plan(files, per_folder=500, size=1_000):
+    """[(relative path, size)] of many small files."""
+    return [(f"PART{number // per_folder:03}/FILE{number:06}.TXT", size) for number in range(files)]
+
+
+def make_tree(folder, plan):
+    """Writes the files of a plan below `folder` (a Path) unless an earlier run has done so."""
+    done = folder.with_name(f"{folder.name}.{DONE}")
+    if done.exists() and done.read_text() == VERSION:
+        return
+    print(f"Making {folder} ({len(plan)} files) ...", flush=True)
+    shutil.rmtree(folder, ignore_errors=True)
+    numbers = random.Random(1)
+    made = set()
+    for path, size in plan:
+        target = folder / path.lstrip("/")
+        if target.parent not in made:
+            target.parent.mkdir(parents=True, exist_ok=True)
+            made.add(target.parent)
+        target.write_bytes(numbers.randbytes(size))
+    done.write_text(VERSION)

@@ -1,0 +1,87 @@
+// A temporary program folder with disk profiles, and the tools that look at floppy images.
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace discwright::testing {
+
+inline std::string ReadFile(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::ostringstream content;
+  content << file.rdbuf();
+  return file ? content.str() : "<missing>";
+}
+
+inline void WriteFile(const std::filesystem::path& path, const std::string& content) {
+  std::filesystem::create_directories(path.parent_path());
+  std::ofstream(path, std::ios::binary) << content;
+}
+
+inline std::string Quote(const std::filesystem::path& path) { return "'" + path.string() + "'"; }
+
+// Made anew for each test and removed with it. Its name has blanks and umlauts, as users' folders do.
+class ProgramFolder {
+ public:
+  ProgramFolder() {
+    std::random_device random;
+    do {
+      top_ = std::filesystem::temp_directory_path() / ("createdsk " + std::to_string(random()));
+    } while (!std::filesystem::create_directory(top_));
+    path_ = top_ / "Mein Ordner \xC3\xA4\xC3\xB6\xC3\xBC";
+    std::filesystem::create_directories(Disks());
+  }
+  ~ProgramFolder() { std::filesystem::remove_all(top_); }
+  ProgramFolder(const ProgramFolder&) = delete;
+  ProgramFolder& operator=(const ProgramFolder&) = delete;
+
+  const std::filesystem::path& path() const { return path_; }
+  std::filesystem::path Disks() const { return path_ / "files" / "disks"; }
+  std::filesystem::path Profile() const { return Disks() / "mine"; }
+  std::filesystem::path Image() const { return path_ / "mine.img"; }
+
+  // Writes a file of the profile "mine"; its disk.ini with an image "mine.img" and the label MINE.
+  void Add(const std::string& name, const std::string& content) const { WriteFile(Profile() / name, content); }
+  void AddDiskIni(const std::string& more) const {
+    Add("disk.ini", "[Disk]\r\nImage=mine.img\r\nLabel=MINE\r\n" + more);
+  }
+
+  // What stands in the program folder itself.
+  std::vector<std::string> Names() const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(path_)) names.push_back(entry.path().filename());
+    return names;
+  }
+
+  struct End {
+    int exit_code;
+    std::string output;  // standard output and standard error
+  };
+  End Run(const std::string& command) const {
+    const std::filesystem::path output = top_ / "output";
+    const std::string line = "PATH=$PATH:/usr/sbin:/sbin; export PATH; cd " + Quote(top_) + " && { " + command +
+                             "; } >" + Quote(output) + " 2>&1";
+    const int status = std::system(line.c_str());
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadFile(output)};
+  }
+
+  // The content of a file on the image, read by mtools.
+  std::string OnDisk(const std::string& name) const {
+    const std::filesystem::path copy = top_ / "copy";
+    std::filesystem::remove(copy);
+    const End end = Run("mcopy -n -i " + Quote(Image()) + " '::" + name + "' " + Quote(copy));
+    return end.exit_code == 0 ? ReadFile(copy) : "<" + end.output + ">";
+  }
+
+ private:
+  std::filesystem::path top_;
+  std::filesystem::path path_;
+};
+
+}  // namespace discwright::testing

@@ -1,0 +1,131 @@
+// Makes one floppy image file from a profile folder below the program folder.
+#include "tools/createdsk/create_disk.h"
+
+#include <algorithm>
+
+#include "host/files.h"
+#include "host/system.h"
+#include "tools/createdsk/disk_image.h"
+#include "util/ini_text.h"
+#include "util/text_encoding.h"
+
+namespace discwright::tools {
+namespace {
+
+std::string Shown(std::string_view path) { return host::PathToNative(path); }
+
+Result CannotRead(std::string_view path, const host::Status& status) {
+  return Result::Failure(Shown(path) + " cannot be read: " + status.cause + ". Make it readable and try again.");
+}
+
+Result FindProfileFolder(std::string_view disks, const std::string& profile, std::string& folder) {
+  if (!IsBareName(profile)) return Result::Failure("\"" + profile + "\" is not the name of a disk profile.");
+  folder = std::string(disks) + "/" + profile;
+  const auto found = host::Look(folder);
+  if (found && found->kind == host::EntryKind::kFolder) return Result::Success();
+
+  std::string names;
+  for (const host::Entry& entry : host::ListFolder(disks, "*.*").entries) {
+    if (entry.kind == host::EntryKind::kFolder) names += (names.empty() ? "" : ", ") + entry.name;
+  }
+  if (names.empty()) return Result::Failure("There are no disk profiles in " + Shown(disks) + "; put them there.");
+  return Result::Failure("There is no disk profile \"" + profile + "\" in " + Shown(disks) + "; take one of " + names +
+                         ".");
+}
+
+Result ReadProfile(const std::string& folder, bool selection, Profile& profile) {
+  const std::string path = folder + "/disk.ini";
+  std::string text;
+  if (const host::Status status = host::ReadWholeFile(path, text); !status.ok()) return CannotRead(path, status);
+  const Result result = ParseProfile(util::DecodeText(text), selection, profile);
+  return result.ok() ? result : Result::Failure(Shown(path) + ": " + result.failure);
+}
+
+// The size of a file that disk.ini names under `key`.
+Result FindSource(const std::string& path, const std::string& key, std::int64_t& size) {
+  const auto found = host::Look(path);
+  if (!found) return Result::Failure(Shown(path) + " is missing; put it there, or take " + key + " out of disk.ini.");
+  if (found->kind != host::EntryKind::kFile) {
+    return Result::Failure(Shown(path) + " is not a file; correct " + key + " in disk.ini.");
+  }
+  size = found->size;
+  return Result::Success();
+}
+
+// Reads a file that has to have exactly `size` bytes; `wrong_size` is what to say of any other.
+Result ReadOfSize(const std::string& path, const std::string& key, std::size_t size, const std::string& wrong_size,
+                  std::string& content) {
+  std::int64_t found_size = 0;
+  if (Result result = FindSource(path, key, found_size); !result.ok()) return result;
+  if (found_size == static_cast<std::int64_t>(size)) {
+    if (const host::Status status = host::ReadWholeFile(path, content); !status.ok()) return CannotRead(path, status);
+    found_size = static_cast<std::int64_t>(content.size());
+  }
+  if (found_size == static_cast<std::int64_t>(size)) return Result::Success();
+  return Result::Failure(Shown(path) + " has " + std::to_string(found_size) + " bytes; " + wrong_size);
+}
+
+Result ReadBootSector(const std::string& path, std::optional<BootSector>& sector) {
+  constexpr const char* kWrongSize = "a boot sector has exactly 512. Give BootSector in disk.ini another file.";
+  std::string content;
+  if (Result result = ReadOfSize(path, "BootSector", kSectorBytes, kWrongSize, content); !result.ok()) return result;
+  std::ranges::copy(content, sector.emplace().begin());
+  return HasBootSignature(*sector) ? Result::Success()
+                                   : Result::Failure(Shown(path) + " does not end with 55 AA, so no machine would " +
+                                                     "start from it. Give BootSector in disk.ini another file.");
+}
+
+Result ReadBase(const std::string& path, const DiskFormat& format, Image& image) {
+  const std::string wrong_size = "-t " + std::string(format.type) + " needs an image of " +
+                                 std::to_string(format.ImageBytes()) + ". Give Base in disk.ini another file.";
+  std::string content;
+  if (Result result = ReadOfSize(path, "Base", format.ImageBytes(), wrong_size, content); !result.ok()) return result;
+  image.assign(content.begin(), content.end());
+  return Result::Success();
+}
+
+Result MakeImage(const Profile& profile, const std::string& folder, const DiskFormat& format, Image& image) {
+  DiskRequest request{profile, {}, {}};
+  for (const ProfileFile& file : profile.files) {
+    Result result = FindSource(folder + "/" + file.source, file.DiskPath(), request.sizes.emplace_back());
+    if (!result.ok()) return result;
+  }
+  if (!profile.boot_sector.empty()) {
+    Result result = ReadBootSector(folder + "/" + profile.boot_sector, request.boot_sector);
+    if (!result.ok()) return result;
+  }
+  if (profile.base.empty()) {
+    image = FormatDisk(format);
+  } else if (Result result = ReadBase(folder + "/" + profile.base, format, image); !result.ok()) {
+    return result;
+  }
+
+  const auto read_content = [&](const ProfileFile& file, std::string& content) {
+    const std::string path = folder + "/" + file.source;
+    const host::Status status = host::ReadWholeFile(path, content);
+    return status.ok() ? Result::Success() : CannotRead(path, status);
+  };
+  const Result result = FillDisk(request, read_content, image);
+  return result.ok() ? result : Result::Failure(Shown(folder + "/disk.ini") + ": " + result.failure);
+}
+
+}  // namespace
+
+Result CreateDisk(const Arguments& arguments, std::string_view program_folder, std::string& image_path) {
+  std::string folder;
+  Result result = FindProfileFolder(std::string(program_folder) + "/files/disks", arguments.profile, folder);
+  Profile profile;
+  if (result.ok()) result = ReadProfile(folder, arguments.selection, profile);
+  Image image;
+  if (result.ok()) result = MakeImage(profile, folder, *arguments.format, image);
+  if (!result.ok()) return result;
+
+  image_path = std::string(program_folder) + "/" + profile.image;
+  const std::string_view bytes(reinterpret_cast<const char*>(image.data()), image.size());
+  const host::Status status = host::WriteWholeFile(image_path, bytes);
+  return status.ok() ? Result::Success()
+                     : Result::Failure(Shown(image_path) + " cannot be written: " + status.cause +
+                                       ". Make room there and the folder writable, then try again.");
+}
+
+}  // namespace discwright::tools

@@ -1,0 +1,30 @@
+// The directory entry of a FAT volume.
+#include "tools/createdsk/directory_record.h"
+
+#include "util/little_endian.h"
+
+namespace discwright::tools {
+
+RecordKind KindOf(const DirectoryRecord& record) {
+  constexpr std::uint8_t kLongNameAttributes = 0x0F;
+  if (record.name[0] == 0x00) return RecordKind::kEnd;
+  if (record.name[0] == 0xE5) return RecordKind::kDeleted;
+  if ((record.attributes & 0x3F) == kLongNameAttributes) return RecordKind::kLongName;
+  if ((record.attributes & kVolumeLabelAttribute) != 0) return RecordKind::kLabel;
+  return (record.attributes & kFolderAttribute) != 0 ? RecordKind::kFolder : RecordKind::kFile;
+}
+
+DirectoryRecord MakeRecord(const ShortName& name, std::uint8_t attributes) {
+  DirectoryRecord record{};
+  record.name = name;
+  record.attributes = attributes;
+  util::StoreLe16(record.write_date, kRecordDate);
+  return record;
+}
+
+void SetContent(DirectoryRecord& record, Cluster first, std::uint32_t size) {
+  util::StoreLe16(record.first_cluster, first);
+  util::StoreLe32(record.size, size);
+}
+
+}  // namespace discwright::tools

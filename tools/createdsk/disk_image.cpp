@@ -1,0 +1,62 @@
+// Makes the image of a floppy from a profile: a fresh or ready-made volume, the profile's files, the boot sector.
+#include "tools/createdsk/disk_image.h"
+
+#include <algorithm>
+
+#include "util/little_endian.h"
+
+namespace discwright::tools {
+namespace {
+
+// The layout always stays that of the image. A base keeps its own boot sector, apart from the label in it, which
+// systems expect to equal the label in the root folder.
+void FinishBootSector(const DiskRequest& request, Image& image) {
+  const Profile& profile = request.profile;
+  ParameterBlock block = LoadParameterBlock(image);
+  const bool keeps_sector = !profile.base.empty() && !request.boot_sector;
+  if (request.boot_sector) std::ranges::copy(*request.boot_sector, image.begin());
+  if (!keeps_sector) CompleteParameterBlock(block);
+  if (profile.label && block.extended_signature == kExtendedSignature) block.volume_label = *profile.label;
+  if (!keeps_sector) {
+    block.volume_serial.fill(0);
+    StoreParameterBlock(block, image);
+    util::StoreLe32(block.volume_serial, SerialOf(image));
+  }
+  StoreParameterBlock(block, image);
+}
+
+}  // namespace
+
+Image FormatDisk(const DiskFormat& format) {
+  Image image(format.ImageBytes());
+  std::ranges::copy(NoSystemBootSector(), image.begin());
+  StoreParameterBlock(MakeParameterBlock(format), image);
+  for (std::size_t copy = 0; copy < kFatCount; ++copy) {
+    const std::size_t offset = (kReservedSectors + copy * kFatSectors) * kSectorBytes;
+    const auto fat = std::span(image).subspan(offset, kFatSectors * kSectorBytes);
+    StoreFatEntry(fat, 0, 0xF00 | kMedia);
+    StoreFatEntry(fat, 1, kEndOfChain);
+  }
+  return image;
+}
+
+Result FillDisk(const DiskRequest& request, const ContentReader& read_content, Image& image) {
+  const Profile& profile = request.profile;
+  Volume volume;
+  if (Result result = ReadVolume(image, volume); !result.ok()) {
+    return Result::Failure("[Disk] Base " + profile.base + " " + result.failure + ". Repair it or take another.");
+  }
+  VolumePlan plan(volume);
+  if (profile.label) {
+    if (Result result = plan.SetLabel(*profile.label); !result.ok()) return result;
+  }
+  for (std::size_t i = 0; i < profile.files.size(); ++i) {
+    if (Result result = plan.AddFile(profile.files[i], request.sizes.at(i)); !result.ok()) return result;
+  }
+  if (Result result = plan.CheckSpace(); !result.ok()) return result;
+  if (Result result = WriteVolume(volume, plan, read_content, image); !result.ok()) return result;
+  FinishBootSector(request, image);
+  return Result::Success();
+}
+
+}  // namespace discwright::tools
