@@ -19,8 +19,8 @@ class PartFile {
   virtual Status Commit() = 0;
 };
 
-// A NAME.part that an earlier run left is overwritten; one that a running program is writing is a failure (kExists),
-// and so is a NAME that is no regular file (kWrongKind). Null with the reason in `status` on failure.
+// A NAME.part that another run has left or is still writing is replaced, and that run's Commit then fails (kExists). A
+// NAME that is no regular file is a failure (kWrongKind). Null with the reason in `status` on failure.
 std::unique_ptr<PartFile> CreatePartFile(std::string_view path, Status& status);
 
 }  // namespace discwright::host

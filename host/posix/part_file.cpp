@@ -1,8 +1,7 @@
-// Writes NAME.part under a lock and renames it to NAME.
+// Writes NAME.part and renames it to NAME.
 #include "host/part_file.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -12,11 +11,22 @@
 
 #include "host/posix/case_lookup.h"
 #include "host/posix/errors.h"
+#include "host/posix/native_path.h"
 #include "host/posix/regular_file.h"
 #include "host/posix/unique_fd.h"
 
 namespace discwright::host {
 namespace {
+
+// Whether `fd` is what stands at `native`.
+bool IsAt(int fd, const std::string& native) {
+  struct stat opened {};
+  struct stat named {};
+  return fstat(fd, &opened) == 0 && lstat(native.c_str(), &named) == 0 && opened.st_dev == named.st_dev &&
+         opened.st_ino == named.st_ino;
+}
+
+Status Replaced() { return Status::Failure(ErrorClass::kExists, "Another run has replaced the unfinished file"); }
 
 class PosixPartFile : public PartFile {
  public:
@@ -25,8 +35,7 @@ class PosixPartFile : public PartFile {
   PosixPartFile(const PosixPartFile&) = delete;
   PosixPartFile& operator=(const PosixPartFile&) = delete;
   ~PosixPartFile() override {
-    // Removed while the lock is still held: the name cannot be another run's by now.
-    if (!part_.empty()) unlink(part_.c_str());
+    if (IsAt(fd_.get(), part_)) unlink(part_.c_str());
   }
 
   Status Append(std::span<const std::uint8_t> bytes) override {
@@ -34,11 +43,21 @@ class PosixPartFile : public PartFile {
   }
 
   Status Commit() override {
-    // A second descriptor keeps the lock over the first one's close(), which may report what writing could not.
-    UniqueFd lock(fcntl(fd_.get(), F_DUPFD_CLOEXEC, 0));
-    if (!lock.valid() || fd_.Close() != 0) return LastFailure();
-    if (std::rename(part_.c_str(), name_.c_str()) != 0) return LastFailure();
-    part_.clear();
+    // A second descriptor tells which file it was even after close(), which may report what writing could not.
+    UniqueFd written(fcntl(fd_.get(), F_DUPFD_CLOEXEC, 0));
+    if (!written.valid()) return LastFailure();
+    std::swap(fd_, written);
+    if (written.Close() != 0) return LastFailure();
+    // Another run may put its own file under the part's name at any time; under a name that no other run uses it can
+    // be told whose it is before it becomes the finished file.
+    const std::string mine = NativeJoin(NativeFolder(name_), ".discwright-" + std::to_string(getpid()) + ".part");
+    if (std::rename(part_.c_str(), mine.c_str()) != 0) return errno == ENOENT ? Replaced() : LastFailure();
+    if (!IsAt(fd_.get(), mine)) {
+      std::rename(mine.c_str(), part_.c_str());
+      return Replaced();
+    }
+    part_ = mine;
+    if (std::rename(mine.c_str(), name_.c_str()) != 0) return LastFailure();
     NoteCreated(name_);
     return Status::Success();
   }
@@ -46,44 +65,13 @@ class PosixPartFile : public PartFile {
  private:
   UniqueFd fd_;
   std::string name_;
-  std::string part_;  // empty once it has its name
+  std::string part_;  // where it stands until it has its name
 };
 
 Status OnlyRegular(const std::string& native) {
   struct stat facts {};
   if (stat(native.c_str(), &facts) != 0) return Status::Success();
   return S_ISREG(facts.st_mode) ? Status::Success() : NotARegularFile(S_ISDIR(facts.st_mode));
-}
-
-// Whether `fd` is still what stands at `native`: another run may have renamed or removed it before it was locked.
-bool IsStillAt(int fd, const std::string& native) {
-  struct stat opened {};
-  struct stat named {};
-  return fstat(fd, &opened) == 0 && lstat(native.c_str(), &named) == 0 && opened.st_dev == named.st_dev &&
-         opened.st_ino == named.st_ino;
-}
-
-// The part file, locked and empty.
-UniqueFd OpenLocked(const std::string& part, Status& status) {
-  for (;;) {
-    UniqueFd fd(open(part.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY, 0666));
-    struct stat facts {};
-    if (!fd.valid() || fstat(fd.get(), &facts) != 0) {
-      status = LastFailure();
-      return {};
-    }
-    if (!S_ISREG(facts.st_mode)) {
-      status = NotARegularFile(false);
-      return {};
-    }
-    if (flock(fd.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
-      status = Status::Failure(ErrorClass::kExists, "Another program is writing it");
-      return {};
-    }
-    if (!IsStillAt(fd.get(), part)) continue;
-    status = StatusOfResult(ftruncate(fd.get(), 0));
-    return fd;
-  }
 }
 
 }  // namespace
@@ -93,8 +81,14 @@ std::unique_ptr<PartFile> CreatePartFile(std::string_view path, Status& status) 
   const std::string part = name + ".part";
   status = OnlyRegular(name);
   if (!status.ok()) return nullptr;
-  UniqueFd fd = OpenLocked(part, status);
-  return status.ok() ? std::make_unique<PosixPartFile>(std::move(fd), name, part) : nullptr;
+  UniqueFd fd;
+  do {
+    // What is there is not written into: a run that was left behind may still have it open.
+    if (unlink(part.c_str()) != 0 && errno != ENOENT) break;
+    fd = UniqueFd(open(part.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+  } while (!fd.valid() && errno == EEXIST);
+  status = fd.valid() ? Status::Success() : LastFailure();
+  return fd.valid() ? std::make_unique<PosixPartFile>(std::move(fd), name, part) : nullptr;
 }
 
 }  // namespace discwright::host
