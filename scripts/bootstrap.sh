@@ -5,10 +5,10 @@
 #   scripts/bootstrap.sh lint     also the checkers
 set -eu
 
-packages="g++ make cmake ninja-build nasm libssl-dev genisoimage"
+packages="g++ make cmake ninja-build nasm libssl-dev"
 case "${1:-build}" in
   build) ;;
-  test) packages="$packages libgtest-dev libgmock-dev mtools dosfstools xorriso libarchive-tools python3 universal-ctags" ;;
+  test) packages="$packages libgtest-dev libgmock-dev mtools dosfstools genisoimage xorriso libarchive-tools p7zip-full python3 universal-ctags" ;;
   lint) packages="$packages libgtest-dev libgmock-dev clang-format clang-tidy shellcheck python3 universal-ctags" ;;
   *) echo "bootstrap.sh: unknown set '$1' (build, test or lint)" >&2; exit 2 ;;
 esac

@@ -1,0 +1,26 @@
+// A large file that is written from start to end under the name NAME.part and becomes NAME when it is whole.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string_view>
+
+#include "host/status.h"
+
+namespace discwright::host {
+
+// Unless Commit succeeds, the destructor removes NAME.part, and a file that has the name NAME stays as it is.
+class PartFile {
+ public:
+  virtual ~PartFile() = default;
+  virtual Status Append(std::span<const std::uint8_t> bytes) = 0;
+  // Reports late write errors and gives the file its name, replacing a file that has it.
+  virtual Status Commit() = 0;
+};
+
+// A NAME.part that another run has left or is still writing is replaced, and that run's Commit then fails (kExists). A
+// NAME that is no regular file is a failure (kWrongKind). Null with the reason in `status` on failure.
+std::unique_ptr<PartFile> CreatePartFile(std::string_view path, Status& status);
+
+}  // namespace discwright::host

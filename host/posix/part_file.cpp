@@ -1,0 +1,94 @@
+// Writes NAME.part and renames it to NAME.
+#include "host/part_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <string>
+
+#include "host/posix/case_lookup.h"
+#include "host/posix/errors.h"
+#include "host/posix/native_path.h"
+#include "host/posix/regular_file.h"
+#include "host/posix/unique_fd.h"
+
+namespace discwright::host {
+namespace {
+
+// Whether `fd` is what stands at `native`.
+bool IsAt(int fd, const std::string& native) {
+  struct stat opened {};
+  struct stat named {};
+  return fstat(fd, &opened) == 0 && lstat(native.c_str(), &named) == 0 && opened.st_dev == named.st_dev &&
+         opened.st_ino == named.st_ino;
+}
+
+Status Replaced() { return Status::Failure(ErrorClass::kExists, "Another run has replaced the unfinished file"); }
+
+class PosixPartFile : public PartFile {
+ public:
+  PosixPartFile(UniqueFd fd, std::string name, std::string part)
+      : fd_(std::move(fd)), name_(std::move(name)), part_(std::move(part)) {}
+  PosixPartFile(const PosixPartFile&) = delete;
+  PosixPartFile& operator=(const PosixPartFile&) = delete;
+  ~PosixPartFile() override {
+    if (IsAt(fd_.get(), part_)) unlink(part_.c_str());
+  }
+
+  Status Append(std::span<const std::uint8_t> bytes) override {
+    return StatusOfResult(WriteAll(fd_.get(), reinterpret_cast<const char*>(bytes.data()), bytes.size()));
+  }
+
+  Status Commit() override {
+    // A second descriptor tells which file it was even after close(), which may report what writing could not.
+    UniqueFd written(fcntl(fd_.get(), F_DUPFD_CLOEXEC, 0));
+    if (!written.valid()) return LastFailure();
+    std::swap(fd_, written);
+    if (written.Close() != 0) return LastFailure();
+    // Another run may put its own file under the part's name at any time; under a name that no other run uses it can
+    // be told whose it is before it becomes the finished file.
+    const std::string mine = NativeJoin(NativeFolder(name_), ".discwright-" + std::to_string(getpid()) + ".part");
+    if (std::rename(part_.c_str(), mine.c_str()) != 0) return errno == ENOENT ? Replaced() : LastFailure();
+    if (!IsAt(fd_.get(), mine)) {
+      std::rename(mine.c_str(), part_.c_str());
+      return Replaced();
+    }
+    part_ = mine;
+    if (std::rename(mine.c_str(), name_.c_str()) != 0) return LastFailure();
+    NoteCreated(name_);
+    return Status::Success();
+  }
+
+ private:
+  UniqueFd fd_;
+  std::string name_;
+  std::string part_;  // where it stands until it has its name
+};
+
+Status OnlyRegular(const std::string& native) {
+  struct stat facts {};
+  if (stat(native.c_str(), &facts) != 0) return Status::Success();
+  return S_ISREG(facts.st_mode) ? Status::Success() : NotARegularFile(S_ISDIR(facts.st_mode));
+}
+
+}  // namespace
+
+std::unique_ptr<PartFile> CreatePartFile(std::string_view path, Status& status) {
+  const std::string name = RealPath(path);
+  const std::string part = name + ".part";
+  status = OnlyRegular(name);
+  if (!status.ok()) return nullptr;
+  UniqueFd fd;
+  do {
+    // What is there is not written into: a run that was left behind may still have it open.
+    if (unlink(part.c_str()) != 0 && errno != ENOENT) break;
+    fd = UniqueFd(open(part.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+  } while (!fd.valid() && errno == EEXIST);
+  status = fd.valid() ? Status::Success() : LastFailure();
+  return fd.valid() ? std::make_unique<PosixPartFile>(std::move(fd), name, part) : nullptr;
+}
+
+}  // namespace discwright::host

@@ -1,0 +1,53 @@
+// Reading a whole folder tree for a disc image: every entry with what an image needs to know of it, and file contents.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "host/files.h"
+#include "host/status.h"
+
+namespace discwright::host {
+
+struct TreeEntry {
+  std::string_view name;  // as it is on disk, byte for byte (UTF-8 on Windows); valid only while it is visited
+  bool is_link = false;   // a symbolic link; everything below is its target's
+  Status status;          // not ok: nothing below holds. kNotFound is a broken link, kLoop one that leads to itself
+  EntryKind kind = EntryKind::kFile;
+  std::uint64_t size = 0;        // bytes; 0 for folders
+  std::int64_t modified = 0;     // seconds since 1970-01-01 00:00 UTC
+  std::uint64_t volume = 0;      // together with `id` the same for all names of one file or folder, and for no other
+  std::uint64_t id = 0;          // see `volume`
+  bool has_other_names = false;  // a file with more than one hard link
+};
+
+// A file being read from its start to its end.
+class SourceFile {
+ public:
+  virtual ~SourceFile() = default;
+  // Reads the next bytes. `count` becomes how many; less than there is room for only at the end of the file.
+  virtual Status Read(std::span<std::uint8_t> bytes, std::size_t& count) = 0;
+};
+
+// Paths are relative to the tree's root, made of names as List gives them with "/" in between, of any length; "" is
+// the root itself. Links are followed.
+class SourceTree {
+ public:
+  virtual ~SourceTree() = default;
+  // Visits what stands in a folder, without "." and "..", in no particular order.
+  virtual Status List(const std::string& path, const std::function<void(const TreeEntry&)>& visit) = 0;
+  // The entry of `path` itself, with an empty name.
+  virtual TreeEntry Look(const std::string& path) = 0;
+  // Null with the reason in `status` on failure. Devices and pipes that took a file's place do not block.
+  virtual std::unique_ptr<SourceFile> Open(const std::string& path, Status& status) = 0;
+};
+
+// The tree below a folder (a core's path); null with the reason in `status` on failure.
+std::unique_ptr<SourceTree> OpenSourceTree(std::string_view folder, Status& status);
+
+}  // namespace discwright::host

@@ -1,0 +1,64 @@
+// The image as a stream of bytes that a second thread writes, so that reading files and writing the image overlap.
+#pragma once
+
+#include <array>
+#include <condition_variable>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <mutex>
+#include <span>
+#include <thread>
+#include <vector>
+
+#include "host/part_file.h"
+
+namespace discwright::tools::mkisofs {
+
+// Small files share a piece; a large one takes many. Used by one thread.
+class ImageStream {
+ public:
+  // `file` must outlive the stream. Throws std::system_error when the system has no thread left.
+  explicit ImageStream(host::PartFile& file);
+  ImageStream(const ImageStream&) = delete;
+  ImageStream& operator=(const ImageStream&) = delete;
+  ~ImageStream();  // what was not flushed may be lost
+
+  // Room for the next bytes of the image, never empty; it is the stream's until Fill or any other call.
+  std::span<std::uint8_t> Room();
+  void Fill(std::size_t count);  // the first bytes of Room are now part of the image
+
+  void Append(std::span<const std::uint8_t> bytes);
+  void AppendZeros(std::uint64_t count);
+  void PadToSector();
+
+  std::uint64_t position() const { return position_; }  // bytes of the image so far
+  bool Failed();                                        // the rest would be written in vain
+  host::Status Flush();                                 // waits until all is written; the first failure
+
+ private:
+  struct Piece {
+    std::uint8_t* bytes = nullptr;
+    std::size_t used = 0;
+  };
+
+  void HandOver();
+  void TakeFreePiece();
+  void WritePieces();
+
+  host::PartFile& file_;
+  std::vector<std::uint8_t> memory_;
+  Piece current_;  // the reading thread's
+  std::uint64_t position_ = 0;
+
+  std::mutex mutex_;  // guards everything below
+  std::condition_variable changed_;
+  std::vector<std::uint8_t*> free_;
+  std::deque<Piece> full_;
+  bool writing_ = false;
+  bool ended_ = false;
+  host::Status status_;
+  std::thread writer_;
+};
+
+}  // namespace discwright::tools::mkisofs

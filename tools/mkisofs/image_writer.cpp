@@ -1,0 +1,154 @@
+// Writes the parts of an image in the order of their places.
+#include "tools/mkisofs/image_writer.h"
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+#include "tools/mkisofs/boot_catalogue.h"
+#include "tools/mkisofs/failure_text.h"
+#include "tools/mkisofs/image_stream.h"
+#include "tools/mkisofs/path_tables.h"
+#include "tools/mkisofs/volume_descriptors.h"
+
+namespace discwright::tools::mkisofs {
+namespace {
+
+constexpr std::size_t kDirectoryBytesKept = 65536;  // directories are gathered up to here before they are appended
+
+class Writer {
+ public:
+  Writer(const ImagePlan& plan, host::SourceTree& source, host::PartFile& file, Progress& progress)
+      : plan_(plan), tree_(plan.tree), layout_(plan.layout), source_(source), progress_(progress), stream_(file) {}
+
+  std::string Write() {
+    WriteDescriptors();
+    const bool written = WriteBoot() && WriteDirectories() && WriteFiles();
+    if (written && MoveTo(layout_.padding)) stream_.AppendZeros(std::uint64_t{kPaddingSectors} * kSectorSize);
+    const host::Status status = stream_.Flush();
+    if (!status.ok()) return plan_.options.output + ": " + TextOf(status);
+    return problem_;
+  }
+
+ private:
+  void WriteDescriptors() {
+    const auto make = [this](DescriptorKind kind) {
+      return BytesOf(
+          MakeVolumeDescriptor(kind, plan_.options, tree_, layout_, plan_.dates.created, plan_.dates.records));
+    };
+    stream_.AppendZeros(std::uint64_t{kSystemAreaSectors} * kSectorSize);
+    stream_.Append(make(DescriptorKind::kPrimary));
+    // El Torito 1.2: the boot record is in sector 17, whatever else there is.
+    if (layout_.boot_image) stream_.Append(BytesOf(MakeBootRecord(layout_.boot_catalogue)));
+    stream_.Append(make(DescriptorKind::kEnhanced));
+    stream_.Append(BytesOf(MakeTerminator()));
+  }
+
+  bool WriteBoot() {
+    if (!layout_.boot_image) return true;
+    const Node& image = tree_.nodes[*layout_.boot_image];
+    const std::uint16_t sectors = BootLoadSectors(plan_.options, image.size);
+    progress_.ShowBoot(sectors);
+    if (!MoveTo(layout_.boot_catalogue)) return false;
+    stream_.Append(BytesOf(MakeBootCatalogue(plan_.options.publisher, sectors, image.extent)));
+    return WriteFile(image, tree_.PathOf(*layout_.boot_image));
+  }
+
+  bool WriteDirectories() {
+    if (!MoveTo(layout_.path_table_l)) return false;
+    stream_.Append(MakePathTable(tree_, ByteOrder::kLittle));
+    stream_.PadToSector();
+    stream_.Append(MakePathTable(tree_, ByteOrder::kBig));
+    stream_.PadToSector();
+    if (!MoveTo(layout_.directories)) return false;
+    std::vector<std::uint8_t> bytes;
+    for (const Folder& folder : tree_.folders) {
+      if (folder.number != 0) AppendDirectory(tree_, folder, plan_.dates.records, bytes);
+      if (bytes.size() < kDirectoryBytesKept) continue;
+      stream_.Append(bytes);
+      bytes.clear();
+      if (MustStop()) return false;
+    }
+    stream_.Append(bytes);
+    return true;
+  }
+
+  bool WriteFiles() {
+    for (const Folder& folder : tree_.folders) {
+      std::string path = tree_.PathOf(folder.node);
+      if (!path.empty()) path += '/';
+      const std::size_t folder_length = path.size();
+      for (NodeIndex index = folder.first; index < folder.first + folder.count; ++index) {
+        const Node& node = tree_.nodes[index];
+        if (!IsStoredFile(node) || index == layout_.boot_image) continue;
+        path.resize(folder_length);
+        path += tree_.NameOf(node);
+        if (!WriteFile(node, path)) return false;
+      }
+    }
+    return true;
+  }
+
+  bool WriteFile(const Node& node, const std::string& path) {
+    if (!MoveTo(node.extent)) return false;
+    host::Status status;
+    const std::unique_ptr<host::SourceFile> file = source_.Open(path, status);
+    if (file == nullptr) return Fail(path, TextOf(status));
+    std::uint64_t left = node.size;
+    while (left > 0) {
+      const std::span<std::uint8_t> room = stream_.Room();
+      // One byte more than there should be: it shows whether the file has grown.
+      const std::size_t wanted = static_cast<std::size_t>(std::min<std::uint64_t>(room.size(), left + 1));
+      std::size_t count = 0;
+      status = file->Read(room.first(wanted), count);
+      if (!status.ok()) return Fail(path, TextOf(status));
+      if (count > left) return Fail(path, "the file has grown while it was read");
+      if (count < std::min<std::uint64_t>(wanted, left)) return Fail(path, "the file has shrunk while it was read");
+      stream_.Fill(count);
+      left -= count;
+      if (left == 0 && wanted == count && !IsAtEnd(*file)) return Fail(path, "the file has grown while it was read");
+      if (MustStop()) return false;
+    }
+    stream_.PadToSector();
+    return true;
+  }
+
+  static bool IsAtEnd(host::SourceFile& file) {
+    std::array<std::uint8_t, 1> byte{};
+    std::size_t count = 0;
+    return file.Read(byte, count).ok() && count == 0;
+  }
+
+  // Everything is appended in the order of its place; that both passes agree on it is worth a look each time.
+  bool MoveTo(std::uint32_t sector) {
+    const bool there = stream_.position() == std::uint64_t{sector} * kSectorSize;
+    return there || Fail("", "the image does not follow its own layout");
+  }
+
+  bool MustStop() {
+    progress_.Show(stream_.position());
+    if (stream_.Failed()) return true;
+    return plan_.stopped() && !Fail("", "interrupted");
+  }
+
+  bool Fail(const std::string& path, const std::string& cause) {
+    problem_ = (path.empty() ? plan_.options.output : plan_.options.tree + "/" + path) + ": " + cause;
+    return false;
+  }
+
+  const ImagePlan& plan_;
+  const Tree& tree_;
+  const Layout& layout_;
+  host::SourceTree& source_;
+  Progress& progress_;
+  std::string problem_;
+  ImageStream stream_;
+};
+
+}  // namespace
+
+std::string WriteImage(const ImagePlan& plan, host::SourceTree& source, host::PartFile& file, Progress& progress) {
+  return Writer(plan, source, file, progress).Write();
+}
+
+}  // namespace discwright::tools::mkisofs

@@ -1,0 +1,40 @@
+// Big-endian and both-endian integers in byte arrays, as ISO 9660 writes them beside the little-endian ones.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "util/little_endian.h"
+
+namespace discwright::util {
+
+inline void StoreBe16(std::span<std::uint8_t, 2> field, std::uint16_t value) {
+  field[0] = static_cast<std::uint8_t>(value >> 8);
+  field[1] = static_cast<std::uint8_t>(value & 0xFF);
+}
+
+inline void StoreBe32(std::span<std::uint8_t, 4> field, std::uint32_t value) {
+  StoreBe16(field.first<2>(), static_cast<std::uint16_t>(value >> 16));
+  StoreBe16(field.last<2>(), static_cast<std::uint16_t>(value & 0xFFFF));
+}
+
+// Little-endian first, then big-endian: ECMA-119 7.2.3 and 7.3.3.
+inline void StoreBoth16(std::span<std::uint8_t, 4> field, std::uint16_t value) {
+  StoreLe16(field.first<2>(), value);
+  StoreBe16(field.last<2>(), value);
+}
+
+inline void StoreBoth32(std::span<std::uint8_t, 8> field, std::uint32_t value) {
+  StoreLe32(field.first<4>(), value);
+  StoreBe32(field.last<4>(), value);
+}
+
+inline std::uint16_t LoadBe16(std::span<const std::uint8_t, 2> field) {
+  return static_cast<std::uint16_t>(field[0] << 8 | field[1]);
+}
+
+inline std::uint32_t LoadBe32(std::span<const std::uint8_t, 4> field) {
+  return static_cast<std::uint32_t>(LoadBe16(field.first<2>())) << 16 | LoadBe16(field.last<2>());
+}
+
+}  // namespace discwright::util
