@@ -28,22 +28,17 @@ class BuildTest : public ::testing::Test {
     return program.Command(Join(Output(image), arguments));
   }
 
-  // Surroundings in which `genisoimage` is a shell script; it stands alone in the folder "bin".
-  Surroundings WithGenisoimage(const std::string& lines) const {
-    const fs::path script = place / "bin" / "genisoimage";
-    WriteFile(script, "#!/bin/sh\n" + lines);
-    fs::permissions(script, fs::perms::owner_all);
-    return {.environment = {{"PATH", script.parent_path().string() + ":" + std::getenv("PATH")}}};
+  // A mastering tool that begins an image, says so (see HasBegun), and goes on until it is told to end.
+  void MasteringBeginsAndHangs() const {
+    program.ReplaceProgram("mkisofs",
+                           "while [ \"$1\" != -output ]; do shift; done\n"
+                           "trap 'rm -f \"$2.part\"; exit 1' TERM\n"
+                           "echo begun > \"$2.part\"\n"
+                           ": > begun\n"
+                           "sleep 600 &\n"
+                           "wait\n");
   }
-
-  // For such a script: begins an image, says so (see HasBegun), and never ends by itself.
-  static std::string BeginAndHang() {
-    return "while [ \"$1\" != -output ]; do shift; done\n"
-           "echo begun > \"$2\"\n"
-           ": > \"${0%/*}/begun\"\n"
-           "sleep 600\n";
-  }
-  bool HasBegun() const { return fs::exists(place / "bin" / "begun"); }
+  bool HasBegun() const { return fs::exists(program / "begun"); }
 
   TemporaryFolder place;
   ProgramCopy program{place / "program"};

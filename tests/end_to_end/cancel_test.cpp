@@ -51,19 +51,21 @@ TEST_F(Cancel, WhileCopying_EndsAfterTheCopy) {
 
 TEST_F(Cancel, WhileMastering_EndsTheMasteringAndItsPartlyWrittenImage) {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-    fs::remove_all(place / "bin");
-    RunningProgram build(Command(), WithGenisoimage(BeginAndHang()));
+    fs::remove(program / "begun");
+    MasteringBeginsAndHangs();
+    RunningProgram build(Command());
     ASSERT_TRUE(WaitUntil([&] { return HasBegun(); }));
     EXPECT_THAT(PartsOf(image), SizeIs(1));
     build.Send(signal);
     ExpectCancelled(build);
   }
+  program.RestoreProgram("mkisofs");
   ExpectNextBuildSucceeds();
 }
 
 TEST_F(Cancel, CtrlCOnATerminalWhileMastering_EndsEverything) {
-  Surroundings surroundings = WithGenisoimage(BeginAndHang());
-  RunningProgram build(Command(), surroundings);
+  MasteringBeginsAndHangs();
+  RunningProgram build(Command());
   ASSERT_TRUE(WaitUntil([&] { return HasBegun(); }));
   build.SendToGroup(SIGINT);
   ExpectCancelled(build);
@@ -71,7 +73,8 @@ TEST_F(Cancel, CtrlCOnATerminalWhileMastering_EndsEverything) {
 
 TEST_F(Cancel, OlderImageAtThePlace_StaysUntouched) {
   WriteFile(image, "an older image");
-  RunningProgram build(Command(), WithGenisoimage(BeginAndHang()));
+  MasteringBeginsAndHangs();
+  RunningProgram build(Command());
   ASSERT_TRUE(WaitUntil([&] { return HasBegun(); }));
   build.Send(SIGINT);
   EXPECT_EQ(build.Wait().exit_code, kCancelled);

@@ -8,8 +8,8 @@ namespace {
 class FailedSteps : public BuildTest {
  protected:
   // A build that must fail; what it says on standard error is returned.
-  std::string Failed(const Surroundings& surroundings = {}, const std::vector<std::string>& choices = {}) const {
-    const Outcome outcome = Build(choices, surroundings);
+  std::string Failed(const std::vector<std::string>& choices = {}) const {
+    const Outcome outcome = Build(choices);
     EXPECT_EQ(outcome.exit_code, 1) << outcome.err;
     EXPECT_EQ(outcome.out, "");
     EXPECT_THAT(PartsOf(image), IsEmpty());
@@ -22,9 +22,9 @@ class FailedSteps : public BuildTest {
 TEST_F(FailedSteps, MissingBootLoader_IsToldFromTheLog) {
   fs::remove(program / "files" / "vexacd" / "boot" / "loader.bin");
   const std::string told = Failed();
-  EXPECT_THAT(told, HasSubstr("Uh oh, I cant find the boot image 'boot/loader.bin' !"));
+  EXPECT_THAT(told, HasSubstr("boot/loader.bin"));
   EXPECT_THAT(told, HasSubstr("Operation Aborted"));
-  EXPECT_THAT(ReadFile(program / "mkisofs.log"), HasSubstr("Uh oh"));
+  EXPECT_THAT(ReadFile(program / "mkisofs.log"), HasSubstr("boot/loader.bin"));
   EXPECT_TRUE(NoImageAt(image));
 }
 
@@ -46,21 +46,6 @@ TEST_F(FailedSteps, MasteringProgramThatMayNotBeRun_IsToldFromTheLog) {
   EXPECT_TRUE(NoImageAt(image));
 }
 
-TEST_F(FailedSteps, GenisoimageNotInstalled_IsToldWithTheNameOfThePackage) {
-  fs::create_directory(place / "nothing in here");
-  EXPECT_THAT(Failed({.environment = {{"PATH", (place / "nothing in here").string()}}}),
-              HasSubstr("mkisofs: genisoimage is not installed; install the package genisoimage"));
-  EXPECT_TRUE(NoImageAt(image));
-}
-
-TEST_F(FailedSteps, GenisoimageKilled_LeavesNoPart) {
-  EXPECT_THAT(
-      Failed(WithGenisoimage("while [ \"$1\" != -output ]; do shift; done\necho begun > \"$2\"\nkill -KILL $$\n")),
-      HasSubstr("Operation Aborted"));
-  EXPECT_THAT(ReadFile(program / "mkisofs.log"), HasSubstr("The mastering ended with exit code 137."));
-  EXPECT_TRUE(NoImageAt(image));
-}
-
 TEST_F(FailedSteps, MasteringProgramKilled_IsToldFromTheLog) {
   program.ReplaceProgram("mkisofs", "echo so far so good\nkill -KILL $$\n");
   const std::string told = Failed();
@@ -71,13 +56,9 @@ TEST_F(FailedSteps, MasteringProgramKilled_IsToldFromTheLog) {
 
 TEST_F(FailedSteps, MasteringFailsWithAnOlderImageAtThePlace_ItStaysUntouchedAndIsNotTakenForANewOne) {
   WriteFile(image, "an older image");
-  EXPECT_THAT(Failed(WithGenisoimage("echo no luck today >&2\nexit 3\n")), HasSubstr("no luck today"));
+  program.ReplaceProgram("mkisofs", "echo no luck today >&2\nexit 3\n");
+  EXPECT_THAT(Failed(), HasSubstr("no luck today"));
   EXPECT_EQ(ReadFile(image), "an older image");
-}
-
-TEST_F(FailedSteps, GenisoimageWritesAPartAndFails_LeavesNoPart) {
-  Failed(WithGenisoimage("while [ \"$1\" != -output ]; do shift; done\necho begun > \"$2\"\nexit 1\n"));
-  EXPECT_TRUE(NoImageAt(image));
 }
 
 TEST_F(FailedSteps, MissingDiskProgram_IsTold) {
@@ -98,14 +79,14 @@ TEST_F(FailedSteps, DiskProgramFails_IsToldWithItsWords) {
 TEST_F(FailedSteps, NameLongerThanADiscCanHold_IsToldFromTheLog) {
   const std::string name(208, 'n');
   WriteFile(place / "tools" / name, "content");
-  EXPECT_THAT(Failed({}, Utilities(place / "tools")), HasSubstr("vexacd/vexa/" + name));
+  EXPECT_THAT(Failed(Utilities(place / "tools")), HasSubstr("vexacd/vexa/" + name));
   EXPECT_TRUE(NoImageAt(image));
 }
 
 TEST_F(FailedSteps, UtilitiesOfTwoGigabytes_EndTheBuildBeforeTheyAreCopied) {
   WriteFile(place / "tools" / "large.bin", "");
   fs::resize_file(place / "tools" / "large.bin", 1ULL << 31U);  // a hole: takes no room
-  const std::string told = Failed({}, Utilities(place / "tools"));
+  const std::string told = Failed(Utilities(place / "tools"));
   EXPECT_THAT(told, HasSubstr("warning: " + (place / "tools").string() + ": "));
   EXPECT_THAT(told,
               HasSubstr("Fatal Error: A fatal Error occured while integrating the Vexa Utilities, operation halted"));
@@ -113,7 +94,9 @@ TEST_F(FailedSteps, UtilitiesOfTwoGigabytes_EndTheBuildBeforeTheyAreCopied) {
 }
 
 TEST_F(FailedSteps, FailedBuild_NextBuildSucceeds) {
-  Failed(WithGenisoimage("exit 1\n"));
+  program.ReplaceProgram("mkisofs", "exit 1\n");
+  Failed();
+  program.RestoreProgram("mkisofs");
   const Outcome outcome = Build();
   EXPECT_EQ(outcome.exit_code, 0) << outcome.err;
 }

@@ -52,17 +52,20 @@ TEST_F(KilledBuild, AtTenMoments_NextBuildMakesTheSameDisc) {
 
 TEST_F(KilledBuild, WhileMastering_WhatStillRunsOfItCannotSpoilTheNextImage) {
   const fs::path go_on = place / "go on";
-  RunningProgram build(Command(), WithGenisoimage("while [ \"$1\" != -output ]; do shift; done\n"
-                                                  "exec 3> \"$2\"\n"
-                                                  ": > \"${0%/*}/begun\"\n"
-                                                  "until [ -e '" +
-                                                  go_on.string() +
-                                                  "' ]; do sleep 0.1; done\n"
-                                                  "echo more of the killed build >&3\n"));
+  program.ReplaceProgram("mkisofs",
+                         "while [ \"$1\" != -output ]; do shift; done\n"
+                         "exec 3> \"$2.part\"\n"
+                         ": > begun\n"
+                         "until [ -e '" +
+                             go_on.string() +
+                             "' ]; do sleep 0.1; done\n"
+                             "echo more of the killed build >&3\n");
+  RunningProgram build(Command());
   ASSERT_TRUE(WaitUntil([&] { return HasBegun(); }));
   build.Send(SIGKILL);
   EXPECT_EQ(build.Wait().killed_by, SIGKILL);
   EXPECT_FALSE(fs::exists(image));
+  program.RestoreProgram("mkisofs");
   const Outcome next = Build();
   EXPECT_EQ(next.exit_code, 0) << next.err;
   const auto made = ReadFile(image);

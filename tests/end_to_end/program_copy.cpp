@@ -39,6 +39,10 @@ void ProgramCopy::ReplaceProgram(const std::string& name, const std::string& lin
   MakeProgram(folder_ / name, lines);
 }
 
+void ProgramCopy::RestoreProgram(const std::string& name) const {
+  fs::copy_file(fs::path(PROGRAM_FOLDER) / name, folder_ / name, fs::copy_options::overwrite_existing);
+}
+
 std::vector<std::string> Utilities(const fs::path& folder) {
   return {"--set", "ChkVexaUtils=1", "--set", "TxtUtils_Loc=" + folder.string()};
 }

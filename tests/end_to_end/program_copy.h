@@ -23,6 +23,8 @@ class ProgramCopy {
 
   // Puts a shell script in the place of one of the programs; `lines` come after the "#!" line.
   void ReplaceProgram(const std::string& name, const std::string& lines) const;
+  // Puts the built program back.
+  void RestoreProgram(const std::string& name) const;
 
  private:
   std::filesystem::path folder_;
