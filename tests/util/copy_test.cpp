@@ -49,13 +49,13 @@ TEST_P(CopyOnBothPlatforms, Start_PaintsThePreparationAndShowsTheBar) {
 
 TEST_P(CopyOnBothPlatforms, DestinationDeepInsideTheSource_IsPassedOverAndNoted) {
   host.AddFile("C:\\src\\a", "1");
-  host.AddFile("C:\\src\\work\\b", "2");
-  EXPECT_EQ(CopyPathWithProgress(context, "C:\\src", "c:/SRC/work/cd/", main.LblSub_Step, main.BarSub_Step),
+  host.AddFile("C:\\src\\job\\b", "2");
+  EXPECT_EQ(CopyPathWithProgress(context, "C:\\src", "c:/SRC/job/cd/", main.LblSub_Step, main.BarSub_Step),
             CopyEnd::kComplete);
-  EXPECT_EQ(host.Content("C:\\src\\work\\cd\\work\\b"), "2");
-  EXPECT_FALSE(host.Exists("C:\\src\\work\\cd\\work\\cd"));
+  EXPECT_EQ(host.Content("C:\\src\\job\\cd\\job\\b"), "2");
+  EXPECT_FALSE(host.Exists("C:\\src\\job\\cd\\job\\cd"));
   ASSERT_EQ(notes.all().size(), 1U);
-  EXPECT_EQ(notes.all()[0].place, "C:\\src\\work\\cd");
+  EXPECT_EQ(notes.all()[0].place, "C:\\src\\job\\cd");
 }
 
 TEST_P(CopyOnBothPlatforms, DestinationBehindALinkInTheSource_IsPassedOverAndNoted) {
