@@ -57,7 +57,10 @@ std::string ReadLink(const fs::path& link) {
 
 std::string CommandLine(const fs::path& process) {
   std::ifstream file(process / "cmdline", std::ios::binary);
-  std::string words((std::istreambuf_iterator<char>(file)), {});
+  // With read(): an iterator would throw when the process ends meanwhile.
+  std::string words(65536, '\0');
+  file.read(words.data(), static_cast<std::streamsize>(words.size()));
+  words.resize(static_cast<std::size_t>(file.gcount()));
   std::replace(words.begin(), words.end(), '\0', ' ');
   return words;
 }
