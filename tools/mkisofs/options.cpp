@@ -146,7 +146,7 @@ std::string ParseOptions(std::span<const std::string> words, Options& options) {
     const bool has_value = !option->value.empty();
     if (has_value && i + 1 == words.size()) return word + " needs a value";
     const std::string problem = option->take(parsed, has_value ? std::string_view(words[++i]) : std::string_view());
-    if (!problem.empty()) return word + ": " + problem;
+    if (!problem.empty()) return std::string(word).append(": ").append(problem);
   }
   return Judge(parsed);
 }
