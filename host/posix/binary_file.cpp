@@ -1,4 +1,6 @@
 // Files read and written at positions.
+#include "host/posix/binary_file.h"
+
 #include <sys/stat.h>
 
 #include <cerrno>
@@ -66,6 +68,8 @@ RegularFile CreateRegular(const std::string& native) {
 
 }  // namespace
 
+std::unique_ptr<BinaryFile> WrapBinaryFile(UniqueFd fd) { return std::make_unique<PosixBinaryFile>(std::move(fd)); }
+
 std::unique_ptr<BinaryFile> OpenBinary(std::string_view path, OpenMode mode, Status& status) {
   const std::string native = RealPath(path);
   const bool writes = mode != OpenMode::kRead;
@@ -76,7 +80,7 @@ std::unique_ptr<BinaryFile> OpenBinary(std::string_view path, OpenMode mode, Sta
     file.status = StatusOfResult(ftruncate(file.fd.get(), 0));
   }
   status = file.status;
-  return status.ok() ? std::make_unique<PosixBinaryFile>(std::move(file.fd)) : nullptr;
+  return status.ok() ? WrapBinaryFile(std::move(file.fd)) : nullptr;
 }
 
 }  // namespace discwright::host
