@@ -3,14 +3,16 @@
 #   scripts/bootstrap.sh build    what the program itself needs (default)
 #   scripts/bootstrap.sh test     also the readers that the tests compare against
 #   scripts/bootstrap.sh lint     also the checkers
+#   scripts/bootstrap.sh bench    also the programs that are measured against
 set -eu
 
-packages="g++ make cmake ninja-build nasm libssl-dev"
+packages="g++ make cmake ninja-build nasm libssl-dev libxxhash-dev"
 case "${1:-build}" in
   build) ;;
   test) packages="$packages libgtest-dev libgmock-dev mtools dosfstools genisoimage xorriso libarchive-tools p7zip-full python3 universal-ctags" ;;
   lint) packages="$packages libgtest-dev libgmock-dev clang-format clang-tidy shellcheck python3 universal-ctags" ;;
-  *) echo "bootstrap.sh: unknown set '$1' (build, test or lint)" >&2; exit 2 ;;
+  bench) packages="$packages genisoimage xorriso jdupes rdfind python3" ;;
+  *) echo "bootstrap.sh: unknown set '$1' (build, test, lint or bench)" >&2; exit 2 ;;
 esac
 
 missing=""

@@ -1,0 +1,72 @@
+// A folder to link in, and what a run of the duplicate file linker says about it.
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <functional>
+#include <set>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/links.h"
+#include "tests/host/temp_folder.h"
+#include "tools/dfl/dfl.h"
+
+namespace discwright::tools::dfl::testing {
+
+// Calls a function each time a line is sent off, so that a test can change the disk in the middle of a run.
+class WatchedOutput : public std::stringbuf {
+ public:
+  std::function<void(const std::string& text)> sent;
+
+ protected:
+  int sync() override {
+    if (sent) sent(str());
+    return 0;
+  }
+};
+
+class DflTest : public ::testing::Test {
+ protected:
+  void Write(std::string_view name, std::string_view content) const { folder_.Write(name, content); }
+  void MakeLink(std::string_view existing, std::string_view fresh) const {
+    std::filesystem::create_hard_link(folder_.Native(existing), folder_.Native(fresh));
+  }
+  bool AreLinked(std::string_view a, std::string_view b) const {
+    return std::filesystem::equivalent(folder_.Native(a), folder_.Native(b));
+  }
+  std::uintmax_t LinksOf(std::string_view name) const { return std::filesystem::hard_link_count(folder_.Native(name)); }
+
+  // Runs on the folder; the exit code.
+  int Run() {
+    std::ostream output(&output_);
+    std::ostringstream errors;
+    output_.str("");
+    const int code = RunDfl({folder_.native(), "link"}, output, errors, machine_);
+    errors_ = errors.str();
+    return code;
+  }
+
+  std::string LastLine() const {
+    const std::string text = output_.str();
+    return text.substr(text.rfind('\n', text.size() - 2) + 1);
+  }
+
+  // Does something once, when the line that starts a step has been printed.
+  void AtLine(std::string_view line, const std::function<void()>& action) {
+    output_.sent = [line = std::string(line), action, done = false](const std::string& text) mutable {
+      if (done || text.find(line) == text.npos) return;
+      done = true;
+      action();
+    };
+  }
+
+  host::testing::TempFolder folder_;
+  Machine machine_{2, {}};
+  WatchedOutput output_;
+  std::string errors_;
+};
+
+}  // namespace discwright::tools::dfl::testing

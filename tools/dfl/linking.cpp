@@ -1,0 +1,167 @@
+// Compares, links, and holds back where the disk is no longer what it was.
+#include "tools/dfl/linking.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "tools/dfl/compare.h"
+#include "tools/dfl/parallel.h"
+
+namespace discwright::tools::dfl {
+namespace {
+
+std::int64_t BytesOf(const Group& group) { return group[0].facts.size * static_cast<std::int64_t>(group.size()); }
+
+// The numbers of the groups, most bytes first.
+std::vector<std::size_t> LargestFirst(const std::vector<Group>& groups) {
+  std::vector<std::size_t> order(groups.size());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  std::stable_sort(order.begin(), order.end(),
+                   [&](std::size_t a, std::size_t b) { return BytesOf(groups[a]) > BytesOf(groups[b]); });
+  return order;
+}
+
+}  // namespace
+
+Saving Linking::Run(const std::vector<Group>& groups, unsigned threads) {
+  const std::vector<std::size_t> order = LargestFirst(groups);
+  std::vector<Saving> savings(groups.size());
+  ForEach(groups.size(), threads, [&](std::size_t index) { savings[index] = LinkGroup(groups[order[index]]); });
+  Saving total;
+  for (const Saving& saving : savings) {
+    total.linked += saving.linked;
+    total.bytes += saving.bytes;
+  }
+  return total;
+}
+
+std::vector<std::string> Linking::FoldersWithoutLinks() const {
+  const std::lock_guard lock(mutex_);
+  std::set<std::uint64_t> missing = volumes_without_links_;
+  std::vector<std::string> folders;
+  for (std::size_t place = 0; place < tree_.names().size() && !missing.empty(); ++place) {
+    if (missing.erase(tree_.names()[place].facts.volume) > 0) folders.push_back(tree_.FolderOf(place));
+  }
+  return folders;
+}
+
+Saving Linking::LinkGroup(Group group) {
+  Saving saving;
+  std::vector<Group> waiting = {std::move(group)};
+  while (!waiting.empty() && HasLinks(waiting.back()[0].facts.volume)) {
+    Group next = std::move(waiting.back());
+    waiting.pop_back();
+    for (Group& equal : EqualFiles(std::move(next), tree_, problems_)) {
+      Group again = LinkEqual(std::move(equal), saving);
+      if (again.size() > 1) waiting.push_back(std::move(again));
+    }
+  }
+  return saving;
+}
+
+// Links what is equal to the first file; the result must be compared anew, because a file that was to stay changed.
+Group Linking::LinkEqual(Group equal, Saving& saving) {
+  std::vector<File> keepers = {std::move(equal[0])};
+  for (std::size_t index = 1; index < equal.size(); ++index) {
+    switch (LinkToOneOf(keepers, equal[index], saving)) {
+      case Outcome::kKeeperFull:
+        keepers.push_back(std::move(equal[index]));
+        break;
+      case Outcome::kKeeperChanged:
+        equal.erase(equal.begin(), equal.begin() + static_cast<std::ptrdiff_t>(index));
+        return equal;
+      case Outcome::kUnsupported:
+        return {};
+      case Outcome::kLinked:
+      case Outcome::kFailed:
+        break;
+    }
+  }
+  return {};
+}
+
+// Names that could be linked, or failed to be, are the file's no longer.
+Linking::Outcome Linking::LinkToOneOf(const std::vector<File>& keepers, File& file, Saving& saving) {
+  std::size_t done = 0;
+  std::size_t linked = 0;
+  Outcome outcome = Outcome::kLinked;
+  while (done < file.names.size()) {
+    outcome = LinkName(keepers, file.names[done]);
+    if (outcome != Outcome::kLinked && outcome != Outcome::kFailed) break;
+    linked += outcome == Outcome::kLinked ? 1 : 0;
+    ++done;
+  }
+  saving.linked += linked;
+  if (linked == file.names.size()) saving.bytes += file.facts.size;
+  file.names.erase(file.names.begin(), file.names.begin() + static_cast<std::ptrdiff_t>(done));
+  return outcome;
+}
+
+// All keepers equal the first one, and so one another only as long as that is what it was when they were compared.
+Linking::Outcome Linking::LinkName(const std::vector<File>& keepers, std::size_t place) {
+  if (!IsUnchanged(keepers[0].names[0])) return Outcome::kKeeperChanged;
+  if (!IsUnchanged(place)) return Outcome::kFailed;
+  Outcome outcome = Outcome::kKeeperFull;
+  for (const File& keeper : keepers) {
+    const bool is_first = &keeper == &keepers[0];
+    if (!is_first && !IsUnchanged(keeper.names[0])) return Outcome::kKeeperChanged;
+    outcome = LinkOver(keeper, place);
+    if (outcome != Outcome::kKeeperFull) break;
+  }
+  return outcome;
+}
+
+Linking::Outcome Linking::LinkOver(const File& keeper, std::size_t place) {
+  std::string passing;
+  const host::LinkAnswer answer = MakePassingLink(keeper, place, passing);
+  switch (answer.end) {
+    case host::LinkEnd::kMade:
+      break;
+    case host::LinkEnd::kTooManyLinks:
+    case host::LinkEnd::kOtherVolume:  // one volume mounted at two places: its files know no links between these
+      return Outcome::kKeeperFull;
+    case host::LinkEnd::kUnsupported:
+      NoteWithoutLinks(keeper.facts.volume);
+      return Outcome::kUnsupported;
+    case host::LinkEnd::kNameTaken:
+    case host::LinkEnd::kFailed:
+      problems_.Add(place, tree_.Path(place), "cannot be linked", answer.status);
+      return Outcome::kFailed;
+  }
+  const host::Status replaced = calls_.replace(passing, tree_.Path(place));
+  if (replaced.ok()) return Outcome::kLinked;
+  host::RemoveSpareName(passing);
+  problems_.Add(place, tree_.Path(place), "cannot be linked", replaced);
+  return Outcome::kFailed;
+}
+
+// A name that somebody has taken is passed over, whoever it was.
+host::LinkAnswer Linking::MakePassingLink(const File& keeper, std::size_t place, std::string& passing) {
+  const std::string existing = tree_.Path(keeper.names[0]);
+  for (;;) {
+    passing = PassingName(tree_.FolderOf(place), passing_number_++);
+    host::LinkAnswer answer = calls_.make_link(existing, passing);
+    if (answer.end != host::LinkEnd::kNameTaken) return answer;
+  }
+}
+
+// Whether the file is what the scan saw, and so what was compared; otherwise it becomes a problem.
+bool Linking::IsUnchanged(std::size_t place) {
+  const std::string path = tree_.Path(place);
+  const std::optional<host::FileFacts> facts = host::FactsOf(path);
+  if (facts && facts->IsUnchanged(tree_.names()[place].facts)) return true;
+  problems_.Add(place, path, "has changed meanwhile and is left as it is");
+  return false;
+}
+
+bool Linking::HasLinks(std::uint64_t volume) const {
+  const std::lock_guard lock(mutex_);
+  return !volumes_without_links_.contains(volume);
+}
+
+void Linking::NoteWithoutLinks(std::uint64_t volume) {
+  const std::lock_guard lock(mutex_);
+  volumes_without_links_.insert(volume);
+}
+
+}  // namespace discwright::tools::dfl

@@ -1,0 +1,63 @@
+// Makes files of equal content hard links of one another.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <mutex>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/links.h"
+#include "tools/dfl/problems.h"
+#include "tools/dfl/tree.h"
+
+namespace discwright::tools::dfl {
+
+// The two calls that change the disk; tests put others in their place.
+struct LinkCalls {
+  std::function<host::LinkAnswer(std::string_view existing, std::string_view fresh)> make_link = host::MakeHardLink;
+  std::function<host::Status(std::string_view from, std::string_view to)> replace = host::ReplaceFile;
+};
+
+struct Saving {
+  std::size_t linked = 0;  // names that are now links
+  std::int64_t bytes = 0;  // of the files that lost all their names to them
+};
+
+class Linking {
+ public:
+  Linking(const Tree& tree, const LinkCalls& calls, Problems& problems)
+      : tree_(tree), calls_(calls), problems_(problems) {}
+
+  // Compares the files of each group and links those that are equal; the one that stands first in the tree stays and
+  // gives the others its time and attributes. A file that has changed since the scan is left alone, with a problem.
+  Saving Run(const std::vector<Group>& groups, unsigned threads);
+
+  // A folder on each volume that has no hard links, in order of the tree.
+  std::vector<std::string> FoldersWithoutLinks() const;
+
+ private:
+  enum class Outcome { kLinked, kFailed, kKeeperFull, kKeeperChanged, kUnsupported };
+
+  Saving LinkGroup(Group group);
+  Group LinkEqual(Group equal, Saving& saving);
+  Outcome LinkToOneOf(const std::vector<File>& keepers, File& file, Saving& saving);
+  Outcome LinkName(const std::vector<File>& keepers, std::size_t place);
+  Outcome LinkOver(const File& keeper, std::size_t place);
+  host::LinkAnswer MakePassingLink(const File& keeper, std::size_t place, std::string& passing);
+  bool IsUnchanged(std::size_t place);
+  bool HasLinks(std::uint64_t volume) const;
+  void NoteWithoutLinks(std::uint64_t volume);
+
+  const Tree& tree_;
+  const LinkCalls& calls_;
+  Problems& problems_;
+  std::atomic<std::size_t> passing_number_ = 0;
+  mutable std::mutex mutex_;
+  std::set<std::uint64_t> volumes_without_links_;
+};
+
+}  // namespace discwright::tools::dfl

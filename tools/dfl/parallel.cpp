@@ -1,0 +1,37 @@
+// A counter that threads take their work from.
+#include "tools/dfl/parallel.h"
+
+#include <algorithm>
+#include <atomic>
+#include <system_error>
+#include <thread>
+#include <vector>
+
+namespace discwright::tools::dfl {
+namespace {
+
+bool StartThread(std::vector<std::thread>& threads, const std::function<void()>& work) {
+  try {
+    threads.emplace_back(work);
+    return true;
+  } catch (const std::system_error&) {
+    return false;  // the threads that there are do it all
+  }
+}
+
+}  // namespace
+
+void ForEach(std::size_t count, unsigned threads, const std::function<void(std::size_t)>& work) {
+  std::atomic<std::size_t> next = 0;
+  const auto run = [&] {
+    for (std::size_t index = next++; index < count; index = next++) work(index);
+  };
+  const std::size_t helpers = std::min<std::size_t>(threads, count);
+  std::vector<std::thread> started;
+  while (started.size() + 1 < helpers && StartThread(started, run)) {
+  }
+  run();
+  for (std::thread& thread : started) thread.join();
+}
+
+}  // namespace discwright::tools::dfl

@@ -1,0 +1,40 @@
+// Reads into memory that each thread keeps.
+#include "tools/dfl/reader.h"
+
+#include <algorithm>
+#include <array>
+
+#include "host/links.h"
+
+namespace discwright::tools::dfl {
+namespace {
+
+using Piece = std::array<std::byte, std::size_t{128} * 1024>;  // two of them fit into a processor's own cache
+
+Piece& Memory(std::size_t which) {
+  thread_local const auto pieces = std::make_unique<std::array<Piece, 2>>();
+  return (*pieces)[which];
+}
+
+}  // namespace
+
+std::span<const std::byte> Reader::Read(std::int64_t position, std::int64_t end, std::size_t which) {
+  Piece& memory = Memory(which);
+  const std::int64_t left = std::min(end, file_->facts.size) - position;
+  const auto size = static_cast<std::size_t>(std::clamp<std::int64_t>(left, 0, memory.size()));
+  const std::span<std::byte> bytes = std::span(memory).first(size);
+  if (open_ == nullptr && status_.ok())
+    open_ = host::OpenUnchanged(tree_->Path(file_->names[0]), file_->facts, status_);
+  if (status_.ok()) status_ = open_->ReadAt(position, bytes);
+  return status_.ok() ? bytes : std::span<std::byte>();
+}
+
+bool Reader::Check(Problems& problems) {
+  if (!status_.ok() && !told_) {
+    problems.Add(file_->names[0], tree_->Path(file_->names[0]), "cannot be read", status_);
+    told_ = true;
+  }
+  return status_.ok();
+}
+
+}  // namespace discwright::tools::dfl
