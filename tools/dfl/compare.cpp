@@ -31,6 +31,7 @@ class Comparison {
       if (digest) sets[*digest].push_back(std::move(file));
     }
     std::vector<Candidates> split;
+    split.reserve(sets.size());
     for (auto& [digest, set] : sets) split.push_back(std::move(set));
     return split;
   }
@@ -93,6 +94,7 @@ class Comparison {
 
 std::vector<Group> EqualFiles(Group group, const Tree& tree, Problems& problems) {
   Candidates files;
+  files.reserve(group.size());
   for (File& file : group) files.push_back({&file, Reader(tree, file)});
   Comparison comparison(problems);
   std::vector<Group> equal;

@@ -1,9 +1,10 @@
 // Sorting many files by digests of their content.
 #pragma once
 
-#include <compare>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <tuple>
 #include <vector>
 
 #include "tools/dfl/problems.h"
@@ -17,7 +18,8 @@ inline constexpr std::int64_t kStart = 4096;  // bytes that tell most files apar
 struct Digest {
   std::uint64_t high = 0;
   std::uint64_t low = 0;
-  auto operator<=>(const Digest&) const = default;
+  bool operator==(const Digest&) const = default;
+  bool operator<(const Digest& other) const { return std::tie(high, low) < std::tie(other.high, other.low); }
 };
 
 // Of the first `length` bytes; nothing when they cannot be read, which becomes a problem.

@@ -2,7 +2,7 @@
 #include "tools/dfl/problems.h"
 
 #include <algorithm>
-#include <array>
+#include <tuple>
 
 #include "host/system.h"
 
@@ -26,7 +26,8 @@ void Problems::Add(std::size_t place, std::string_view path, std::string_view wh
 
 void Problems::Print(std::ostream& output) {
   const std::lock_guard lock(mutex_);
-  std::sort(problems_.begin(), problems_.end());
+  std::sort(problems_.begin(), problems_.end(),
+            [](const Problem& a, const Problem& b) { return std::tie(a.place, a.text) < std::tie(b.place, b.text); });
   for (const Problem& problem : problems_) output << "dfl: " << problem.text << "\n";
   output.flush();
 }

@@ -25,7 +25,6 @@ class Problems {
   struct Problem {
     std::size_t place;
     std::string text;
-    auto operator<=>(const Problem&) const = default;
   };
   std::mutex mutex_;
   std::vector<Problem> problems_;

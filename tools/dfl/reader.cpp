@@ -9,7 +9,8 @@
 namespace discwright::tools::dfl {
 namespace {
 
-using Piece = std::array<std::byte, std::size_t{128} * 1024>;  // two of them fit into a processor's own cache
+constexpr std::int64_t kPieceSize = std::int64_t{128} * 1024;  // bytes; two of them fit into a processor's own cache
+using Piece = std::array<std::byte, kPieceSize>;
 
 Piece& Memory(std::size_t which) {
   thread_local const auto pieces = std::make_unique<std::array<Piece, 2>>();
@@ -21,7 +22,7 @@ Piece& Memory(std::size_t which) {
 std::span<const std::byte> Reader::Read(std::int64_t position, std::int64_t end, std::size_t which) {
   Piece& memory = Memory(which);
   const std::int64_t left = std::min(end, file_->facts.size) - position;
-  const auto size = static_cast<std::size_t>(std::clamp<std::int64_t>(left, 0, memory.size()));
+  const auto size = static_cast<std::size_t>(std::clamp<std::int64_t>(left, 0, kPieceSize));
   const std::span<std::byte> bytes = std::span(memory).first(size);
   if (open_ == nullptr && status_.ok())
     open_ = host::OpenUnchanged(tree_->Path(file_->names[0]), file_->facts, status_);
