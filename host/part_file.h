@@ -1,4 +1,4 @@
-// A large file that is written from start to end under the name NAME.part and becomes NAME when it is whole.
+// A large file that is written under the name NAME.part and becomes NAME when it is whole.
 #pragma once
 
 #include <cstdint>
@@ -14,13 +14,15 @@ namespace discwright::host {
 class PartFile {
  public:
   virtual ~PartFile() = default;
-  virtual Status Append(std::span<const std::uint8_t> bytes) = 0;
+  // Parts may be written in any order, and by several threads at once.
+  virtual Status WriteAt(std::uint64_t position, std::span<const std::uint8_t> bytes) = 0;
   // Reports late write errors and gives the file its name, replacing a file that has it.
   virtual Status Commit() = 0;
 };
 
 // A NAME.part that another run has left or is still writing is replaced, and that run's Commit then fails (kExists). A
-// NAME that is no regular file is a failure (kWrongKind). Null with the reason in `status` on failure.
-std::unique_ptr<PartFile> CreatePartFile(std::string_view path, Status& status);
+// NAME that is no regular file is a failure (kWrongKind). Room for `size` bytes is set aside where the file system can,
+// so that a full disk (kDiskFull) is known at once. Null with the reason in `status` on failure.
+std::unique_ptr<PartFile> CreatePartFile(std::string_view path, std::uint64_t size, Status& status);
 
 }  // namespace discwright::host

@@ -38,8 +38,15 @@ class PosixPartFile : public PartFile {
     if (IsAt(fd_.get(), part_)) unlink(part_.c_str());
   }
 
-  Status Append(std::span<const std::uint8_t> bytes) override {
-    return StatusOfResult(WriteAll(fd_.get(), reinterpret_cast<const char*>(bytes.data()), bytes.size()));
+  Status WriteAt(std::uint64_t position, std::span<const std::uint8_t> bytes) override {
+    while (!bytes.empty()) {
+      const ssize_t done = pwrite(fd_.get(), bytes.data(), bytes.size(), static_cast<off_t>(position));
+      if (done < 0 && errno != EINTR) return LastFailure();
+      if (done <= 0) continue;
+      bytes = bytes.subspan(static_cast<std::size_t>(done));
+      position += static_cast<std::uint64_t>(done);
+    }
+    return Status::Success();
   }
 
   Status Commit() override {
@@ -74,9 +81,16 @@ Status OnlyRegular(const std::string& native) {
   return S_ISREG(facts.st_mode) ? Status::Success() : NotARegularFile(S_ISDIR(facts.st_mode));
 }
 
+// The size itself is left alone: some file systems would write zeros up to it.
+Status SetAside(int fd, std::uint64_t size) {
+  if (size == 0 || fallocate(fd, FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(size)) == 0) return Status::Success();
+  const Status status = LastFailure();
+  return status.error == ErrorClass::kDiskFull ? status : Status::Success();
+}
+
 }  // namespace
 
-std::unique_ptr<PartFile> CreatePartFile(std::string_view path, Status& status) {
+std::unique_ptr<PartFile> CreatePartFile(std::string_view path, std::uint64_t size, Status& status) {
   const std::string name = RealPath(path);
   const std::string part = name + ".part";
   status = OnlyRegular(name);
@@ -87,8 +101,13 @@ std::unique_ptr<PartFile> CreatePartFile(std::string_view path, Status& status) 
     if (unlink(part.c_str()) != 0 && errno != ENOENT) break;
     fd = UniqueFd(open(part.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
   } while (!fd.valid() && errno == EEXIST);
-  status = fd.valid() ? Status::Success() : LastFailure();
-  return fd.valid() ? std::make_unique<PosixPartFile>(std::move(fd), name, part) : nullptr;
+  if (!fd.valid()) {
+    status = LastFailure();
+    return nullptr;
+  }
+  status = SetAside(fd.get(), size);
+  auto file = std::make_unique<PosixPartFile>(std::move(fd), name, part);
+  return status.ok() ? std::move(file) : nullptr;
 }
 
 }  // namespace discwright::host

@@ -18,7 +18,7 @@ std::span<const std::uint8_t> Bytes(std::string_view text) {
 
 std::unique_ptr<PartFile> Create(const TempFolder& folder, const std::string& name = "file") {
   Status status;
-  auto file = CreatePartFile(folder.Core(name), status);
+  auto file = CreatePartFile(folder.Core(name), 0, status);
   EXPECT_TRUE(status.ok()) << status.cause;
   return file;
 }
@@ -26,8 +26,8 @@ std::unique_ptr<PartFile> Create(const TempFolder& folder, const std::string& na
 TEST(PartFileTest, Committed_HasItsNameAndContent) {
   const TempFolder folder;
   const auto file = Create(folder);
-  EXPECT_TRUE(file->Append(Bytes("one ")).ok());
-  EXPECT_TRUE(file->Append(Bytes("two")).ok());
+  EXPECT_TRUE(file->WriteAt(0, Bytes("one ")).ok());
+  EXPECT_TRUE(file->WriteAt(4, Bytes("two")).ok());
   EXPECT_THAT(folder.Names(), ElementsAre("file.part"));
   EXPECT_TRUE(file->Commit().ok());
   EXPECT_THAT(folder.Names(), ElementsAre("file"));
@@ -37,7 +37,7 @@ TEST(PartFileTest, Committed_HasItsNameAndContent) {
 TEST(PartFileTest, NotCommitted_LeavesNothingButAnEarlierFile) {
   const TempFolder folder;
   folder.Write("file", "earlier");
-  EXPECT_TRUE(Create(folder)->Append(Bytes("new")).ok());
+  EXPECT_TRUE(Create(folder)->WriteAt(0, Bytes("new")).ok());
   EXPECT_THAT(folder.Names(), ElementsAre("file"));
   EXPECT_EQ(folder.Read("file"), "earlier");
 }
@@ -47,7 +47,7 @@ TEST(PartFileTest, Committed_ReplacesAnEarlierFile) {
   folder.Write("file", "earlier and longer");
   folder.Write("file.part", "left by a run that was killed");
   const auto file = Create(folder);
-  EXPECT_TRUE(file->Append(Bytes("new")).ok());
+  EXPECT_TRUE(file->WriteAt(0, Bytes("new")).ok());
   EXPECT_TRUE(file->Commit().ok());
   EXPECT_EQ(folder.Read("file"), "new");
   EXPECT_THAT(folder.Names(), ElementsAre("file"));
@@ -56,13 +56,13 @@ TEST(PartFileTest, Committed_ReplacesAnEarlierFile) {
 TEST(PartFileTest, OfTwoRuns_TheLaterWins) {
   const TempFolder folder;
   auto early = Create(folder);
-  EXPECT_TRUE(early->Append(Bytes("early")).ok());
+  EXPECT_TRUE(early->WriteAt(0, Bytes("early")).ok());
   const auto late = Create(folder);
-  EXPECT_TRUE(late->Append(Bytes("la")).ok());
+  EXPECT_TRUE(late->WriteAt(0, Bytes("la")).ok());
   EXPECT_EQ(early->Commit().error, ErrorClass::kExists);
   early.reset();
   EXPECT_THAT(folder.Names(), ElementsAre("file.part"));
-  EXPECT_TRUE(late->Append(Bytes("te")).ok());
+  EXPECT_TRUE(late->WriteAt(2, Bytes("te")).ok());
   EXPECT_TRUE(late->Commit().ok());
   EXPECT_EQ(folder.Read("file"), "late");
 }
@@ -80,7 +80,7 @@ TEST(PartFileTest, LinkUnderThePartsName_IsReplacedNotFollowed) {
   folder.Write("precious", "content");
   folder.Link("precious", "file.part");
   const auto file = Create(folder);
-  EXPECT_TRUE(file->Append(Bytes("new")).ok());
+  EXPECT_TRUE(file->WriteAt(0, Bytes("new")).ok());
   EXPECT_TRUE(file->Commit().ok());
   EXPECT_EQ(folder.Read("precious"), "content");
 }
@@ -91,7 +91,7 @@ TEST(PartFileTest, NameThatIsNoRegularFile_IsAFailure) {
   folder.Pipe("pipe");
   Status status;
   for (const char* name : {"folder", "pipe"}) {
-    EXPECT_EQ(CreatePartFile(folder.Core(name), status), nullptr);
+    EXPECT_EQ(CreatePartFile(folder.Core(name), 0, status), nullptr);
     EXPECT_EQ(status.error, ErrorClass::kWrongKind) << name;
   }
   EXPECT_THAT(folder.Names(), ElementsAre("folder", "pipe"));
@@ -101,9 +101,9 @@ TEST(PartFileTest, PlaceThatCannotHoldIt_IsAFailure) {
   const TempFolder folder;
   folder.MakeFolder("taken.part");
   Status status;
-  EXPECT_EQ(CreatePartFile(folder.Core("missing\\file"), status), nullptr);
+  EXPECT_EQ(CreatePartFile(folder.Core("missing\\file"), 0, status), nullptr);
   EXPECT_EQ(status.error, ErrorClass::kNotFound);
-  EXPECT_EQ(CreatePartFile(folder.Core("taken"), status), nullptr);
+  EXPECT_EQ(CreatePartFile(folder.Core("taken"), 0, status), nullptr);
   EXPECT_FALSE(status.ok());
 }
 
@@ -113,9 +113,28 @@ TEST(PartFileTest, FullDisk_IsToldAndLeavesNothing) {
   {
     const auto file = Create(disk.folder());
     const std::vector<std::uint8_t> bytes(2000000);
-    EXPECT_EQ(file->Append(bytes).error, ErrorClass::kDiskFull);
+    EXPECT_EQ(file->WriteAt(0, bytes).error, ErrorClass::kDiskFull);
   }
   EXPECT_THAT(disk.folder().Names(), ElementsAre());
+}
+
+TEST(PartFileTest, RoomThatTheDiskDoesNotHave_IsToldAtOnce) {
+  const SmallDisk disk;
+  if (!disk.mounted()) GTEST_SKIP() << "mounting is not permitted";
+  Status status;
+  EXPECT_EQ(CreatePartFile(disk.folder().Core("file"), 2000000, status), nullptr);
+  EXPECT_EQ(status.error, ErrorClass::kDiskFull);
+  EXPECT_THAT(disk.folder().Names(), ElementsAre());
+}
+
+TEST(PartFileTest, RoomSetAside_IsNotPartOfTheFile) {
+  const TempFolder folder;
+  Status status;
+  const auto file = CreatePartFile(folder.Core("file"), 1000000, status);
+  ASSERT_NE(file, nullptr);
+  EXPECT_TRUE(file->WriteAt(0, Bytes("short")).ok());
+  EXPECT_TRUE(file->Commit().ok());
+  EXPECT_EQ(folder.Read("file"), "short");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <mutex>
 #include <numeric>
 
 namespace discwright::tools::mkisofs {
@@ -12,9 +13,11 @@ namespace {
 class MemoryFile : public host::PartFile {
  public:
   explicit MemoryFile(std::size_t room = SIZE_MAX) : room_(room) {}
-  host::Status Append(std::span<const std::uint8_t> bytes) override {
-    if (content.size() + bytes.size() > room_) return host::Status::Failure(host::ErrorClass::kDiskFull, "full");
-    content.insert(content.end(), bytes.begin(), bytes.end());
+  host::Status WriteAt(std::uint64_t position, std::span<const std::uint8_t> bytes) override {
+    const std::lock_guard lock(mutex_);
+    if (position + bytes.size() > room_) return host::Status::Failure(host::ErrorClass::kDiskFull, "full");
+    content.resize(std::max<std::size_t>(content.size(), position + bytes.size()));
+    std::copy(bytes.begin(), bytes.end(), content.begin() + static_cast<std::ptrdiff_t>(position));
     return host::Status::Success();
   }
   host::Status Commit() override { return host::Status::Success(); }
@@ -22,6 +25,7 @@ class MemoryFile : public host::PartFile {
   std::vector<std::uint8_t> content;
 
  private:
+  std::mutex mutex_;
   std::size_t room_;
 };
 

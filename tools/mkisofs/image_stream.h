@@ -1,7 +1,6 @@
-// The image as a stream of bytes that a second thread writes, so that reading files and writing the image overlap.
+// The image as a stream of bytes that a second thread helps to write, so that reading files and writing overlap.
 #pragma once
 
-#include <array>
 #include <condition_variable>
 #include <cstddef>
 #include <cstdint>
@@ -15,7 +14,8 @@
 
 namespace discwright::tools::mkisofs {
 
-// Small files share a piece; a large one takes many. Used by one thread.
+// Small files share a piece; a large one takes many. Used by one thread, which never waits for the other one while
+// there is anything left to do: on a busy machine it writes by itself.
 class ImageStream {
  public:
   // `file` must outlive the stream. Throws std::system_error when the system has no thread left.
@@ -34,28 +34,32 @@ class ImageStream {
 
   std::uint64_t position() const { return position_; }  // bytes of the image so far
   bool Failed();                                        // the rest would be written in vain
-  host::Status Flush();                                 // waits until all is written; the first failure
+  host::Status Flush();                                 // until all is written; the first failure
 
  private:
   struct Piece {
-    std::uint8_t* bytes = nullptr;
+    std::uint8_t* bytes = nullptr;  // null: there is none
     std::size_t used = 0;
+    std::uint64_t position = 0;  // in the image
   };
+  using Lock = std::unique_lock<std::mutex>;
 
   void HandOver();
   void TakeFreePiece();
+  void WriteOne(Lock& lock);
   void WritePieces();
 
   host::PartFile& file_;
   std::vector<std::uint8_t> memory_;
-  Piece current_;  // the reading thread's
+  Piece current_;  // the using thread's
   std::uint64_t position_ = 0;
 
   std::mutex mutex_;  // guards everything below
-  std::condition_variable changed_;
+  std::condition_variable handed_over_;
+  std::condition_variable written_;
   std::vector<std::uint8_t*> free_;
   std::deque<Piece> full_;
-  bool writing_ = false;
+  std::size_t being_written_ = 0;
   bool ended_ = false;
   host::Status status_;
   std::thread writer_;

@@ -78,9 +78,10 @@ class Run {
 
   bool Write() {
     host::Status status;
-    const auto file = host::CreatePartFile(host::PathFromNative(options_.output), status);
+    const std::uint64_t size = std::uint64_t{layout_.sectors} * kSectorSize;
+    const auto file = host::CreatePartFile(host::PathFromNative(options_.output), size, status);
     if (file == nullptr) return Refuse(options_.output, TextOf(status));
-    Progress progress(messages_, std::uint64_t{layout_.sectors} * kSectorSize);
+    Progress progress(messages_, size);
     const ImagePlan plan{options_, tree_, layout_, dates_, surroundings_.stopped};
     std::string problem = WriteImage(plan, *source_, *file, progress);
     if (!problem.empty()) {
