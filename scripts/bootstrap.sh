@@ -2,6 +2,7 @@
 # Installs the Debian 12 packages that building and testing need; does nothing when they are all there.
 #   scripts/bootstrap.sh build    what the program itself needs (default)
 #   scripts/bootstrap.sh test     also the readers that the tests compare against
+#   scripts/bootstrap.sh fuzz     also the compiler of the fuzz targets
 #   scripts/bootstrap.sh lint     also the checkers
 #   scripts/bootstrap.sh bench    also the programs that are measured against
 set -eu
@@ -10,9 +11,10 @@ packages="g++ make cmake ninja-build nasm libssl-dev libxxhash-dev"
 case "${1:-build}" in
   build) ;;
   test) packages="$packages libgtest-dev libgmock-dev mtools dosfstools genisoimage xorriso libarchive-tools p7zip-full python3 universal-ctags" ;;
+  fuzz) packages="$packages clang libclang-rt-14-dev" ;;
   lint) packages="$packages libgtest-dev libgmock-dev clang-format clang-tidy shellcheck python3 universal-ctags" ;;
   bench) packages="$packages genisoimage xorriso jdupes rdfind python3" ;;
-  *) echo "bootstrap.sh: unknown set '$1' (build, test, lint or bench)" >&2; exit 2 ;;
+  *) echo "bootstrap.sh: unknown set '$1' (build, test, fuzz, lint or bench)" >&2; exit 2 ;;
 esac
 
 missing=""

@@ -141,7 +141,7 @@ class Reader {
     image_.preparer = Text(d, 446, 128);
     image_.application_id = Text(d, 574, 128);
     std::copy_n(d.begin() + 813, 17, image_.created.begin());
-    for (const std::size_t date : {813, 830, 847, 864}) CheckVolumeTime(d.subspan(date, 17));
+    for (const unsigned date : {813u, 830u, 847u, 864u}) CheckVolumeTime(d.subspan(date, 17));
     image_.sectors = Both32(d, 80, "volume size");
     Check(image_.sectors == bytes_.size() / kSector, "the volume size is not the image's");
     Check(Both16(d, 120, "volume set size") == 1 && Both16(d, 124, "volume number") == 1, "not a single volume");

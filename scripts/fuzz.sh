@@ -1,0 +1,35 @@
+#!/bin/sh
+# Builds the fuzz targets with clang and the sanitizers and runs each for a while; stops at the first that fails.
+#   scripts/fuzz.sh [SECONDS]   how long each runs (default 60)
+set -eu
+seconds=${1:-60}
+cd "$(dirname "$0")/.."
+scripts/bootstrap.sh fuzz
+
+build=build/fuzz
+cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ \
+  -DDISCWRIGHT_TESTS=OFF -DDISCWRIGHT_FUZZ=ON -DDISCWRIGHT_SANITIZE=ON --log-level=WARNING
+cmake --build $build --target fuzz_iso_reader fuzz_mkisofs_options mkisofs
+
+# Images to begin with; what is found beyond them is kept for the next run.
+seeds=$build/seeds
+mkdir -p $seeds/tree/boot/deeper $seeds/iso_reader $seeds/mkisofs_options
+echo loader >$seeds/tree/boot/loader.bin
+echo text >"$seeds/tree/boot/deeper/a file"
+: >$seeds/tree/empty
+mkisofs=$build/program/mkisofs
+$mkisofs -o $seeds/iso_reader/plain.iso $seeds/tree 2>/dev/null
+$mkisofs -no-emul-boot -b boot/loader.bin -hide boot.catalog -o $seeds/iso_reader/boot.iso $seeds/tree 2>/dev/null
+printf '%s\0' -volid X -preparer Y -publisher Z -appid W -iso-level 4 -omit-period -no-emul-boot -boot-load-size 4 \
+  -eltorito-boot boot/loader.bin -hide '*.[a-c]?' -c c -follow-links -cache-inodes -output o tree \
+  >$seeds/mkisofs_options/script
+
+for target in iso_reader mkisofs_options; do
+  echo "== $target"
+  $build/tests/fuzz/fuzz_$target -max_total_time="$seconds" -max_len=400000 -timeout=10 -print_final_stats=1 \
+    -artifact_prefix=$build/ $seeds/$target >$build/$target.log 2>&1 || {
+    tail -n 60 $build/$target.log
+    exit 1
+  }
+  grep stat:: $build/$target.log
+done
