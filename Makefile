@@ -36,6 +36,7 @@ test-asan:
 	ctest --preset linux-asan -j $(jobs)
 
 bench: program
+	scripts/bootstrap.sh bench
 	cmake --build --preset linux -j $(jobs) --target bench_copy_tree
 	python3 bench/run.py
 

@@ -10,7 +10,7 @@ from dataclasses import dataclass
 from pathlib import Path
 
 CLOCK_TICK = 1 / os.sysconf("SC_CLK_TCK")  # seconds
-MEMORY_POLL = 0.02  # seconds
+MEMORY_POLL = 0.01  # seconds
 
 
 @dataclass
@@ -19,7 +19,6 @@ class Usage:
 
     wall: float  # seconds
     processor: float  # user and system, with all programs that it started, seconds
-    largest: int  # peak memory of the largest one of them, bytes
     exit_code: int
 
 
@@ -36,7 +35,7 @@ def run(command, output=subprocess.DEVNULL, watch=None):
     if watcher:
         watcher.join()
     processor = resources.ru_utime + resources.ru_stime
-    return Usage(wall, processor, resources.ru_maxrss * 1024, process.returncode)
+    return Usage(wall, processor, process.returncode)
 
 
 def must(usage, command, good=(0,)):
@@ -52,22 +51,41 @@ def processor_time(pid):
     return (int(fields[11]) + int(fields[12])) * CLOCK_TICK
 
 
-class PeakMemory:
-    """The watch of a run that notes the program's own peak, without those that it started."""
+def peak_of(pid):
+    """The most memory that a running program has had so far, in bytes; nothing when it has ended."""
+    try:
+        status = Path(f"/proc/{pid}/status").read_text()
+    except (FileNotFoundError, ProcessLookupError):
+        return None
+    lines = [line for line in status.splitlines() if line.startswith("VmHWM:")]
+    return int(lines[0].split()[1]) * 1024 if lines else None
 
-    peak = 0  # bytes
+
+def descendants(pid):
+    """The process numbers of all programs that a program has started, and those of theirs."""
+    children = []
+    for task in Path("/proc").glob(f"{pid}/task/*/children"):
+        try:
+            children += [int(child) for child in task.read_text().split()]
+        except (FileNotFoundError, ProcessLookupError):
+            pass
+    return children + [below for child in children for below in descendants(child)]
+
+
+class PeakMemory:
+    """The watch of a run that notes the peak of the program itself and of the largest that it starts, in bytes.
+
+    What the system accounts for at the end is of no use here: it counts the memory of whoever started the program.
+    """
+
+    peak = 0
+    largest = 0
 
     def __call__(self, pid):
-        try:
-            while True:
-                status = Path(f"/proc/{pid}/status").read_text()
-                lines = [line for line in status.splitlines() if line.startswith("VmHWM:")]
-                if not lines:  # it has ended
-                    return
-                self.peak = max(self.peak, int(lines[0].split()[1]) * 1024)
-                time.sleep(MEMORY_POLL)
-        except (FileNotFoundError, ProcessLookupError):
-            return
+        while (own := peak_of(pid)) is not None:
+            self.peak = max(self.peak, own)
+            self.largest = max([self.largest, *(peak_of(child) or 0 for child in descendants(pid))])
+            time.sleep(MEMORY_POLL)
 
 
 @dataclass

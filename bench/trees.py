@@ -1,16 +1,20 @@
-"""Makes the folder trees that the benches work on: the same bytes on every machine."""
+"""Makes the folder trees that the benches work on: the same bytes on every machine.
+
+A plan is a list of (relative path, size in bytes, number of the content); equal numbers are equal contents.
+"""
 
 import random
 import shutil
 
 MEGABYTE = 1_000_000
 DONE = "complete"  # a file beside the tree that says that it is whole
-VERSION = "1"  # what DONE holds; raise it when a tree changes
+VERSION = "2"  # what DONE holds; raise it when a tree changes
 
 SETUP_FILES = 6_000
 SETUP_FOLDERS = 40
 SETUP_BYTES = 560 * MEGABYTE
 CABINETS = (75, 62, 48, 31, 24, 19, 14, 11)  # megabytes each
+REPEATED_CABINET = 4
 SMALLEST, MEDIAN, SPREAD = 200, 15_000, 1.5  # of the many small files: log-normal sizes in bytes
 
 
@@ -23,7 +27,7 @@ def small_sizes(numbers, count, total):
 
 
 def setup_plan():
-    """[(relative path, size)] of a tree like a Windows XP CD."""
+    """The plan of a tree like a Windows XP CD."""
     numbers = random.Random(2001)
     cabinets = [size * MEGABYTE for size in CABINETS]
     sizes = cabinets + small_sizes(numbers, SETUP_FILES - len(cabinets), SETUP_BYTES - sum(cabinets))
@@ -31,27 +35,44 @@ def setup_plan():
     # Most of the files of such a CD stand in one folder.
     weights = [1, 150] + [1 + number % 5 for number in range(SETUP_FOLDERS - 2)]
     places = ["I386"] * len(cabinets) + numbers.choices(folders, weights, k=SETUP_FILES - len(cabinets))
-    return [(f"{place}/FILE{number:04}.DL_", size) for number, (place, size) in enumerate(zip(places, sizes))]
+    return [(f"{place}/FILE{number:04}.DL_", size, number) for number, (place, size) in enumerate(zip(places, sizes))]
 
 
 def many_plan(files, per_folder=500, size=1_000):
-    """[(relative path, size)] of many small files."""
-    return [(f"PART{number // per_folder:03}/FILE{number:06}.TXT", size) for number in range(files)]
+    """The plan of many small files."""
+    return [(f"PART{number // per_folder:03}/FILE{number:06}.TXT", size, number) for number in range(files)]
 
 
-def make_tree(folder, plan):
-    """Writes the files of a plan below `folder` (a Path) unless an earlier run has done so."""
-    done = folder.with_name(f"{folder.name}.{DONE}")
-    if done.exists() and done.read_text() == VERSION:
-        return
-    print(f"Making {folder} ({len(plan)} files) ...", flush=True)
-    shutil.rmtree(folder, ignore_errors=True)
-    numbers = random.Random(1)
+def duplicates_plan():
+    """The tree like a Windows XP CD with a tenth of it said twice, as when several editions bring the same files.
+
+    Every tenth file, and one of the cabinets, has the content of the one before it.
+    """
+    plan = setup_plan()
+    for number in range(1, len(plan)):
+        if number % 10 == 9 or number == REPEATED_CABINET:
+            plan[number] = (plan[number][0], *plan[number - 1][1:])
+    return plan
+
+
+def write_files(folder, plan):
+    """Writes the files of a plan below `folder` (a Path)."""
     made = set()
-    for path, size in plan:
+    for path, size, content in plan:
         target = folder / path.lstrip("/")
         if target.parent not in made:
             target.parent.mkdir(parents=True, exist_ok=True)
             made.add(target.parent)
-        target.write_bytes(numbers.randbytes(size))
+        target.write_bytes(random.Random(content).randbytes(size))
+
+
+def make_tree(folder, plan):
+    """Writes the files of a plan below `folder` unless an earlier run has done so; returns the folder."""
+    done = folder.with_name(f"{folder.name}.{DONE}")
+    if done.exists() and done.read_text() == VERSION:
+        return folder
+    print(f"Making {folder} ({len(plan)} files) ...", flush=True)
+    shutil.rmtree(folder, ignore_errors=True)
+    write_files(folder, plan)
     done.write_text(VERSION)
+    return folder

@@ -123,19 +123,28 @@ int MasteringFailed(const util::Context& context, Terminal& terminal) {
   return kExitFailed;
 }
 
-int Made(const util::Context& context, Terminal& terminal, const Options& options) {
-  const std::string image = util::StripQuotes(context.main().TxtISOLoc.text.get());
+// Where the image is, its size and its digest. Reading it back takes longer than making it, so nobody waits for that who
+// does not want to see it.
+host::Status PrintResult(const std::string& image) {
   host::Status status;
   const std::string digest = host::Sha256OfFile(image, status);
   const std::optional<host::Entry> entry = host::Look(image);
-  if (!status.ok() || !entry) {
-    terminal.PrintLine(host::PathToNative(image) + ": the image cannot be read back: " + status.cause);
-    return kExitFailed;
-  }
+  if (!entry) return host::Status::Failure(host::ErrorClass::kNotFound, "it has vanished");
+  if (!status.ok()) return status;
+  std::cout << "Image:   " << host::PathToNative(image) << "\n"
+            << "Size:    " << entry->size << " bytes\n"
+            << "SHA-256: " << digest << std::endl;
+  return status;
+}
+
+int Made(const util::Context& context, Terminal& terminal, const Options& options) {
+  const std::string image = util::StripQuotes(context.main().TxtISOLoc.text.get());
   if (!options.quiet) {
-    std::cout << "Image:   " << host::PathToNative(image) << "\n"
-              << "Size:    " << entry->size << " bytes\n"
-              << "SHA-256: " << digest << std::endl;
+    const host::Status status = PrintResult(image);
+    if (!status.ok()) {
+      terminal.PrintLine(host::PathToNative(image) + ": the image cannot be read back: " + status.cause);
+      return kExitFailed;
+    }
   }
   const std::size_t warnings = context.notes.all().size();
   if (warnings == 0) return kExitMade;
