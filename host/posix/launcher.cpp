@@ -11,7 +11,7 @@
 #include <thread>
 
 #include "host/posix/command_line.h"
-#include "host/posix/delivery.h"
+#include "host/delivery.h"
 #include "host/posix/errors.h"
 #include "host/posix/output_reader.h"
 #include "host/posix/unique_fd.h"

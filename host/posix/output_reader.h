@@ -6,8 +6,8 @@
 #include <memory>
 
 #include "host/posix/child.h"
-#include "host/posix/delivery.h"
-#include "host/posix/output_pieces.h"
+#include "host/delivery.h"
+#include "host/output_pieces.h"
 #include "host/posix/unique_fd.h"
 
 namespace discwright::host {

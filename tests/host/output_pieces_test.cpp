@@ -1,5 +1,5 @@
 // Cutting output into pieces.
-#include "host/posix/output_pieces.h"
+#include "host/output_pieces.h"
 
 #include <gmock/gmock.h>
 

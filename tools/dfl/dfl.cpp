@@ -2,9 +2,9 @@
 #include "tools/dfl/dfl.h"
 
 #include <algorithm>
-#include <thread>
 
 #include "host/system.h"
+#include "host/threads.h"
 #include "tools/dfl/compare.h"
 #include "tools/dfl/digest.h"
 #include "tools/dfl/problems.h"
@@ -19,8 +19,6 @@ constexpr std::string_view kUsage =
 
 // Linking waits for the disk as often as it reads.
 constexpr unsigned kThreadsPerProcessor = 4;
-
-unsigned Processors() { return std::max(1u, std::thread::hardware_concurrency()); }
 
 void PrintWithoutLinks(const std::vector<std::string>& folders, std::ostream& output) {
   for (const std::string& folder : folders) {
@@ -43,7 +41,7 @@ int RunDfl(const std::vector<std::string>& arguments, std::ostream& output, std:
     errors << kUsage << std::flush;
     return kExitUsage;
   }
-  const unsigned processors = machine.processors != 0 ? machine.processors : Processors();
+  const unsigned processors = machine.processors != 0 ? machine.processors : host::ProcessorCount();
   Problems problems;
   // Every line is sent off at once: the monitor shows the one that it read last.
   const std::string folder = host::PathFromNative(arguments[0]);

@@ -2,6 +2,7 @@
 #include "tools/dfl/linking.h"
 
 #include <algorithm>
+#include <mutex>
 #include <numeric>
 
 #include "tools/dfl/compare.h"

@@ -4,13 +4,13 @@
 #include <atomic>
 #include <cstdint>
 #include <functional>
-#include <mutex>
 #include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "host/links.h"
+#include "host/threads.h"
 #include "tools/dfl/problems.h"
 #include "tools/dfl/tree.h"
 
@@ -56,7 +56,7 @@ class Linking {
   const LinkCalls& calls_;
   Problems& problems_;
   std::atomic<std::size_t> passing_number_ = 0;
-  mutable std::mutex mutex_;
+  mutable host::Mutex mutex_;
   std::set<std::uint64_t> volumes_without_links_;
 };
 

@@ -4,13 +4,14 @@
 #include <algorithm>
 #include <atomic>
 #include <system_error>
-#include <thread>
 #include <vector>
+
+#include "host/threads.h"
 
 namespace discwright::tools::dfl {
 namespace {
 
-bool StartThread(std::vector<std::thread>& threads, const std::function<void()>& work) {
+bool StartThread(std::vector<host::Thread>& threads, const std::function<void()>& work) {
   try {
     threads.emplace_back(work);
     return true;
@@ -27,11 +28,11 @@ void ForEach(std::size_t count, unsigned threads, const std::function<void(std::
     for (std::size_t index = next++; index < count; index = next++) work(index);
   };
   const std::size_t helpers = std::min<std::size_t>(threads, count);
-  std::vector<std::thread> started;
+  std::vector<host::Thread> started;
   while (started.size() + 1 < helpers && StartThread(started, run)) {
   }
   run();
-  for (std::thread& thread : started) thread.join();
+  for (host::Thread& thread : started) thread.Join();
 }
 
 }  // namespace discwright::tools::dfl

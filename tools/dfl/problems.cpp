@@ -2,6 +2,7 @@
 #include "tools/dfl/problems.h"
 
 #include <algorithm>
+#include <mutex>
 #include <tuple>
 
 #include "host/system.h"

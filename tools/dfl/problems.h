@@ -2,13 +2,13 @@
 #pragma once
 
 #include <cstddef>
-#include <mutex>
 #include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "host/status.h"
+#include "host/threads.h"
 
 namespace discwright::tools::dfl {
 
@@ -26,7 +26,7 @@ class Problems {
     std::size_t place;
     std::string text;
   };
-  std::mutex mutex_;
+  host::Mutex mutex_;
   std::vector<Problem> problems_;
 };
 

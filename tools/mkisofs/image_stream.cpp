@@ -19,7 +19,7 @@ constexpr std::size_t kPieces = 8;  // at least 3: one is filled, one is written
 ImageStream::ImageStream(host::PartFile& file) : file_(file), memory_(kPieceSize * kPieces) {
   for (std::size_t i = 1; i < kPieces; ++i) free_.push_back(memory_.data() + i * kPieceSize);
   current_.bytes = memory_.data();
-  writer_ = std::thread([this] { WritePieces(); });
+  writer_ = host::Thread([this] { WritePieces(); });
 }
 
 ImageStream::~ImageStream() {
@@ -27,8 +27,8 @@ ImageStream::~ImageStream() {
     const std::lock_guard lock(mutex_);
     ended_ = true;
   }
-  handed_over_.notify_one();
-  writer_.join();
+  handed_over_.NotifyOne();
+  writer_.Join();
 }
 
 std::span<std::uint8_t> ImageStream::Room() {
@@ -73,7 +73,7 @@ host::Status ImageStream::Flush() {
   if (current_.used > 0) HandOver();
   Lock lock(mutex_);
   while (!full_.empty()) WriteOne(lock);
-  written_.wait(lock, [this] { return being_written_ == 0; });
+  while (being_written_ > 0) written_.Wait(mutex_);
   return status_;
 }
 
@@ -83,7 +83,7 @@ void ImageStream::HandOver() {
     full_.push_back(current_);
   }
   current_ = {};
-  handed_over_.notify_one();
+  handed_over_.NotifyOne();
 }
 
 void ImageStream::TakeFreePiece() {
@@ -111,10 +111,10 @@ void ImageStream::WriteOne(Lock& lock) {
 void ImageStream::WritePieces() {
   Lock lock(mutex_);
   for (;;) {
-    handed_over_.wait(lock, [this] { return ended_ || !full_.empty(); });
+    while (!ended_ && full_.empty()) handed_over_.Wait(mutex_);
     if (ended_) return;
     WriteOne(lock);
-    if (being_written_ == 0) written_.notify_one();
+    if (being_written_ == 0) written_.NotifyOne();
   }
 }
 

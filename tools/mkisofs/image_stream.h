@@ -1,16 +1,15 @@
 // The image as a stream of bytes that a second thread helps to write, so that reading files and writing overlap.
 #pragma once
 
-#include <condition_variable>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <mutex>
 #include <span>
-#include <thread>
 #include <vector>
 
 #include "host/part_file.h"
+#include "host/threads.h"
 
 namespace discwright::tools::mkisofs {
 
@@ -42,7 +41,7 @@ class ImageStream {
     std::size_t used = 0;
     std::uint64_t position = 0;  // in the image
   };
-  using Lock = std::unique_lock<std::mutex>;
+  using Lock = std::unique_lock<host::Mutex>;
 
   void HandOver();
   void TakeFreePiece();
@@ -54,15 +53,15 @@ class ImageStream {
   Piece current_;  // the using thread's
   std::uint64_t position_ = 0;
 
-  std::mutex mutex_;  // guards everything below
-  std::condition_variable handed_over_;
-  std::condition_variable written_;
+  host::Mutex mutex_;  // guards everything below
+  host::Condition handed_over_;
+  host::Condition written_;
   std::vector<std::uint8_t*> free_;
   std::deque<Piece> full_;
   std::size_t being_written_ = 0;
   bool ended_ = false;
   host::Status status_;
-  std::thread writer_;
+  host::Thread writer_;
 };
 
 }  // namespace discwright::tools::mkisofs

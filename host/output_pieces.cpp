@@ -1,5 +1,5 @@
 // Cuts output at line ends.
-#include "host/posix/output_pieces.h"
+#include "host/output_pieces.h"
 
 #include <algorithm>
 

@@ -1,5 +1,7 @@
 // Hands output from the reading thread to the receiving one.
-#include "host/posix/delivery.h"
+#include "host/delivery.h"
+
+#include <mutex>
 
 namespace discwright::host {
 namespace {
@@ -11,8 +13,8 @@ constexpr std::size_t kMostPending = 64;
 
 void Delivery::Put(std::string piece) {
   {
-    std::unique_lock lock(mutex_);
-    room_.wait(lock, [this] { return released_ || pieces_.size() < kMostPending; });
+    const std::lock_guard lock(mutex_);
+    while (!released_ && pieces_.size() >= kMostPending) room_.Wait(mutex_);
     if (released_) return;
     pieces_.push_back(std::move(piece));
   }
@@ -38,7 +40,7 @@ bool Delivery::Take(std::string& piece) {
   if (released_ || pieces_.empty()) return false;
   piece = std::move(pieces_.front());
   pieces_.pop_front();
-  room_.notify_one();
+  room_.NotifyOne();
   return true;
 }
 
@@ -59,7 +61,7 @@ void Delivery::Release() {
     const std::lock_guard lock(mutex_);
     released_ = true;
     pieces_.clear();
-    room_.notify_one();
+    room_.NotifyOne();
   }
   const std::lock_guard lock(wake_mutex_);
   wake_ = nullptr;

@@ -1,13 +1,12 @@
 // What passes from the thread that reads a program's output to the thread that is told of it.
 #pragma once
 
-#include <condition_variable>
 #include <deque>
 #include <functional>
-#include <mutex>
 #include <string>
 
 #include "host/processes.h"
+#include "host/threads.h"
 
 namespace discwright::host {
 
@@ -34,14 +33,14 @@ class Delivery {
  private:
   void Wake();
 
-  mutable std::mutex mutex_;
-  std::condition_variable room_;
+  mutable Mutex mutex_;
+  Condition room_;
   std::deque<std::string> pieces_;
   ProcessEnd end_;
   bool has_ended_ = false;
   bool end_taken_ = false;
   bool released_ = false;
-  std::mutex wake_mutex_;  // held during a call of wake_
+  Mutex wake_mutex_;  // held during a call of wake_
   std::function<void()> wake_;
 };
 
