@@ -1,0 +1,18 @@
+// Calls that not every Windows has: looked up while the program runs, so that it loads everywhere.
+#pragma once
+
+#include <windows.h>
+
+namespace discwright::host {
+
+// The call `name` of a library of the system ("kernel32.dll"), or null where this Windows lacks it. The library stays
+// loaded. Give the type of the declared call: NewerCall<decltype(CopyFileExA)>("kernel32.dll", "CopyFileExA").
+template <typename Call>
+Call* NewerCall(const char* library, const char* name) {
+  const HMODULE loaded = LoadLibraryA(library);
+  if (loaded == nullptr) return nullptr;
+  // Through a pointer to a function of no type in particular, which may become one of any other.
+  return reinterpret_cast<Call*>(reinterpret_cast<void (*)()>(GetProcAddress(loaded, name)));
+}
+
+}  // namespace discwright::host
