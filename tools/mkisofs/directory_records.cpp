@@ -22,7 +22,7 @@ std::uint64_t RecordStart(std::uint64_t position, std::size_t length) {
 void AppendRecord(const Node& node, std::string_view name, TimeLimit limit, std::size_t start,
                   std::vector<std::uint8_t>& bytes) {
   const std::size_t length = DirectoryRecordLength(name.size());
-  bytes.resize(start + RecordStart(bytes.size() - start, length), 0);
+  bytes.resize(start + static_cast<std::size_t>(RecordStart(bytes.size() - start, length)), 0);
   const auto head = BytesOf(MakeDirectoryRecordHead(node, name.size(), limit));
   bytes.insert(bytes.end(), head.begin(), head.end());
   bytes.insert(bytes.end(), name.begin(), name.end());
@@ -64,7 +64,7 @@ void AppendDirectory(const Tree& tree, const Folder& folder, TimeLimit limit, st
     const Node& node = tree.nodes[index];
     if (!node.is_hidden) AppendRecord(node, tree.NameOf(node), limit, start, bytes);
   }
-  bytes.resize(start + SectorsFor(bytes.size() - start) * kSectorSize, 0);
+  bytes.resize(start + static_cast<std::size_t>(SectorsFor(bytes.size() - start)) * kSectorSize, 0);
 }
 
 }  // namespace discwright::tools::mkisofs
