@@ -22,7 +22,7 @@ ProgramCopy::ProgramCopy(fs::path folder) : folder_(std::move(folder)) {
   const fs::path built = PROGRAM_FOLDER;
   fs::create_directories(folder_);
   // By name: the built folder may hold what a build by hand has left there.
-  for (const char* name : {"discwright-build", "CreateDsk", "mkisofs", "files"}) {
+  for (const char* name : {"discwright-build", "CreateDsk", "dfl", "mkisofs", "files"}) {
     fs::copy(built / name, folder_ / name, fs::copy_options::recursive);
   }
 }
