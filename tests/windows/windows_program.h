@@ -1,0 +1,37 @@
+// The Windows programs, started under Wine by tests that run on Linux: the same files, seen from both worlds.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tests/end_to_end/running_program.h"
+
+namespace discwright::testing {
+
+// Which Windows the programs find themselves on.
+enum class Family { kNt, k98 };
+
+// A path as the Windows programs call it: drive Z: is the whole file system here.
+std::string WindowsPath(const std::filesystem::path& path);
+
+// Runs a Windows program.
+Outcome RunWindows(Family family, const std::vector<std::string>& command,
+                   const std::vector<std::pair<std::string, std::string>>& environment = {});
+
+// The Windows program folder, copied to a place of its own; removed by whoever owns the place.
+class WindowsProgram {
+ public:
+  WindowsProgram(std::filesystem::path folder, Family family);
+
+  std::filesystem::path operator/(const std::filesystem::path& below) const { return folder_ / below; }
+  Outcome Build(const std::vector<std::string>& arguments,
+                const std::vector<std::pair<std::string, std::string>>& environment = {}) const;
+
+ private:
+  std::filesystem::path folder_;
+  Family family_;
+};
+
+}  // namespace discwright::testing
