@@ -123,8 +123,8 @@ int MasteringFailed(const util::Context& context, Terminal& terminal) {
   return kExitFailed;
 }
 
-// Where the image is, its size and its digest. Reading it back takes longer than making it, so nobody waits for that who
-// does not want to see it.
+// Where the image is, its size and its digest. Reading it back takes longer than making it, so nobody waits for that
+// who does not want to see it.
 host::Status PrintResult(const std::string& image) {
   host::Status status;
   const std::string digest = host::Sha256OfFile(image, status);

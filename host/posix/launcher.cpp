@@ -10,8 +10,8 @@
 #include <system_error>
 #include <thread>
 
-#include "host/posix/command_line.h"
 #include "host/delivery.h"
+#include "host/posix/command_line.h"
 #include "host/posix/errors.h"
 #include "host/posix/output_reader.h"
 #include "host/posix/unique_fd.h"

@@ -5,9 +5,9 @@
 #include <cstddef>
 #include <memory>
 
-#include "host/posix/child.h"
 #include "host/delivery.h"
 #include "host/output_pieces.h"
+#include "host/posix/child.h"
 #include "host/posix/unique_fd.h"
 
 namespace discwright::host {

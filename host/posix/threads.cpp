@@ -46,8 +46,7 @@ struct Thread::State {
   std::thread thread;
 };
 
-Thread::Thread(std::function<void()> work)
-    : state_(std::make_unique<State>(State{std::thread(std::move(work))})) {}
+Thread::Thread(std::function<void()> work) : state_(std::make_unique<State>(State{std::thread(std::move(work))})) {}
 Thread::Thread() = default;
 Thread::Thread(Thread&& other) noexcept = default;
 Thread& Thread::operator=(Thread&& other) noexcept = default;

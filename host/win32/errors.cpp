@@ -48,8 +48,8 @@ std::string SentenceOf(DWORD error) {
   const DWORD flags = FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS;
   const DWORD length = FormatMessageA(flags, nullptr, error, 0, text.data(), static_cast<DWORD>(text.size()), nullptr);
   std::string_view sentence(text.data(), length);
-  while (!sentence.empty() && (sentence.back() == '\r' || sentence.back() == '\n' || sentence.back() == ' ' ||
-                               sentence.back() == '.'))
+  while (!sentence.empty() &&
+         (sentence.back() == '\r' || sentence.back() == '\n' || sentence.back() == ' ' || sentence.back() == '.'))
     sentence.remove_suffix(1);
   return sentence.empty() ? "error " + std::to_string(error) : Utf8OfAnsi(sentence);
 }

@@ -19,7 +19,8 @@ std::optional<std::string> NativePattern(std::string_view folder, std::string_vi
   std::optional<std::string> native = NativePath(folder);
   const std::optional<std::string> wildcard = AnsiOfUtf8(pattern);
   if (!native || !wildcard) return std::nullopt;
-  const bool needs_separator = !folder.empty() && !folder.ends_with('\\') && !folder.ends_with('/') && !folder.ends_with(':');
+  const bool needs_separator =
+      !folder.empty() && !folder.ends_with('\\') && !folder.ends_with('/') && !folder.ends_with(':');
   if (needs_separator) native->append("\\");
   return native->append(*wildcard);
 }

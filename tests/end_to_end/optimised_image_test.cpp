@@ -13,7 +13,11 @@ class OptimisedImage : public BuildTest {
     const std::string large(kFileSize, 'x');
     WriteFile(place / "my tools" / "i386" / "DRIVER.CAB", large);
     WriteFile(place / "my tools" / "driver.cab", large);
-    WriteFile(place / "my tools" / "\xC3\xBC" "bung" / "copy of driver.cab", large);
+    WriteFile(place / "my tools" /
+                  "\xC3\xBC"
+                  "bung" /
+                  "copy of driver.cab",
+              large);
     WriteFile(place / "my tools" / "almost.cab", large.substr(1) + "y");
     WriteFile(place / "my tools" / "empty", "");
     sources_ = Fingerprint(place / "my tools");
