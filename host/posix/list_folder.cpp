@@ -12,7 +12,7 @@
 #include "host/posix/errors.h"
 #include "host/posix/native_path.h"
 #include "host/posix/unique_fd.h"
-#include "host/posix/wildcard.h"
+#include "host/wildcard.h"
 #include "host/system.h"
 
 namespace discwright::host {

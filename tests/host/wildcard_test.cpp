@@ -1,5 +1,5 @@
 // DOS wildcards.
-#include "host/posix/wildcard.h"
+#include "host/wildcard.h"
 
 #include <gtest/gtest.h>
 

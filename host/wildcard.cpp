@@ -1,5 +1,5 @@
 // Matches names against DOS wildcards.
-#include "host/posix/wildcard.h"
+#include "host/wildcard.h"
 
 #include <cstddef>
 

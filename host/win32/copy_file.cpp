@@ -1,0 +1,145 @@
+// Copies files with progress.
+#include "host/win32/copy_file.h"
+
+#include <memory>
+
+#include "host/win32/errors.h"
+#include "host/win32/family.h"
+#include "host/win32/file_facts.h"
+#include "host/win32/new_file.h"
+#include "host/win32/newer_call.h"
+#include "host/win32/regular_file.h"
+
+namespace discwright::host {
+namespace {
+
+constexpr std::size_t kCopyPiece = std::size_t{64} << 10;
+
+using SystemCopy = decltype(CopyFileExA);
+
+Status Stopped() { return StatusOf(ERROR_REQUEST_ABORTED); }
+
+// What the routine was told so far.
+class Teller {
+ public:
+  explicit Teller(const CopyRoutine& routine) : routine_(routine) {}
+
+  // False stops the copy.
+  bool Tell(CopyEvent event, std::int64_t transferred) {
+    if (event == CopyEvent::kStreamSwitch) started_ = true;
+    if (event == CopyEvent::kChunkFinished) transferred_ = transferred;
+    return !routine_ || routine_(event, transferred);
+  }
+  // What the system has left out, as it may for an empty file.
+  bool TellTheRest(std::int64_t size) {
+    if (!started_ && !Tell(CopyEvent::kStreamSwitch, 0)) return false;
+    return transferred_ == size || Tell(CopyEvent::kChunkFinished, size);
+  }
+
+ private:
+  const CopyRoutine& routine_;
+  bool started_ = false;
+  std::int64_t transferred_ = -1;
+};
+
+DWORD CALLBACK TellOfSystemCopy(LARGE_INTEGER, LARGE_INTEGER transferred, LARGE_INTEGER, LARGE_INTEGER, DWORD stream,
+                                DWORD reason, HANDLE, HANDLE, LPVOID teller) {
+  const bool is_switch = reason == CALLBACK_STREAM_SWITCH;
+  // A file's further streams are a part of it, not another file.
+  if (is_switch && stream > 1) return PROGRESS_CONTINUE;
+  const CopyEvent event = is_switch ? CopyEvent::kStreamSwitch : CopyEvent::kChunkFinished;
+  const bool goes_on = static_cast<Teller*>(teller)->Tell(event, is_switch ? 0 : transferred.QuadPart);
+  return goes_on ? PROGRESS_CONTINUE : PROGRESS_CANCEL;
+}
+
+SystemCopy* FindSystemCopy() {
+  static SystemCopy* const copy = IsNtFamily() ? NewerCall<SystemCopy>("kernel32.dll", "CopyFileExA") : nullptr;
+  return copy;
+}
+
+Status CopyBytes(HANDLE from, HANDLE to, Teller& teller) {
+  if (!teller.Tell(CopyEvent::kStreamSwitch, 0)) return Stopped();
+  const auto bytes = std::make_unique<std::array<std::byte, kCopyPiece>>();
+  std::int64_t transferred = 0;
+  for (std::size_t count = kCopyPiece; count == kCopyPiece;) {
+    Status status = ReadSome(from, *bytes, count);
+    if (status.ok()) status = WriteAll(to, std::span(*bytes).first(count));
+    if (!status.ok()) return status;
+    transferred += static_cast<std::int64_t>(count);
+    if ((count > 0 || transferred == 0) && !teller.Tell(CopyEvent::kChunkFinished, transferred)) return Stopped();
+  }
+  return Status::Success();
+}
+
+// A file system that has no room for the time does not spoil the copy.
+void KeepTime(HANDLE from, HANDLE to) {
+  FILETIME modified{};
+  if (GetFileTime(from, nullptr, nullptr, &modified) != 0) SetFileTime(to, nullptr, nullptr, &modified);
+}
+
+Status CheckSource(const DoorPath& from, NativeFacts& facts) {
+  Status status = FactsOfPath(from, Links::kFollow, facts);
+  return status.ok() && facts.IsFolder() ? NotARegularFile() : status;
+}
+
+// The target is refused when it is the source under another name.
+Status CheckTarget(const DoorPath& to, const NativeFacts& source) {
+  NativeFacts facts;
+  const Status status = OnlyRegular(to);
+  if (status.ok() && FactsOfPath(to, Links::kFollow, facts).ok() && facts.IsSameFile(source))
+    return Status::Failure(ErrorClass::kOther, "Source and target are the same file");
+  return status;
+}
+
+void ClearReadOnly(const DoorPath& path, DWORD attributes) {
+  if ((attributes & FILE_ATTRIBUTE_READONLY) == 0) return;
+  SetFileAttributesA(path.c_str(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
+}
+
+}  // namespace
+
+Status CopyBySystem(const DoorPath& from, const DoorPath& to, const CopyRoutine& routine) {
+  Teller teller(routine);
+  BOOL cancel = FALSE;
+  const BOOL copied =
+      FindSystemCopy()(from.c_str(), to.c_str(), TellOfSystemCopy, &teller, &cancel, COPY_FILE_RESTARTABLE);
+  if (copied == 0) return LastFailure();
+  NativeFacts facts;
+  const Status status = FactsOfPath(to, Links::kFollow, facts);
+  if (!status.ok()) return status;
+  return teller.TellTheRest(static_cast<std::int64_t>(facts.size)) ? Status::Success() : Stopped();
+}
+
+Status CopyByHand(const DoorPath& from, const DoorPath& to, const CopyRoutine& routine) {
+  Teller teller(routine);
+  const RegularFile source = OpenRegular(from, GENERIC_READ, OPEN_EXISTING, ShareEverything());
+  if (!source.status.ok()) return source.status;
+  RegularFile target = OpenRegular(to, GENERIC_WRITE, CREATE_ALWAYS, 0);
+  if (!target.status.ok()) return target.status;
+  const Status status = CopyBytes(source.handle.get(), target.handle.get(), teller);
+  if (!status.ok()) return status;
+  KeepTime(source.handle.get(), target.handle.get());
+  target.handle.Close();
+  return StatusOfResult(SetFileAttributesA(to.c_str(), GetFileAttributesA(from.c_str())));
+}
+
+Status CopyFileWithProgress(std::string_view from, std::string_view to, const CopyRoutine& routine) {
+  const DoorPath source(from);
+  const DoorPath target(to);
+  NativeFacts facts;
+  Status status = CheckSource(source, facts);
+  if (status.ok()) status = CheckTarget(target, facts);
+  if (!status.ok()) return status;
+  // What is replaced stays until the copy is whole.
+  const bool replaces = GetFileAttributesA(target.c_str()) != INVALID_FILE_ATTRIBUTES;
+  const DoorPath copy(replaces ? PassingName(target) : target.core);
+  status = copy.status;
+  if (!status.ok()) return status;
+  status = FindSystemCopy() != nullptr ? CopyBySystem(source, copy, routine) : CopyByHand(source, copy, routine);
+  if (status.ok()) ClearReadOnly(copy, facts.attributes);
+  if (status.ok() && replaces) status = MoveOver(copy, target);
+  if (!status.ok()) DeleteForSure(copy);
+  return status;
+}
+
+}  // namespace discwright::host

@@ -1,0 +1,122 @@
+// Looks at files through handles on the NT family, and through listings elsewhere.
+#include "host/win32/file_facts.h"
+
+#include <array>
+
+#include "host/system.h"
+#include "host/win32/ansi.h"
+#include "host/win32/errors.h"
+#include "host/win32/family.h"
+
+namespace discwright::host {
+namespace {
+
+constexpr std::uint64_t kUnixEpoch = 116444736000000000;  // 1970 in units of 100 nanoseconds
+constexpr std::int64_t kSecond = 10'000'000;
+
+std::uint64_t Join(DWORD high, DWORD low) { return (std::uint64_t{high} << 32) | low; }
+
+std::uint64_t Join(const FILETIME& time) { return Join(time.dwHighDateTime, time.dwLowDateTime); }
+
+// 64-bit FNV-1a.
+std::uint64_t Hash(std::string_view text) {
+  std::uint64_t hash = 0xCBF29CE484222325;
+  for (const char character : text) hash = (hash ^ static_cast<unsigned char>(character)) * 0x100000001B3;
+  return hash;
+}
+
+// One text for all spellings of a path: short names, which every file of Windows 95, 98 and Me has.
+std::string CanonicalPath(const DoorPath& path) {
+  const std::string absolute = AbsolutePath(path.core);
+  const DoorPath full(absolute);
+  std::array<char, MAX_PATH> shortened{};
+  const DWORD length = GetShortPathNameA(full.c_str(), shortened.data(), static_cast<DWORD>(shortened.size()));
+  const bool fits = length > 0 && length < shortened.size();
+  return FoldCase(fits ? Utf8OfAnsi({shortened.data(), length}) : absolute);
+}
+
+Status FactsByName(const DoorPath& path, NativeFacts& facts) {
+  WIN32_FIND_DATAA found{};
+  if (FindOne(path.native, found)) {
+    facts.attributes = found.dwFileAttributes;
+    facts.size = Join(found.nFileSizeHigh, found.nFileSizeLow);
+    facts.modified = Join(found.ftLastWriteTime);
+  } else {
+    // A root, which stands in no listing and has no time.
+    facts.attributes = GetFileAttributesA(path.c_str());
+    if (facts.attributes == INVALID_FILE_ATTRIBUTES) return LastFailure();
+    facts.modified = kUnixEpoch;
+  }
+  const std::string canonical = CanonicalPath(path);
+  facts.volume = Hash(canonical.substr(0, canonical.find('\\')));
+  facts.number = Hash(canonical);
+  return Status::Success();
+}
+
+}  // namespace
+
+std::int64_t NativeFacts::ModifiedSeconds() const {
+  const std::int64_t ticks = static_cast<std::int64_t>(modified) - static_cast<std::int64_t>(kUnixEpoch);
+  return ticks / kSecond - (ticks % kSecond < 0 ? 1 : 0);
+}
+
+std::int64_t NativeFacts::ModifiedNanoseconds() const {
+  // What does not fit, times before 1677, wraps around: it still differs from every other time.
+  return static_cast<std::int64_t>((modified - kUnixEpoch) * 100);
+}
+
+DWORD ShareEverything() {
+  constexpr DWORD kShare = FILE_SHARE_READ | FILE_SHARE_WRITE;
+  return IsNtFamily() ? kShare | FILE_SHARE_DELETE : kShare;
+}
+
+std::int64_t SizeOf(HANDLE file) {
+  DWORD high = 0;
+  SetLastError(NO_ERROR);
+  const DWORD low = GetFileSize(file, &high);
+  if (low == INVALID_FILE_SIZE && GetLastError() != NO_ERROR) return -1;
+  return static_cast<std::int64_t>(Join(high, low));
+}
+
+Status FactsOfHandle(HANDLE file, NativeFacts& facts) {
+  BY_HANDLE_FILE_INFORMATION info{};
+  if (GetFileInformationByHandle(file, &info) == 0) return LastFailure();
+  facts.attributes = info.dwFileAttributes;
+  facts.size = Join(info.nFileSizeHigh, info.nFileSizeLow);
+  facts.modified = Join(info.ftLastWriteTime);
+  facts.volume = info.dwVolumeSerialNumber;
+  facts.number = Join(info.nFileIndexHigh, info.nFileIndexLow);
+  facts.links = info.nNumberOfLinks;
+  return Status::Success();
+}
+
+Status FactsOfPath(const DoorPath& path, Links links, NativeFacts& facts) {
+  if (!path.status.ok()) return path.status;
+  if (IsDevicePath(path.core)) return NotARegularFile();
+  if (!IsNtFamily()) return FactsByName(path, facts);
+  const DWORD flags = FILE_FLAG_BACKUP_SEMANTICS | (links == Links::kTake ? FILE_FLAG_OPEN_REPARSE_POINT : 0);
+  const OwnedHandle handle(
+      CreateFileA(path.c_str(), FILE_READ_ATTRIBUTES, ShareEverything(), nullptr, OPEN_EXISTING, flags, nullptr));
+  Status status = handle.valid() ? FactsOfHandle(handle.get(), facts) : LastFailure();
+  return status.error == ErrorClass::kAccessDenied ? FactsByName(path, facts) : status;
+}
+
+bool FindOne(const std::string& native, WIN32_FIND_DATAA& found) {
+  const HANDLE search = FindFirstFileA(native.c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return false;
+  FindClose(search);
+  return true;
+}
+
+bool IsLink(const WIN32_FIND_DATAA& found) {
+  const bool is_reparse_point = (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+  return is_reparse_point &&
+         (found.dwReserved0 == IO_REPARSE_TAG_SYMLINK || found.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT);
+}
+
+bool IsLink(const DoorPath& path) {
+  WIN32_FIND_DATAA found{};
+  return path.status.ok() && FindOne(path.native, found) && IsLink(found);
+}
+
+}  // namespace discwright::host

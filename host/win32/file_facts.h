@@ -1,0 +1,50 @@
+// What the system says of a file or folder beyond its listing: which one it is, and how many names it has.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <string>
+
+#include "host/status.h"
+#include "host/win32/native_path.h"
+#include "host/win32/owned_handle.h"
+
+namespace discwright::host {
+
+struct NativeFacts {
+  DWORD attributes = 0;
+  std::uint64_t size = 0;      // bytes
+  std::uint64_t modified = 0;  // 100 nanoseconds since 1601, UTC
+  std::uint64_t volume = 0;
+  std::uint64_t number = 0;  // on its volume
+  std::uint64_t links = 1;
+
+  bool IsFolder() const { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
+  bool IsSameFile(const NativeFacts& other) const { return volume == other.volume && number == other.number; }
+  std::int64_t ModifiedSeconds() const;      // since 1970, rounded down
+  std::int64_t ModifiedNanoseconds() const;  // since 1970
+};
+
+// What others may do meanwhile to a file that is opened: everything that this Windows lets them.
+DWORD ShareEverything();
+
+// The size of an open file; -1 on failure.
+std::int64_t SizeOf(HANDLE file);
+
+Status FactsOfHandle(HANDLE file, NativeFacts& facts);
+
+enum class Links { kFollow, kTake };  // kTake: the link itself
+
+// Windows 95, 98 and Me, and an NT that does not let the file be looked at, cannot say which file it is; what stands in
+// for that are numbers made of its path.
+Status FactsOfPath(const DoorPath& path, Links links, NativeFacts& facts);
+
+// What the listing says of one file or folder; not of the root of a drive.
+bool FindOne(const std::string& native, WIN32_FIND_DATAA& found);
+
+// Whether what was listed is a symbolic link or junction. Other reparse points are files and folders like any other.
+bool IsLink(const WIN32_FIND_DATAA& found);
+bool IsLink(const DoorPath& path);
+
+}  // namespace discwright::host

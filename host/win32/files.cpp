@@ -1,0 +1,91 @@
+// Making, moving and removing files and folders.
+#include "host/files.h"
+
+#include <windows.h>
+
+#include "host/win32/errors.h"
+#include "host/win32/family.h"
+#include "host/win32/file_facts.h"
+#include "host/win32/native_path.h"
+#include "host/win32/newer_call.h"
+#include "host/win32/regular_file.h"
+
+namespace discwright::host {
+namespace {
+
+using MakePathCall = BOOL WINAPI(const char*);
+
+bool IsFolder(const DoorPath& path) {
+  const DWORD attributes = GetFileAttributesA(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+// The system's own way. It does not say why it failed.
+bool MakeAtOnce(const DoorPath& path) {
+  static MakePathCall* const make = NewerCall<MakePathCall>("imagehlp.dll", "MakeSureDirectoryPathExists");
+  const std::string with_separator = path.native + "\\";
+  return make != nullptr && with_separator.size() < MAX_PATH && make(with_separator.c_str()) != 0 && IsFolder(path);
+}
+
+Status MakeOneByOne(const DoorPath& path) {
+  if (!path.status.ok()) return path.status;
+  if (CreateDirectoryA(path.c_str(), nullptr) != 0) return Status::Success();
+  const DWORD error = GetLastError();
+  if (IsFolder(path)) return Status::Success();
+  const std::string parent = ParentFolder(path.core);
+  if (error != ERROR_PATH_NOT_FOUND || parent == path.core) return StatusOf(error);
+  Status status = MakeOneByOne(DoorPath(parent));
+  return status.ok() ? StatusOfResult(CreateDirectoryA(path.c_str(), nullptr)) : status;
+}
+
+}  // namespace
+
+bool SameFolder(std::string_view a, std::string_view b) {
+  NativeFacts first;
+  NativeFacts second;
+  return FactsOfPath(DoorPath(a), Links::kFollow, first).ok() &&
+         FactsOfPath(DoorPath(b), Links::kFollow, second).ok() && first.IsFolder() && first.IsSameFile(second);
+}
+
+bool CanRead(std::string_view path) {
+  return OpenRegular(DoorPath(path), GENERIC_READ, OPEN_EXISTING, ShareEverything()).status.ok();
+}
+
+Status MakeFolders(std::string_view path) {
+  const DoorPath door(path);
+  if (!door.status.ok()) return door.status;
+  const DoorPath absolute(AbsolutePath(door.core));
+  return absolute.status.ok() && MakeAtOnce(absolute) ? Status::Success() : MakeOneByOne(absolute);
+}
+
+Status ClearAttributes(std::string_view path) {
+  const DoorPath door(path);
+  if (!door.status.ok()) return door.status;
+  const DWORD attributes = GetFileAttributesA(door.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) return LastFailure();
+  // Only this one stands in the way of deleting; it is a link's own, too.
+  if ((attributes & FILE_ATTRIBUTE_READONLY) == 0) return Status::Success();
+  return StatusOfResult(SetFileAttributesA(door.c_str(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY}));
+}
+
+Status RemoveFile(std::string_view path) {
+  const DoorPath door(path);
+  if (!door.status.ok()) return door.status;
+  if (IsFolder(door)) return IsLink(door) ? StatusOfResult(RemoveDirectoryA(door.c_str())) : NotARegularFile();
+  return StatusOfResult(DeleteFileA(door.c_str()));
+}
+
+Status RemoveEmptyFolder(std::string_view path) {
+  const DoorPath door(path);
+  return door.status.ok() ? StatusOfResult(RemoveDirectoryA(door.c_str())) : door.status;
+}
+
+Status RenameFile(std::string_view from, std::string_view to) {
+  const DoorPath source(from);
+  const DoorPath target(to);
+  if (!source.status.ok()) return source.status;
+  if (!target.status.ok()) return target.status;
+  return StatusOfResult(MoveFileA(source.c_str(), target.c_str()));
+}
+
+}  // namespace discwright::host

@@ -1,0 +1,106 @@
+// Lists folders and marks names that lead elsewhere.
+#include "host/win32/find_entries.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "host/system.h"
+#include "host/win32/ansi.h"
+#include "host/win32/errors.h"
+#include "host/win32/native_path.h"
+
+namespace discwright::host {
+namespace {
+
+// Closes a search of the system.
+class Search {
+ public:
+  Search(const std::string& pattern, WIN32_FIND_DATAA& first) : handle_(FindFirstFileA(pattern.c_str(), &first)) {}
+  Search(const Search&) = delete;
+  Search& operator=(const Search&) = delete;
+  ~Search() {
+    if (started()) FindClose(handle_);
+  }
+  bool started() const { return handle_ != INVALID_HANDLE_VALUE; }
+  bool Next(WIN32_FIND_DATAA& next) { return FindNextFileA(handle_, &next) != 0; }
+
+ private:
+  HANDLE handle_;
+};
+
+// In place of a character that the code page lacks the system may give a similar one, also one that no name can have;
+// and names that end in a dot or a blank are opened without it.
+std::string NameWithMarks(const char* listed) {
+  std::string name = Utf8OfAnsi(listed);
+  for (char& character : name) {
+    const bool is_control = static_cast<unsigned char>(character) < ' ';
+    if (is_control || std::strchr("\"*/:<>\\|", character) != nullptr) character = '?';
+  }
+  if (name.ends_with('.') || name.ends_with(' ')) name += '?';
+  return name;
+}
+
+// Of entries whose names are one but for letter case, at most one can be reached under each listed name.
+void MarkAllButOne(std::string_view folder, std::vector<FoundEntry>::iterator first,
+                   std::vector<FoundEntry>::iterator last) {
+  std::vector<std::string> taken;
+  for (auto entry = first; entry != last; ++entry) {
+    WIN32_FIND_DATAA data{};
+    const DoorPath path(InFolder(folder, entry->name));
+    const bool is_new = std::find(taken.begin(), taken.end(), entry->name) == taken.end();
+    if (is_new && path.status.ok() && FindOne(path.native, data) && Utf8OfAnsi(data.cFileName) == entry->name) {
+      taken.push_back(entry->name);
+      entry->data = data;  // the listing may have given those of the other one
+    } else {
+      entry->name += '?';
+    }
+  }
+}
+
+void MarkEqualNames(std::string_view folder, std::vector<FoundEntry>& entries) {
+  const auto folded_less = [](const FoundEntry& a, const FoundEntry& b) { return FoldCase(a.name) < FoldCase(b.name); };
+  std::sort(entries.begin(), entries.end(), folded_less);
+  for (auto first = entries.begin(); first != entries.end();) {
+    const auto last =
+        std::find_if(first + 1, entries.end(), [&](const FoundEntry& other) { return folded_less(*first, other); });
+    if (last - first > 1) MarkAllButOne(folder, first, last);
+    first = last;
+  }
+}
+
+// The root of an empty drive has no entries at all, not even the dots.
+Status WhyNotListed(const DoorPath& folder) {
+  const DWORD error = GetLastError();
+  const DWORD attributes = GetFileAttributesA(folder.c_str());
+  const bool is_folder = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  return error == ERROR_FILE_NOT_FOUND && is_folder ? Status::Success() : StatusOf(error);
+}
+
+}  // namespace
+
+Status FindEntries(std::string_view folder, std::vector<FoundEntry>& entries) {
+  entries.clear();
+  const DoorPath path(folder);
+  if (!path.status.ok()) return path.status;
+  // By hand, because the root keeps its separator and "C:" is the current folder of its drive.
+  const std::string pattern = *AnsiOfUtf8(InFolder(path.core, "*.*"));
+  if (pattern.size() >= MAX_PATH) return StatusOf(ERROR_FILENAME_EXCED_RANGE);
+  FoundEntry entry;
+  Search search(pattern, entry.data);
+  if (!search.started()) return WhyNotListed(path);
+  do {
+    entry.name = NameWithMarks(entry.data.cFileName);
+    const std::string_view listed = entry.data.cFileName;
+    if (listed != "." && listed != "..") entries.push_back(entry);
+  } while (search.Next(entry.data));
+  const DWORD error = GetLastError();
+  if (error != ERROR_NO_MORE_FILES) {
+    entries.clear();
+    return StatusOf(error);
+  }
+  MarkEqualNames(path.core, entries);
+  std::sort(entries.begin(), entries.end(), [](const FoundEntry& a, const FoundEntry& b) { return a.name < b.name; });
+  return Status::Success();
+}
+
+}  // namespace discwright::host

@@ -1,0 +1,28 @@
+// The raw listing of a folder, which knows the names that cannot be opened under what they are listed as.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/status.h"
+#include "host/win32/file_facts.h"
+
+namespace discwright::host {
+
+struct FoundEntry {
+  // UTF-8. It has a "?" if the file cannot be opened by its name: the code page lacks a character of it, or the system
+  // would open another file or a file of another name.
+  std::string name;
+  WIN32_FIND_DATAA data{};
+
+  bool IsReachable() const { return name.find('?') == name.npos; }
+  bool IsFolder() const { return (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
+};
+
+// Everything in a folder without "." and "..", sorted by name byte by byte.
+Status FindEntries(std::string_view folder, std::vector<FoundEntry>& entries);
+
+}  // namespace discwright::host

@@ -1,0 +1,40 @@
+// Text without letter case, for comparing names.
+#include <windows.h>
+
+#include "host/system.h"
+#include "host/utf8.h"
+#include "host/win32/ansi.h"
+
+namespace discwright::host {
+namespace {
+
+bool IsAscii(char character) { return static_cast<unsigned char>(character) < 0x80; }
+
+// By the system's tables for its ANSI code page: what that lacks is in no name that can be opened.
+std::string Lower(std::string_view character) {
+  std::optional<std::string> ansi = AnsiOfUtf8(character);
+  if (!ansi) return std::string(character);
+  CharLowerBuffA(ansi->data(), static_cast<DWORD>(ansi->size()));
+  return Utf8OfAnsi(*ansi);
+}
+
+}  // namespace
+
+std::string FoldCase(std::string_view text) {
+  std::string folded;
+  folded.reserve(text.size());
+  while (!text.empty()) {
+    const char first = text.front();
+    const Utf8Character next = IsAscii(first) ? Utf8Character{} : FirstUtf8Character(text);
+    if (next.length == 0) {
+      folded += first >= 'A' && first <= 'Z' ? static_cast<char>(first + 32) : first;
+      text.remove_prefix(1);
+    } else {
+      folded += Lower(text.substr(0, next.length));
+      text.remove_prefix(next.length);
+    }
+  }
+  return folded;
+}
+
+}  // namespace discwright::host

@@ -1,0 +1,139 @@
+// Hard links and what is known of them.
+#include "host/links.h"
+
+#include <windows.h>
+// A macro of the system's header with the name of one of our functions.
+#undef ReplaceFile
+
+#include "host/win32/binary_file.h"
+#include "host/win32/errors.h"
+#include "host/win32/family.h"
+#include "host/win32/file_facts.h"
+#include "host/win32/find_entries.h"
+#include "host/win32/new_file.h"
+#include "host/win32/newer_call.h"
+#include "host/win32/regular_file.h"
+
+namespace discwright::host {
+namespace {
+
+using LinkCall = decltype(CreateHardLinkA);
+
+// Null where there are no links: Windows 95, 98 and Me, and NT before 2000.
+LinkCall* FindLinkCall() {
+  static LinkCall* const call = IsNtFamily() ? NewerCall<LinkCall>("kernel32.dll", "CreateHardLinkA") : nullptr;
+  return call;
+}
+
+FileFacts ToFacts(const NativeFacts& facts) {
+  return {facts.volume, facts.number, static_cast<std::int64_t>(facts.size), facts.ModifiedNanoseconds(), facts.links};
+}
+
+bool IsListed(const FoundEntry& found) { return !IsLink(found.data) && !IsDevicePath(found.name); }
+
+// What cannot be opened is listed with the little that is known of it: reading it tells why.
+NamedFacts Describe(const std::string& folder, const FoundEntry& found) {
+  NamedFacts entry{found.name, found.IsFolder(), {}};
+  if (entry.is_folder) return entry;
+  NativeFacts facts;
+  if (FactsOfPath(DoorPath(InFolder(folder, found.name)), Links::kTake, facts).ok()) {
+    entry.facts = ToFacts(facts);
+  } else {
+    entry.facts.size = (std::int64_t{found.data.nFileSizeHigh} << 32) | found.data.nFileSizeLow;
+  }
+  return entry;
+}
+
+// A refused link may be the fault of this one file (protected, not ours) or of the file system; only trying tells.
+bool FolderTakesLinks(const DoorPath& fresh) {
+  const DoorPath probe(PassingName(fresh));
+  const RegularFile file = OpenRegular(probe, GENERIC_WRITE, CREATE_NEW, ShareEverything());
+  if (!file.status.ok()) return true;  // nothing is known; the file's own failure is the better message
+  const DoorPath second(PassingName(fresh));
+  const bool takes = FindLinkCall()(second.c_str(), probe.c_str(), nullptr) != 0;
+  if (takes) DeleteFileA(second.c_str());
+  DeleteFileA(probe.c_str());
+  return takes;
+}
+
+LinkEnd EndOf(DWORD error, const DoorPath& fresh) {
+  switch (error) {
+    case ERROR_FILE_EXISTS:
+    case ERROR_ALREADY_EXISTS:
+      return LinkEnd::kNameTaken;
+    case ERROR_TOO_MANY_LINKS:
+      return LinkEnd::kTooManyLinks;
+    case ERROR_NOT_SAME_DEVICE:
+      return LinkEnd::kOtherVolume;
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+      return LinkEnd::kFailed;
+    default:
+      return FolderTakesLinks(fresh) ? LinkEnd::kFailed : LinkEnd::kUnsupported;
+  }
+}
+
+LinkAnswer Failed(Status status) { return {LinkEnd::kFailed, std::move(status)}; }
+
+}  // namespace
+
+FactsListing ListFacts(std::string_view folder) {
+  FactsListing listing;
+  std::vector<FoundEntry> found;
+  listing.status = FindEntries(folder, found);
+  for (const FoundEntry& entry : found) {
+    if (IsListed(entry)) listing.entries.push_back(Describe(std::string(folder), entry));
+  }
+  return listing;
+}
+
+std::optional<FileFacts> FactsOf(std::string_view path) {
+  const DoorPath door(path);
+  NativeFacts facts;
+  if (!FactsOfPath(door, Links::kTake, facts).ok() || facts.IsFolder() || IsLink(door)) return std::nullopt;
+  return ToFacts(facts);
+}
+
+std::unique_ptr<BinaryFile> OpenUnchanged(std::string_view path, const FileFacts& facts, Status& status) {
+  const DoorPath door(path);
+  const std::optional<FileFacts> named = FactsOf(path);
+  const DWORD flags = IsNtFamily() ? FILE_FLAG_OPEN_REPARSE_POINT : 0;
+  RegularFile file = OpenRegular(door, GENERIC_READ, OPEN_EXISTING, ShareEverything(), flags);
+  status = file.status;
+  if (!status.ok()) return nullptr;
+  // On the NT family the open file itself is asked: another one may have taken its name just now.
+  NativeFacts opened;
+  const bool is_known = IsNtFamily() ? FactsOfHandle(file.handle.get(), opened).ok() : named.has_value();
+  const FileFacts now = IsNtFamily() || !named ? ToFacts(opened) : *named;
+  if (named && is_known && now.IsUnchanged(facts)) return WrapBinaryFile(std::move(file.handle));
+  status = Status::Failure(ErrorClass::kOther, "The file has changed");
+  return nullptr;
+}
+
+LinkAnswer MakeHardLink(std::string_view existing, std::string_view fresh) {
+  const DoorPath from(existing);
+  const DoorPath to(fresh);
+  if (!from.status.ok()) return Failed(from.status);
+  if (!to.status.ok()) return Failed(to.status);
+  if (FindLinkCall() == nullptr) return {LinkEnd::kUnsupported, StatusOf(ERROR_NOT_SUPPORTED)};
+  if (FindLinkCall()(to.c_str(), from.c_str(), nullptr) != 0) return {};
+  const DWORD error = GetLastError();
+  return {EndOf(error, to), StatusOf(error)};
+}
+
+Status ReplaceFile(std::string_view from, std::string_view to) {
+  const DoorPath source(from);
+  const DoorPath target(to);
+  for (const DoorPath* path : {&source, &target}) {
+    if (!path->status.ok()) return path->status;
+    if (GetFileAttributesA(path->c_str()) == INVALID_FILE_ATTRIBUTES) return LastFailure();
+  }
+  return MoveOver(source, target);
+}
+
+bool RemoveSpareName(std::string_view path) {
+  const std::optional<FileFacts> facts = FactsOf(path);
+  return facts && facts->links > 1 && DeleteForSure(DoorPath(path)).ok();
+}
+
+}  // namespace discwright::host

@@ -1,0 +1,45 @@
+// A file being written that gets its name only when it is whole, or disappears.
+#pragma once
+
+#include <string>
+
+#include "host/status.h"
+#include "host/win32/native_path.h"
+#include "host/win32/owned_handle.h"
+
+namespace discwright::host {
+
+// A name beside `path` that nothing has: short, and independent of the final name, which may be as long as the system
+// allows.
+std::string PassingName(const DoorPath& path);
+
+// Moves a file over what may have the name `to`, in one step where the system can. A read-only file there is replaced.
+Status MoveOver(const DoorPath& from, const DoorPath& to);
+
+// Deletes a file even when it is marked read only.
+Status DeleteForSure(const DoorPath& path);
+
+// Unless Commit succeeds, the destructor removes what was written, and a file that had the name stays as it was.
+class NewFile {
+ public:
+  // Creates a file under a passing name beside `path`; see status().
+  explicit NewFile(const DoorPath& path);
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+  ~NewFile();
+
+  const Status& status() const { return status_; }
+  HANDLE handle() const { return handle_.get(); }
+
+  // Gives the file these attributes, writes it to the disk, closes it and gives it its name.
+  Status Commit(DWORD attributes);
+
+ private:
+  DoorPath path_;
+  DoorPath passing_;
+  OwnedHandle handle_;
+  Status status_;
+  bool is_whole_ = false;
+};
+
+}  // namespace discwright::host

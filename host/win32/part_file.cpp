@@ -1,0 +1,131 @@
+// Writes NAME.part and renames it to NAME.
+#include "host/part_file.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <mutex>
+
+#include "host/threads.h"
+#include "host/win32/errors.h"
+#include "host/win32/family.h"
+#include "host/win32/file_facts.h"
+#include "host/win32/new_file.h"
+#include "host/win32/regular_file.h"
+
+namespace discwright::host {
+namespace {
+
+Status Replaced() { return Status::Failure(ErrorClass::kExists, "Another run has replaced the unfinished file"); }
+
+// Whether `file` is what stands at `path`. Windows 95, 98 and Me let nobody rename or delete what is open.
+bool IsAt(HANDLE file, const DoorPath& path) {
+  if (!IsNtFamily()) return true;
+  NativeFacts opened;
+  NativeFacts named;
+  return FactsOfHandle(file, opened).ok() && FactsOfPath(path, Links::kTake, named).ok() && opened.IsSameFile(named);
+}
+
+class WindowsPartFile : public PartFile {
+ public:
+  WindowsPartFile(OwnedHandle file, const DoorPath& name, const DoorPath& part)
+      : file_(std::move(file)), name_(name), part_(part) {}
+  WindowsPartFile(const WindowsPartFile&) = delete;
+  WindowsPartFile& operator=(const WindowsPartFile&) = delete;
+  ~WindowsPartFile() override {
+    if (!is_unfinished_) return;
+    const bool is_mine = !file_.valid() || IsAt(file_.get(), part_);
+    // The NT family would delete it while it is open, too, but keep its name until then.
+    file_.Close();
+    if (is_mine) DeleteFileA(part_.c_str());
+  }
+
+  Status WriteAt(std::uint64_t position, std::span<const std::uint8_t> bytes) override {
+    const std::lock_guard lock(mutex_);
+    Status status = MoveTo(file_.get(), position);
+    if (status.ok()) status = WriteAll(file_.get(), std::as_bytes(bytes));
+    if (status.ok() && !bytes.empty()) end_ = std::max(end_, position + bytes.size());
+    return status;
+  }
+
+  Status Commit() override {
+    Status status = SetSize(file_.get(), end_);
+    if (status.ok()) status = StatusOfResult(FlushFileBuffers(file_.get()));
+    if (status.ok()) status = IsNtFamily() ? CommitWhileOpen() : CommitClosed();
+    is_unfinished_ = !status.ok();
+    return status;
+  }
+
+ private:
+  // Another run may put its own file under the part's name at any time; under a name that no other run uses it can be
+  // told whose it is before it becomes the finished file.
+  Status CommitWhileOpen() {
+    const DoorPath mine(PassingName(name_));
+    if (!mine.status.ok()) return mine.status;
+    if (!IsAt(file_.get(), part_)) return Replaced();
+    if (MoveFileA(part_.c_str(), mine.c_str()) == 0)
+      return GetLastError() == ERROR_FILE_NOT_FOUND ? Replaced() : LastFailure();
+    if (!IsAt(file_.get(), mine)) {
+      MoveFileA(mine.c_str(), part_.c_str());
+      return Replaced();
+    }
+    part_ = mine;
+    const Status status = MoveOver(mine, name_);
+    if (status.ok()) file_.Close();
+    return status;
+  }
+
+  Status CommitClosed() {
+    file_.Close();
+    return MoveOver(part_, name_);
+  }
+
+  Mutex mutex_;  // between moving to a position and writing there
+  OwnedHandle file_;
+  DoorPath name_;
+  DoorPath part_;  // where it stands until it has its name
+  std::uint64_t end_ = 0;
+  bool is_unfinished_ = true;
+};
+
+// What is there is not written into: a run that was left behind may still have it open. On the NT family it keeps its
+// name while that run goes on, so it gets another first.
+Status Clear(const DoorPath& part) {
+  const Status status = OnlyRegular(part);
+  if (!status.ok()) return status;
+  if (GetFileAttributesA(part.c_str()) == INVALID_FILE_ATTRIBUTES) return Status::Success();
+  if (!IsNtFamily()) return DeleteForSure(part);
+  const DoorPath aside(PassingName(part));
+  if (!aside.status.ok()) return aside.status;
+  if (MoveFileA(part.c_str(), aside.c_str()) == 0) return LastFailure();
+  return DeleteForSure(aside);
+}
+
+// A file system that has no such thing as room set aside does not matter; a disk that is too small does.
+Status SetAside(HANDLE file, std::uint64_t size) {
+  const Status status = size == 0 ? Status::Success() : SetSize(file, size);
+  return status.error == ErrorClass::kDiskFull ? status : Status::Success();
+}
+
+}  // namespace
+
+std::unique_ptr<PartFile> CreatePartFile(std::string_view path, std::uint64_t size, Status& status) {
+  const DoorPath name(path);
+  status = OnlyRegular(name);
+  if (!status.ok()) return nullptr;
+  const DoorPath part(name.core + ".part");
+  const DWORD share = IsNtFamily() ? FILE_SHARE_READ | FILE_SHARE_DELETE : FILE_SHARE_READ;
+  RegularFile file;
+  do {
+    status = Clear(part);
+    if (!status.ok()) return nullptr;
+    file = OpenRegular(part, GENERIC_WRITE, CREATE_NEW, share);
+  } while (file.status.error == ErrorClass::kExists);
+  status = file.status;
+  if (!status.ok()) return nullptr;
+  status = SetAside(file.handle.get(), size);
+  auto made = std::make_unique<WindowsPartFile>(std::move(file.handle), name, part);
+  return status.ok() ? std::move(made) : nullptr;
+}
+
+}  // namespace discwright::host

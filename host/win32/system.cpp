@@ -1,0 +1,84 @@
+// Facts about the machine and the running program.
+#include "host/system.h"
+
+#include <windows.h>
+
+#include <array>
+
+#include "host/win32/ansi.h"
+#include "host/win32/family.h"
+#include "host/win32/native_path.h"
+
+namespace discwright::host {
+namespace {
+
+constexpr std::size_t kDriveBuffer = 255;
+constexpr std::size_t kShortPathBuffer = 300;
+
+// A drive without a disc is a failure like any other; the system would ask the user to put one in.
+const UINT kFormerErrorMode = SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+
+// What a call has put into a buffer; nothing when it failed or there was not enough room.
+template <std::size_t size>
+std::string Filled(const std::array<char, size>& buffer, DWORD length) {
+  return length < size ? Utf8OfAnsi({buffer.data(), length}) : std::string();
+}
+
+}  // namespace
+
+std::string ProgramFolder() {
+  std::array<char, MAX_PATH> path{};
+  const DWORD length = GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()));
+  const std::string program = Filled(path, length);
+  return program.empty() ? CurrentFolder() : program.substr(0, program.rfind('\\'));
+}
+
+std::string CurrentFolder() {
+  std::array<char, MAX_PATH> path{};
+  return AbsolutePath(Filled(path, GetCurrentDirectoryA(static_cast<DWORD>(path.size()), path.data())));
+}
+
+int PlatformId() {
+  OSVERSIONINFOA version{};
+  version.dwOSVersionInfoSize = sizeof(version);
+  return GetVersionExA(&version) != 0 ? static_cast<int>(version.dwPlatformId) : VER_PLATFORM_WIN32_NT;
+}
+
+bool IsNtFamily() {
+  static const bool is_nt_family = PlatformId() == VER_PLATFORM_WIN32_NT;
+  return is_nt_family;
+}
+
+std::vector<std::string> OpticalDrives() {
+  std::array<char, kDriveBuffer> roots{};
+  const DWORD length = GetLogicalDriveStringsA(static_cast<DWORD>(roots.size()), roots.data());
+  std::vector<std::string> drives;
+  if (length >= roots.size()) return drives;
+  for (const char* root = roots.data(); *root != '\0'; root += std::string_view(root).size() + 1) {
+    if (GetDriveTypeA(root) == DRIVE_CDROM) drives.emplace_back(root, 2);
+  }
+  return drives;
+}
+
+std::string ShortPath(std::string_view path) {
+  const DoorPath door(path);
+  if (!door.status.ok()) return {};
+  std::array<char, kShortPathBuffer> shortened{};
+  return Filled(shortened, GetShortPathNameA(door.c_str(), shortened.data(), static_cast<DWORD>(shortened.size())));
+}
+
+Date Today() {
+  SYSTEMTIME now{};
+  GetLocalTime(&now);
+  std::array<char, 64> weekday{};
+  const int size =
+      GetDateFormatA(LOCALE_USER_DEFAULT, 0, &now, "ddd", weekday.data(), static_cast<int>(weekday.size()));
+  const std::string name = size > 1 ? Utf8OfAnsi({weekday.data(), static_cast<std::size_t>(size) - 1}) : std::string();
+  return {now.wYear, now.wMonth, now.wDay, name};
+}
+
+std::string PathFromNative(std::string_view native) { return AbsolutePath(native); }
+
+std::string PathToNative(std::string_view path) { return AbsolutePath(path); }
+
+}  // namespace discwright::host
