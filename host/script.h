@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "host/status.h"
+
 namespace discwright::host {
 
 // The three lines that open a script and make `folder` its current folder, without line ends.
@@ -18,7 +20,7 @@ std::string ScriptPath(std::string_view path);
 
 std::string_view ScriptLineEnd();
 
-// The script's text in the bytes that the shell reads.
-std::string ScriptBytes(std::string_view text);
+// The script's text in the bytes that the shell reads; fails when these cannot hold a character of it.
+Status ScriptBytes(std::string_view text, std::string& bytes);
 
 }  // namespace discwright::host

@@ -84,11 +84,13 @@ void LaunchApp_ProcessEnded(util::Context& context, MasteringLog& log) {
   main.BarSub_Step.value = main.BarSub_Step.max.get();
 }
 
-host::Status WriteScript(const std::string& path, std::string_view ISOLocation, bool OptimizeISO) {
+bool WriteScript(util::Notes& notes, const std::string& path, std::string_view ISOLocation, bool OptimizeISO) {
   std::string text;
   for (const std::string& line : MasteringScript(ISOLocation, OptimizeISO))
     text += line + std::string(host::ScriptLineEnd());
-  return host::WriteWholeFile(path, host::ScriptBytes(text));
+  std::string bytes;
+  return notes.Check(host::ScriptBytes(text, bytes), std::string(ISOLocation), "the mastering cannot be told of it") &&
+         notes.Check(host::WriteWholeFile(path, bytes), path, "could not be written");
 }
 
 }  // namespace
@@ -106,7 +108,7 @@ void StartMKISOFS(util::Context& context, std::string_view ISOLocation, bool Opt
   forms::FrmDiscwright& main = context.main();
   const std::string script = host::ProgramFolder() + kScriptFile;
   main.CmdCancel.enabled = false;  // a running mastering cannot be cancelled from the wizard
-  if (!context.notes.Check(WriteScript(script, ISOLocation, OptimizeISO), script, "could not be written")) {
+  if (!WriteScript(context.notes, script, ISOLocation, OptimizeISO)) {
     // An old script must not run with the wrong image in mind.
     host::RemoveFile(script);
   }

@@ -1,13 +1,12 @@
-// INIFile: each call reads or rewrites the whole file.
+// INIFile: each call goes to the file.
 #include "settings/ini_file.h"
 
 #include <charconv>
 #include <limits>
 
-#include "host/files.h"
-#include "util/ini_text.h"
+#include "host/profile.h"
+#include "host/text_encoding.h"
 #include "util/paths.h"
-#include "util/text_encoding.h"
 
 namespace discwright::settings {
 
@@ -16,7 +15,7 @@ namespace {
 // The system's profile reader got a buffer of 100 characters, one of them for the end.
 constexpr std::size_t kLongestValue = 99;
 
-std::string Cut(std::string_view value) { return util::Trim(util::FirstCharacters(value, kLongestValue)); }
+std::string Cut(std::string_view value) { return util::Trim(host::FirstCharacters(value, kLongestValue)); }
 
 }  // namespace
 
@@ -27,11 +26,7 @@ void INIFile::CreateIni(std::string_view folder, std::string_view file_name) {
 }
 
 void INIFile::SetINIKey(std::string_view section, std::string_view key, std::string_view value) const {
-  std::string bytes;
-  const host::Status status = host::ReadWholeFile(FileName, bytes);
-  // A file that is there but cannot be read must not be replaced by one key.
-  if (!status.ok() && status.error != host::ErrorClass::kNotFound) return;
-  host::WriteWholeFile(FileName, util::EncodeText(util::WithIniValue(util::DecodeText(bytes), section, key, value)));
+  host::WriteProfileValue(FileName, section, key, value);
 }
 
 std::string INIFile::GetINIKey(std::string_view section, std::string_view key) const {
@@ -44,9 +39,7 @@ bool INIFile::IsCut(std::string_view section, std::string_view key) const {
 }
 
 std::string INIFile::WholeValue(std::string_view section, std::string_view key) const {
-  std::string bytes;
-  if (!host::ReadWholeFile(FileName, bytes).ok()) return "";
-  return util::FindIniValue(util::DecodeText(bytes), section, key).value_or("");
+  return host::ReadProfileValue(FileName, section, key).value_or("");
 }
 
 int WholeNumber(std::string_view value) {

@@ -7,8 +7,8 @@
 
 namespace discwright::settings {
 
-// Section and key names ignore letter case. Order, comments, spacing and unknown text survive a write. Files are
-// CR LF and Windows-1252 on disk (UTF-8 with a mark where that cannot hold a value); text here is UTF-8.
+// Section and key names ignore letter case. Order, comments and unknown text survive a write. Files are CR LF and in
+// the code page on disk (UTF-8 with a mark where that cannot hold a value); text here is UTF-8.
 // No operation reports an error: what cannot be read is empty, what cannot be written is lost.
 class INIFile {
  public:

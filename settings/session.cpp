@@ -5,14 +5,14 @@
 #include <utility>
 
 #include "host/files.h"
+#include "host/ini_text.h"
 #include "host/system.h"
+#include "host/text_encoding.h"
 #include "settings/ini_file.h"
 #include "settings/session_table.h"
 #include "settings/win2k_info.h"
 #include "settings/win9x_info.h"
-#include "util/ini_text.h"
 #include "util/paths.h"
-#include "util/text_encoding.h"
 
 namespace discwright::settings {
 
@@ -54,9 +54,9 @@ std::string ValueAsWritten(forms::Windows& windows, const SessionLine& line) {
     case ValueEncoding::kQuotedCheckBox:
       return util::Quoted(std::to_string(line.check_box(windows).value));
     case ValueEncoding::kText:
-      return util::Trim(util::OneLine(line.text_box(windows).text.get()));
+      return util::Trim(host::OneLine(line.text_box(windows).text.get()));
     case ValueEncoding::kQuotedText:
-      return util::Quoted(util::OneLine(line.text_box(windows).text.get()));
+      return util::Quoted(host::OneLine(line.text_box(windows).text.get()));
     case ValueEncoding::kJoinDomain:
       return util::Quoted(windows.win2k_info.OptJoinDomain.value ? "True" : "False");
     case ValueEncoding::kNone:
@@ -93,7 +93,7 @@ void WriteVexaCDINI(util::Context& context) {
     text.append(line.literal).append(ValueAsWritten(context.windows, line)).append("\r\n");
   }
   const std::string file_name = SessionFile();
-  context.notes.Check(host::WriteWholeFile(file_name, util::EncodeText(text)), file_name,
+  context.notes.Check(host::WriteWholeFile(file_name, host::EncodeText(text)), file_name,
                       "The settings could not be saved");
 }
 

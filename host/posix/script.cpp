@@ -45,6 +45,9 @@ std::string ScriptPath(std::string_view path) { return Quoted(PathToNative(path)
 
 std::string_view ScriptLineEnd() { return "\n"; }
 
-std::string ScriptBytes(std::string_view text) { return std::string(text); }
+Status ScriptBytes(std::string_view text, std::string& bytes) {
+  bytes = text;
+  return Status::Success();
+}
 
 }  // namespace discwright::host

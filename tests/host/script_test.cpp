@@ -36,7 +36,9 @@ std::vector<std::string> AwkwardNames() {
 int RunScript(const TempFolder& folder, std::string_view script_folder, const std::string& commands) {
   std::string text;
   for (const std::string& line : ScriptPrologue(script_folder)) text.append(line).append(ScriptLineEnd());
-  folder.Write("script", ScriptBytes(text + commands + std::string(ScriptLineEnd())));
+  std::string bytes;
+  EXPECT_TRUE(ScriptBytes(text + commands + std::string(ScriptLineEnd()), bytes).ok());
+  folder.Write("script", bytes);
   return std::system(("/bin/sh " + folder.Native("script")).c_str());
 }
 

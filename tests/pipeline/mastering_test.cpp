@@ -129,6 +129,16 @@ TEST_F(Mastering, UnwritableLog_IsNotedOnceAndTheRunGoesOn) {
   EXPECT_EQ(host.Content("C:\\out\\Rescue.iso"), "image");
 }
 
+TEST_F(Mastering, ImageThatTheScriptCannotName_IsNotedAndAnOldScriptNeverRuns) {
+  host.AddFile("C:\\Discwright\\makecd.bat", "old");
+  host.FailOn("ScriptBytes", "rescue.iso", host::ErrorClass::kOther, "no such characters here");
+  StartMKISOFS(context, main.TxtISOLoc.text.get(), false);
+  EXPECT_FALSE(host.Exists("C:\\Discwright\\makecd.bat"));
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(notes.all()[0].place, "C:\\out\\Rescue.iso");
+  EXPECT_EQ(notes.all()[0].cause, "the mastering cannot be told of it: no such characters here");
+}
+
 TEST_F(Mastering, UnwritableScript_IsNotedAndAnOldOneNeverRuns) {
   host.AddFile("C:\\Discwright\\makecd.bat", "old");
   host.FailOn("WriteWholeFile", "makecd.bat", host::ErrorClass::kDiskFull, "No space left on device");

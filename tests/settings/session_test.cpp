@@ -6,10 +6,10 @@
 
 #include <set>
 
+#include "host/text_encoding.h"
 #include "settings/ini_file.h"
 #include "settings/session_table.h"
 #include "tests/support/build_fixture.h"
-#include "util/text_encoding.h"
 
 namespace discwright::settings {
 namespace {

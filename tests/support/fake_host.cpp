@@ -8,7 +8,12 @@
 #include <cstring>
 #include <stdexcept>
 
+#include "host/code_page.h"
+#include "host/profile.h"
+#include "host/registry.h"
 #include "host/script.h"
+#include "host/text_profile.h"
+#include "host/windows_1252.h"
 
 namespace discwright::testing {
 
@@ -463,6 +468,22 @@ std::string FoldCase(std::string_view text) {
   return folded;
 }
 
+std::optional<std::string> CodePageBytes(std::string_view text) { return ToWindows1252(text); }
+std::string TextOfCodePage(std::string_view bytes) { return FromWindows1252(bytes); }
+
+std::optional<std::string> ReadProfileValue(std::string_view file, std::string_view section, std::string_view key) {
+  return ReadTextProfile(file, section, key);
+}
+
+void WriteProfileValue(std::string_view file, std::string_view section, std::string_view key, std::string_view value) {
+  WriteTextProfile(file, section, key, value);
+}
+
+std::optional<std::string> LocalMachineText(std::string_view sub_key, std::string_view value_name) {
+  const auto found = Fake().registry.find(std::string(sub_key).append("\\").append(value_name));
+  return found == Fake().registry.end() ? std::nullopt : std::optional(found->second);
+}
+
 // The script of a Windows host: a batch file with short paths in lower case.
 std::array<std::string, 3> ScriptPrologue(std::string_view folder) {
   return {"@echo off", std::string(folder.substr(0, 2)), "cd " + ScriptPath(folder)};
@@ -476,6 +497,9 @@ std::string ScriptPath(std::string_view path) {
 }
 
 std::string_view ScriptLineEnd() { return "\r\n"; }
-std::string ScriptBytes(std::string_view text) { return std::string(text); }
+Status ScriptBytes(std::string_view text, std::string& bytes) {
+  bytes = text;
+  return Fake().Enter("ScriptBytes", text);
+}
 
 }  // namespace discwright::host

@@ -13,7 +13,8 @@
 
 namespace discwright::testing {
 
-// The one fake behind all functions of host/files.h, host/system.h and host/script.h. Construct one at the start of
+// The one fake behind all functions of host/files.h, host/system.h, host/script.h, host/profile.h, host/code_page.h and
+// host/registry.h. Construct one at the start of
 // each test (a member of the fixture): it starts empty, with the folder C:\Discwright as program folder.
 class FakeHost {
  public:
@@ -45,6 +46,7 @@ class FakeHost {
   int platform_id = 2;
   std::vector<std::string> optical_drives;
   std::map<std::string, std::string> short_paths;  // keyed by the path as asked
+  std::map<std::string, std::string> registry;     // text values by "Sub key\\Value name"
   host::Date today{2026, 11, 15, "Sun"};
   int pieces_per_file = 2;  // kChunkFinished calls per copied file
 

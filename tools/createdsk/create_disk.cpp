@@ -4,10 +4,10 @@
 #include <algorithm>
 
 #include "host/files.h"
+#include "host/ini_text.h"
 #include "host/system.h"
+#include "host/text_encoding.h"
 #include "tools/createdsk/disk_image.h"
-#include "util/ini_text.h"
-#include "util/text_encoding.h"
 
 namespace discwright::tools {
 namespace {
@@ -37,7 +37,7 @@ Result ReadProfile(const std::string& folder, bool selection, Profile& profile) 
   const std::string path = folder + "/disk.ini";
   std::string text;
   if (const host::Status status = host::ReadWholeFile(path, text); !status.ok()) return CannotRead(path, status);
-  const Result result = ParseProfile(util::DecodeText(text), selection, profile);
+  const Result result = ParseProfile(host::DecodeText(text), selection, profile);
   return result.ok() ? result : Result::Failure(Shown(path) + ": " + result.failure);
 }
 

@@ -1,10 +1,10 @@
 // Tests of INI text.
-#include "util/ini_text.h"
+#include "host/ini_text.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace discwright::util {
+namespace discwright::host {
 namespace {
 
 using ::testing::ElementsAre;
@@ -100,4 +100,4 @@ TEST(WithIniValue, ValueWithLineEndsAndNul_StaysOnItsLine) {
 }
 
 }  // namespace
-}  // namespace discwright::util
+}  // namespace discwright::host

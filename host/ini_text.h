@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace discwright::util {
+namespace discwright::host {
 
 struct IniKey {
   std::string key;
@@ -25,4 +25,4 @@ std::string WithIniValue(std::string_view text, std::string_view section, std::s
 // The value as it can stand on a line: each CR, LF and NUL becomes a blank.
 std::string OneLine(std::string_view value);
 
-}  // namespace discwright::util
+}  // namespace discwright::host

@@ -1,9 +1,9 @@
 // Tests of the bytes of settings files.
-#include "util/text_encoding.h"
+#include "host/text_encoding.h"
 
 #include <gtest/gtest.h>
 
-namespace discwright::util {
+namespace discwright::host {
 namespace {
 
 const std::string kMark = "\xEF\xBB\xBF";
@@ -83,4 +83,4 @@ TEST(FirstCharacters, ShorterText_IsWhole) {
 }
 
 }  // namespace
-}  // namespace discwright::util
+}  // namespace discwright::host

@@ -1,12 +1,11 @@
 // Reading and changing keys of INI text.
-#include "util/ini_text.h"
+#include "host/ini_text.h"
 
 #include <algorithm>
 
 #include "host/system.h"
-#include "util/paths.h"
 
-namespace discwright::util {
+namespace discwright::host {
 
 namespace {
 
@@ -25,6 +24,12 @@ std::string_view TrimBlanks(std::string_view text) {
   const std::size_t first = text.find_first_not_of(kBlanks);
   if (first == std::string_view::npos) return text.substr(text.size());
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+// Of a value without blanks around it: one pair of double quotes goes.
+std::string StripQuotes(std::string_view value) {
+  const bool is_quoted = value.size() >= 2 && value.starts_with('"') && value.ends_with('"');
+  return std::string(is_quoted ? value.substr(1, value.size() - 2) : value);
 }
 
 Lines SplitLines(std::string_view text) {
@@ -53,7 +58,7 @@ std::optional<KeyParts> ParseKey(std::string_view line) {
   return KeyParts{TrimBlanks(content.substr(0, equals)), TrimBlanks(content.substr(equals + 1))};
 }
 
-bool SameName(std::string_view a, std::string_view b) { return host::FoldCase(a) == host::FoldCase(b); }
+bool SameName(std::string_view a, std::string_view b) { return FoldCase(a) == FoldCase(b); }
 
 Lines::const_iterator FindSection(const Lines& lines, std::string_view section) {
   return std::find_if(lines.begin(), lines.end(), [&](std::string_view line) {
@@ -120,4 +125,4 @@ std::string OneLine(std::string_view value) {
   return line;
 }
 
-}  // namespace discwright::util
+}  // namespace discwright::host

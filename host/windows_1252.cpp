@@ -1,18 +1,15 @@
-// Windows-1252 and UTF-8.
-#include "util/text_encoding.h"
+// The table of what stands apart.
+#include "host/windows_1252.h"
 
 #include <algorithm>
 #include <array>
 #include <iterator>
-#include <optional>
 
 #include "host/utf8.h"
 
-namespace discwright::util {
+namespace discwright::host {
 
 namespace {
-
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 constexpr std::size_t kFirstSpecial = 0x80;
 // What the bytes 80h to 9Fh stand for; the five that Windows-1252 leaves open keep their number, as on Windows.
@@ -30,10 +27,12 @@ std::optional<char> Windows1252Byte(char32_t code_point) {
   return same_number ? std::optional(static_cast<char>(code_point)) : std::nullopt;
 }
 
+}  // namespace
+
 std::optional<std::string> ToWindows1252(std::string_view text) {
   std::string bytes;
   while (!text.empty()) {
-    const host::Utf8Character character = host::FirstUtf8Character(text);
+    const Utf8Character character = FirstUtf8Character(text);
     if (character.length == 0) return std::nullopt;
     const std::optional<char> byte = Windows1252Byte(character.code_point);
     if (!byte) return std::nullopt;
@@ -48,31 +47,9 @@ std::string FromWindows1252(std::string_view bytes) {
   for (const char character : bytes) {
     const auto byte = static_cast<unsigned char>(character);
     const bool is_special = byte >= kFirstSpecial && byte < kFirstSpecial + kSpecials.size();
-    host::AppendUtf8(text, is_special ? kSpecials[byte - kFirstSpecial] : byte);
+    AppendUtf8(text, is_special ? kSpecials[byte - kFirstSpecial] : byte);
   }
   return text;
 }
 
-}  // namespace
-
-std::string EncodeText(std::string_view text) {
-  // Bytes that a reader would take for UTF-8 by chance ("Ã¤" is "ä" there) do not come back as they were.
-  const std::optional<std::string> bytes = ToWindows1252(text);
-  if (bytes && DecodeText(*bytes) == text) return *bytes;
-  return std::string(kByteOrderMark).append(text);
-}
-
-std::string DecodeText(std::string_view bytes) {
-  if (bytes.starts_with(kByteOrderMark)) return std::string(bytes.substr(kByteOrderMark.size()));
-  return host::IsValidUtf8(bytes) ? std::string(bytes) : FromWindows1252(bytes);
-}
-
-std::string_view FirstCharacters(std::string_view text, std::size_t count) {
-  std::size_t length = 0;
-  for (; count > 0 && length < text.size(); --count) {
-    length += std::max<std::size_t>(host::FirstUtf8Character(text.substr(length)).length, 1);
-  }
-  return text.substr(0, length);
-}
-
-}  // namespace discwright::util
+}  // namespace discwright::host

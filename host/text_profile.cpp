@@ -1,0 +1,24 @@
+// Each call reads or rewrites the whole file.
+#include "host/text_profile.h"
+
+#include "host/files.h"
+#include "host/ini_text.h"
+#include "host/text_encoding.h"
+
+namespace discwright::host {
+
+std::optional<std::string> ReadTextProfile(std::string_view file, std::string_view section, std::string_view key) {
+  std::string bytes;
+  if (!ReadWholeFile(file, bytes).ok()) return std::nullopt;
+  return FindIniValue(DecodeText(bytes), section, key);
+}
+
+void WriteTextProfile(std::string_view file, std::string_view section, std::string_view key, std::string_view value) {
+  std::string bytes;
+  const Status status = ReadWholeFile(file, bytes);
+  // A file that is there but cannot be read must not be replaced by one key.
+  if (!status.ok() && status.error != ErrorClass::kNotFound) return;
+  WriteWholeFile(file, EncodeText(WithIniValue(DecodeText(bytes), section, key, value)));
+}
+
+}  // namespace discwright::host

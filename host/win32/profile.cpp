@@ -1,0 +1,80 @@
+// The system's profile calls. A file in UTF-8, which they do not know, is read and written as text, and so is a value
+// that the ANSI code page cannot hold.
+#include "host/profile.h"
+
+#include <windows.h>
+
+#include <array>
+#include <utility>
+
+#include "host/files.h"
+#include "host/ini_text.h"
+#include "host/text_encoding.h"
+#include "host/text_profile.h"
+#include "host/win32/ansi.h"
+#include "host/win32/native_path.h"
+
+namespace discwright::host {
+namespace {
+
+// What no value can be: given for a key that is not there.
+constexpr const char* kNoValue = "\n";
+
+// The arguments of the system's calls.
+struct NativeKey {
+  std::string file;
+  std::string section;
+  std::string key;
+};
+
+// The full path: a bare name would be looked for in the folder of Windows. Empty when the system has none.
+std::string FullPath(const std::string& native) {
+  std::array<char, MAX_PATH> path{};
+  char* name = nullptr;
+  const DWORD length = GetFullPathNameA(native.c_str(), static_cast<DWORD>(path.size()), path.data(), &name);
+  return length < path.size() ? std::string(path.data(), length) : std::string();
+}
+
+// Nothing when the ANSI code page cannot hold one of them, or the path is too long.
+std::optional<NativeKey> ToNative(std::string_view file, std::string_view section, std::string_view key) {
+  const std::optional<std::string> native_file = NativePath(file);
+  const std::optional<std::string> native_section = AnsiOfUtf8(section);
+  const std::optional<std::string> native_key = AnsiOfUtf8(key);
+  if (!native_file || !native_section || !native_key) return std::nullopt;
+  NativeKey native{FullPath(*native_file), *native_section, *native_key};
+  return native.file.empty() ? std::nullopt : std::optional(std::move(native));
+}
+
+// Windows 95 to Me keep the last used profile in memory; others write these files too.
+void DropKeptProfile(const std::string& file) { WritePrivateProfileStringA(nullptr, nullptr, nullptr, file.c_str()); }
+
+}  // namespace
+
+std::optional<std::string> ReadProfileValue(std::string_view file, std::string_view section, std::string_view key) {
+  std::string bytes;
+  if (!ReadWholeFile(file, bytes).ok()) return std::nullopt;
+  const std::optional<NativeKey> native = ToNative(file, section, key);
+  if (!native || IsUtf8File(bytes)) return ReadTextProfile(file, section, key);
+  DropKeptProfile(native->file);
+  std::string value(bytes.size() + 3, '\0');  // no value is longer; room for what is given when there is none
+  value.resize(GetPrivateProfileStringA(native->section.c_str(), native->key.c_str(), kNoValue, value.data(),
+                                        static_cast<DWORD>(value.size()), native->file.c_str()));
+  return value == kNoValue ? std::nullopt : std::optional(Utf8OfAnsi(value));
+}
+
+void WriteProfileValue(std::string_view file, std::string_view section, std::string_view key, std::string_view value) {
+  std::string bytes;
+  const Status status = ReadWholeFile(file, bytes);
+  if (!status.ok() && status.error != ErrorClass::kNotFound) return;
+  const std::optional<NativeKey> native = ToNative(file, section, key);
+  const std::optional<std::string> native_value = AnsiOfUtf8(OneLine(value));
+  // Nor may the value's own bytes make UTF-8 of the file by chance.
+  if (!native || !native_value || IsUtf8File(bytes) || IsUtf8File(*native_value)) {
+    WriteTextProfile(file, section, key, value);
+    return;
+  }
+  WritePrivateProfileStringA(native->section.c_str(), native->key.c_str(), native_value->c_str(), native->file.c_str());
+  DropKeptProfile(native->file);
+}
+
+}  // namespace discwright::host
