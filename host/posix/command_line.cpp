@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 
+#include "host/leading_parts.h"
 #include "host/posix/case_lookup.h"
 #include "host/posix/errors.h"
 #include "host/system.h"
@@ -62,25 +63,6 @@ class ProgramFinder {
   Status refused_;
 };
 
-struct LeadingPart {
-  std::string_view program;
-  std::size_t length = 0;  // with its quotes
-};
-
-// The leading parts of a line that may be the program, shortest first; with quotes there is only one.
-std::vector<LeadingPart> LeadingParts(std::string_view line) {
-  if (line.starts_with('"')) {
-    const std::string_view program = line.substr(1, line.find('"', 1) - 1);
-    return {{program, std::min(program.size() + 2, line.size())}};
-  }
-  std::vector<LeadingPart> parts;
-  for (std::size_t at = line.find_first_of(kBlanks); at != line.npos; at = line.find_first_of(kBlanks, at + 1)) {
-    parts.push_back({line.substr(0, at), at});
-  }
-  parts.push_back({line, line.size()});
-  return parts;
-}
-
 // One argument of a line, taken from its front.
 class ArgumentReader {
  public:
@@ -122,10 +104,6 @@ class ArgumentReader {
   std::string argument_;
   bool quoted_ = false;
 };
-
-std::string_view WithoutLeadingBlanks(std::string_view text) {
-  return text.substr(std::min(text.find_first_not_of(kBlanks), text.size()));
-}
 
 }  // namespace
 
