@@ -1,11 +1,11 @@
 // discwright-build: the wizard's headless twin.
 #include <clocale>
 #include <cstdlib>
-#include <iostream>
 #include <vector>
 
 #include "desktop/console/console_user.h"
 #include "desktop/console/headless_build.h"
+#include "host/arguments.h"
 #include "host/console.h"
 #include "host/system.h"
 #include "wizard/navigation.h"
@@ -44,19 +44,19 @@ int Build(const desktop::Options& options) {
 
 int main(int argc, char** argv) {
   std::setlocale(LC_TIME, "");  // the summary's day names follow the system's language
-  const std::vector<std::string> arguments(argv + 1, argv + argc);
-  const discwright::desktop::Options options = discwright::desktop::ParseOptions(arguments);
+  const std::vector<std::string> arguments = host::Arguments(argc, argv);
+  const desktop::Options options = desktop::ParseOptions(arguments);
   if (!options.error.empty()) {
-    std::cerr << "discwright-build: " << options.error << "\nTry 'discwright-build --help'.\n";
-    return discwright::desktop::kExitUsage;
+    host::Print(host::Stream::kError, "discwright-build: " + options.error + "\nTry 'discwright-build --help'.\n");
+    return desktop::kExitUsage;
   }
   if (options.help) {
-    std::cout << discwright::desktop::UsageText();
-    return discwright::desktop::kExitMade;
+    host::Print(host::Stream::kOutput, desktop::UsageText());
+    return desktop::kExitMade;
   }
   if (options.version) {
-    std::cout << "discwright-build " DISCWRIGHT_VERSION "\n";
-    return discwright::desktop::kExitMade;
+    host::Print(host::Stream::kOutput, "discwright-build " DISCWRIGHT_VERSION "\n");
+    return desktop::kExitMade;
   }
   return Build(options);
 }

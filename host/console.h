@@ -1,5 +1,7 @@
-// The terminal side of the host: waking a sleeping program, Ctrl-C, and what standard error is.
+// The terminal side of the host: waking a sleeping program, Ctrl-C, what standard error is, and text on it.
 #pragma once
+
+#include <string_view>
 
 namespace discwright::host {
 
@@ -16,5 +18,12 @@ int InterruptCount();
 bool StandardErrorIsTerminal();
 // Columns of the terminal; 80 when unknown.
 int TerminalWidth();
+// On the terminal: from the cursor to the end of its line.
+void EraseRestOfLine();
+
+enum class Stream { kOutput, kError };
+// Writes UTF-8 text at once, in the encoding of whoever reads it: on Windows in the code page of a console, and in the
+// ANSI code page into a file or pipe. What cannot be shown becomes "?" there or a similar character.
+void Print(Stream stream, std::string_view text);
 
 }  // namespace discwright::host

@@ -30,7 +30,8 @@ struct Date {
 };
 Date Today();
 
-// A path as the user or the system spells it, in the core's spelling, made absolute; and back, for showing.
+// A path as the user or the system spells it, in the core's spelling, made absolute; and back, for showing. Both are
+// text like any other here: UTF-8, or the host's raw bytes.
 std::string PathFromNative(std::string_view native);
 std::string PathToNative(std::string_view path);
 

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "host/files.h"
+#include "host/native_text.h"
 #include "host/script.h"
 #include "host/system.h"
 #include "util/paths.h"
@@ -44,7 +45,7 @@ class MasteringLog {
   void AddLine(std::string_view text) {
     if (!file_) return;
     // A piece of output often ends its line by itself.
-    const std::string line = std::string(text) + (text.ends_with('\n') ? "" : "\r\n");
+    const std::string line = host::TextToNative(text) + (text.ends_with('\n') ? "" : "\r\n");
     const host::Status status = file_->WriteAt(position_, std::as_bytes(std::span(line)));
     position_ += static_cast<std::int64_t>(line.size());
     // One note is enough: a full disk fails every further line too.

@@ -7,6 +7,7 @@
 
 #include "host/console.h"
 #include "host/files.h"
+#include "host/native_text.h"
 #include "host/system.h"
 #include "settings/key_files.h"
 #include "settings/session.h"
@@ -98,6 +99,7 @@ void PrintLogTail(Terminal& terminal) {
   const std::string path = host::ProgramFolder() + "\\mkisofs.log";
   std::string log;
   if (!host::ReadWholeFile(path, log).ok()) return;
+  log = host::TextFromNative(log);
   std::vector<std::string> lines;
   for (std::size_t start = 0; start < log.size();) {
     const std::size_t end = std::min(log.find_first_of("\r\n", start), log.size());
@@ -131,9 +133,8 @@ host::Status PrintResult(const std::string& image) {
   const std::optional<host::Entry> entry = host::Look(image);
   if (!entry) return host::Status::Failure(host::ErrorClass::kNotFound, "it has vanished");
   if (!status.ok()) return status;
-  std::cout << "Image:   " << host::PathToNative(image) << "\n"
-            << "Size:    " << entry->size << " bytes\n"
-            << "SHA-256: " << digest << std::endl;
+  host::Print(host::Stream::kOutput, "Image:   " + host::PathToNative(image) + "\nSize:    " +
+                                         std::to_string(entry->size) + " bytes\nSHA-256: " + digest + "\n");
   return status;
 }
 

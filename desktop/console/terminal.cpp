@@ -2,7 +2,6 @@
 #include "desktop/console/terminal.h"
 
 #include <array>
-#include <cstdio>
 
 #include "host/console.h"
 
@@ -26,7 +25,7 @@ std::array<Line, kStepCount> Lines(const forms::FrmDiscwright& main) {
            {&main.LblMsg5, &main.LblRight5}}};
 }
 
-void Print(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); }
+void Print(std::string_view text) { host::Print(host::Stream::kError, text); }
 
 // Cut to `columns` characters, never inside one.
 std::string CutToWidth(std::string_view text, std::size_t columns) {
@@ -69,7 +68,8 @@ void Terminal::PrintLine(std::string_view text) {
 
 void Terminal::ClearLiveLine() {
   if (!live_line_shown_) return;
-  Print("\r\x1b[K");
+  Print("\r");
+  host::EraseRestOfLine();
   live_line_shown_ = false;
 }
 
@@ -92,7 +92,8 @@ void Terminal::DrawLiveLine() {
   const auto now = std::chrono::steady_clock::now();
   if (live_line_shown_ && now - drawn_at_ < kRedrawInterval) return;
   const auto width = static_cast<std::size_t>(host::TerminalWidth());
-  Print("\r" + CutToWidth(Printable(LiveText()), width - 1) + "\x1b[K");
+  Print("\r" + CutToWidth(Printable(LiveText()), width - 1));
+  host::EraseRestOfLine();
   drawn_at_ = now;
   live_line_shown_ = true;
 }

@@ -12,6 +12,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdint>
+#include <cstdio>
 
 namespace discwright::host {
 namespace {
@@ -74,6 +75,14 @@ int TerminalWidth() {
   winsize size{};
   const bool known = ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
   return known ? size.ws_col : 80;
+}
+
+void EraseRestOfLine() { Print(Stream::kError, "\x1b[K"); }
+
+void Print(Stream stream, std::string_view text) {
+  std::FILE* const file = stream == Stream::kOutput ? stdout : stderr;
+  std::fwrite(text.data(), 1, text.size(), file);
+  std::fflush(file);
 }
 
 }  // namespace discwright::host

@@ -15,12 +15,21 @@ std::wstring WideOfAnsi(std::string_view ansi) {
   return wide;
 }
 
-std::string AnsiOfWide(const std::wstring& wide) {
+std::string BytesOfWide(const std::wstring& wide, unsigned code_page) {
   const int size = static_cast<int>(wide.size());
-  const int needed = WideCharToMultiByte(CP_ACP, 0, wide.data(), size, nullptr, 0, nullptr, nullptr);
-  std::string ansi(static_cast<std::size_t>(needed), '\0');
-  WideCharToMultiByte(CP_ACP, 0, wide.data(), size, ansi.data(), needed, nullptr, nullptr);
-  return ansi;
+  const int needed = WideCharToMultiByte(code_page, 0, wide.data(), size, nullptr, 0, nullptr, nullptr);
+  std::string bytes(static_cast<std::size_t>(needed), '\0');
+  WideCharToMultiByte(code_page, 0, wide.data(), size, bytes.data(), needed, nullptr, nullptr);
+  return bytes;
+}
+
+void AppendWide(std::wstring& wide, char32_t code_point) {
+  if (code_point < 0x10000) {
+    wide += static_cast<wchar_t>(code_point);
+  } else {
+    wide += static_cast<wchar_t>(0xD800 + ((code_point - 0x10000) >> 10));
+    wide += static_cast<wchar_t>(0xDC00 + ((code_point - 0x10000) & 0x3FF));
+  }
 }
 
 }  // namespace
@@ -43,16 +52,21 @@ std::optional<std::string> AnsiOfUtf8(std::string_view text) {
     const Utf8Character character = FirstUtf8Character(text);
     if (character.length == 0) return std::nullopt;
     text.remove_prefix(character.length);
-    if (character.code_point < 0x10000) {
-      wide += static_cast<wchar_t>(character.code_point);
-    } else {
-      wide += static_cast<wchar_t>(0xD800 + ((character.code_point - 0x10000) >> 10));
-      wide += static_cast<wchar_t>(0xDC00 + ((character.code_point - 0x10000) & 0x3FF));
-    }
+    AppendWide(wide, character.code_point);
   }
-  std::string ansi = AnsiOfWide(wide);
+  std::string ansi = BytesOfWide(wide, CP_ACP);
   if (WideOfAnsi(ansi) != wide) return std::nullopt;
   return ansi;
+}
+
+std::string NearestInCodePage(std::string_view text, unsigned code_page) {
+  std::wstring wide;
+  while (!text.empty()) {
+    const Utf8Character character = FirstUtf8Character(text);
+    AppendWide(wide, character.length == 0 ? U'?' : character.code_point);
+    text.remove_prefix(character.length == 0 ? 1 : character.length);
+  }
+  return BytesOfWide(wide, code_page);
 }
 
 }  // namespace discwright::host

@@ -13,4 +13,7 @@ std::string Utf8OfAnsi(std::string_view ansi);
 // be another name.
 std::optional<std::string> AnsiOfUtf8(std::string_view text);
 
+// For showing: UTF-8 in any code page of the system, "?" or a similar character for what that lacks.
+std::string NearestInCodePage(std::string_view text, unsigned code_page);
+
 }  // namespace discwright::host

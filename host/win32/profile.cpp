@@ -4,11 +4,9 @@
 
 #include <windows.h>
 
-#include <array>
-#include <utility>
-
 #include "host/files.h"
 #include "host/ini_text.h"
+#include "host/system.h"
 #include "host/text_encoding.h"
 #include "host/text_profile.h"
 #include "host/win32/ansi.h"
@@ -27,22 +25,14 @@ struct NativeKey {
   std::string key;
 };
 
-// The full path: a bare name would be looked for in the folder of Windows. Empty when the system has none.
-std::string FullPath(const std::string& native) {
-  std::array<char, MAX_PATH> path{};
-  char* name = nullptr;
-  const DWORD length = GetFullPathNameA(native.c_str(), static_cast<DWORD>(path.size()), path.data(), &name);
-  return length < path.size() ? std::string(path.data(), length) : std::string();
-}
-
-// Nothing when the ANSI code page cannot hold one of them, or the path is too long.
+// Nothing when the ANSI code page cannot hold one of them.
 std::optional<NativeKey> ToNative(std::string_view file, std::string_view section, std::string_view key) {
-  const std::optional<std::string> native_file = NativePath(file);
+  // The full path: a bare name would be looked for in the folder of Windows.
+  const std::optional<std::string> native_file = NativePath(PathFromNative(file));
   const std::optional<std::string> native_section = AnsiOfUtf8(section);
   const std::optional<std::string> native_key = AnsiOfUtf8(key);
   if (!native_file || !native_section || !native_key) return std::nullopt;
-  NativeKey native{FullPath(*native_file), *native_section, *native_key};
-  return native.file.empty() ? std::nullopt : std::optional(std::move(native));
+  return NativeKey{*native_file, *native_section, *native_key};
 }
 
 // Windows 95 to Me keep the last used profile in memory; others write these files too.

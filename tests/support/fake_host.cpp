@@ -9,6 +9,7 @@
 #include <stdexcept>
 
 #include "host/code_page.h"
+#include "host/native_text.h"
 #include "host/profile.h"
 #include "host/registry.h"
 #include "host/script.h"
@@ -468,6 +469,8 @@ std::string FoldCase(std::string_view text) {
   return folded;
 }
 
+std::string TextFromNative(std::string_view native) { return std::string(native); }
+std::string TextToNative(std::string_view text) { return std::string(text); }
 std::optional<std::string> CodePageBytes(std::string_view text) { return ToWindows1252(text); }
 std::string TextOfCodePage(std::string_view bytes) { return FromWindows1252(bytes); }
 

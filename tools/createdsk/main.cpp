@@ -1,28 +1,33 @@
 // CreateDsk: makes a FAT12 floppy image in its own folder from one of the disk profiles beside it.
-#include <iostream>
 #include <string>
 #include <vector>
 
+#include "host/arguments.h"
+#include "host/print_stream.h"
 #include "host/system.h"
 #include "tools/createdsk/arguments.h"
 #include "tools/createdsk/create_disk.h"
 
+using discwright::host::PrintStream;
+using discwright::host::Stream;
 using discwright::tools::Arguments;
 using discwright::tools::Result;
 
 int main(int argc, char** argv) {
-  const std::vector<std::string> words(argv + (argc > 0 ? 1 : 0), argv + argc);
+  const std::vector<std::string> words = discwright::host::Arguments(argc, argv);
+  PrintStream output(Stream::kOutput);
+  PrintStream errors(Stream::kError);
   Arguments arguments;
   if (const Result result = discwright::tools::ParseArguments(words, arguments); !result.ok()) {
-    std::cerr << "CreateDsk: " << result.failure << "\n" << discwright::tools::kUsage << "\n";
+    errors << "CreateDsk: " << result.failure << "\n" << discwright::tools::kUsage << "\n";
     return 2;
   }
   std::string image_path;
   const Result result = discwright::tools::CreateDisk(arguments, discwright::host::ProgramFolder(), image_path);
   if (!result.ok()) {
-    std::cerr << "CreateDsk: " << result.failure << "\n";
+    errors << "CreateDsk: " << result.failure << "\n";
     return 1;
   }
-  std::cout << discwright::host::PathToNative(image_path) << " is made\n";
+  output << discwright::host::PathToNative(image_path) << " is made\n";
   return 0;
 }

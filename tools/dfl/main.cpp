@@ -1,8 +1,11 @@
 // dfl: makes duplicate files hard links of one another, so that mastering stores them once.
-#include <iostream>
-
+#include "host/arguments.h"
+#include "host/print_stream.h"
 #include "tools/dfl/dfl.h"
 
 int main(int argc, char** argv) {
-  return discwright::tools::dfl::RunDfl(std::vector<std::string>(argv + 1, argv + argc), std::cout, std::cerr);
+  using namespace discwright;
+  host::PrintStream output(host::Stream::kOutput);
+  host::PrintStream errors(host::Stream::kError);
+  return tools::dfl::RunDfl(host::Arguments(argc, argv), output, errors);
 }

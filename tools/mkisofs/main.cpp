@@ -2,24 +2,26 @@
 #include <chrono>
 #include <cstdlib>
 #include <exception>
-#include <iostream>
 #include <string>
 #include <vector>
 
+#include "host/arguments.h"
 #include "host/console.h"
+#include "host/print_stream.h"
 #include "tools/mkisofs/master.h"
 
 int main(int argc, char** argv) {
   using discwright::tools::mkisofs::Surroundings;
+  discwright::host::PrintStream messages(discwright::host::Stream::kError);
   try {
     discwright::host::CatchInterrupts();
-    const std::vector<std::string> words(argv + (argc > 0 ? 1 : 0), argv + argc);
+    const std::vector<std::string> words = discwright::host::Arguments(argc, argv);
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
     const Surroundings surroundings{std::getenv("SOURCE_DATE_EPOCH"), now.time_since_epoch().count(),
                                     [] { return discwright::host::InterruptCount() > 0; }};
-    return discwright::tools::mkisofs::Master(words, surroundings, std::cerr);
+    return discwright::tools::mkisofs::Master(words, surroundings, messages);
   } catch (const std::exception& failure) {  // no memory or no thread left
-    std::cerr << "mkisofs: " << failure.what() << "\n";
+    messages << "mkisofs: " << failure.what() << "\n";
     return 1;
   }
 }

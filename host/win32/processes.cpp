@@ -1,0 +1,91 @@
+// Runs other programs.
+#include "host/processes.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <mutex>
+#include <vector>
+
+#include "host/threads.h"
+#include "host/win32/ansi.h"
+#include "host/win32/launcher.h"
+
+namespace discwright::host {
+namespace {
+
+class WindowsProcess : public Process {
+ public:
+  explicit WindowsProcess(HANDLE process) : process_(process) {}
+
+  // WaitForInputIdle fails for programs without windows; that is no readiness.
+  bool Wait(int milliseconds, bool wait_for_idle) override {
+    const DWORD limit = milliseconds >= 1 ? static_cast<DWORD>(milliseconds) : INFINITE;
+    const DWORD result =
+        wait_for_idle ? WaitForInputIdle(process_.get(), limit) : WaitForSingleObject(process_.get(), limit);
+    return result == 0;
+  }
+
+ private:
+  OwnedHandle process_;
+};
+
+// The launched programs that may still run.
+class RunningChildren {
+ public:
+  void Add(const std::shared_ptr<Child>& child) {
+    const std::lock_guard lock(mutex_);
+    std::erase_if(children_, [](const std::weak_ptr<Child>& known) { return known.expired(); });
+    children_.push_back(child);
+  }
+
+  void EndAll() {
+    constexpr DWORD kPatience = 2000;  // milliseconds; the system ends a program that still writes a little later
+    std::vector<std::shared_ptr<Child>> ending;
+    const std::lock_guard lock(mutex_);
+    for (const std::weak_ptr<Child>& known : children_) {
+      const std::shared_ptr<Child> child = known.lock();
+      if (child != nullptr && child->Terminate()) ending.push_back(child);
+    }
+    for (const auto& child : ending) child->WaitForEnd(kPatience);
+  }
+
+ private:
+  Mutex mutex_;
+  std::vector<std::weak_ptr<Child>> children_;
+};
+
+class WindowsProgramRunner : public ProgramRunner {
+ public:
+  std::unique_ptr<Process> StartProcess(std::string_view command_line, int window_style, int creation_flags) override {
+    std::optional<std::string> native = AnsiOfUtf8(command_line);
+    if (!native) return nullptr;
+    STARTUPINFOA startup{};
+    startup.cb = sizeof(startup);
+    if (window_style != 0) {
+      startup.dwFlags = STARTF_USESHOWWINDOW;
+      startup.wShowWindow = static_cast<WORD>(window_style);
+    }
+    PROCESS_INFORMATION started{};
+    if (CreateProcessA(nullptr, native->data(), nullptr, nullptr, TRUE, static_cast<DWORD>(creation_flags), nullptr,
+                       nullptr, &startup, &started) == 0)
+      return nullptr;
+    CloseHandle(started.hThread);
+    return std::make_unique<WindowsProcess>(started.hProcess);
+  }
+
+  std::unique_ptr<Launcher> CreateLauncher(std::function<void()> wake) override {
+    return MakeLauncher(std::move(wake), [running = running_](const auto& child) { running->Add(child); });
+  }
+
+  void EndAll() override { running_->EndAll(); }
+
+ private:
+  std::shared_ptr<RunningChildren> running_ = std::make_shared<RunningChildren>();
+};
+
+}  // namespace
+
+std::unique_ptr<ProgramRunner> SystemProgramRunner() { return std::make_unique<WindowsProgramRunner>(); }
+
+}  // namespace discwright::host
