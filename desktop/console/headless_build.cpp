@@ -9,6 +9,7 @@
 #include "host/files.h"
 #include "host/native_text.h"
 #include "host/system.h"
+#include "pipeline/program_folder.h"
 #include "settings/key_files.h"
 #include "settings/session.h"
 #include "settings/win2k_info.h"
@@ -161,6 +162,10 @@ int RunBuild(util::Context& context, Terminal& terminal, const Options& options)
   const std::string session = options.session.empty() ? settings::SessionFile() : host::PathFromNative(options.session);
   if (!options.session.empty() && !host::CanRead(session)) {
     return UsageError(terminal, options.session + ": there is no such session file, or it cannot be read");
+  }
+  if (const std::string problem = pipeline::WhyNotBuiltHere(); !problem.empty()) {
+    terminal.PrintLine(problem);
+    return kExitFailed;
   }
   wizard::Form_Load(context, session);
   if (const std::string error = ApplyOptions(context.windows, options); !error.empty()) {

@@ -13,7 +13,7 @@ namespace discwright::host {
 namespace {
 
 // What separates arguments or means something to a shell. Beyond ASCII nothing does.
-constexpr std::string_view kSpecial = " \t&()[]{}^;,=%!'`~+|<>@";
+constexpr std::string_view kSpecial = " \t&()^;,=%!|<>";
 
 // By the system's own rule for its code page; what that lacks stays as it is.
 std::string LowerCase(std::string_view text) {
@@ -53,8 +53,8 @@ std::string Argument(const std::string& text) {
 
 std::array<std::string, 3> ScriptPrologue(std::string_view folder) {
   const std::string argument = ScriptPath(folder);
-  // The shell has no current folder on another computer: it is given a drive for it.
-  if (folder.starts_with("\\\\")) return {"@echo off", "c:", "pushd " + argument};
+  // The shell has no current folder on another computer; this gives it a drive there.
+  if (folder.starts_with("\\\\")) return {"@echo off", "rem The program is on another computer.", "pushd " + argument};
   return {"@echo off", std::string(folder.substr(0, 2)), "cd " + argument};
 }
 

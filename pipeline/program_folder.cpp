@@ -1,0 +1,21 @@
+// Tries whether the program folder can be written to.
+#include "pipeline/program_folder.h"
+
+#include "host/files.h"
+#include "host/system.h"
+
+namespace discwright::pipeline {
+
+std::string WhyNotBuiltHere() {
+  const std::string folder = host::ProgramFolder();
+  const std::string attempt = folder + "\\discwright.tmp";
+  host::Status status;
+  const bool is_made = host::OpenBinary(attempt, host::OpenMode::kCreateEmpty, status) != nullptr;
+  if (is_made) host::RemoveFile(attempt);
+  // Any other failure, a full disk for one, is told by the step that meets it: another folder would not help.
+  if (status.error != host::ErrorClass::kAccessDenied) return "";
+  return "The program folder " + host::PathToNative(folder) + " cannot be written to: " + status.cause +
+         ".\nCopy the program to a folder of your own and start it there.";
+}
+
+}  // namespace discwright::pipeline

@@ -1,0 +1,54 @@
+// A program folder that cannot be written to.
+#include <sys/mount.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "tests/end_to_end/build_test.h"
+
+namespace discwright::testing {
+
+namespace {
+
+// A folder that is read-only as long as this lives, for the superuser too.
+class ReadOnly {
+ public:
+  explicit ReadOnly(fs::path folder) : folder_(std::move(folder)) {
+    if (mount(folder_.c_str(), folder_.c_str(), nullptr, MS_BIND, nullptr) != 0) {
+      error_ = errno;
+    } else if (mount(nullptr, folder_.c_str(), nullptr, MS_REMOUNT | MS_BIND | MS_RDONLY, nullptr) != 0) {
+      error_ = errno;
+      umount2(folder_.c_str(), MNT_DETACH);
+    }
+  }
+  ~ReadOnly() {
+    if (error_ == 0) umount2(folder_.c_str(), MNT_DETACH);
+  }
+  ReadOnly(const ReadOnly&) = delete;
+  ReadOnly& operator=(const ReadOnly&) = delete;
+  int error() const { return error_; }
+
+ private:
+  fs::path folder_;
+  int error_ = 0;
+};
+
+class ReadOnlyProgram : public BuildTest {};
+
+}  // namespace
+
+TEST_F(ReadOnlyProgram, NothingIsBuiltAndTheWayOutIsTold) {
+  const ReadOnly read_only(program.folder());
+  if (read_only.error() != 0) GTEST_SKIP() << "this machine mounts nothing: " << std::strerror(read_only.error());
+  const auto before = Fingerprint(program.folder());
+  const Outcome outcome = Build();
+  EXPECT_EQ(outcome.exit_code, 1);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "The program folder " + program.folder().string() +
+                             " cannot be written to: Read-only file system.\n"
+                             "Copy the program to a folder of your own and start it there.\n");
+  EXPECT_EQ(Fingerprint(program.folder()), before);
+  EXPECT_TRUE(NoImageAt(image));
+}
+
+}  // namespace discwright::testing
