@@ -16,25 +16,23 @@ using testing::TempFolder;
 TEST(MakeFolders, MissingFolders_AreAllMade) {
   const TempFolder folder;
   EXPECT_TRUE(MakeFolders(folder.Core("One\\Two/Three\\")).ok());
-  EXPECT_TRUE(std::filesystem::is_directory(folder.Native("One/Two/Three")));
+  EXPECT_TRUE(std::filesystem::is_directory(folder.Path("One/Two/Three")));
 }
 
-TEST(MakeFolders, ExistingFolderOrLinkToOne_IsASuccess) {
+TEST(MakeFolders, ExistingFolder_IsASuccess) {
   const TempFolder folder;
   folder.MakeFolder("Folder");
-  folder.Link("Folder", "link");
   EXPECT_TRUE(MakeFolders(folder.Core("FOLDER")).ok());
-  EXPECT_TRUE(MakeFolders(folder.Core("link")).ok());
   EXPECT_TRUE(MakeFolders("\\").ok());
+  EXPECT_THAT(folder.Names(), ElementsAre("Folder"));
 }
 
-TEST(SameFolder, OtherLetterCaseOrThroughALink_IsTheSame) {
+TEST(SameFolder, OtherSpellings_AreTheSame) {
   const TempFolder folder;
-  folder.MakeFolder("Folder");
+  folder.MakeFolder("Folder/Sub");
   folder.MakeFolder("Other");
   folder.Write("File", "x");
-  folder.Link("Folder", "link");
-  EXPECT_TRUE(SameFolder(folder.Core("FOLDER\\"), folder.Core("link")));
+  EXPECT_TRUE(SameFolder(folder.Core("FOLDER\\"), folder.Core("Folder/Sub\\..")));
   EXPECT_FALSE(SameFolder(folder.Core("Folder"), folder.Core("Other")));
   EXPECT_FALSE(SameFolder(folder.Core("File"), folder.Core("File")));
   EXPECT_FALSE(SameFolder(folder.Core("missing"), folder.Core("missing")));
@@ -48,37 +46,15 @@ TEST(MakeFolders, FileInTheWay_IsAFailure) {
   EXPECT_EQ(folder.Read("File"), "x");
 }
 
-TEST(MakeFolders, BrokenLinkInTheWay_IsAFailure) {
-  const TempFolder folder;
-  folder.Link("nowhere", "link");
-  EXPECT_EQ(MakeFolders(folder.Core("link\\below")).error, ErrorClass::kExists);
-}
-
 TEST(MakeFolders, EmptyPath_IsNotFound) { EXPECT_EQ(MakeFolders("").error, ErrorClass::kNotFound); }
 
-TEST(ClearAttributes, ReadOnlyFile_BecomesWritableForItsOwner) {
+TEST(ClearAttributes, ReadOnlyFile_BecomesWritable) {
   const TempFolder folder;
-  folder.Write("file", "x");
-  folder.SetMode("file", 0040);
+  folder.Write("File", "x");
+  folder.SetReadOnly("File");
   EXPECT_TRUE(ClearAttributes(folder.Core("FILE")).ok());
-  EXPECT_EQ(folder.Mode("file"), 0640u);
-}
-
-TEST(ClearAttributes, ReadOnlyFolder_CanBeEnteredAndChangedAgain) {
-  const TempFolder folder;
-  folder.MakeFolder("folder");
-  folder.SetMode("folder", 0055);
-  EXPECT_TRUE(ClearAttributes(folder.Core("folder")).ok());
-  EXPECT_EQ(folder.Mode("folder"), 0755u);
-}
-
-TEST(ClearAttributes, Link_LeavesItsTargetAsItIs) {
-  const TempFolder folder;
-  folder.Write("file", "x");
-  folder.SetMode("file", 0444);
-  folder.Link("file", "link");
-  EXPECT_TRUE(ClearAttributes(folder.Core("link")).ok());
-  EXPECT_EQ(folder.Mode("file"), 0444u);
+  EXPECT_FALSE(folder.IsReadOnly("File"));
+  EXPECT_TRUE(ClearAttributes(folder.Core("File")).ok());
 }
 
 TEST(ClearAttributes, MissingFile_IsNotFound) {
@@ -91,19 +67,6 @@ TEST(RemoveFile, FileInAnotherCase_IsRemoved) {
   folder.Write("File", "x");
   EXPECT_TRUE(RemoveFile(folder.Core("FILE")).ok());
   EXPECT_THAT(folder.Names(), IsEmpty());
-}
-
-TEST(RemoveFile, LinksAndPipes_AreRemovedThemselves) {
-  const TempFolder folder;
-  const TempFolder elsewhere;
-  elsewhere.Write("file", "x");
-  folder.Link(elsewhere.Native("file"), "file");
-  folder.Link(elsewhere.native(), "folder");
-  folder.Link("nowhere", "broken");
-  folder.Pipe("pipe");
-  for (const char* name : {"file", "folder", "broken", "pipe"}) EXPECT_TRUE(RemoveFile(folder.Core(name)).ok()) << name;
-  EXPECT_THAT(folder.Names(), IsEmpty());
-  EXPECT_EQ(elsewhere.Read("file"), "x");
 }
 
 TEST(RemoveFile, FolderOrNothing_IsAFailure) {
@@ -139,13 +102,6 @@ TEST(RenameFile, TakenNameInAnyCase_IsRefusedAndBothStay) {
   EXPECT_EQ(RenameFile(folder.Core("from"), folder.Core("TO")).error, ErrorClass::kExists);
   EXPECT_EQ(folder.Read("from"), "1");
   EXPECT_EQ(folder.Read("To"), "2");
-}
-
-TEST(RenameFile, BrokenLinkWithTheName_IsRefused) {
-  const TempFolder folder;
-  folder.Write("from", "1");
-  folder.Link("nowhere", "to");
-  EXPECT_EQ(RenameFile(folder.Core("from"), folder.Core("to")).error, ErrorClass::kExists);
 }
 
 TEST(RenameFile, MissingSource_IsNotFound) {

@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include "host/threads.h"
 #include "tests/host/temp_folder.h"
 
 namespace discwright::host {
@@ -53,6 +54,36 @@ TEST(PartFileTest, Committed_ReplacesAnEarlierFile) {
   EXPECT_THAT(folder.Names(), ElementsAre("file"));
 }
 
+TEST(PartFileTest, PartsInAnyOrder_MakeTheWholeFile) {
+  const TempFolder folder;
+  Status status;
+  const auto file = CreatePartFile(folder.Core("file"), 10, status);
+  ASSERT_NE(file, nullptr);
+  EXPECT_TRUE(file->WriteAt(5, Bytes("56789")).ok());
+  EXPECT_TRUE(file->WriteAt(0, Bytes("01234")).ok());
+  EXPECT_TRUE(file->Commit().ok());
+  EXPECT_EQ(folder.Read("file"), "0123456789");
+}
+
+TEST(PartFileTest, SeveralThreads_WriteTheirPartsWhereTheyBelong) {
+  const TempFolder folder;
+  const auto file = Create(folder);
+  constexpr std::size_t kPart = 1000;
+  const auto write = [&](std::size_t first) {
+    for (std::size_t part = first; part < 64; part += 2) {
+      const std::string bytes(kPart, static_cast<char>('A' + part % 26));
+      EXPECT_TRUE(file->WriteAt(part * kPart, Bytes(bytes)).ok());
+    }
+  };
+  Thread other([&] { write(1); });
+  write(0);
+  other.Join();
+  EXPECT_TRUE(file->Commit().ok());
+  const std::string content = folder.Read("file");
+  ASSERT_EQ(content.size(), 64 * kPart);
+  for (std::size_t i = 0; i < content.size(); ++i) ASSERT_EQ(content[i], static_cast<char>('A' + i / kPart % 26)) << i;
+}
+
 TEST(PartFileTest, OfTwoRuns_TheLaterWins) {
   const TempFolder folder;
   auto early = Create(folder);
@@ -75,26 +106,13 @@ TEST(PartFileTest, EarlierRunBehindAFinishedOne_DoesNotTouchItsFile) {
   EXPECT_EQ(folder.Read("file"), "");
 }
 
-TEST(PartFileTest, LinkUnderThePartsName_IsReplacedNotFollowed) {
-  const TempFolder folder;
-  folder.Write("precious", "content");
-  folder.Link("precious", "file.part");
-  const auto file = Create(folder);
-  EXPECT_TRUE(file->WriteAt(0, Bytes("new")).ok());
-  EXPECT_TRUE(file->Commit().ok());
-  EXPECT_EQ(folder.Read("precious"), "content");
-}
-
-TEST(PartFileTest, NameThatIsNoRegularFile_IsAFailure) {
+TEST(PartFileTest, FolderWithItsName_IsAFailure) {
   const TempFolder folder;
   folder.MakeFolder("folder");
-  folder.Pipe("pipe");
   Status status;
-  for (const char* name : {"folder", "pipe"}) {
-    EXPECT_EQ(CreatePartFile(folder.Core(name), 0, status), nullptr);
-    EXPECT_EQ(status.error, ErrorClass::kWrongKind) << name;
-  }
-  EXPECT_THAT(folder.Names(), ElementsAre("folder", "pipe"));
+  EXPECT_EQ(CreatePartFile(folder.Core("folder"), 0, status), nullptr);
+  EXPECT_EQ(status.error, ErrorClass::kWrongKind);
+  EXPECT_THAT(folder.Names(), ElementsAre("folder"));
 }
 
 TEST(PartFileTest, PlaceThatCannotHoldIt_IsAFailure) {

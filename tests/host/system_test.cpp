@@ -3,29 +3,8 @@
 
 #include <gmock/gmock.h>
 
-#include <filesystem>
-
-#include "host/posix/mounts.h"
-
 namespace discwright::host {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
-TEST(ProgramFolder, HoldsTheRunningProgram) {
-  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe");
-  EXPECT_EQ(ProgramFolder(), PathFromNative(program.parent_path().string()));
-}
-
-TEST(CurrentFolder, IsAbsoluteInTheCoresSpelling) {
-  EXPECT_EQ(CurrentFolder(), PathFromNative(std::filesystem::current_path().string()));
-  EXPECT_EQ(CurrentFolder().front(), '\\');
-}
-
-TEST(PlatformId, IsTheNtFamily) { EXPECT_EQ(PlatformId(), 2); }
-
-TEST(ShortPath, ExistingPath_HasNone) { EXPECT_EQ(ShortPath("\\"), ""); }
 
 TEST(Today, Parts_AreWithinTheirRanges) {
   const Date today = Today();
@@ -33,32 +12,6 @@ TEST(Today, Parts_AreWithinTheirRanges) {
   EXPECT_THAT(today.month, ::testing::AllOf(::testing::Ge(1), ::testing::Le(12)));
   EXPECT_THAT(today.day, ::testing::AllOf(::testing::Ge(1), ::testing::Le(31)));
   EXPECT_FALSE(today.weekday.empty());
-}
-
-TEST(OpticalMountPoints, OnlyOpticalFileSystems_AreTakenInTheTablesOrder) {
-  EXPECT_THAT(OpticalMountPoints("/dev/sda1 / ext4 rw 0 0\n"
-                                 "/dev/sr1 /media/second udf ro 0 0\n"
-                                 "proc /proc proc rw 0 0\n"
-                                 "/dev/sr0 /media/first iso9660 ro,nosuid 0 0\n"),
-              ElementsAre("/media/second", "/media/first"));
-}
-
-TEST(OpticalMountPoints, OctalEscapes_AreDecoded) {
-  EXPECT_THAT(OpticalMountPoints("/dev/sr0 /media/a\\040b\\011c\\134d\\012e iso9660 ro 0 0\n"),
-              ElementsAre("/media/a b\tc\\d\ne"));
-}
-
-TEST(OpticalMountPoints, BackslashWithoutThreeOctalDigits_StaysAsItIs) {
-  EXPECT_THAT(OpticalMountPoints("/dev/sr0 /media/a\\09\\4 iso9660 ro 0 0\n"), ElementsAre("/media/a\\09\\4"));
-}
-
-TEST(OpticalMountPoints, PlaceMountedTwice_IsListedOnce) {
-  EXPECT_THAT(OpticalMountPoints("/dev/sr0 /m iso9660 ro 0 0\n/dev/sr1 /m udf ro 0 0\n"), ElementsAre("/m"));
-}
-
-TEST(OpticalMountPoints, EmptyOrCutTable_HasNone) {
-  EXPECT_THAT(OpticalMountPoints(""), IsEmpty());
-  EXPECT_THAT(OpticalMountPoints("\n/dev/sr0\n/dev/sr0 /m\n"), IsEmpty());
 }
 
 }  // namespace

@@ -2,14 +2,18 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#ifndef _WIN32
 #include <sys/mount.h>
 #include <sys/stat.h>
+#endif
 
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <memory>
+#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,37 +23,83 @@
 
 namespace discwright::host::testing {
 
+// A path of a test's as the system spells it: UTF-8 on Windows, any bytes elsewhere.
+inline std::filesystem::path PathOf(std::string_view native) {
+#ifdef _WIN32
+  return std::u8string(native.begin(), native.end());
+#else
+  return native;
+#endif
+}
+
+inline std::string TextOf(const std::filesystem::path& path) {
+#ifdef _WIN32
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+#else
+  return path.native();
+#endif
+}
+
 // Knows its content by the system's own means, not by the functions under test.
 class TempFolder {
  public:
-  TempFolder() {
-    std::string pattern = std::filesystem::temp_directory_path() / "host-test-XXXXXX";
-    native_ = mkdtemp(pattern.data());
+  explicit TempFolder(const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
+    std::random_device random;
+    std::filesystem::path path;
+    do {
+      path = parent / ("host-test-" + std::to_string(random()));
+    } while (!std::filesystem::create_directory(path));
+    native_ = TextOf(path);
   }
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;
   ~TempFolder() {
     std::error_code ignored;
-    std::filesystem::remove_all(native_, ignored);
+#ifdef _WIN32
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(PathOf(native_), ignored))
+      SetWritable(entry.path(), true);
+#endif
+    std::filesystem::remove_all(PathOf(native_), ignored);
   }
 
   const std::string& native() const { return native_; }
   std::string Native(std::string_view name) const { return native_ + "/" + std::string(name); }
+  std::filesystem::path Path(std::string_view name) const { return PathOf(Native(name)); }
   // A path below this folder in the core's spelling; `name` may have separators.
   std::string Core(std::string_view name = "") const {
     return name.empty() ? PathFromNative(native_) : PathFromNative(native_) + "\\" + std::string(name);
   }
 
   void Write(std::string_view name, std::string_view content) const {
-    std::filesystem::create_directories(std::filesystem::path(Native(name)).parent_path());
-    std::ofstream(Native(name), std::ios::binary) << content;
+    std::filesystem::create_directories(Path(name).parent_path());
+    std::ofstream(Path(name), std::ios::binary) << content;
   }
   std::string Read(std::string_view name) const {
-    std::ifstream file(Native(name), std::ios::binary);
+    std::ifstream file(Path(name), std::ios::binary);
     if (!file) return "<missing>";
     return {std::istreambuf_iterator<char>(file), {}};
   }
-  void MakeFolder(std::string_view name) const { std::filesystem::create_directories(Native(name)); }
+  void MakeFolder(std::string_view name) const { std::filesystem::create_directories(Path(name)); }
+  void MakeHardLink(std::string_view existing, std::string_view fresh) const {
+    std::filesystem::create_hard_link(Path(existing), Path(fresh));
+  }
+  // Whether the owner may write to it; on Windows the read-only mark.
+  void SetReadOnly(std::string_view name) const { SetWritable(Path(name), false); }
+  bool IsReadOnly(std::string_view name) const {
+    using std::filesystem::perms;
+    return (std::filesystem::status(Path(name)).permissions() & perms::owner_write) == perms::none;
+  }
+  // Everything directly in the folder, sorted.
+  std::vector<std::string> Names(std::string_view name = "") const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(Path(name)))
+      names.push_back(TextOf(entry.path().filename()));
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+#ifndef _WIN32
   void Link(std::string_view target, std::string_view name) const {
     std::filesystem::create_symlink(target, Native(name));
   }
@@ -59,19 +109,34 @@ class TempFolder {
     return stat(Native(name).c_str(), &facts) == 0 ? facts.st_mode & 07777u : 0;
   }
   void SetMode(std::string_view name, unsigned mode) const { ASSERT_EQ(chmod(Native(name).c_str(), mode), 0); }
-  // Everything directly in the folder, sorted.
-  std::vector<std::string> Names(std::string_view name = "") const {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(Native(name)))
-      names.push_back(entry.path().filename());
-    std::sort(names.begin(), names.end());
-    return names;
-  }
+#endif
 
  private:
+  static void SetWritable(const std::filesystem::path& path, bool writable) {
+    using std::filesystem::perm_options;
+    std::error_code ignored;
+    const auto change = writable ? perm_options::add : perm_options::remove;
+    std::filesystem::permissions(path, std::filesystem::perms::owner_write, change, ignored);
+  }
+
   std::string native_;
 };
 
+#ifdef _WIN32
+// A disk of about one megabyte, which whoever runs the tests may name in DISCWRIGHT_SMALL_DISK.
+class SmallDisk {
+ public:
+  SmallDisk() {
+    const char* const place = std::getenv("DISCWRIGHT_SMALL_DISK");
+    if (place != nullptr) folder_ = std::make_unique<TempFolder>(place);
+  }
+  bool mounted() const { return folder_ != nullptr; }
+  const TempFolder& folder() const { return *folder_; }
+
+ private:
+  std::unique_ptr<TempFolder> folder_;
+};
+#else
 // A file system of one megabyte in a folder of the test. Mounting needs rights that not every machine gives.
 class SmallDisk {
  public:
@@ -88,6 +153,7 @@ class SmallDisk {
   TempFolder folder_;
   bool mounted_ = false;
 };
+#endif
 
 inline std::string BytesOfSize(std::size_t size) {
   std::string bytes(size, '\0');

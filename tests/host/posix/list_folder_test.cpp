@@ -1,0 +1,135 @@
+// Listing and looking at symbolic links, pipes, devices and names that are not UTF-8.
+#include <gmock/gmock.h>
+
+#include "host/files.h"
+#include "tests/host/temp_folder.h"
+
+namespace discwright::host {
+namespace {
+
+using testing::TempFolder;
+
+Entry OnlyEntry(const Listing& listing) {
+  EXPECT_EQ(listing.entries.size(), 1u);
+  return listing.entries.empty() ? Entry{} : listing.entries[0];
+}
+
+TEST(ListFolder, LinkToAFileOrFolder_HasItsTargetsKindAndSize) {
+  const TempFolder folder;
+  const TempFolder elsewhere;
+  elsewhere.Write("target", "1234567");
+  folder.Link(elsewhere.Native("target"), "file");
+  folder.Link(elsewhere.native(), "folder");
+  const Listing listing = ListFolder(folder.Core(), "*.*");
+  ASSERT_EQ(listing.entries.size(), 2u);
+  EXPECT_EQ(listing.entries[0].kind, EntryKind::kFile);
+  EXPECT_EQ(listing.entries[0].size, 7);
+  EXPECT_TRUE(listing.entries[0].is_link);
+  EXPECT_EQ(listing.entries[1].kind, EntryKind::kFolder);
+  EXPECT_TRUE(listing.entries[1].is_link);
+  EXPECT_FALSE(listing.entries[1].loops);
+}
+
+TEST(ListFolder, BrokenLink_IsAFileOfSizeZeroMarkedBroken) {
+  const TempFolder folder;
+  folder.Link("nowhere", "link");
+  const Entry entry = OnlyEntry(ListFolder(folder.Core(), "*.*"));
+  EXPECT_TRUE(entry.broken && entry.is_link);
+  EXPECT_EQ(entry.kind, EntryKind::kFile);
+  EXPECT_EQ(entry.size, 0);
+}
+
+TEST(ListFolder, LinkToItself_IsBroken) {
+  const TempFolder folder;
+  folder.Link("link", "link");
+  EXPECT_TRUE(OnlyEntry(ListFolder(folder.Core(), "*.*")).broken);
+}
+
+TEST(ListFolder, LinkToOneOfItsOwnParents_Loops) {
+  const TempFolder folder;
+  folder.MakeFolder("a/b");
+  folder.Link(".", "a/b/self");
+  folder.Link("../..", "a/b/top");
+  folder.Link("/", "a/b/root");
+  folder.MakeFolder("a/b/plain");
+  for (const Entry& entry : ListFolder(folder.Core("a\\b"), "*.*").entries) {
+    EXPECT_EQ(entry.loops, entry.is_link) << entry.name;
+  }
+}
+
+TEST(ListFolder, LinksBetweenTwoFolders_LoopOnlyWhereTheWayComesBack) {
+  const TempFolder folder;
+  folder.MakeFolder("a");
+  folder.MakeFolder("b");
+  folder.Link("../b", "a/to_b");
+  folder.Link("../a", "b/to_a");
+  EXPECT_FALSE(OnlyEntry(ListFolder(folder.Core("a"), "*.*")).loops);
+  EXPECT_TRUE(OnlyEntry(ListFolder(folder.Core("a\\to_b"), "*.*")).loops);
+  EXPECT_FALSE(OnlyEntry(ListFolder(folder.Core("b"), "*.*")).loops);
+}
+
+TEST(ListFolder, PipesAndDevices_AreSpecialAndNeverOpened) {
+  const TempFolder folder;
+  folder.Pipe("pipe");
+  folder.Link("/dev/zero", "zero");
+  const Listing listing = ListFolder(folder.Core(), "*.*");
+  ASSERT_EQ(listing.entries.size(), 2u);
+  EXPECT_EQ(listing.entries[0].kind, EntryKind::kSpecial);
+  EXPECT_EQ(listing.entries[1].kind, EntryKind::kSpecial);
+  EXPECT_TRUE(listing.entries[1].is_link);
+}
+
+TEST(ListFolder, NameThatIsNotUtf8_IsListedAsItsBytesAndCanBeRead) {
+  const TempFolder folder;
+  folder.Write("b\xFCro.txt", "content");
+  const Entry entry = OnlyEntry(ListFolder(folder.Core(), "B\xFCRO.*"));
+  EXPECT_EQ(entry.name, "b\xFCro.txt");
+  std::string content;
+  EXPECT_TRUE(ReadWholeFile(folder.Core(entry.name), content).ok());
+  EXPECT_EQ(content, "content");
+}
+
+TEST(Look, Links_AreFollowed) {
+  const TempFolder folder;
+  folder.Write("file", "1234");
+  folder.Link("file", "link");
+  folder.Link(".", "loop");
+  EXPECT_EQ(Look(folder.Core("link"))->size, 4);
+  EXPECT_TRUE(Look(folder.Core("link"))->is_link);
+  EXPECT_TRUE(Look(folder.Core("loop"))->loops);
+}
+
+TEST(Look, BrokenLink_IsNothing) {
+  const TempFolder folder;
+  folder.Link("nowhere", "link");
+  EXPECT_FALSE(Look(folder.Core("link")).has_value());
+}
+
+TEST(ListFolder, NamesThatDifferInCase_AreAllListed) {
+  const TempFolder folder;
+  for (const char* name : {"b", "B"}) folder.Write(name, "");
+  const Listing listing = ListFolder(folder.Core(), "*.*");
+  ASSERT_EQ(listing.entries.size(), 2u);
+  EXPECT_EQ(listing.entries[0].name + listing.entries[1].name, "Bb");
+}
+
+TEST(Look, PipeOrDevice_IsSpecial) {
+  const TempFolder folder;
+  folder.Pipe("pipe");
+  EXPECT_EQ(Look(folder.Core("pipe"))->kind, EntryKind::kSpecial);
+  EXPECT_EQ(Look("\\dev\\zero")->kind, EntryKind::kSpecial);
+}
+
+TEST(CanRead, OnlyLinksToFiles) {
+  const TempFolder folder;
+  folder.Write("File", "");
+  folder.Link("File", "link");
+  folder.Link("nowhere", "broken");
+  folder.Link("/dev/zero", "zero");
+  folder.Pipe("pipe");
+  EXPECT_TRUE(CanRead(folder.Core("link")));
+  for (const char* name : {"broken", "zero", "pipe"}) EXPECT_FALSE(CanRead(folder.Core(name))) << name;
+}
+
+}  // namespace
+}  // namespace discwright::host

@@ -1,0 +1,45 @@
+// Unfinished files beside links and pipes.
+#include "host/part_file.h"
+
+#include <gmock/gmock.h>
+
+#include "tests/host/temp_folder.h"
+
+namespace discwright::host {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::TempFolder;
+
+std::span<const std::uint8_t> Bytes(std::string_view text) {
+  return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+std::unique_ptr<PartFile> Create(const TempFolder& folder, const std::string& name) {
+  Status status;
+  auto file = CreatePartFile(folder.Core(name), 0, status);
+  EXPECT_TRUE(status.ok()) << status.cause;
+  return file;
+}
+
+TEST(PartFileTest, LinkUnderThePartsName_IsReplacedNotFollowed) {
+  const TempFolder folder;
+  folder.Write("precious", "content");
+  folder.Link("precious", "file.part");
+  const auto file = Create(folder, "file");
+  EXPECT_TRUE(file->WriteAt(0, Bytes("new")).ok());
+  EXPECT_TRUE(file->Commit().ok());
+  EXPECT_EQ(folder.Read("precious"), "content");
+}
+
+TEST(PartFileTest, PipeWithItsName_IsAFailure) {
+  const TempFolder folder;
+  folder.Pipe("pipe");
+  Status status;
+  EXPECT_EQ(CreatePartFile(folder.Core("pipe"), 0, status), nullptr);
+  EXPECT_EQ(status.error, ErrorClass::kWrongKind);
+  EXPECT_THAT(folder.Names(), ElementsAre("pipe"));
+}
+
+}  // namespace
+}  // namespace discwright::host

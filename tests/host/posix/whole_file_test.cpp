@@ -1,0 +1,93 @@
+// Reading and replacing what links lead to, permission bits, and files of unknown size.
+#include <gmock/gmock.h>
+
+#include "host/files.h"
+#include "tests/host/temp_folder.h"
+
+namespace discwright::host {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::TempFolder;
+
+TEST(ReadWholeFile, FileOfUnknownSize_IsReadToItsEnd) {
+  std::string content;
+  EXPECT_TRUE(ReadWholeFile("\\proc\\self\\status", content).ok());
+  EXPECT_THAT(content, ::testing::StartsWith("Name:"));
+}
+
+TEST(ReadWholeFile, PipeOrDevice_IsOfTheWrongKindAndNotOpened) {
+  const TempFolder folder;
+  folder.Pipe("pipe");
+  folder.Link("/dev/zero", "zero");
+  std::string content = "before";
+  for (const char* name : {"pipe", "zero"}) {
+    EXPECT_EQ(ReadWholeFile(folder.Core(name), content).error, ErrorClass::kWrongKind) << name;
+  }
+  EXPECT_EQ(content, "");
+}
+
+TEST(WriteWholeFile, LongerExistingFile_KeepsItsMode) {
+  const TempFolder folder;
+  folder.Write("file", "a long old content");
+  folder.SetMode("file", 0640);
+  EXPECT_TRUE(WriteWholeFile(folder.Core("file"), "new").ok());
+  EXPECT_EQ(folder.Read("file"), "new");
+  EXPECT_EQ(folder.Mode("file"), 0640u);
+}
+
+TEST(WriteWholeFile, LongestPossibleName_IsWritten) {
+  const TempFolder folder;
+  const std::string name(255, 'n');
+  EXPECT_TRUE(WriteWholeFile(folder.Core(name), "x").ok());
+  EXPECT_EQ(folder.Read(name), "x");
+}
+
+TEST(WriteWholeFile, ReaderOfTheOldFile_KeepsTheOldContent) {
+  const TempFolder folder;
+  folder.Write("file", "old");
+  std::ifstream reader(folder.Native("file"));
+  ASSERT_TRUE(WriteWholeFile(folder.Core("file"), "new").ok());
+  std::string content;
+  reader >> content;
+  EXPECT_EQ(content, "old");
+}
+
+TEST(WriteWholeFile, LinkToAFile_StaysALinkAndItsTargetIsReplaced) {
+  const TempFolder folder;
+  folder.Write("real/settings", "old");
+  folder.Link("real/settings", "middle");
+  folder.Link(folder.Native("middle"), "link");
+  EXPECT_TRUE(WriteWholeFile(folder.Core("LINK"), "new").ok());
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.Native("link")));
+  EXPECT_EQ(folder.Read("real/settings"), "new");
+  EXPECT_THAT(folder.Names("real"), ElementsAre("settings"));
+}
+
+TEST(WriteWholeFile, LinkToAMissingFile_MakesTheTarget) {
+  const TempFolder folder;
+  folder.Link("target", "link");
+  EXPECT_TRUE(WriteWholeFile(folder.Core("link"), "new").ok());
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.Native("link")));
+  EXPECT_EQ(folder.Read("target"), "new");
+}
+
+TEST(WriteWholeFile, LinkToItself_IsALoop) {
+  const TempFolder folder;
+  folder.Link("link", "link");
+  EXPECT_EQ(WriteWholeFile(folder.Core("link"), "new").error, ErrorClass::kLoop);
+  EXPECT_THAT(folder.Names(), ElementsAre("link"));
+}
+
+TEST(WriteWholeFile, PipeOrDevice_IsOfTheWrongKind) {
+  const TempFolder folder;
+  folder.Pipe("pipe");
+  folder.Link("/dev/zero", "zero");
+  for (const char* name : {"pipe", "zero"}) {
+    EXPECT_EQ(WriteWholeFile(folder.Core(name), "x").error, ErrorClass::kWrongKind) << name;
+  }
+  EXPECT_THAT(folder.Names(), ElementsAre("pipe", "zero"));
+}
+
+}  // namespace
+}  // namespace discwright::host
