@@ -1,15 +1,17 @@
 # The front door. Every target installs what it needs, configures and builds by itself.
 
 program := build/linux/program
+windows_program := build/windows-x86/program
 jobs := $(shell nproc)
 
-.PHONY: help program iso test test-asan bench lint format clean
+.PHONY: help program windows iso test test-asan bench lint format clean
 
 help:
 	@echo "make iso        makes the example CD image, build/vexacd.iso"
 	@echo "make program    builds the program folder, $(program)"
-	@echo "make test       builds and runs every test"
-	@echo "make test-asan  the same under the address and undefined behaviour sanitizers"
+	@echo "make windows    builds the program folder for Windows, $(windows_program)"
+	@echo "make test       builds and runs every test, those of the Windows programs under Wine"
+	@echo "make test-asan  those of Linux under the address and undefined behaviour sanitizers"
 	@echo "make bench      measures and prints ratios"
 	@echo "make lint       runs the checkers"
 	@echo "make format     formats the sources"
@@ -23,11 +25,21 @@ program:
 iso: program
 	$(program)/discwright-build --session examples/rescue_cd.ini -o build/vexacd.iso
 
-test:
+windows:
+	scripts/bootstrap.sh windows
+	cmake --preset windows-x86 --log-level=WARNING
+	cmake --build --preset windows-x86 -j $(jobs)
+	scripts/check_windows_programs.py $(windows_program)/*.exe
+
+test: windows
 	scripts/bootstrap.sh test
-	cmake --preset linux -DDISCWRIGHT_TESTS=ON --log-level=WARNING
+	cmake --preset windows-x64 --log-level=WARNING
+	cmake --build --preset windows-x64 -j $(jobs)
+	cmake --preset linux -DDISCWRIGHT_TESTS=ON -DDISCWRIGHT_WINDOWS_PROGRAM=$(CURDIR)/build/windows-x64/program \
+		--log-level=WARNING
 	cmake --build --preset linux -j $(jobs)
 	ctest --preset linux -j $(jobs)
+	ctest --preset windows-x64 -j $(jobs)
 
 test-asan:
 	scripts/bootstrap.sh test

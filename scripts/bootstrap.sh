@@ -1,20 +1,23 @@
 #!/bin/sh
 # Installs the Debian 12 packages that building and testing need; does nothing when they are all there.
 #   scripts/bootstrap.sh build    what the program itself needs (default)
-#   scripts/bootstrap.sh test     also the readers that the tests compare against
+#   scripts/bootstrap.sh windows  also the compilers of the Windows programs
+#   scripts/bootstrap.sh test     also the readers that the tests compare against, and Wine
 #   scripts/bootstrap.sh fuzz     also the compiler of the fuzz targets
 #   scripts/bootstrap.sh lint     also the checkers
 #   scripts/bootstrap.sh bench    also the programs that are measured against
 set -eu
 
 packages="g++ make cmake ninja-build nasm libssl-dev libxxhash-dev"
+cross="g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32"
 case "${1:-build}" in
   build) ;;
-  test) packages="$packages libgtest-dev libgmock-dev mtools dosfstools genisoimage xorriso libarchive-tools p7zip-full python3 universal-ctags" ;;
+  windows) packages="$packages $cross python3" ;;
+  test) packages="$packages $cross wine wine64 libgtest-dev libgmock-dev googletest mtools dosfstools genisoimage xorriso libarchive-tools p7zip-full python3 universal-ctags" ;;
   fuzz) packages="$packages clang libclang-rt-14-dev" ;;
-  lint) packages="$packages libgtest-dev libgmock-dev clang-format clang-tidy shellcheck python3 universal-ctags" ;;
+  lint) packages="$packages $cross libgtest-dev libgmock-dev clang-format clang-tidy shellcheck python3 universal-ctags" ;;
   bench) packages="$packages genisoimage xorriso jdupes rdfind python3" ;;
-  *) echo "bootstrap.sh: unknown set '$1' (build, test, fuzz, lint or bench)" >&2; exit 2 ;;
+  *) echo "bootstrap.sh: unknown set '$1' (build, windows, test, fuzz, lint or bench)" >&2; exit 2 ;;
 esac
 
 missing=""
