@@ -29,7 +29,7 @@ windows:
 	scripts/bootstrap.sh windows
 	cmake --preset windows-x86 --log-level=WARNING
 	cmake --build --preset windows-x86 -j $(jobs)
-	scripts/check_windows_programs.py $(windows_program)/*.exe
+	ctest --preset windows-x86
 
 test: windows
 	scripts/bootstrap.sh test
@@ -55,7 +55,8 @@ bench: program
 lint:
 	scripts/bootstrap.sh lint
 	cmake --preset linux -DDISCWRIGHT_TESTS=ON --log-level=WARNING
-	scripts/lint.sh build/linux
+	cmake --preset windows-x64 --log-level=WARNING
+	scripts/lint.sh build/linux build/windows-x64
 
 format:
 	scripts/bootstrap.sh lint

@@ -15,7 +15,7 @@ case "${1:-build}" in
   windows) packages="$packages $cross python3" ;;
   test) packages="$packages $cross wine wine64 libgtest-dev libgmock-dev googletest mtools dosfstools genisoimage xorriso libarchive-tools p7zip-full python3 universal-ctags" ;;
   fuzz) packages="$packages clang libclang-rt-14-dev" ;;
-  lint) packages="$packages $cross libgtest-dev libgmock-dev clang-format clang-tidy shellcheck python3 universal-ctags" ;;
+  lint) packages="$packages $cross libgtest-dev libgmock-dev googletest clang-format clang-tidy shellcheck python3 universal-ctags" ;;
   bench) packages="$packages genisoimage xorriso jdupes rdfind python3" ;;
   *) echo "bootstrap.sh: unknown set '$1' (build, windows, test, fuzz, lint or bench)" >&2; exit 2 ;;
 esac

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstdint>
 #include <system_error>
 #include <utility>
 
@@ -97,7 +98,8 @@ Thread::Thread(std::function<void()> work) : state_(std::make_unique<State>()) {
   auto own = std::make_unique<std::function<void()>>(std::move(work));
   unsigned id = 0;  // Windows 95 does not take a null pointer for it
   // The C library's own call, which prepares what it keeps for each thread.
-  state_->handle = reinterpret_cast<HANDLE>(_beginthreadex(nullptr, 0, RunThread, own.get(), 0, &id));
+  const std::uintptr_t handle = _beginthreadex(nullptr, 0, RunThread, own.get(), 0, &id);
+  state_->handle = reinterpret_cast<HANDLE>(handle);  // NOLINT(performance-no-int-to-ptr): so it is declared
   if (state_->handle == nullptr)
     throw std::system_error(std::make_error_code(std::errc::resource_unavailable_try_again));
   static_cast<void>(own.release());
