@@ -5,9 +5,9 @@
 #include <cstdio>
 #include <mutex>
 
-#include "host/system.h"
 #include "host/threads.h"
 #include "host/win32/errors.h"
+#include "host/win32/family.h"
 #include "host/win32/newer_call.h"
 #include "host/win32/process_tree.h"
 
@@ -52,7 +52,7 @@ bool PutIntoJob(const OwnedHandle& job, HANDLE process) {
 // Windows 95 to Me know no program without a window: there it gets a console of its own, and the start-up record hides
 // that.
 DWORD CreationFlags(bool has_job) {
-  const DWORD window = PlatformId() == VER_PLATFORM_WIN32_NT ? CREATE_NO_WINDOW : CREATE_NEW_CONSOLE;
+  const DWORD window = IsNtFamily() ? CREATE_NO_WINDOW : CREATE_NEW_CONSOLE;
   // It must not start anything before it is in its job.
   return window | (has_job ? CREATE_SUSPENDED : 0);
 }

@@ -6,7 +6,7 @@
 #include <array>
 
 #include "host/leading_parts.h"
-#include "host/system.h"
+#include "host/win32/family.h"
 
 namespace discwright::host {
 namespace {
@@ -44,9 +44,9 @@ std::string ByCmd(const std::string& script, std::string_view arguments) {
 std::string ByCommandCom(const std::string& script, std::string_view arguments) {
   std::array<char, MAX_PATH> short_path{};
   const DWORD length = GetShortPathNameA(script.c_str(), short_path.data(), static_cast<DWORD>(short_path.size()));
-  const std::string name = length > 0 && length < short_path.size() ? short_path.data() : script;
-  const bool has_blank = name.find(' ') != name.npos;
-  return Shell("command.com") + " /c " + (has_blank ? Quoted(name) : name).append(arguments);
+  std::string name = length > 0 && length < short_path.size() ? short_path.data() : script;
+  if (name.find(' ') != name.npos) name = Quoted(name);
+  return Shell("command.com") + " /c " + name.append(arguments);
 }
 
 }  // namespace
@@ -57,7 +57,7 @@ std::string RunnableCommandLine(std::string_view native) {
     const std::string program(part.program);
     if (IsFile(program) && IsBatchFile(program)) {
       const std::string_view arguments = line.substr(part.length);
-      return PlatformId() == VER_PLATFORM_WIN32_NT ? ByCmd(program, arguments) : ByCommandCom(program, arguments);
+      return IsNtFamily() ? ByCmd(program, arguments) : ByCommandCom(program, arguments);
     }
     if (IsFile(program) || IsFile(program + ".exe")) break;
   }
