@@ -18,12 +18,14 @@ namespace {
 
 Status Replaced() { return Status::Failure(ErrorClass::kExists, "Another run has replaced the unfinished file"); }
 
-// Whether `file` is what stands at `path`. Windows 95, 98 and Me let nobody rename or delete what is open.
+// Whether `file` is what stands at `path`, both in one folder and so on one volume (which Wine forgets of a file that
+// is renamed while it is open). Windows 95, 98 and Me let nobody rename or delete what is open.
 bool IsAt(HANDLE file, const DoorPath& path) {
   if (!IsNtFamily()) return true;
   NativeFacts opened;
   NativeFacts named;
-  return FactsOfHandle(file, opened).ok() && FactsOfPath(path, Links::kTake, named).ok() && opened.IsSameFile(named);
+  return FactsOfHandle(file, opened).ok() && FactsOfPath(path, Links::kTake, named).ok() &&
+         opened.number == named.number;
 }
 
 class WindowsPartFile : public PartFile {
