@@ -26,9 +26,13 @@ constexpr std::size_t kSizes[] = {0, 1, 511, 512, 513, 1023, 1024, 1025, 70000};
 
 class CreateDiskTest : public ::testing::TestWithParam<const DiskFormat*> {
  protected:
+  void SetUp() override {
+    if (!testing::HasShell()) GTEST_SKIP() << "no shell here";
+  }
+
   std::string FailureWith(const DiskFormat& format, const std::string& profile = "mine", bool selection = false) {
     std::string path;
-    return CreateDisk({&format, profile, selection}, folder_.path().string(), path).failure;
+    return CreateDisk({&format, profile, selection}, folder_.Text(), path).failure;
   }
   std::string Failure() { return FailureWith(kDiskFormats[0]); }
 
@@ -39,17 +43,17 @@ class CreateDiskTest : public ::testing::TestWithParam<const DiskFormat*> {
     EXPECT_EQ(std::filesystem::file_size(folder_.Image()), format.ImageBytes());
   }
   void ExpectSound() {
-    const auto end = folder_.Run("fsck.fat -n -v " + testing::Quote(folder_.Image()));
+    const auto end = folder_.Run("fsck.fat -n -v " + testing::ShellPath(folder_.Image()));
     EXPECT_EQ(end.exit_code, 0) << end.output;
   }
 
   // Makes a base "base.img" in the profile with mkfs.fat and mtools.
   void MakeBase(const DiskFormat& format, const std::string& files) {
-    const std::string image = testing::Quote(folder_.Profile() / "base.img");
     std::filesystem::create_directories(folder_.Profile());
+    const std::string image = testing::ShellPath(folder_.Profile() / "base.img");
     const auto end =
         folder_.Run("mkfs.fat -C -n BASE -F 12 " + image + " " + std::to_string(format.ImageBytes() / 1024) +
-                    " && cd " + testing::Quote(folder_.Profile()) + " && " + files);
+                    " && cd " + testing::ShellPath(folder_.Profile()) + " && " + files);
     ASSERT_EQ(end.exit_code, 0) << end.output;
   }
 
@@ -107,7 +111,7 @@ TEST_P(CreateDiskTest, FileOneByteTooLarge_LeavesTheOlderImage) {
 TEST_P(CreateDiskTest, NothingButALabel_IsASoundEmptyDisk) {
   folder_.AddDiskIni("");
   MakeSound(*GetParam());
-  EXPECT_THAT(folder_.Run("mlabel -s -i " + testing::Quote(folder_.Image()) + " ::").output, HasSubstr("MINE"));
+  EXPECT_THAT(folder_.Run("mlabel -s -i " + testing::ShellPath(folder_.Image()) + " ::").output, HasSubstr("MINE"));
 }
 
 TEST_P(CreateDiskTest, BaseOfTheUser_IsExtended) {
@@ -204,12 +208,9 @@ TEST_F(CreateDiskTest, MissingSource_IsNamedAndNothingIsWritten) {
   EXPECT_THAT(folder_.Names(), ElementsAre("files"));
 }
 
-TEST_F(CreateDiskTest, FolderOrDeviceAsSource_IsNoFile) {
+TEST_F(CreateDiskTest, FolderAsSource_IsNoFile) {
   folder_.Add("sub/x", "");
   folder_.AddDiskIni("[Files]\r\nA.TXT=sub\r\n");
-  EXPECT_THAT(Failure(), HasSubstr("is not a file; correct A.TXT"));
-  std::filesystem::create_symlink("/dev/zero", folder_.Profile() / "zero");
-  folder_.AddDiskIni("[Files]\r\nA.TXT=zero\r\n");
   EXPECT_THAT(Failure(), HasSubstr("is not a file; correct A.TXT"));
 }
 
@@ -239,7 +240,7 @@ TEST_F(CreateDiskTest, BaseThatIsMissingOrNoFloppy_IsRefused) {
 
 TEST_F(CreateDiskTest, BaseOfFat16_IsRefused) {
   std::filesystem::create_directories(folder_.Profile());
-  const std::string image = testing::Quote(folder_.Profile() / "base.img");
+  const std::string image = testing::ShellPath(folder_.Profile() / "base.img");
   const auto end = folder_.Run("mkfs.fat -C -F 16 -s 1 " + image + " 2880");
   ASSERT_EQ(end.exit_code, 0) << end.output;
   folder_.AddDiskIni("Base=base.img\r\n");
@@ -273,7 +274,12 @@ struct Shipped {
   bool has_drivers;
 };
 
-class ShippedProfile : public ::testing::TestWithParam<Shipped> {};
+class ShippedProfile : public ::testing::TestWithParam<Shipped> {
+ protected:
+  void SetUp() override {
+    if (!testing::HasShell()) GTEST_SKIP() << "no shell here";
+  }
+};
 
 TEST_P(ShippedProfile, WithAndWithoutSelection_MakesASoundDisk) {
   const Shipped& shipped = GetParam();
@@ -281,8 +287,8 @@ TEST_P(ShippedProfile, WithAndWithoutSelection_MakesASoundDisk) {
   std::filesystem::copy(SHIPPED_DISKS, folder.Disks(), std::filesystem::copy_options::recursive);
   for (const bool selection : {false, true}) {
     std::string path;
-    ASSERT_EQ(CreateDisk({shipped.format, shipped.profile, selection}, folder.path().string(), path).failure, "");
-    const std::string image = testing::Quote(folder.path() / shipped.image);
+    ASSERT_EQ(CreateDisk({shipped.format, shipped.profile, selection}, folder.Text(), path).failure, "");
+    const std::string image = testing::ShellPath(folder.path() / shipped.image);
     EXPECT_EQ(std::filesystem::file_size(folder.path() / shipped.image), shipped.format->ImageBytes());
     EXPECT_EQ(folder.Run("fsck.fat -n " + image).exit_code, 0);
     const std::string listing = folder.Run("mdir -i " + image + " ::").output;

@@ -1,7 +1,6 @@
 // A temporary program folder with disk profiles, and the tools that look at floppy images.
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -9,6 +8,9 @@
 #include <stdexcept>
 #include <string>
 #include <vector>
+
+#include "tests/host/temp_folder.h"
+#include "tests/support/shell.h"
 
 namespace discwright::testing {
 
@@ -24,8 +26,6 @@ inline void WriteFile(const std::filesystem::path& path, const std::string& cont
   std::ofstream(path, std::ios::binary) << content;
 }
 
-inline std::string Quote(const std::filesystem::path& path) { return "'" + path.string() + "'"; }
-
 // Made anew for each test and removed with it. Its name has blanks and umlauts, as users' folders do.
 class ProgramFolder {
  public:
@@ -34,7 +34,7 @@ class ProgramFolder {
     do {
       top_ = std::filesystem::temp_directory_path() / ("createdsk " + std::to_string(random()));
     } while (!std::filesystem::create_directory(top_));
-    path_ = top_ / "Mein Ordner \xC3\xA4\xC3\xB6\xC3\xBC";
+    path_ = top_ / host::testing::PathOf("Mein Ordner \xC3\xA4\xC3\xB6\xC3\xBC");
     std::filesystem::create_directories(Disks());
   }
   ~ProgramFolder() { std::filesystem::remove_all(top_); }
@@ -42,12 +42,15 @@ class ProgramFolder {
   ProgramFolder& operator=(const ProgramFolder&) = delete;
 
   const std::filesystem::path& path() const { return path_; }
+  std::string Text() const { return host::testing::TextOf(path_); }  // of the folder's path
   std::filesystem::path Disks() const { return path_ / "files" / "disks"; }
   std::filesystem::path Profile() const { return Disks() / "mine"; }
   std::filesystem::path Image() const { return path_ / "mine.img"; }
 
   // Writes a file of the profile "mine"; its disk.ini with an image "mine.img" and the label MINE.
-  void Add(const std::string& name, const std::string& content) const { WriteFile(Profile() / name, content); }
+  void Add(const std::string& name, const std::string& content) const {
+    WriteFile(Profile() / host::testing::PathOf(name), content);
+  }
   void AddDiskIni(const std::string& more) const {
     Add("disk.ini", "[Disk]\r\nImage=mine.img\r\nLabel=MINE\r\n" + more);
   }
@@ -55,27 +58,21 @@ class ProgramFolder {
   // What stands in the program folder itself.
   std::vector<std::string> Names() const {
     std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(path_)) names.push_back(entry.path().filename());
+    for (const auto& entry : std::filesystem::directory_iterator(path_))
+      names.push_back(host::testing::TextOf(entry.path().filename()));
     return names;
   }
 
-  struct End {
-    int exit_code;
-    std::string output;  // standard output and standard error
-  };
-  End Run(const std::string& command) const {
-    const std::filesystem::path output = top_ / "output";
-    const std::string line = "PATH=$PATH:/usr/sbin:/sbin; export PATH; cd " + Quote(top_) + " && { " + command +
-                             "; } >" + Quote(output) + " 2>&1";
-    const int status = std::system(line.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadFile(output)};
+  // Runs a line of the shell in a folder that is not the program's.
+  ShellEnd Run(const std::string& command) const {
+    return RunShell("PATH=$PATH:/usr/sbin:/sbin; export PATH; cd " + ShellPath(top_) + " && { " + command + "; }");
   }
 
   // The content of a file on the image, read by mtools.
   std::string OnDisk(const std::string& name) const {
     const std::filesystem::path copy = top_ / "copy";
     std::filesystem::remove(copy);
-    const End end = Run("mcopy -n -i " + Quote(Image()) + " '::" + name + "' " + Quote(copy));
+    const ShellEnd end = Run("mcopy -n -i " + ShellPath(Image()) + " '::" + name + "' " + ShellPath(copy));
     return end.exit_code == 0 ? ReadFile(copy) : "<" + end.output + ">";
   }
 

@@ -17,7 +17,7 @@ ShellEnd RunShell(const std::string& line);
 
 // One word of a line. No test has a single quote in a path.
 inline std::string Quote(const std::string& text) { return "'" + text + "'"; }
-// A path as the shell's own programs take it, as one word.
+// A path as the shell's own programs take it, as one word. Its folder must be there.
 std::string ShellPath(const std::filesystem::path& path);
 // What starts one of our programs; its arguments are paths of its own system.
 std::string ShellProgram(const std::filesystem::path& program);
