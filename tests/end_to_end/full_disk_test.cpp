@@ -1,45 +1,12 @@
 // Disks without room: for the image, and for the program folder with its workspace.
-#include <sys/mount.h>
-
-#include <cerrno>
-#include <cstring>
-#include <fstream>
 #include <memory>
 
 #include "tests/end_to_end/build_test.h"
+#include "tests/end_to_end/small_disk.h"
 
 namespace discwright::testing {
 
 namespace {
-
-// A small disk in memory, mounted on a folder.
-class SmallDisk {
- public:
-  SmallDisk(fs::path folder, std::uintmax_t bytes) : folder_(std::move(folder)) {
-    fs::create_directories(folder_);
-    const std::string size = "size=" + std::to_string(bytes);
-    error_ = mount("end_to_end", folder_.c_str(), "tmpfs", 0, size.c_str()) == 0 ? 0 : errno;
-  }
-  ~SmallDisk() {
-    if (error_ == 0) umount2(folder_.c_str(), MNT_DETACH);
-  }
-  SmallDisk(const SmallDisk&) = delete;
-  SmallDisk& operator=(const SmallDisk&) = delete;
-
-  bool IsMounted() const { return error_ == 0; }
-  std::string Reason() const { return std::string("this machine lets us mount no disk: ") + std::strerror(error_); }
-
-  // Leaves at most `bytes` free.
-  void FillUpTo(std::uintmax_t bytes) const {
-    std::ofstream filler(folder_ / "filler", std::ios::binary);
-    const std::string block(4096, 'f');
-    while (filler && fs::space(folder_).available > bytes) filler.write(block.data(), 4096).flush();
-  }
-
- private:
-  fs::path folder_;
-  int error_ = 0;
-};
 
 std::uintmax_t SizeOf(const fs::path& folder) {
   std::uintmax_t size = 0;

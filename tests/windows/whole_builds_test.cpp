@@ -5,6 +5,7 @@
 #include <chrono>
 
 #include "tests/end_to_end/program_copy.h"
+#include "tests/end_to_end/small_disk.h"
 #include "tests/end_to_end/trees.h"
 #include "tests/windows/windows_program.h"
 
@@ -133,6 +134,27 @@ TEST_P(WholeBuilds, MissingMasteringTool_IsToldFromTheLog) {
   const Outcome outcome = BuildOnWindows(place / "image.iso");
   EXPECT_EQ(outcome.exit_code, 1);
   EXPECT_THAT(outcome.err, HasSubstr("Operation Aborted"));
+  EXPECT_TRUE(NoImageAt(place / "image.iso"));
+}
+
+TEST_P(WholeBuilds, DiskTooSmallForTheImage_IsToldAndLeavesNothing) {
+  const SmallDisk disk(place / "disk", 200'000);
+  if (!disk.IsMounted()) GTEST_SKIP() << disk.Reason();
+  const Outcome outcome = BuildOnWindows(place / "disk" / "image.iso");
+  EXPECT_EQ(outcome.exit_code, 1);
+  EXPECT_THAT(outcome.err, HasSubstr("Not enough free space to complete the ISO file !!!"));
+  EXPECT_TRUE(fs::is_empty(place / "disk"));
+}
+
+TEST_P(WholeBuilds, ProgramFolderThatCannotBeWrittenTo_IsToldBeforeAnythingIsBuilt) {
+  const SmallDisk disk(place / "read only", 64'000'000);
+  if (!disk.IsMounted()) GTEST_SKIP() << disk.Reason();
+  const WindowsProgram program(place / "read only" / "Discwright", GetParam());
+  ASSERT_TRUE(disk.MakeReadOnly());
+  const Outcome outcome = program.Build({"-o", WindowsPath(place / "image.iso")});
+  EXPECT_EQ(outcome.exit_code, 1);
+  EXPECT_THAT(outcome.err, HasSubstr(WindowsPath(place / "read only" / "Discwright")));
+  EXPECT_FALSE(fs::exists(place / "read only" / "Discwright" / "vexacd"));
   EXPECT_TRUE(NoImageAt(place / "image.iso"));
 }
 
