@@ -6,6 +6,8 @@
 #include <mutex>
 #include <numeric>
 
+#include "host/threads.h"
+
 namespace discwright::tools::mkisofs {
 namespace {
 
@@ -25,7 +27,7 @@ class MemoryFile : public host::PartFile {
   std::vector<std::uint8_t> content;
 
  private:
-  std::mutex mutex_;
+  host::Mutex mutex_;
   std::size_t room_;
 };
 

@@ -1,8 +1,4 @@
 // Whole runs on real folders, with the images read back by a strict reader of our own.
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
-
 #include <chrono>
 #include <set>
 
@@ -97,7 +93,7 @@ TEST_F(MasterTree, EmptyFiles_StandWhereNoFileIs) {
 TEST_F(MasterTree, HardLinks_ShareOneExtent) {
   folder.Write("tree/a/one", BytesOfSize(5000));
   folder.MakeFolder("tree/b");
-  std::filesystem::create_hard_link(folder.Native("tree/a/one"), folder.Native("tree/b/two"));
+  folder.MakeHardLink("tree/a/one", "tree/b/two");
   folder.Write("tree/b/twin", BytesOfSize(5000));
   const IsoImage iso = MasteredImage({"-cache-inodes"});
   EXPECT_EQ(iso.Find("a/one")->extent, iso.Find("b/two")->extent);
@@ -111,75 +107,10 @@ TEST_F(MasterTree, HardLinks_ShareOneExtent) {
 
 TEST_F(MasterTree, LinkedBootImage_IsStoredOnceAndFirst) {
   folder.Write("tree/a", "loader");
-  std::filesystem::create_hard_link(folder.Native("tree/a"), folder.Native("tree/loader.bin"));
+  folder.MakeHardLink("tree/a", "tree/loader.bin");
   const IsoImage iso = MasteredImage({"-cache-inodes", "-b", "loader.bin", "-no-emul-boot", "-hide", "boot.catalog"});
   EXPECT_EQ(iso.Find("a")->extent, iso.boot->image);
   EXPECT_EQ(Content(iso.Find("a")), "loader");
-}
-
-TEST_F(MasterTree, Links_AreStoredAsWhatTheyLeadTo) {
-  folder.Write("outside/in.txt", "linked");
-  folder.Link("../outside", "tree/folder");
-  folder.Link("../outside/in.txt", "tree/file");
-  folder.Link("folder/in.txt", "tree/through");
-  const IsoImage iso = MasteredImage();
-  EXPECT_THAT(Paths(iso), ElementsAre("", "file", "folder", "through", "folder/in.txt"));
-  EXPECT_EQ(Content(iso.Find("folder/in.txt")), "linked");
-  EXPECT_EQ(iso.Find("file")->extent, iso.Find("folder/in.txt")->extent);
-  EXPECT_EQ(iso.Find("through")->extent, iso.Find("folder/in.txt")->extent);
-}
-
-TEST_F(MasterTree, TreeGivenAsALink_IsFollowed) {
-  folder.Write("real/file", "x");
-  std::filesystem::remove(folder.Native("tree"));
-  folder.Link("real", "tree");
-  EXPECT_THAT(Paths(MasteredImage()), ElementsAre("", "file"));
-}
-
-TEST_F(MasterTree, LinksIntoALoop_AreAnErrorThatNamesThem) {
-  folder.Write("tree/a/file", "x");
-  folder.Link("..", "tree/a/loop");
-  EXPECT_EQ(Master(), 1);
-  EXPECT_THAT(messages, HasSubstr("tree/a/loop: a link that leads back"));
-  std::filesystem::remove(folder.Native("tree/a/loop"));
-  folder.Link("self", "tree/self");
-  EXPECT_EQ(Master(), 1);
-  EXPECT_THAT(messages, HasSubstr("tree/self: a symbolic link that leads to itself"));
-  ExpectNoImage();
-}
-
-TEST_F(MasterTree, LinkToAFolderAboveTheTree_IsALoop) {
-  folder.Link("../..", "tree/above");
-  EXPECT_EQ(Master(), 1);
-  EXPECT_THAT(messages, HasSubstr("a link that leads back"));
-}
-
-TEST_F(MasterTree, BrokenLinks_AreAnErrorThatNamesThem) {
-  folder.Write("tree/file", "x");
-  folder.Link("nowhere", "tree/broken");
-  EXPECT_EQ(Master(), 1);
-  EXPECT_THAT(messages, HasSubstr("tree/broken: a symbolic link that leads nowhere"));
-  ExpectNoImage();
-}
-
-TEST_F(MasterTree, LinksWithoutFollowLinks_AreAnErrorThatNamesThem) {
-  folder.Write("tree/file", "x");
-  folder.Link("file", "tree/link");
-  EXPECT_EQ(Master({"-cache-inodes"}), 1);
-  EXPECT_THAT(messages, HasSubstr("tree/link: a symbolic link, and -follow-links is not given"));
-}
-
-TEST_F(MasterTree, PipesAndSockets_AreAnErrorThatNamesThem) {
-  folder.Pipe("tree/pipe");
-  const int fd = socket(AF_UNIX, SOCK_STREAM, 0);
-  sockaddr_un address{AF_UNIX, {}};
-  folder.Native("tree/socket").copy(address.sun_path, sizeof address.sun_path - 1);
-  ASSERT_EQ(bind(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-  EXPECT_EQ(Master(), 1);
-  close(fd);
-  EXPECT_THAT(messages, HasSubstr("tree/pipe: a device, pipe or socket"));
-  EXPECT_THAT(messages, HasSubstr("tree/socket: a device, pipe or socket"));
-  ExpectNoImage();
 }
 
 TEST_F(MasterTree, NamesOf1And207Bytes_AreStored) {
@@ -202,30 +133,10 @@ TEST_F(MasterTree, NamesOf208Bytes_AreAnErrorThatNamesThem) {
 
 TEST_F(MasterTree, OddNames_AreStoredByteForByte) {
   const std::vector<std::string> names = {
-      ".lead", "a b", "a;1", "dots..", "nodot", "plus+,=#()&~", "trail.", "\x7F", "\xC3\xA4\xC3\xB6.txt", "\xE4"};
+      ".lead", "a b", "a;1", "nodot", "plus+,=#()&~", "\x7F", "\xC3\xA4\xC3\xB6.txt"};
   for (const std::string& name : names) folder.Write("tree/" + name, name);
   const IsoImage iso = MasteredImage();
   for (const std::string& name : names) EXPECT_EQ(Content(iso.Find(name)), name);
-}
-
-TEST_F(MasterTree, NamesThatDifferOnlyInCase_AreAnErrorThatNamesBoth) {
-  folder.Write("tree/sub/readme.txt", "1");
-  folder.Write("tree/sub/README.TXT", "2");
-  folder.Write("tree/\xC3\xA4", "1");
-  folder.MakeFolder("tree/\xC3\x84");
-  folder.Write("tree/other/readme.txt", "in another folder");
-  EXPECT_EQ(Master(), 1);
-  const std::string differs = " has a name that differs only in letter case\n";
-  EXPECT_THAT(messages, HasSubstr("tree/sub/README.TXT: sub/readme.txt" + differs));
-  EXPECT_THAT(messages, HasSubstr("tree/\xC3\x84: \xC3\xA4" + differs));
-  EXPECT_THAT(messages, Not(HasSubstr("other")));
-  ExpectNoImage();
-}
-
-TEST_F(MasterTree, HiddenNameThatDiffersOnlyInCase_IsNoError) {
-  folder.Write("tree/loader.bin", "hidden");
-  folder.Write("tree/LOADER.BIN", "shown");
-  EXPECT_THAT(Paths(MasteredImage({"-hide", "loader.bin"})), ElementsAre("", "LOADER.BIN"));
 }
 
 TEST_F(MasterTree, FileThatIsNamedLikeTheCatalogue_IsAnErrorUnlessHidden) {
@@ -261,26 +172,26 @@ TEST_F(MasterTree, BootImageOrCatalogueThatCannotBe_IsAnErrorThatNamesIt) {
 
 TEST_F(MasterTree, FilesOf4GiB_AreAnErrorThatNamesThem) {
   folder.Write("tree/huge", "");
-  std::filesystem::resize_file(folder.Native("tree/huge"), 0x100000000);
+  std::filesystem::resize_file(folder.Path("tree/huge"), 0x100000000);
   EXPECT_EQ(Master(), 1);
   EXPECT_THAT(messages, HasSubstr("tree/huge: the file has 4 GiB or more"));
   ExpectNoImage();
 }
 
 TEST_F(MasterTree, MissingTree_IsAnErrorThatNamesIt) {
-  std::filesystem::remove(folder.Native("tree"));
+  std::filesystem::remove(folder.Path("tree"));
   EXPECT_EQ(Master(), 1);
-  EXPECT_THAT(messages, HasSubstr(folder.Native("tree") + ": No such file or directory"));
+  EXPECT_THAT(messages, HasSubstr(folder.Native("tree") + ": "));
   folder.Write("tree", "a file");
   EXPECT_EQ(Master(), 1);
-  EXPECT_THAT(messages, HasSubstr(folder.Native("tree") + ": Not a directory"));
+  EXPECT_THAT(messages, HasSubstr(folder.Native("tree") + ": "));
   ExpectNoImage();
 }
 
 TEST_F(MasterTree, OutputThatCannotBeMade_IsAnErrorThatNamesIt) {
   folder.MakeFolder("image.iso");
   EXPECT_EQ(Master(), 1);
-  EXPECT_THAT(messages, HasSubstr("image.iso: Is a directory"));
+  EXPECT_THAT(messages, HasSubstr("image.iso: "));
 }
 
 TEST_F(MasterTree, WrongUsage_HasItsOwnExitCodeAndShowsTheOptions) {
@@ -290,7 +201,7 @@ TEST_F(MasterTree, WrongUsage_HasItsOwnExitCodeAndShowsTheOptions) {
 }
 
 TEST_F(MasterTree, ManyProblems_AreCountedAndTheFirstShown) {
-  for (int i = 0; i < 30; ++i) folder.Link("nowhere", "tree/" + std::to_string(i));
+  for (int i = 10; i < 40; ++i) folder.Write("tree/" + std::to_string(i) + std::string(206, 'n'), "x");
   EXPECT_EQ(Master(), 1);
   EXPECT_EQ(std::count(messages.begin(), messages.end(), '\n'), 21);
   EXPECT_THAT(messages, HasSubstr("and 10 more"));
@@ -322,21 +233,17 @@ TEST_F(MasterTree, FileThatGrowsPastAFullBuffer_IsAnError) {
   const std::size_t rest_of_buffer = 262144 - 23 * 2048;
   folder.Write("tree/b", BytesOfSize(rest_of_buffer));
   EXPECT_EQ(Content(MasteredImage().Find("b")), BytesOfSize(rest_of_buffer));
-  std::filesystem::remove(folder.Native("image.iso"));
+  std::filesystem::remove(folder.Path("image.iso"));
   stopped = [&] { return folder.Write("tree/b", BytesOfSize(rest_of_buffer + 1)), false; };
   EXPECT_EQ(Master(), 1);
   EXPECT_THAT(messages, HasSubstr("tree/b: the file has grown"));
   ExpectNoImage();
 }
 
-TEST_F(MasterTree, FileThatVanishesOrBecomesAPipeMeanwhile_IsAnErrorThatNamesIt) {
+TEST_F(MasterTree, FileThatVanishesMeanwhile_IsAnErrorThatNamesIt) {
   folder.Write("tree/a", "first");
   folder.Write("tree/b", "second");
-  stopped = [this] { return std::filesystem::remove(folder.Native("tree/b")), false; };
-  EXPECT_EQ(Master(), 1);
-  EXPECT_THAT(messages, HasSubstr("tree/b: No such file or directory"));
-  folder.Write("tree/b", "second");
-  stopped = [this] { return std::filesystem::remove(folder.Native("tree/b")), folder.Pipe("tree/b"), false; };
+  stopped = [this] { return std::filesystem::remove(folder.Path("tree/b")), false; };
   EXPECT_EQ(Master(), 1);
   EXPECT_THAT(messages, HasSubstr("tree/b: "));
   ExpectNoImage();
@@ -344,7 +251,7 @@ TEST_F(MasterTree, FileThatVanishesOrBecomesAPipeMeanwhile_IsAnErrorThatNamesIt)
 
 TEST_F(MasterTree, FailedRun_KeepsAnEarlierImage) {
   folder.Write("image.iso", "earlier");
-  folder.Link("nowhere", "tree/broken");
+  folder.Write("tree/" + std::string(208, 'n'), "x");
   EXPECT_EQ(Master(), 1);
   EXPECT_EQ(folder.Read("image.iso"), "earlier");
   EXPECT_THAT(folder.Names(), ElementsAre("image.iso", "tree"));
@@ -364,7 +271,7 @@ TEST_F(MasterTree, FullDisk_IsSaidInTheMonitorsWordsAndLeavesNothing) {
 TEST_F(MasterTree, Dates_AreThoseOfTheFilesAndOfTheRun) {
   folder.Write("tree/file", "x");
   const auto then = std::filesystem::file_time_type(std::chrono::file_clock::from_sys(std::chrono::sys_seconds()));
-  std::filesystem::last_write_time(folder.Native("tree/file"), then);
+  std::filesystem::last_write_time(folder.Path("tree/file"), then);
   const IsoImage iso = MasteredImage();
   EXPECT_EQ(std::string(iso.created.begin(), iso.created.end() - 1), "2001090901464000");
   EXPECT_THAT(iso.Find("file")->recorded, ElementsAre(70, 1, 1, 0, 0, 0, 0));
@@ -378,7 +285,7 @@ TEST_F(MasterTree, SourceDate_MakesTreesOfEqualContentEqualImages) {
   const std::string first = image;
   EXPECT_THAT(iso.Find("a")->recorded, ElementsAre(101, 9, 9, 1, 46, 40, 0));
   // Other inodes, another order in the folders, other times after the source date.
-  std::filesystem::rename(folder.Native("tree"), folder.Native("old"));
+  std::filesystem::rename(folder.Path("tree"), folder.Path("old"));
   for (auto name = names.rbegin(); name != names.rend(); ++name) folder.Write("tree/" + *name, *name);
   MasteredImage({"-no-emul-boot", "-b", "loader.bin"});
   EXPECT_EQ(image, first);
@@ -388,7 +295,7 @@ TEST_F(MasterTree, SourceDate_LeavesEarlierTimesAlone) {
   source_date = "2000000000";
   folder.Write("tree/file", "x");
   const auto then = std::chrono::file_clock::from_sys(std::chrono::sys_seconds(std::chrono::seconds(1000000000)));
-  std::filesystem::last_write_time(folder.Native("tree/file"), std::filesystem::file_time_type(then));
+  std::filesystem::last_write_time(folder.Path("tree/file"), std::filesystem::file_time_type(then));
   EXPECT_THAT(MasteredImage().Find("file")->recorded, ElementsAre(101, 9, 9, 1, 46, 40, 0));
 }
 

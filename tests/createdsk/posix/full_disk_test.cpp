@@ -10,7 +10,7 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::UnorderedElementsAre;
 
-TEST(CreateDskProgram, WhenTheImageCannotBeWrittenWhole_LeavesTheOlderOne) {
+TEST(CreateDskOnAFullDisk, ImageThatCannotBeWrittenWhole_LeavesTheOlderOne) {
   const ProgramFolder folder;
   const std::filesystem::path program = folder.path() / "CreateDsk";
   std::filesystem::copy(CREATEDSK_PROGRAM, program);

@@ -1,0 +1,58 @@
+// Trees that are deeper and larger than other systems have them.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "tests/mkisofs/mastering.h"
+
+namespace discwright::testing {
+namespace {
+
+using ::testing::HasSubstr;
+
+class DeepTrees : public Mastering {};
+
+TEST_F(DeepTrees, ThreeHundredNestedFolders_AreStored) {
+  std::string path;
+  for (int depth = 1; depth <= 300; ++depth) path += "/d" + std::to_string(depth);
+  folder.Write("tree" + path + "/file", "deep");
+  const IsoImage iso = MasteredImage();
+  EXPECT_EQ(iso.entries.size(), 302u);
+  EXPECT_EQ(Content(iso.Find(path.substr(1) + "/file")), "deep");
+}
+
+// 60 x 201 bytes are more than the system takes in one path.
+TEST_F(DeepTrees, PathsLongerThanTheSystemsLongest_AreStored) {
+  const std::string name(200, 'n');
+  int at = open(folder.Native("tree").c_str(), O_RDONLY | O_DIRECTORY);
+  std::string path;
+  for (int depth = 0; depth < 60; ++depth) {
+    ASSERT_EQ(mkdirat(at, name.c_str(), 0755), 0);
+    const int below = openat(at, name.c_str(), O_RDONLY | O_DIRECTORY);
+    close(at);
+    at = below;
+    path += name + "/";
+  }
+  const int file = openat(at, "file", O_WRONLY | O_CREAT, 0644);
+  ASSERT_EQ(write(file, "deep", 4), 4);
+  close(file);
+  close(at);
+  EXPECT_EQ(Content(MasteredImage().Find(path + "file")), "deep");
+}
+
+// Each link doubles the number of folders; the path tables have room for 65535 parents.
+TEST_F(DeepTrees, MoreFoldersThanPathTablesCanNumber_AreAnError) {
+  for (int level = 0; level < 18; ++level) {
+    const std::string below = level == 17 ? "" : "../" + std::to_string(level + 1);
+    folder.MakeFolder("levels/" + std::to_string(level));
+    if (below.empty()) continue;
+    folder.Link(below, "levels/" + std::to_string(level) + "/a");
+    folder.Link(below, "levels/" + std::to_string(level) + "/b");
+  }
+  folder.Link("../levels/0", "tree/start");
+  EXPECT_EQ(Master(), 1);
+  EXPECT_THAT(messages, HasSubstr("there are more folders than an image can hold"));
+}
+
+}  // namespace
+}  // namespace discwright::testing
