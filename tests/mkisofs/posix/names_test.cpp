@@ -1,4 +1,5 @@
 // Names that only some systems have.
+#include "tools/mkisofs/names.h"
 #include "tests/mkisofs/mastering.h"
 
 namespace discwright::testing {
@@ -7,6 +8,11 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::Not;
+
+TEST(FoldedNames, KelvinSignAndSmallK_HaveOneHash) {
+  EXPECT_TRUE(tools::mkisofs::DifferOnlyInCase("k", "\xE2\x84\xAA"));
+  EXPECT_EQ(tools::mkisofs::FoldedHash("k"), tools::mkisofs::FoldedHash("\xE2\x84\xAA"));
+}
 
 class MasterNames : public Mastering {};
 
