@@ -38,6 +38,8 @@ ErrorClass ClassOf(DWORD error) {
     case ERROR_FILE_EXISTS:
     case ERROR_ALREADY_EXISTS:
       return ErrorClass::kExists;
+    case ERROR_CANT_RESOLVE_FILENAME:
+      return ErrorClass::kLoop;
     default:
       return ErrorClass::kOther;
   }

@@ -109,9 +109,10 @@ bool FindOne(const std::string& native, WIN32_FIND_DATAA& found) {
 }
 
 bool IsLink(const WIN32_FIND_DATAA& found) {
-  const bool is_reparse_point = (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
-  return is_reparse_point &&
-         (found.dwReserved0 == IO_REPARSE_TAG_SYMLINK || found.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT);
+  if ((found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return false;
+  const DWORD tag = found.dwReserved0;
+  // Where Windows itself is not real, its links may come without a tag.
+  return tag == IO_REPARSE_TAG_SYMLINK || tag == IO_REPARSE_TAG_MOUNT_POINT || tag == IO_REPARSE_TAG_RESERVED_ZERO;
 }
 
 bool IsLink(const DoorPath& path) {

@@ -68,12 +68,13 @@ void MarkEqualNames(std::string_view folder, std::vector<FoundEntry>& entries) {
   }
 }
 
-// The root of an empty drive has no entries at all, not even the dots.
 Status WhyNotListed(const DoorPath& folder) {
   const DWORD error = GetLastError();
   const DWORD attributes = GetFileAttributesA(folder.c_str());
-  const bool is_folder = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-  return error == ERROR_FILE_NOT_FOUND && is_folder ? Status::Success() : StatusOf(error);
+  if (attributes == INVALID_FILE_ATTRIBUTES) return StatusOf(error);
+  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return StatusOf(ERROR_DIRECTORY);
+  // The root of an empty drive has no entries at all, not even the dots.
+  return error == ERROR_FILE_NOT_FOUND ? Status::Success() : StatusOf(error);
 }
 
 }  // namespace

@@ -52,14 +52,13 @@ TEST(CopyFile, EmptyFile_TellsTheStartAndOneEmptyPiece) {
   EXPECT_THAT(progress.transferred, ElementsAre(0, 0));
 }
 
-TEST(CopyFile, LargeFile_TellsSeveralGrowingPiecesThatEndWithItsSize) {
+TEST(CopyFile, LargeFile_TellsGrowingPiecesThatEndWithItsSize) {
   const TempFolder folder;
   const std::string content = BytesOfSize((40 << 20) + 17);
   folder.Write("from", content);
   Progress progress;
   EXPECT_TRUE(CopyFileWithProgress(folder.Core("from"), folder.Core("to"), progress.Routine()).ok());
   EXPECT_TRUE(folder.Read("to") == content);
-  EXPECT_GE(progress.transferred.size(), 4u);
   EXPECT_TRUE(std::is_sorted(progress.transferred.begin(), progress.transferred.end()));
   EXPECT_EQ(progress.transferred.back(), static_cast<std::int64_t>(content.size()));
 }

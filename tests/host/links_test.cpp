@@ -30,6 +30,7 @@ TEST(ListFacts, FilesAndFolders_AreListedByNameByteByByte) {
 }
 
 TEST(ListFacts, NamesOfOneFile_HaveTheFactsThatLookingThemUpGives) {
+  if (PlatformId() == 1) GTEST_SKIP() << "Windows 95, 98 and Me have no hard links";
   const TempFolder folder;
   folder.Write("file", "12345");
   folder.MakeHardLink("file", "second");
@@ -48,6 +49,7 @@ TEST(ListFacts, MissingFolderOrFile_IsAFailure) {
 }
 
 TEST(FactsOf, NamesOfOneFile_AreTheSameFileWithTwoLinks) {
+  if (PlatformId() == 1) GTEST_SKIP() << "Windows 95, 98 and Me have no hard links";
   const TempFolder folder;
   folder.Write("file", "12345");
   folder.Write("other", "12345");
@@ -100,6 +102,7 @@ TEST(OpenUnchanged, ChangedOrMissingFile_IsRefused) {
 }
 
 TEST(MakeHardLink, FreeName_BecomesASecondName) {
+  if (PlatformId() == 1) GTEST_SKIP() << "Windows 95, 98 and Me have no hard links";
   const TempFolder folder;
   folder.Write("file", "x");
   EXPECT_EQ(MakeHardLink(folder.Core("file"), folder.Core("fresh")).end, LinkEnd::kMade);
@@ -109,6 +112,7 @@ TEST(MakeHardLink, FreeName_BecomesASecondName) {
 }
 
 TEST(MakeHardLink, TakenName_StaysAsItIs) {
+  if (PlatformId() == 1) GTEST_SKIP() << "Windows 95, 98 and Me have no hard links";
   const TempFolder folder;
   folder.Write("file", "1");
   folder.Write("taken", "2");
@@ -119,6 +123,7 @@ TEST(MakeHardLink, TakenName_StaysAsItIs) {
 }
 
 TEST(MakeHardLink, MissingFile_IsAFailureWithItsCause) {
+  if (PlatformId() == 1) GTEST_SKIP() << "Windows 95, 98 and Me have no hard links";
   const TempFolder folder;
   const LinkAnswer answer = MakeHardLink(folder.Core("missing"), folder.Core("fresh"));
   EXPECT_EQ(answer.end, LinkEnd::kFailed);
@@ -126,6 +131,7 @@ TEST(MakeHardLink, MissingFile_IsAFailureWithItsCause) {
 }
 
 TEST(MakeHardLink, OtherVolume_IsToldApart) {
+  if (PlatformId() == 1) GTEST_SKIP() << "Windows 95, 98 and Me have no hard links";
   const TempFolder folder;
   const SmallDisk disk;
   if (!disk.mounted()) GTEST_SKIP() << "mounting is not permitted";
@@ -160,6 +166,7 @@ TEST(ReplaceFile, ReadOnlyTarget_IsReplaced) {
 }
 
 TEST(RemoveSpareName, OnlyANameThatIsNotTheLast_IsRemoved) {
+  if (PlatformId() == 1) GTEST_SKIP() << "Windows 95, 98 and Me have no hard links";
   const TempFolder folder;
   folder.Write("file", "1");
   folder.MakeHardLink("file", "spare");

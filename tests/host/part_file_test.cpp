@@ -30,7 +30,7 @@ TEST(PartFileTest, Committed_HasItsNameAndContent) {
   EXPECT_TRUE(file->WriteAt(0, Bytes("one ")).ok());
   EXPECT_TRUE(file->WriteAt(4, Bytes("two")).ok());
   EXPECT_THAT(folder.Names(), ElementsAre("file.part"));
-  EXPECT_TRUE(file->Commit().ok());
+  EXPECT_EQ(file->Commit().cause, "");
   EXPECT_THAT(folder.Names(), ElementsAre("file"));
   EXPECT_EQ(folder.Read("file"), "one two");
 }
@@ -49,7 +49,7 @@ TEST(PartFileTest, Committed_ReplacesAnEarlierFile) {
   folder.Write("file.part", "left by a run that was killed");
   const auto file = Create(folder);
   EXPECT_TRUE(file->WriteAt(0, Bytes("new")).ok());
-  EXPECT_TRUE(file->Commit().ok());
+  EXPECT_EQ(file->Commit().cause, "");
   EXPECT_EQ(folder.Read("file"), "new");
   EXPECT_THAT(folder.Names(), ElementsAre("file"));
 }
@@ -61,7 +61,7 @@ TEST(PartFileTest, PartsInAnyOrder_MakeTheWholeFile) {
   ASSERT_NE(file, nullptr);
   EXPECT_TRUE(file->WriteAt(5, Bytes("56789")).ok());
   EXPECT_TRUE(file->WriteAt(0, Bytes("01234")).ok());
-  EXPECT_TRUE(file->Commit().ok());
+  EXPECT_EQ(file->Commit().cause, "");
   EXPECT_EQ(folder.Read("file"), "0123456789");
 }
 
@@ -78,13 +78,14 @@ TEST(PartFileTest, SeveralThreads_WriteTheirPartsWhereTheyBelong) {
   Thread other([&] { write(1); });
   write(0);
   other.Join();
-  EXPECT_TRUE(file->Commit().ok());
+  EXPECT_EQ(file->Commit().cause, "");
   const std::string content = folder.Read("file");
   ASSERT_EQ(content.size(), 64 * kPart);
   for (std::size_t i = 0; i < content.size(); ++i) ASSERT_EQ(content[i], static_cast<char>('A' + i / kPart % 26)) << i;
 }
 
 TEST(PartFileTest, OfTwoRuns_TheLaterWins) {
+  if (PlatformId() == 1) GTEST_SKIP() << "Windows 95, 98 and Me let nobody replace an open file";
   const TempFolder folder;
   auto early = Create(folder);
   EXPECT_TRUE(early->WriteAt(0, Bytes("early")).ok());
@@ -99,6 +100,7 @@ TEST(PartFileTest, OfTwoRuns_TheLaterWins) {
 }
 
 TEST(PartFileTest, EarlierRunBehindAFinishedOne_DoesNotTouchItsFile) {
+  if (PlatformId() == 1) GTEST_SKIP() << "Windows 95, 98 and Me let nobody replace an open file";
   const TempFolder folder;
   const auto early = Create(folder);
   EXPECT_TRUE(Create(folder)->Commit().ok());
@@ -151,7 +153,7 @@ TEST(PartFileTest, RoomSetAside_IsNotPartOfTheFile) {
   const auto file = CreatePartFile(folder.Core("file"), 1000000, status);
   ASSERT_NE(file, nullptr);
   EXPECT_TRUE(file->WriteAt(0, Bytes("short")).ok());
-  EXPECT_TRUE(file->Commit().ok());
+  EXPECT_EQ(file->Commit().cause, "");
   EXPECT_EQ(folder.Read("file"), "short");
 }
 

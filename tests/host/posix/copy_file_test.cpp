@@ -46,6 +46,15 @@ TEST(CopyFile, SourceThatOnlyOthersMayUse_GivesACopyWithItsOtherBits) {
   EXPECT_EQ(folder.Mode("to"), 0655u);
 }
 
+TEST(CopyFile, LargeFile_TellsSeveralPieces) {
+  const TempFolder folder;
+  folder.Write("from", std::string(40 << 20, 'x'));
+  std::size_t told = 0;
+  const CopyRoutine routine = [&](CopyEvent, std::int64_t) { return ++told, true; };
+  EXPECT_TRUE(CopyFileWithProgress(folder.Core("from"), folder.Core("to"), routine).ok());
+  EXPECT_GE(told, 4u);
+}
+
 TEST(CopyFile, TargetIsALink_ReplacesTheLinkAndNotWhatItLeadsTo) {
   const TempFolder folder;
   const TempFolder elsewhere;
