@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "host/win32/attributes.h"
 #include "host/win32/errors.h"
 #include "host/win32/family.h"
 #include "host/win32/file_facts.h"
@@ -91,11 +92,6 @@ Status CheckTarget(const DoorPath& to, const NativeFacts& source) {
   return status;
 }
 
-void ClearReadOnly(const DoorPath& path, DWORD attributes) {
-  if ((attributes & FILE_ATTRIBUTE_READONLY) == 0) return;
-  SetFileAttributesA(path.c_str(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
-}
-
 }  // namespace
 
 Status CopyBySystem(const DoorPath& from, const DoorPath& to, const CopyRoutine& routine) {
@@ -131,12 +127,12 @@ Status CopyFileWithProgress(std::string_view from, std::string_view to, const Co
   if (status.ok()) status = CheckTarget(target, facts);
   if (!status.ok()) return status;
   // What is replaced stays until the copy is whole.
-  const bool replaces = GetFileAttributesA(target.c_str()) != INVALID_FILE_ATTRIBUTES;
+  const bool replaces = IsThere(target);
   const DoorPath copy(replaces ? PassingName(target) : target.core);
   status = copy.status;
   if (!status.ok()) return status;
   status = FindSystemCopy() != nullptr ? CopyBySystem(source, copy, routine) : CopyByHand(source, copy, routine);
-  if (status.ok()) ClearReadOnly(copy, facts.attributes);
+  if (status.ok()) status = MakeWritable(copy);
   if (status.ok() && replaces) status = MoveOver(copy, target);
   if (!status.ok()) DeleteForSure(copy);
   return status;

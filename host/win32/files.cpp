@@ -3,10 +3,11 @@
 
 #include <windows.h>
 
+#include "host/win32/attributes.h"
 #include "host/win32/errors.h"
-#include "host/win32/family.h"
 #include "host/win32/file_facts.h"
 #include "host/win32/native_path.h"
+#include "host/win32/new_file.h"
 #include "host/win32/newer_call.h"
 #include "host/win32/regular_file.h"
 
@@ -14,11 +15,6 @@ namespace discwright::host {
 namespace {
 
 using MakePathCall = BOOL WINAPI(const char*);
-
-bool IsFolder(const DoorPath& path) {
-  const DWORD attributes = GetFileAttributesA(path.c_str());
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-}
 
 // The system's own way. It does not say why it failed.
 bool MakeAtOnce(const DoorPath& path) {
@@ -58,15 +54,8 @@ Status MakeFolders(std::string_view path) {
   return absolute.status.ok() && MakeAtOnce(absolute) ? Status::Success() : MakeOneByOne(absolute);
 }
 
-Status ClearAttributes(std::string_view path) {
-  const DoorPath door(path);
-  if (!door.status.ok()) return door.status;
-  const DWORD attributes = GetFileAttributesA(door.c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES) return LastFailure();
-  // Only this one stands in the way of deleting; it is a link's own, too.
-  if ((attributes & FILE_ATTRIBUTE_READONLY) == 0) return Status::Success();
-  return StatusOfResult(SetFileAttributesA(door.c_str(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY}));
-}
+// Only the read-only mark stands in the way of deleting.
+Status ClearAttributes(std::string_view path) { return MakeWritable(DoorPath(path)); }
 
 Status RemoveFile(std::string_view path) {
   const DoorPath door(path);
@@ -85,7 +74,12 @@ Status RenameFile(std::string_view from, std::string_view to) {
   const DoorPath target(to);
   if (!source.status.ok()) return source.status;
   if (!target.status.ok()) return target.status;
-  return StatusOfResult(MoveFileA(source.c_str(), target.c_str()));
+  const bool was_free = !IsThere(target);
+  if (MoveFileA(source.c_str(), target.c_str()) != 0) return Status::Success();
+  Status failure = LastFailure();
+  // The copy to another drive that broke off may have left its part.
+  if (was_free && failure.error != ErrorClass::kExists && IsThere(source) && IsThere(target)) DeleteForSure(target);
+  return failure;
 }
 
 }  // namespace discwright::host

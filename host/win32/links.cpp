@@ -5,6 +5,7 @@
 // A macro of the system's header with the name of one of our functions.
 #undef ReplaceFile
 
+#include "host/win32/attributes.h"
 #include "host/win32/binary_file.h"
 #include "host/win32/errors.h"
 #include "host/win32/family.h"
@@ -126,7 +127,7 @@ Status ReplaceFile(std::string_view from, std::string_view to) {
   const DoorPath target(to);
   for (const DoorPath* path : {&source, &target}) {
     if (!path->status.ok()) return path->status;
-    if (GetFileAttributesA(path->c_str()) == INVALID_FILE_ATTRIBUTES) return LastFailure();
+    if (!IsThere(*path)) return LastFailure();
   }
   return MoveOver(source, target);
 }

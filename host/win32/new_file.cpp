@@ -3,20 +3,13 @@
 
 #include <atomic>
 
+#include "host/win32/attributes.h"
 #include "host/win32/errors.h"
 #include "host/win32/family.h"
 #include "host/win32/newer_call.h"
 
 namespace discwright::host {
 namespace {
-
-bool IsThere(const DoorPath& path) { return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
-
-void MakeWritable(const DoorPath& path) {
-  const DWORD attributes = GetFileAttributesA(path.c_str());
-  const bool is_read_only = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
-  if (is_read_only) SetFileAttributesA(path.c_str(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
-}
 
 // Windows 95, 98 and Me cannot rename over a file. The old one steps aside first: a crash in between leaves the name
 // free, the old content and the new under passing names, and loses neither.

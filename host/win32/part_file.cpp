@@ -7,10 +7,12 @@
 #include <mutex>
 
 #include "host/threads.h"
+#include "host/win32/attributes.h"
 #include "host/win32/errors.h"
 #include "host/win32/family.h"
 #include "host/win32/file_facts.h"
 #include "host/win32/new_file.h"
+#include "host/win32/newer_call.h"
 #include "host/win32/regular_file.h"
 
 namespace discwright::host {
@@ -95,7 +97,7 @@ class WindowsPartFile : public PartFile {
 Status Clear(const DoorPath& part) {
   const Status status = OnlyRegular(part);
   if (!status.ok()) return status;
-  if (GetFileAttributesA(part.c_str()) == INVALID_FILE_ATTRIBUTES) return Status::Success();
+  if (!IsThere(part)) return Status::Success();
   if (!IsNtFamily()) return DeleteForSure(part);
   const DoorPath aside(PassingName(part));
   if (!aside.status.ok()) return aside.status;
@@ -103,8 +105,20 @@ Status Clear(const DoorPath& part) {
   return DeleteForSure(aside);
 }
 
-// A file system that has no such thing as room set aside does not matter; a disk that is too small does.
-Status SetAside(HANDLE file, std::uint64_t size) {
+// False where nothing is known, as on the first Windows 95.
+bool DiskIsTooSmall(const DoorPath& file, std::uint64_t size) {
+  using Call = decltype(GetDiskFreeSpaceExA);
+  static Call* const look = NewerCall<Call>("kernel32.dll", "GetDiskFreeSpaceExA");
+  const DoorPath folder(ParentFolder(AbsolutePath(file.core)));
+  ULARGE_INTEGER room{};
+  // A share of another computer is only known with a separator at its end.
+  return look != nullptr && look((folder.native + "\\").c_str(), &room, nullptr, nullptr) != 0 && room.QuadPart < size;
+}
+
+// A file system that has no such thing as room set aside does not matter; a disk that is too small does. It is asked
+// first, because some only take note of a size.
+Status SetAside(HANDLE file, const DoorPath& path, std::uint64_t size) {
+  if (DiskIsTooSmall(path, size)) return StatusOf(ERROR_DISK_FULL);
   const Status status = size == 0 ? Status::Success() : SetSize(file, size);
   return status.error == ErrorClass::kDiskFull ? status : Status::Success();
 }
@@ -125,7 +139,7 @@ std::unique_ptr<PartFile> CreatePartFile(std::string_view path, std::uint64_t si
   } while (file.status.error == ErrorClass::kExists);
   status = file.status;
   if (!status.ok()) return nullptr;
-  status = SetAside(file.handle.get(), size);
+  status = SetAside(file.handle.get(), part, size);
   auto made = std::make_unique<WindowsPartFile>(std::move(file.handle), name, part);
   return status.ok() ? std::move(made) : nullptr;
 }

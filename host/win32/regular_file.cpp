@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "host/win32/attributes.h"
 #include "host/win32/errors.h"
 
 namespace discwright::host {
@@ -17,9 +18,7 @@ DWORD CallSize(std::size_t left) { return static_cast<DWORD>(std::min(left, kLar
 
 Status OnlyRegular(const DoorPath& path) {
   if (!path.status.ok()) return path.status;
-  const DWORD attributes = GetFileAttributesA(path.c_str());
-  const bool is_folder = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-  return is_folder || IsDevicePath(path.core) ? NotARegularFile() : Status::Success();
+  return IsFolder(path) || IsDevicePath(path.core) ? NotARegularFile() : Status::Success();
 }
 
 RegularFile OpenRegular(const DoorPath& path, DWORD access, DWORD disposition, DWORD share, DWORD flags) {
