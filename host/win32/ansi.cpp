@@ -8,10 +8,10 @@
 namespace discwright::host {
 namespace {
 
-std::wstring WideOfAnsi(std::string_view ansi) {
-  const int size = static_cast<int>(ansi.size());
-  std::wstring wide(static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, ansi.data(), size, nullptr, 0)), L'\0');
-  MultiByteToWideChar(CP_ACP, 0, ansi.data(), size, wide.data(), static_cast<int>(wide.size()));
+std::wstring WideOfBytes(std::string_view bytes, unsigned code_page) {
+  const int size = static_cast<int>(bytes.size());
+  std::wstring wide(static_cast<std::size_t>(MultiByteToWideChar(code_page, 0, bytes.data(), size, nullptr, 0)), L'\0');
+  MultiByteToWideChar(code_page, 0, bytes.data(), size, wide.data(), static_cast<int>(wide.size()));
   return wide;
 }
 
@@ -35,7 +35,7 @@ void AppendWide(std::wstring& wide, char32_t code_point) {
 }  // namespace
 
 std::string Utf8OfAnsi(std::string_view ansi) {
-  const std::wstring wide = WideOfAnsi(ansi);
+  const std::wstring wide = WideOfBytes(ansi, CP_ACP);
   std::string text;
   for (std::size_t i = 0; i < wide.size(); ++i) {
     char32_t code_point = wide[i];
@@ -46,7 +46,9 @@ std::string Utf8OfAnsi(std::string_view ansi) {
   return text;
 }
 
-std::optional<std::string> AnsiOfUtf8(std::string_view text) {
+std::optional<std::string> AnsiOfUtf8(std::string_view text) { return BytesInCodePage(text, CP_ACP); }
+
+std::optional<std::string> BytesInCodePage(std::string_view text, unsigned code_page) {
   std::wstring wide;
   while (!text.empty()) {
     const Utf8Character character = FirstUtf8Character(text);
@@ -54,9 +56,9 @@ std::optional<std::string> AnsiOfUtf8(std::string_view text) {
     text.remove_prefix(character.length);
     AppendWide(wide, character.code_point);
   }
-  std::string ansi = BytesOfWide(wide, CP_ACP);
-  if (WideOfAnsi(ansi) != wide) return std::nullopt;
-  return ansi;
+  std::string bytes = BytesOfWide(wide, code_page);
+  if (WideOfBytes(bytes, code_page) != wide) return std::nullopt;
+  return bytes;
 }
 
 std::string NearestInCodePage(std::string_view text, unsigned code_page) {

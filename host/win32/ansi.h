@@ -13,6 +13,9 @@ std::string Utf8OfAnsi(std::string_view ansi);
 // be another name.
 std::optional<std::string> AnsiOfUtf8(std::string_view text);
 
+// The same for any code page of the system.
+std::optional<std::string> BytesInCodePage(std::string_view text, unsigned code_page);
+
 // For showing: UTF-8 in any code page of the system, "?" or a similar character for what that lacks.
 std::string NearestInCodePage(std::string_view text, unsigned code_page);
 

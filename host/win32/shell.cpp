@@ -31,13 +31,15 @@ std::string Shell(const char* fallback) {
   return length > 0 && length < path.size() ? std::string(path.data(), length) : fallback;
 }
 
-// cmd.exe takes away the outer pair of quotes. It would look for variables in a path with percent signs, but not in a
-// variable's text.
+// cmd.exe takes away the outer pair of quotes. It reads scripts in the code page of its console, which is not the ANSI
+// code page before it is told so. It would look for variables in a path with percent signs, but not in a variable's
+// text.
 std::string ByCmd(const std::string& script, std::string_view arguments) {
   const bool has_percent = script.find('%') != script.npos;
   if (has_percent) SetEnvironmentVariableA(kScriptVariable, script.c_str());
   const std::string name = has_percent ? "%" + std::string(kScriptVariable) + "%" : script;
-  return Quoted(Shell("cmd.exe")) + " /c " + Quoted(Quoted(name).append(arguments));
+  const std::string code_page = "chcp " + std::to_string(GetOEMCP()) + ">nul 2>nul&";
+  return Quoted(Shell("cmd.exe")) + " /c " + Quoted(code_page + Quoted(name).append(arguments));
 }
 
 // command.com is a DOS program, at home with short names only.
