@@ -38,9 +38,10 @@ bool MakePipe(OwnedHandle& read_end, OwnedHandle& write_end) {
   return true;
 }
 
+// None on systems without jobs: Windows 95 to Me, and NT 4.
 OwnedHandle MakeJob() {
   static auto* const create = NewerCall<decltype(CreateJobObjectA)>("kernel32.dll", "CreateJobObjectA");
-  return OwnedHandle(create == nullptr ? nullptr : create(nullptr, nullptr));
+  return OwnedHandle(create == nullptr || !IsNtFamily() ? nullptr : create(nullptr, nullptr));
 }
 
 // Whether the process is in the job now; not where this program itself is in one that cannot be divided.
