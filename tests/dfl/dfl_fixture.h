@@ -28,16 +28,30 @@ class WatchedOutput : public std::stringbuf {
   }
 };
 
+// What the system says about a file that is not there.
+inline std::string Missing() {
+  std::string content;
+  return host::ReadWholeFile(host::testing::TempFolder().Core("missing"), content).cause;
+}
+
 class DflTest : public ::testing::Test {
  protected:
+  void SetUp() override {
+    if (host::PlatformId() == 1) GTEST_SKIP() << "this family has no hard links";
+  }
+
   void Write(std::string_view name, std::string_view content) const { folder_.Write(name, content); }
-  void MakeLink(std::string_view existing, std::string_view fresh) const {
-    std::filesystem::create_hard_link(folder_.Native(existing), folder_.Native(fresh));
-  }
+  void MakeLink(std::string_view existing, std::string_view fresh) const { folder_.MakeHardLink(existing, fresh); }
   bool AreLinked(std::string_view a, std::string_view b) const {
-    return std::filesystem::equivalent(folder_.Native(a), folder_.Native(b));
+    return std::filesystem::equivalent(folder_.Path(a), folder_.Path(b));
   }
-  std::uintmax_t LinksOf(std::string_view name) const { return std::filesystem::hard_link_count(folder_.Native(name)); }
+  // The path of a file of the folder as messages show it.
+  std::string Shown(std::string_view name) const { return host::PathToNative(folder_.Core(name)); }
+  // By the shared facts: the C++ library of Windows counts one link always.
+  std::uint64_t LinksOf(std::string_view name) const {
+    const auto facts = host::FactsOf(folder_.Core(name));
+    return facts ? facts->links : 0;
+  }
 
   // Runs on the folder; the exit code.
   int Run() {
