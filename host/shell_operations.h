@@ -11,8 +11,8 @@ enum class ShellVerb { kMove, kRename };
 
 struct ShellOperation {
   ShellVerb verb = ShellVerb::kMove;
-  std::uintptr_t owner_window = 0;  // the handle of the window that the shell's own windows belong to; 0 for none
-  std::string source;               // a core path; of a move its last name may have wildcards
+  void* owner_window = nullptr;  // the handle of the window that the shell's own windows belong to; null for none
+  std::string source;            // a core path; of a move its last name may have wildcards
   std::string destination;
   std::uint16_t flags = 0;  // as the shell defines them
   std::string title;        // of the shell's progress window

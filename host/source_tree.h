@@ -34,8 +34,9 @@ class SourceFile {
   virtual Status Read(std::span<std::uint8_t> bytes, std::size_t& count) = 0;
 };
 
-// Paths are relative to the tree's root, made of names as List gives them with "/" in between, of any length; "" is
-// the root itself. Links are followed.
+// Paths are relative to the tree's root, made of names as List gives them with "/" in between; "" is the root itself.
+// They have any length, but on Windows, where a whole path ends at 259 bytes, what is longer has a status that says so.
+// Links are followed.
 class SourceTree {
  public:
   virtual ~SourceTree() = default;

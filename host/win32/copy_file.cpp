@@ -86,7 +86,7 @@ Status CheckSource(const DoorPath& from, NativeFacts& facts) {
 // The target is refused when it is the source under another name.
 Status CheckTarget(const DoorPath& to, const NativeFacts& source) {
   NativeFacts facts;
-  const Status status = OnlyRegular(to);
+  Status status = OnlyRegular(to);
   if (status.ok() && FactsOfPath(to, Links::kFollow, facts).ok() && facts.IsSameFile(source))
     return Status::Failure(ErrorClass::kOther, "Source and target are the same file");
   return status;
@@ -101,7 +101,7 @@ Status CopyBySystem(const DoorPath& from, const DoorPath& to, const CopyRoutine&
       FindSystemCopy()(from.c_str(), to.c_str(), TellOfSystemCopy, &teller, &cancel, COPY_FILE_RESTARTABLE);
   if (copied == 0) return LastFailure();
   NativeFacts facts;
-  const Status status = FactsOfPath(to, Links::kFollow, facts);
+  Status status = FactsOfPath(to, Links::kFollow, facts);
   if (!status.ok()) return status;
   return teller.TellTheRest(static_cast<std::int64_t>(facts.size)) ? Status::Success() : Stopped();
 }
@@ -112,7 +112,7 @@ Status CopyByHand(const DoorPath& from, const DoorPath& to, const CopyRoutine& r
   if (!source.status.ok()) return source.status;
   RegularFile target = OpenRegular(to, GENERIC_WRITE, CREATE_ALWAYS, 0);
   if (!target.status.ok()) return target.status;
-  const Status status = CopyBytes(source.handle.get(), target.handle.get(), teller);
+  Status status = CopyBytes(source.handle.get(), target.handle.get(), teller);
   if (!status.ok()) return status;
   KeepTime(source.handle.get(), target.handle.get());
   target.handle.Close();

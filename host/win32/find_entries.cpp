@@ -45,6 +45,7 @@ void MarkAllButOne(std::string_view folder, std::vector<FoundEntry>::iterator fi
                    std::vector<FoundEntry>::iterator last) {
   std::vector<std::string> taken;
   for (auto entry = first; entry != last; ++entry) {
+    if (!entry->IsReachable()) continue;
     WIN32_FIND_DATAA data{};
     const DoorPath path(InFolder(folder, entry->name));
     const bool is_new = std::find(taken.begin(), taken.end(), entry->name) == taken.end();

@@ -5,6 +5,8 @@
 // A macro of the system's header with the name of one of our functions.
 #undef ReplaceFile
 
+#include <functional>
+
 #include "host/win32/attributes.h"
 #include "host/win32/binary_file.h"
 #include "host/win32/errors.h"
@@ -32,14 +34,17 @@ FileFacts ToFacts(const NativeFacts& facts) {
 
 bool IsListed(const FoundEntry& found) { return !IsLink(found.data) && !IsDevicePath(found.name); }
 
-// What cannot be opened is listed with the little that is known of it: reading it tells why.
-NamedFacts Describe(const std::string& folder, const FoundEntry& found) {
+// What cannot be opened is listed with the little that is known of it, as one more file of its folder's volume: reading
+// it tells why.
+NamedFacts Describe(std::string_view folder, const FoundEntry& found, FileFacts unknown) {
   NamedFacts entry{found.name, found.IsFolder(), {}};
   if (entry.is_folder) return entry;
   NativeFacts facts;
-  if (FactsOfPath(DoorPath(InFolder(folder, found.name)), Links::kTake, facts).ok()) {
+  const DoorPath path(InFolder(folder, found.name));
+  if (FactsOfPath(path, Links::kTake, facts).ok()) {
     entry.facts = ToFacts(facts);
   } else {
+    entry.facts = unknown;
     entry.facts.size = (std::int64_t{found.data.nFileSizeHigh} << 32) | found.data.nFileSizeLow;
   }
   return entry;
@@ -82,8 +87,13 @@ FactsListing ListFacts(std::string_view folder) {
   FactsListing listing;
   std::vector<FoundEntry> found;
   listing.status = FindEntries(folder, found);
+  NativeFacts facts;
+  FactsOfPath(DoorPath(folder), Links::kFollow, facts);
   for (const FoundEntry& entry : found) {
-    if (IsListed(entry)) listing.entries.push_back(Describe(std::string(folder), entry));
+    // A number that no file is likely to have.
+    const std::string place = std::string(folder) + "\\" + std::to_string(listing.entries.size());
+    const FileFacts unknown{facts.volume, std::hash<std::string>()(place)};
+    if (IsListed(entry)) listing.entries.push_back(Describe(folder, entry, unknown));
   }
   return listing;
 }

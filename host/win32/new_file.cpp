@@ -67,7 +67,7 @@ Status NewFile::Commit(DWORD attributes) {
   if (FlushFileBuffers(handle_.get()) == 0) return LastFailure();
   handle_.Close();
   if (SetFileAttributesA(passing_.c_str(), attributes) == 0) return LastFailure();
-  const Status moved = MoveOver(passing_, path_);
+  Status moved = MoveOver(passing_, path_);
   is_whole_ = moved.ok();
   return moved;
 }

@@ -74,7 +74,7 @@ class WindowsPartFile : public PartFile {
       return Replaced();
     }
     part_ = mine;
-    const Status status = MoveOver(mine, name_);
+    Status status = MoveOver(mine, name_);
     if (status.ok()) file_.Close();
     return status;
   }
@@ -95,7 +95,7 @@ class WindowsPartFile : public PartFile {
 // What is there is not written into: a run that was left behind may still have it open. On the NT family it keeps its
 // name while that run goes on, so it gets another first.
 Status Clear(const DoorPath& part) {
-  const Status status = OnlyRegular(part);
+  Status status = OnlyRegular(part);
   if (!status.ok()) return status;
   if (!IsThere(part)) return Status::Success();
   if (!IsNtFamily()) return DeleteForSure(part);

@@ -41,7 +41,7 @@ ShellAnswer RunShellOperation(const ShellOperation& operation) {
   if (!source || !destination) return {kInvalidFiles, false};
   const std::string title = ListOf(operation.title).value_or(std::string(1, '\0'));
   SHFILEOPSTRUCTA record{};
-  record.hwnd = reinterpret_cast<HWND>(operation.owner_window);
+  record.hwnd = static_cast<HWND>(operation.owner_window);
   record.wFunc = operation.verb == ShellVerb::kMove ? FO_MOVE : FO_RENAME;
   record.pFrom = source->c_str();
   record.pTo = destination->c_str();

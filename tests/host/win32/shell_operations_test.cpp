@@ -20,7 +20,7 @@ TEST(ShellOperation, MoveOfOneFile_MovesIt) {
   folder.Write("from/file", "x");
   folder.MakeFolder("to");
   const ShellAnswer answer =
-      RunShellOperation({ShellVerb::kMove, 0, folder.Core("from\\file"), folder.Core("to"), kQuietly, "Moving"});
+      RunShellOperation({ShellVerb::kMove, nullptr, folder.Core("from\\file"), folder.Core("to"), kQuietly, "Moving"});
   EXPECT_EQ(answer.number, 0);
   EXPECT_FALSE(answer.aborted);
   EXPECT_EQ(folder.Read("to/file"), "x");
@@ -34,7 +34,7 @@ TEST(ShellOperation, MoveOfAWildcard_MovesEveryFileAndFolder) {
   folder.Write("from/sub/three", "3");
   folder.MakeFolder("to");
   const ShellAnswer answer =
-      RunShellOperation({ShellVerb::kMove, 0, folder.Core("from/*.*"), folder.Core("to"), kQuietly, ""});
+      RunShellOperation({ShellVerb::kMove, nullptr, folder.Core("from/*.*"), folder.Core("to"), kQuietly, ""});
   EXPECT_EQ(answer.number, 0);
   EXPECT_THAT(folder.Names("from"), IsEmpty());
   EXPECT_THAT(folder.Names("to"), ElementsAre("one", "sub", "two.txt"));
@@ -45,7 +45,7 @@ TEST(ShellOperation, RenameOfAFolder_GivesItItsNewName) {
   const TempFolder folder;
   folder.Write("Übung/file", "x");
   const ShellAnswer answer =
-      RunShellOperation({ShellVerb::kRename, 0, folder.Core("Übung"), folder.Core("new"), kQuietly, "Renaming"});
+      RunShellOperation({ShellVerb::kRename, nullptr, folder.Core("Übung"), folder.Core("new"), kQuietly, "Renaming"});
   EXPECT_EQ(answer.number, 0);
   EXPECT_THAT(folder.Names(), ElementsAre("new"));
 }
@@ -54,7 +54,7 @@ TEST(ShellOperation, MissingSource_GivesTheServicesNumber) {
   const TempFolder folder;
   // 1024 is: no window for failures.
   const ShellAnswer answer = RunShellOperation(
-      {ShellVerb::kRename, 0, folder.Core("missing"), folder.Core("new"), kQuietly + 1024, "Renaming"});
+      {ShellVerb::kRename, nullptr, folder.Core("missing"), folder.Core("new"), kQuietly + 1024, "Renaming"});
   EXPECT_NE(answer.number, 0);
 }
 
@@ -63,11 +63,11 @@ TEST(ShellOperation, PathThatCannotBePassed_IsRefused) {
   folder.Write("file", "x");
   for (const std::string& name : {std::string("漢"), std::string("a\0b", 3)}) {
     const ShellAnswer answer =
-        RunShellOperation({ShellVerb::kRename, 0, folder.Core("file"), folder.Core(name), kQuietly, ""});
+        RunShellOperation({ShellVerb::kRename, nullptr, folder.Core("file"), folder.Core(name), kQuietly, ""});
     EXPECT_EQ(answer.number, 0x7C);
   }
   EXPECT_THAT(folder.Names(), ElementsAre("file"));
-  EXPECT_EQ(RunShellOperation({ShellVerb::kMove, 0, "", folder.Core(), kQuietly, ""}).number, 0x7C);
+  EXPECT_EQ(RunShellOperation({ShellVerb::kMove, nullptr, "", folder.Core(), kQuietly, ""}).number, 0x7C);
 }
 
 }  // namespace

@@ -75,10 +75,14 @@ TEST(SourceTreeNames, FolderNameInAnotherCaseOrShort_IsTheSameTree) {
 TEST(ListFacts, NameThatTheCodePageLacks_IsListedAndCannotBeOpened) {
   const TempFolder folder;
   folder.Write("漢", "12345");
+  folder.Write("字", "12345");
+  folder.Write("A", "12345");
   const FactsListing listing = ListFacts(folder.Core());
-  ASSERT_EQ(listing.entries.size(), 1u);
+  ASSERT_EQ(listing.entries.size(), 3u);
   EXPECT_EQ(listing.entries[0].name, "?");
   EXPECT_EQ(listing.entries[0].facts.size, 5);
+  EXPECT_EQ(listing.entries[0].facts.volume, listing.entries[2].facts.volume);
+  EXPECT_FALSE(listing.entries[0].facts.IsSameFile(listing.entries[1].facts));
   Status status;
   EXPECT_EQ(OpenUnchanged(folder.Core("?"), listing.entries[0].facts, status), nullptr);
   EXPECT_EQ(status.cause, NameNotInCodePage().cause);
