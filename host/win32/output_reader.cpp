@@ -58,7 +58,7 @@ void OutputReader::Read(DWORD most) {
   std::array<char, kPipePiece> bytes;
   DWORD got = 0;
   if (ReadFile(pipe_.get(), bytes.data(), std::min(most, kPipePiece), &got, nullptr) == 0) return;
-  for (std::string& piece : pieces_.Add(std::string_view(bytes.data(), got), Clock::now())) Put(std::move(piece));
+  for (const std::string& piece : pieces_.Add(std::string_view(bytes.data(), got), Clock::now())) Put(piece);
 }
 
 // What the program has written before its end. Not until the pipe is empty: others may go on filling it.
@@ -75,7 +75,7 @@ void OutputReader::DropTheRest() {
 }
 
 // Programs write in the code page of the system.
-void OutputReader::Put(std::string piece) {
+void OutputReader::Put(const std::string& piece) {
   if (!piece.empty()) delivery_->Put(Utf8OfAnsi(piece));
 }
 

@@ -27,7 +27,7 @@ class OutputReader {
   void ReadWhatIsThere();
   void DropTheRest();
   DWORD MillisecondsToWait(Clock::time_point now, DWORD pause) const;
-  void Put(std::string piece);
+  void Put(const std::string& piece);
 
   OwnedHandle pipe_;
   std::shared_ptr<Child> child_;
