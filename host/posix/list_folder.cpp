@@ -12,8 +12,8 @@
 #include "host/posix/errors.h"
 #include "host/posix/native_path.h"
 #include "host/posix/unique_fd.h"
-#include "host/wildcard.h"
 #include "host/system.h"
+#include "host/wildcard.h"
 
 namespace discwright::host {
 namespace {
