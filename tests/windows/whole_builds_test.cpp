@@ -129,6 +129,23 @@ TEST_P(WholeBuilds, SecondBuildOverTheFirst_MakesTheSameImage) {
   EXPECT_TRUE(ReadFile(place / "first.iso") == ReadFile(place / "second.iso"));
 }
 
+// Windows 95, 98 and Me are given files piece by piece over what is there: the tail of a longer file stays (it is
+// meant).
+TEST_P(WholeBuilds, AdditionalFileOverALongerOne_LeavesItsTailOnTheOlderFamily) {
+  WriteFile(place / "extra" / "vexa" / "README.TXT", "ABC");
+  ASSERT_EQ(BuildOnWindows(place / "image.iso").exit_code, 0);
+  const std::string left = ReadFile(windows / "vexacd" / "vexa" / "README.TXT");
+  EXPECT_EQ(left, GetParam() == Family::kNt ? "ABC" : "ABCd me\r\n");
+}
+
+TEST_P(WholeBuilds, ReadOnlyFilesOfAnEarlierBuild_DoNotStopTheNext) {
+  ASSERT_EQ(BuildOnWindows(place / "image.iso").exit_code, 0);
+  for (const auto& entry : fs::recursive_directory_iterator(windows / "vexacd"))
+    if (entry.is_regular_file()) fs::permissions(entry.path(), fs::perms::owner_read);
+  const Outcome again = BuildOnWindows(place / "image.iso");
+  EXPECT_EQ(again.exit_code, 0) << again.err;
+}
+
 TEST_P(WholeBuilds, MissingMasteringTool_IsToldFromTheLog) {
   fs::remove(windows / "mkisofs.exe");
   const Outcome outcome = BuildOnWindows(place / "image.iso");
