@@ -1,4 +1,4 @@
-# Debian's cross compiler for 32-bit Windows: what ships, from Windows 95 on.
+# Debian's cross compiler for 32-bit Windows: what ships.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-win32)

@@ -123,7 +123,7 @@ class TempFolder {
 };
 
 #ifdef _WIN32
-// A disk of about one megabyte, which whoever runs the tests may name in DISCWRIGHT_SMALL_DISK.
+// A disk of about one megabyte that DISCWRIGHT_SMALL_DISK names: tests/windows runs the tests of full disks with one.
 class SmallDisk {
  public:
   SmallDisk() {
