@@ -59,9 +59,14 @@ Status RenameFile(std::string_view from, std::string_view to);
 
 Status ReadWholeFile(std::string_view path, std::string& content);
 
+enum class FileTimes {
+  kNew,   // of the moment of writing
+  kKept,  // those of the file that is replaced, as far as its file system has them
+};
+
 // Replaces the file's content as a whole: written beside it and renamed over it, so a reader (or a crash) sees the
-// old content or the new, never a part.
-Status WriteWholeFile(std::string_view path, std::string_view content);
+// old content or the new, never a part. The attributes of a file that is replaced stay.
+Status WriteWholeFile(std::string_view path, std::string_view content, FileTimes times = FileTimes::kNew);
 
 enum class CopyEvent { kStreamSwitch, kChunkFinished };
 // Called at the start of a file and after each piece; `transferred` counts this file's bytes. False stops the copy.

@@ -26,10 +26,13 @@ std::string_view TrimBlanks(std::string_view text) {
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-// Of a value without blanks around it: one pair of double quotes goes.
+// Of a value without blanks around it; as the system's profile calls see it on Windows.
+bool IsInQuotes(std::string_view value) {
+  return value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front();
+}
+
 std::string StripQuotes(std::string_view value) {
-  const bool is_quoted = value.size() >= 2 && value.starts_with('"') && value.ends_with('"');
-  return std::string(is_quoted ? value.substr(1, value.size() - 2) : value);
+  return std::string(IsInQuotes(value) ? value.substr(1, value.size() - 2) : value);
 }
 
 Lines SplitLines(std::string_view text) {
@@ -116,6 +119,11 @@ std::string WithIniValue(std::string_view text, std::string_view section, std::s
   while (TrimBlanks(WithoutLineEnd(*(end - 1))).empty()) --end;  // ends at the header, which is not blank
   const std::string_view last = *(end - 1);
   return WithInsertedAt(text, static_cast<std::size_t>(last.data() - text.data()) + last.size(), new_line);
+}
+
+std::string WithQuotesKept(std::string_view value) {
+  if (!IsInQuotes(TrimBlanks(OneLine(value)))) return std::string(value);
+  return std::string("\"").append(value).append("\"");
 }
 
 std::string OneLine(std::string_view value) {

@@ -10,7 +10,7 @@ namespace discwright::host {
 
 struct IniKey {
   std::string key;
-  std::string value;  // trimmed, without one pair of double quotes around it
+  std::string value;  // trimmed, without one pair of quotes, single or double, around it
 };
 
 // The value of the first such key in the first such section, names in any letter case; nothing when there is none.
@@ -21,6 +21,9 @@ std::vector<IniKey> IniSection(std::string_view text, std::string_view section);
 
 // The text with the key's value replaced in place, or key or section appended (CR LF). All else stays as it is.
 std::string WithIniValue(std::string_view text, std::string_view section, std::string_view key, std::string_view value);
+
+// The value as it is stored to be read as it is: in double quotes where reading would take a pair of its own quotes.
+std::string WithQuotesKept(std::string_view value);
 
 // The value as it can stand on a line: each CR, LF and NUL becomes a blank.
 std::string OneLine(std::string_view value);

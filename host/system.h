@@ -35,6 +35,11 @@ Date Today();
 std::string PathFromNative(std::string_view native);
 std::string PathToNative(std::string_view path);
 
+// The name that a file or folder of a setup CD has on the disc. Those discs name all in upper case, which some systems
+// show in lower case: there a name without an upper-case letter becomes upper case. Elsewhere, and with a mixed name,
+// it is the name itself.
+std::string NameOnDisc(std::string_view name);
+
 // A text without letter case, for comparing names: two names are one on a CD when their folded forms are equal.
 std::string FoldCase(std::string_view text);
 

@@ -13,12 +13,12 @@ std::optional<std::string> ReadTextProfile(std::string_view file, std::string_vi
   return FindIniValue(DecodeText(bytes), section, key);
 }
 
-void WriteTextProfile(std::string_view file, std::string_view section, std::string_view key, std::string_view value) {
+Status WriteTextProfile(std::string_view file, std::string_view section, std::string_view key, std::string_view value) {
   std::string bytes;
-  const Status status = ReadWholeFile(file, bytes);
+  Status status = ReadWholeFile(file, bytes);
   // A file that is there but cannot be read must not be replaced by one key.
-  if (!status.ok() && status.error != ErrorClass::kNotFound) return;
-  WriteWholeFile(file, EncodeText(WithIniValue(DecodeText(bytes), section, key, value)));
+  if (!status.ok() && status.error != ErrorClass::kNotFound) return status;
+  return WriteWholeFile(file, EncodeText(WithIniValue(DecodeText(bytes), section, key, value)));
 }
 
 }  // namespace discwright::host

@@ -112,6 +112,15 @@ class FolderCache {
     (*place)->stamp = stamp;
   }
 
+  void NoteChanged(const std::string& folder) {
+    const std::lock_guard lock(mutex_);
+    struct stat facts {};
+    if (stat(folder.c_str(), &facts) != 0) return;
+    const auto place = Place(Stamp(facts));
+    // The clock may be too coarse to show it in the folder's times.
+    if (place != folders_.end()) place->reset();
+  }
+
  private:
   using Folders = std::array<std::unique_ptr<Snapshot>, 8>;
 
@@ -180,5 +189,7 @@ std::string RealPathOfNew(std::string_view path) {
 }
 
 void NoteCreated(const std::string& native) { Cache().NoteCreated(native); }
+
+void NoteChanged(const std::string& folder) { Cache().NoteChanged(folder); }
 
 }  // namespace discwright::host

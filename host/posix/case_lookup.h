@@ -18,4 +18,7 @@ std::string RealPathOfNew(std::string_view path);
 // folder again.
 void NoteCreated(const std::string& native);
 
+// Tells the lookup that this program has changed names in a native folder without asking for them before.
+void NoteChanged(const std::string& folder);
+
 }  // namespace discwright::host

@@ -1,4 +1,4 @@
-// Text without letter case, for comparing names.
+// Letter case: text without it, for comparing names, and the names of discs that the system shows in lower case.
 #include <clocale>
 #include <cwctype>
 
@@ -20,22 +20,39 @@ char32_t Lower(char32_t code_point) {
   return static_cast<char32_t>(towlower_l(static_cast<wint_t>(code_point), Utf8Letters()));
 }
 
-}  // namespace
+// The letter itself when its lower-case form is another letter: a sharp s, a long s, a dotless i. Two names that differ
+// must not become one.
+char32_t Upper(char32_t code_point) {
+  if (code_point < 0x80) return code_point >= U'a' && code_point <= U'z' ? code_point - 32 : code_point;
+  if (Utf8Letters() == nullptr) return code_point;
+  const auto upper = static_cast<char32_t>(towupper_l(static_cast<wint_t>(code_point), Utf8Letters()));
+  return Lower(upper) == code_point ? upper : code_point;
+}
 
-std::string FoldCase(std::string_view text) {
-  std::string folded;
-  folded.reserve(text.size());
+// The text with each character changed.
+std::string Changed(std::string_view text, char32_t (*change)(char32_t)) {
+  std::string changed;
+  changed.reserve(text.size());
   while (!text.empty()) {
     const Utf8Character next = FirstUtf8Character(text);
     if (next.length == 0) {
-      folded += text.front();  // not UTF-8: a byte is only equal to itself
+      changed += text.front();  // not UTF-8: a byte is only equal to itself
       text.remove_prefix(1);
     } else {
-      AppendUtf8(folded, Lower(next.code_point));
+      AppendUtf8(changed, change(next.code_point));
       text.remove_prefix(next.length);
     }
   }
-  return folded;
+  return changed;
+}
+
+}  // namespace
+
+std::string FoldCase(std::string_view text) { return Changed(text, Lower); }
+
+std::string NameOnDisc(std::string_view name) {
+  const bool has_upper_case = FoldCase(name) != name;
+  return has_upper_case ? std::string(name) : Changed(name, Upper);
 }
 
 }  // namespace discwright::host

@@ -16,14 +16,13 @@ namespace {
 
 constexpr int kCreateFlags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
 
-// Short and independent of the final name, which may be as long as the system allows.
+}  // namespace
+
 std::string PassingName(const std::string& native) {
   static std::atomic<unsigned> counter = 0;
   const std::string name = ".discwright-" + std::to_string(getpid()) + "-" + std::to_string(counter++);
   return NativeJoin(NativeFolder(native), name);
 }
-
-}  // namespace
 
 Status NewFile::Create(const std::string& native, mode_t mode) {
   fd_ = UniqueFd(open(native.c_str(), kCreateFlags, mode));

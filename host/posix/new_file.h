@@ -10,6 +10,10 @@
 
 namespace discwright::host {
 
+// A name beside `native` that nothing of this program's has: short, and independent of the final name, which may be as
+// long as the system allows.
+std::string PassingName(const std::string& native);
+
 // Unless Commit succeeds, the destructor removes what was written, and a file that had the name stays as it was.
 class NewFile {
  public:

@@ -9,8 +9,9 @@ std::optional<std::string> ReadProfileValue(std::string_view file, std::string_v
   return ReadTextProfile(file, section, key);
 }
 
-void WriteProfileValue(std::string_view file, std::string_view section, std::string_view key, std::string_view value) {
-  WriteTextProfile(file, section, key, value);
+Status WriteProfileValue(std::string_view file, std::string_view section, std::string_view key,
+                         std::string_view value) {
+  return WriteTextProfile(file, section, key, value);
 }
 
 }  // namespace discwright::host

@@ -36,6 +36,12 @@ Status TakeOver(int fd, const struct stat& replaced) {
   return StatusOfResult(fchmod(fd, replaced.st_mode & 07777u));
 }
 
+// A file system that has no room for the times does not spoil the content.
+void KeepTimes(int fd, const struct stat& replaced) {
+  const std::array<timespec, 2> times{replaced.st_atim, replaced.st_mtim};
+  static_cast<void>(futimens(fd, times.data()));
+}
+
 // Whether the existing file may be replaced; its folder alone would allow that even for a read-only file.
 Status MayReplace(const std::string& native, const struct stat& facts) {
   if (!S_ISREG(facts.st_mode)) return NotARegularFile(S_ISDIR(facts.st_mode));
@@ -66,7 +72,7 @@ Status ReadWholeFile(std::string_view path, std::string& content) {
   return Status::Success();
 }
 
-Status WriteWholeFile(std::string_view path, std::string_view content) {
+Status WriteWholeFile(std::string_view path, std::string_view content, FileTimes times) {
   Status status;
   const std::string native = EndOfLinks(RealPath(path), status);
   struct stat replaced {};
@@ -76,6 +82,7 @@ Status WriteWholeFile(std::string_view path, std::string_view content) {
   if (status.ok()) status = file.CreateBeside(native, 0666);
   if (status.ok()) status = StatusOfResult(WriteAll(file.fd(), content.data(), content.size()));
   if (status.ok() && exists) status = TakeOver(file.fd(), replaced);
+  if (status.ok() && exists && times == FileTimes::kKept) KeepTimes(file.fd(), replaced);
   return status.ok() ? file.Commit() : status;
 }
 

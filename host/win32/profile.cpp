@@ -10,6 +10,7 @@
 #include "host/text_encoding.h"
 #include "host/text_profile.h"
 #include "host/win32/ansi.h"
+#include "host/win32/errors.h"
 #include "host/win32/native_path.h"
 
 namespace discwright::host {
@@ -52,19 +53,21 @@ std::optional<std::string> ReadProfileValue(std::string_view file, std::string_v
   return value == kNoValue ? std::nullopt : std::optional(Utf8OfAnsi(value));
 }
 
-void WriteProfileValue(std::string_view file, std::string_view section, std::string_view key, std::string_view value) {
+Status WriteProfileValue(std::string_view file, std::string_view section, std::string_view key,
+                         std::string_view value) {
   std::string bytes;
-  const Status status = ReadWholeFile(file, bytes);
-  if (!status.ok() && status.error != ErrorClass::kNotFound) return;
+  Status status = ReadWholeFile(file, bytes);
+  if (!status.ok() && status.error != ErrorClass::kNotFound) return status;
   const std::optional<NativeKey> native = ToNative(file, section, key);
   const std::optional<std::string> native_value = AnsiOfUtf8(OneLine(value));
   // Nor may the value's own bytes make UTF-8 of the file by chance.
   if (!native || !native_value || IsUtf8File(bytes) || IsUtf8File(*native_value)) {
-    WriteTextProfile(file, section, key, value);
-    return;
+    return WriteTextProfile(file, section, key, value);
   }
-  WritePrivateProfileStringA(native->section.c_str(), native->key.c_str(), native_value->c_str(), native->file.c_str());
+  Status written = StatusOfResult(WritePrivateProfileStringA(native->section.c_str(), native->key.c_str(),
+                                                             native_value->c_str(), native->file.c_str()));
   DropKeptProfile(native->file);
+  return written;
 }
 
 }  // namespace discwright::host

@@ -81,4 +81,6 @@ std::string PathFromNative(std::string_view native) { return AbsolutePath(native
 
 std::string PathToNative(std::string_view path) { return AbsolutePath(path); }
 
+std::string NameOnDisc(std::string_view name) { return std::string(name); }
+
 }  // namespace discwright::host

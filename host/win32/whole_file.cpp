@@ -11,6 +11,19 @@ namespace {
 // Marks that the replacing file takes over.
 constexpr DWORD kKeptMarks = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
 
+// A time that the file system does not keep is zero, which is no time to set.
+const FILETIME* OrNone(const FILETIME& time) {
+  return time.dwHighDateTime != 0 || time.dwLowDateTime != 0 ? &time : nullptr;
+}
+
+// A file system that has no room for the times does not spoil the content.
+void KeepTimes(HANDLE file, const DoorPath& path) {
+  WIN32_FIND_DATAA replaced{};
+  if (!FindOne(path.native, replaced)) return;
+  SetFileTime(file, OrNone(replaced.ftCreationTime), OrNone(replaced.ftLastAccessTime),
+              OrNone(replaced.ftLastWriteTime));
+}
+
 }  // namespace
 
 Status ReadWholeFile(std::string_view path, std::string& content) {
@@ -26,7 +39,7 @@ Status ReadWholeFile(std::string_view path, std::string& content) {
   return status;
 }
 
-Status WriteWholeFile(std::string_view path, std::string_view content) {
+Status WriteWholeFile(std::string_view path, std::string_view content, FileTimes times) {
   const DoorPath door(path);
   Status status = OnlyRegular(door);
   if (!status.ok()) return status;
@@ -36,6 +49,7 @@ Status WriteWholeFile(std::string_view path, std::string_view content) {
   NewFile file(door);
   status = file.status();
   if (status.ok()) status = WriteAll(file.handle(), std::as_bytes(std::span(content)));
+  if (status.ok() && exists && times == FileTimes::kKept) KeepTimes(file.handle(), door);
   return status.ok() ? file.Commit(exists ? replaced & kKeptMarks : DWORD{FILE_ATTRIBUTE_ARCHIVE}) : status;
 }
 

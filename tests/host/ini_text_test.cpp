@@ -26,6 +26,30 @@ TEST(FindIniValue, ValueInDoubleQuotes_LosesOnePair) {
   EXPECT_EQ(FindIniValue("[a]\nk=\"x", "a", "k"), "\"x");
 }
 
+TEST(FindIniValue, ValueInSingleQuotes_LosesOnePair) {
+  EXPECT_EQ(FindIniValue("[a]\nk = ' x ' \n", "a", "k"), " x ");
+  EXPECT_EQ(FindIniValue("[a]\nk='\"x\"'", "a", "k"), "\"x\"");
+  EXPECT_EQ(FindIniValue("[a]\nk=''", "a", "k"), "");
+}
+
+TEST(FindIniValue, QuotesThatDifferOrStandAlone_Stay) {
+  for (const std::string value : {"'x\"", "\"x'", "'", "\"", "x'", "'x"}) {
+    EXPECT_EQ(FindIniValue("[a]\nk=" + value, "a", "k"), value);
+  }
+}
+
+TEST(WithQuotesKept, StoredValue_ReadsAsItIs) {
+  for (const std::string value :
+       {"\"x\"", "'x'", "\"\"", "''", "\"a\" and \"b\"", "\"", "'", "'x\"", "x", "", "\"\"x\"\""}) {
+    EXPECT_EQ(FindIniValue(WithIniValue("", "a", "k", WithQuotesKept(value)), "a", "k"), value);
+  }
+  EXPECT_EQ(FindIniValue(WithIniValue("", "a", "k", WithQuotesKept(" 'x'\r\n")), "a", "k"), " 'x'  ");
+}
+
+TEST(WithQuotesKept, ValueThatReadingLeavesAlone_IsStoredAsItIs) {
+  for (const std::string value : {"", "x", "\"x", "'x\"", "a \"b\" c", "it's"}) EXPECT_EQ(WithQuotesKept(value), value);
+}
+
 TEST(FindIniValue, ValueWithEqualsSignsBracketsAndSemicolons_IsWhole) {
   EXPECT_EQ(FindIniValue("[a]\nk=x=[y];z\n", "a", "k"), "x=[y];z");
 }

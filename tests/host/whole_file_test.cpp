@@ -1,6 +1,8 @@
 // Reading and replacing files as a whole.
 #include <gmock/gmock.h>
 
+#include <chrono>
+
 #include "host/files.h"
 #include "tests/host/temp_folder.h"
 
@@ -60,6 +62,63 @@ TEST(WriteWholeFile, Folder_IsOfTheWrongKindAndStays) {
 TEST(WriteWholeFile, MissingFolder_IsNotFound) {
   const TempFolder folder;
   EXPECT_EQ(WriteWholeFile(folder.Core("missing\\file"), "x").error, ErrorClass::kNotFound);
+}
+
+std::filesystem::file_time_type TimeOf(const TempFolder& folder, std::string_view name) {
+  return std::filesystem::last_write_time(folder.Path(name));
+}
+
+// Ten days ago, for a file that is there.
+std::filesystem::file_time_type MakeOld(const TempFolder& folder, std::string_view name) {
+  std::filesystem::last_write_time(folder.Path(name), TimeOf(folder, name) - std::chrono::hours(240));
+  return TimeOf(folder, name);
+}
+
+TEST(WriteWholeFile, KeptTimes_AreThoseOfTheReplacedFile) {
+  const TempFolder folder;
+  folder.Write("File", "a long old content");
+  const auto time = MakeOld(folder, "File");
+  EXPECT_TRUE(WriteWholeFile(folder.Core("FILE"), "new", FileTimes::kKept).ok());
+  EXPECT_EQ(folder.Read("File"), "new");
+  EXPECT_EQ(TimeOf(folder, "File"), time);
+}
+
+TEST(WriteWholeFile, NewTimes_AreNotThoseOfTheReplacedFile) {
+  const TempFolder folder;
+  folder.Write("file", "old");
+  const auto time = MakeOld(folder, "file");
+  EXPECT_TRUE(WriteWholeFile(folder.Core("file"), "new").ok());
+  EXPECT_GT(TimeOf(folder, "file"), time);
+}
+
+TEST(WriteWholeFile, KeptTimesOfNoFile_AreNewOnes) {
+  const TempFolder folder;
+  EXPECT_TRUE(WriteWholeFile(folder.Core("file"), "new", FileTimes::kKept).ok());
+  EXPECT_EQ(folder.Read("file"), "new");
+}
+
+TEST(WriteWholeFile, ReadOnlyFileThatWasMadeWritable_KeepsItsTimesAndIsWritable) {
+  const TempFolder folder;
+  folder.Write("file", "old");
+  const auto time = MakeOld(folder, "file");
+  folder.SetReadOnly("file");
+  ASSERT_TRUE(ClearAttributes(folder.Core("file")).ok());
+  EXPECT_TRUE(WriteWholeFile(folder.Core("file"), "new", FileTimes::kKept).ok());
+  EXPECT_EQ(folder.Read("file"), "new");
+  EXPECT_EQ(TimeOf(folder, "file"), time);
+  EXPECT_FALSE(folder.IsReadOnly("file"));
+}
+
+TEST(WriteWholeFile, FullDisk_KeepsTheOldContentAndTimeWhenTimesAreKept) {
+  const SmallDisk disk;
+  if (!disk.mounted()) GTEST_SKIP() << "mounting is not permitted";
+  disk.folder().Write("file", "old");
+  const auto time = MakeOld(disk.folder(), "file");
+  const Status status = WriteWholeFile(disk.folder().Core("file"), BytesOfSize(2 << 20), FileTimes::kKept);
+  EXPECT_EQ(status.error, ErrorClass::kDiskFull);
+  EXPECT_THAT(disk.folder().Names(), ElementsAre("file"));
+  EXPECT_EQ(disk.folder().Read("file"), "old");
+  EXPECT_EQ(TimeOf(disk.folder(), "file"), time);
 }
 
 TEST(WriteWholeFile, FullDisk_KeepsTheOldContentAndLeavesNothing) {

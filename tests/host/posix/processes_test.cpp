@@ -5,71 +5,23 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cerrno>
-#include <chrono>
-#include <condition_variable>
 #include <csignal>
-#include <mutex>
-#include <optional>
-#include <thread>
 
-#include "tests/host/temp_folder.h"
+#include "tests/host/launching.h"
 
 namespace discwright::host {
 namespace {
 
 using ::testing::Each;
 using ::testing::ElementsAre;
+using testing::Eventually;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Le;
 using ::testing::Not;
+using testing::Pause;
 using ::testing::SizeIs;
-using testing::TempFolder;
-using namespace std::chrono_literals;
-
-constexpr auto kFarTooLong = 60s;  // only a test that fails waits this long
-
-// Sleeps until told otherwise; what a window's message loop does.
-class Alarm {
- public:
-  std::function<void()> Waker() {
-    return [this] {
-      const std::lock_guard lock(mutex_);
-      ++calls_;
-      is_set_ = true;
-      changed_.notify_all();
-    };
-  }
-  bool Wait() {
-    std::unique_lock lock(mutex_);
-    const bool was_set = changed_.wait_for(lock, kFarTooLong, [this] { return is_set_; });
-    is_set_ = false;
-    return was_set;
-  }
-  int calls() {
-    const std::lock_guard lock(mutex_);
-    return calls_;
-  }
-
- private:
-  std::mutex mutex_;
-  std::condition_variable changed_;
-  bool is_set_ = false;
-  int calls_ = 0;
-};
-
-// Waits for something that another process does and that nothing tells about.
-template <typename Condition>
-bool Eventually(Condition condition) {
-  const auto end = std::chrono::steady_clock::now() + kFarTooLong;
-  while (!condition()) {
-    if (std::chrono::steady_clock::now() > end) return false;
-    std::this_thread::sleep_for(5ms);
-  }
-  return true;
-}
 
 // A program that has ended may stay listed for a while, until whoever inherited it has asked for its end.
 bool IsAlive(int pid) {
@@ -80,46 +32,12 @@ bool IsAlive(int pid) {
   return static_cast<bool>(facts >> number >> name >> state) && state != "Z" && state != "X";
 }
 
-class Processes : public ::testing::Test {
+class Processes : public testing::Launching {
  protected:
-  ~Processes() override { runner_->EndAll(); }
-
   // A shell script `name` in the test's folder; its command line.
   std::string Script(const std::string& commands, const std::string& name = "script.bat") const {
     folder_.Write(name, "cd '" + folder_.native() + "' || exit 99\n" + commands + "\n");
     return folder_.Core(name);
-  }
-
-  std::unique_ptr<Launcher> Create(int buffer_size = 8192, int poll_interval = 50) {
-    std::unique_ptr<Launcher> launcher = runner_->CreateLauncher(alarm_.Waker());
-    launcher->Configure(buffer_size, poll_interval);
-    launcher->data_received = [this](std::string_view text) {
-      EXPECT_EQ(ends_, 0) << "output after the end";
-      pieces_.emplace_back(text);
-    };
-    launcher->process_ended = [this] { ++ends_; };
-    return launcher;
-  }
-
-  ProcessEnd RunToEnd(Launcher& launcher, const std::string& command_line) {
-    const Status status = launcher.Start(command_line);
-    EXPECT_TRUE(status.ok()) << status.cause;
-    if (!status.ok()) return {};
-    DeliverUntilEnd(launcher);
-    return launcher.End();
-  }
-
-  void DeliverUntilEnd(Launcher& launcher) {
-    while (ends_ == 0) {
-      ASSERT_TRUE(alarm_.Wait()) << "no end came";
-      launcher.Deliver();
-    }
-  }
-
-  std::string Output() const {
-    std::string output;
-    for (const std::string& piece : pieces_) output += piece;
-    return output;
   }
 
   // The number that a script has written into a file once it is whole.
@@ -127,12 +45,6 @@ class Processes : public ::testing::Test {
     EXPECT_TRUE(Eventually([&] { return folder_.Read(name).ends_with('\n'); }));
     return std::stoi(folder_.Read(name));
   }
-
-  TempFolder folder_;
-  Alarm alarm_;
-  std::unique_ptr<ProgramRunner> runner_ = SystemProgramRunner();
-  std::vector<std::string> pieces_;
-  int ends_ = 0;
 };
 
 TEST_F(Processes, OutputAndErrors_ArriveTogetherInOrder) {
@@ -180,10 +92,7 @@ TEST_F(Processes, OutputWithoutLineEnds_IsCutAtTheBufferSize) {
 TEST_F(Processes, UnfinishedLine_IsDeliveredWhileTheProgramWaits) {
   const auto launcher = Create(8192, 20);
   ASSERT_TRUE(launcher->Start(Script("printf question; until [ -e go ]; do sleep 0.05; done")).ok());
-  while (pieces_.empty()) {
-    ASSERT_TRUE(alarm_.Wait());
-    launcher->Deliver();
-  }
+  DeliverUntilOutput(*launcher);
   EXPECT_THAT(pieces_, ElementsAre("question"));
   EXPECT_EQ(ends_, 0);
   folder_.Write("go", "");
@@ -272,7 +181,7 @@ TEST_F(Processes, LeftBehindProgramThatGoesOnWriting_NeitherHoldsTheEndBackNorDi
   RunToEnd(*launcher, Script("(while :; do echo noise; done) & echo $! > pid"));
   const int left_behind = NumberIn("pid");
   EXPECT_EQ(ends_, 1);
-  std::this_thread::sleep_for(50ms);
+  Pause(50);
   EXPECT_TRUE(IsAlive(left_behind));
   kill(left_behind, SIGKILL);
 }
@@ -280,7 +189,7 @@ TEST_F(Processes, LeftBehindProgramThatGoesOnWriting_NeitherHoldsTheEndBackNorDi
 TEST_F(Processes, ProgramThatClosesItsOutput_EndsOnlyWhenItEnds) {
   const auto launcher = Create(8192, 20);
   ASSERT_TRUE(launcher->Start(Script("exec > /dev/null 2>&1; until [ -e go ]; do sleep 0.05; done; exit 7")).ok());
-  std::this_thread::sleep_for(100ms);
+  Pause(100);
   launcher->Deliver();
   EXPECT_EQ(ends_, 0);
   folder_.Write("go", "");
@@ -298,7 +207,7 @@ TEST_F(Processes, ReleasedProgram_GoesOnAndNothingFollows) {
   const int calls = alarm_.calls();
   const std::size_t pieces = pieces_.size();
   EXPECT_TRUE(Eventually([&] { return folder_.Read("done") == "ok\n"; }));
-  std::this_thread::sleep_for(50ms);
+  Pause(50);
   EXPECT_EQ(alarm_.calls(), calls);
   EXPECT_EQ(pieces_.size(), pieces);
   EXPECT_EQ(ends_, 0);
@@ -308,7 +217,7 @@ TEST_F(Processes, OutputThatNobodyFetches_WaitsAndIsCompleteLater) {
   const auto launcher = Create(100);
   const std::string noise = "i=0; while [ $i -lt 20000 ]; do echo 0123456789; i=$((i+1)); done";
   ASSERT_TRUE(launcher->Start(Script(noise)).ok());
-  std::this_thread::sleep_for(200ms);
+  Pause(200);
   EXPECT_LE(alarm_.calls(), 65);
   DeliverUntilEnd(*launcher);
   EXPECT_EQ(Output().size(), 20000u * 11);
@@ -377,10 +286,7 @@ TEST_F(Processes, EndAll_EndsProgramsWithAllThatTheyStarted) {
 TEST_F(Processes, EndAll_KillsWhatDoesNotListen) {
   const auto launcher = Create(8192, 20);
   ASSERT_TRUE(launcher->Start(Script("trap '' TERM; echo ready; while :; do sleep 1; done")).ok());
-  while (pieces_.empty()) {
-    ASSERT_TRUE(alarm_.Wait());
-    launcher->Deliver();
-  }
+  DeliverUntilOutput(*launcher);
   runner_->EndAll();
   DeliverUntilEnd(*launcher);
   EXPECT_EQ(launcher->End().killed_by, "SIGKILL");

@@ -1,5 +1,7 @@
 // Reading and replacing what links lead to, permission bits, and files of unknown size.
+#include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include "host/files.h"
 #include "tests/host/temp_folder.h"
@@ -34,6 +36,36 @@ TEST(WriteWholeFile, LongerExistingFile_KeepsItsMode) {
   EXPECT_TRUE(WriteWholeFile(folder.Core("file"), "new").ok());
   EXPECT_EQ(folder.Read("file"), "new");
   EXPECT_EQ(folder.Mode("file"), 0640u);
+}
+
+TEST(WriteWholeFile, KeptTimes_AreThoseOfTheLastChangeAndTheLastReadToTheNanosecond) {
+  const TempFolder folder;
+  folder.Write("file", "old");
+  folder.SetMode("file", 0440);
+  const timespec times[2] = {{1000000000, 777}, {946684800, 123456000}};
+  ASSERT_EQ(utimensat(AT_FDCWD, folder.Native("file").c_str(), times, 0), 0);
+  ASSERT_TRUE(ClearAttributes(folder.Core("file")).ok());
+  ASSERT_TRUE(WriteWholeFile(folder.Core("file"), "new", FileTimes::kKept).ok());
+  struct stat facts {};
+  ASSERT_EQ(stat(folder.Native("file").c_str(), &facts), 0);
+  EXPECT_EQ(facts.st_atim.tv_sec, 1000000000);
+  EXPECT_EQ(facts.st_atim.tv_nsec, 777);
+  EXPECT_EQ(facts.st_mtim.tv_sec, 946684800);
+  EXPECT_EQ(facts.st_mtim.tv_nsec, 123456000);
+  EXPECT_EQ(folder.Mode("file"), 0640u);
+}
+
+TEST(WriteWholeFile, KeptTimesBehindALink_AreThoseOfItsTarget) {
+  const TempFolder folder;
+  folder.Write("real", "old");
+  const timespec times[2] = {{1, 0}, {946684800, 0}};
+  ASSERT_EQ(utimensat(AT_FDCWD, folder.Native("real").c_str(), times, 0), 0);
+  folder.Link("real", "link");
+  ASSERT_TRUE(WriteWholeFile(folder.Core("link"), "new", FileTimes::kKept).ok());
+  struct stat facts {};
+  ASSERT_EQ(stat(folder.Native("real").c_str(), &facts), 0);
+  EXPECT_EQ(facts.st_mtim.tv_sec, 946684800);
+  EXPECT_EQ(folder.Read("real"), "new");
 }
 
 TEST(WriteWholeFile, LongestPossibleName_IsWritten) {

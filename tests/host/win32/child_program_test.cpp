@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "host/win32/ansi.h"
+
 namespace discwright::host::testing {
 namespace {
 
@@ -33,11 +35,18 @@ void WaitFor(const std::string& file) {
 
 void Make(const std::string& file) { std::ofstream(file.c_str()) << "x"; }
 
+// In the ANSI code page, as the system's calls take it.
+std::string NativeLine(const std::string& what) {
+  std::array<char, MAX_PATH> path{};
+  GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()));
+  return "\"" + std::string(path.data()) + "\"" + kMark + what;
+}
+
 PROCESS_INFORMATION StartAnother(const std::string& what) {
   STARTUPINFOA startup{};
   startup.cb = sizeof(startup);
   PROCESS_INFORMATION started{};
-  std::string line = ChildProgram(what);
+  std::string line = NativeLine(what);
   CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &started);
   return started;
 }
@@ -105,10 +114,6 @@ const bool kIsTests = [] {
 
 }  // namespace
 
-std::string ChildProgram(const std::string& what) {
-  std::array<char, MAX_PATH> path{};
-  GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()));
-  return "\"" + std::string(path.data()) + "\"" + kMark + what;
-}
+std::string ChildProgram(const std::string& what) { return Utf8OfAnsi(NativeLine(what)); }
 
 }  // namespace discwright::host::testing

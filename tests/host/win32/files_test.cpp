@@ -31,11 +31,13 @@ void SetMarks(const TempFolder& folder, std::string_view name, DWORD marks) {
   ASSERT_NE(SetFileAttributesW(folder.Path(name).c_str(), marks), 0);
 }
 
-FILETIME TimeOf(const TempFolder& folder, std::string_view name) {
+WIN32_FILE_ATTRIBUTE_DATA FactsOf(const TempFolder& folder, std::string_view name) {
   WIN32_FILE_ATTRIBUTE_DATA data{};
   GetFileAttributesExW(folder.Path(name).c_str(), GetFileExInfoStandard, &data);
-  return data.ftLastWriteTime;
+  return data;
 }
+
+FILETIME TimeOf(const TempFolder& folder, std::string_view name) { return FactsOf(folder, name).ftLastWriteTime; }
 
 TEST(LockedFile, IsDeniedToEveryone) {
   const TempFolder folder;
@@ -85,6 +87,30 @@ TEST(WriteWholeFile, HiddenFile_StaysHidden) {
   EXPECT_TRUE(WriteWholeFile(folder.Core("file"), "new").ok());
   EXPECT_EQ(folder.Read("file"), "new");
   EXPECT_EQ(Marks(folder, "file"), DWORD{FILE_ATTRIBUTE_HIDDEN});
+}
+
+TEST(WriteWholeFile, ReadOnlyFileThatWasMadeWritable_KeepsItsOtherMarksAndItsTimes) {
+  const TempFolder folder;
+  folder.Write("file", "old");
+  const FILETIME times[3] = {
+      {0x11000000, 0x01C00000}, {0x22000000, 0x01C10000}, {0x33000000, 0x01C20000}};  // made, read, changed
+  {
+    const OwnedHandle file(CreateFileW(folder.Path("file").c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                                       FILE_ATTRIBUTE_NORMAL, nullptr));
+    ASSERT_NE(SetFileTime(file.get(), &times[0], &times[1], &times[2]), 0);
+  }
+  SetMarks(folder, "file", FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);
+  const WIN32_FILE_ATTRIBUTE_DATA before = FactsOf(folder, "file");
+  ASSERT_TRUE(ClearAttributes(folder.Core("file")).ok());
+  EXPECT_TRUE(WriteWholeFile(folder.Core("file"), "new", FileTimes::kKept).ok());
+  const WIN32_FILE_ATTRIBUTE_DATA after = FactsOf(folder, "file");
+  EXPECT_EQ(folder.Read("file"), "new");
+  EXPECT_EQ(Marks(folder, "file"), DWORD{FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM});
+  EXPECT_EQ(CompareFileTime(&after.ftLastWriteTime, &times[2]), 0);
+  EXPECT_EQ(CompareFileTime(&after.ftLastAccessTime, &before.ftLastAccessTime), 0);
+  // Under Wine the time of making is that of the last change of anything, which cannot be set.
+  if (CompareFileTime(&before.ftCreationTime, &times[0]) != 0) return;
+  EXPECT_EQ(CompareFileTime(&after.ftCreationTime, &times[0]), 0);
 }
 
 TEST(OpenBinary, HiddenFile_IsEmptiedLikeAnyOther) {

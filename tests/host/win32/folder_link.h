@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "host/win32/newer_call.h"
 #include "tests/host/temp_folder.h"
@@ -18,6 +19,18 @@ inline std::string UnixPath(const std::filesystem::path& path) {
   Call* const unix_name = NewerCall<Call>("kernel32.dll", "wine_get_unix_file_name");
   const char* const name = unix_name != nullptr ? unix_name(path.c_str()) : nullptr;
   return name != nullptr ? name : "";
+}
+
+// Runs a program of the system below Wine to its end: without processes of Wine in between, which now and then do not
+// end.
+inline void RunUnix(std::vector<std::string> arguments) {
+  using Call = long CDECL(char* const*, int);
+  Call* const spawn = NewerCall<Call>("ntdll.dll", "__wine_unix_spawnvp");
+  std::vector<char*> list;
+  for (std::string& argument : arguments) list.push_back(argument.data());
+  list.push_back(nullptr);
+  constexpr int kWait = 1;
+  if (spawn != nullptr) spawn(list.data(), kWait);
 }
 
 // Runs a line of the system's shell to its end, without a window.
@@ -43,7 +56,7 @@ class FolderLink {
       RunLine("mklink /j \"" + folder.Core(name) + "\" \"" + folder.Core(target) + "\"");
     } else {
       unix_path_ += "/" + TextOf(path_.filename());
-      RunLine("start /wait /unix /bin/ln -s " + UnixPath(folder.Path(target)) + " " + unix_path_);
+      RunUnix({"/bin/ln", "-s", UnixPath(folder.Path(target)), unix_path_});
     }
   }
   FolderLink(const FolderLink&) = delete;
@@ -52,7 +65,7 @@ class FolderLink {
     if (unix_path_.empty()) {
       RemoveDirectoryW(path_.c_str());
     } else {
-      RunLine("start /wait /unix /bin/rm " + unix_path_);
+      RunUnix({"/bin/rm", unix_path_});
     }
   }
   bool made() const { return std::filesystem::exists(path_); }

@@ -6,11 +6,8 @@
 
 #include <tlhelp32.h>
 
-#include <chrono>
-#include <mutex>
-
-#include "host/threads.h"
-#include "tests/host/temp_folder.h"
+#include "host/script.h"
+#include "tests/host/launching.h"
 #include "tests/host/win32/child_program.h"
 
 namespace discwright::host {
@@ -19,57 +16,11 @@ namespace {
 using testing::ChildProgram;
 using ::testing::Each;
 using ::testing::ElementsAre;
+using testing::Eventually;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Le;
 using ::testing::SizeIs;
-using testing::TempFolder;
-using Clock = std::chrono::steady_clock;
-using namespace std::chrono_literals;
-
-constexpr int kFarTooLong = 60000;  // milliseconds; only a test that fails waits this long
-
-// Sleeps until told otherwise; what a window's message loop does.
-class Alarm {
- public:
-  std::function<void()> Waker() {
-    return [this] {
-      const std::lock_guard lock(mutex_);
-      ++calls_;
-      is_set_ = true;
-      changed_.NotifyAll();
-    };
-  }
-  bool Wait() {
-    const std::lock_guard lock(mutex_);
-    while (!is_set_) {
-      if (!changed_.WaitFor(mutex_, kFarTooLong)) return false;
-    }
-    is_set_ = false;
-    return true;
-  }
-  int calls() {
-    const std::lock_guard lock(mutex_);
-    return calls_;
-  }
-
- private:
-  Mutex mutex_;
-  Condition changed_;
-  bool is_set_ = false;
-  int calls_ = 0;
-};
-
-// Waits for something that another process does and that nothing tells about.
-template <typename Wanted>
-bool Eventually(Wanted wanted) {
-  const auto end = Clock::now() + std::chrono::milliseconds(kFarTooLong);
-  while (!wanted()) {
-    if (Clock::now() > end) return false;
-    Sleep(5);
-  }
-  return true;
-}
 
 bool IsAlive(DWORD id) {
   const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, id);
@@ -91,60 +42,15 @@ int ThreadsOfThisProgram() {
   return count;
 }
 
-class Processes : public ::testing::Test {
+class Processes : public testing::Launching {
  protected:
-  ~Processes() override { runner_->EndAll(); }
-
   // A batch file in the test's folder; its command line.
   std::string Script(const std::string& lines, const std::string& name = "script.bat") const {
-    folder_.Write(name, "@echo off\r\n" + lines + "\r\n");
+    std::string bytes;  // the tests' own path in it need not be ASCII
+    EXPECT_TRUE(ScriptBytes("@echo off\r\n" + lines + "\r\n", bytes).ok());
+    folder_.Write(name, bytes);
     return folder_.Core(name);
   }
-
-  std::unique_ptr<Launcher> Create(int buffer_size = 8192, int poll_interval = 50) {
-    std::unique_ptr<Launcher> launcher = runner_->CreateLauncher(alarm_.Waker());
-    launcher->Configure(buffer_size, poll_interval);
-    launcher->data_received = [this](std::string_view text) {
-      EXPECT_EQ(ends_, 0) << "output after the end";
-      pieces_.emplace_back(text);
-    };
-    launcher->process_ended = [this] { ++ends_; };
-    return launcher;
-  }
-
-  ProcessEnd RunToEnd(Launcher& launcher, const std::string& command_line) {
-    const Status status = launcher.Start(command_line);
-    EXPECT_TRUE(status.ok()) << status.cause;
-    if (!status.ok()) return {};
-    DeliverUntilEnd(launcher);
-    return launcher.End();
-  }
-
-  void DeliverUntilEnd(Launcher& launcher) {
-    while (ends_ == 0) {
-      ASSERT_TRUE(alarm_.Wait()) << "no end came";
-      launcher.Deliver();
-    }
-  }
-
-  void DeliverUntilOutput(Launcher& launcher) {
-    while (pieces_.empty()) {
-      ASSERT_TRUE(alarm_.Wait());
-      launcher.Deliver();
-    }
-  }
-
-  std::string Output() const {
-    std::string output;
-    for (const std::string& piece : pieces_) output += piece;
-    return output;
-  }
-
-  TempFolder folder_;
-  Alarm alarm_;
-  std::unique_ptr<ProgramRunner> runner_ = SystemProgramRunner();
-  std::vector<std::string> pieces_;
-  int ends_ = 0;
 };
 
 TEST_F(Processes, BatchFile_IsRunByTheShellWithOutputAndErrorsTogether) {

@@ -53,6 +53,10 @@ TEST(ShortPath, MissingPathOrNameThatTheCodePageLacks_HasNone) {
   EXPECT_EQ(ShortPath(""), "");
 }
 
+TEST(NameOnDisc, EveryName_StaysAsItIs) {
+  for (const char* name : {"win51ip.sp1", "I386", "Readme.txt", "übung", ""}) EXPECT_EQ(NameOnDisc(name), name);
+}
+
 TEST(ErrorMode, DriveWithoutADisc_DoesNotAskTheUser) {
   const UINT mode = SetErrorMode(SEM_FAILCRITICALERRORS);
   SetErrorMode(mode);

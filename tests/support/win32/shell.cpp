@@ -33,11 +33,13 @@ std::string ReadAll(const fs::path& path) {
 }
 
 bool StartShell(const fs::path& script) {
-  std::string command = "sh \"" + UnixPath(script) + "\"";
-  STARTUPINFOA startup{};
+  const std::string line = "sh \"" + UnixPath(script) + "\"";
+  // Wide: its path is in UTF-8, which the system's narrow calls take for something else.
+  std::wstring command = fs::path(std::u8string(line.begin(), line.end())).wstring();
+  STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   PROCESS_INFORMATION started{};
-  return CreateProcessA("\\\\?\\unix\\bin\\sh", command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+  return CreateProcessW(L"\\\\?\\unix\\bin\\sh", command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
                         &started) != 0;
 }
 

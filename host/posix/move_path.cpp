@@ -1,0 +1,147 @@
+// Moves by renaming where the system can, and by copying where it cannot.
+#include "host/posix/move_path.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+#include <unordered_map>
+
+#include "host/files.h"
+#include "host/posix/case_lookup.h"
+#include "host/posix/errors.h"
+#include "host/posix/native_path.h"
+#include "host/posix/native_tree.h"
+#include "host/posix/new_file.h"
+#include "host/system.h"
+
+namespace discwright::host {
+namespace {
+
+bool IsOne(const struct stat& a, const struct stat& b) { return a.st_dev == b.st_dev && a.st_ino == b.st_ino; }
+
+bool IsLink(const std::string& native) {
+  struct stat facts {};
+  return lstat(native.c_str(), &facts) == 0 && S_ISLNK(facts.st_mode);
+}
+
+// Whether `native`, which need not exist, is somewhere in the folder.
+bool IsBelow(const std::string& native, const struct stat& folder) {
+  std::error_code error;
+  // With its links followed: only then a path's own parents are those of its text.
+  std::string parent = std::filesystem::weakly_canonical(NativeFolder(native), error).native();
+  for (; !error; parent = NativeFolder(parent)) {
+    struct stat facts {};
+    if (stat(parent.c_str(), &facts) == 0 && IsOne(facts, folder)) return true;
+    if (parent == "/") return false;
+  }
+  return false;
+}
+
+// rename() that also puts a folder in the place of a link.
+int RenameOver(const std::string& from, const std::string& to) {
+  const int result = std::rename(from.c_str(), to.c_str());
+  if (result == 0 || errno != ENOTDIR || !IsLink(to) || unlink(to.c_str()) != 0) return result;
+  return std::rename(from.c_str(), to.c_str());
+}
+
+// By way of a passing name: nothing is ever seen in part under its own.
+Status MoveAcross(const std::string& from, const std::string& to) {
+  const std::string passing = PassingName(to);
+  Status status = CopyTree(from, passing);
+  if (status.ok()) status = StatusOfResult(RenameOver(passing, to));
+  if (status.ok()) return RemoveTree(from);
+  static_cast<void>(RemoveTree(passing));
+  return status;
+}
+
+// Moves to a name that is free or may be replaced.
+Status PutAt(const std::string& from, const std::string& to) {
+  int result = RenameOver(from, to);
+  if (result != 0 && errno == ENOENT) {
+    Status made = MakeFolders(PathFromNative(NativeFolder(to)));
+    if (!made.ok()) return made;
+    result = RenameOver(from, to);
+  }
+  Status status = result != 0 && errno == EXDEV ? MoveAcross(from, to) : StatusOfResult(result);
+  NoteChanged(NativeFolder(to));
+  return status;
+}
+
+// Both paths are one file: two names of it, which become one, or one name whose letter case the file system ignores.
+// The system takes either for nothing to do.
+Status MoveOntoItself(const std::string& from, const std::string& to) {
+  if (from == to) return Status::Success();
+  const std::string passing = PassingName(to);
+  if (std::rename(from.c_str(), passing.c_str()) != 0) return LastFailure();
+  Status status = StatusOfResult(std::rename(passing.c_str(), to.c_str()));
+  if (status.ok()) {
+    unlink(passing.c_str());  // still there if it was the second name
+  } else {
+    std::rename(passing.c_str(), from.c_str());
+  }
+  NoteChanged(NativeFolder(to));
+  return status;
+}
+
+// Under which name each of `names` comes into a folder that has the names `there`; both are sorted. A name in another
+// letter case is used once, and not when what has it exactly is coming, too.
+std::vector<std::string> PlacesFor(const std::vector<std::string>& names, const std::vector<std::string>& there) {
+  std::unordered_map<std::string, std::string> others;
+  for (const std::string& name : there) {
+    if (!std::binary_search(names.begin(), names.end(), name)) others.try_emplace(FoldCase(CoreName(name)), name);
+  }
+  std::vector<std::string> places;
+  for (const std::string& name : names) {
+    const bool is_there = std::binary_search(there.begin(), there.end(), name);
+    const auto other = is_there ? others.end() : others.find(FoldCase(CoreName(name)));
+    places.push_back(other == others.end() ? name : other->second);
+    if (other != others.end()) others.erase(other);
+  }
+  return places;
+}
+
+Status JoinFolder(const std::string& from, const std::string& to) {
+  std::vector<std::string> names;
+  Status status = NamesIn(from, names);
+  if (status.ok()) status = MoveNames(from, names, to);
+  return status.ok() ? StatusOfResult(rmdir(from.c_str())) : status;
+}
+
+// Moves to a path where something stands.
+Status MoveOver(const std::string& from, bool is_folder, const std::string& to, bool is_folder_there) {
+  if (is_folder && is_folder_there) return JoinFolder(from, to);
+  if (is_folder_there) return NotARegularFile(true);
+  return is_folder && !IsFolder(to) ? StatusOf(EEXIST) : PutAt(from, to);
+}
+
+}  // namespace
+
+Status MovePath(const std::string& from, const std::string& to) {
+  struct stat source {};
+  struct stat target {};
+  if (lstat(from.c_str(), &source) != 0) return LastFailure();
+  const bool is_folder = S_ISDIR(source.st_mode);
+  if (is_folder && IsBelow(to, source)) return StatusOf(ELOOP);
+  if (lstat(to.c_str(), &target) != 0) return errno == ENOENT ? PutAt(from, to) : LastFailure();
+  if (IsOne(source, target)) return MoveOntoItself(from, to);
+  return MoveOver(from, is_folder, to, S_ISDIR(target.st_mode));
+}
+
+Status MoveNames(const std::string& from, const std::vector<std::string>& names, const std::string& to) {
+  std::vector<std::string> there;
+  Status status = NamesIn(to, there);
+  if (!status.ok()) return status;
+  const std::vector<std::string> places = PlacesFor(names, there);
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    status = MovePath(NativeJoin(from, names[i]), NativeJoin(to, places[i]));
+    if (!status.ok()) return status;
+  }
+  return Status::Success();
+}
+
+}  // namespace discwright::host

@@ -1,0 +1,89 @@
+// Does what the shell's file-operation service of Windows does, without windows and questions.
+#include "host/shell_operations.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+
+#include "host/files.h"
+#include "host/posix/case_lookup.h"
+#include "host/posix/errors.h"
+#include "host/posix/move_path.h"
+#include "host/posix/native_path.h"
+#include "host/posix/native_tree.h"
+#include "host/system.h"
+#include "host/wildcard.h"
+
+namespace discwright::host {
+namespace {
+
+// The service's number for a path that it cannot take.
+constexpr int kInvalidFiles = 0x7C;
+
+struct Number {
+  ErrorClass error;
+  int number;
+};
+
+// The service's numbers as they are documented, and the system's own where it has none. Wine tells of fewer failures.
+constexpr std::array<Number, 9> kNumbers{{
+    {ErrorClass::kNone, 0},
+    {ErrorClass::kNotFound, 2},         // the system's own; Windows before Vista says 0x402
+    {ErrorClass::kAccessDenied, 0x78},  // the documented one; the system's own is 5
+    {ErrorClass::kDiskFull, 112},       // the system's own
+    {ErrorClass::kNotReady, 21},        // the system's own
+    {ErrorClass::kExists, 0x7E},        // a file is where a folder is needed
+    {ErrorClass::kLoop, 0x76},          // the destination is in the source
+    {ErrorClass::kWrongKind, 0x80},     // a folder is where a file is needed
+    {ErrorClass::kOther, 0x402},        // an unknown failure
+}};
+
+int NumberOf(ErrorClass error) {
+  return std::find_if(kNumbers.begin(), kNumbers.end(), [&](const Number& row) { return row.error == error; })->number;
+}
+
+Status MoveMatches(std::string_view folder, std::string_view pattern, std::string_view destination) {
+  const std::string from = RealPath(folder.empty() ? "." : folder);
+  std::vector<std::string> names;
+  // Listed first: a destination that is made inside the folder is not one of its own sources.
+  Status status = NamesIn(from, names);
+  const std::string folded = FoldCase(pattern);
+  std::erase_if(names, [&](const std::string& name) { return !MatchesWildcard(FoldCase(CoreName(name)), folded); });
+  if (status.ok() && names.empty()) status = StatusOf(ENOENT);
+  if (status.ok()) status = MakeFolders(destination);
+  return status.ok() ? MoveNames(from, names, RealPath(destination)) : status;
+}
+
+// Into a folder that is there, or else to a new name.
+Status MoveOne(std::string_view source, std::string_view destination) {
+  const std::string from = RealPath(source);
+  const std::string to = RealPath(destination);
+  if (IsFolder(to)) return MoveNames(NativeFolder(from), {std::string(NativeName(from))}, to);
+  return MovePath(from, to);
+}
+
+Status Move(std::string_view source, std::string_view destination) {
+  const std::size_t name = source.find_last_of("\\/") + 1;
+  const bool has_wildcards = source.find_first_of("*?", name) != source.npos;
+  if (!has_wildcards) return MoveOne(source, destination);
+  return MoveMatches(source.substr(0, name), source.substr(name), destination);
+}
+
+Status Rename(std::string_view source, std::string_view destination) {
+  const std::string from = RealPath(source);
+  std::string to = RealPath(destination);
+  if (!IsFolder(NativeFolder(to))) return StatusOf(ENOENT);
+  // Found under its old name: only the letter case changes.
+  if (to == from) to = NativeJoin(NativeFolder(to), NativeName(NativePath(destination)));
+  return MovePath(from, to);
+}
+
+}  // namespace
+
+ShellAnswer RunShellOperation(const ShellOperation& operation) {
+  if (NativePath(operation.source).empty() || NativePath(operation.destination).empty()) return {kInvalidFiles, false};
+  const auto run = operation.verb == ShellVerb::kMove ? Move : Rename;
+  return {NumberOf(run(operation.source, operation.destination).error), false};
+}
+
+}  // namespace discwright::host

@@ -1,0 +1,173 @@
+// Starting Windows programs by a "wine" that the test puts there.
+#include "host/windows_programs.h"
+
+#include <gmock/gmock.h>
+
+#include <condition_variable>
+#include <cstdlib>
+#include <mutex>
+
+#include "host/posix/command_line.h"
+#include "host/processes.h"
+#include "tests/host/temp_folder.h"
+
+namespace discwright::host {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::TempFolder;
+
+// The folders where programs are looked for, as long as it lives.
+class SearchPath {
+ public:
+  explicit SearchPath(const std::string& folders) { setenv("PATH", folders.c_str(), 1); }
+  SearchPath(const SearchPath&) = delete;
+  SearchPath& operator=(const SearchPath&) = delete;
+  ~SearchPath() { setenv("PATH", before_.c_str(), 1); }
+
+ private:
+  std::string before_ = std::getenv("PATH");
+};
+
+// Runs a line with the system's own launcher to its end.
+void RunToEnd(const std::string& line) {
+  std::mutex mutex;
+  std::condition_variable changed;
+  int wakes = 0;
+  const std::unique_ptr<ProgramRunner> runner = SystemProgramRunner();
+  const std::unique_ptr<Launcher> launcher = runner->CreateLauncher([&] {
+    const std::lock_guard lock(mutex);
+    ++wakes;
+    changed.notify_all();
+  });
+  bool ended = false;
+  launcher->Configure(8192, 50);
+  launcher->data_received = [](std::string_view) {};
+  launcher->process_ended = [&] { ended = true; };
+  const Status status = launcher->Start(line);
+  ASSERT_TRUE(status.ok()) << status.cause;
+  while (!ended) {
+    {
+      std::unique_lock lock(mutex);
+      changed.wait(lock, [&] { return wakes > 0; });
+      wakes = 0;
+    }
+    launcher->Deliver();
+  }
+  EXPECT_TRUE(launcher->End().Succeeded()) << launcher->End().Text();
+}
+
+class WindowsProgramLineTest : public ::testing::Test {
+ protected:
+  // A program that writes each of its arguments into a file, with a NUL behind each.
+  void AddWine(const std::string& name = "bin/wine") const {
+    folder_.Write(name, "#!/bin/sh\nprintf '%s\\0' \"$@\" > '" + folder_.Native("arguments") + "'\n");
+    folder_.SetMode(name, 0755);
+  }
+  std::vector<std::string> Arguments() const {
+    const std::string text = folder_.Read("arguments");
+    std::vector<std::string> arguments;
+    for (std::size_t start = 0; start < text.size(); start = text.find('\0', start) + 1) {
+      arguments.emplace_back(text.c_str() + start);
+    }
+    return arguments;
+  }
+  std::string UnderWine(std::string_view name) const {
+    std::string path = "Z:" + folder_.Native(name);
+    std::replace(path.begin(), path.end(), '/', '\\');
+    return path;
+  }
+
+  TempFolder folder_;
+};
+
+TEST_F(WindowsProgramLineTest, ProgramAndPath_AreQuotedAndSpelledForWine) {
+  AddWine();
+  folder_.Write("job/Tool.exe", "");
+  folder_.MakeFolder("job/Cd");
+  const SearchPath path(folder_.Native("bin"));
+  const auto line = WindowsProgramLine(folder_.Core("JOB\\tool.EXE"), "/integrate:", folder_.Core("job\\cd"));
+  ASSERT_TRUE(line);
+  EXPECT_EQ(*line, "\"" + folder_.Core("bin\\wine") + "\" \"" + folder_.Native("job/Tool.exe") +
+                       "\" \"/integrate:" + UnderWine("job/Cd") + "\"");
+}
+
+TEST_F(WindowsProgramLineTest, AwkwardPaths_ArriveExactlyThroughTheLauncher) {
+  AddWine();
+  const SearchPath path(folder_.Native("bin"));
+  for (const std::string name : {"plain", "with two  blanks", "Ümläut", "a\"quote", "\"", "$HOME", "it's", "-x", "100%",
+                                 "`id`", "line\nend", "漢字"}) {
+    folder_.Write(name + "/Tool.exe", "");
+    const auto line = WindowsProgramLine(folder_.Core(name + "\\tool.exe"), "-path:", folder_.Core(name));
+    ASSERT_TRUE(line) << name;
+    RunToEnd(*line);
+    EXPECT_THAT(Arguments(), ElementsAre(folder_.Native(name + "/Tool.exe"), "-path:" + UnderWine(name))) << *line;
+  }
+}
+
+TEST_F(WindowsProgramLineTest, OptionThatEndsInQuoteOrBackslash_IsOneArgumentWithItsPath) {
+  AddWine();
+  const SearchPath path(folder_.Native("bin"));
+  for (const std::string option : {"", "/a b:", "/a\"", "\\", "\\\\\""}) {
+    const auto line = WindowsProgramLine(folder_.Core("tool.exe"), option, folder_.Core("cd"));
+    ASSERT_TRUE(line) << option;
+    EXPECT_THAT(ParseCommandLine(*line).arguments,
+                ElementsAre(folder_.Native("bin/wine"), folder_.Native("tool.exe"), option + UnderWine("cd")));
+  }
+}
+
+TEST_F(WindowsProgramLineTest, RootFolder_EndsInABackslashThatQuotesNothing) {
+  AddWine();
+  const SearchPath path(folder_.Native("bin"));
+  const auto line = WindowsProgramLine(folder_.Core("tool.exe"), "", "\\");
+  ASSERT_TRUE(line);
+  EXPECT_THAT(ParseCommandLine(*line).arguments,
+              ElementsAre(folder_.Native("bin/wine"), folder_.Native("tool.exe"), "Z:\\"));
+}
+
+TEST_F(WindowsProgramLineTest, WineInAnAwkwardFolder_IsRun) {
+  for (const std::string name : {"with blank", "a\"quote", "blank and \" quote", "back\\slash", "Ümläut"}) {
+    AddWine(name + "/wine");
+    const SearchPath path(folder_.Native(name));
+    const auto line = WindowsProgramLine(folder_.Core("tool.exe"), "/x ", folder_.Core("cd"));
+    ASSERT_TRUE(line) << name;
+    EXPECT_THAT(ParseCommandLine(*line).arguments,
+                ElementsAre(folder_.Native(name + "/wine"), folder_.Native("tool.exe"), "/x " + UnderWine("cd")));
+  }
+}
+
+TEST_F(WindowsProgramLineTest, WhatIsNoProgram_IsPassedOver) {
+  folder_.MakeFolder("folder/wine");
+  folder_.Write("text/wine", "");
+  folder_.Write("file", "");
+  AddWine("other/Wine");
+  AddWine("here/wine");
+  AddWine("later/wine");
+  const std::string nothing = folder_.Native("folder") + ":" + folder_.Native("text") +
+                              "::" + folder_.Native("missing") + ":" + folder_.Native("file") + ":" +
+                              folder_.Native("other");
+  const SearchPath path(nothing + ":" + folder_.Native("here") + ":" + folder_.Native("later") + ":");
+  const auto line = WindowsProgramLine("\\tool.exe", "", "\\");
+  ASSERT_TRUE(line);
+  EXPECT_EQ(ParseCommandLine(*line).arguments[0], folder_.Native("here/wine"));
+  const SearchPath without(nothing);
+  EXPECT_FALSE(WindowsProgramLine("\\tool.exe", "", "\\"));
+}
+
+TEST_F(WindowsProgramLineTest, EmptyFolderOfThePath_IsNotTheCurrentFolder) {
+  AddWine("wine");
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(folder_.native());
+  for (const char* folders : {"", ":", "::"}) {
+    const SearchPath path(folders);
+    EXPECT_FALSE(WindowsProgramLine("\\tool.exe", "", "\\")) << folders;
+  }
+  const SearchPath path(".");
+  const auto line = WindowsProgramLine("\\tool.exe", "", "\\");
+  std::filesystem::current_path(before);
+  ASSERT_TRUE(line);
+  EXPECT_EQ(ParseCommandLine(*line).arguments[0], folder_.Native("wine"));
+}
+
+}  // namespace
+}  // namespace discwright::host
