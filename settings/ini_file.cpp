@@ -4,6 +4,8 @@
 #include <charconv>
 #include <limits>
 
+#include "host/files.h"
+#include "host/ini_text.h"
 #include "host/profile.h"
 #include "host/text_encoding.h"
 #include "util/paths.h"
@@ -25,17 +27,26 @@ void INIFile::CreateIni(std::string_view folder, std::string_view file_name) {
   FileName = std::string(folder).append("\\").append(file_name);
 }
 
-void INIFile::SetINIKey(std::string_view section, std::string_view key, std::string_view value) const {
-  host::WriteProfileValue(FileName, section, key, value);
+host::Status INIFile::SetINIKey(std::string_view section, std::string_view key, std::string_view value) const {
+  return host::WriteProfileValue(FileName, section, key, host::WithQuotesKept(value));
 }
 
 std::string INIFile::GetINIKey(std::string_view section, std::string_view key) const {
   return Cut(WholeValue(section, key));
 }
 
-bool INIFile::IsCut(std::string_view section, std::string_view key) const {
+std::string INIFile::GetINIKey(util::Notes& notes, std::string_view section, std::string_view key) const {
   const std::string value = WholeValue(section, key);
-  return util::Trim(value) != Cut(value);
+  if (util::Trim(value) != Cut(value)) {
+    notes.Add(FileName, "The value of " + std::string(key) + " in section " + std::string(section) +
+                            " is longer than 99 characters; the rest is ignored.");
+  }
+  return Cut(value);
+}
+
+host::Status INIFile::Readable() const {
+  std::string content;
+  return host::ReadWholeFile(FileName, content);
 }
 
 std::string INIFile::WholeValue(std::string_view section, std::string_view key) const {

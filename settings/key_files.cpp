@@ -2,6 +2,7 @@
 #include "settings/key_files.h"
 
 #include <initializer_list>
+#include <string>
 
 #include "host/system.h"
 #include "settings/ini_file.h"
@@ -9,12 +10,16 @@
 
 namespace discwright::settings {
 
-void FillKeyFile(bool AddInfo_toWin9xSetup, bool AddInfo_toWin2KSetup) {
+void FillKeyFile(util::Notes& notes, bool AddInfo_toWin9xSetup, bool AddInfo_toWin2KSetup) {
   const INIFile target(host::ProgramFolder() + kBuildKeyFile);
   const INIFile source(host::ProgramFolder() + kWorkingKeyFile);
   if (!util::FileExists(source.FileName)) return;
+  if (!notes.Check(source.Readable(), source.FileName, "could not be read")) return;
   const auto copy = [&](const char* section, std::initializer_list<const char*> keys) {
-    for (const char* key : keys) target.SetINIKey(section, key, source.GetINIKey(section, key));
+    for (const std::string key : keys) {
+      const host::Status written = target.SetINIKey(section, key, source.GetINIKey(notes, section, key));
+      notes.Check(written, target.FileName, key + " could not be written");
+    }
   };
   if (AddInfo_toWin9xSetup) copy(kWin9xSection, {"OwnerName", "Organization", "ComputerName", "Workgroup"});
   if (AddInfo_toWin2KSetup) {

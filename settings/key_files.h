@@ -1,6 +1,8 @@
 // The key files that hold installation details: "keyfile2.txt", the working store, and "keyfile.txt", the build copy.
 #pragma once
 
+#include "util/notes.h"
+
 namespace discwright::settings {
 
 inline constexpr const char* kWorkingKeyFile = "\\keyfile2.txt";  // below the program folder
@@ -9,8 +11,8 @@ inline constexpr const char* kBuildKeyFile = "\\keyfile.txt";
 inline constexpr const char* kWin9xSection = "Win9xInfo";  // in both files
 inline constexpr const char* kWin2KSection = "Win2KInfo";
 
-// Copies the chosen sections from the working store to the build copy; nothing without a working store.
-// OptimizedFor is not copied: that is meant.
-void FillKeyFile(bool AddInfo_toWin9xSetup, bool AddInfo_toWin2KSetup);
+// Copies the chosen sections from the working store to the build copy; nothing without a working store. Values that are
+// cut at 99 characters or could not be written are noted. OptimizedFor is not copied: that is meant.
+void FillKeyFile(util::Notes& notes, bool AddInfo_toWin9xSetup, bool AddInfo_toWin2KSetup);
 
 }  // namespace discwright::settings

@@ -74,11 +74,7 @@ void ReadVexaCDINI(util::Context& context, const std::string& file_name) {
   LoadDialogs(context.windows);
   const INIFile ini(file_name);
   for (const SessionKey& key : KeysAsRead()) {
-    ReadValue(context.windows, *key.line, ini.GetINIKey(key.section, key.key));
-    if (ini.IsCut(key.section, key.key)) {
-      context.notes.Add(file_name, "The value of " + std::string(key.key) + " in section " + std::string(key.section) +
-                                       " is longer than 99 characters; the rest is ignored.");
-    }
+    ReadValue(context.windows, *key.line, ini.GetINIKey(context.notes, key.section, key.key));
   }
   if (main.TxtSP_exe.text.get().empty()) main.ChkSlipstream.value = 0;
   FillSetupDataToKeyFile(context.windows.win9x_info);

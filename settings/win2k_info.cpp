@@ -3,8 +3,10 @@
 
 #include <array>
 #include <utility>
+#include <vector>
 
 #include "host/system.h"
+#include "settings/answer_file.h"
 #include "settings/ini_file.h"
 #include "settings/key_files.h"
 #include "util/paths.h"
@@ -14,6 +16,7 @@ namespace discwright::settings {
 namespace {
 
 constexpr const char* kTemplate = "\\files\\inf_files\\win2k_template.inf";  // below the program folder
+constexpr const char* kTemplateKey = "TemplateFile";
 constexpr const char* kJoinDomainKey = "JoinDomain";
 
 struct Field {
@@ -22,15 +25,33 @@ struct Field {
 };
 
 // In the order in which they are written and read back; the choice of the domain follows them.
-constexpr std::array<Field, 5> kFields = {{{"TemplateFile", &forms::FrmWin2KInfo::TxtTemplate},
+constexpr std::array<Field, 5> kFields = {{{kTemplateKey, &forms::FrmWin2KInfo::TxtTemplate},
                                            {"OwnerName", &forms::FrmWin2KInfo::TxtOwner},
                                            {"Organization", &forms::FrmWin2KInfo::TxtOrg},
                                            {"ComputerName", &forms::FrmWin2KInfo::TxtPCName},
                                            {"Workgroup", &forms::FrmWin2KInfo::TxtWorkgroup}}};
 
+constexpr std::array<Answer, 5> kAnswers = {{{"Data", "MsDosInitiated", nullptr, "0"},
+                                             {"Data", "UnattendedInstall", nullptr, "Yes"},
+                                             {"UserData", "FullName", "OwnerName"},
+                                             {"UserData", "OrgName", "Organization"},
+                                             {"UserData", "ComputerName", "ComputerName"}}};
+// Behind them one of these pairs; an empty name takes the other choice out of the template.
+constexpr std::array<Answer, 2> kWorkgroupAnswers = {
+    {{"Identification", "JoinWorkgroup", "Workgroup"}, {"Identification", "JoinDomain", nullptr, ""}}};
+constexpr std::array<Answer, 2> kDomainAnswers = {
+    {{"Identification", "JoinDomain", "Workgroup"}, {"Identification", "JoinWorkgroup", nullptr, ""}}};
+
 void ChooseDomain(forms::FrmWin2KInfo& dialog, bool domain) {
   dialog.OptJoinWorkgroup.value = !domain;
   dialog.OptJoinDomain.value = domain;
+}
+
+std::string TemplateFor(util::Notes& notes, const INIFile& key_file) {
+  std::string script = util::StripQuotes(key_file.GetINIKey(notes, kWin2KSection, kTemplateKey));
+  if (util::FileExists(script)) return script;
+  if (!script.empty()) notes.Add(script, "could not be opened; the answer file is made of the program's own template");
+  return host::ProgramFolder() + kTemplate;
 }
 
 }  // namespace
@@ -61,10 +82,16 @@ void FillSetupDataFromUnattend(forms::FrmWin2KInfo& dialog, const std::string& s
   }
 }
 
-void FillSetupDataToKeyFile(const forms::FrmWin2KInfo& dialog, const std::string& key_file) {
+host::Status FillSetupDataToKeyFile(const forms::FrmWin2KInfo& dialog, const std::string& key_file) {
   const INIFile ini(key_file);
-  for (const Field& field : kFields) ini.SetINIKey(kWin2KSection, field.key, (dialog.*field.text_box).text.get());
-  ini.SetINIKey(kWin2KSection, kJoinDomainKey, dialog.OptJoinDomain.value ? "True" : "False");
+  host::Status first_failure;
+  const auto write = [&](const char* key, std::string_view value) {
+    host::Status status = ini.SetINIKey(kWin2KSection, key, value);
+    if (first_failure.ok()) first_failure = std::move(status);
+  };
+  for (const Field& field : kFields) write(field.key, (dialog.*field.text_box).text.get());
+  write(kJoinDomainKey, dialog.OptJoinDomain.value ? "True" : "False");
+  return first_failure;
 }
 
 void FillSetupDataFromKeyFile(forms::FrmWin2KInfo& dialog, const std::string& key_file) {
@@ -73,5 +100,40 @@ void FillSetupDataFromKeyFile(forms::FrmWin2KInfo& dialog, const std::string& ke
   for (const Field& field : kFields) (dialog.*field.text_box).text = ini.GetINIKey(kWin2KSection, field.key);
   ChooseDomain(dialog, host::FoldCase(ini.GetINIKey(kWin2KSection, kJoinDomainKey)) == "true");
 }
+
+bool FillSetupDataFromKeyFileToUnattend(util::Notes& notes, const std::string& KeyFile, const std::string& Unattend) {
+  if (!HasAnswers(notes, KeyFile)) return true;  // a success: meant
+  if (!DeleteAnswerFile(notes, Unattend)) return false;
+  const INIFile key_file(KeyFile);
+  const std::string template_file = TemplateFor(notes, key_file);
+  // The dialog stores a word, which is no number: its choice of a domain still joins a workgroup, only a number entered
+  // by hand chooses the domain. That is meant.
+  const bool domain = WholeNumber(key_file.GetINIKey(kWin2KSection, kJoinDomainKey)) != 0;
+  const auto& names = domain ? kDomainAnswers : kWorkgroupAnswers;
+  std::vector<Answer> answers(kAnswers.begin(), kAnswers.end());
+  answers.insert(answers.end(), names.begin(), names.end());
+  return WriteAnswerFile(notes, {Unattend, template_file, key_file, kWin2KSection, answers});
+}
+
+void BindWin2KInfo(forms::FrmWin2KInfo& dialog, host::UserInterface& user) {
+  dialog.CmdBrwUnattend.click = [&dialog, &user] { CmdBrwUnattend_Click(dialog, user); };
+  dialog.CmdOK.click = [&dialog] { CmdOK_Click(dialog); };
+  dialog.CmdCancel.click = [&dialog] { CmdCancel_Click(dialog); };
+}
+
+void CmdBrwUnattend_Click(forms::FrmWin2KInfo& dialog, host::UserInterface& user) {
+  const forms::FileDialog& open = dialog.DlgOpen;
+  const std::string script = user.ChooseFile({open.title, open.filter, open.file_name, true});
+  if (script.empty()) return;
+  dialog.TxtTemplate.text = script;
+  FillSetupDataFromUnattend(dialog, script);
+}
+
+void CmdOK_Click(forms::FrmWin2KInfo& dialog) {
+  FillSetupDataToKeyFile(dialog, host::ProgramFolder() + kWorkingKeyFile);
+  dialog.visible = false;
+}
+
+void CmdCancel_Click(forms::FrmWin2KInfo& dialog) { dialog.visible = false; }
 
 }  // namespace discwright::settings

@@ -4,7 +4,9 @@
 #include <array>
 #include <utility>
 
+#include "host/registry.h"
 #include "host/system.h"
+#include "settings/answer_file.h"
 #include "settings/ini_file.h"
 #include "settings/key_files.h"
 #include "util/paths.h"
@@ -12,6 +14,12 @@
 namespace discwright::settings {
 
 namespace {
+
+constexpr int kWindows9x = 1;  // the platform's number
+
+constexpr const char* kWin98Template = "\\files\\inf_files\\win98_template.inf";  // below the program folder
+constexpr const char* kWinMeTemplate = "\\files\\inf_files\\winme_template.inf";
+constexpr const char* kOSTypeKey = "OptimizedFor";
 
 struct Field {
   const char* key;
@@ -21,9 +29,30 @@ struct Field {
 // In the order in which they are read and written.
 constexpr std::array<Field, 5> kFields = {{{"OwnerName", &forms::FrmWin9xInfo::TxtOwner},
                                            {"Organization", &forms::FrmWin9xInfo::TxtOrg},
-                                           {"OptimizedFor", &forms::FrmWin9xInfo::TxtOSType},
+                                           {kOSTypeKey, &forms::FrmWin9xInfo::TxtOSType},
                                            {"ComputerName", &forms::FrmWin9xInfo::TxtPCName},
                                            {"Workgroup", &forms::FrmWin9xInfo::TxtWorkgroup}}};
+
+constexpr const char* kWindowsKey = "Software\\Microsoft\\Windows\\CurrentVersion";
+constexpr const char* kNetworkKey = "System\\CurrentControlSet\\Services\\VxD\\VNETSUP";
+
+struct RegistryValue {
+  const char* key;
+  const char* name;
+  forms::TextBox forms::FrmWin9xInfo::*text_box;
+};
+
+constexpr std::array<RegistryValue, 5> kRegistryValues = {
+    {{kWindowsKey, "RegisteredOwner", &forms::FrmWin9xInfo::TxtOwner},
+     {kWindowsKey, "RegisteredOrganization", &forms::FrmWin9xInfo::TxtOrg},
+     {kWindowsKey, "ProductName", &forms::FrmWin9xInfo::TxtOSType},
+     {kNetworkKey, "ComputerName", &forms::FrmWin9xInfo::TxtPCName},
+     {kNetworkKey, "Workgroup", &forms::FrmWin9xInfo::TxtWorkgroup}}};
+
+constexpr std::array<Answer, 4> kAnswers = {{{"NameAndOrg", "Name", "OwnerName"},
+                                             {"NameAndOrg", "Org", "Organization"},
+                                             {"Network", "ComputerName", "ComputerName"},
+                                             {"Network", "Workgroup", "Workgroup"}}};
 
 }  // namespace
 
@@ -36,6 +65,8 @@ void LoadWin9xInfo(forms::FrmWin9xInfo& dialog) {
     FillSetupDataFromKeyFile(dialog, "KeyFile2.txt");
   } else if (util::FileExists(host::ProgramFolder() + kBuildKeyFile)) {
     FillSetupDataFromKeyFile(dialog, "KeyFile.txt");
+  } else if (util::GetPlatformId() == kWindows9x) {
+    FillSetupDataFromReg(dialog);
   }
 }
 
@@ -45,9 +76,43 @@ void FillSetupDataFromKeyFile(forms::FrmWin9xInfo& dialog, const std::string& ke
   for (const Field& field : kFields) (dialog.*field.text_box).text = ini.GetINIKey(kWin9xSection, field.key);
 }
 
-void FillSetupDataToKeyFile(const forms::FrmWin9xInfo& dialog) {
-  const INIFile ini(host::ProgramFolder() + kWorkingKeyFile);
-  for (const Field& field : kFields) ini.SetINIKey(kWin9xSection, field.key, (dialog.*field.text_box).text.get());
+void FillSetupDataFromReg(forms::FrmWin9xInfo& dialog) {
+  for (const RegistryValue& value : kRegistryValues) {
+    (dialog.*value.text_box).text = util::TrimNull(host::LocalMachineText(value.key, value.name).value_or(""));
+  }
 }
+
+host::Status FillSetupDataToKeyFile(const forms::FrmWin9xInfo& dialog) {
+  const INIFile ini(host::ProgramFolder() + kWorkingKeyFile);
+  host::Status first_failure;
+  for (const Field& field : kFields) {
+    host::Status status = ini.SetINIKey(kWin9xSection, field.key, (dialog.*field.text_box).text.get());
+    if (first_failure.ok()) first_failure = std::move(status);
+  }
+  return first_failure;
+}
+
+bool FillSetupDataFromKeyFileToMSBatch(util::Notes& notes, const std::string& KeyFile, const std::string& MSBatch) {
+  if (!HasAnswers(notes, KeyFile)) return true;  // a success: meant
+  if (!DeleteAnswerFile(notes, MSBatch)) return false;
+  const INIFile key_file(KeyFile);
+  // FillKeyFile does not copy this key: a build copy that nobody has edited makes the file of Windows Me. That is
+  // meant.
+  const bool is_98 = key_file.GetINIKey(notes, kWin9xSection, kOSTypeKey).find("98") != std::string::npos;
+  const std::string template_file = host::ProgramFolder() + (is_98 ? kWin98Template : kWinMeTemplate);
+  return WriteAnswerFile(notes, {MSBatch, template_file, key_file, kWin9xSection, kAnswers});
+}
+
+void BindWin9xInfo(forms::FrmWin9xInfo& dialog) {
+  dialog.CmdOK.click = [&dialog] { CmdOK_Click(dialog); };
+  dialog.CmdCancel.click = [&dialog] { CmdCancel_Click(dialog); };
+}
+
+void CmdOK_Click(forms::FrmWin9xInfo& dialog) {
+  FillSetupDataToKeyFile(dialog);
+  dialog.visible = false;
+}
+
+void CmdCancel_Click(forms::FrmWin9xInfo& dialog) { dialog.visible = false; }
 
 }  // namespace discwright::settings

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "host/system.h"
 #include "util/copy_engines.h"
 #include "util/copy_entries.h"
 #include "util/paths.h"
@@ -50,15 +51,19 @@ CopyEnd TreeTooLarge(CopyRun& run, std::string_view source) {
   return CopyEnd::kRuntimeFailure;
 }
 
+std::string NameInCopy(const std::string& name, CopiedNames names) {
+  return names == CopiedNames::kAsOnDisc ? host::NameOnDisc(name) : name;
+}
+
 CopyEnd CopyPathWithProgress(Context& context, std::string_view source, std::string_view destination,
-                             forms::Label& LblMsg, forms::ProgressBar& Progress) {
+                             forms::Label& LblMsg, forms::ProgressBar& Progress, CopiedNames names) {
   LblMsg.caption = "Preparing for Copy";
   LblMsg.Refresh();
   const bool was_visible = Progress.visible;
   Progress.visible = true;
   // Stays enabled after the copy, whatever it was before.
   context.main().CmdCancel.enabled = true;
-  CopyRun run{context, LblMsg, Progress, 0, std::string(destination)};
+  CopyRun run{context, LblMsg, Progress, 0, std::string(destination), names};
   const CopyEnd end =
       IsWinNT() ? CopyTreeWithProgress(run, source, destination) : CopyTreeCounted(run, source, destination);
   Progress.visible = was_visible;

@@ -28,7 +28,7 @@ bool CopyEntry(CopyRun& run, EntryJudge& judge, const host::Entry& entry, const 
   const Verdict verdict = judge.Judge(entry);
   if (verdict != Verdict::kCopy) return verdict == Verdict::kSkip;
   const std::string from = source + entry.name;
-  const std::string to = destination + entry.name;
+  const std::string to = destination + NameInCopy(entry.name, run.names);
   if (entry.kind == host::EntryKind::kFolder) {
     return IsOwnDestination(run, from) || CopyTreeChunked(run, from + "\\", to + "\\");
   }

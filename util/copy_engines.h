@@ -19,6 +19,7 @@ struct CopyRun {
   forms::ProgressBar& Progress;
   std::int64_t start_value = 0;  // the bar's value at the start of the file in hand (NT family)
   std::string own_destination;   // the whole copy's; empty: not looked for
+  CopiedNames names = CopiedNames::kAsListed;
 };
 
 // Set to 0 when an NT-family copy starts and tested after every file. Nobody sets it: such a copy runs to its end

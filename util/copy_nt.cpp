@@ -49,9 +49,10 @@ bool CopyEntry(CopyRun& run, EntryJudge& judge, const host::Entry& entry, const 
   }
   const Verdict verdict = judge.Judge(entry);
   if (verdict != Verdict::kCopy) return verdict == Verdict::kSkip;
-  if (!folder) return CopyShownFile(run, entry.name, source + entry.name, destination + entry.name);
+  const std::string to = destination + NameInCopy(entry.name, run.names);
+  if (!folder) return CopyShownFile(run, entry.name, source + entry.name, to);
   if (IsOwnDestination(run, source + entry.name)) return true;
-  return CopyTreeByFind(run, source + entry.name + "\\", destination + entry.name + "\\");
+  return CopyTreeByFind(run, source + entry.name + "\\", to + "\\");
 }
 
 }  // namespace

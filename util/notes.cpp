@@ -7,6 +7,7 @@ namespace discwright::util {
 
 void Notes::Add(std::string place, std::string cause) {
   const Note note{std::move(place), std::move(cause)};
+  if (!known_.emplace(note.place, note.cause).second) return;
   all_.push_back(note);
   if (added) added(note);
 }

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <functional>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/status.h"
@@ -17,6 +19,7 @@ struct Note {
 // A build's notes in the order they came. Nothing may be missing from a CD without a note here.
 class Notes {
  public:
+  // What is noted already is not noted again: several steps read the same answers.
   void Add(std::string place, std::string cause);
   // Adds a note unless the status is a success; returns whether it was.
   bool Check(const host::Status& status, const std::string& place, const std::string& what);
@@ -26,6 +29,7 @@ class Notes {
 
  private:
   std::vector<Note> all_;
+  std::set<std::pair<std::string, std::string>> known_;  // place and cause
 };
 
 }  // namespace discwright::util

@@ -18,6 +18,12 @@ class INIFileTest : public ::testing::Test {
   testing::FakeHost host;
   INIFile ini{kFile};
 
+  bool IsCut(std::string_view section, std::string_view key) const {
+    util::Notes notes;
+    EXPECT_EQ(ini.GetINIKey(notes, section, key), ini.GetINIKey(section, key));
+    return !notes.all().empty();
+  }
+
   std::string ThereAndBack(const std::string& value) {
     ini.SetINIKey("a", "k", value);
     return ini.GetINIKey("a", "k");
@@ -45,7 +51,7 @@ TEST_F(INIFileTest, CreateIni_CreatesNoFile) {
 
 TEST_F(INIFileTest, MissingFile_ReadsEmptyAndIsNotCreated) {
   EXPECT_EQ(ini.GetINIKey("a", "k"), "");
-  EXPECT_FALSE(ini.IsCut("a", "k"));
+  EXPECT_FALSE(IsCut("a", "k"));
   EXPECT_TRUE(host.Files().empty());
   EXPECT_TRUE(host.calls.empty());
 }
@@ -59,15 +65,15 @@ TEST_F(INIFileTest, UnreadableFile_ReadsEmpty) {
 TEST_F(INIFileTest, ValueOf120Characters_IsCutAt99) {
   host.AddFile(kFile, "[a]\r\nk=" + std::string(120, 'x') + "\r\nl=" + std::string(99, 'y') + "\r\n");
   EXPECT_EQ(ini.GetINIKey("a", "k"), std::string(99, 'x'));
-  EXPECT_TRUE(ini.IsCut("a", "k"));
+  EXPECT_TRUE(IsCut("a", "k"));
   EXPECT_EQ(ini.GetINIKey("a", "l"), std::string(99, 'y'));
-  EXPECT_FALSE(ini.IsCut("a", "l"));
+  EXPECT_FALSE(IsCut("a", "l"));
 }
 
 TEST_F(INIFileTest, QuotedValueOf99Characters_IsNotCut) {
   host.AddFile(kFile, "[a]\r\nk=\"" + std::string(99, 'x') + "\"\r\n");
   EXPECT_EQ(ini.GetINIKey("a", "k"), std::string(99, 'x'));
-  EXPECT_FALSE(ini.IsCut("a", "k"));
+  EXPECT_FALSE(IsCut("a", "k"));
 }
 
 TEST_F(INIFileTest, LongValueOfSeveralBytesPerCharacter_IsCutAfter99Characters) {
@@ -75,18 +81,30 @@ TEST_F(INIFileTest, LongValueOfSeveralBytesPerCharacter_IsCutAfter99Characters) 
   for (int i = 0; i < 99; ++i) omegas += "Ω";
   host.AddFile(kFile, "[a]\r\nk=" + omegas + "Ω\r\n");
   EXPECT_EQ(ini.GetINIKey("a", "k"), omegas);
-  EXPECT_TRUE(ini.IsCut("a", "k"));
+  EXPECT_TRUE(IsCut("a", "k"));
 }
 
 TEST_F(INIFileTest, ValueWhose99CharactersEndInBlanks_IsTrimmedAfterTheCut) {
   host.AddFile(kFile, "[a]\r\nk=" + std::string(90, 'x') + std::string(20, ' ') + "y\r\n");
   EXPECT_EQ(ini.GetINIKey("a", "k"), std::string(90, 'x'));
-  EXPECT_TRUE(ini.IsCut("a", "k"));
+  EXPECT_TRUE(IsCut("a", "k"));
 }
 
 TEST_F(INIFileTest, BlanksAroundEqualsSignAndQuotedValue_ReadsBare) {
   host.AddFile(kFile, "[a]\r\nk    =   \" bare value \"   \r\n");
   EXPECT_EQ(ini.GetINIKey("a", "k"), "bare value");
+}
+
+TEST_F(INIFileTest, ValueThatStandsInQuotes_ReadsBackWithThem) {
+  for (const std::string value : {"\"Joe\"", "'Joe'", "\"\"", "''", "\"", "\"a\" and \"b\"", "\"\"Joe\"\"", "it's"}) {
+    EXPECT_EQ(ThereAndBack(value), value);
+  }
+  EXPECT_EQ(ThereAndBack(" \"Joe\"\r\n"), "\"Joe\"");
+}
+
+TEST_F(INIFileTest, ValueThatStandsInQuotes_IsStoredInOneMorePair) {
+  ini.SetINIKey("a", "k", "'Joe'");
+  EXPECT_EQ(host.Content(kFile), "[a]\r\nk=\"'Joe'\"\r\n");
 }
 
 TEST_F(INIFileTest, SectionInOtherLetterCase_IsFound) {
@@ -97,6 +115,7 @@ TEST_F(INIFileTest, SectionInOtherLetterCase_IsFound) {
 TEST_F(INIFileTest, WritingToAMissingFile_CreatesIt) {
   ini.SetINIKey("a", "k", "1");
   EXPECT_EQ(host.Content(kFile), "[a]\r\nk=1\r\n");
+  EXPECT_TRUE(ini.SetINIKey("a", "k", "2").ok());
 }
 
 TEST_F(INIFileTest, SeveralInstancesOnOneFile_SeeEachOthersWrites) {
@@ -144,17 +163,17 @@ TEST_F(INIFileTest, ValueWithLineEndsAndNul_DoesNotBreakTheFile) {
   EXPECT_EQ(ini.GetINIKey("b", "k"), "");
 }
 
-TEST_F(INIFileTest, FailedWrite_IsSilentAndLeavesTheFile) {
+TEST_F(INIFileTest, FailedWrite_IsReportedAndLeavesTheFile) {
   host.AddFile(kFile, "[a]\r\nk=1\r\n");
   host.FailOn("WriteWholeFile", "test.ini", host::ErrorClass::kDiskFull);
-  ini.SetINIKey("a", "k", "2");
+  EXPECT_EQ(ini.SetINIKey("a", "k", "2").error, host::ErrorClass::kDiskFull);
   EXPECT_EQ(host.Content(kFile), "[a]\r\nk=1\r\n");
 }
 
-TEST_F(INIFileTest, WritingToAFileThatCannotBeRead_LeavesTheFile) {
+TEST_F(INIFileTest, WritingToAFileThatCannotBeRead_IsReportedAndLeavesTheFile) {
   host.AddFile(kFile, "[a]\r\nk=1\r\nl=2\r\n");
   host.FailOn("ReadWholeFile", "test.ini", host::ErrorClass::kNotReady, "injected", 1);
-  ini.SetINIKey("a", "k", "3");
+  EXPECT_EQ(ini.SetINIKey("a", "k", "3").error, host::ErrorClass::kNotReady);
   EXPECT_EQ(host.Content(kFile), "[a]\r\nk=1\r\nl=2\r\n");
 }
 

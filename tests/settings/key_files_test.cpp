@@ -1,6 +1,7 @@
 // Tests of copying installation details to the build copy.
 #include "settings/key_files.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "settings/ini_file.h"
@@ -8,6 +9,10 @@
 
 namespace discwright::settings {
 namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
 
 const std::string kWorking = "C:\\Discwright\\keyfile2.txt";
 const std::string kBuild = "C:\\Discwright\\keyfile.txt";
@@ -24,54 +29,96 @@ const std::string kWin9xCopied =
 class FillKeyFileTest : public ::testing::Test {
  protected:
   testing::FakeHost host;
+  util::Notes notes;
 };
 
 TEST_F(FillKeyFileTest, NoDialogEverConfirmed_CreatesNoBuildCopy) {
-  FillKeyFile(true, true);
+  FillKeyFile(notes, true, true);
   EXPECT_TRUE(host.Files().empty());
 }
 
 TEST_F(FillKeyFileTest, BothSections_AreCopiedInOrderWithoutOptimizedFor) {
   host.AddFile(kWorking, kWin9xKeys + kWin2KKeys);
-  FillKeyFile(true, true);
+  FillKeyFile(notes, true, true);
   EXPECT_EQ(host.Content(kBuild), kWin9xCopied + kWin2KKeys);
 }
 
 TEST_F(FillKeyFileTest, OneSectionChosen_CopiesThatOneOnly) {
   host.AddFile(kWorking, kWin9xKeys + kWin2KKeys);
-  FillKeyFile(false, true);
+  FillKeyFile(notes, false, true);
   EXPECT_EQ(host.Content(kBuild), kWin2KKeys);
   host::RemoveFile(kBuild);
-  FillKeyFile(true, false);
+  FillKeyFile(notes, true, false);
   EXPECT_EQ(host.Content(kBuild), kWin9xCopied);
 }
 
 TEST_F(FillKeyFileTest, NoSectionChosen_CreatesNoBuildCopy) {
   host.AddFile(kWorking, kWin9xKeys);
-  FillKeyFile(false, false);
+  FillKeyFile(notes, false, false);
   EXPECT_FALSE(host.Exists(kBuild));
 }
 
 TEST_F(FillKeyFileTest, OptimizedForOfAnExistingBuildCopy_StaysAsItWas) {
   host.AddFile(kWorking, kWin9xKeys);
   host.AddFile(kBuild, "[Win9xInfo]\r\nOptimizedFor=Microsoft Windows Millennium\r\n[Mine]\r\nx=1\r\n");
-  FillKeyFile(true, false);
+  FillKeyFile(notes, true, false);
   const INIFile build(kBuild);
   EXPECT_EQ(build.GetINIKey("Win9xInfo", "OptimizedFor"), "Microsoft Windows Millennium");
   EXPECT_EQ(build.GetINIKey("Win9xInfo", "OwnerName"), "Owner 9");
   EXPECT_EQ(build.GetINIKey("Mine", "x"), "1");
 }
 
-TEST_F(FillKeyFileTest, ValueLongerThan99Characters_ArrivesCut) {
+TEST_F(FillKeyFileTest, ValuesThatStandInQuotes_KeepThem) {
+  host.AddFile(kWorking, "[Win9xInfo]\r\nOwnerName=\"\"Joe\"\"\r\nOrganization=\"'x'\"\r\nWorkgroup=a;\"b\"=c\r\n");
+  FillKeyFile(notes, true, false);
+  const INIFile build(kBuild);
+  EXPECT_EQ(build.GetINIKey("Win9xInfo", "OwnerName"), "\"Joe\"");
+  EXPECT_EQ(build.GetINIKey("Win9xInfo", "Organization"), "'x'");
+  EXPECT_EQ(build.GetINIKey("Win9xInfo", "Workgroup"), "a;\"b\"=c");
+  EXPECT_THAT(notes.all(), IsEmpty());
+}
+
+TEST_F(FillKeyFileTest, ValueThatIsInQuotesOnceItIsCut_KeepsThem) {
+  const std::string start = "\"" + std::string(97, 'x') + "\"";
+  host.AddFile(kWorking, "[Win9xInfo]\r\nOwnerName=" + start + " and more\r\n");
+  FillKeyFile(notes, true, false);
+  EXPECT_EQ(INIFile(kBuild).GetINIKey("Win9xInfo", "OwnerName"), start);
+}
+
+TEST_F(FillKeyFileTest, FailedWrite_IsNotedForEachKey) {
+  host.AddFile(kWorking, kWin9xKeys);
+  host.FailOn("WriteWholeFile", "keyfile.txt", host::ErrorClass::kDiskFull, "No space left on device", 1);
+  FillKeyFile(notes, true, false);
+  ASSERT_THAT(notes.all(), SizeIs(1));
+  EXPECT_EQ(notes.all()[0].place, kBuild);
+  EXPECT_THAT(notes.all()[0].cause, HasSubstr("OwnerName"));
+  EXPECT_THAT(notes.all()[0].cause, HasSubstr("No space left on device"));
+  EXPECT_EQ(INIFile(kBuild).GetINIKey("Win9xInfo", "Workgroup"), "GROUP9");
+}
+
+TEST_F(FillKeyFileTest, WorkingStoreThatCannotBeRead_IsNotedAndLeavesTheBuildCopy) {
+  host.AddFile(kWorking, kWin9xKeys);
+  host.AddFile(kBuild, kWin9xCopied);
+  host.FailOn("ReadWholeFile", "keyfile2.txt", host::ErrorClass::kNotReady);
+  FillKeyFile(notes, true, false);
+  ASSERT_THAT(notes.all(), SizeIs(1));
+  EXPECT_EQ(notes.all()[0].place, kWorking);
+  EXPECT_EQ(host.Content(kBuild), kWin9xCopied);
+}
+
+TEST_F(FillKeyFileTest, ValueLongerThan99Characters_ArrivesCutAndIsNoted) {
   host.AddFile(kWorking, "[Win9xInfo]\r\nOwnerName=" + std::string(120, 'x') + "\r\n");
-  FillKeyFile(true, false);
+  FillKeyFile(notes, true, false);
   EXPECT_NE(host.Content(kBuild).find("OwnerName=" + std::string(99, 'x') + "\r\n"), std::string::npos);
+  ASSERT_THAT(notes.all(), SizeIs(1));
+  EXPECT_EQ(notes.all()[0].place, kWorking);
+  EXPECT_THAT(notes.all()[0].cause, HasSubstr("OwnerName"));
 }
 
 TEST_F(FillKeyFileTest, MissingKeys_EmptyThoseOfTheBuildCopy) {
   host.AddFile(kWorking, "");
   host.AddFile(kBuild, kWin9xCopied);
-  FillKeyFile(true, false);
+  FillKeyFile(notes, true, false);
   EXPECT_EQ(host.Content(kBuild), "[Win9xInfo]\r\nOwnerName=\r\nOrganization=\r\nComputerName=\r\nWorkgroup=\r\n");
 }
 

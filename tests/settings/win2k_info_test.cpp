@@ -1,9 +1,12 @@
 // Tests of the Windows 2000/XP/2003 installation info dialog's fields.
 #include "settings/win2k_info.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "settings/ini_file.h"
 #include "tests/support/fake_host.h"
+#include "tests/support/fake_user.h"
 
 namespace discwright::settings {
 namespace {
@@ -14,6 +17,7 @@ const std::string kUserData = "[UserData]\r\nFullName=\"Ann Lee\"\r\nOrgName=\"A
 class Win2KInfoTest : public ::testing::Test {
  protected:
   testing::FakeHost host;
+  testing::FakeUser user;
   forms::FrmWin2KInfo dialog;
 
   void ExpectChoice(bool domain, const std::string& name) {
@@ -120,6 +124,12 @@ TEST_F(Win2KInfoTest, FillToKeyFile_WritesTheSectionInOrder) {
             "ComputerName=\r\nWorkgroup=KORVANE_LTD\r\nJoinDomain=True\r\n");
 }
 
+TEST_F(Win2KInfoTest, FillToKeyFileThatCannotBeWritten_ReturnsTheFirstFailure) {
+  host.FailOn("WriteWholeFile", "keys.txt", host::ErrorClass::kDiskFull, "No space left on device", 1);
+  host.FailOn("WriteWholeFile", "keys.txt", host::ErrorClass::kAccessDenied);
+  EXPECT_EQ(FillSetupDataToKeyFile(dialog, "C:\\keys.txt").error, host::ErrorClass::kDiskFull);
+}
+
 TEST_F(Win2KInfoTest, WrittenKeyFile_ReadsBack) {
   for (const bool domain : {true, false}) {
     dialog.TxtOwner.text = "Jürgen";
@@ -133,6 +143,50 @@ TEST_F(Win2KInfoTest, WrittenKeyFile_ReadsBack) {
     EXPECT_EQ(other.OptJoinDomain.value, domain);
     EXPECT_EQ(other.OptJoinWorkgroup.value, !domain);
   }
+}
+
+TEST_F(Win2KInfoTest, Browse_AsksWithTheDialogsOwnDataAndReadsTheChosenScript) {
+  host.AddFile("D:\\mine.sif", kUserData + "[Identification]\r\nJoinDomain=CORP\r\n");
+  user.file_answer = "D:\\mine.sif";
+  BindWin2KInfo(dialog, user);
+  dialog.CmdBrwUnattend.click();
+  EXPECT_THAT(user.asked, ::testing::ElementsAre("Unattended setup information file <unattend.txt>"));
+  EXPECT_THAT(user.file_filters, ::testing::ElementsAre("Text file (*.txt; *.sif)|*.txt; *.sif"));
+  EXPECT_EQ(dialog.TxtTemplate.text.get(), "D:\\mine.sif");
+  EXPECT_EQ(dialog.TxtOwner.text.get(), "Ann Lee");
+  EXPECT_EQ(dialog.TxtOrg.text.get(), "Acme");
+  EXPECT_EQ(dialog.TxtPCName.text.get(), "PC");
+  ExpectChoice(true, "CORP");
+}
+
+TEST_F(Win2KInfoTest, BrowseCancelled_ChangesNothing) {
+  host.AddFile("D:\\mine.sif", kUserData);
+  dialog.TxtTemplate.text = "D:\\mine.sif";
+  CmdBrwUnattend_Click(dialog, user);
+  EXPECT_EQ(dialog.TxtTemplate.text.get(), "D:\\mine.sif");
+  EXPECT_EQ(dialog.TxtOwner.text.get(), "VexaUser");
+  ExpectChoice(false, "KORVANE_LTD");
+}
+
+TEST_F(Win2KInfoTest, OK_SavesTheFieldsAndHidesTheDialog) {
+  BindWin2KInfo(dialog, user);
+  dialog.visible = true;
+  dialog.TxtPCName.text = "PC";
+  dialog.CmdOK.click();
+  EXPECT_FALSE(dialog.visible);
+  EXPECT_EQ(INIFile("C:\\Discwright\\keyfile2.txt").GetINIKey("Win2KInfo", "ComputerName"), "PC");
+}
+
+TEST_F(Win2KInfoTest, Cancel_HidesTheDialogSavesNothingAndKeepsTheTexts) {
+  BindWin2KInfo(dialog, user);
+  LoadWin2KInfo(dialog);
+  dialog.visible = true;
+  dialog.TxtPCName.text = "PC";
+  dialog.CmdCancel.click();
+  EXPECT_FALSE(dialog.visible);
+  EXPECT_TRUE(host.Files().empty());
+  LoadWin2KInfo(dialog);
+  EXPECT_EQ(dialog.TxtPCName.text.get(), "PC");
 }
 
 TEST_F(Win2KInfoTest, FillFromMissingKeyFile_ChangesNothing) {

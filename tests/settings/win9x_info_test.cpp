@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "settings/ini_file.h"
 #include "tests/support/fake_host.h"
 
 namespace discwright::settings {
@@ -70,6 +71,84 @@ TEST_F(Win9xInfoTest, LoadWithBuildCopyOnly_ReadsTheBareNameInTheCurrentFolder) 
   EXPECT_EQ(dialog.TxtOwner.text.get(), "build");
 }
 
+class Win9xInfoOnWindows98 : public Win9xInfoTest {
+ protected:
+  Win9xInfoOnWindows98() {
+    host.platform_id = 1;
+    const std::string windows = "Software\\Microsoft\\Windows\\CurrentVersion\\";
+    const std::string network = "System\\CurrentControlSet\\Services\\VxD\\VNETSUP\\";
+    host.registry = {{windows + "RegisteredOwner", "Ann"},
+                     {windows + "RegisteredOrganization", "Acme"},
+                     {windows + "ProductName", "Microsoft Windows ME"},
+                     {network + "ComputerName", "PC"},
+                     {network + "Workgroup", "GROUP"}};
+  }
+
+  void ExpectRegistry() {
+    EXPECT_EQ(dialog.TxtOwner.text.get(), "Ann");
+    EXPECT_EQ(dialog.TxtOrg.text.get(), "Acme");
+    EXPECT_EQ(dialog.TxtOSType.text.get(), "Microsoft Windows ME");
+    EXPECT_EQ(dialog.TxtPCName.text.get(), "PC");
+    EXPECT_EQ(dialog.TxtWorkgroup.text.get(), "GROUP");
+  }
+};
+
+TEST_F(Win9xInfoOnWindows98, LoadWithoutKeyFiles_ReadsTheRegistry) {
+  LoadWin9xInfo(dialog);
+  ExpectRegistry();
+}
+
+TEST_F(Win9xInfoOnWindows98, LoadWithAKeyFile_DoesNotReadTheRegistry) {
+  for (const char* name : {"keyfile2.txt", "keyfile.txt"}) {
+    host.AddFile(std::string("C:\\Discwright\\") + name, "");
+    dialog.loaded = false;
+    LoadWin9xInfo(dialog);
+    ExpectDefaults();
+    host::RemoveFile(std::string("C:\\Discwright\\") + name);
+  }
+}
+
+TEST_F(Win9xInfoOnWindows98, LoadOnTheNtFamily_KeepsTheDefaults) {
+  host.platform_id = 2;
+  LoadWin9xInfo(dialog);
+  ExpectDefaults();
+}
+
+TEST_F(Win9xInfoOnWindows98, ValueThatIsNotThere_EmptiesItsField) {
+  host.registry.clear();
+  FillSetupDataFromReg(dialog);
+  for (const forms::TextBox* box :
+       {&dialog.TxtOwner, &dialog.TxtOrg, &dialog.TxtOSType, &dialog.TxtPCName, &dialog.TxtWorkgroup}) {
+    EXPECT_EQ(box->text.get(), "") << box->name();
+  }
+}
+
+TEST_F(Win9xInfoOnWindows98, ValueWithNul_IsCutThere) {
+  for (auto& [name, text] : host.registry) text += std::string("\0x", 2);
+  FillSetupDataFromReg(dialog);
+  ExpectRegistry();
+}
+
+TEST_F(Win9xInfoTest, OK_SavesTheFieldsAndHidesTheDialog) {
+  BindWin9xInfo(dialog);
+  dialog.visible = true;
+  dialog.TxtPCName.text = "PC";
+  dialog.CmdOK.click();
+  EXPECT_FALSE(dialog.visible);
+  EXPECT_EQ(INIFile("C:\\Discwright\\keyfile2.txt").GetINIKey("Win9xInfo", "ComputerName"), "PC");
+}
+
+TEST_F(Win9xInfoTest, Cancel_HidesTheDialogSavesNothingAndKeepsTheTexts) {
+  BindWin9xInfo(dialog);
+  dialog.visible = true;
+  dialog.TxtPCName.text = "PC";
+  dialog.CmdCancel.click();
+  EXPECT_FALSE(dialog.visible);
+  EXPECT_TRUE(host.Files().empty());
+  LoadWin9xInfo(dialog);
+  EXPECT_EQ(dialog.TxtPCName.text.get(), "PC");
+}
+
 TEST_F(Win9xInfoTest, SecondLoad_ChangesNothing) {
   LoadWin9xInfo(dialog);
   host.current_folder = host.program_folder;
@@ -98,6 +177,12 @@ TEST_F(Win9xInfoTest, FillToKeyFile_WritesTheSectionInOrder) {
   EXPECT_EQ(host.Content("C:\\Discwright\\keyfile2.txt"),
             "[Win9xInfo]\r\nOwnerName=VexaUser\r\nOrganization=KORVANE LTD.\r\nOptimizedFor=Microsoft Windows 98\r\n"
             "ComputerName=PC\r\nWorkgroup=KORVANE_LTD\r\n");
+}
+
+TEST_F(Win9xInfoTest, FillToKeyFileThatCannotBeWritten_ReturnsTheFirstFailure) {
+  host.FailOn("WriteWholeFile", "keyfile2.txt", host::ErrorClass::kDiskFull, "No space left on device", 1);
+  host.FailOn("WriteWholeFile", "keyfile2.txt", host::ErrorClass::kAccessDenied);
+  EXPECT_EQ(FillSetupDataToKeyFile(dialog).error, host::ErrorClass::kDiskFull);
 }
 
 TEST_F(Win9xInfoTest, FillToExistingKeyFile_KeepsTheOtherSection) {

@@ -14,7 +14,9 @@ constexpr int kNtFamily = 2;
 
 class CopyFixture : public testing::BuildFixture {
  protected:
-  CopyEnd Copy() { return CopyPathWithProgress(context, "C:\\src", "C:\\dst", main.LblSub_Step, main.BarSub_Step); }
+  CopyEnd Copy(CopiedNames names = CopiedNames::kAsListed) {
+    return CopyPathWithProgress(context, "C:\\src", "C:\\dst", main.LblSub_Step, main.BarSub_Step, names);
+  }
 };
 
 using CopyPathWithProgressTest = CopyFixture;
@@ -105,6 +107,47 @@ TEST_P(CopyOnBothPlatforms, TreeOfTwoGigabytes_IsARuntimeFailureThatCopiesNothin
   EXPECT_EQ(notes.all()[0].place, "C:\\src");
 }
 
+TEST_P(CopyOnBothPlatforms, NamesAsOnDisc_AreRaisedWhereTheSystemShowsThemInLowerCase) {
+  host.shows_disc_names_in_lower_case = true;
+  host.AddFile("C:\\src\\i386\\win51.ip", "1");
+  host.AddFile("C:\\src\\i386\\Mixed.txt", "2");
+  host.AddFile("C:\\src\\Docs\\readme.1st", "3");
+  host.AddFolder("C:\\src\\empty");
+  EXPECT_EQ(Copy(CopiedNames::kAsOnDisc), CopyEnd::kComplete);
+  EXPECT_EQ(host.RealName("C:\\dst\\i386"), "I386");
+  EXPECT_EQ(host.RealName("C:\\dst\\i386\\win51.ip"), "WIN51.IP");
+  EXPECT_EQ(host.RealName("C:\\dst\\i386\\mixed.txt"), "Mixed.txt");
+  EXPECT_EQ(host.RealName("C:\\dst\\docs"), "Docs");
+  EXPECT_EQ(host.RealName("C:\\dst\\docs\\readme.1st"), "README.1ST");
+  EXPECT_EQ(host.RealName("C:\\dst\\empty"), "EMPTY");
+  EXPECT_EQ(host.RealName("C:\\dst"), "dst");
+  EXPECT_EQ(host.Content("C:\\dst\\I386\\WIN51.IP"), "1");
+}
+
+TEST_P(CopyOnBothPlatforms, NamesAsOnDisc_AreTheListedOnesWhereTheSystemShowsThemAsTheyAre) {
+  host.AddFile("C:\\src\\i386\\win51.ip", "1");
+  EXPECT_EQ(Copy(CopiedNames::kAsOnDisc), CopyEnd::kComplete);
+  EXPECT_EQ(host.RealName("C:\\dst\\i386"), "i386");
+  EXPECT_EQ(host.RealName("C:\\dst\\i386\\win51.ip"), "win51.ip");
+}
+
+TEST_P(CopyOnBothPlatforms, PlainCopy_KeepsItsNamesOnEverySystem) {
+  host.shows_disc_names_in_lower_case = true;
+  host.AddFile("C:\\src\\sub\\file", "1");
+  EXPECT_EQ(Copy(), CopyEnd::kComplete);
+  EXPECT_EQ(host.RealName("C:\\dst\\sub"), "sub");
+  EXPECT_EQ(host.RealName("C:\\dst\\sub\\file"), "file");
+}
+
+TEST_P(CopyOnBothPlatforms, FailedFileOfADisc_IsNotedUnderItsNameInTheSource) {
+  host.shows_disc_names_in_lower_case = true;
+  host.AddFile("C:\\src\\i386\\bad", "1");
+  host.FailOn(host.platform_id == kNtFamily ? "CopyFileWithProgress" : "ReadAt", "bad", host::ErrorClass::kNotReady);
+  EXPECT_EQ(Copy(CopiedNames::kAsOnDisc), CopyEnd::kFailed);
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(notes.all()[0].place, "C:\\src\\i386\\bad");
+}
+
 TEST_P(CopyOnBothPlatforms, MissingSource_FailsWithoutAMessageAndIsNoted) {
   EXPECT_EQ(Copy(), CopyEnd::kFailed);
   EXPECT_TRUE(user.messages.empty());
@@ -155,6 +198,14 @@ TEST_F(CopyFolderTreeTest, EmptySource_MakesTheDestination) {
   host.AddFolder("C:\\src");
   EXPECT_TRUE(CopyFolderTree(notes, "C:\\src\\", "C:\\dst\\"));
   EXPECT_TRUE(host.Exists("C:\\dst"));
+}
+
+TEST_F(CopyFolderTreeTest, NamesInLowerCase_AreKeptOnEverySystem) {
+  host.shows_disc_names_in_lower_case = true;
+  host.AddFile("C:\\src\\sub\\file", "1");
+  EXPECT_TRUE(CopyFolderTree(notes, "C:\\src", "C:\\dst"));
+  EXPECT_EQ(host.RealName("C:\\dst\\sub"), "sub");
+  EXPECT_EQ(host.RealName("C:\\dst\\sub\\file"), "file");
 }
 
 TEST_F(CopyFolderTreeTest, FailedFile_StopsTheCopyWithOneNote) {

@@ -16,6 +16,18 @@ TEST(Notes, TwoNotesAdded_AreKeptInTheirOrder) {
   EXPECT_EQ(notes.all()[1].place, "C:\\a");
 }
 
+TEST(Notes, SameNoteAgain_IsToldOnce) {
+  Notes notes;
+  int heard = 0;
+  notes.added = [&](const Note&) { ++heard; };
+  notes.Add("C:\\a", "cause");
+  notes.Add("C:\\a", "another");
+  notes.Add("C:\\b", "cause");
+  notes.Add("C:\\a", "cause");
+  EXPECT_EQ(notes.all().size(), 3U);
+  EXPECT_EQ(heard, 3);
+}
+
 TEST(Notes, WithAListener_TellsItOfEveryNewNote) {
   Notes notes;
   std::string heard;

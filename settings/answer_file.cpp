@@ -1,0 +1,110 @@
+// Made in memory and written once, so that no half-filled answer file is left for Setup.
+#include "settings/answer_file.h"
+
+#include <algorithm>
+
+#include "host/files.h"
+#include "host/ini_text.h"
+#include "host/text_encoding.h"
+#include "host/utf8.h"
+#include "host/windows_1252.h"
+#include "util/paths.h"
+
+namespace discwright::settings {
+
+namespace {
+
+std::string Windows1252Bytes(std::string_view text) {
+  std::string bytes;
+  while (!text.empty()) {
+    const std::size_t length = std::max<std::size_t>(host::FirstUtf8Character(text).length, 1);
+    bytes += host::ToWindows1252(text.substr(0, length)).value_or("?");
+    text.remove_prefix(length);
+  }
+  return bytes;
+}
+
+// The text as it is once it has been through Windows-1252; `what` names it in the note on what is lost.
+std::string Narrowed(util::Notes& notes, const std::string& text, const std::string& place, const std::string& what) {
+  std::string narrowed = host::FromWindows1252(Windows1252Bytes(text));
+  if (narrowed != text) {
+    notes.Add(place, what + " has characters that Windows Setup cannot read; they became question marks.");
+  }
+  return narrowed;
+}
+
+// Every line end, also that of a template edited elsewhere, as CR LF.
+std::string WithCrLf(std::string_view text) {
+  std::string lines;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool is_line_end = text[i] == '\r' || text[i] == '\n';
+    if (text.substr(i).starts_with("\r\n")) ++i;
+    if (is_line_end) {
+      lines += "\r\n";
+    } else {
+      lines += text[i];
+    }
+  }
+  return lines;
+}
+
+bool ReadTemplate(util::Notes& notes, const std::string& file, std::string& text) {
+  std::string bytes;
+  if (!notes.Check(host::ReadWholeFile(file, bytes), file, "could not be read")) return false;
+  if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) {
+    notes.Add(file, "is Unicode text of two bytes per character; please save it as plain text");
+    return false;
+  }
+  // Not the code page of the host: a template's own bytes must come out as they went in.
+  text = host::IsUtf8File(bytes) ? host::DecodeText(bytes) : host::FromWindows1252(bytes);
+  text = WithCrLf(Narrowed(notes, text, file, "The template"));
+  return true;
+}
+
+// Outside quotes Setup takes ";" for the start of a comment, "," for a separator, "%" for that of a string's name and
+// "\" at a line's end for its continuation.
+std::string AsSetupReadsIt(const std::string& value) {
+  constexpr std::string_view blanks = " \t";
+  if (value.empty()) return value;
+  const bool has_blank_end =
+      blanks.find(value.front()) != std::string_view::npos || blanks.find(value.back()) != std::string_view::npos;
+  const bool is_plain = value.find_first_of(";,=%\"") == std::string::npos && !has_blank_end &&
+                        !value.ends_with('\\') && host::WithQuotesKept(value) == value;
+  return is_plain ? value : '"' + value + '"';
+}
+
+std::string ValueOf(util::Notes& notes, const AnswerFile& answer_file, const Answer& answer) {
+  if (answer.key_file_key == nullptr) return answer.value;
+  const INIFile& key_file = answer_file.key_file;
+  const std::string value = key_file.GetINIKey(notes, answer_file.key_section, answer.key_file_key);
+  return Narrowed(notes, value, key_file.FileName, answer.key_file_key);
+}
+
+}  // namespace
+
+bool HasAnswers(util::Notes& notes, const std::string& key_file) {
+  if (util::FileExists(key_file)) return true;
+  notes.Add(key_file, "is missing or cannot be read, and Windows Setup gets no answers from the CD");
+  return false;
+}
+
+bool DeleteAnswerFile(util::Notes& notes, const std::string& file) {
+  if (!util::FileExists(file)) return true;
+  host::ClearAttributes(file);  // where that fails, deleting does and says why
+  return notes.Check(host::RemoveFile(file), file, "could not be deleted");
+}
+
+bool WriteAnswerFile(util::Notes& notes, const AnswerFile& answer_file) {
+  const std::string& key_file = answer_file.key_file.FileName;
+  if (!notes.Check(answer_file.key_file.Readable(), key_file, "could not be read")) return false;
+  std::string text;
+  if (!ReadTemplate(notes, answer_file.template_file, text)) return false;
+  for (const Answer& answer : answer_file.answers) {
+    const std::string value = AsSetupReadsIt(ValueOf(notes, answer_file, answer));
+    text = host::WithIniValue(text, answer.section, answer.key, value);
+  }
+  const host::Status written = host::WriteWholeFile(answer_file.file, Windows1252Bytes(text));
+  return notes.Check(written, answer_file.file, "could not be written");
+}
+
+}  // namespace discwright::settings
