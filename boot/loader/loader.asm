@@ -1,4 +1,4 @@
-; The CD's boot loader as far as it is built: says that this disc has no boot menu yet and starts the machine again.
+; The CD's boot loader as far as it is built: says that this disc has no boot menu and starts the machine again.
 ;
 ; Memory map: 0000:7C00-0000:83FF this program (one CD sector); stack from 0000:7C00 downwards.
 ; The BIOS loads 4 sectors of 512 bytes and enters at 0000:7C00 or 07C0:0000, DL = drive; no other register is promised.
@@ -37,7 +37,7 @@ print:
 
 message:
     db 13, 10, 'Vexa Rescue CD', 13, 10
-    db 'This disc has no boot menu yet: its loader is not finished.', 13, 10
+    db 'This disc has no boot menu: the menu is not part of this version.', 13, 10
     db 'Remove the disc and press a key to start again.', 13, 10, 0
 
     times 2048 - ($ - $$) db 0

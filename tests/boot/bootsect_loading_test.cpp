@@ -1,0 +1,113 @@
+// The CD boot sector of Windows Setup: files of all sizes, CDs that cannot be read, and a BIOS full of faults.
+#include "tests/boot/boot_fixture.h"
+
+namespace discwright::testing {
+namespace {
+
+class BootSectorLoading : public BootSector {
+ protected:
+  void MasterFile(const std::string& content) const {
+    WriteFile(tree / "I386/SETUPLDR.BIN", content);
+    Master();
+  }
+
+  // The CD drive with faults. `fault`: one of the emulator's descriptions of an error, which happens at a sector
+  // `count` times, or always.
+  std::vector<std::string> FaultyCdDrive(std::uint32_t sector_of_cd, int count) const {
+    std::string faults;
+    for (int number = 0; number < std::max(count, 1); ++number) {
+      faults += "[inject-error]\nevent = \"read_aio\"\nerrno = \"5\"\nsector = \"" + std::to_string(sector_of_cd * 4) +
+                "\"\nonce = \"" + (count > 0 ? "on" : "off") + "\"\n";
+    }
+    WriteFile(place / "faults", faults);
+    return {"-drive", "if=ide,media=cdrom,driver=raw,file.driver=blkdebug,file.config=" + (place / "faults").string() +
+                          ",file.image.filename=" + image.string()};
+  }
+  static constexpr int kAlways = 0;
+};
+
+class BootSectorLoadingSizes : public BootSectorLoading, public ::testing::WithParamInterface<std::uint32_t> {};
+
+TEST_P(BootSectorLoadingSizes, File_IsLoadedWhole) {
+  MasterFile(SetupLoader(GetParam()));
+  EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen(kStarted));
+}
+
+// Less than a sector, around one, a piece, 64 KB; and almost all that fits into 640 KB.
+INSTANTIATE_TEST_SUITE_P(Bytes, BootSectorLoadingSizes,
+                         ::testing::Values(600, 2047, 2048, 2049, 32768, 32769, 65537, 409601));
+
+TEST_F(BootSectorLoading, FileOfOneByte_IsStarted) {
+  MasterFile("\xF4");  // HLT; then the rest of the sector: zeros, which are instructions too
+  Emulator emulator(CdDrive(image));
+  EXPECT_TRUE(emulator.WaitForMonitor("info registers", "CS =2000 00020000"));
+  EXPECT_EQ(emulator.Memory(0x20000, 1), "\xF4");
+}
+
+TEST_F(BootSectorLoading, EmptyFile_IsSaidSo) {
+  MasterFile("");
+  EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen("I386\\SETUPLDR.BIN is empty"));
+}
+
+TEST_F(BootSectorLoading, FileBeyond640Kb_IsSaidSo) {
+  MasterFile(SetupLoader(524289));
+  EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen("I386\\SETUPLDR.BIN is too large for the memory of this machine"));
+}
+
+TEST_F(BootSectorLoading, MemoryAsTheBiosTells_IsUsedToItsEnd) {
+  StartWith(Starter("with_256_kb", sector));
+  MasterFile(SetupLoader(131072));
+  EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen(kStarted));
+}
+
+TEST_F(BootSectorLoading, MemoryAsTheBiosTells_IsNotExceeded) {
+  StartWith(Starter("with_256_kb", sector));
+  MasterFile(SetupLoader(131073));
+  EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen("I386\\SETUPLDR.BIN is too large for the memory of this machine"));
+}
+
+TEST_F(BootSectorLoading, MemoryBeyond640Kb_IsNotUsed) {
+  StartWith(Starter("with_1024_kb", sector));
+  MasterFile(SetupLoader(524289));
+  EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen("I386\\SETUPLDR.BIN is too large for the memory of this machine"));
+}
+
+TEST_F(BootSectorLoading, BiosFullOfFaults_FileIsLoadedWhole) {
+  StartWith(Starter("on_a_bad_bios", sector));
+  MasterFile(SetupLoader());
+  // Its number of the CD drive is one that the real BIOS does not know.
+  EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen(SetupLoaderLine("i386", "9F")));
+}
+
+TEST_F(BootSectorLoading, BiosFullOfFaults_WhatIsMissingIsSaid) {
+  StartWith(Starter("on_a_bad_bios", sector));
+  Master();
+  Emulator emulator(CdDrive(image));
+  EXPECT_TRUE(emulator.WaitForScreen("I386\\SETUPLDR.BIN was not found on this CD\nPress a key to restart.\n"));
+  emulator.SendKey("a");
+  EXPECT_TRUE(emulator.WaitForEnd());
+}
+
+TEST_F(BootSectorLoading, ErrorThatGoesAway_FileIsLoadedWhole) {
+  MasterFile(SetupLoader());
+  EXPECT_TRUE(Emulator(FaultyCdDrive(Entry("I386/SETUPLDR.BIN").extent + 20, 3)).WaitForScreen(kStarted));
+}
+
+TEST_F(BootSectorLoading, ErrorThatStays_IsSaidSo) {
+  MasterFile(SetupLoader());
+  EXPECT_TRUE(Emulator(FaultyCdDrive(Entry("I386/SETUPLDR.BIN").extent + 20, kAlways))
+                  .WaitForScreen("\nThe CD could not be read\n"));
+}
+
+TEST_F(BootSectorLoading, FolderThatCannotBeRead_IsSaidSo) {
+  MasterFile(SetupLoader());
+  EXPECT_TRUE(Emulator(FaultyCdDrive(Entry("I386").extent, kAlways)).WaitForScreen("The CD could not be read"));
+}
+
+TEST_F(BootSectorLoading, VolumeThatCannotBeRead_IsSaidSo) {
+  MasterFile(SetupLoader());
+  EXPECT_TRUE(Emulator(FaultyCdDrive(16, kAlways)).WaitForScreen("The CD could not be read"));
+}
+
+}  // namespace
+}  // namespace discwright::testing

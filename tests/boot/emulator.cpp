@@ -1,0 +1,171 @@
+// QEMU, controlled through its machine protocol (QMP): one line of JSON for each command and each answer.
+#include "tests/boot/emulator.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <stdexcept>
+#include <thread>
+
+namespace discwright::testing {
+
+namespace {
+
+constexpr std::uint32_t kTextScreen = 0xB8000;
+constexpr std::size_t kColumns = 80;
+constexpr std::size_t kLines = 25;
+constexpr std::chrono::milliseconds kPollInterval{20};
+
+// Both ends of a connection: needs no name, which would have to be short, and no waiting for a listener.
+std::array<int, 2> Connection() {
+  std::array<int, 2> ends{};
+  if (socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) != 0) throw std::runtime_error("no connection to the emulator");
+  fcntl(ends[0], F_SETFD, FD_CLOEXEC);
+  return ends;
+}
+
+std::vector<std::string> Command(const fs::path& folder, int control, const std::vector<std::string>& arguments) {
+  std::vector<std::string> command = {
+      // A test that is killed takes its emulator with it.
+      "setpriv", "--pdeathsig", "KILL", "qemu-system-i386",
+      // Processor by program: faster than the real one for the short time that a start takes.
+      "-accel", "tcg", "-nodefaults", "-vga", "std", "-display", "none", "-m", "64", "-boot", "d", "-no-reboot",
+      "-chardev", "socket,id=control,fd=" + std::to_string(control), "-mon", "chardev=control,mode=control", "-chardev",
+      "file,id=com1,path=" + (folder / "serial").string(), "-serial", "chardev:com1"};
+  command.insert(command.end(), arguments.begin(), arguments.end());
+  return command;
+}
+
+std::string Quoted(const std::string& text) {
+  std::string quoted = "\"";
+  for (const char letter : text) {
+    if (letter == '"' || letter == '\\') quoted += '\\';
+    quoted += letter;
+  }
+  return quoted += '"';
+}
+
+}  // namespace
+
+std::vector<std::string> CdDrive(const fs::path& image) {
+  return {"-drive", "if=ide,media=cdrom,format=raw,file=" + image.string()};
+}
+
+std::vector<std::string> HardDisk(const fs::path& image) {
+  return {"-drive", "if=ide,media=disk,format=raw,file=" + image.string()};
+}
+
+Emulator::Emulator(const std::vector<std::string>& arguments)
+    : control_(Connection()), program_(Command(folder_.path(), control_[1], arguments)) {
+  close(control_[1]);
+  Execute("qmp_capabilities");
+}
+
+Emulator::~Emulator() { close(control_[0]); }
+
+template <typename Look>
+::testing::AssertionResult Emulator::WaitFor(std::string_view text, std::chrono::seconds deadline, const Look& look) {
+  const auto end = std::chrono::steady_clock::now() + deadline;
+  std::string seen;
+  while (true) {
+    const bool ended = HasEnded();  // asked first: what was sent just before the end counts
+    const std::string now = look();
+    if (now.find(text) != std::string::npos) return ::testing::AssertionSuccess();
+    if (!now.empty()) seen = now;
+    if (ended || std::chrono::steady_clock::now() > end) {
+      return ::testing::AssertionFailure()
+             << "\"" << text << "\" did not come" << (ended ? " before the emulator's end" : "") << "; what came:\n"
+             << seen << "\n"
+             << program_.ErrorText();
+    }
+    std::this_thread::sleep_for(kPollInterval);
+  }
+}
+
+::testing::AssertionResult Emulator::WaitForScreen(std::string_view text, std::chrono::seconds deadline) {
+  return WaitFor(text, deadline, [this] { return Screen(); });
+}
+
+::testing::AssertionResult Emulator::WaitForSerial(std::string_view text, std::chrono::seconds deadline) {
+  return WaitFor(text, deadline, [this] { return Serial(); });
+}
+
+::testing::AssertionResult Emulator::WaitForMonitor(const std::string& command, std::string_view text,
+                                                    std::chrono::seconds deadline) {
+  return WaitFor(text, deadline, [&] { return Monitor(command); });
+}
+
+::testing::AssertionResult Emulator::WaitForEnd(std::chrono::seconds deadline) {
+  const auto end = std::chrono::steady_clock::now() + deadline;
+  while (!HasEnded()) {
+    if (std::chrono::steady_clock::now() > end) {
+      return ::testing::AssertionFailure() << "the machine goes on; its screen:\n" << Screen();
+    }
+    std::this_thread::sleep_for(kPollInterval);
+  }
+  return ::testing::AssertionSuccess();
+}
+
+bool Emulator::HasEnded() { return program_.HasEnded(); }
+
+std::string Emulator::Screen() {
+  const std::string memory = Memory(kTextScreen, kLines * kColumns * 2);
+  std::string screen;
+  for (std::size_t at = 0; at < memory.size(); at += kColumns * 2) {
+    std::string line;
+    for (std::size_t column = 0; column < kColumns; ++column) line += memory[at + column * 2];
+    line.erase(line.find_last_not_of(std::string_view("\0 ", 2)) + 1);
+    screen += line += '\n';
+  }
+  return screen;
+}
+
+std::string Emulator::Serial() const { return ReadFile(folder_ / "serial"); }
+
+void Emulator::SendKey(const std::string& key) {
+  Execute("send-key", R"({"keys": [{"type": "qcode", "data": )" + Quoted(key) + "}]}");
+}
+
+std::string Emulator::Memory(std::uint32_t address, std::uint32_t size) {
+  const fs::path file = folder_ / "memory";
+  fs::remove(file);
+  Execute("pmemsave", R"({"val": )" + std::to_string(address) + R"(, "size": )" + std::to_string(size) +
+                          R"(, "filename": )" + Quoted(file.string()) + "}");
+  const std::string memory = fs::exists(file) ? ReadFile(file) : "";
+  return memory.size() == size ? memory : "";
+}
+
+std::string Emulator::Monitor(const std::string& command) {
+  return Execute("human-monitor-command", R"({"command-line": )" + Quoted(command) + "}");
+}
+
+std::string Emulator::Execute(const std::string& command, const std::string& arguments) {
+  const std::string line = R"({"execute": ")" + command + R"(", "arguments": )" + arguments + "}\n";
+  if (send(control_[0], line.data(), line.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(line.size())) return "";
+  for (std::string answer; ReadLine(answer);) {
+    // Between the answers come the greeting and events.
+    if (answer.starts_with(R"({"return")")) return answer;
+    if (answer.starts_with(R"({"error")")) throw std::runtime_error("the emulator refuses " + line + answer);
+  }
+  return "";
+}
+
+// False when nothing comes any more.
+bool Emulator::ReadLine(std::string& line) {
+  std::size_t end = 0;
+  while ((end = received_.find('\n')) == std::string::npos) {
+    std::array<char, 4096> piece{};
+    pollfd readable{control_[0], POLLIN, 0};
+    if (poll(&readable, 1, static_cast<int>(std::chrono::milliseconds(kDeadline).count())) <= 0) return false;
+    const ssize_t got = read(control_[0], piece.data(), piece.size());
+    if (got <= 0) return false;
+    received_.append(piece.data(), static_cast<std::size_t>(got));
+  }
+  line = received_.substr(0, end);
+  received_.erase(0, end + 1);
+  return true;
+}
+
+}  // namespace discwright::testing

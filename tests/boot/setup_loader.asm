@@ -1,0 +1,194 @@
+; Stands for a setup loader in tests: tells on screen and on COM1 which folder it names and how it was started.
+;
+;   SETUPLDR: folder=i386 segment=2000 drive=E0 ds=0000 es=0000 ss=0000 sp=7C00
+;
+; NAME is the folder's name as it stands here, once, for the build to patch. SIZE is the size of the file in bytes: all
+; that follows the program is a pattern that says of each 256 bytes where they stand. A file that was not loaded as it
+; is says "SETUPLDR: damaged" instead.
+;
+; Memory map: the file from <segment>:0000 on, whatever the segment; the stack of whoever started it.
+
+%ifndef NAME
+  %define NAME 'i386'
+%endif
+%ifndef SIZE
+  %define SIZE 100001
+%endif
+
+; Of the bytes around an offset: no two sectors of 2,048 bytes below 512 KB are alike.
+%define PATTERN(offset) ((((offset) >> 8) ^ (((offset) >> 16) * 37)) & 0xFF)
+
+COM1 equ 0x3F8
+
+bits 16
+cpu 386
+org 0
+
+start:
+    push sp                     ; the values at the start, in the order in which they are told from the end
+    push ss
+    push es
+    push ds
+    push dx
+    push cs
+    mov ax, cs
+    mov ds, ax
+    cld
+    call open_serial
+    mov si, begin
+    call print
+    call check
+    mov si, damaged
+    jne .end
+    mov si, folder
+    call print
+    pop ax
+    mov si, segment_text
+    call print_word
+    pop ax
+    mov si, drive_text
+    call print
+    call print_byte
+    pop ax
+    mov si, ds_text
+    call print_word
+    pop ax
+    mov si, es_text
+    call print_word
+    pop ax
+    mov si, ss_text
+    call print_word
+    pop ax
+    mov si, sp_text
+    call print_word
+    mov si, end_of_line
+.end:
+    call print
+.halt:
+    cli
+    hlt
+    jmp .halt
+
+; Compares everything that follows the program with the pattern.
+; IN: CS = segment of the file. OUT: ZF when it is as it should be. CLOBBERS: EAX, EBX, ECX, EDI, ES.
+check:
+    mov edi, pattern
+.byte:
+    cmp edi, SIZE
+    je .end
+    mov ecx, edi
+    shr ecx, 16
+    mov eax, ecx
+    shl ax, 12                  ; a segment for each 64 KB
+    mov bx, cs
+    add ax, bx
+    mov es, ax
+    imul ax, cx, 37
+    mov cx, di
+    xor al, ch
+    cmp al, [es:di]
+    lea edi, [edi + 1]          ; leaves the flags
+    je .byte
+.end:
+    ret
+
+; IN: SI = text, AX = number. OUT: the text and four digits, shown. CLOBBERS: BX, DX, SI.
+print_word:
+    call print
+    xchg al, ah
+    call print_byte
+    xchg al, ah
+    ; falls through
+
+; IN: AL = number. OUT: two digits, shown. CLOBBERS: BX, DX.
+print_byte:
+    push ax
+    push ax
+    shr al, 4
+    call print_digit
+    pop ax
+    and al, 0x0F
+    call print_digit
+    pop ax
+    ret
+
+; IN: AL = 0 to 15. OUT: a digit, shown. CLOBBERS: AX, BX, DX.
+print_digit:
+    cmp al, 10
+    sbb al, 0x69
+    das
+    jmp print_letter
+
+; IN: SI = text ended by NUL. OUT: shown. CLOBBERS: BX, DX, SI.
+print:
+    push ax
+.next:
+    lodsb
+    test al, al
+    jz .end
+    call print_letter
+    jmp .next
+.end:
+    pop ax
+    ret
+
+; IN: AL = letter. OUT: shown, and sent. CLOBBERS: AX, BX, DX.
+print_letter:
+    push ax
+    mov ah, 0x0E
+    mov bx, 7
+    int 0x10
+    mov dx, COM1 + 5
+.wait:
+    in al, dx
+    test al, 0x20               ; room for a byte
+    jz .wait
+    pop ax
+    mov dx, COM1
+    out dx, al
+    ret
+
+; IN: -. OUT: COM1 sends 115200 bits a second, 8N1. CLOBBERS: AX, DX.
+open_serial:
+    mov dx, COM1 + 3
+    mov al, 0x80
+    out dx, al
+    mov dx, COM1
+    mov ax, 1
+    out dx, ax
+    mov dx, COM1 + 3
+    mov al, 0x03
+    out dx, al
+    ret
+
+begin:
+    db 'SETUPLDR: ', 0
+damaged:
+    db 'damaged', 13, 10, 0
+folder:
+    db 'folder=', NAME, 0
+segment_text:
+    db ' segment=', 0
+drive_text:
+    db ' drive=', 0
+ds_text:
+    db ' ds=', 0
+es_text:
+    db ' es=', 0
+ss_text:
+    db ' ss=', 0
+sp_text:
+    db ' sp=', 0
+end_of_line:
+    db 13, 10, 0
+
+pattern:                        ; a SIZE that does not reach it is refused by the assembler
+%assign at pattern - start
+%rep (SIZE - at + 255) / 256 + 1
+  %assign page_end (at | 0xFF) + 1
+  %if page_end > SIZE
+    %assign page_end SIZE
+  %endif
+    times page_end - at db PATTERN(at)
+  %assign at page_end
+%endrep
