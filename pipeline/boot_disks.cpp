@@ -6,7 +6,7 @@
 
 #include "host/files.h"
 #include "host/system.h"
-#include "pipeline/workspace.h"
+#include "integration/step.h"
 #include "settings/key_files.h"
 #include "util/paths.h"
 #include "util/processes.h"
@@ -54,7 +54,7 @@ void Delete(util::Context& context, const std::string& file) {
 // Runs the disk image maker for one disk and moves its image onto the CD tree. False when there is no image.
 bool MakeDisk(util::Context& context, const Disk& disk, bool select_drivers) {
   const std::string program_folder = host::ProgramFolder();
-  const std::string cd_image = WorkspaceRoot() + disk.cd_image;
+  const std::string cd_image = integration::WorkspaceRoot() + disk.cd_image;
   const std::string image_out = program_folder + disk.image_out;
   const bool share_place = disk.when == When::kNetPlus;
 
@@ -84,13 +84,13 @@ void AddDisks(util::Context& context, bool NetPlus, bool AcceptDrivers, bool Mak
            (when == When::kNetPlus && NetPlus) || (when == When::kNotNetPlus && !NetPlus);
   };
 
-  const std::string images = WorkspaceRoot() + "\\boot\\images\\";
+  const std::string images = integration::WorkspaceRoot() + "\\boot\\images\\";
   context.notes.Check(host::MakeFolders(images), images, "could not be created");
   main.BarSub_Step.max = 100;
   main.BarSub_Step.value = main.BarSub_Step.min.get();
   main.BarSub_Step.visible = true;
   if (AddInfo_toWin2KSetup || AddInfo_toWin9xSetup) {
-    settings::FillKeyFile(AddInfo_toWin9xSetup, AddInfo_toWin2KSetup);
+    settings::FillKeyFile(context.notes, AddInfo_toWin9xSetup, AddInfo_toWin2KSetup);
   }
 
   for (const Disk& disk : kDisks) {

@@ -1,16 +1,49 @@
-// Stands in the password step's place until that is built.
+// Writes the password into the boot script.
 #include "pipeline/boot_password.h"
+
+#include <optional>
+#include <string>
+
+#include "host/code_page.h"
+#include "host/files.h"
+#include "integration/file_patcher.h"
+#include "integration/step.h"
+#include "util/paths.h"
 
 namespace discwright::pipeline {
 
-void ProtectBootMenu(util::Context& context, std::string_view, std::string_view) {
-  const std::string option = context.main().ChkPassProtect.caption;
-  context.user.ShowMessage(
-      {"Protecting the boot menu by a password is not available in this version, operation "
-       "halted. Clear \"" +
-           option + "\" to build the CD without it.",
-       "Fatal Error", host::MessageIcon::kCritical, false});
-  context.CancelApp();
+namespace {
+
+constexpr const char* kRequest = "Set PasswordRequest=1";
+
+bool IsProtected(const std::string& script, const std::string& password_line) {
+  std::string text;
+  const std::optional<std::string> line = host::CodePageBytes(password_line);
+  return host::ReadWholeFile(script, text).ok() && line && text.find(kRequest) != text.npos &&
+         text.find(*line) != text.npos;
+}
+
+}  // namespace
+
+void ProtectBootMenu(util::Context& context, std::string_view first_password, std::string_view second_password) {
+  forms::Label& label = context.main().LblSub_Step;
+  label.caption = "Adding Password Protection to the Boot Script";
+  label.Refresh();
+  if (first_password != second_password) {
+    context.user.ShowMessage({"Entered Passwords doesn't match, password protection will be disabled",
+                              "Password Protection disabled", host::MessageIcon::kCritical});
+    return;
+  }
+  const std::string script = integration::WorkspaceRoot() + "\\boot\\scripts\\main.cds";
+  // As typed, also with a quote in it that ends the value early: meant.
+  const std::string line = std::string("Set PasswordString=\"").append(first_password).append("\"");
+  integration::PatchTextFile(context, script, "Set PasswordRequest=0", kRequest);
+  integration::PatchTextFile(context, script, "Set PasswordString=\"\"", line);
+  if (!util::FileExists(script)) {
+    context.notes.Add(script, "is missing, and no password protects the boot menu");
+  } else if (!IsProtected(script, line)) {  // a script of the user's own, for one
+    context.notes.Add(script, "did not take the password, which does not protect the boot menu");
+  }
 }
 
 }  // namespace discwright::pipeline

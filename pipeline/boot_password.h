@@ -1,4 +1,4 @@
-// The boot menu's password protection. Not built yet: choosing it ends the build with a box that says so.
+// The boot menu's password protection.
 #pragma once
 
 #include <string_view>
@@ -7,6 +7,8 @@
 
 namespace discwright::pipeline {
 
+// Switches the protection on in the CD's boot script and writes the password there as it was typed; two entries that
+// differ leave the menu unprotected, and a box says so.
 void ProtectBootMenu(util::Context& context, std::string_view first_password, std::string_view second_password);
 
 }  // namespace discwright::pipeline

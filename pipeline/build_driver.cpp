@@ -3,8 +3,10 @@
 
 #include <string>
 
-#include "integration/not_built_yet.h"
+#include "integration/advanced_tools.h"
 #include "integration/vexa_files.h"
+#include "integration/win2k.h"
+#include "integration/win9x.h"
 #include "pipeline/boot_disks.h"
 #include "pipeline/boot_password.h"
 #include "pipeline/mastering.h"

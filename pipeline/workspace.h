@@ -1,13 +1,9 @@
 // The workspace: the folder tree that becomes the CD.
 #pragma once
 
-#include <string>
-
 #include "util/context.h"
 
 namespace discwright::pipeline {
-
-std::string WorkspaceRoot();  // program folder + "\vexacd"
 
 // Resets the workspace to a copy of the template tree.
 void Prepare_CDDir(util::Context& context);

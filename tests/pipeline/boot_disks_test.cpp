@@ -126,6 +126,15 @@ TEST_F(BootDisks, InfoForEitherSetup_FillsTheKeyFile) {
   EXPECT_THAT(host.Content("C:\\Discwright\\keyfile.txt"), HasSubstr("OwnerName=Ann"));
 }
 
+TEST_F(BootDisks, KeyFileThatCannotBeWritten_IsNotedAndTheDisksAreMade) {
+  host.AddFile("C:\\Discwright\\keyfile2.txt", "[Win9xInfo]\r\nOwnerName=Ann\r\n");
+  host.AddFile("C:\\Discwright\\keyfile.txt", "", true);
+  AddDisks(context, false, true, false, true, false);
+  ASSERT_FALSE(notes.all().empty());
+  EXPECT_EQ(notes.all()[0].place, "C:\\Discwright\\keyfile.txt");
+  EXPECT_EQ(programs.started.size(), 3U);
+}
+
 TEST_F(BootDisks, NoInfo_LeavesTheKeyFileAlone) {
   host.AddFile("C:\\Discwright\\keyfile2.txt", "[Win9xInfo]\r\nOwnerName=Ann\r\n");
   AddDisks(context, false, true, false, false, false);

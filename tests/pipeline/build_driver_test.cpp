@@ -1,19 +1,49 @@
 // The build driver: order, marks, cancellation, clean-up.
 #include "pipeline/build_driver.h"
 
+#include <algorithm>
+#include <cstdint>
+
 #include "tests/pipeline/pipeline_fixture.h"
 
 namespace discwright::pipeline {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 class BuildDriver : public discwright::testing::PipelineFixture {
  protected:
   std::vector<std::string> Marks() const {
     return {main.LblRight1.caption, main.LblRight2.caption, main.LblRight3.caption, main.LblRight4.caption,
             main.LblRight5.caption};
+  }
+  void ChooseEverything() {
+    for (const char* sector : {"w2ksect.bin", "erdc.bin", "oobc.bin"}) {
+      host.AddFile(std::string("C:\\Discwright\\files\\bootsect\\") + sector, "I386");
+    }
+    host.AddFile("C:\\Discwright\\files\\vexacd\\boot\\scripts\\main.cds",
+                 "Set PasswordRequest=0\r\nSet PasswordString=\"\"\r\n");
+    host.AddFile("D:\\I386\\SETUPLDR.BIN", "i386 of Windows");
+    host.AddFile("D:\\98\\BASE4.CAB", "cabinet");
+    for (const char* tool : {"E:\\erd", "E:\\bluecon"}) {
+      host.AddFile(std::string(tool) + "\\I386\\SETUPLDR.BIN", "i386");
+      host.AddFile(std::string(tool) + "\\I386\\TXTSETUP.SIF", "i386");
+    }
+    host.AddFile("D:\\tools\\probe.exe", "probe");
+    for (forms::CheckBox* choice : {&main.ChkGet_Win2k, &main.ChkGet_Win9x, &main.ChkGet_Advtools, &main.ChkERDC,
+                                    &main.ChkBCon, &main.ChkVexaUtils, &main.ChkPassProtect}) {
+      choice->value = 1;
+    }
+    main.Txt_i386_Loc.text = "D:\\I386";
+    main.TxtWin9x_Loc.text = "D:\\98";
+    main.TxtERDC.text = "E:\\erd";
+    main.TxtBCon.text = "E:\\bluecon";
+    main.TxtUtils_Loc.text = "D:\\tools";
+    main.TxtPass1.text = "secret";
+    main.TxtPass2.text = "secret";
   }
   const std::string tick = forms::kTick;
   const std::string cross = forms::kCross;
@@ -83,25 +113,66 @@ TEST_F(BuildDriver, UtilitiesAndAdditionalFiles_ReachTheCdTree) {
   EXPECT_EQ(WorkspaceFile("notes\\read.me"), "read");
 }
 
-TEST_F(BuildDriver, StepThatIsNotBuilt_EndsTheBuildWithABox) {
-  for (forms::CheckBox* choice :
-       {&main.ChkGet_Win2k, &main.ChkGet_Win9x, &main.ChkGet_Advtools, &main.ChkPassProtect}) {
-    main.CancelCopy = false;
-    user.messages.clear();
-    programs.started.clear();
-    choice->value = 1;
-    FinishApp(context);
-    choice->value = 0;
-    ASSERT_EQ(user.messages.size(), 1U) << choice->name();
-    EXPECT_EQ(user.messages[0].title, "Fatal Error");
-    EXPECT_THAT(user.messages[0].text, HasSubstr(choice->caption.get()));
-    EXPECT_TRUE(main.CancelCopy);
-    EXPECT_THAT(programs.started, ::testing::Not(::testing::Contains(HasSubstr("makecd.bat"))));
-  }
+TEST_F(BuildDriver, EverythingChosen_RunsEveryStepInItsOrder) {
+  ChooseEverything();
+  FinishApp(context);
+  EXPECT_THAT(Marks(), ElementsAre(tick, tick, tick, tick, tick));
+  EXPECT_TRUE(user.messages.empty());
+  EXPECT_TRUE(notes.all().empty());
+  EXPECT_EQ(WorkspaceFile("I386\\SETUPLDR.BIN"), "i386 of Windows");
+  EXPECT_EQ(WorkspaceFile("WIN98\\BASE4.CAB"), "cabinet");
+  EXPECT_EQ(WorkspaceFile("ERDC\\SETUPLDR.BIN"), "erdc");
+  EXPECT_EQ(WorkspaceFile("OOBC\\SETUPLDR.BIN"), "oobc");
+  EXPECT_EQ(WorkspaceFile("vexa\\probe.exe"), "probe");
+  EXPECT_THAT(WorkspaceFile("boot\\scripts\\main.cds"), HasSubstr("Set PasswordString=\"secret\""));
+  const auto place = [this](const std::string& part) {
+    return std::find_if(host.calls.begin(), host.calls.end(),
+                        [&](const std::string& call) { return call.find(part) != std::string::npos; });
+  };
+  const std::vector<std::string> order = {
+      "vexastart.img",       "I386\\SETUPLDR.BIN", "WIN98",     "advtemp\\I386\\SETUPLDR.BIN",
+      "vexacd\\vexa\\probe", "main.cds (keeping",  "makecd.bat"};
+  EXPECT_TRUE(std::is_sorted(order.begin(), order.end(),
+                             [&](const std::string& a, const std::string& b) { return place(a) < place(b); }));
+}
+
+TEST_F(BuildDriver, ServicePackWithoutItsTick_IsNotSlipstreamed) {
+  ChooseEverything();
+  main.TxtSP_exe.text = "D:\\pack.exe";
+  host.AddFile("D:\\pack.exe", "installer");
+  FinishApp(context);
+  EXPECT_THAT(programs.started, Not(Contains(HasSubstr("pack.exe"))));
+  main.ChkSlipstream.value = 1;
+  FinishApp(context);
+  EXPECT_THAT(programs.started, Contains("D:\\pack.exe -s:C:\\Discwright\\vexacd"));
+}
+
+TEST_F(BuildDriver, PasswordWithoutItsTick_LeavesTheScriptAlone) {
+  main.TxtPass1.text = "secret";
+  FinishApp(context);
+  EXPECT_EQ(WorkspaceFile("boot\\scripts\\main.cds"), "script");
+}
+
+TEST_F(BuildDriver, HaltedInTheTools_AddsNoFilesAndNoPassword) {
+  ChooseEverything();
+  host.AddFileOfSize("E:\\erd\\HUGE.BIN", std::int64_t{1} << 31);
+  FinishApp(context);
+  EXPECT_THAT(Marks(), ElementsAre(tick, tick, tick, "", ""));
+  EXPECT_FALSE(host.Exists("C:\\Discwright\\vexacd\\vexa"));
+  EXPECT_THAT(WorkspaceFile("boot\\scripts\\main.cds"), Not(HasSubstr("secret")));
+}
+
+TEST_F(BuildDriver, BuildAfterOneThatWasHaltedInTheTools_KeepsNothingOfIt) {
+  host.AddFile("C:\\Discwright\\advtemp\\I386\\OLD.SYS", "old", true);
+  ChooseEverything();
+  FinishApp(context);
+  EXPECT_FALSE(host.Exists("C:\\Discwright\\advtemp"));
+  EXPECT_FALSE(host.Exists("C:\\Discwright\\vexacd\\ERDC\\OLD.SYS"));
 }
 
 TEST_F(BuildDriver, CancelledInStepTwo_LeavesTheLaterMarksEmptyAndTheWorkspaceInPlace) {
-  main.ChkGet_Win2k.value = 1;  // its step cancels the build
+  ChooseEverything();
+  host.AddFileOfSize("D:\\I386\\HUGE.CAB", std::int64_t{1} << 31);  // halts that step
   main.ChkCleanSession.value = 1;
   FinishApp(context);
   EXPECT_THAT(Marks(), ElementsAre(tick, "", "", "", ""));

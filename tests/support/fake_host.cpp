@@ -403,8 +403,9 @@ Status ReadWholeFile(std::string_view path, std::string& content) {
   return Status::Success();
 }
 
-Status WriteWholeFile(std::string_view path, std::string_view content) {
-  if (Status status = Fake().Enter("WriteWholeFile", path, path); !status.ok()) return status;
+Status WriteWholeFile(std::string_view path, std::string_view content, FileTimes times) {
+  const std::string record = std::string(path) + (times == FileTimes::kKept ? " (keeping its times)" : "");
+  if (Status status = Fake().Enter("WriteWholeFile", path, record); !status.ok()) return status;
   return Store(path, content);
 }
 
@@ -466,7 +467,20 @@ std::string FoldCase(std::string_view text) {
   std::string folded(text);
   std::transform(folded.begin(), folded.end(), folded.begin(),
                  [](unsigned char character) { return static_cast<char>(std::tolower(character)); });
+  if (folded.empty()) return folded;
+  // The umlauts and accents of Western Europe: two bytes of UTF-8 each.
+  for (std::size_t place = folded.find('\xC3'); place < folded.size() - 1; place = folded.find('\xC3', place + 1)) {
+    const auto letter = static_cast<unsigned char>(folded[place + 1]);
+    if (letter >= 0x80 && letter <= 0x9E && letter != 0x97) folded[place + 1] = static_cast<char>(letter + 0x20);
+  }
   return folded;
+}
+
+std::string NameOnDisc(std::string_view name) {
+  std::string raised(name);
+  const bool is_lower = Fake().shows_disc_names_in_lower_case && FoldCase(name) == name;
+  if (is_lower) std::transform(raised.begin(), raised.end(), raised.begin(), ::toupper);
+  return raised;
 }
 
 std::string TextFromNative(std::string_view native) { return std::string(native); }
@@ -478,8 +492,9 @@ std::optional<std::string> ReadProfileValue(std::string_view file, std::string_v
   return ReadTextProfile(file, section, key);
 }
 
-void WriteProfileValue(std::string_view file, std::string_view section, std::string_view key, std::string_view value) {
-  WriteTextProfile(file, section, key, value);
+Status WriteProfileValue(std::string_view file, std::string_view section, std::string_view key,
+                         std::string_view value) {
+  return WriteTextProfile(file, section, key, value);
 }
 
 std::optional<std::string> LocalMachineText(std::string_view sub_key, std::string_view value_name) {

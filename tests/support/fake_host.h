@@ -9,13 +9,14 @@
 #include <vector>
 
 #include "host/files.h"
+#include "host/shell_operations.h"
 #include "host/system.h"
 
 namespace discwright::testing {
 
-// The one fake behind all functions of host/files.h, host/system.h, host/script.h, host/profile.h, host/code_page.h and
-// host/registry.h. Construct one at the start of
-// each test (a member of the fixture): it starts empty, with the folder C:\Discwright as program folder.
+// The one fake behind all functions of host/files.h, host/system.h, host/script.h, host/profile.h, host/code_page.h,
+// host/registry.h, host/shell_operations.h and host/windows_programs.h. Construct one at the start of each test (a
+// member of the fixture): it starts empty, with the folder C:\Discwright as program folder.
 class FakeHost {
  public:
   FakeHost();
@@ -47,6 +48,11 @@ class FakeHost {
   std::vector<std::string> optical_drives;
   std::map<std::string, std::string> short_paths;  // keyed by the path as asked
   std::map<std::string, std::string> registry;     // text values by "Sub key\\Value name"
+  bool shows_disc_names_in_lower_case = false;
+  std::string wine;  // what comes before a Windows program to start it: "wine "
+  bool starts_windows_programs = true;
+  std::vector<host::ShellOperation> shell_operations;  // all that were asked for
+  std::deque<host::ShellAnswer> shell_answers;         // of the next ones, which then do nothing
   host::Date today{2026, 11, 15, "Sun"};
   int pieces_per_file = 2;  // kChunkFinished calls per copied file
 

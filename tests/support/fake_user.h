@@ -24,6 +24,7 @@ class FakeUser : public host::UserInterface {
   }
   std::string ChooseFile(const host::FileRequest& request) override {
     asked.push_back(request.title + " <" + request.file_name + ">");
+    file_filters.push_back(request.filter);
     return file_answer;
   }
   bool HelpIsOpen() override { return help_is_open; }
@@ -34,6 +35,7 @@ class FakeUser : public host::UserInterface {
 
   std::vector<host::MessageBox> messages;
   std::vector<std::string> asked;
+  std::vector<std::string> file_filters;
   std::vector<std::string> help_shown;
   std::vector<std::string> links;
   std::vector<int> waited;

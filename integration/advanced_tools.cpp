@@ -1,0 +1,113 @@
+// Puts the recovery tools onto the CD.
+#include "integration/advanced_tools.h"
+
+#include <map>
+#include <span>
+
+#include "host/files.h"
+#include "host/system.h"
+#include "integration/file_patcher.h"
+#include "integration/step.h"
+#include "util/paths.h"
+
+namespace discwright::integration {
+
+namespace {
+
+constexpr const char* kLoader = "\\advtemp\\I386\\SETUPLDR.BIN";  // below the program folder
+constexpr const char* kScript = "\\advtemp\\I386\\TXTSETUP.SIF";
+
+struct Patch {
+  const char* file;  // below the program folder
+  const char* find;
+  const char* replace;
+};
+
+struct Tool {
+  const char* name;
+  const char* caption;
+  const char* boot_sector;
+  const char* folder;
+  std::span<const Patch> patches;
+};
+
+constexpr Patch kErdCPatches[] = {
+    {kLoader, "i386", "erdc"},
+    {kLoader, "I386", "erdc"},
+    {kScript, "i386", "erdc"},
+    {"\\vexacd\\boot\\images\\erdc.bin", "I386", "ERDC"},
+};
+
+// A loader that names its folder in upper case only stays as it is, unlike that of ERD Commander: meant.
+constexpr Patch kBConPatches[] = {
+    {kLoader, "i386", "oobc"},
+    {kScript, "i386", "oobc"},
+    {"\\vexacd\\boot\\images\\oobc.bin", "I386", "OOBC"},
+};
+
+constexpr Tool kErdC = {"ERD Commander", "Adding ERD Commander 2002/2003 Files", "erdc.bin", "\\ERDC", kErdCPatches};
+constexpr Tool kBCon = {"O&O BlueCon", "Adding O&&O BlueCon XXL Files", "oobc.bin", "\\OOBC", kBConPatches};
+
+// What no patch has reached still names I386, or is not there: the step goes on, and the CD will not do what was meant.
+void PatchFolderName(util::Context& context, const Tool& tool) {
+  std::map<std::string, bool> patched;
+  for (const Patch& patch : tool.patches) {
+    const std::string file = host::ProgramFolder() + patch.file;
+    const bool replaced = PatchBinaryFile(context, file, patch.find, patch.replace);
+    patched[file] = patched[file] || replaced;
+  }
+  for (const auto& [file, replaced] : patched) {
+    if (replaced) continue;
+    const std::string name = tool.name;
+    context.notes.Add(file, host::Look(file) ? "was not given the new name of its folder: on the CD " + name +
+                                                   " may find the files of Windows Setup instead"
+                                             : "is missing, and " + name + " cannot be started from the CD");
+  }
+}
+
+std::string Reason(const std::string& answer) { return answer.empty() ? "" : " (" + answer + ")"; }
+
+bool AddTool(util::Context& context, const Tool& tool, const std::string& location) {
+  forms::FrmDiscwright& main = context.main();
+  main.LblSub_Step.caption = tool.caption;
+  main.LblSub_Step.Refresh();
+  CopyBootSector(context, tool.boot_sector);
+  if (!CopyToTree(context, location, StagingFolder(), util::CopiedNames::kAsOnDisc)) return false;
+  PatchFolderName(context, tool);
+  const std::string setup_folder = StagingFolder() + "\\I386";
+  const std::string answer = RenameWithShell(main.window, setup_folder, StagingFolder() + tool.folder, "");
+  if (answer.empty()) return true;
+  context.notes.Add(setup_folder, std::string("could not be renamed to ")
+                                      .append(tool.folder + 1)
+                                      .append(Reason(answer))
+                                      .append(": ")
+                                      .append(tool.name)
+                                      .append(" cannot be started from the CD, and its files may have replaced those "
+                                              "of Windows Setup in I386"));
+  return true;
+}
+
+// What is left goes with the staging folder, whatever the shell's answer was.
+void MoveToTree(util::Context& context) {
+  const std::string answer = MoveWithShell(context.main().window, StagingFolder() + "\\*.*", WorkspaceRoot(), 0, "");
+  for (const host::Entry& left : host::ListFolder(StagingFolder(), "*.*").entries) {
+    context.notes.Add(StagingFolder() + "\\" + left.name, "could not be moved onto the CD" + Reason(answer));
+  }
+  util::DelTree(StagingFolder(), &context.notes);
+}
+
+}  // namespace
+
+std::string StagingFolder() { return host::ProgramFolder() + "\\advtemp"; }
+
+void AddAdvTools(util::Context& context, bool GetErdC, bool GetBCon, const std::string& ErdCLoc,
+                 const std::string& BConLoc) {
+  if (!GetErdC && !GetBCon) return;
+  if ((GetErdC && !AddTool(context, kErdC, ErdCLoc)) || (GetBCon && !AddTool(context, kBCon, BConLoc))) {
+    HaltStep(context, "Windows 2000/XP installation");  // that text, not one of its own: meant
+    return;
+  }
+  MoveToTree(context);
+}
+
+}  // namespace discwright::integration

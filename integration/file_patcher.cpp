@@ -1,0 +1,197 @@
+// Patching in place, copying by pattern, moving and renaming.
+#include "integration/file_patcher.h"
+
+#include <algorithm>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "host/code_page.h"
+#include "host/files.h"
+#include "host/shell_operations.h"
+#include "host/system.h"
+#include "util/copy_entries.h"
+#include "util/paths.h"
+
+namespace discwright::integration {
+
+namespace {
+
+// The hourglass, for as long as it lives.
+class BusyPointer {
+ public:
+  explicit BusyPointer(forms::Form& form) : form_(form) { form_.busy = true; }
+  ~BusyPointer() { form_.busy = false; }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+
+ private:
+  forms::Form& form_;
+};
+
+// Find and replacement in bytes, one for each character.
+struct Pattern {
+  std::string find;
+  std::string replace;
+};
+
+std::optional<Pattern> InCodePage(std::string_view FindText, std::string_view ReplaceText) {
+  const std::optional<std::string> find = host::CodePageBytes(FindText);
+  const std::optional<std::string> replace = host::CodePageBytes(ReplaceText);
+  return find && replace ? std::optional(Pattern{*find, *replace}) : std::nullopt;
+}
+
+host::Status PastTheEnd() {
+  return host::Status::Failure(host::ErrorClass::kOther, "the place to patch reaches past the end of the file");
+}
+
+host::Status NotInCodePage() {
+  return host::Status::Failure(host::ErrorClass::kOther,
+                               "a text to find or to write has characters that the system's code page lacks");
+}
+
+// Whether the pattern stands at a place; nothing when only the end of the file stops the comparison.
+std::optional<bool> StandsAt(std::string_view bytes, std::size_t place, std::string_view find) {
+  const std::string_view here = bytes.substr(place, find.size());
+  if (!find.starts_with(here)) return false;
+  return here.size() == find.size() ? std::optional(true) : std::nullopt;
+}
+
+// Goes on behind the first byte of what it has just written, and fails where it would have to look or write beyond the
+// end: both are meant.
+host::Status ReplaceBytes(std::string& bytes, const Pattern& pattern, bool& replaced) {
+  if (pattern.find.empty()) return host::Status::Failure(host::ErrorClass::kOther, "there is nothing to find");
+  for (std::size_t place = 0; place < bytes.size(); ++place) {
+    const std::optional<bool> found = StandsAt(bytes, place, pattern.find);
+    if (!found) return PastTheEnd();
+    if (!*found) continue;
+    if (pattern.replace.size() > bytes.size() - place) return PastTheEnd();
+    bytes.replace(place, pattern.replace.size(), pattern.replace);
+    replaced = true;
+  }
+  return host::Status::Success();
+}
+
+// Every character as it is compared. Each byte is one: where the code page has characters of two bytes, equal ones have
+// equal bytes all the same.
+std::vector<std::string> WithoutLetterCase(std::string_view bytes) {
+  std::vector<std::string> characters;
+  characters.reserve(bytes.size());
+  for (const char& byte : bytes) characters.push_back(host::FoldCase(host::TextOfCodePage({&byte, 1})));
+  return characters;
+}
+
+std::string WithReplacements(const std::string& bytes, const Pattern& pattern) {
+  if (pattern.find.empty()) return bytes;
+  const std::vector<std::string> text = WithoutLetterCase(bytes);
+  const std::vector<std::string> find = WithoutLetterCase(pattern.find);
+  std::string result;
+  auto start = text.begin();
+  for (;;) {
+    const auto found = std::search(start, text.end(), find.begin(), find.end());
+    result.append(bytes, static_cast<std::size_t>(start - text.begin()), static_cast<std::size_t>(found - start));
+    if (found == text.end()) return result;
+    result += pattern.replace;
+    start = found + static_cast<std::ptrdiff_t>(find.size());
+  }
+}
+
+// Reads a file, lets `change` work on its bytes and writes them back. `change` clears them to have nothing written.
+host::Status Rewrite(const std::string& file, const std::function<host::Status(std::string& bytes)>& change) {
+  if (host::Status status = host::ClearAttributes(file); !status.ok()) return status;
+  std::string bytes;
+  if (host::Status status = host::ReadWholeFile(file, bytes); !status.ok()) return status;
+  if (host::Status status = change(bytes); !status.ok() || bytes.empty()) return status;
+  return host::WriteWholeFile(file, bytes, host::FileTimes::kKept);
+}
+
+void ShowPatchingError(util::Context& context, const std::string& file, const std::string& mode,
+                       const host::Status& status) {
+  context.notes.Check(status, file, "could not be patched");
+  context.user.ShowMessage(
+      {"Error while patching " + host::PathToNative(file) + mode, "Patching Error", host::MessageIcon::kNone});
+}
+
+std::string Answer(const host::ShellAnswer& answer) {
+  if (answer.number != 0) return std::to_string(answer.number);
+  return answer.aborted ? "Aborted" : "";
+}
+
+constexpr std::uint16_t kWithoutQuestions = host::kShellSilent + host::kShellNoConfirmation;
+
+}  // namespace
+
+bool PatchBinaryFile(util::Context& context, const std::string& FileName, std::string_view FindText,
+                     std::string_view ReplaceText) {
+  if (!util::FileExists(FileName)) return false;
+  bool replaced = false;
+  host::Status status;
+  {
+    const BusyPointer hourglass(context.main());
+    status = Rewrite(FileName, [&](std::string& bytes) {
+      const std::optional<Pattern> pattern = InCodePage(FindText, ReplaceText);
+      if (bytes.empty()) return host::Status::Success();
+      return pattern ? ReplaceBytes(bytes, *pattern, replaced) : NotInCodePage();
+    });
+  }
+  if (!status.ok()) ShowPatchingError(context, FileName, " in Hex mode", status);
+  // True after a replacement in memory even when nothing was written: meant.
+  return replaced;
+}
+
+bool PatchTextFile(util::Context& context, const std::string& FileName, std::string_view FindText,
+                   std::string_view ReplaceText, bool) {
+  if (!util::FileExists(FileName)) return false;
+  host::Status status;
+  {
+    const BusyPointer hourglass(context.main());
+    status = Rewrite(FileName, [&](std::string& bytes) {
+      const std::optional<Pattern> pattern = InCodePage(FindText, ReplaceText);
+      if (!pattern) return NotInCodePage();
+      bytes = WithReplacements(bytes, *pattern) + "\r\n";
+      return host::Status::Success();
+    });
+  }
+  if (!status.ok()) ShowPatchingError(context, FileName, "", status);
+  return false;
+}
+
+bool CopyMatchingFiles(util::Notes& notes, const std::string& SourceSpec, const std::string& DestSpec,
+                       util::CopiedNames names) {
+  std::string from;
+  std::string pattern;
+  std::string to;
+  std::string ignored;
+  util::SplitPath(SourceSpec, from, pattern);
+  util::SplitPath(DestSpec, to, ignored);
+  util::AddBackslash(from);
+  util::AddBackslash(to);
+  util::EntryJudge judge(notes, from);
+  const host::Listing listing = host::ListFolder(from, pattern);
+  // A folder that is not there has no such files, and the callers say what they miss.
+  const bool is_missing = listing.status.error == host::ErrorClass::kNotFound;
+  if (!is_missing && !notes.Check(listing.status, from, "could not be listed")) return false;
+  for (const host::Entry& entry : listing.entries) {
+    const util::Verdict verdict = judge.Judge(entry);
+    if (verdict == util::Verdict::kStop) return false;
+    if (verdict == util::Verdict::kSkip) continue;
+    const host::Status status = host::CopyFileWithProgress(from + entry.name, to + util::NameInCopy(entry.name, names),
+                                                           [](host::CopyEvent, std::int64_t) { return true; });
+    if (!notes.Check(status, from + entry.name, "could not be copied")) return false;
+  }
+  return true;
+}
+
+std::string MoveWithShell(void* OwnerWindow, const std::string& Source, const std::string& Destination,
+                          std::uint16_t Flags, const std::string& Title) {
+  const auto flags = static_cast<std::uint16_t>(Flags + kWithoutQuestions);  // added, not joined bit by bit: meant
+  return Answer(host::RunShellOperation({host::ShellVerb::kMove, OwnerWindow, Source, Destination, flags, Title}));
+}
+
+std::string RenameWithShell(void* OwnerWindow, const std::string& OldName, const std::string& NewName,
+                            const std::string& Title) {
+  return Answer(
+      host::RunShellOperation({host::ShellVerb::kRename, OwnerWindow, OldName, NewName, kWithoutQuestions, Title}));
+}
+
+}  // namespace discwright::integration

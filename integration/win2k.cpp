@@ -1,0 +1,87 @@
+// Puts Windows 2000/XP/2003 Setup onto the CD.
+#include "integration/win2k.h"
+
+#include <optional>
+
+#include "host/system.h"
+#include "host/windows_programs.h"
+#include "integration/file_patcher.h"
+#include "integration/step.h"
+#include "settings/key_files.h"
+#include "settings/win2k_info.h"
+#include "util/paths.h"
+#include "util/processes.h"
+
+namespace discwright::integration {
+
+namespace {
+
+// The build goes on without the service pack, which the CD is then missing: a note as well as a box.
+void GoOnWithoutServicePack(util::Context& context, const std::string& SP_exe, const std::string& why) {
+  context.notes.Add(SP_exe, "was not slipstreamed");
+  context.user.ShowMessage({why, "Can't Slipstream Service Pack", host::MessageIcon::kExclamation});
+}
+
+void Slipstream(util::Context& context, const std::string& SP_exe) {
+  if (!util::IsWinNT()) {
+    GoOnWithoutServicePack(context, SP_exe,
+                           "Can't integrate the Windows Service Pack if running in a Windows 9x environment");
+    return;
+  }
+  context.main().LblSub_Step.caption = "Slipstreaming Windows 2000/XP Service Pack";
+  if (!util::FileExists(SP_exe)) {  // no message: meant
+    context.notes.Add(SP_exe, "was not slipstreamed: there is no such file");
+    return;
+  }
+  const std::optional<std::string> command_line =
+      host::WindowsProgramLine(SP_exe, "-s:", util::GetShortPath(WorkspaceRoot()));
+  if (!command_line) {
+    GoOnWithoutServicePack(context, SP_exe,
+                           "Can't integrate the Windows Service Pack: its installer is a Windows program, and there is "
+                           "no command \"wine\" to start it with");
+    return;
+  }
+  util::ASyncShell(context, *command_line);
+  util::WaitWhile(context, context.main().ASyncAppRunning, context.ASyncApp, util::kASyncPollInterval);
+}
+
+bool WriteAnswers(util::Context& context) {
+  settings::FillKeyFile(context.notes, true, true);
+  return settings::FillSetupDataFromKeyFileToUnattend(context.notes, host::ProgramFolder() + settings::kBuildKeyFile,
+                                                      WorkspaceRoot() + "\\I386\\WINNT.SIF");
+}
+
+void RemoveLanguages(util::Context& context) {
+  forms::Label& label = context.main().LblSub_Step;
+  label.caption = "Removing Extra Languages files";
+  label.Refresh();
+  util::DelTree(WorkspaceRoot() + "\\I386\\LANG", &context.notes);
+}
+
+// False after a fatal error.
+bool AddSetupFiles(util::Context& context, const std::string& Source) {
+  context.main().LblSub_Step.caption = "Copying Windows 2000/XP Files";
+  CopyBootSector(context, "w2ksect.bin");
+  if (!CopyToTree(context, Source, WorkspaceRoot() + "\\I386", util::CopiedNames::kAsOnDisc)) return false;
+  if (!util::FileExists(WorkspaceRoot() + "\\I386\\SETUPLDR.BIN")) {
+    context.notes.Add(Source + "\\SETUPLDR.BIN", "is missing, and Windows Setup cannot be started from the CD");
+  }
+  CopyMatchingFiles(context.notes, Source + "\\..\\win51*.*", WorkspaceRoot() + "\\WIN51*.*",
+                    util::CopiedNames::kAsOnDisc);
+  CopyMatchingFiles(context.notes, Source + "\\..\\cdrom*.*", WorkspaceRoot() + "\\CDROM*.*",
+                    util::CopiedNames::kAsOnDisc);
+  return true;
+}
+
+}  // namespace
+
+void AddWin2K(util::Context& context, const std::string& Source, std::string_view, bool DelTreeLang,
+              const std::string& SP_exe, std::string_view, bool, bool AddInfo_toUnattend) {
+  bool complete = AddSetupFiles(context, Source);
+  if (complete && !SP_exe.empty()) Slipstream(context, SP_exe);
+  if (complete && AddInfo_toUnattend) complete = WriteAnswers(context);
+  if (complete && DelTreeLang) RemoveLanguages(context);
+  if (!complete) HaltStep(context, "Windows 2000/XP installation");
+}
+
+}  // namespace discwright::integration

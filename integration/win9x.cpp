@@ -1,0 +1,56 @@
+// Puts Windows 98/98SE/Me Setup onto the CD.
+#include "integration/win9x.h"
+
+#include <string>
+
+#include "host/files.h"
+#include "host/system.h"
+#include "integration/step.h"
+#include "settings/key_files.h"
+#include "settings/win9x_info.h"
+#include "util/paths.h"
+
+namespace discwright::integration {
+
+namespace {
+
+struct SetupFolder {
+  const char* cabinet;
+  const char* name;
+};
+
+// The last one found wins.
+constexpr SetupFolder kSetupFolders[] = {{"\\base4.cab", "WIN98"}, {"\\base2.cab", "WINME"}};
+
+std::string SetupFolderName(const std::string& Source) {
+  std::string name = "WINSETUP";
+  for (const SetupFolder& folder : kSetupFolders) {
+    if (util::FileExists(Source + folder.cabinet)) name = folder.name;
+  }
+  return name;
+}
+
+bool CopySetupFiles(util::Context& context, const std::string& Source, const std::string& target) {
+  context.main().LblSub_Step.caption = "Copying Windows 9x Setup Files";
+  if (!util::FolderExists(target) && !context.notes.Check(host::MakeFolders(target), target, "could not be created")) {
+    return false;
+  }
+  return CopyToTree(context, Source, target, util::CopiedNames::kAsOnDisc);
+}
+
+bool WriteAnswers(util::Context& context, const std::string& target) {
+  settings::FillKeyFile(context.notes, true, true);
+  return settings::FillSetupDataFromKeyFileToMSBatch(context.notes, host::ProgramFolder() + settings::kBuildKeyFile,
+                                                     target + "\\MSBATCH.INF");
+}
+
+}  // namespace
+
+void AddWin9x(util::Context& context, const std::string& Source, bool AddInfo_toMSBatch) {
+  const std::string target = WorkspaceRoot() + "\\" + SetupFolderName(Source);
+  const bool complete =
+      CopySetupFiles(context, Source, target) && (!AddInfo_toMSBatch || WriteAnswers(context, target));
+  if (!complete) HaltStep(context, "Windows 98/Me installation");
+}
+
+}  // namespace discwright::integration
