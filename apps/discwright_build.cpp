@@ -33,7 +33,9 @@ int Build(const desktop::Options& options) {
   desktop::ConsoleUser user(terminal, interrupted);
   util::Context context{windows, user, *programs, notes, {}, {}, nullptr, nullptr, {}};
   notes.added = [&](const util::Note& note) {
-    terminal.PrintLine("warning: " + host::PathToNative(note.place) + ": " + note.cause);
+    // A line that starts a program begins with a quote, and is no path.
+    const bool is_path = !note.place.starts_with('"');
+    terminal.PrintLine("warning: " + (is_path ? host::PathToNative(note.place) : note.place) + ": " + note.cause);
   };
   wizard::Bind(context);
   host::CatchInterrupts();

@@ -94,7 +94,9 @@ class Form : public Control {
   void SubscribeToAll(Subscriber subscriber) { all_subscribers_.push_back(std::move(subscriber)); }
 
   TextProperty caption;
-  bool loaded = false;  // what the window does when it is loaded has been done; it is done once per run
+  Property<bool> busy{*this, false};  // the mouse pointer is an hourglass
+  void* window = nullptr;             // the handle of the window that shows the form; null while none does
+  bool loaded = false;                // what the window does when it is loaded has been done; it is done once per run
 
  private:
   friend class Control;

@@ -3,6 +3,8 @@
 
 #include "pipeline/build_driver.h"
 #include "settings/session.h"
+#include "settings/win2k_info.h"
+#include "settings/win9x_info.h"
 #include "util/paths.h"
 #include "wizard/help_topics.h"
 #include "wizard/page_checks.h"
@@ -47,6 +49,21 @@ int PageBefore(const FrmDiscwright& main, int page) {
   return page;
 }
 
+// The dialogs open with what they were left with in this run.
+void BindDialogs(util::Context& context) {
+  forms::Windows& windows = context.windows;
+  settings::BindWin2KInfo(windows.win2k_info, context.user);
+  settings::BindWin9xInfo(windows.win9x_info);
+  windows.main.CmdSetWin2KInfo.click = [&dialog = windows.win2k_info] {
+    settings::LoadWin2KInfo(dialog);
+    dialog.visible = true;
+  };
+  windows.main.CmdSetWin9xInfo.click = [&dialog = windows.win9x_info] {
+    settings::LoadWin9xInfo(dialog);
+    dialog.visible = true;
+  };
+}
+
 }  // namespace
 
 void Bind(util::Context& context) {
@@ -57,6 +74,7 @@ void Bind(util::Context& context) {
   main.CmdCancel.click = [&context] { CmdCancel_Click(context); };
   main.CmdHelp.click = [&context] { CmdHelp_Click(context); };
   context.ShowHelp = [&context](int intStep, bool ForceShow) { ShowHelp(context, intStep, ForceShow); };
+  BindDialogs(context);
   pipeline::Bind(context);
 }
 

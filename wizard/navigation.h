@@ -7,7 +7,8 @@
 
 namespace discwright::wizard {
 
-// Binds the five buttons of the main window to the handlers below, and the context's ShowHelp.
+// Binds the five buttons of the main window to the handlers below, those of the two installation info dialogs and the
+// buttons that open them, and the context's ShowHelp.
 void Bind(util::Context& context);
 
 // Loads `session_file` when there is such a file (the program's own session file for the window).

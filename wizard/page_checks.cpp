@@ -5,6 +5,10 @@
 #include <array>
 #include <string>
 
+#include "host/files.h"
+#include "host/system.h"
+#include "integration/advanced_tools.h"
+#include "integration/step.h"
 #include "util/paths.h"
 #include "wizard/iso_destination.h"
 #include "wizard/pages.h"
@@ -92,7 +96,7 @@ constexpr LocationCheck kLocationChecks[] = {
      "ISO File destination is not correct, check again"},
 };
 
-void ShowError(util::Context& context, const char* message, MessageIcon icon) {
+void ShowError(util::Context& context, const std::string& message, MessageIcon icon) {
   context.user.ShowMessage({message, "Error", icon});
 }
 
@@ -103,6 +107,33 @@ bool Applies(const FrmDiscwright& main, const LocationCheck& check) {
 
 bool Passes(const FrmDiscwright& main, const LocationCheck& check) {
   return !Applies(main, check) || check.test((main.*check.location).text.get() + check.suffix);
+}
+
+// The folder that the path is in, or that it is, when every build empties that; empty otherwise.
+std::string EmptiedFolderOf(std::string path) {
+  constexpr const char* kSeparators = "\\/";
+  const std::string emptied[] = {integration::WorkspaceRoot(), integration::StagingFolder()};
+  const bool is_absolute = path.find_first_of(kSeparators) == 0 || path.find(':') == 1;
+  if (!is_absolute) path.insert(0, host::CurrentFolder() + "\\");
+  for (std::size_t end = path.size(); end != std::string::npos; end = path.find_last_of(kSeparators)) {
+    path.resize(end);
+    for (const std::string& folder : emptied) {
+      if (host::SameFolder(path, folder)) return folder;
+    }
+  }
+  return "";
+}
+
+// What the user keeps there would be gone before it is copied.
+bool SurvivesTheBuild(util::Context& context, const LocationCheck& check) {
+  if (!Applies(context.main(), check)) return true;
+  const std::string folder = EmptiedFolderOf(util::StripQuotes((context.main().*check.location).text.get()));
+  if (folder.empty()) return true;
+  ShowError(context,
+            "The selected location is in " + host::PathToNative(folder) +
+                ", which every build empties !\r\nSelect a location outside of it",
+            MessageIcon::kCritical);
+  return false;
 }
 
 bool PasswordsMatch(util::Context& context) {
@@ -119,9 +150,13 @@ bool PasswordsMatch(util::Context& context) {
 bool PageIsValid(util::Context& context, int page) {
   bool valid = page != kIsoPage || PasswordsMatch(context);
   for (const LocationCheck& check : kLocationChecks) {
-    if (check.page != page || Passes(context.main(), check)) continue;
-    ShowError(context, check.message, check.icon);
-    valid = false;
+    if (check.page != page) continue;
+    if (!Passes(context.main(), check)) {
+      ShowError(context, check.message, check.icon);
+      valid = false;
+    } else if (!SurvivesTheBuild(context, check)) {
+      valid = false;
+    }
   }
   return valid;
 }

@@ -9,6 +9,7 @@
 #include "host/files.h"
 #include "host/native_text.h"
 #include "host/system.h"
+#include "host/text_encoding.h"
 #include "pipeline/program_folder.h"
 #include "settings/key_files.h"
 #include "settings/session.h"
@@ -35,7 +36,8 @@ bool IsPasswordBox(std::string_view control) {
   return forms::SameName(control, "TxtPass1") || forms::SameName(control, "TxtPass2");
 }
 
-// The first line of the file or of standard input; false when it cannot be read.
+// The first line of the file or of standard input; false when it cannot be read or is empty, which would be no
+// password.
 bool ReadPassword(const std::string& file, std::string& password, std::string& cause) {
   std::string content;
   if (file == "-") {
@@ -44,34 +46,56 @@ bool ReadPassword(const std::string& file, std::string& password, std::string& c
     cause = status.cause;
     return false;
   }
-  password = content.substr(0, content.find_first_of("\r\n"));
-  return true;
+  password = host::DecodeText(content.substr(0, content.find_first_of("\r\n")));
+  if (password.empty()) cause = "its first line is empty, and a password is needed";
+  return !password.empty();
 }
 
-// Answers given on the command line are confirmed as the dialog's OK button does it.
-void ConfirmDialogs(forms::Windows& windows, const Options& options) {
+// The dialog's Browse button: a script that is chosen fills the fields, which otherwise would replace its answers.
+void FillFromChosenScript(forms::Windows& windows, const Options& options) {
+  for (const auto& [control, value] : options.assignments) {
+    if (forms::FindControl(windows, control) != &windows.win2k_info.TxtTemplate) continue;
+    settings::FillSetupDataFromUnattend(windows.win2k_info, util::StripQuotes(value));
+  }
+}
+
+// The dialogs' OK buttons: for answers given on the command line, and for those that the CD is to hold, because nobody
+// else is here to confirm what a session brought.
+void ConfirmDialogs(util::Context& context, const Options& options) {
+  forms::Windows& windows = context.windows;
+  const forms::FrmDiscwright& main = windows.main;
   const auto touched = [&](const forms::Form& form) {
     return std::any_of(options.assignments.begin(), options.assignments.end(), [&](const auto& assignment) {
       const forms::Control* control = forms::FindControl(windows, assignment.first);
       return control != nullptr && &control->form() == &form;
     });
   };
-  if (touched(windows.win9x_info)) settings::FillSetupDataToKeyFile(windows.win9x_info);
-  if (touched(windows.win2k_info)) {
-    settings::FillSetupDataToKeyFile(windows.win2k_info, host::ProgramFolder() + settings::kWorkingKeyFile);
+  const bool win9x_wanted = main.ChkWin9xInfo_MSBatch.checked() || main.ChkWin9xInfo_Assis.checked();
+  const bool win2k_wanted = main.ChkWin2KInfo_Unattend.checked() || main.ChkWin2KInfo_Assis.checked();
+  const std::string key_file = host::ProgramFolder() + settings::kWorkingKeyFile;
+  const auto check = [&](const host::Status& status, const std::string& system) {
+    context.notes.Check(status, key_file, "your answers for the Setup of " + system + " could not be written");
+  };
+  if (win9x_wanted || touched(windows.win9x_info)) {
+    check(settings::FillSetupDataToKeyFile(windows.win9x_info), "Windows 98/Me");
+  }
+  if (win2k_wanted || touched(windows.win2k_info)) {
+    check(settings::FillSetupDataToKeyFile(windows.win2k_info, key_file), "Windows 2000/XP/2003");
   }
 }
 
 // Applies the command line to the controls. Returns what is wrong with it, or the empty string.
-std::string ApplyOptions(forms::Windows& windows, const Options& options) {
+std::string ApplyOptions(util::Context& context, const Options& options) {
+  forms::Windows& windows = context.windows;
   settings::LoadWin2KInfo(windows.win2k_info);  // loading them later would undo what is set here
   settings::LoadWin9xInfo(windows.win9x_info);
+  FillFromChosenScript(windows, options);  // before the answers that stand beside it
   for (const auto& [control, value] : options.assignments) {
     if (IsPasswordBox(control)) return "a password cannot be set on the command line; use --password-file";
     const std::string error = forms::Assign(windows, control, value);
     if (!error.empty()) return std::string("--set ").append(control).append(": ").append(error);
   }
-  ConfirmDialogs(windows, options);
+  ConfirmDialogs(context, options);
   forms::FrmDiscwright& main = windows.main;
   if (!options.output.empty()) main.TxtISOLoc.text = host::PathFromNative(options.output);
   if (!options.password_file.empty()) {
@@ -168,7 +192,7 @@ int RunBuild(util::Context& context, Terminal& terminal, const Options& options)
     return kExitFailed;
   }
   wizard::Form_Load(context, session);
-  if (const std::string error = ApplyOptions(context.windows, options); !error.empty()) {
+  if (const std::string error = ApplyOptions(context, options); !error.empty()) {
     return UsageError(terminal, error);
   }
   if (!WalkThePages(context)) {

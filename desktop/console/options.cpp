@@ -62,12 +62,19 @@ Options ParseOptions(std::span<const std::string> arguments) {
     } else if (row->value == nullptr) {
       if (equals != std::string::npos) options.error = name + " takes no value";
       row->apply(options, "");
-    } else if (equals != std::string::npos) {
-      row->apply(options, argument.substr(equals + 1));
-    } else if (i + 1 == arguments.size()) {
-      options.error = name + " needs " + row->value;
     } else {
-      row->apply(options, arguments[++i]);
+      std::string value;
+      if (equals != std::string::npos) {
+        value = argument.substr(equals + 1);
+      } else if (i + 1 < arguments.size()) {
+        value = arguments[++i];
+      }
+      // An empty one, too: what a script's unset variable leaves must not pass for an option that was not given.
+      if (value.empty()) {
+        options.error = name + " needs " + row->value;
+      } else {
+        row->apply(options, value);
+      }
     }
   }
   return options;

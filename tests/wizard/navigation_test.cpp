@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "tests/wizard/wizard_fixture.h"
@@ -13,6 +14,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using testing::FakeRun;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using testing::WizardFixture;
 
@@ -268,6 +270,46 @@ TEST_F(FinishTest, SecondPress_SavesTheSessionAndCloses) {
   EXPECT_TRUE(host.Exists("C:\\Discwright\\vexacd.ini"));
   EXPECT_FALSE(main.visible);
   EXPECT_EQ(programs.started.size(), started);
+}
+
+class InfoDialogsTest : public WizardFixture {};
+
+TEST_F(InfoDialogsTest, ButtonOfWin2KInfo_LoadsAndShowsTheDialog) {
+  forms::FrmWin2KInfo& dialog = windows.win2k_info;
+  host.AddFile("C:\\Discwright\\files\\inf_files\\win2k_template.inf", "[UserData]\r\nFullName=Ann\r\n");
+  EXPECT_FALSE(dialog.visible);
+  main.CmdSetWin2KInfo.click();
+  EXPECT_TRUE(dialog.visible);
+  EXPECT_EQ(dialog.TxtOwner.text.get(), "Ann");
+  dialog.CmdOK.click();
+  EXPECT_FALSE(dialog.visible);
+  EXPECT_THAT(host.Content("C:\\Discwright\\keyfile2.txt"), HasSubstr("OwnerName=Ann\r\n"));
+}
+
+TEST_F(InfoDialogsTest, ButtonOfWin9xInfo_LoadsAndShowsTheDialog) {
+  forms::FrmWin9xInfo& dialog = windows.win9x_info;
+  host.platform_id = 1;
+  host.registry["Software\\Microsoft\\Windows\\CurrentVersion\\RegisteredOwner"] = "Ann";
+  EXPECT_FALSE(dialog.visible);
+  main.CmdSetWin9xInfo.click();
+  EXPECT_TRUE(dialog.visible);
+  EXPECT_EQ(dialog.TxtOwner.text.get(), "Ann");
+  dialog.CmdOK.click();
+  EXPECT_FALSE(dialog.visible);
+  EXPECT_THAT(host.Content("C:\\Discwright\\keyfile2.txt"), HasSubstr("OwnerName=Ann\r\n"));
+}
+
+TEST_F(InfoDialogsTest, DialogsOpenedAgainAfterCancel_ShowTheEditedTexts) {
+  for (auto [open, cancel, owner] :
+       {std::tuple(&main.CmdSetWin2KInfo, &windows.win2k_info.CmdCancel, &windows.win2k_info.TxtOwner),
+        std::tuple(&main.CmdSetWin9xInfo, &windows.win9x_info.CmdCancel, &windows.win9x_info.TxtOwner)}) {
+    open->click();
+    owner->text = "Bob";
+    cancel->click();
+    open->click();
+    EXPECT_EQ(owner->text.get(), "Bob");
+    EXPECT_TRUE(owner->form().visible);
+  }
 }
 
 class FormLoadTest : public WizardFixture {};

@@ -158,6 +158,35 @@ TEST_F(PageChecksTest, ToolLocationWithTrailingBackslash_IsFound) {
   EXPECT_EQ(NextFrom(5), 6);
 }
 
+TEST_F(PageChecksTest, LocationsInTheFoldersThatEveryBuildEmpties_AreRefused) {
+  host.AddFile("C:\\Discwright\\vexacd\\vexa\\mine\\tool.exe", "mine");
+  host.AddFile("C:\\Discwright\\advtemp\\notes.txt", "mine");
+  main.TxtUtils_Loc.text = "c:/discwright/VEXACD/vexa/mine";
+  main.TxtAddFiles_Loc.text = "C:\\Discwright\\advtemp";
+  EXPECT_EQ(NextFrom(6), 6);
+  const std::string rest = ", which every build empties !\r\nSelect a location outside of it";
+  EXPECT_THAT(Messages(), ElementsAre("The selected location is in C:\\Discwright\\vexacd" + rest,
+                                      "The selected location is in C:\\Discwright\\advtemp" + rest));
+}
+
+TEST_F(PageChecksTest, ImageInTheFolderThatEveryBuildEmpties_IsRefused) {
+  host.AddFolder("C:\\Discwright\\vexacd");
+  main.ChkPassProtect.value = 0;
+  main.TxtISOLoc.text = "C:\\Discwright\\vexacd\\rescue.iso";
+  EXPECT_EQ(NextFrom(7), 7);
+  EXPECT_THAT(Messages(), ElementsAre(::testing::HasSubstr("which every build empties")));
+}
+
+TEST_F(PageChecksTest, FoldersBesideThem_Pass) {
+  host.AddFolder("C:\\Discwright\\vexacd");
+  host.AddFolder("C:\\Discwright\\vexacd of mine");
+  host.AddFolder("C:\\Discwright\\advtemp");
+  main.TxtUtils_Loc.text = "C:\\Discwright\\vexacd of mine";
+  main.TxtAddFiles_Loc.text = "C:\\Discwright";
+  EXPECT_EQ(NextFrom(6), 7);
+  EXPECT_THAT(user.messages, IsEmpty());
+}
+
 TEST_F(PageChecksTest, NoUtilitiesFolder_Stays) {
   main.TxtUtils_Loc.text = "S:\\sp.exe";
   EXPECT_EQ(NextFrom(6), 6);
