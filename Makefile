@@ -37,7 +37,7 @@ test: windows
 	scripts/bootstrap.sh test
 	cmake --preset windows-x64 -DDISCWRIGHT_TESTS=ON --log-level=WARNING
 	cmake --build --preset windows-x64 -j $(jobs)
-	cmake --preset linux -DDISCWRIGHT_TESTS=ON -DDISCWRIGHT_WINDOWS_PROGRAM=$(CURDIR)/build/windows-x64/program \
+	cmake --preset linux -DDISCWRIGHT_TESTS=ON "-DDISCWRIGHT_WINDOWS_PROGRAM=$(CURDIR)/build/windows-x64/program" \
 		--log-level=WARNING
 	cmake --build --preset linux -j $(jobs)
 	ctest --preset linux -j $(jobs)

@@ -2,7 +2,7 @@
 # Installs the Debian 12 packages that building and testing need; does nothing when they are all there.
 #   scripts/bootstrap.sh build    what the program itself needs (default)
 #   scripts/bootstrap.sh windows  also the compilers of the Windows programs
-#   scripts/bootstrap.sh test     also the readers that the tests compare against, and Wine
+#   scripts/bootstrap.sh test     also the readers that the tests compare against, Wine and the emulator
 #   scripts/bootstrap.sh fuzz     also the compiler of the fuzz targets
 #   scripts/bootstrap.sh lint     also the checkers
 #   scripts/bootstrap.sh bench    also the programs that are measured against
@@ -13,7 +13,7 @@ cross="g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32"
 case "${1:-build}" in
   build) ;;
   windows) packages="$packages $cross python3" ;;
-  test) packages="$packages $cross wine wine64 libgtest-dev libgmock-dev googletest mtools dosfstools genisoimage xorriso libarchive-tools p7zip-full python3 universal-ctags" ;;
+  test) packages="$packages $cross wine wine64 libgtest-dev libgmock-dev googletest qemu-system-x86 mtools dosfstools genisoimage xorriso libarchive-tools p7zip-full python3 universal-ctags" ;;
   fuzz) packages="$packages clang libclang-rt-14-dev" ;;
   lint) packages="$packages $cross libgtest-dev libgmock-dev googletest clang-format clang-tidy shellcheck python3 universal-ctags" ;;
   bench) packages="$packages genisoimage xorriso jdupes rdfind python3" ;;

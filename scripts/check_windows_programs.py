@@ -35,8 +35,9 @@ ASKS_THE_PROCESSOR = frozenset(
         ".text$_ZNSt12_GLOBAL__N_119__x86_rdseed_rdrandEPv",
     }
 )
-# What the linker puts behind the functions of the same section without being any.
-TABLES = frozenset({".gcc_except_table"})
+# What the linker puts behind the functions of the same section without being any: addresses of handlers, constructors
+# and destructors, which make an instruction by chance.
+TABLE = re.compile(r"\.gcc_except_table|\.[cd]tors(?:\.\d+)?|_*[CD]TOR_LIST__")
 
 
 class NotAProgram(Exception):
@@ -146,7 +147,7 @@ def instruction_problems(lines):
         if label:
             function = label[1]
             named = named or not function.startswith(".")
-        elif function not in TABLES and (NEWER_REGISTER.search(line) or NEWER_INSTRUCTION.search(line)):
+        elif not TABLE.fullmatch(function or "") and (NEWER_REGISTER.search(line) or NEWER_INSTRUCTION.search(line)):
             seen.setdefault(function, " ".join(line.partition("\t")[2].split()))
     if not named:
         return ["has no symbols, so its code cannot be told from its tables"]

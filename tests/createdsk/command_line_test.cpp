@@ -15,13 +15,13 @@ class CreateDskProgram : public ::testing::Test {
  protected:
   void SetUp() override {
     if (!HasShell()) GTEST_SKIP() << "no shell here";
-    std::filesystem::copy(CREATEDSK_PROGRAM, program_);
+    std::filesystem::copy(u8"" CREATEDSK_PROGRAM, program_);
   }
   ShellEnd Run(const std::string& arguments) { return folder_.Run(ShellProgram(program_) + " " + arguments); }
   std::string ProgramName() const { return program_.filename().string(); }
 
   ProgramFolder folder_;
-  std::filesystem::path program_ = folder_.path() / std::filesystem::path(CREATEDSK_PROGRAM).filename();
+  std::filesystem::path program_ = folder_.path() / std::filesystem::path(u8"" CREATEDSK_PROGRAM).filename();
 };
 
 TEST_F(CreateDskProgram, InAFolderWithBlanksAndUmlauts_LeavesTheImageThere) {

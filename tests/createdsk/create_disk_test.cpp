@@ -284,7 +284,7 @@ class ShippedProfile : public ::testing::TestWithParam<Shipped> {
 TEST_P(ShippedProfile, WithAndWithoutSelection_MakesASoundDisk) {
   const Shipped& shipped = GetParam();
   const testing::ProgramFolder folder;
-  std::filesystem::copy(SHIPPED_DISKS, folder.Disks(), std::filesystem::copy_options::recursive);
+  std::filesystem::copy(u8"" SHIPPED_DISKS, folder.Disks(), std::filesystem::copy_options::recursive);
   for (const bool selection : {false, true}) {
     std::string path;
     ASSERT_EQ(CreateDisk({shipped.format, shipped.profile, selection}, folder.Text(), path).failure, "");
@@ -300,7 +300,8 @@ TEST_P(ShippedProfile, WithAndWithoutSelection_MakesASoundDisk) {
 }
 
 TEST_P(ShippedProfile, ItsTexts_HaveDosLineEnds) {
-  for (const auto& entry : std::filesystem::directory_iterator(std::string(SHIPPED_DISKS) + "/" + GetParam().profile)) {
+  for (const auto& entry :
+       std::filesystem::directory_iterator(std::filesystem::path(u8"" SHIPPED_DISKS) / GetParam().profile)) {
     const std::string text = ReadFile(entry.path());
     const std::string lone = std::regex_replace(text, std::regex("\r\n"), "");
     EXPECT_EQ(lone.find('\n'), std::string::npos) << entry.path();

@@ -80,6 +80,12 @@ TEST_F(CommandLine, UnknownOption_IsWrongUsage) {
   EXPECT_THAT(Refused({"--session"}, 2), HasSubstr("--session needs FILE"));
 }
 
+TEST_F(CommandLine, EmptyValue_IsWrongUsage) {
+  EXPECT_THAT(Refused({"--password-file", ""}, 2), HasSubstr("--password-file needs FILE"));
+  EXPECT_THAT(Refused({"--session="}, 2), HasSubstr("--session needs FILE"));
+  EXPECT_THAT(Refused({"-o", ""}, 2), HasSubstr("-o needs FILE.iso"));
+}
+
 TEST_F(CommandLine, WrongAssignment_IsWrongUsage) {
   EXPECT_THAT(Refused({"--set", "ChkVexaUtils"}, 2), HasSubstr("--set needs CONTROL=VALUE, not 'ChkVexaUtils'"));
   EXPECT_THAT(Refused({"--set", "NoSuchThing=1"}, 2), HasSubstr("--set NoSuchThing: "));
@@ -105,6 +111,14 @@ TEST_F(CommandLine, MissingPasswordFile_IsWrongUsage) {
   EXPECT_THAT(Refused({"--password-file", file}, 2), HasSubstr(file + ": "));
 }
 
+TEST_F(CommandLine, PasswordFileWithoutAPassword_IsWrongUsage) {
+  const fs::path file = place / "password";
+  for (const char* content : {"", "\n", "\r\nsecond line\n"}) {
+    WriteFile(file, content);
+    EXPECT_THAT(Refused({"--password-file", file.string()}, 2), HasSubstr(file.string() + ": its first line is empty"));
+  }
+}
+
 TEST_F(CommandLine, MissingUtilitiesFolder_IsRefusedByItsPage) {
   const std::string told = Refused(Utilities(place / "missing"), 3);
   EXPECT_THAT(told, HasSubstr("Error: The Vexa Utilities folder doesn't exist !\nSelect a valid Directory\n"));
@@ -127,19 +141,18 @@ TEST_F(CommandLine, ImagePlaceIsAFolderOrAPipe_IsRefusedByItsPage) {
   EXPECT_EQ(program.Build(Output(place.path())).exit_code, 3);
 }
 
-TEST_F(CommandLine, AdvancedTools_EndWithTheBoxThatTheyAreNotAvailable) {
-  EXPECT_THAT(Refused({"--set", "ChkGet_Advtools=1", "--set", "ChkERDC=0", "--set", "ChkBCon=0"}, 1),
-              HasSubstr("Fatal Error: Integrating the advanced tools is not available in this version"));
+TEST_F(CommandLine, AdvancedToolsWithoutATool_BuildTheRest) {
+  const Outcome outcome = Build({"--set", "ChkGet_Advtools=1", "--set", "ChkERDC=0", "--set", "ChkBCon=0"});
+  EXPECT_EQ(outcome.exit_code, 0) << outcome.err;
 }
 
-TEST_F(CommandLine, Password_EndsWithTheBoxThatItIsNotAvailable) {
+TEST_F(CommandLine, Password_IsTheFirstLineAndIsNeverShown) {
   WriteFile(place / "password", "top-secret\nsecond line\n");
   for (const std::string& file : {(place / "password").string(), std::string("-")}) {
-    const Outcome outcome = Build({"--password-file", file}, {.standard_input = "top-secret\n"});
-    EXPECT_EQ(outcome.exit_code, 1);
-    EXPECT_THAT(outcome.err, HasSubstr("Fatal Error: Protecting the boot menu by a password is not available"));
+    const Outcome outcome = Build({"--password-file", file}, {.standard_input = "top-secret\r\n"});
+    EXPECT_EQ(outcome.exit_code, 0) << outcome.err;
+    EXPECT_THAT(ReadFile(program / "vexacd/boot/scripts/main.cds"), HasSubstr("Set PasswordString=\"top-secret\"\r\n"));
     EXPECT_THAT(outcome.err + outcome.out, Not(HasSubstr("top-secret")));
-    EXPECT_TRUE(NoImageAt(image));
   }
 }
 

@@ -25,7 +25,7 @@ class Readers : public Mastering {
   const std::string& Said() const { return said_.output; }
 
   static std::string Command(const std::vector<std::string>& words) {
-    std::string command = ShellProgram(MKISOFS_PROGRAM);
+    std::string command = ShellProgram(u8"" MKISOFS_PROGRAM);
     for (const std::string& word : words) command += " " + Quote(word);
     return command;
   }

@@ -74,6 +74,12 @@ class CheckWindowsPrograms(unittest.TestCase):
                 self.assertEqual(code, 1)
                 self.assertIn("_start has an instruction newer than a Pentium Pro's: " + newer.split()[0], output)
 
+    def test_table_of_constructors_that_reads_like_newer_instructions_passes(self):
+        self.build(SLEEP + r'asm(".section .ctors,\"w\"\n .byte 0xDD, 0x4F, 0x00, 0x00\n .text");')
+        dump = subprocess.run(["i686-w64-mingw32-objdump", "-d", self.program], stdout=subprocess.PIPE, text=True)
+        self.assertIn("fisttpll", dump.stdout)
+        self.assertEqual(self.run_check(), (0, ""))
+
     def test_instructions_of_a_pentium_pro_pass(self):
         for old in ["cmove %eax, %ecx", "fld1", "cmpxchg8b (%esp)", "rep bsf %eax, %ecx", "cpuid"]:
             self.build(f'extern "C" int start() {{ asm("{old}"); return 0; }}')

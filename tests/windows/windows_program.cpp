@@ -16,10 +16,14 @@ std::string WindowsPath(const fs::path& path) {
   return windows;
 }
 
+std::vector<std::string> WindowsCommand(Family family, const std::vector<std::string>& command) {
+  const std::vector<std::string> wine = {WINE_SCRIPT, family == Family::kNt ? "nt" : "98"};
+  return Join(wine, command);
+}
+
 Outcome RunWindows(Family family, const std::vector<std::string>& command,
                    const std::vector<std::pair<std::string, std::string>>& environment) {
-  const std::vector<std::string> wine = {WINE_SCRIPT, family == Family::kNt ? "nt" : "98"};
-  return RunProgram(Join(wine, command), {.working_folder = "/", .environment = environment});
+  return RunProgram(WindowsCommand(family, command), {.working_folder = "/", .environment = environment});
 }
 
 WindowsProgram::WindowsProgram(fs::path folder, Family family) : folder_(std::move(folder)), family_(family) {

@@ -16,7 +16,9 @@ enum class Family { kNt, k98 };
 // A path as the Windows programs call it: drive Z: is the whole file system here.
 std::string WindowsPath(const std::filesystem::path& path);
 
-// Runs a Windows program.
+// The command that runs a Windows program here.
+std::vector<std::string> WindowsCommand(Family family, const std::vector<std::string>& command);
+
 Outcome RunWindows(Family family, const std::vector<std::string>& command,
                    const std::vector<std::pair<std::string, std::string>>& environment = {});
 
@@ -25,6 +27,7 @@ class WindowsProgram {
  public:
   WindowsProgram(std::filesystem::path folder, Family family);
 
+  const std::filesystem::path& folder() const { return folder_; }
   std::filesystem::path operator/(const std::filesystem::path& below) const { return folder_ / below; }
   Outcome Build(const std::vector<std::string>& arguments,
                 const std::vector<std::pair<std::string, std::string>>& environment = {}) const;

@@ -1,0 +1,72 @@
+// The finished CD in an emulated PC: each boot sector on it starts the setup loader of its own folder.
+#include "tests/boot/emulator.h"
+#include "tests/boot/setup_loader.h"
+#include "tests/end_to_end/build_test.h"
+#include "tests/end_to_end/chosen_discs.h"
+
+namespace discwright::testing {
+
+namespace {
+
+class BootChain : public BuildTest {
+ protected:
+  // The CD's tree mastered once more, with one of its boot sectors in the place of the menu's loader.
+  fs::path CdStartingFrom(const std::string& sector) const {
+    const fs::path started = place / (sector + ".iso");
+    const Outcome outcome = RunProgram(
+        {(program / "mkisofs").string(), "-iso-level", "4", "-omit-period", "-no-emul-boot", "-boot-load-size", "4",
+         "-eltorito-boot", "boot/images/" + sector, "-output", started.string(), (program / "vexacd").string()},
+        {});
+    EXPECT_EQ(outcome.exit_code, 0) << outcome.err;
+    return started;
+  }
+  void ExpectStarts(const std::string& sector, const std::string& folder) const {
+    Emulator pc(CdDrive(CdStartingFrom(sector)));
+    const std::string line = SetupLoaderLine(folder);
+    EXPECT_TRUE(pc.WaitForScreen(line)) << sector;
+    EXPECT_TRUE(pc.WaitForSerial(line)) << sector;
+  }
+
+  ChosenDiscs discs{place / "discs"};
+};
+
+}  // namespace
+
+TEST_F(BootChain, EachBootSector_ReachesTheLoaderOfItsOwnFolder) {
+  discs.Insert(Shown::kUpperCase);
+  ASSERT_EQ(Build(discs.Choices()).exit_code, 0);
+  ExpectStarts("w2ksect.bin", "i386");
+  ExpectStarts("erdc.bin", "erdc");
+  ExpectStarts("oobc.bin", "oobc");
+}
+
+TEST_F(BootChain, DiscsShownInLowerCase_StartAllTheSame) {
+  discs.Insert(Shown::kLowerCase);
+  ASSERT_EQ(Build(discs.Choices()).exit_code, 0);
+  ExpectStarts("w2ksect.bin", "i386");
+  ExpectStarts("erdc.bin", "erdc");
+  ExpectStarts("oobc.bin", "oobc");
+}
+
+// Those of BlueCon stay as they are: meant, and told.
+TEST_F(BootChain, LoadersThatNameTheirFolderInUpperCaseOnly_ArePatchedForErdCommander) {
+  discs.Insert(Shown::kUpperCase);
+  for (const char* tool : {"erd", "oobc"}) {
+    const fs::path loader = discs.folder() / tool / "I386" / "SETUPLDR.BIN";
+    fs::remove(loader);
+    WriteFile(loader, SetupLoader(kUsualSize, "upper"));
+  }
+  const Outcome outcome = Build(discs.Choices());
+  EXPECT_EQ(outcome.exit_code, 4);
+  EXPECT_THAT(outcome.err, HasSubstr("SETUPLDR.BIN: was not given the new name of its folder"));
+  ExpectStarts("erdc.bin", "erdc");
+  ExpectStarts("oobc.bin", "I386");
+}
+
+TEST_F(BootChain, CdWithoutAMenu_SaysSo) {
+  ASSERT_EQ(Build().exit_code, 0);
+  Emulator pc(CdDrive(image));
+  EXPECT_TRUE(pc.WaitForScreen("the menu is not part of this version"));
+}
+
+}  // namespace discwright::testing

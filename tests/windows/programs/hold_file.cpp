@@ -1,0 +1,15 @@
+// Holds a file open so that nobody else can open it: "hold_file.exe FILE READY STOP" makes the file READY when it does,
+// and lets go when the file STOP is there.
+#include <windows.h>
+
+#include <fstream>
+
+int main(int count, char** arguments) {
+  if (count != 4) return 1;
+  const HANDLE held = CreateFileA(arguments[1], GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  if (held == INVALID_HANDLE_VALUE) return 2;
+  std::ofstream(arguments[2]) << "ready";
+  while (GetFileAttributesA(arguments[3]) == INVALID_FILE_ATTRIBUTES) Sleep(20);
+  CloseHandle(held);
+  return 0;
+}
