@@ -20,10 +20,14 @@ export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe="
 # Names in UTF-8, and the code page 1252.
 export LC_ALL=C.UTF-8
 unset DISPLAY
+# Wine needs a page at a fixed address below 2 GB. Where the system randomizes addresses, the heap of a new program lies
+# over it about once in 15,000 starts, and Wine then says "Internal error" before the program has begun.
+wine=wine
+if setarch -R true 2>/dev/null; then wine="setarch -R wine"; fi
 
 make_prefix() {
-  wine wineboot --init
-  wine reg add 'HKCU\Software\Wine' /v Version /d "$version" /f
+  $wine wineboot --init
+  $wine reg add 'HKCU\Software\Wine' /v Version /d "$version" /f
   wineserver --wait
 }
 
@@ -40,4 +44,4 @@ if [ ! -d "$prefix" ]; then
   exec 9>&-
 fi
 export WINEPREFIX="$prefix"
-exec wine "$@"
+exec $wine "$@"
