@@ -1,18 +1,17 @@
 // Runs other programs.
 #include "host/processes.h"
 
-#include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <csignal>
 #include <mutex>
 #include <system_error>
 #include <thread>
-#include <vector>
 
 #include "host/posix/child.h"
 #include "host/posix/command_line.h"
 #include "host/posix/launcher.h"
+#include "host/running_children.h"
 
 namespace discwright::host {
 namespace {
@@ -54,44 +53,6 @@ class PosixProcess : public Process {
   std::shared_ptr<EndSignal> end_;
 };
 
-// The launched programs that may still run.
-class RunningChildren {
- public:
-  void Add(const std::shared_ptr<Child>& child) {
-    const std::lock_guard lock(mutex_);
-    std::erase_if(children_, [](const std::weak_ptr<Child>& known) { return known.expired(); });
-    children_.push_back(child);
-  }
-
-  void EndAll() {
-    std::vector<std::shared_ptr<Child>> ending = Signal(SIGTERM);
-    const auto is_gone = [](const std::shared_ptr<Child>& child) {
-      child->LookEnded();  // one that has ended but was not reaped yet would count as alive
-      return !child->GroupIsAlive();
-    };
-    const auto last_moment = std::chrono::steady_clock::now() + 2s;
-    while (std::erase_if(ending, is_gone), !ending.empty() && std::chrono::steady_clock::now() < last_moment) {
-      std::this_thread::sleep_for(20ms);
-    }
-    for (const auto& child : ending) child->SignalWhatIsLeft(SIGKILL);
-  }
-
- private:
-  // Signals every group whose program still runs, and returns these.
-  std::vector<std::shared_ptr<Child>> Signal(int signal) {
-    const std::lock_guard lock(mutex_);
-    std::vector<std::shared_ptr<Child>> signalled;
-    for (const std::weak_ptr<Child>& known : children_) {
-      const std::shared_ptr<Child> child = known.lock();
-      if (child != nullptr && child->SignalGroup(signal)) signalled.push_back(child);
-    }
-    return signalled;
-  }
-
-  std::mutex mutex_;
-  std::vector<std::weak_ptr<Child>> children_;
-};
-
 class PosixProgramRunner : public ProgramRunner {
  public:
   std::unique_ptr<Process> StartProcess(std::string_view command_line, int, int) override {
@@ -118,10 +79,21 @@ class PosixProgramRunner : public ProgramRunner {
     return MakeLauncher(std::move(wake), [running = running_](const auto& child) { running->Add(child); });
   }
 
-  void EndAll() override { running_->EndAll(); }
+  void EndAll() override {
+    auto ending = running_->EndEach([](Child& child) { return child.SignalGroup(SIGTERM); });
+    const auto is_gone = [](const std::shared_ptr<Child>& child) {
+      child->LookEnded();  // one that has ended but was not reaped yet would count as alive
+      return !child->GroupIsAlive();
+    };
+    const auto last_moment = std::chrono::steady_clock::now() + 2s;
+    while (std::erase_if(ending, is_gone), !ending.empty() && std::chrono::steady_clock::now() < last_moment) {
+      std::this_thread::sleep_for(20ms);
+    }
+    for (const auto& child : ending) child->SignalWhatIsLeft(SIGKILL);
+  }
 
  private:
-  std::shared_ptr<RunningChildren> running_ = std::make_shared<RunningChildren>();
+  std::shared_ptr<RunningChildren<Child>> running_ = std::make_shared<RunningChildren<Child>>();
 };
 
 }  // namespace

@@ -3,11 +3,7 @@
 
 #include <windows.h>
 
-#include <algorithm>
-#include <mutex>
-#include <vector>
-
-#include "host/threads.h"
+#include "host/running_children.h"
 #include "host/win32/ansi.h"
 #include "host/win32/launcher.h"
 
@@ -28,31 +24,6 @@ class WindowsProcess : public Process {
 
  private:
   OwnedHandle process_;
-};
-
-// The launched programs that may still run.
-class RunningChildren {
- public:
-  void Add(const std::shared_ptr<Child>& child) {
-    const std::lock_guard lock(mutex_);
-    std::erase_if(children_, [](const std::weak_ptr<Child>& known) { return known.expired(); });
-    children_.push_back(child);
-  }
-
-  void EndAll() {
-    constexpr DWORD kPatience = 2000;  // milliseconds; the system ends a program that still writes a little later
-    std::vector<std::shared_ptr<Child>> ending;
-    const std::lock_guard lock(mutex_);
-    for (const std::weak_ptr<Child>& known : children_) {
-      const std::shared_ptr<Child> child = known.lock();
-      if (child != nullptr && child->Terminate()) ending.push_back(child);
-    }
-    for (const auto& child : ending) child->WaitForEnd(kPatience);
-  }
-
- private:
-  Mutex mutex_;
-  std::vector<std::weak_ptr<Child>> children_;
 };
 
 class WindowsProgramRunner : public ProgramRunner {
@@ -78,10 +49,14 @@ class WindowsProgramRunner : public ProgramRunner {
     return MakeLauncher(std::move(wake), [running = running_](const auto& child) { running->Add(child); });
   }
 
-  void EndAll() override { running_->EndAll(); }
+  void EndAll() override {
+    constexpr DWORD kPatience = 2000;  // milliseconds; the system ends a program that still writes a little later
+    for (const auto& child : running_->EndEach([](Child& each) { return each.Terminate(); }))
+      child->WaitForEnd(kPatience);
+  }
 
  private:
-  std::shared_ptr<RunningChildren> running_ = std::make_shared<RunningChildren>();
+  std::shared_ptr<RunningChildren<Child>> running_ = std::make_shared<RunningChildren<Child>>();
 };
 
 }  // namespace
