@@ -27,26 +27,22 @@ class BootChain : public BuildTest {
     EXPECT_TRUE(pc.WaitForSerial(line)) << sector;
   }
 
+  void ExpectEachStartsItsOwn(Shown shown) {
+    discs.Insert(shown);
+    ASSERT_EQ(Build(discs.Choices()).exit_code, 0);
+    ExpectStarts("w2ksect.bin", "i386");
+    ExpectStarts("erdc.bin", "erdc");
+    ExpectStarts("oobc.bin", "oobc");
+  }
+
   ChosenDiscs discs{place / "discs"};
 };
 
 }  // namespace
 
-TEST_F(BootChain, EachBootSector_ReachesTheLoaderOfItsOwnFolder) {
-  discs.Insert(Shown::kUpperCase);
-  ASSERT_EQ(Build(discs.Choices()).exit_code, 0);
-  ExpectStarts("w2ksect.bin", "i386");
-  ExpectStarts("erdc.bin", "erdc");
-  ExpectStarts("oobc.bin", "oobc");
-}
+TEST_F(BootChain, EachBootSector_ReachesTheLoaderOfItsOwnFolder) { ExpectEachStartsItsOwn(Shown::kUpperCase); }
 
-TEST_F(BootChain, DiscsShownInLowerCase_StartAllTheSame) {
-  discs.Insert(Shown::kLowerCase);
-  ASSERT_EQ(Build(discs.Choices()).exit_code, 0);
-  ExpectStarts("w2ksect.bin", "i386");
-  ExpectStarts("erdc.bin", "erdc");
-  ExpectStarts("oobc.bin", "oobc");
-}
+TEST_F(BootChain, DiscsShownInLowerCase_StartAllTheSame) { ExpectEachStartsItsOwn(Shown::kLowerCase); }
 
 // Those of BlueCon stay as they are: meant, and told.
 TEST_F(BootChain, LoadersThatNameTheirFolderInUpperCaseOnly_ArePatchedForErdCommander) {
