@@ -32,6 +32,12 @@ std::optional<std::string> FindWine() {
   return std::nullopt;
 }
 
+// The path of a program that the user has put in quotes, as on Windows, where they go to the system with the line.
+std::string_view WithoutQuotes(std::string_view program) {
+  const bool is_quoted = program.size() >= 2 && program.front() == '"' && program.back() == '"';
+  return is_quoted ? program.substr(1, program.size() - 2) : program;
+}
+
 // A program at the start of a line. A quote cannot stand between quotes there; without them the line's reader finds
 // the end of the program by itself.
 std::string QuotedProgram(const std::string& path) { return path.find('"') == path.npos ? "\"" + path + "\"" : path; }
@@ -61,7 +67,7 @@ std::optional<std::string> WindowsProgramLine(std::string_view program, std::str
   const std::optional<std::string> wine = FindWine();
   if (!wine) return std::nullopt;
   std::string line = QuotedProgram(*wine);
-  line.append(" ").append(Quoted(RealPath(program)));
+  line.append(" ").append(Quoted(RealPath(WithoutQuotes(program))));
   return line.append(" ").append(Quoted(std::string(option).append(PathUnderWine(RealPath(path)))));
 }
 

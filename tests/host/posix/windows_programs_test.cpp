@@ -105,6 +105,14 @@ TEST_F(WindowsProgramLineTest, AwkwardPaths_ArriveExactlyThroughTheLauncher) {
   }
 }
 
+TEST_F(WindowsProgramLineTest, ProgramThatTheUserHasPutInQuotes_IsThatWithoutThem) {
+  AddWine();
+  folder_.Write("my job/Tool.exe", "");
+  const SearchPath path(folder_.Native("bin"));
+  EXPECT_EQ(WindowsProgramLine('"' + folder_.Core("my job\\tool.exe") + '"', "-s:", folder_.Core("my job")),
+            WindowsProgramLine(folder_.Core("my job\\tool.exe"), "-s:", folder_.Core("my job")));
+}
+
 TEST_F(WindowsProgramLineTest, OptionThatEndsInQuoteOrBackslash_IsOneArgumentWithItsPath) {
   AddWine();
   const SearchPath path(folder_.Native("bin"));
