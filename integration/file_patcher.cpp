@@ -177,7 +177,10 @@ bool CopyMatchingFiles(util::Notes& notes, const std::string& SourceSpec, const 
     if (verdict == util::Verdict::kSkip) continue;
     const host::Status status = host::CopyFileWithProgress(from + entry.name, to + util::NameInCopy(entry.name, names),
                                                            [](host::CopyEvent, std::int64_t) { return true; });
-    if (!notes.Check(status, from + entry.name, "could not be copied")) return false;
+    const bool is_last = &entry == &listing.entries.back();
+    const std::string what =
+        is_last ? "could not be copied" : "could not be copied, nor was any of " + pattern + " after it";
+    if (!notes.Check(status, from + entry.name, what)) return false;
   }
   return true;
 }

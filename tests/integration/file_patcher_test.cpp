@@ -265,7 +265,8 @@ TEST_F(CopyMatchingFilesTest, FirstFailure_EndsItSilentlyWithANote) {
   EXPECT_FALSE(Copy("D:\\win51*.*", "C:\\to\\WIN51*.*"));
   EXPECT_TRUE(host.Exists("C:\\to\\WIN51"));
   EXPECT_FALSE(host.Exists("C:\\to\\WIN51IP.SP2"));
-  EXPECT_THAT(notes.all(), SizeIs(1));
+  ASSERT_THAT(notes.all(), SizeIs(1));
+  EXPECT_EQ(notes.all()[0].cause, "could not be copied, nor was any of win51*.* after it: scratched");
   EXPECT_THAT(user.messages, IsEmpty());
 }
 
