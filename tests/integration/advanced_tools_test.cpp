@@ -78,6 +78,11 @@ TEST_F(AddAdvToolsTest, BothTools_StandSideBySideAndTheSecondOverwritesFilesOfTh
   ExpectNoTrouble();
 }
 
+TEST_F(AddAdvToolsTest, BootSectorIsCopiedBeforeTheTool) {
+  Add(false, true);
+  EXPECT_THAT(host.calls.at(0), HasSubstr("oobc.bin"));
+}
+
 TEST_F(AddAdvToolsTest, SourcesAndShippedSectors_StayAsTheyWere) {
   Add(true, true);
   EXPECT_EQ(host.Content("E:\\I386\\SETUPLDR.BIN"), "loader of i386 and I386");

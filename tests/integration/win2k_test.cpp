@@ -27,6 +27,7 @@ class AddWin2KTest : public testing::StepFixture {
     host.AddFile("D:\\WIN51", "");
     host.AddFile("D:\\WIN51IP", "tag");
     host.AddFile("D:\\CDROM_IP.5", "2000");
+    host.AddFile("D:\\CDROMSP4.TST", "service pack");
     host.AddFile("D:\\README.HTM", "not needed");
     host.AddFile(kServicePack, "installer");
     host.AddFile("C:\\Discwright\\files\\inf_files\\win2k_template.inf", "[Data]\r\nAutoPartition=0\r\n");
@@ -53,6 +54,7 @@ TEST_F(AddWin2KTest, SetupFilesTagFilesAndBootSector_ComeToTheCd) {
   EXPECT_EQ(OnCd("WIN51"), "");
   EXPECT_EQ(OnCd("WIN51IP"), "tag");
   EXPECT_EQ(OnCd("CDROM_IP.5"), "2000");
+  EXPECT_EQ(OnCd("CDROMSP4.TST"), "service pack");
   EXPECT_EQ(OnCd("README.HTM"), "<missing>");
   EXPECT_EQ(OnCd("boot\\images\\w2ksect.bin"), "sector of I386");
   EXPECT_THAT(captions, ElementsAre("Copying Windows 2000/XP Files"));
@@ -116,6 +118,34 @@ TEST_F(AddWin2KTest, ServicePack_GetsTheShortFormOfTheTreeAndIsWaitedFor) {
   EXPECT_THAT(captions, ElementsAre("Copying Windows 2000/XP Files", "Slipstreaming Windows 2000/XP Service Pack",
                                     "Removing Extra Languages files"));
   ExpectNoTrouble();
+}
+
+TEST_F(AddWin2KTest, ServicePack_ComesAfterTheTagFilesAndBeforeTheAnswers) {
+  service_pack = kServicePack;
+  GiveAnswers();
+  programs.run = [](const std::string&) {
+    return testing::FakeRun{{},
+                            [] {
+                              testing::FakeHost& disk = testing::FakeHost::Current();
+                              EXPECT_TRUE(disk.Exists("C:\\Discwright\\vexacd\\CDROM_IP.5"));
+                              EXPECT_FALSE(disk.Exists("C:\\Discwright\\vexacd\\I386\\WINNT.SIF"));
+                              disk.AddFile("C:\\Discwright\\vexacd\\I386\\WINNT.SIF", "of the service pack");
+                            },
+                            {}};
+  };
+  Add();
+  EXPECT_THAT(programs.started, SizeIs(1));
+  EXPECT_THAT(OnCd("I386\\WINNT.SIF"), HasSubstr("FullName=Ann"));
+}
+
+TEST_F(AddWin2KTest, ServicePackThatCannotBeStarted_CancelsTheBuildAndIsNotWaitedFor) {
+  service_pack = kServicePack;
+  programs.start_status = host::Status::Failure(host::ErrorClass::kOther, "no program");
+  Add();
+  ASSERT_THAT(user.messages, SizeIs(1));
+  EXPECT_EQ(user.messages[0].title, "Critical Error");
+  EXPECT_EQ(cancelled, 1);
+  EXPECT_THAT(Notes(), HasSubstr("no program"));
 }
 
 TEST_F(AddWin2KTest, TreeWithoutShortForm_IsGivenInFull) {
@@ -196,6 +226,21 @@ TEST_F(AddWin2KTest, Answers_GoThroughTheKeyFileIntoWinntSif) {
   EXPECT_THAT(host.Content("C:\\Discwright\\keyfile.txt"), HasSubstr("Ann"));
   EXPECT_THAT(OnCd("I386\\WINNT.SIF"), HasSubstr("FullName=Ann"));
   EXPECT_THAT(OnCd("I386\\WINNT.SIF"), HasSubstr("AutoPartition=0"));
+  ExpectNoTrouble();
+}
+
+TEST_F(AddWin2KTest, AnswersOfBothFamilies_ComeToTheKeyFile) {
+  GiveAnswers();
+  settings::INIFile("C:\\Discwright\\keyfile2.txt").SetINIKey("Win9xInfo", "OwnerName", "Bob");
+  Add();
+  EXPECT_EQ(settings::INIFile("C:\\Discwright\\keyfile.txt").GetINIKey("Win9xInfo", "OwnerName"), "Bob");
+}
+
+TEST_F(AddWin2KTest, AnswersOfAnEarlierBuildAndNoneSince_AreWrittenAgain) {
+  answers = true;
+  settings::INIFile("C:\\Discwright\\keyfile.txt").SetINIKey("Win2KInfo", "OwnerName", "Ann");
+  Add();
+  EXPECT_THAT(OnCd("I386\\WINNT.SIF"), HasSubstr("FullName=Ann"));
   ExpectNoTrouble();
 }
 

@@ -83,6 +83,23 @@ TEST_F(AddWin9xTest, Answers_AreMadeFromTheMeTemplateAlthough98IsChosen) {
   ExpectNoTrouble();
 }
 
+TEST_F(AddWin9xTest, AnswersOfBothFamilies_ComeToTheKeyFile) {
+  GiveAnswers();
+  settings::INIFile("C:\\Discwright\\keyfile2.txt").SetINIKey("Win2KInfo", "OwnerName", "Bob");
+  Add(true);
+  EXPECT_EQ(settings::INIFile("C:\\Discwright\\keyfile.txt").GetINIKey("Win2KInfo", "OwnerName"), "Bob");
+}
+
+TEST_F(AddWin9xTest, AnswersOfAnEarlierBuildAndNoneSince_AreWrittenAgain) {
+  const settings::INIFile of_earlier("C:\\Discwright\\keyfile.txt");
+  of_earlier.SetINIKey("Win9xInfo", "OwnerName", "Ann");
+  of_earlier.SetINIKey("Win9xInfo", "OptimizedFor", "Microsoft Windows 98");
+  Add(true);
+  EXPECT_THAT(OnCd("WINSETUP\\MSBATCH.INF"), HasSubstr("Name=Ann"));
+  EXPECT_THAT(OnCd("WINSETUP\\MSBATCH.INF"), HasSubstr("Template=98"));
+  ExpectNoTrouble();
+}
+
 TEST_F(AddWin9xTest, NoAnswersGivenYet_WritesNoAnswerFileAndIsNoted) {
   Add(true);
   EXPECT_EQ(OnCd("WINSETUP\\MSBATCH.INF"), "<missing>");
