@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <array>
+
 #include "host/files.h"
 #include "host/ini_text.h"
 #include "host/system.h"
@@ -26,10 +28,18 @@ struct NativeKey {
   std::string key;
 };
 
+// The full path. The calls look for a name without a folder in that of Windows.
+std::string PlaceOf(std::string_view file) {
+  std::array<char, MAX_PATH> windows{};
+  const bool is_bare = !file.empty() && NameOf(file) == file;
+  const UINT length = is_bare ? GetWindowsDirectoryA(windows.data(), static_cast<UINT>(windows.size())) : 0;
+  if (length == 0 || length >= windows.size()) return PathFromNative(file);
+  return InFolder(Utf8OfAnsi({windows.data(), length}), file);
+}
+
 // Nothing when the ANSI code page cannot hold one of them.
 std::optional<NativeKey> ToNative(std::string_view file, std::string_view section, std::string_view key) {
-  // The full path: a bare name would be looked for in the folder of Windows.
-  const std::optional<std::string> native_file = NativePath(PathFromNative(file));
+  const std::optional<std::string> native_file = NativePath(file);
   const std::optional<std::string> native_section = AnsiOfUtf8(section);
   const std::optional<std::string> native_key = AnsiOfUtf8(key);
   if (!native_file || !native_section || !native_key) return std::nullopt;
@@ -41,7 +51,9 @@ void DropKeptProfile(const std::string& file) { WritePrivateProfileStringA(nullp
 
 }  // namespace
 
-std::optional<std::string> ReadProfileValue(std::string_view file, std::string_view section, std::string_view key) {
+std::optional<std::string> ReadProfileValue(std::string_view file_name, std::string_view section,
+                                            std::string_view key) {
+  const std::string file = PlaceOf(file_name);
   std::string bytes;
   if (!ReadWholeFile(file, bytes).ok()) return std::nullopt;
   const std::optional<NativeKey> native = ToNative(file, section, key);
@@ -53,8 +65,9 @@ std::optional<std::string> ReadProfileValue(std::string_view file, std::string_v
   return value == kNoValue ? std::nullopt : std::optional(Utf8OfAnsi(value));
 }
 
-Status WriteProfileValue(std::string_view file, std::string_view section, std::string_view key,
+Status WriteProfileValue(std::string_view file_name, std::string_view section, std::string_view key,
                          std::string_view value) {
+  const std::string file = PlaceOf(file_name);
   std::string bytes;
   Status status = ReadWholeFile(file, bytes);
   if (!status.ok() && status.error != ErrorClass::kNotFound) return status;

@@ -2,6 +2,9 @@
 #include "host/profile.h"
 
 #include <gtest/gtest.h>
+#include <windows.h>
+
+#include <array>
 
 #include "tests/host/temp_folder.h"
 
@@ -112,13 +115,36 @@ TEST_F(Profile, ValueWhoseBytesCouldBeUtf8_ComesBackAsItIs) {
   EXPECT_EQ(Read("a", "k"), "Ã¤");
 }
 
-TEST_F(Profile, BareFileName_IsInTheCurrentFolderAndNotInThatOfWindows) {
+// A file in the folder of Windows, as long as it lives.
+class FileOfWindows {
+ public:
+  FileOfWindows() {
+    std::array<char, MAX_PATH> folder{};
+    GetWindowsDirectoryA(folder.data(), static_cast<UINT>(folder.size()));
+    file_ = std::filesystem::path(folder.data()) / "discwright_test.ini";
+    std::filesystem::remove(file_);
+  }
+  ~FileOfWindows() { std::filesystem::remove(file_); }
+  FileOfWindows(const FileOfWindows&) = delete;
+  FileOfWindows& operator=(const FileOfWindows&) = delete;
+  const std::filesystem::path& path() const { return file_; }
+
+ private:
+  std::filesystem::path file_;
+};
+
+TEST_F(Profile, BareFileName_IsInTheFolderOfWindowsAndNotInTheCurrentOne) {
+  const FileOfWindows of_windows;
+  const std::string name = of_windows.path().filename().string();
+  folder_.Write(name, "[a]\r\nk=not this one\r\n");
   const std::string old_folder = CurrentFolder();
   std::filesystem::current_path(testing::PathOf(folder_.native()));
-  WriteProfileValue("test.ini", "a", "k", "1");
-  EXPECT_EQ(ReadProfileValue("test.ini", "a", "k"), "1");
+  EXPECT_EQ(ReadProfileValue(name, "a", "k"), std::nullopt);
+  EXPECT_TRUE(WriteProfileValue(name, "a", "k", "1").ok());
+  EXPECT_EQ(ReadProfileValue(name, "a", "k"), "1");
   std::filesystem::current_path(testing::PathOf(old_folder));
-  EXPECT_EQ(Content(), "[a]\r\nk=1\r\n");
+  EXPECT_TRUE(std::filesystem::exists(of_windows.path()));
+  EXPECT_EQ(folder_.Read(name), "[a]\r\nk=not this one\r\n");
 }
 
 }  // namespace
