@@ -285,6 +285,16 @@ TEST_F(CopyMatchingFilesTest, FolderThatMatches_IsAFailure) {
   EXPECT_THAT(notes.all(), SizeIs(1));
 }
 
+TEST_F(CopyMatchingFilesTest, LinkThatLoops_EndsItAndADeviceDoesNot) {
+  host.AddSpecial("D:\\WIN51A");
+  host.AddLink("D:\\WIN51IP.SP1", "D:\\", true);
+  EXPECT_FALSE(Copy("D:\\win51*.*", "C:\\to\\WIN51*.*"));
+  EXPECT_EQ(host.Content("C:\\to\\WIN51IP"), "2");
+  EXPECT_FALSE(host.Exists("C:\\to\\WIN51A"));
+  EXPECT_FALSE(host.Exists("C:\\to\\WIN51IP.SP2"));
+  EXPECT_THAT(notes.all(), SizeIs(2));
+}
+
 TEST_F(CopyMatchingFilesTest, SystemThatShowsLowerCase_StoresUpperCaseWhenAsked) {
   host.shows_disc_names_in_lower_case = true;
   host.AddFile("E:\\win51ip.sp1", "x");

@@ -97,11 +97,13 @@ TEST_F(AddWin2KTest, NamesShownInLowerCase_AreStoredInUpperCase) {
   host.AddFile("F:\\i386\\setupldr.bin", "loader");
   host.AddFile("F:\\i386\\Mixed.txt", "mixed");
   host.AddFile("F:\\win51ip.sp2", "tag");
+  host.AddFile("F:\\cdrom_ip.5", "tag");
   source = "F:\\i386";
   Add();
   EXPECT_EQ(host.RealName("C:\\Discwright\\vexacd\\I386\\setupldr.bin"), "SETUPLDR.BIN");
   EXPECT_EQ(host.RealName("C:\\Discwright\\vexacd\\I386\\mixed.txt"), "Mixed.txt");
   EXPECT_EQ(host.RealName("C:\\Discwright\\vexacd\\win51ip.sp2"), "WIN51IP.SP2");
+  EXPECT_EQ(host.RealName("C:\\Discwright\\vexacd\\cdrom_ip.5"), "CDROM_IP.5");
 }
 
 TEST_F(AddWin2KTest, ServicePack_GetsTheShortFormOfTheTreeAndIsWaitedFor) {
