@@ -15,15 +15,19 @@ void FillKeyFile(util::Notes& notes, bool AddInfo_toWin9xSetup, bool AddInfo_toW
   const INIFile source(host::ProgramFolder() + kWorkingKeyFile);
   if (!util::FileExists(source.FileName)) return;
   if (!notes.Check(source.Readable(), source.FileName, "could not be read")) return;
+  // A long path of the template is told by whoever looks for it, because the program's own is none to miss.
+  const auto value = [&](const char* section, const std::string& key) {
+    return key == kTemplateKey ? source.GetINIKey(section, key) : source.GetINIKey(notes, section, key);
+  };
   const auto copy = [&](const char* section, std::initializer_list<const char*> keys) {
     for (const std::string key : keys) {
-      const host::Status written = target.SetINIKey(section, key, source.GetINIKey(notes, section, key));
+      const host::Status written = target.SetINIKey(section, key, value(section, key));
       notes.Check(written, target.FileName, key + " could not be written");
     }
   };
   if (AddInfo_toWin9xSetup) copy(kWin9xSection, {"OwnerName", "Organization", "ComputerName", "Workgroup"});
   if (AddInfo_toWin2KSetup) {
-    copy(kWin2KSection, {"TemplateFile", "OwnerName", "Organization", "ComputerName", "Workgroup", "JoinDomain"});
+    copy(kWin2KSection, {kTemplateKey, "OwnerName", "Organization", "ComputerName", "Workgroup", "JoinDomain"});
   }
 }
 

@@ -10,9 +10,11 @@ inline constexpr const char* kBuildKeyFile = "\\keyfile.txt";
 
 inline constexpr const char* kWin9xSection = "Win9xInfo";  // in both files
 inline constexpr const char* kWin2KSection = "Win2KInfo";
+inline constexpr const char* kTemplateKey = "TemplateFile";  // in the second section: the user's script
 
 // Copies the chosen sections from the working store to the build copy; nothing without a working store. Values that are
-// cut at 99 characters or could not be written are noted. OptimizedFor is not copied: that is meant.
+// cut at 99 characters, apart from the path of the template, or could not be written are noted. OptimizedFor is not
+// copied: that is meant.
 void FillKeyFile(util::Notes& notes, bool AddInfo_toWin9xSetup, bool AddInfo_toWin2KSetup);
 
 }  // namespace discwright::settings

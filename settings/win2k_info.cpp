@@ -16,7 +16,6 @@ namespace discwright::settings {
 namespace {
 
 constexpr const char* kTemplate = "\\files\\inf_files\\win2k_template.inf";  // below the program folder
-constexpr const char* kTemplateKey = "TemplateFile";
 constexpr const char* kJoinDomainKey = "JoinDomain";
 
 struct Field {
@@ -48,10 +47,16 @@ void ChooseDomain(forms::FrmWin2KInfo& dialog, bool domain) {
 }
 
 std::string TemplateFor(util::Notes& notes, const INIFile& key_file) {
-  std::string script = util::StripQuotes(key_file.GetINIKey(notes, kWin2KSection, kTemplateKey));
+  const std::string own = host::ProgramFolder() + kTemplate;
+  std::string script = util::StripQuotes(key_file.GetINIKey(kWin2KSection, kTemplateKey));
   if (util::FileExists(script)) return script;
-  if (!script.empty()) notes.Add(script, "could not be opened; the answer file is made of the program's own template");
-  return host::ProgramFolder() + kTemplate;
+  // Where the program folder's path is long, the key files hold only the start of the template's.
+  if (!own.starts_with(script)) {
+    notes.Add(script,
+              "could not be opened (the program keeps 99 characters of a path); the answer file is made of the "
+              "program's own template");
+  }
+  return own;
 }
 
 }  // namespace

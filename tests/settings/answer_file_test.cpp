@@ -121,6 +121,14 @@ TEST_F(AnswerFileTest, TemplateOfTheUserThatIsGone_FallsBackToTheProgramsAndIsNo
   EXPECT_EQ(notes.all()[0].place, kMine);
 }
 
+TEST_F(AnswerFileTest, TemplateOfAProgramFolderWithALongPath_IsNotMissed) {
+  host.program_folder = "C:\\" + std::string(120, 'x');
+  const std::string own = host.program_folder + "\\files\\inf_files\\win2k_template.inf";
+  host.AddFile(own, "[Mine]\r\nx=1\r\n");
+  EXPECT_THAT(Unattend("[Win2KInfo]\r\nTemplateFile=" + own + "\r\n"), HasSubstr("[Mine]\r\nx=1\r\n"));
+  EXPECT_THAT(notes.all(), IsEmpty());
+}
+
 TEST_F(AnswerFileTest, TemplateThatIsTheOldAnswerFile_IsGoneWhenItIsLookedFor) {
   host.AddFile(kUnattend, "[Mine]\r\nx=1\r\n");
   EXPECT_THAT(Unattend("[Win2KInfo]\r\nTemplateFile=" + kUnattend + "\r\n"), HasSubstr("UnattendMode=ProvideDefault"));

@@ -115,6 +115,14 @@ TEST_F(FillKeyFileTest, ValueLongerThan99Characters_ArrivesCutAndIsNoted) {
   EXPECT_THAT(notes.all()[0].cause, HasSubstr("OwnerName"));
 }
 
+// Whoever looks for the template tells what came of it.
+TEST_F(FillKeyFileTest, TemplateWithALongPath_ArrivesCutAndIsNotNoted) {
+  host.AddFile(kWorking, "[Win2KInfo]\r\nTemplateFile=" + std::string(120, 'x') + "\r\n");
+  FillKeyFile(notes, false, true);
+  EXPECT_NE(host.Content(kBuild).find("TemplateFile=" + std::string(99, 'x') + "\r\n"), std::string::npos);
+  EXPECT_THAT(notes.all(), IsEmpty());
+}
+
 TEST_F(FillKeyFileTest, MissingKeys_EmptyThoseOfTheBuildCopy) {
   host.AddFile(kWorking, "");
   host.AddFile(kBuild, kWin9xCopied);
