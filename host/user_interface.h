@@ -13,6 +13,7 @@ struct MessageBox {
   std::string title;
   MessageIcon icon = MessageIcon::kCritical;
   bool system_modal = false;
+  std::string place = {};  // the field that it is about and what stands there, for where no page shows them
 };
 
 struct FileRequest {

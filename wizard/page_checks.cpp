@@ -96,8 +96,15 @@ constexpr LocationCheck kLocationChecks[] = {
      "ISO File destination is not correct, check again"},
 };
 
-void ShowError(util::Context& context, const std::string& message, MessageIcon icon) {
-  context.user.ShowMessage({message, "Error", icon});
+void ShowError(util::Context& context, const std::string& message, MessageIcon icon, const std::string& place = "") {
+  context.user.ShowMessage({message, "Error", icon, false, place});
+}
+
+// The control and where its text leads.
+std::string Place(const FrmDiscwright& main, const LocationCheck& check) {
+  const forms::TextBox& box = main.*check.location;
+  const std::string& text = box.text;
+  return box.name() + ": " + (text.empty() ? "empty" : host::PathToNative(text));
 }
 
 bool Applies(const FrmDiscwright& main, const LocationCheck& check) {
@@ -132,7 +139,7 @@ bool SurvivesTheBuild(util::Context& context, const LocationCheck& check) {
   ShowError(context,
             "The selected location is in " + host::PathToNative(folder) +
                 ", which every build empties !\r\nSelect a location outside of it",
-            MessageIcon::kCritical);
+            MessageIcon::kCritical, Place(context.main(), check));
   return false;
 }
 
@@ -152,7 +159,7 @@ bool PageIsValid(util::Context& context, int page) {
   for (const LocationCheck& check : kLocationChecks) {
     if (check.page != page) continue;
     if (!Passes(context.main(), check)) {
-      ShowError(context, check.message, check.icon);
+      ShowError(context, check.message, check.icon, Place(context.main(), check));
       valid = false;
     } else if (!SurvivesTheBuild(context, check)) {
       valid = false;

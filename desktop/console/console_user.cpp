@@ -5,7 +5,10 @@
 
 namespace discwright::desktop {
 
-void ConsoleUser::ShowMessage(const host::MessageBox& box) { terminal_.PrintLine(box.title + ": " + box.text); }
+void ConsoleUser::ShowMessage(const host::MessageBox& box) {
+  terminal_.PrintLine(box.title + ": " + box.text);
+  if (!box.place.empty()) terminal_.PrintLine("(" + box.place + ")");
+}
 
 void ConsoleUser::DoEvents(int wait_milliseconds) {
   if (wait_milliseconds > 0) host::WaitForWakeUp(wait_milliseconds);

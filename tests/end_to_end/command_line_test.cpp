@@ -121,16 +121,19 @@ TEST_F(CommandLine, PasswordFileWithoutAPassword_IsWrongUsage) {
 
 TEST_F(CommandLine, MissingUtilitiesFolder_IsRefusedByItsPage) {
   const std::string told = Refused(Utilities(place / "missing"), 3);
-  EXPECT_THAT(told, HasSubstr("Error: The Vexa Utilities folder doesn't exist !\nSelect a valid Directory\n"));
+  EXPECT_THAT(told,
+              HasSubstr("Error: The Vexa Utilities folder doesn't exist !\nSelect a valid Directory\n(TxtUtils_Loc: " +
+                        (place / "missing").string() + ")\n"));
   EXPECT_THAT(told, EndsWith("The page \"Vexa Utilities / Additional Files\" did not accept its choices.\n"));
 }
 
 TEST_F(CommandLine, MissingImageFolder_IsRefusedByItsPage) {
   const Outcome outcome = program.Build(Output(place / "missing" / "rescue.iso"));
   EXPECT_EQ(outcome.exit_code, 3);
-  EXPECT_EQ(outcome.err,
-            "Error: ISO File destination is not correct, check again\n"
-            "The page \"Specify ISO File Options\" did not accept its choices.\n");
+  EXPECT_EQ(outcome.err, "Error: ISO File destination is not correct, check again\n(TxtISOLoc: " +
+                             (place / "missing" / "rescue.iso").string() +
+                             ")\n"
+                             "The page \"Specify ISO File Options\" did not accept its choices.\n");
   EXPECT_FALSE(fs::exists(place / "missing"));
   EXPECT_FALSE(fs::exists(program / "vexacd"));
 }

@@ -70,6 +70,7 @@ TEST_F(PageChecksTest, NoWin2KSource_Stays) {
   EXPECT_EQ(user.messages[0].icon, MessageIcon::kCritical);
   EXPECT_THAT(VisiblePages(), ElementsAre(2));
   EXPECT_EQ(main.Txt_i386_Loc.text.get(), "S:\\WIN98");
+  EXPECT_EQ(user.messages[0].place, "Txt_i386_Loc: S:\\WIN98");
 }
 
 TEST_F(PageChecksTest, NoServicePackFile_Stays) {
@@ -90,6 +91,7 @@ TEST_F(PageChecksTest, NeitherWin2KSourceNorServicePack_GivesTwoMessagesAndStays
   main.TxtSP_exe.text = "";
   EXPECT_EQ(NextFrom(2), 2);
   EXPECT_THAT(Messages(), ElementsAre(kNoWin2K, kNoServicePack));
+  EXPECT_EQ(user.messages[1].place, "TxtSP_exe: empty");
 }
 
 TEST_F(PageChecksTest, Win2KNoLongerChosen_LeavesItsPageUnchecked) {
@@ -175,6 +177,7 @@ TEST_F(PageChecksTest, ImageInTheFolderThatEveryBuildEmpties_IsRefused) {
   main.TxtISOLoc.text = "C:\\Discwright\\vexacd\\rescue.iso";
   EXPECT_EQ(NextFrom(7), 7);
   EXPECT_THAT(Messages(), ElementsAre(::testing::HasSubstr("which every build empties")));
+  EXPECT_THAT(user.messages[0].place, ::testing::StartsWith("Txt"));
 }
 
 TEST_F(PageChecksTest, FoldersBesideThem_Pass) {
