@@ -27,6 +27,8 @@ bool IsUtf8File(std::string_view bytes) {
   return bytes.starts_with(kByteOrderMark) || (!std::ranges::all_of(bytes, is_ascii) && IsValidUtf8(bytes));
 }
 
+bool IsUtf16File(std::string_view bytes) { return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF"); }
+
 std::string DecodeText(std::string_view bytes) {
   if (!IsUtf8File(bytes)) return TextOfCodePage(bytes);
   if (bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());

@@ -14,6 +14,9 @@ std::string EncodeText(std::string_view text);
 bool IsUtf8File(std::string_view bytes);
 std::string DecodeText(std::string_view bytes);
 
+// Text of two bytes per character, by its byte order mark; nothing here reads it.
+bool IsUtf16File(std::string_view bytes);
+
 // The start of a UTF-8 text, `count` characters long or shorter; a byte that is no part of valid UTF-8 counts as one.
 std::string_view FirstCharacters(std::string_view text, std::size_t count);
 

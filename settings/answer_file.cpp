@@ -51,7 +51,7 @@ std::string WithCrLf(std::string_view text) {
 bool ReadTemplate(util::Notes& notes, const std::string& file, std::string& text) {
   std::string bytes;
   if (!notes.Check(host::ReadWholeFile(file, bytes), file, "could not be read")) return false;
-  if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) {
+  if (host::IsUtf16File(bytes)) {
     notes.Add(file, "is Unicode text of two bytes per character; please save it as plain text");
     return false;
   }

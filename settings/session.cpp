@@ -6,6 +6,7 @@
 
 #include "host/files.h"
 #include "host/ini_text.h"
+#include "host/profile.h"
 #include "host/system.h"
 #include "host/text_encoding.h"
 #include "settings/ini_file.h"
@@ -78,6 +79,13 @@ void ReadVexaCDINI(util::Context& context, const std::string& file_name) {
   }
   if (main.TxtSP_exe.text.get().empty()) main.ChkSlipstream.value = 0;
   FillSetupDataToKeyFile(context.windows.win9x_info);
+}
+
+bool HoldsChoices(const std::string& file_name) {
+  const std::vector<SessionKey> keys = SessionKeys();
+  return std::any_of(keys.begin(), keys.end(), [&](const SessionKey& key) {
+    return host::ReadProfileValue(file_name, key.section, key.key).has_value();
+  });
 }
 
 void WriteVexaCDINI(util::Context& context) {

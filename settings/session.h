@@ -14,6 +14,9 @@ std::string SessionFile();
 // refreshes "keyfile2.txt". Values that were cut at 99 characters are noted.
 void ReadVexaCDINI(util::Context& context, const std::string& file_name);
 
+// Whether a file holds any of a session's choices: one in UTF-16, for one, is read as if it held none.
+bool HoldsChoices(const std::string& file_name);
+
 // Rewrites the session file from the controls as a whole, loading dialogs that are not loaded yet; a failure is noted
 // and leaves the old file as it was.
 void WriteVexaCDINI(util::Context& context);

@@ -46,6 +46,10 @@ bool ReadPassword(const std::string& file, std::string& password, std::string& c
     cause = status.cause;
     return false;
   }
+  if (host::IsUtf16File(content)) {
+    cause = "is Unicode text of two bytes per character; please save it as plain text";
+    return false;
+  }
   password = host::DecodeText(content.substr(0, content.find_first_of("\r\n")));
   if (password.empty()) cause = "its first line is empty, and a password is needed";
   return !password.empty();
@@ -186,6 +190,10 @@ int RunBuild(util::Context& context, Terminal& terminal, const Options& options)
   const std::string session = options.session.empty() ? settings::SessionFile() : host::PathFromNative(options.session);
   if (!options.session.empty() && !host::CanRead(session)) {
     return UsageError(terminal, options.session + ": there is no such session file, or it cannot be read");
+  }
+  if (host::CanRead(session) && !settings::HoldsChoices(session)) {
+    return UsageError(terminal, host::PathToNative(session) +
+                                    ": no choice of a session can be read from it; please save it as plain text");
   }
   if (const std::string problem = pipeline::WhyNotBuiltHere(); !problem.empty()) {
     terminal.PrintLine(problem);

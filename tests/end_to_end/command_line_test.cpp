@@ -23,6 +23,12 @@ class CommandLine : public BuildTest {
     return outcome.err;
   }
 
+  static std::string InUtf16(const std::string& ascii) {
+    std::string bytes = "\xFF\xFE";
+    for (const char letter : ascii) bytes.append({letter, '\0'});
+    return bytes;
+  }
+
   std::string SessionText(const fs::path& utilities) const {
     return "[Main]\r\nBootDisks = 1\r\nISOLocation = \"" + image.string() +
            "\"\r\nCleanSession = 1\r\n[Locations]\r\nVexaUtils = \"1\"\r\nVexaUtils_Dir = \"" + utilities.string() +
@@ -104,6 +110,21 @@ TEST_F(CommandLine, PasswordAmongTheArguments_IsWrongUsageAndNotRepeated) {
 TEST_F(CommandLine, MissingSessionFile_IsWrongUsage) {
   const std::string session = (place / "no such session.ini").string();
   EXPECT_THAT(Refused({"--session", session}, 2), HasSubstr(session + ": there is no such session file"));
+}
+
+// Read as it is, it would make a CD without anything that was chosen.
+TEST_F(CommandLine, FileThatHoldsNoSession_IsWrongUsage) {
+  for (const fs::path& file : {place / "notes.txt", program / "vexacd.ini"}) {
+    WriteFile(file, InUtf16(SessionText(place / "tools")));
+    EXPECT_THAT(Refused({"--session", file.string()}, 2), HasSubstr(file.string() + ": no choice of a session"));
+  }
+  EXPECT_THAT(Refused({}, 2), HasSubstr((program / "vexacd.ini").string() + ": no choice of a session"));
+}
+
+TEST_F(CommandLine, PasswordFileInUtf16_IsWrongUsage) {
+  const fs::path file = place / "password";
+  WriteFile(file, InUtf16("top-secret\r\n"));
+  EXPECT_THAT(Refused({"--password-file", file.string()}, 2), HasSubstr(file.string() + ": is Unicode text of two"));
 }
 
 TEST_F(CommandLine, MissingPasswordFile_IsWrongUsage) {

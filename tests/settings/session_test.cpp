@@ -321,6 +321,17 @@ TEST_F(SessionTest, ReadOfAnotherFile_TakesThatFile) {
   EXPECT_FALSE(host.Exists(kFile));
 }
 
+TEST_F(SessionTest, ChoicesOfAFile_AreThereWhenAnyOfItsKeysCanBeRead) {
+  const std::string utf16("\xFF\xFE[\0M\0a\0i\0n\0]\0\r\0\n\0B\0o\0o\0t\0D\0i\0s\0k\0s\0=\0\x31\0", 38);
+  for (const std::string& text : {utf16, std::string(), std::string("[Main]\r\n"), std::string("BootDisks=1\r\n")}) {
+    host.AddFile("D:\\other.ini", text);
+    EXPECT_FALSE(HoldsChoices("D:\\other.ini")) << text;
+  }
+  host.AddFile("D:\\other.ini", "[AdvTools]\nERDCmdr_Dir=\n");
+  EXPECT_TRUE(HoldsChoices("D:\\other.ini"));
+  EXPECT_FALSE(HoldsChoices("D:\\missing.ini"));
+}
+
 TEST_F(SessionTest, Read_LoadsBothDialogsHiddenBeforeTheFilesValuesReplaceTheirs) {
   host.AddFile("C:\\Discwright\\files\\inf_files\\win2k_template.inf", "[UserData]\r\nFullName=of the template\r\n");
   Read("[Win2K_Info]\r\nOwnerName=of the session\r\nTemplateFile=D:\\gone.txt\r\n");
