@@ -1,6 +1,7 @@
 // Facts about the machine and the running program that the core asks its host for.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +12,10 @@ namespace discwright::host {
 std::string ProgramFolder();
 
 std::string CurrentFolder();
+
+// The sole use of a folder that is there, until what is returned goes or the program ends; null while another holder
+// of the machine has it. Leaves nothing in the folder.
+std::shared_ptr<void> ClaimFolder(std::string_view folder);
 
 // 1 = Windows 95/98/Me, 2 = the NT family and every other system.
 int PlatformId();

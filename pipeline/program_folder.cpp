@@ -6,14 +6,26 @@
 
 namespace discwright::pipeline {
 
-std::string WhyNotBuiltHere() {
+namespace {
+
+// Two builds in one workspace would make CDs of what both put there.
+std::string WhyNotClaimed(const std::string& folder, std::shared_ptr<void>& claim) {
+  claim = host::ClaimFolder(folder);
+  if (claim != nullptr) return "";
+  return "Another build is under way in the program folder " + host::PathToNative(folder) +
+         ".\nWait for its end, or copy the program to another folder and start it there.";
+}
+
+}  // namespace
+
+std::string WhyNotBuiltHere(std::shared_ptr<void>& claim) {
   const std::string folder = host::ProgramFolder();
   const std::string attempt = folder + "\\discwright.tmp";
   host::Status status;
   const bool is_made = host::OpenBinary(attempt, host::OpenMode::kCreateEmpty, status) != nullptr;
   if (is_made) host::RemoveFile(attempt);
   // Any other failure, a full disk for one, is told by the step that meets it: another folder would not help.
-  if (status.error != host::ErrorClass::kAccessDenied) return "";
+  if (status.error != host::ErrorClass::kAccessDenied) return WhyNotClaimed(folder, claim);
   return "The program folder " + host::PathToNative(folder) + " cannot be written to: " + status.cause +
          ".\nCopy the program to a folder of your own and start it there.";
 }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <memory>
 #include <string>
 
 #include "host/console.h"
@@ -195,7 +196,8 @@ int RunBuild(util::Context& context, Terminal& terminal, const Options& options)
     return UsageError(terminal, host::PathToNative(session) +
                                     ": no choice of a session can be read from it; please save it as plain text");
   }
-  if (const std::string problem = pipeline::WhyNotBuiltHere(); !problem.empty()) {
+  std::shared_ptr<void> claim;
+  if (const std::string problem = pipeline::WhyNotBuiltHere(claim); !problem.empty()) {
     terminal.PrintLine(problem);
     return kExitFailed;
   }

@@ -1,10 +1,13 @@
 // Facts about the machine and the running program.
 #include "host/system.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 #include <climits>
 
 #include <array>
+#include <cerrno>
 #include <ctime>
 #include <fstream>
 #include <sstream>
@@ -12,6 +15,7 @@
 #include "host/posix/case_lookup.h"
 #include "host/posix/mounts.h"
 #include "host/posix/native_path.h"
+#include "host/posix/unique_fd.h"
 
 namespace discwright::host {
 
@@ -23,6 +27,13 @@ std::string ProgramFolder() {
 }
 
 std::string CurrentFolder() { return PathFromNative("."); }
+
+std::shared_ptr<void> ClaimFolder(std::string_view folder) {
+  const auto claim = std::make_shared<UniqueFd>(open(NativePath(folder).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  // A file system that knows no locks keeps nobody out.
+  if (flock(claim->get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return nullptr;
+  return claim;
+}
 
 int PlatformId() { return 2; }
 

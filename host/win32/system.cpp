@@ -3,11 +3,13 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
 
 #include "host/win32/ansi.h"
 #include "host/win32/family.h"
 #include "host/win32/native_path.h"
+#include "host/win32/owned_handle.h"
 
 namespace discwright::host {
 namespace {
@@ -36,6 +38,14 @@ std::string ProgramFolder() {
 std::string CurrentFolder() {
   std::array<char, MAX_PATH> path{};
   return AbsolutePath(Filled(path, GetCurrentDirectoryA(static_cast<DWORD>(path.size()), path.data())));
+}
+
+std::shared_ptr<void> ClaimFolder(std::string_view folder) {
+  std::string name = "Discwright " + DoorPath(FoldCase(AbsolutePath(folder))).native;
+  std::replace(name.begin(), name.end(), '\\', '/');  // which no name of a mutex can have
+  SetLastError(ERROR_SUCCESS);
+  OwnedHandle mutex(CreateMutexA(nullptr, FALSE, name.c_str()));
+  return GetLastError() == ERROR_ALREADY_EXISTS ? nullptr : std::make_shared<OwnedHandle>(std::move(mutex));
 }
 
 int PlatformId() {

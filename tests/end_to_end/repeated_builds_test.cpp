@@ -53,4 +53,22 @@ TEST_F(RepeatedBuilds, CleanSessionChosen_LeavesOnlyTheLog) {
   EXPECT_EQ(Difference(folder_before, folder_after), "");
 }
 
+TEST_F(RepeatedBuilds, BuildDuringAnother_IsRefusedAndSpoilsNothing) {
+  WriteFile(place / "tools" / "a.txt", "a");
+  program.ReplaceProgram("dfl", ": > begun\nuntil [ -e '" + (place / "go on").string() + "' ]; do sleep 0.05; done\n");
+  RunningProgram first(
+      Command(Join(Utilities(place / "tools"), std::vector<std::string>{"--set", "ChkOptimizeISO=1"})));
+  ASSERT_TRUE(WaitUntil([&] { return HasBegun(); }));
+  const fs::path other_image = place / "other.iso";
+  const Outcome second = program.Build(Output(other_image));
+  WriteFile(place / "go on", "");
+  EXPECT_EQ(second.exit_code, 1);
+  EXPECT_THAT(second.err,
+              ::testing::StartsWith("Another build is under way in the program folder " + program.folder().string()));
+  EXPECT_TRUE(NoImageAt(other_image));
+  const Outcome outcome = first.Wait();
+  EXPECT_EQ(outcome.exit_code, 0) << outcome.err;
+  EXPECT_TRUE(ReadWithBsdtar(image).contains("vexa/a.txt"));
+}
+
 }  // namespace discwright::testing

@@ -11,24 +11,34 @@ namespace {
 class WhyNotBuiltHereTest : public ::testing::Test {
  protected:
   discwright::testing::FakeHost host;
+  std::shared_ptr<void> claim;
 };
 
 TEST_F(WhyNotBuiltHereTest, WritableFolder_HasNothingToTellAndNothingLeftInIt) {
-  EXPECT_EQ(WhyNotBuiltHere(), "");
+  EXPECT_EQ(WhyNotBuiltHere(claim), "");
   EXPECT_TRUE(host.Files().empty());
+  EXPECT_NE(claim, nullptr);
+}
+
+TEST_F(WhyNotBuiltHereTest, FolderWhereAnotherBuilds_IsNamedWithAWayOut) {
+  host.claimed_folder = "C:\\Discwright";
+  EXPECT_EQ(WhyNotBuiltHere(claim),
+            "Another build is under way in the program folder C:\\Discwright.\n"
+            "Wait for its end, or copy the program to another folder and start it there.");
+  EXPECT_EQ(claim, nullptr);
 }
 
 TEST_F(WhyNotBuiltHereTest, FolderThatRefuses_IsNamedWithTheCauseAndAWayOut) {
   host.program_folder = "C:\\Program Files\\Disc";
   host.FailOn("OpenBinary", "Program Files\\Disc", host::ErrorClass::kAccessDenied, "Access is denied");
-  EXPECT_EQ(WhyNotBuiltHere(),
+  EXPECT_EQ(WhyNotBuiltHere(claim),
             "The program folder C:\\Program Files\\Disc cannot be written to: Access is denied.\n"
             "Copy the program to a folder of your own and start it there.");
 }
 
 TEST_F(WhyNotBuiltHereTest, OtherFailures_AreLeftToTheStepsThatMeetThem) {
   host.FailOn("OpenBinary", "Discwright", host::ErrorClass::kDiskFull);
-  EXPECT_EQ(WhyNotBuiltHere(), "");
+  EXPECT_EQ(WhyNotBuiltHere(claim), "");
 }
 
 }  // namespace

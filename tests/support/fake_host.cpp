@@ -448,6 +448,9 @@ std::string Sha256OfFile(std::string_view path, Status& status) {
 
 std::string ProgramFolder() { return Fake().program_folder; }
 std::string CurrentFolder() { return Fake().current_folder; }
+std::shared_ptr<void> ClaimFolder(std::string_view folder) {
+  return folder == Fake().claimed_folder ? nullptr : std::make_shared<int>();
+}
 int PlatformId() { return Fake().platform_id; }
 std::vector<std::string> OpticalDrives() { return Fake().optical_drives; }
 Date Today() { return Fake().today; }

@@ -44,6 +44,7 @@ class FakeHost {
 
   std::string program_folder = "C:\\Discwright";
   std::string current_folder = "C:\\Current";
+  std::string claimed_folder;  // by another program
   int platform_id = 2;
   std::vector<std::string> optical_drives;
   std::map<std::string, std::string> short_paths;  // keyed by the path as asked
