@@ -64,7 +64,8 @@ bool AddSetupFiles(util::Context& context, const std::string& Source) {
   CopyBootSector(context, "w2ksect.bin");
   if (!CopyToTree(context, Source, WorkspaceRoot() + "\\I386", util::CopiedNames::kAsOnDisc)) return false;
   if (!util::FileExists(WorkspaceRoot() + "\\I386\\SETUPLDR.BIN")) {
-    context.notes.Add(Source + "\\SETUPLDR.BIN", "is missing, and Windows Setup cannot be started from the CD");
+    context.notes.Add(Source + "\\SETUPLDR.BIN",
+                      "did not come to the CD, and Windows Setup cannot be started from there");
   }
   CopyMatchingFiles(context.notes, Source + "\\..\\win51*.*", WorkspaceRoot() + "\\WIN51*.*",
                     util::CopiedNames::kAsOnDisc);

@@ -304,7 +304,7 @@ TEST_F(AddWin2KTest, SourceWithoutALoader_IsNoted) {
   host.AddFile("F:\\I386\\TXTSETUP.SIF", "script");
   source = "F:\\I386";
   Add();
-  EXPECT_THAT(Notes(), HasSubstr("F:\\I386\\SETUPLDR.BIN"));
+  EXPECT_THAT(Notes(), HasSubstr("F:\\I386\\SETUPLDR.BIN: did not come to the CD"));
   EXPECT_EQ(cancelled, 0);
 }
 
