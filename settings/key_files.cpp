@@ -4,11 +4,16 @@
 #include <initializer_list>
 #include <string>
 
+#include "host/profile.h"
 #include "host/system.h"
 #include "settings/ini_file.h"
 #include "util/paths.h"
 
 namespace discwright::settings {
+
+bool HoldsAnswers(const char* section) {
+  return host::ReadProfileValue(host::ProgramFolder() + kWorkingKeyFile, section, "OwnerName").has_value();
+}
 
 void FillKeyFile(util::Notes& notes, bool AddInfo_toWin9xSetup, bool AddInfo_toWin2KSetup) {
   const INIFile target(host::ProgramFolder() + kBuildKeyFile);

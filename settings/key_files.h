@@ -12,6 +12,9 @@ inline constexpr const char* kWin9xSection = "Win9xInfo";  // in both files
 inline constexpr const char* kWin2KSection = "Win2KInfo";
 inline constexpr const char* kTemplateKey = "TemplateFile";  // in the second section: the user's script
 
+// Whether the working store has answers of that section.
+bool HoldsAnswers(const char* section);
+
 // Copies the chosen sections from the working store to the build copy; nothing without a working store. Values that are
 // cut at 99 characters, apart from the path of the template, or could not be written are noted. OptimizedFor is not
 // copied: that is meant.

@@ -65,8 +65,8 @@ void FillFromChosenScript(forms::Windows& windows, const Options& options) {
 }
 
 // The dialogs' OK buttons: for answers given on the command line, and for those that the CD is to hold, because nobody
-// else is here to confirm what a session brought.
-void ConfirmDialogs(util::Context& context, const Options& options) {
+// else is here to confirm what a session brought. Answers of an earlier build stay where nothing new has come.
+void ConfirmDialogs(util::Context& context, const Options& options, bool has_session) {
   forms::Windows& windows = context.windows;
   const forms::FrmDiscwright& main = windows.main;
   const auto touched = [&](const forms::Form& form) {
@@ -75,22 +75,23 @@ void ConfirmDialogs(util::Context& context, const Options& options) {
       return control != nullptr && &control->form() == &form;
     });
   };
+  const auto news = [&](const char* section) { return has_session || !settings::HoldsAnswers(section); };
   const bool win9x_wanted = main.ChkWin9xInfo_MSBatch.checked() || main.ChkWin9xInfo_Assis.checked();
   const bool win2k_wanted = main.ChkWin2KInfo_Unattend.checked() || main.ChkWin2KInfo_Assis.checked();
   const std::string key_file = host::ProgramFolder() + settings::kWorkingKeyFile;
   const auto check = [&](const host::Status& status, const std::string& system) {
     context.notes.Check(status, key_file, "your answers for the Setup of " + system + " could not be written");
   };
-  if (win9x_wanted || touched(windows.win9x_info)) {
+  if ((win9x_wanted && news(settings::kWin9xSection)) || touched(windows.win9x_info)) {
     check(settings::FillSetupDataToKeyFile(windows.win9x_info), "Windows 98/Me");
   }
-  if (win2k_wanted || touched(windows.win2k_info)) {
+  if ((win2k_wanted && news(settings::kWin2KSection)) || touched(windows.win2k_info)) {
     check(settings::FillSetupDataToKeyFile(windows.win2k_info, key_file), "Windows 2000/XP/2003");
   }
 }
 
 // Applies the command line to the controls. Returns what is wrong with it, or the empty string.
-std::string ApplyOptions(util::Context& context, const Options& options) {
+std::string ApplyOptions(util::Context& context, const Options& options, bool has_session) {
   forms::Windows& windows = context.windows;
   settings::LoadWin2KInfo(windows.win2k_info);  // loading them later would undo what is set here
   settings::LoadWin9xInfo(windows.win9x_info);
@@ -100,7 +101,7 @@ std::string ApplyOptions(util::Context& context, const Options& options) {
     const std::string error = forms::Assign(windows, control, value);
     if (!error.empty()) return std::string("--set ").append(control).append(": ").append(error);
   }
-  ConfirmDialogs(context, options);
+  ConfirmDialogs(context, options, has_session);
   forms::FrmDiscwright& main = windows.main;
   if (!options.output.empty()) main.TxtISOLoc.text = host::PathFromNative(options.output);
   if (!options.password_file.empty()) {
@@ -192,7 +193,8 @@ int RunBuild(util::Context& context, Terminal& terminal, const Options& options)
   if (!options.session.empty() && !host::CanRead(session)) {
     return UsageError(terminal, options.session + ": there is no such session file, or it cannot be read");
   }
-  if (host::CanRead(session) && !settings::HoldsChoices(session)) {
+  const bool has_session = host::CanRead(session);
+  if (has_session && !settings::HoldsChoices(session)) {
     return UsageError(terminal, host::PathToNative(session) +
                                     ": no choice of a session can be read from it; please save it as plain text");
   }
@@ -202,7 +204,7 @@ int RunBuild(util::Context& context, Terminal& terminal, const Options& options)
     return kExitFailed;
   }
   wizard::Form_Load(context, session);
-  if (const std::string error = ApplyOptions(context, options); !error.empty()) {
+  if (const std::string error = ApplyOptions(context, options, has_session); !error.empty()) {
     return UsageError(terminal, error);
   }
   if (!WalkThePages(context)) {

@@ -160,6 +160,15 @@ TEST_F(WindowsSetup, AnswersOfASession_AreWrittenWithoutADialog) {
   EXPECT_THAT(ReadFile(program / "vexacd" / "I386" / "WINNT.SIF"), HasSubstr("FullName=Ann\r\n"));
 }
 
+TEST_F(WindowsSetup, AnswersOfAnEarlierBuild_AreTakenAgainWhereNoneAreGiven) {
+  const std::vector<std::string> wanted = {"--set", "ChkWin2KInfo_Unattend=1", "--set", "ChkWin9xInfo_MSBatch=1"};
+  const std::vector<std::string> given = {"--set", "FrmWin2KInfo.TxtOwner=Ann", "--set", "FrmWin9xInfo.TxtOwner=Bob"};
+  ASSERT_EQ(BuildEverything(Join(wanted, given)).exit_code, 0);
+  ASSERT_EQ(BuildEverything(wanted).exit_code, 0);
+  EXPECT_THAT(ReadFile(program / "vexacd" / "I386" / "WINNT.SIF"), HasSubstr("FullName=Ann\r\n"));
+  EXPECT_THAT(ReadFile(program / "vexacd" / "WIN98" / "MSBATCH.INF"), HasSubstr("Name=Bob\r\n"));
+}
+
 TEST_F(WindowsSetup, OwnScript_KeepsTheNamesThatNobodyGivesBesideIt) {
   const fs::path script = place / "my script.sif";
   WriteFile(script, "[UserData]\nFullName=\"Bob Own\"\nOrgName=Acme\nComputerName=BOBPC\n");

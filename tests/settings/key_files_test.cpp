@@ -32,6 +32,14 @@ class FillKeyFileTest : public ::testing::Test {
   util::Notes notes;
 };
 
+TEST(HoldsAnswersTest, SectionThatADialogHasWritten_HoldsSomeEvenWhenTheyAreEmpty) {
+  testing::FakeHost host;
+  EXPECT_FALSE(HoldsAnswers(kWin9xSection));
+  host.AddFile(kWorking, "[Win9xInfo]\r\nOwnerName=\r\n");
+  EXPECT_TRUE(HoldsAnswers(kWin9xSection));
+  EXPECT_FALSE(HoldsAnswers(kWin2KSection));
+}
+
 TEST_F(FillKeyFileTest, NoDialogEverConfirmed_CreatesNoBuildCopy) {
   FillKeyFile(notes, true, true);
   EXPECT_TRUE(host.Files().empty());

@@ -79,6 +79,14 @@ TEST_P(WindowsSetupOnWindows, SameDiscsInBothWorlds_GiveTheSameImageToTheBit) {
   EXPECT_TRUE(ReadFile(place / "here.iso") == ReadFile(image));
 }
 
+// The dialog of Windows 98/Me does not find them again there, but nothing overwrites them either.
+TEST_P(WindowsSetupOnWindows, AnswersOfAnEarlierBuild_AreTakenAgainWhereNoneAreGiven) {
+  ASSERT_EQ(BuildThere(kAnswers).exit_code, 0);
+  const std::string first = ReadFile(windows / "vexacd/WIN98/MSBATCH.INF");
+  ASSERT_EQ(BuildThere({"--set", "ChkWin9xInfo_MSBatch=1"}).exit_code, 0);
+  EXPECT_EQ(ReadFile(windows / "vexacd/WIN98/MSBATCH.INF"), first);
+}
+
 TEST_P(WindowsSetupOnWindows, ServicePack_IsSlipstreamedByTheNtFamilyOnly) {
   const Outcome outcome = BuildThere(ServicePack());
   if (GetParam() == Family::kNt) {
