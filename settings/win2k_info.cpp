@@ -47,7 +47,7 @@ void ChooseDomain(forms::FrmWin2KInfo& dialog, bool domain) {
 }
 
 std::string TemplateFor(util::Notes& notes, const INIFile& key_file) {
-  const std::string own = host::ProgramFolder() + kTemplate;
+  std::string own = host::ProgramFolder() + kTemplate;
   std::string script = util::StripQuotes(key_file.GetINIKey(kWin2KSection, kTemplateKey));
   if (util::FileExists(script)) return script;
   // Where the program folder's path is long, the key files hold only the start of the template's.
