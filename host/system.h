@@ -14,7 +14,7 @@ std::string ProgramFolder();
 std::string CurrentFolder();
 
 // The sole use of a folder that is there, until what is returned goes or the program ends; null while another holder
-// of the machine has it. Leaves nothing in the folder.
+// has it: on Windows one of the same logon session, elsewhere one of the same machine. Leaves nothing in the folder.
 std::shared_ptr<void> ClaimFolder(std::string_view folder);
 
 // 1 = Windows 95/98/Me, 2 = the NT family and every other system.

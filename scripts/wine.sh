@@ -21,7 +21,7 @@ export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe="
 export LC_ALL=C.UTF-8
 unset DISPLAY
 # Wine needs a page at a fixed address below 2 GB. Where the system randomizes addresses, the heap of a new program lies
-# over it about once in 15,000 starts, and Wine then says "Internal error" before the program has begun.
+# over it once in many thousand starts, and Wine then says "Internal error" before the program has begun.
 wine=wine
 if setarch -R true 2>/dev/null; then wine="setarch -R wine"; fi
 

@@ -45,7 +45,10 @@ std::shared_ptr<void> ClaimFolder(std::string_view folder) {
   std::replace(name.begin(), name.end(), '\\', '/');  // which no name of a mutex can have
   SetLastError(ERROR_SUCCESS);
   OwnedHandle mutex(CreateMutexA(nullptr, FALSE, name.c_str()));
-  return GetLastError() == ERROR_ALREADY_EXISTS ? nullptr : std::make_shared<OwnedHandle>(std::move(mutex));
+  const DWORD error = GetLastError();
+  // That of another user is there but does not let itself be opened.
+  if (error == ERROR_ALREADY_EXISTS || error == ERROR_ACCESS_DENIED) return nullptr;
+  return std::make_shared<OwnedHandle>(std::move(mutex));
 }
 
 int PlatformId() {
