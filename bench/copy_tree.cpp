@@ -1,7 +1,7 @@
 // The build's tree copy with progress as a program of its own, to be measured: bench_copy_tree SOURCE DESTINATION.
 #include <iostream>
 
-#include "forms/windows.h"
+#include "forms/all_windows.h"
 #include "host/processes.h"
 #include "host/system.h"
 #include "host/user_interface.h"
@@ -15,7 +15,7 @@ using namespace discwright;
 
 class SilentUser : public host::UserInterface {
  public:
-  void ShowMessage(const host::MessageBox&) override {}
+  void ShowMessage(const host::Message&) override {}
   void DoEvents(int) override {}
   void Wake() override {}
   std::string ChooseFolder(std::string_view, std::string_view) override { return ""; }

@@ -1,7 +1,7 @@
 // Giving a control a value by its name.
 #include <algorithm>
 
-#include "forms/windows.h"
+#include "forms/all_windows.h"
 
 namespace discwright::forms {
 

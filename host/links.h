@@ -69,7 +69,7 @@ struct LinkAnswer {
 LinkAnswer MakeHardLink(std::string_view existing, std::string_view fresh);
 
 // Moves a file over another of the same folder in one step: the name `to` always shows the one or the other.
-Status ReplaceFile(std::string_view from, std::string_view to);
+Status MoveOver(std::string_view from, std::string_view to);
 
 // Removes the name of a file unless it is the file's last one. True when it was removed.
 bool RemoveSpareName(std::string_view path);

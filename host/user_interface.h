@@ -8,7 +8,7 @@ namespace discwright::host {
 
 enum class MessageIcon { kNone, kCritical, kExclamation };
 
-struct MessageBox {
+struct Message {
   std::string text;  // lines separated by CR LF
   std::string title;
   MessageIcon icon = MessageIcon::kCritical;
@@ -27,7 +27,7 @@ class UserInterface {
  public:
   virtual ~UserInterface() = default;
 
-  virtual void ShowMessage(const MessageBox& box) = 0;  // returns when the user has closed it
+  virtual void ShowMessage(const Message& box) = 0;  // returns when the user has closed it
 
   // Lets pending clicks and repaints happen. With `wait_milliseconds` above 0 first sleeps until there is something
   // to do, Wake was called, or the time is over.

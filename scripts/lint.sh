@@ -7,7 +7,7 @@ windows_build=$2
 
 git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run --Werror
 git ls-files '*.sh' .ci/run | xargs shellcheck
-for check in floors openings platform sizes; do python3 -B "scripts/check_$check.py"; done
+for check in floors openings platform sizes windows_names; do python3 -B "scripts/check_$check.py"; done
 
 tidy="xargs -P $(nproc) -n 4 clang-tidy --quiet"
 git ls-files '*.cpp' ':!tests' ':!*/win32/*' | $tidy -p "$build"

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "forms/windows.h"
+#include "forms/all_windows.h"
 
 namespace discwright::settings {
 

@@ -4,7 +4,7 @@
 #include <functional>
 #include <memory>
 
-#include "forms/windows.h"
+#include "forms/all_windows.h"
 #include "host/processes.h"
 #include "host/user_interface.h"
 #include "util/notes.h"

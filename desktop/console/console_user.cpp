@@ -5,7 +5,7 @@
 
 namespace discwright::desktop {
 
-void ConsoleUser::ShowMessage(const host::MessageBox& box) {
+void ConsoleUser::ShowMessage(const host::Message& box) {
   terminal_.PrintLine(box.title + ": " + box.text);
   if (!box.place.empty()) terminal_.PrintLine("(" + box.place + ")");
 }

@@ -15,7 +15,7 @@ class ConsoleUser : public host::UserInterface {
   ConsoleUser(Terminal& terminal, std::function<void(int count)> interrupted)
       : terminal_(terminal), interrupted_(std::move(interrupted)) {}
 
-  void ShowMessage(const host::MessageBox& box) override;
+  void ShowMessage(const host::Message& box) override;
   void DoEvents(int wait_milliseconds) override;
   void Wake() override;
   std::string ChooseFolder(std::string_view, std::string_view) override { return ""; }

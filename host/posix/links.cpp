@@ -138,7 +138,7 @@ LinkAnswer MakeHardLink(std::string_view existing, std::string_view fresh) {
   return {EndOf(error, from, to), StatusOf(error)};
 }
 
-Status ReplaceFile(std::string_view from, std::string_view to) {
+Status MoveOver(std::string_view from, std::string_view to) {
   const std::string source = NativePath(from);
   const std::string target = NativePath(to);
   // A rename over another file makes ext4 write out the data of a file that was only just made, which nobody asked for

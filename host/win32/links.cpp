@@ -2,8 +2,6 @@
 #include "host/links.h"
 
 #include <windows.h>
-// A macro of the system's header with the name of one of our functions.
-#undef ReplaceFile
 
 #include <functional>
 
@@ -132,7 +130,7 @@ LinkAnswer MakeHardLink(std::string_view existing, std::string_view fresh) {
   return {EndOf(error, to), StatusOf(error)};
 }
 
-Status ReplaceFile(std::string_view from, std::string_view to) {
+Status MoveOver(std::string_view from, std::string_view to) {
   const DoorPath source(from);
   const DoorPath target(to);
   for (const DoorPath* path : {&source, &target}) {

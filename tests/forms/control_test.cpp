@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "forms/windows.h"
+#include "forms/all_windows.h"
 
 namespace discwright::forms {
 namespace {

@@ -139,29 +139,29 @@ TEST(MakeHardLink, OtherVolume_IsToldApart) {
   EXPECT_EQ(MakeHardLink(folder.Core("file"), disk.folder().Core("fresh")).end, LinkEnd::kOtherVolume);
 }
 
-TEST(ReplaceFile, ExistingTarget_BecomesTheOtherFile) {
+TEST(MoveOver, ExistingTarget_BecomesTheOtherFile) {
   const TempFolder folder;
   folder.Write("from", "1");
   folder.Write("to", "2");
-  EXPECT_TRUE(ReplaceFile(folder.Core("from"), folder.Core("to")).ok());
+  EXPECT_TRUE(MoveOver(folder.Core("from"), folder.Core("to")).ok());
   EXPECT_THAT(folder.Names(), ElementsAre("to"));
   EXPECT_EQ(folder.Read("to"), "1");
 }
 
-TEST(ReplaceFile, MissingSourceOrTarget_IsAFailureThatLeavesBoth) {
+TEST(MoveOver, MissingSourceOrTarget_IsAFailureThatLeavesBoth) {
   const TempFolder folder;
   folder.Write("file", "1");
-  EXPECT_EQ(ReplaceFile(folder.Core("missing"), folder.Core("file")).error, ErrorClass::kNotFound);
-  EXPECT_EQ(ReplaceFile(folder.Core("file"), folder.Core("missing")).error, ErrorClass::kNotFound);
+  EXPECT_EQ(MoveOver(folder.Core("missing"), folder.Core("file")).error, ErrorClass::kNotFound);
+  EXPECT_EQ(MoveOver(folder.Core("file"), folder.Core("missing")).error, ErrorClass::kNotFound);
   EXPECT_THAT(folder.Names(), ElementsAre("file"));
 }
 
-TEST(ReplaceFile, ReadOnlyTarget_IsReplaced) {
+TEST(MoveOver, ReadOnlyTarget_IsReplaced) {
   const TempFolder folder;
   folder.Write("from", "1");
   folder.Write("to", "2");
   folder.SetReadOnly("to");
-  EXPECT_TRUE(ReplaceFile(folder.Core("from"), folder.Core("to")).ok());
+  EXPECT_TRUE(MoveOver(folder.Core("from"), folder.Core("to")).ok());
   EXPECT_EQ(folder.Read("to"), "1");
 }
 

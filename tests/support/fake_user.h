@@ -11,7 +11,7 @@ namespace discwright::testing {
 
 class FakeUser : public host::UserInterface {
  public:
-  void ShowMessage(const host::MessageBox& box) override { messages.push_back(box); }
+  void ShowMessage(const host::Message& box) override { messages.push_back(box); }
   void DoEvents(int wait_milliseconds) override {
     ++do_events_calls;
     waited.push_back(wait_milliseconds);
@@ -33,7 +33,7 @@ class FakeUser : public host::UserInterface {
   }
   void OpenLink(std::string_view address) override { links.emplace_back(address); }
 
-  std::vector<host::MessageBox> messages;
+  std::vector<host::Message> messages;
   std::vector<std::string> asked;
   std::vector<std::string> file_filters;
   std::vector<std::string> help_shown;

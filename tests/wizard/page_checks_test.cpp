@@ -50,7 +50,7 @@ class PageChecksTest : public WizardFixture {
 
   std::vector<std::string> Messages() const {
     std::vector<std::string> texts;
-    for (const host::MessageBox& box : user.messages) {
+    for (const host::Message& box : user.messages) {
       EXPECT_EQ(box.title, "Error");
       texts.push_back(box.text);
     }

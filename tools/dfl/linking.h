@@ -19,7 +19,7 @@ namespace discwright::tools::dfl {
 // The two calls that change the disk; tests put others in their place.
 struct LinkCalls {
   std::function<host::LinkAnswer(std::string_view existing, std::string_view fresh)> make_link = host::MakeHardLink;
-  std::function<host::Status(std::string_view from, std::string_view to)> replace = host::ReplaceFile;
+  std::function<host::Status(std::string_view from, std::string_view to)> replace = host::MoveOver;
 };
 
 struct Saving {

@@ -1,0 +1,55 @@
+#!/usr/bin/env python3
+"""Checks that nothing of ours has the name of a macro of <windows.h>: a file that includes both would rename it."""
+
+import re
+import subprocess
+
+import sources
+
+COMPILER = "x86_64-w64-mingw32-g++-win32"
+HEADERS = "windows commctrl commdlg objbase shellapi shlobj".split()  # what a window of Windows is written with
+# What our own files include anyway: these macros mean the same everywhere.
+STANDARD = "cassert cerrno cfloat climits clocale cmath csignal cstddef cstdint cstdio cstdlib cstring ctime".split()
+# Names of parameters only, and the ones that they have always had: renamed alike everywhere, they change nothing.
+PARAMETERS = {"FindText", "ReplaceText"}
+BACK_ROOMS = [("host", "win32"), ("desktop", "win32"), ("tests",)]  # these are written with the macros
+
+SKIPPED = re.compile(r'//[^\n]*|/\*[\s\S]*?\*/|R"\([\s\S]*?\)"|"(?:\\.|[^"\\\n])*"|(?<!\d)\'(?:\\.|[^\'\\\n])*\'|^[ \t]*#.*$',
+                     re.MULTILINE)
+WORD = re.compile(r"\b[A-Za-z_]\w*\b")
+
+
+def macros_of(includes):
+    """The names of all macros that these #include lines define."""
+    output = subprocess.run([COMPILER, "-DNOMINMAX", "-DWIN32_LEAN_AND_MEAN", "-E", "-dM", "-xc++", "-"],
+                            input=includes, capture_output=True, text=True, check=True).stdout
+    return {re.split(r"[ (]", line, maxsplit=2)[1] for line in output.splitlines()}
+
+
+def windows_macros():
+    standard = macros_of("".join(f"#include <{name}>\n" for name in STANDARD))
+    return macros_of("".join(f"#include <{name}.h>\n" for name in HEADERS)) - standard - PARAMETERS
+
+
+def names_in(text):
+    """(line number, name) of every name in C++ text; comments, literals and preprocessor lines are passed over."""
+    text = SKIPPED.sub(lambda match: "\n" * match[0].count("\n"), text)
+    for number, line in enumerate(text.splitlines(), 1):
+        for name in WORD.findall(line):
+            yield number, name
+
+
+def check(root, macros=None):
+    macros = windows_macros() if macros is None else macros
+    problems = []
+    for file in sources.cpp_files(root):
+        if any(file.parts[: len(room)] == room for room in BACK_ROOMS):
+            continue
+        for number, name in names_in(sources.read_text(root / file)):
+            if name in macros:
+                problems.append(f"{file}:{number}: {name} is a macro of <windows.h>; use another name")
+    return problems
+
+
+if __name__ == "__main__":
+    sources.run(check)
