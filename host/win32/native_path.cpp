@@ -77,6 +77,12 @@ std::string AbsolutePath(std::string_view path) {
   return WithoutLastSeparators(std::move(absolute));
 }
 
+std::string WindowsFolder() {
+  std::array<char, MAX_PATH> folder{};
+  const UINT length = GetWindowsDirectoryA(folder.data(), static_cast<UINT>(folder.size()));
+  return length < folder.size() ? Utf8OfAnsi({folder.data(), length}) : std::string();
+}
+
 std::string ParentFolder(std::string_view absolute) {
   const std::size_t separator = absolute.rfind('\\');
   if (separator == absolute.npos) return std::string(absolute);

@@ -36,6 +36,9 @@ std::string AbsolutePath(std::string_view path);
 // The folder of an absolute path; a root is its own.
 std::string ParentFolder(std::string_view absolute);
 
+// The folder of Windows; empty when the system does not tell.
+std::string WindowsFolder();
+
 // Whether the system takes the path for a device, whatever its folder and extension: "nul", "C:\aux.txt", "\\.\X".
 bool IsDevicePath(std::string_view path);
 

@@ -4,8 +4,6 @@
 
 #include <windows.h>
 
-#include <array>
-
 #include "host/files.h"
 #include "host/ini_text.h"
 #include "host/system.h"
@@ -30,11 +28,9 @@ struct NativeKey {
 
 // The full path. The calls look for a name without a folder in that of Windows.
 std::string PlaceOf(std::string_view file) {
-  std::array<char, MAX_PATH> windows{};
   const bool is_bare = !file.empty() && NameOf(file) == file;
-  const UINT length = is_bare ? GetWindowsDirectoryA(windows.data(), static_cast<UINT>(windows.size())) : 0;
-  if (length == 0 || length >= windows.size()) return PathFromNative(file);
-  return InFolder(Utf8OfAnsi({windows.data(), length}), file);
+  const std::string windows = is_bare ? WindowsFolder() : "";
+  return windows.empty() ? PathFromNative(file) : InFolder(windows, file);
 }
 
 // Nothing when the ANSI code page cannot hold one of them.

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 
+#include "host/desktop.h"
 #include "host/win32/ansi.h"
 #include "host/win32/family.h"
 #include "host/win32/native_path.h"
@@ -14,7 +15,6 @@
 namespace discwright::host {
 namespace {
 
-constexpr std::size_t kDriveBuffer = 255;
 constexpr std::size_t kShortPathBuffer = 300;
 
 // A drive without a disc is a failure like any other; the system would ask the user to put one in.
@@ -63,12 +63,9 @@ bool IsNtFamily() {
 }
 
 std::vector<std::string> OpticalDrives() {
-  std::array<char, kDriveBuffer> roots{};
-  const DWORD length = GetLogicalDriveStringsA(static_cast<DWORD>(roots.size()), roots.data());
   std::vector<std::string> drives;
-  if (length >= roots.size()) return drives;
-  for (const char* root = roots.data(); *root != '\0'; root += std::string_view(root).size() + 1) {
-    if (GetDriveTypeA(root) == DRIVE_CDROM) drives.emplace_back(root, 2);
+  for (const std::string& root : DriveRoots()) {
+    if (GetDriveTypeA(root.c_str()) == DRIVE_CDROM) drives.push_back(root.substr(0, 2));
   }
   return drives;
 }

@@ -453,6 +453,11 @@ std::shared_ptr<void> ClaimFolder(std::string_view folder) {
 }
 int PlatformId() { return Fake().platform_id; }
 std::vector<std::string> OpticalDrives() { return Fake().optical_drives; }
+std::vector<std::string> DriveRoots() { return Fake().drive_roots; }
+std::string HomeFolder() { return Fake().home_folder; }
+std::string FileManagerLine(std::string_view folder) {
+  return (Fake().windows_folder + "explorer.exe ").append(folder);
+}
 Date Today() { return Fake().today; }
 std::string PathFromNative(std::string_view native) { return std::string(native); }
 std::string PathToNative(std::string_view path) {

@@ -8,15 +8,16 @@
 #include <string_view>
 #include <vector>
 
+#include "host/desktop.h"
 #include "host/files.h"
 #include "host/shell_operations.h"
 #include "host/system.h"
 
 namespace discwright::testing {
 
-// The one fake behind all functions of host/files.h, host/system.h, host/script.h, host/profile.h, host/code_page.h,
-// host/registry.h, host/shell_operations.h and host/windows_programs.h. Construct one at the start of each test (a
-// member of the fixture): it starts empty, with the folder C:\Discwright as program folder.
+// The one fake behind all functions of host/files.h, host/system.h, host/desktop.h, host/script.h, host/profile.h,
+// host/code_page.h, host/registry.h, host/shell_operations.h and host/windows_programs.h. Construct one at the start of
+// each test (a member of the fixture): it starts empty, with the folder C:\Discwright as program folder.
 class FakeHost {
  public:
   FakeHost();
@@ -47,6 +48,9 @@ class FakeHost {
   std::string claimed_folder;  // by another program
   int platform_id = 2;
   std::vector<std::string> optical_drives;
+  std::vector<std::string> drive_roots{"A:\\", "C:\\", "D:\\"};
+  std::string windows_folder = "C:\\WINDOWS\\";
+  std::string home_folder;
   std::map<std::string, std::string> short_paths;  // keyed by the path as asked
   std::map<std::string, std::string> registry;     // text values by "Sub key\\Value name"
   bool shows_disc_names_in_lower_case = false;

@@ -3,75 +3,21 @@
 
 #include <gmock/gmock.h>
 
-#include <condition_variable>
-#include <cstdlib>
-#include <mutex>
-
 #include "host/posix/command_line.h"
-#include "host/processes.h"
-#include "tests/host/temp_folder.h"
+#include "tests/host/posix/stand_in_program.h"
 
 namespace discwright::host {
 namespace {
 
 using ::testing::ElementsAre;
+using testing::RunToEnd;
+using testing::SearchPath;
 using testing::TempFolder;
-
-// The folders where programs are looked for, as long as it lives.
-class SearchPath {
- public:
-  explicit SearchPath(const std::string& folders) { setenv("PATH", folders.c_str(), 1); }
-  SearchPath(const SearchPath&) = delete;
-  SearchPath& operator=(const SearchPath&) = delete;
-  ~SearchPath() { setenv("PATH", before_.c_str(), 1); }
-
- private:
-  std::string before_ = std::getenv("PATH");
-};
-
-// Runs a line with the system's own launcher to its end.
-void RunToEnd(const std::string& line) {
-  std::mutex mutex;
-  std::condition_variable changed;
-  int wakes = 0;
-  const std::unique_ptr<ProgramRunner> runner = SystemProgramRunner();
-  const std::unique_ptr<Launcher> launcher = runner->CreateLauncher([&] {
-    const std::lock_guard lock(mutex);
-    ++wakes;
-    changed.notify_all();
-  });
-  bool ended = false;
-  launcher->Configure(8192, 50);
-  launcher->data_received = [](std::string_view) {};
-  launcher->process_ended = [&] { ended = true; };
-  const Status status = launcher->Start(line);
-  ASSERT_TRUE(status.ok()) << status.cause;
-  while (!ended) {
-    {
-      std::unique_lock lock(mutex);
-      changed.wait(lock, [&] { return wakes > 0; });
-      wakes = 0;
-    }
-    launcher->Deliver();
-  }
-  EXPECT_TRUE(launcher->End().Succeeded()) << launcher->End().Text();
-}
 
 class WindowsProgramLineTest : public ::testing::Test {
  protected:
-  // A program that writes each of its arguments into a file, with a NUL behind each.
-  void AddWine(const std::string& name = "bin/wine") const {
-    folder_.Write(name, "#!/bin/sh\nprintf '%s\\0' \"$@\" > '" + folder_.Native("arguments") + "'\n");
-    folder_.SetMode(name, 0755);
-  }
-  std::vector<std::string> Arguments() const {
-    const std::string text = folder_.Read("arguments");
-    std::vector<std::string> arguments;
-    for (std::size_t start = 0; start < text.size(); start = text.find('\0', start) + 1) {
-      arguments.emplace_back(text.c_str() + start);
-    }
-    return arguments;
-  }
+  void AddWine(const std::string& name = "bin/wine") const { testing::AddStandIn(folder_, name); }
+  std::vector<std::string> Arguments() const { return testing::ArgumentsOfStandIn(folder_); }
   std::string UnderWine(std::string_view name) const {
     std::string path = "Z:" + folder_.Native(name);
     std::replace(path.begin(), path.end(), '/', '\\');

@@ -1,0 +1,51 @@
+// The one root, the home folder, and the file manager that the desktop's own command starts.
+#include "host/desktop.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+
+#include "host/posix/case_lookup.h"
+#include "host/posix/installed_program.h"
+#include "host/system.h"
+
+namespace discwright::host {
+namespace {
+
+constexpr std::size_t kPasswordEntry = 1024;
+constexpr std::size_t kLargestPasswordEntry = std::size_t{1} << 20U;
+
+bool IsAbsolute(std::string_view native) { return native.starts_with('/'); }
+
+// The native folder that the system's list of users names; empty when it has none.
+std::string HomeOfUser() {
+  for (std::string buffer(kPasswordEntry, '\0'); buffer.size() <= kLargestPasswordEntry;
+       buffer.resize(buffer.size() * 2)) {
+    passwd entry{};
+    passwd* found = nullptr;
+    const int error = getpwuid_r(getuid(), &entry, buffer.data(), buffer.size(), &found);
+    if (error == ERANGE) continue;
+    return error == 0 && found != nullptr && found->pw_dir != nullptr ? found->pw_dir : "";
+  }
+  return {};
+}
+
+}  // namespace
+
+std::vector<std::string> DriveRoots() { return {"\\"}; }
+
+std::string HomeFolder() {
+  const char* const named = std::getenv("HOME");
+  if (named != nullptr && IsAbsolute(named)) return PathFromNative(named);
+  const std::string home = HomeOfUser();
+  return IsAbsolute(home) ? PathFromNative(home) : "\\";
+}
+
+std::string FileManagerLine(std::string_view folder) {
+  const std::string native = RealPath(folder.empty() ? HomeFolder() : folder);
+  return InstalledProgramLine("xdg-open", {native}).value_or("");
+}
+
+}  // namespace discwright::host

@@ -1,0 +1,45 @@
+// The drives and the file manager of Windows.
+#include "host/desktop.h"
+
+#include <gmock/gmock.h>
+#include <windows.h>
+
+#include <array>
+
+#include "host/files.h"
+
+namespace discwright::host {
+namespace {
+
+std::string FolderOfWindows() {
+  std::array<char, MAX_PATH> folder{};
+  return {folder.data(), GetWindowsDirectoryA(folder.data(), MAX_PATH)};
+}
+
+TEST(DriveRoots, EveryDriveOfTheSystem_IsListedByItsLetter) {
+  std::vector<std::string> expected;
+  for (unsigned drive = 0; drive < 26; ++drive) {
+    const char letter = static_cast<char>('A' + drive);
+    if ((GetLogicalDrives() >> drive & 1u) != 0) expected.push_back(std::string(1, letter) + ":\\");
+  }
+  EXPECT_EQ(DriveRoots(), expected);
+}
+
+TEST(DriveRoots, EveryRoot_IsADrive) {
+  for (const std::string& root : DriveRoots()) {
+    EXPECT_NE(GetDriveTypeA(root.c_str()), static_cast<UINT>(DRIVE_NO_ROOT_DIR)) << root;
+  }
+}
+
+TEST(HomeFolder, SystemWithADriveC_HasNone) { EXPECT_EQ(HomeFolder(), ""); }
+
+TEST(FileManagerLine, EveryText_FollowsAsItStands) {
+  const std::string program = FolderOfWindows() + "\\explorer.exe";
+  EXPECT_TRUE(CanRead(program));
+  for (const std::string text : {"C:\\My files\\Über uns", "c:/a b\\", "\"D:\\a\" b", " ", ""}) {
+    EXPECT_EQ(FileManagerLine(text), program + " " + text);
+  }
+}
+
+}  // namespace
+}  // namespace discwright::host
