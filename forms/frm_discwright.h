@@ -98,8 +98,7 @@ struct FrmDiscwright : Form {
   Label LblERDC{FraMain[5], "LblERDC", "Specify the location of your ERD Commander CD :"};
   TextBox TxtERDC{FraMain[5], "TxtERDC"};
   CommandButton CmdBrw_ERDC{FraMain[5], "CmdBrw_ERDC", "Browse ..."};
-  // Shown as "O&O BlueCon XXL Pro": an ampersand of the text is doubled, a single one marks an accelerator.
-  CheckBox ChkBCon{FraMain[5], "ChkBCon", "O&&O BlueCon XXL Pro"};
+  CheckBox ChkBCon{FraMain[5], "ChkBCon", "O&O BlueCon XXL Pro"};
   Label LblBCon{FraMain[5], "LblBCon", "Specify the location of your BlueCon CD :"};
   TextBox TxtBCon{FraMain[5], "TxtBCon"};
   CommandButton CmdBrw_BCon{FraMain[5], "CmdBrw_BCon", "Browse ..."};
