@@ -197,6 +197,13 @@ TEST_F(PageChecksTest, NoUtilitiesFolder_Stays) {
   EXPECT_EQ(user.messages[0].icon, MessageIcon::kCritical);
 }
 
+TEST_F(PageChecksTest, NoAdditionalFilesFolder_Stays) {
+  main.TxtAddFiles_Loc.text = "S:\\sp.exe";
+  EXPECT_EQ(NextFrom(6), 6);
+  EXPECT_THAT(Messages(), ElementsAre(kNoAdditionalFiles));
+  EXPECT_EQ(user.messages[0].icon, MessageIcon::kCritical);
+}
+
 TEST_F(PageChecksTest, NeitherFolder_GivesTwoMessagesInOrder) {
   main.TxtUtils_Loc.text = "";
   main.TxtAddFiles_Loc.text = "S:\\nowhere";
@@ -247,6 +254,15 @@ TEST_F(PageChecksTest, PasswordsDifferAndIsoDestinationIsWrong_GivesBothAndStill
   EXPECT_THAT(main.TxtSummery.text.get(), ::testing::HasSubstr("X:\\nowhere\\cd.iso"));
   EXPECT_TRUE(main.CmdNext.visible);
   EXPECT_FALSE(main.CmdFinish.visible);
+}
+
+TEST_F(PageChecksTest, WrongIsoDestination_StaysAndStillMakesTheSummary) {
+  main.TxtISOLoc.text = "X:\\nowhere\\cd.iso";
+  EXPECT_EQ(NextFrom(7), 7);
+  EXPECT_THAT(Messages(), ElementsAre(kNoIsoDestination));
+  EXPECT_EQ(user.messages[0].icon, MessageIcon::kCritical);
+  EXPECT_THAT(VisiblePages(), ElementsAre(7));
+  EXPECT_THAT(main.TxtSummery.text.get(), ::testing::HasSubstr("X:\\nowhere\\cd.iso"));
 }
 
 TEST_F(PageChecksTest, PageThatIsKept_MovesTheOpenHelpToItsOwnTopic) {

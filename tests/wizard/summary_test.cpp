@@ -4,7 +4,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <sstream>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "tests/support/fake_host.h"
 
@@ -137,6 +141,63 @@ TEST_F(SummaryTest, ContentChosenWithoutItsOptions_ListsItsLocationsAllTheSame) 
                                                "[Advanced Tools]\r\n"
                                                "ERD Commander 2002/2003 Location :  \"\"\r\n"
                                                "O&O BlueCon XXL Pro Location :  \"\"\r\n"));
+}
+
+// The lines of the summary that read "True", without that word.
+std::vector<std::string> TrueLines(const forms::FrmDiscwright& main) {
+  std::istringstream text(GenerateSummery(main));
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(text, line);) {
+    if (const std::size_t value = line.find("True\r"); value != line.npos) lines.push_back(line.substr(0, value));
+  }
+  return lines;
+}
+
+TEST_F(SummaryTest, EachBox_IsReadByItsOwnLine) {
+  const std::string boot_disks = "Vexa Boot Disks (Vexa Software - Vexa Net) :  ";
+  const std::string win2k = "Microsoft Windows 2000/XP/2003 Setup Files :  ";
+  const std::string win9x = "Microsoft Windows 98/98SE/Me Setup Files :  ";
+  const std::pair<forms::CheckBox*, std::vector<std::string>> rows[] = {
+      {&main.ChkGet_Advtools, {boot_disks, "Advanced Tools :  "}},
+      {&main.ChkCleanSession, {boot_disks, "Clean Session's temporary files after completing :  "}},
+      {&main.ChkPassProtect, {boot_disks, "Password Protect the created CD :  "}},
+      {&main.ChkGet_Vexanetplus, {boot_disks, "Use the Linkwell Plus disk for Network Access :  "}},
+      {&main.ChkSelectDrivers, {boot_disks, "Accept default list of Network drivers :  "}},
+      {&main.ChkGet_Win2k, {boot_disks, win2k}},
+      {&main.ChkSlipstream, {boot_disks, win2k, "Integrate Service Pack :  "}},
+      {&main.ChkWin2KInfo_Assis, {boot_disks, win2k, "Store this info in the Vexa Win2K Setup Assistant :  "}},
+      {&main.ChkWin2KInfo_Unattend, {boot_disks, win2k, "Store this info in the Windows 2000/XP Installation :  "}},
+      {&main.ChkDelTree_Lang, {boot_disks, win2k, "Remove Extra Languages Files :  "}},
+      {&main.ChkGet_Win9x, {boot_disks, win9x}},
+      {&main.ChkWin9xInfo_Assis, {boot_disks, win9x, "Store this info in the Vexa Setup Assistant :  "}},
+      {&main.ChkWin9xInfo_MSBatch, {boot_disks, win9x, "Store this info in the Windows Installation :  "}},
+      {&main.ChkOptimizeISO, {boot_disks}},
+      {&main.ChkERDC, {boot_disks}},
+      {&main.ChkBCon, {boot_disks}},
+      {&main.ChkVexaUtils, {boot_disks}},
+      {&main.ChkAddFiles, {boot_disks}},
+      {&main.ChkHotfix, {boot_disks}},
+  };
+  for (const auto& [box, lines] : rows) {
+    main.ChkGet_Win2k.value = std::find(lines.begin(), lines.end(), win2k) != lines.end() ? 1 : 0;
+    main.ChkGet_Win9x.value = std::find(lines.begin(), lines.end(), win9x) != lines.end() ? 1 : 0;
+    box->value = 1;
+    EXPECT_EQ(TrueLines(main), lines) << box->name();
+    box->value = 0;
+  }
+  main.ChkGet_Vexadisks.value = 0;
+  EXPECT_EQ(TrueLines(main), std::vector<std::string>());
+}
+
+TEST_F(SummaryTest, Win9xWithoutItsOptions_ListsItsLocationAllTheSame) {
+  main.ChkGet_Win9x.value = 1;
+  EXPECT_THAT(GenerateSummery(main), HasSubstr("[Windows 98/98SE/Me Details]\r\n"
+                                               "Location of Windows Setup Files :  \"\"\r\n"
+                                               "Store this info in the Vexa Setup Assistant :  False\r\n"
+                                               "Store this info in the Windows Installation :  False\r\n"
+                                               "\r\n"
+                                               "\r\n"
+                                               "[Vexa Utilities / Additional Files]\r\n"));
 }
 
 TEST_F(SummaryTest, LocationWithBlanksAround_IsTrimmedAndQuoted) {
