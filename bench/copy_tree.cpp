@@ -20,8 +20,8 @@ class SilentUser : public host::UserInterface {
   void Wake() override {}
   std::string ChooseFolder(std::string_view, std::string_view) override { return ""; }
   std::string ChooseFile(const host::FileRequest&) override { return ""; }
-  bool HelpIsOpen() override { return false; }
-  void ShowHelpTopic(std::string_view, int) override {}
+  bool HelpIsOpen(std::string_view, std::string_view) override { return false; }
+  void ShowHelp(const host::HelpRequest&) override {}
   void OpenLink(std::string_view) override {}
 };
 
@@ -31,7 +31,7 @@ bool Copy(std::string_view source, std::string_view destination) {
   SilentUser user;
   util::Notes notes;
   const auto programs = host::SystemProgramRunner();
-  util::Context context{windows, user, *programs, notes, {}, {}, nullptr, nullptr, {}};
+  util::Context context{windows, user, *programs, notes, {}, {}, nullptr, nullptr};
   forms::ProgressBar& bar = windows.main.BarSub_Step;
   const util::CopyEnd end = util::CopyPathWithProgress(
       context, host::PathFromNative(source), host::PathFromNative(destination), windows.main.LblSub_Step, bar);

@@ -1,7 +1,10 @@
-// The program's three windows together.
+// The program's three windows together, and their controls by name.
 #pragma once
 
 #include <array>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "forms/frm_discwright.h"
 #include "forms/frm_win2kinfo.h"
@@ -17,14 +20,24 @@ struct Windows {
   std::array<Form*, 3> All() { return {&main, &win2k_info, &win9x_info}; }
 };
 
-// The control that a script means by `name`: of any window, letter case ignored; where two windows have one of that
-// name the main window's, unless the window is named ("FrmWin9xInfo.TxtOwner"). Null when there is none or two are
-// meant.
-Control* FindControl(Windows& windows, std::string_view name);
+// The controls that a script means by `name`, letter case ignored: "FrmWin9xInfo.TxtOwner", or without a window the
+// main window's control of that name, or those of the dialogs where it has none.
+std::vector<Control*> FindControls(Windows& windows, std::string_view name);
 
-// Gives a control a value as a script writes it. `name` is as above.
-// Check boxes take 0, 1 or 2, option buttons 0, 1, True or False, text boxes any text. Returns what is wrong, as a
-// sentence for the user, or the empty string.
-std::string Assign(Windows& windows, std::string_view name, std::string_view value);
+// Gives a control a value as a script writes it, whether or not a user could do that at the moment: check boxes take 0,
+// 1 or 2, option buttons 0, 1, True or False, text boxes any text. Returns what is wrong, as a sentence for the user,
+// or the empty string.
+std::string Assign(Control& control, std::string_view value);
+
+// The value as Assign takes it, or the caption of a control that has none.
+std::string ValueText(const Control& control);
+
+// What is read on the control: the caption without the ampersand that marks its access key, and with one ampersand
+// where two stand together.
+std::string ShownText(const Captioned& control);
+
+// The letter that is pressed together with Alt, as it stands in the caption; 0 when there is none. A field has the key
+// of its label.
+char AccessKey(const Control& control);
 
 }  // namespace discwright::forms

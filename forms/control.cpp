@@ -1,4 +1,4 @@
-// Controls, forms and their notices.
+// Controls and forms.
 #include "forms/control.h"
 
 #include <algorithm>
@@ -11,20 +11,22 @@ bool SameName(std::string_view a, std::string_view b) {
                     [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
 }
 
-Control::Control(Control& container, std::string name)
-    : name_(std::move(name)), container_(&container), form_(container.form_) {
+Control::Control(Control& container, std::string name, Placing placing)
+    : name_(std::move(name)), container_(&container), form_(container.form_), placing_(placing) {
   form_->controls_.push_back(this);
 }
 
 Control::Control(Form& self, std::string name, int) : name_(std::move(name)), form_(&self) {}
 
-void Control::Notify(Change change) {
-  for (const Subscriber& subscriber : subscribers_) subscriber(*this, change);
-  for (const Subscriber& subscriber : form_->all_subscribers_) subscriber(*this, change);
+Subscription Control::Listen(Listener listener) { return form_->listeners_.Add(this, std::move(listener)); }
+
+void Control::Notify(Facet facet, By by) {
+  Changed(facet, by);
+  form_->listeners_.Tell(*this, facet, by);
 }
 
 Form::Form(std::string name, std::string caption_text)
-    : Control(*this, std::move(name), 0), caption(*this, std::move(caption_text)) {
+    : Control(*this, std::move(name), 0), caption(*this, Facet::kText, std::move(caption_text)) {
   visible = false;
 }
 
@@ -33,6 +35,14 @@ Control* Form::Find(std::string_view name, int index) const {
     return SameName(control->name(), name) && (index < 0 || control->index() == index);
   });
   return found == controls_.end() ? nullptr : *found;
+}
+
+void OptionButton::Changed(Facet facet, By by) {
+  if (facet != Facet::kValue || !value) return;
+  for (Control* control : form().controls()) {
+    auto* other = dynamic_cast<OptionButton*>(control);
+    if (other != nullptr && other != this && other->container() == container()) other->value.Set(false, by);
+  }
 }
 
 }  // namespace discwright::forms

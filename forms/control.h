@@ -1,4 +1,4 @@
-// The kinds of control that a window is made of: plain records that tell their subscribers when something changed.
+// The kinds of control that a window is made of: plain records that tell their listeners what changed.
 #pragma once
 
 #include <array>
@@ -9,41 +9,53 @@
 #include <utility>
 #include <vector>
 
+#include "forms/listeners.h"
+
 namespace discwright::forms {
 
-class Control;
 class Form;
 
 // Whether two control or window names are one: letter case does not matter in them.
 bool SameName(std::string_view a, std::string_view b);
 
-// What a subscriber hears: a property got a new value, or the control asks to be drawn at once.
-enum class Change { kProperty, kRepaint };
-using Subscriber = std::function<void(Control& control, Change change)>;
-
-// A value of a control; assigning a different one notifies the control's subscribers.
+// A value of a control. Giving it a different one tells the listeners; a plain assignment is the program's doing.
 template <typename T>
 class Property {
  public:
-  Property(Control& owner, T value) : owner_(owner), value_(std::move(value)) {}
+  Property(Control& owner, Facet facet, T value) : owner_(owner), facet_(facet), value_(std::move(value)) {}
   Property(const Property&) = delete;
   Property& operator=(const Property&) = delete;
-  Property& operator=(T value);
+  Property& operator=(T value) {
+    Set(std::move(value), By::kProgram);
+    return *this;
+  }
+  void Set(T value, By by);
 
   const T& get() const { return value_; }
   operator const T&() const { return value_; }  // NOLINT(google-explicit-constructor): reads like the value it is
 
  private:
   Control& owner_;
+  Facet facet_;
   T value_;
 };
 
 using TextProperty = Property<std::string>;
 
+// In place of a letter: the caption marks the letter itself, by an ampersand before it.
+inline constexpr char kKeyInCaption = '&';
+
+// How a control stands on its page. Faces make coordinates of it; the records know none.
+struct Placing {
+  char key = 0;         // the access key, a letter of the caption; a label's key leads to the field that it names
+  bool beside = false;  // in the row of the control declared before it; otherwise it begins a row
+  bool heads = false;   // a check box that is the title of the frame on which it stands
+};
+
 class Control {
  public:
   // `container` is the form, or the frame on which the control stands.
-  Control(Control& container, std::string name);
+  Control(Control& container, std::string name, Placing placing = {});
   virtual ~Control() = default;
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
@@ -52,13 +64,15 @@ class Control {
   Control* container() const { return container_; }  // null for a form
   Form& form() const { return *form_; }
   int index() const { return index_; }  // place in its control array; -1 outside one
+  const Placing& placing() const { return placing_; }
 
-  void Subscribe(Subscriber subscriber) { subscribers_.push_back(std::move(subscriber)); }
-  void Notify(Change change);
-  void Refresh() { Notify(Change::kRepaint); }
+  // The listener hears this control alone; see also Form::Listen.
+  [[nodiscard]] Subscription Listen(Listener listener);
+  void Notify(Facet facet, By by);
+  void Refresh() { Notify(Facet::kRepaint, By::kProgram); }
 
-  Property<bool> visible{*this, true};
-  Property<bool> enabled{*this, true};
+  Property<bool> visible{*this, Facet::kVisible, true};
+  Property<bool> enabled{*this, Facet::kEnabled, true};
 
  protected:
   Control(Form& self, std::string name, int);
@@ -67,22 +81,27 @@ class Control {
   friend class ControlArray;
 
  private:
+  // What follows from a new value before anybody is told of it.
+  virtual void Changed(Facet, By) {}
+
   std::string name_;
   Control* container_ = nullptr;
   Form* form_ = nullptr;
   int index_ = -1;
-  std::vector<Subscriber> subscribers_;
+  Placing placing_;
 };
 
 template <typename T>
-Property<T>& Property<T>::operator=(T value) {
-  if (value_ == value) return *this;
+void Property<T>::Set(T value, By by) {
+  if (value_ == value) return;
   value_ = std::move(value);
-  owner_.Notify(Change::kProperty);
-  return *this;
+  owner_.Notify(facet_, by);
 }
 
-// A window. Knows all its controls in the order of their declaration; is hidden until somebody shows it.
+class CommandButton;
+
+// A window. Knows all its controls in the order of their declaration, which is the order in which they are read and
+// reached with the Tab key. It is hidden until somebody shows it; while a dialog runs over it, it is disabled.
 class Form : public Control {
  public:
   Form(std::string name, std::string caption);
@@ -90,41 +109,56 @@ class Form : public Control {
   const std::vector<Control*>& controls() const { return controls_; }
   // The first control of that name, letter case ignored (in a control array: the one of that index); null when none.
   Control* Find(std::string_view name, int index = -1) const;
-  // Hears the changes of every control of the form.
-  void SubscribeToAll(Subscriber subscriber) { all_subscribers_.push_back(std::move(subscriber)); }
+  // The listener hears the form itself and every control of it.
+  [[nodiscard]] Subscription Listen(Listener listener) { return listeners_.Add(nullptr, std::move(listener)); }
+  std::size_t listener_count() const { return listeners_.count(); }
 
   TextProperty caption;
-  Property<bool> busy{*this, false};  // the mouse pointer is an hourglass
-  void* window = nullptr;             // the handle of the window that shows the form; null while none does
-  bool loaded = false;                // what the window does when it is loaded has been done; it is done once per run
+  Property<bool> busy{*this, Facet::kValue, false};  // the mouse pointer is an hourglass
+  void* window = nullptr;                            // the handle of the window that shows the form; null: none does
+  bool loaded = false;  // what the window does when it is loaded has been done; it is done once per run
+
+  // Pressed by Enter and by Esc; null: no such button. Of several default buttons the visible one is pressed.
+  std::vector<CommandButton*> default_buttons;
+  CommandButton* cancel_button = nullptr;
+  std::function<void()> asked_to_close;  // what the program does when the user closes the window
 
  private:
   friend class Control;
   std::vector<Control*> controls_;
-  std::vector<Subscriber> all_subscribers_;
+  Listeners listeners_;
 };
 
 class Captioned : public Control {
  public:
-  Captioned(Control& container, std::string name, std::string caption_text)
-      : Control(container, std::move(name)), caption(*this, std::move(caption_text)) {}
+  Captioned(Control& container, std::string name, std::string caption_text, Placing placing = {})
+      : Control(container, std::move(name), placing), caption(*this, Facet::kText, std::move(caption_text)) {}
   TextProperty caption;
 };
 
 class Frame : public Captioned {
  public:
-  Frame(Control& container, std::string name, std::string caption_text = "")
-      : Captioned(container, std::move(name), std::move(caption_text)) {}
+  Frame(Control& container, std::string name, std::string caption_text = "", Placing placing = {})
+      : Captioned(container, std::move(name), std::move(caption_text), placing) {}
 };
 
 class Label : public Captioned {
  public:
-  Label(Control& container, std::string name, std::string caption_text = "")
-      : Captioned(container, std::move(name), std::move(caption_text)) {}
-  Property<bool> bold{*this, false};
-  Property<int> fore_color{*this, 0};  // red + 256 x green + 65536 x blue
-  bool symbol_font = false;            // its characters are glyphs of a symbol font
-  bool link = false;                   // opens a web address when clicked
+  Label(Control& container, std::string name, std::string caption_text = "", Placing placing = {})
+      : Captioned(container, std::move(name), std::move(caption_text), placing) {}
+  Property<bool> bold{*this, Facet::kEmphasis, false};
+  Property<int> fore_color{*this, Facet::kEmphasis, 0};  // red + 256 x green + 65536 x blue
+  bool symbol_font = false;                              // its characters are glyphs of a symbol font
+  bool heading = false;                                  // the title line of a page
+};
+
+// A line that opens the web address that it shows.
+class Link : public Label {
+ public:
+  Link(Control& container, std::string name, Label& above, std::string address)
+      : Label(container, std::move(name), std::move(address)), label(&above) {}
+  Label* label;                 // says where the link leads
+  std::function<void()> click;  // see CommandButton::click
 };
 
 class CommandButton : public Captioned {
@@ -135,23 +169,30 @@ class CommandButton : public Captioned {
 
 class CheckBox : public Captioned {
  public:
-  CheckBox(Control& container, std::string name, std::string caption_text, int initial = 0)
-      : Captioned(container, std::move(name), std::move(caption_text)), value(*this, initial) {}
+  CheckBox(Control& container, std::string name, std::string caption_text, Placing placing = {}, int initial = 0)
+      : Captioned(container, std::move(name), std::move(caption_text), placing), value(*this, Facet::kValue, initial) {}
   bool checked() const { return value != 0; }
   Property<int> value;  // 0 clear, 1 checked, 2 greyed
 };
 
+// One of several: choosing it, whoever does, clears the other option buttons on the same frame or form.
 class OptionButton : public Captioned {
  public:
-  OptionButton(Control& container, std::string name, std::string caption_text, bool initial = false)
-      : Captioned(container, std::move(name), std::move(caption_text)), value(*this, initial) {}
+  OptionButton(Control& container, std::string name, std::string caption_text, Placing placing = {},
+               bool initial = false)
+      : Captioned(container, std::move(name), std::move(caption_text), placing), value(*this, Facet::kValue, initial) {}
   Property<bool> value;
+
+ private:
+  void Changed(Facet facet, By by) override;
 };
 
 class TextBox : public Control {
  public:
-  TextBox(Control& container, std::string name, std::string initial = "")
-      : Control(container, std::move(name)), text(*this, std::move(initial)) {}
+  // `above` is the label that names the field, whether it stands above or beside it.
+  TextBox(Control& container, std::string name, Captioned& above, std::string initial = "", Placing placing = {})
+      : Control(container, std::move(name), placing), label(&above), text(*this, Facet::kText, std::move(initial)) {}
+  Captioned* label;
   TextProperty text;
   bool read_only = false;
   bool multi_line = false;
@@ -161,9 +202,9 @@ class TextBox : public Control {
 class ProgressBar : public Control {
  public:
   using Control::Control;
-  Property<std::int64_t> min{*this, 0};
-  Property<std::int64_t> max{*this, 100};
-  Property<std::int64_t> value{*this, 0};
+  Property<std::int64_t> min{*this, Facet::kRange, 0};
+  Property<std::int64_t> max{*this, Facet::kRange, 100};
+  Property<std::int64_t> value{*this, Facet::kValue, 0};
 };
 
 class Picture : public Control {
@@ -171,7 +212,7 @@ class Picture : public Control {
   using Control::Control;
 };
 
-// The common open/save dialog of a form.
+// The common open/save dialog of a form. The name that was chosen last is the one it opens with next.
 class FileDialog : public Control {
  public:
   using Control::Control;
@@ -186,9 +227,6 @@ class ControlArray {
  public:
   ControlArray(Control& container, const std::string& name)
       : ControlArray(container, name, std::make_index_sequence<N>()) {}
-  // One caption per control.
-  ControlArray(Control& container, const std::string& name, const std::array<const char*, N>& captions)
-      : ControlArray(container, name, captions, std::make_index_sequence<N>()) {}
 
   T& operator[](std::size_t index) { return items_[index]; }
   const T& operator[](std::size_t index) const { return items_[index]; }
@@ -200,15 +238,6 @@ class ControlArray {
   template <std::size_t... I>
   ControlArray(Control& container, const std::string& name, std::index_sequence<I...>)
       : items_{((void)I, T(container, name))...} {
-    Number();
-  }
-  template <std::size_t... I>
-  ControlArray(Control& container, const std::string& name, const std::array<const char*, N>& captions,
-               std::index_sequence<I...>)
-      : items_{T(container, name, captions[I])...} {
-    Number();
-  }
-  void Number() {
     for (std::size_t i = 0; i < N; ++i) items_[i].index_ = static_cast<int>(i);
   }
 

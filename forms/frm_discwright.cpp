@@ -1,6 +1,8 @@
 // The main window's start state beyond captions and texts.
 #include "forms/frm_discwright.h"
 
+#include <algorithm>
+
 namespace discwright::forms {
 
 FrmDiscwright::FrmDiscwright() : Form("FrmDiscwright", "Vexa Discwright") {
@@ -13,14 +15,20 @@ FrmDiscwright::FrmDiscwright() : Form("FrmDiscwright", "Vexa Discwright") {
   TxtSummery.multi_line = true;
   for (TextBox* box : {&TxtPass1, &TxtPass2}) box->password = true;
   for (Label* mark : {&LblRight1, &LblRight2, &LblRight3, &LblRight4, &LblRight5}) mark->symbol_font = true;
-  for (Label* address : {&LblLink_vexacd, &LblLink_cdshell, &LblLink_Third}) address->link = true;
+  for (Label* heading : {&LblHeadWelcome, &LblHeadContents, &LblHeadWin2K1, &LblHeadWin2K2, &LblHeadWin9x,
+                         &LblHeadAdvtools, &LblHeadUtils, &LblHeadISO, &LblHeadSummery, &LblFinish, &LblWait}) {
+    heading->heading = true;
+  }
+  default_buttons = {&CmdNext, &CmdFinish};
+  cancel_button = &CmdCancel;
 }
 
 const Label& FrmDiscwright::Heading(std::size_t page) const {
-  const std::array<const Label*, kPageCount> headings = {
-      &LblHeadWelcome, &LblHeadContents, &LblHeadWin2K1,  &LblHeadWin2K2, &LblHeadWin9x, &LblHeadAdvtools,
-      &LblHeadUtils,   &LblHeadISO,      &LblHeadSummery, &LblFinish,     &LblWait};
-  return *headings.at(page);
+  const auto found = std::find_if(controls().begin(), controls().end(), [&](const Control* control) {
+    const auto* label = dynamic_cast<const Label*>(control);
+    return label != nullptr && label->heading && label->container() == &FraMain[page];
+  });
+  return dynamic_cast<const Label&>(**found);  // every page has one
 }
 
 }  // namespace discwright::forms

@@ -10,23 +10,26 @@ struct FrmWin2KInfo : Form {
     DlgOpen.title = "Unattended setup information file";
     DlgOpen.file_name = "unattend.txt";
     DlgOpen.filter = "Text file (*.txt; *.sif)|*.txt; *.sif";
+    default_buttons = {&CmdOK};
+    cancel_button = &CmdCancel;
   }
 
-  Label LblTemplate{*this, "LblTemplate", "Unattended setup script file : "};
-  TextBox TxtTemplate{*this, "TxtTemplate"};
-  CommandButton CmdBrwUnattend{*this, "CmdBrwUnattend", "Browse ..."};
   FileDialog DlgOpen{*this, "DlgOpen"};
-  Label LblOwner{*this, "LblOwner", "Owner Name :"};
-  TextBox TxtOwner{*this, "TxtOwner", "VexaUser"};
-  Label LblOrg{*this, "LblOrg", "Organization :"};
-  TextBox TxtOrg{*this, "TxtOrg", "KORVANE LTD."};
-  Label LblPCName{*this, "LblPCName", "Computer Name :"};
-  TextBox TxtPCName{*this, "TxtPCName"};
-  OptionButton OptJoinWorkgroup{*this, "OptJoinWorkgroup", "Join Workgroup :", true};
-  OptionButton OptJoinDomain{*this, "OptJoinDomain", "Join Domain :"};
-  TextBox TxtWorkgroup{*this, "TxtWorkgroup", "KORVANE_LTD"};  // of the workgroup or the domain
+  Label LblTemplate{*this, "LblTemplate", "Unattended setup script file : ", {.key = 'U'}};
+  TextBox TxtTemplate{*this, "TxtTemplate", LblTemplate};
+  CommandButton CmdBrwUnattend{*this, "CmdBrwUnattend", "Browse ...", {.key = 'B', .beside = true}};
+  Label LblOwner{*this, "LblOwner", "Owner Name :", {.key = 'O'}};
+  TextBox TxtOwner{*this, "TxtOwner", LblOwner, "VexaUser", {.beside = true}};
+  Label LblOrg{*this, "LblOrg", "Organization :", {.key = 'g'}};
+  TextBox TxtOrg{*this, "TxtOrg", LblOrg, "KORVANE LTD.", {.beside = true}};
+  Label LblPCName{*this, "LblPCName", "Computer Name :", {.key = 'C'}};
+  TextBox TxtPCName{*this, "TxtPCName", LblPCName, "", {.beside = true}};
+  OptionButton OptJoinWorkgroup{*this, "OptJoinWorkgroup", "Join Workgroup :", {.key = 'W'}, true};
+  OptionButton OptJoinDomain{*this, "OptJoinDomain", "Join Domain :", {.key = 'D', .beside = true}};
+  Label LblJoinName{*this, "LblJoinName", "Name of the workgroup or domain :", {.key = 'N'}};
+  TextBox TxtWorkgroup{*this, "TxtWorkgroup", LblJoinName, "KORVANE_LTD", {.beside = true}};
   CommandButton CmdOK{*this, "CmdOK", "OK"};
-  CommandButton CmdCancel{*this, "CmdCancel", "Cancel"};
+  CommandButton CmdCancel{*this, "CmdCancel", "Cancel", {.beside = true}};
 };
 
 }  // namespace discwright::forms

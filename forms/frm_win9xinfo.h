@@ -6,20 +6,23 @@
 namespace discwright::forms {
 
 struct FrmWin9xInfo : Form {
-  FrmWin9xInfo() : Form("FrmWin9xInfo", "Windows 9x Installation Info") {}
+  FrmWin9xInfo() : Form("FrmWin9xInfo", "Windows 9x Installation Info") {
+    default_buttons = {&CmdOK};
+    cancel_button = &CmdCancel;
+  }
 
-  Label LblOwner{*this, "LblOwner", "Owner Name :"};
-  TextBox TxtOwner{*this, "TxtOwner", "VexaUser"};
-  Label LblOrg{*this, "LblOrg", "Organization :"};
-  TextBox TxtOrg{*this, "TxtOrg", "KORVANE LTD."};
-  Label LblPCName{*this, "LblPCName", "Computer Name :"};
-  TextBox TxtPCName{*this, "TxtPCName"};
-  Label LblWorkgroup{*this, "LblWorkgroup", "Workgroup :"};
-  TextBox TxtWorkgroup{*this, "TxtWorkgroup", "KORVANE_LTD"};
-  Label LblOSType{*this, "LblOSType", "Optimized for :"};
-  TextBox TxtOSType{*this, "TxtOSType", "Microsoft Windows 98"};
+  Label LblOwner{*this, "LblOwner", "Owner Name :", {.key = 'O'}};
+  TextBox TxtOwner{*this, "TxtOwner", LblOwner, "VexaUser", {.beside = true}};
+  Label LblOrg{*this, "LblOrg", "Organization :", {.key = 'g'}};
+  TextBox TxtOrg{*this, "TxtOrg", LblOrg, "KORVANE LTD.", {.beside = true}};
+  Label LblPCName{*this, "LblPCName", "Computer Name :", {.key = 'C'}};
+  TextBox TxtPCName{*this, "TxtPCName", LblPCName, "", {.beside = true}};
+  Label LblWorkgroup{*this, "LblWorkgroup", "Workgroup :", {.key = 'W'}};
+  TextBox TxtWorkgroup{*this, "TxtWorkgroup", LblWorkgroup, "KORVANE_LTD", {.beside = true}};
+  Label LblOSType{*this, "LblOSType", "Optimized for :", {.key = 'p'}};
+  TextBox TxtOSType{*this, "TxtOSType", LblOSType, "Microsoft Windows 98", {.beside = true}};
   CommandButton CmdOK{*this, "CmdOK", "OK"};
-  CommandButton CmdCancel{*this, "CmdCancel", "Cancel"};
+  CommandButton CmdCancel{*this, "CmdCancel", "Cancel", {.beside = true}};
 };
 
 }  // namespace discwright::forms

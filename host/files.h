@@ -95,7 +95,9 @@ class BinaryFile {
 // Opens a regular file; null with the reason in `status` otherwise. Devices, sockets and pipes are never opened.
 std::unique_ptr<BinaryFile> OpenBinary(std::string_view path, OpenMode mode, Status& status);
 
-// The lower-case hexadecimal SHA-256 of a file's content; empty with the reason in `status` on failure.
-std::string Sha256OfFile(std::string_view path, Status& status);
+// The lower-case hexadecimal SHA-256 of a file's content; empty with the reason in `status` on failure. `go_on`, when
+// given, is asked between two pieces of the file; false ends the reading as a failure.
+std::string Sha256OfFile(std::string_view path, Status& status, const std::function<bool()>& go_on = {});
+inline Status StoppedReading() { return Status::Failure(ErrorClass::kOther, "the reading was stopped"); }
 
 }  // namespace discwright::host

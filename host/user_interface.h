@@ -13,7 +13,7 @@ struct Message {
   std::string title;
   MessageIcon icon = MessageIcon::kCritical;
   bool system_modal = false;
-  std::string place = {};  // the field that it is about and what stands there, for where no page shows them
+  std::string detail = {};  // a line below the text: the field, what is wrong with it, and what to do about it
 };
 
 struct FileRequest {
@@ -21,6 +21,17 @@ struct FileRequest {
   std::string filter;     // "Description (*.ext)|*.ext"
   std::string file_name;  // what the dialog opens with
   bool must_exist = false;
+};
+
+// What the help viewer is asked for; the numbers are those of HTML Help.
+enum class HelpCommand { kTopicFile = 0, kContents = 1, kIndex = 2, kTopicId = 15 };
+
+struct HelpRequest {
+  void* owner = nullptr;  // the handle of the window that the viewer belongs to; null: none
+  std::string path;       // "help file>window type"
+  HelpCommand command = HelpCommand::kContents;
+  std::string topic_file = {};  // with kTopicFile
+  int topic_id = 0;             // with kTopicId
 };
 
 class UserInterface {
@@ -40,8 +51,9 @@ class UserInterface {
   virtual std::string ChooseFolder(std::string_view start_folder, std::string_view title) = 0;
   virtual std::string ChooseFile(const FileRequest& request) = 0;
 
-  virtual bool HelpIsOpen() = 0;
-  virtual void ShowHelpTopic(std::string_view help_path, int topic_id) = 0;
+  // Whether there is a window of this class and title, which is that of the help viewer.
+  virtual bool HelpIsOpen(std::string_view window_class, std::string_view title) = 0;
+  virtual void ShowHelp(const HelpRequest& request) = 0;
   virtual void OpenLink(std::string_view address) = 0;
 };
 

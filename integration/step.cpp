@@ -24,9 +24,8 @@ void CopyBootSector(util::Context& context, const std::string& name) {
 }
 
 void HaltStep(util::Context& context, const std::string& what) {
-  context.user.ShowMessage({"A fatal Error occured while integrating the " + what + ", operation halted", "Fatal Error",
-                            host::MessageIcon::kCritical});
-  context.CancelApp();
+  context.Halt({"A fatal Error occured while integrating the " + what + ", operation halted", "Fatal Error",
+                host::MessageIcon::kCritical});
 }
 
 }  // namespace discwright::integration

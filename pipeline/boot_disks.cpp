@@ -69,9 +69,8 @@ bool MakeDisk(util::Context& context, const Disk& disk, bool select_drivers) {
 }
 
 void FailDisk(util::Context& context, const Disk& disk) {
-  context.user.ShowMessage({"The creation the Boot image \"" + std::string(disk.name) + "\" failed, operation halted",
-                            "Fatal Error", host::MessageIcon::kCritical, true});
-  context.CancelApp();
+  context.Halt({"The creation the Boot image \"" + std::string(disk.name) + "\" failed, operation halted",
+                "Fatal Error", host::MessageIcon::kCritical, true});
 }
 
 }  // namespace

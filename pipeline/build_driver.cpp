@@ -9,6 +9,7 @@
 #include "integration/win9x.h"
 #include "pipeline/boot_disks.h"
 #include "pipeline/boot_password.h"
+#include "pipeline/build_result.h"
 #include "pipeline/mastering.h"
 #include "pipeline/workspace.h"
 #include "util/processes.h"
@@ -94,9 +95,8 @@ void CleanUp(util::Context& context) {
   CleanSession(context);
 }
 
-}  // namespace
-
-void FinishApp(util::Context& context) {
+// Returns early when the build is cancelled, leaving labels and buttons as they are.
+void RunSteps(util::Context& context) {
   forms::FrmDiscwright& main = context.main();
   const StepLine boot_disks{main, main.LblMsg1, main.LblRight1};
   const StepLine win2k{main, main.LblMsg2, main.LblRight2};
@@ -124,6 +124,13 @@ void FinishApp(util::Context& context) {
   if (!RunStep(context, mastering, RunMastering)) return;
   if (main.ChkCleanSession.checked()) CleanUp(context);
   main.CmdFinish.enabled = true;
+}
+
+}  // namespace
+
+util::BuildResult FinishApp(util::Context& context) {
+  RunSteps(context);
+  return ResultOf(context);
 }
 
 void CancelApp(util::Context& context) {

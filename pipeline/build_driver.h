@@ -5,8 +5,8 @@
 
 namespace discwright::pipeline {
 
-// Runs the whole build in the calling handler; returns when it has ended or was cancelled.
-void FinishApp(util::Context& context);
+// Runs the whole build in the calling handler; returns when it has ended or was cancelled, and says what came of it.
+util::BuildResult FinishApp(util::Context& context);
 
 // Marks the build cancelled and shows the finish page; the running step ends by itself.
 void CancelApp(util::Context& context);

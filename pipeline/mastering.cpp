@@ -15,7 +15,6 @@ namespace discwright::pipeline {
 namespace {
 
 constexpr const char* kScriptFile = "\\makecd.bat";  // below the program folder
-constexpr const char* kLogFile = "\\mkisofs.log";
 
 // The fixed argument list, each piece after the program with its own leading blank.
 constexpr const char* kMasteringArguments =
@@ -36,7 +35,7 @@ constexpr const char* kMasteringArguments =
 // "mkisofs.log": open for the whole run, one line per piece of output.
 class MasteringLog {
  public:
-  explicit MasteringLog(util::Notes& notes) : path_(host::ProgramFolder() + kLogFile), notes_(notes) {
+  explicit MasteringLog(util::Notes& notes) : path_(host::ProgramFolder() + kMasteringLog), notes_(notes) {
     host::Status status;
     file_ = host::OpenBinary(path_, host::OpenMode::kCreateEmpty, status);
     notes_.Check(status, path_, "the mastering log could not be created");

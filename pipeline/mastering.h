@@ -9,7 +9,8 @@
 
 namespace discwright::pipeline {
 
-inline constexpr int kMasteringPollInterval = 500;  // milliseconds
+inline constexpr const char* kMasteringLog = "\\mkisofs.log";  // below the program folder
+inline constexpr int kMasteringPollInterval = 500;             // milliseconds
 
 // Writes "makecd.bat" and starts it; returns at once. MKISOFSRunning is set until the end handler clears it.
 void StartMKISOFS(util::Context& context, std::string_view ISOLocation, bool OptimizeISO);

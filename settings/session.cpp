@@ -38,8 +38,7 @@ std::vector<SessionKey> KeysAsRead() {
 // number entered by hand chooses the domain. That is meant.
 void ReadJoinDomain(forms::FrmWin2KInfo& dialog, std::string_view value) {
   const int number = WholeNumber(value);
-  dialog.OptJoinWorkgroup.value = number == 0;
-  dialog.OptJoinDomain.value = number != 0;
+  (number == 0 ? dialog.OptJoinWorkgroup : dialog.OptJoinDomain).value = true;
 }
 
 void ReadValue(forms::Windows& windows, const SessionLine& line, const std::string& value) {

@@ -42,8 +42,7 @@ constexpr std::array<Answer, 2> kDomainAnswers = {
     {{"Identification", "JoinDomain", "Workgroup"}, {"Identification", "JoinWorkgroup", nullptr, ""}}};
 
 void ChooseDomain(forms::FrmWin2KInfo& dialog, bool domain) {
-  dialog.OptJoinWorkgroup.value = !domain;
-  dialog.OptJoinDomain.value = domain;
+  (domain ? dialog.OptJoinDomain : dialog.OptJoinWorkgroup).value = true;
 }
 
 std::string TemplateFor(util::Notes& notes, const INIFile& key_file) {
@@ -127,9 +126,10 @@ void BindWin2KInfo(forms::FrmWin2KInfo& dialog, host::UserInterface& user) {
 }
 
 void CmdBrwUnattend_Click(forms::FrmWin2KInfo& dialog, host::UserInterface& user) {
-  const forms::FileDialog& open = dialog.DlgOpen;
+  forms::FileDialog& open = dialog.DlgOpen;
   const std::string script = user.ChooseFile({open.title, open.filter, open.file_name, true});
   if (script.empty()) return;
+  open.file_name = script;  // what the next chooser opens with
   dialog.TxtTemplate.text = script;
   FillSetupDataFromUnattend(dialog, script);
 }

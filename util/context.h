@@ -3,10 +3,12 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "forms/all_windows.h"
 #include "host/processes.h"
 #include "host/user_interface.h"
+#include "util/build_result.h"
 #include "util/notes.h"
 
 namespace discwright::util {
@@ -24,10 +26,22 @@ struct Context {
   // The program that a step waits for, and the mastering; null while there is none.
   std::unique_ptr<host::Launcher> ASyncApp;
   std::unique_ptr<host::Launcher> LaunchApp;
-  // How the last mastering ended; the pages do not look at it, the headless program does.
-  host::ProcessEnd mastering_end;
+  host::ProcessEnd mastering_end = {};  // how the last mastering ended
+
+  bool cancelled_by_user = false;
+  bool closing = false;      // the main window goes when the build that is being cancelled has returned
+  std::string failure = {};  // what halted the build; empty while nothing has
+  bool wants_digest = true;  // whether the result of a build is to hold the image's SHA-256
+  BuildResult result = {};   // of the last build
 
   forms::FrmDiscwright& main() const { return windows.main; }
+
+  // A step that cannot go on: shows its box, keeps the box's text as the reason of the failure, cancels the build.
+  void Halt(const host::Message& box) {
+    user.ShowMessage(box);
+    if (failure.empty()) failure = box.text;
+    CancelApp();
+  }
 };
 
 }  // namespace discwright::util

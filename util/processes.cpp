@@ -21,9 +21,8 @@ void NoteEnd(Notes& notes, const std::string& command_line, const host::ProcessE
 
 void ReportFailedStart(Context& context, std::string_view command_line, const std::string& reason) {
   context.notes.Add(std::string(command_line), "could not be started: " + reason);
-  context.user.ShowMessage({"There appears to be a problem in your installation, try to manually register redirect.dll",
-                            "Critical Error", host::MessageIcon::kCritical, true});
-  context.CancelApp();
+  context.Halt({"There appears to be a problem in your installation, try to manually register redirect.dll",
+                "Critical Error", host::MessageIcon::kCritical, true});
 }
 
 }  // namespace

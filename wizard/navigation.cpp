@@ -3,13 +3,14 @@
 
 #include "pipeline/build_driver.h"
 #include "settings/session.h"
-#include "settings/win2k_info.h"
-#include "settings/win9x_info.h"
 #include "util/paths.h"
-#include "wizard/help_topics.h"
+#include "wizard/choosers.h"
+#include "wizard/dialogs.h"
+#include "wizard/help.h"
 #include "wizard/page_checks.h"
 #include "wizard/page_defaults.h"
 #include "wizard/pages.h"
+#include "wizard/rules.h"
 #include "wizard/summary.h"
 
 namespace discwright::wizard {
@@ -17,8 +18,6 @@ namespace discwright::wizard {
 namespace {
 
 using forms::FrmDiscwright;
-
-constexpr int kPageInView = 255;
 
 void TurnTo(util::Context& context, std::size_t page) {
   FrmDiscwright& main = context.main();
@@ -28,7 +27,7 @@ void TurnTo(util::Context& context, std::size_t page) {
   ShowHelp(context, kPageInView, false);
 }
 
-// The page behind `page`; `page` itself when one of its checks fails: defaults and summary are filled in all the same.
+// The page behind `page`; `page` itself when one of its checks fails. Defaults and summary are filled in either way.
 int PageAfter(util::Context& context, int page) {
   FrmDiscwright& main = context.main();
   if (page >= kSummaryPage) return kSummaryPage;
@@ -41,7 +40,7 @@ int PageAfter(util::Context& context, int page) {
   return PageAfter(context, page + 1);
 }
 
-int PageBefore(const FrmDiscwright& main, int page) {
+int PageBefore(FrmDiscwright& main, int page) {
   if (page <= kWelcomePage) return kWelcomePage;
   do {
     --page;
@@ -49,37 +48,34 @@ int PageBefore(const FrmDiscwright& main, int page) {
   return page;
 }
 
-// The dialogs open with what they were left with in this run.
-void BindDialogs(util::Context& context) {
-  forms::Windows& windows = context.windows;
-  settings::BindWin2KInfo(windows.win2k_info, context.user);
-  settings::BindWin9xInfo(windows.win9x_info);
-  windows.main.CmdSetWin2KInfo.click = [&dialog = windows.win2k_info] {
-    settings::LoadWin2KInfo(dialog);
-    dialog.visible = true;
-  };
-  windows.main.CmdSetWin9xInfo.click = [&dialog = windows.win9x_info] {
-    settings::LoadWin9xInfo(dialog);
-    dialog.visible = true;
-  };
+void CancelByUser(util::Context& context) {
+  if (context.failure.empty()) context.cancelled_by_user = true;
+  context.CancelApp();
 }
 
 }  // namespace
 
-void Bind(util::Context& context) {
+forms::Subscription Bind(util::Context& context) {
   FrmDiscwright& main = context.main();
   main.CmdNext.click = [&context] { CmdNext_Click(context); };
   main.CmdBack.click = [&context] { CmdBack_Click(context); };
   main.CmdFinish.click = [&context] { CmdFinish_Click(context); };
   main.CmdCancel.click = [&context] { CmdCancel_Click(context); };
   main.CmdHelp.click = [&context] { CmdHelp_Click(context); };
+  main.asked_to_close = [&context] { CloseMainWindow(context); };
   context.ShowHelp = [&context](int intStep, bool ForceShow) { ShowHelp(context, intStep, ForceShow); };
+  BindChoosers(context);
   BindDialogs(context);
   pipeline::Bind(context);
+  return KeepRules(context.windows);
 }
 
 void Form_Load(util::Context& context, const std::string& session_file) {
-  if (util::FileExists(session_file)) settings::ReadVexaCDINI(context, session_file);
+  if (util::FileExists(session_file)) {
+    settings::ReadVexaCDINI(context, session_file);
+  } else {
+    FillStartDefaults(context.main());
+  }
   context.main().visible = true;
 }
 
@@ -109,26 +105,34 @@ void CmdFinish_Click(util::Context& context) {
   FrmDiscwright& main = context.main();
   if (main.Finished) {
     settings::WriteVexaCDINI(context);
-    main.visible = false;  // the program ends with its window
+    main.visible = false;  // the program ends with its window, once a cancelled build has returned
     return;
   }
   // The build lets clicks through before it disables the button: a double click must not start a second one.
-  if (main.Step == static_cast<int>(forms::kProgressPage)) return;
+  if (BuildRuns(main)) return;
   main.CmdBack.enabled = false;
   main.CmdFinish.enabled = true;
   TurnTo(context, forms::kProgressPage);
-  pipeline::FinishApp(context);
+  context.result = pipeline::FinishApp(context);
   main.Finished = true;
   TurnTo(context, forms::kFinishPage);
+  if (context.closing) main.visible = false;
 }
 
-void CmdCancel_Click(util::Context& context) { context.CancelApp(); }
+void CmdCancel_Click(util::Context& context) { CancelByUser(context); }
 
 void CmdHelp_Click(util::Context& context) { ShowHelp(context, kPageInView, true); }
 
-void ShowHelp(util::Context& context, int intStep, bool ForceShow) {
-  if (!ForceShow && !context.user.HelpIsOpen()) return;
-  context.user.ShowHelpTopic(HelpPath(), HelpTopic(intStep == kPageInView ? context.main().Step : intStep));
+void CloseMainWindow(util::Context& context) {
+  FrmDiscwright& main = context.main();
+  if (!BuildRuns(main)) {
+    main.visible = false;
+    return;
+  }
+  context.closing = true;
+  CancelByUser(context);
+  // Nobody is left to wait for an image.
+  if (main.MKISOFSRunning) context.programs.EndAll();
 }
 
 }  // namespace discwright::wizard

@@ -1,4 +1,4 @@
-// The wizard's buttons: Load, Next, Back, Finish, Cancel, Help.
+// The wizard's buttons: Load, Next, Back, Finish, Cancel, Help, and the cross of its window.
 #pragma once
 
 #include <string>
@@ -7,11 +7,12 @@
 
 namespace discwright::wizard {
 
-// Binds the five buttons of the main window to the handlers below, those of the two installation info dialogs and the
-// buttons that open them, and the context's ShowHelp.
-void Bind(util::Context& context);
+// Puts the wizard together: binds the five buttons to the handlers below, the choosers, the dialogs, the context's
+// ShowHelp, and keeps the rules of the boxes until what is returned ends.
+[[nodiscard]] forms::Subscription Bind(util::Context& context);
 
-// Loads `session_file` when there is such a file (the program's own session file for the window).
+// Loads `session_file` when there is such a file (the program's own session file for the window). Without one, and
+// where there is no drive C:, the locations that the design proposes there are replaced.
 void Form_Load(util::Context& context, const std::string& session_file);
 
 void CmdNext_Click(util::Context& context);
@@ -20,7 +21,8 @@ void CmdFinish_Click(util::Context& context);  // with Finished set: saves the s
 void CmdCancel_Click(util::Context& context);
 void CmdHelp_Click(util::Context& context);
 
-// Moves the help viewer to a page's topic; 255 means the page in view. Without `ForceShow` only when it is open.
-void ShowHelp(util::Context& context, int intStep, bool ForceShow);
+// Ends the program without saving anything. A build that runs is cancelled first, together with its mastering; the
+// window goes when the build has returned.
+void CloseMainWindow(util::Context& context);
 
 }  // namespace discwright::wizard

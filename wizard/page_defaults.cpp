@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "host/desktop.h"
 #include "host/system.h"
 #include "integration/source_identification.h"
 #include "util/paths.h"
@@ -45,6 +46,14 @@ constexpr DefaultLocation kDefaultLocations[] = {
 };
 
 }  // namespace
+
+void FillStartDefaults(FrmDiscwright& main) {
+  std::string home = host::HomeFolder();
+  if (home.empty()) return;
+  util::AddBackslash(home);
+  main.TxtISOLoc.text = home + "vexacd.iso";
+  main.TxtSP_exe.text = "";
+}
 
 void FillDefaults(FrmDiscwright& main, int page) {
   for (const DefaultLocation& row : kDefaultLocations) {

@@ -1,4 +1,4 @@
-// The pages by name, and the content that decides whether a page is on the way.
+// The pages by name, the one in view, and the content that decides whether a page is on the way.
 #pragma once
 
 #include "forms/frm_discwright.h"
@@ -18,19 +18,17 @@ enum Page : int {
   kSummaryPage = 8,
 };
 
-// A page whose content was not chosen on the contents page is skipped in both directions.
-inline bool IsOnTheWay(const forms::FrmDiscwright& main, int page) {
-  switch (page) {
-    case kWin2KSourcePage:
-    case kWin2KOptionsPage:
-      return main.ChkGet_Win2k.checked();
-    case kWin9xPage:
-      return main.ChkGet_Win9x.checked();
-    case kAdvtoolsPage:
-      return main.ChkGet_Advtools.checked();
-    default:
-      return true;
-  }
-}
+// The check box of the contents page without which a page is skipped, in both directions; null: always on the way.
+forms::CheckBox* ContentOf(forms::FrmDiscwright& main, int page);
+bool IsOnTheWay(forms::FrmDiscwright& main, int page);
+
+// The page that is shown. It is not always `Step`: a cancelled wizard shows the finish page, and `Step` stays.
+int PageInView(const forms::FrmDiscwright& main);
+
+// The page on which a control stands; -1 when it stands on none (it is below all pages, or of a dialog).
+int PageOf(forms::FrmDiscwright& main, const forms::Control& control);
+
+// Whether the Finish button's build is under way.
+bool BuildRuns(const forms::FrmDiscwright& main);
 
 }  // namespace discwright::wizard

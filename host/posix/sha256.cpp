@@ -17,9 +17,10 @@ using Digest = std::unique_ptr<EVP_MD_CTX, void (*)(EVP_MD_CTX*)>;
 
 Status NoDigest() { return Status::Failure(ErrorClass::kOther, "SHA-256 is not available"); }
 
-Status Feed(EVP_MD_CTX* digest, int fd) {
+Status Feed(EVP_MD_CTX* digest, int fd, const std::function<bool()>& go_on) {
   std::vector<char> bytes(kReadPiece);
   for (;;) {
+    if (go_on && !go_on()) return StoppedReading();
     const long got = ReadSome(fd, bytes.data(), bytes.size());
     if (got < 0) return LastFailure();
     if (got == 0) return Status::Success();
@@ -41,13 +42,13 @@ std::string Hexadecimal(EVP_MD_CTX* digest) {
 
 }  // namespace
 
-std::string Sha256OfFile(std::string_view path, Status& status) {
+std::string Sha256OfFile(std::string_view path, Status& status, const std::function<bool()>& go_on) {
   const RegularFile file = OpenRegular(RealPath(path), O_RDONLY);
   status = file.status;
   if (!status.ok()) return {};
   const Digest digest(EVP_MD_CTX_new(), EVP_MD_CTX_free);
   const bool started = digest != nullptr && EVP_DigestInit_ex(digest.get(), EVP_sha256(), nullptr) == 1;
-  status = started ? Feed(digest.get(), file.fd.get()) : NoDigest();
+  status = started ? Feed(digest.get(), file.fd.get(), go_on) : NoDigest();
   std::string sum = status.ok() ? Hexadecimal(digest.get()) : std::string();
   if (status.ok() && sum.empty()) status = NoDigest();
   return sum;

@@ -111,6 +111,9 @@ constexpr TextRow kTexts[] = {
     {kMain, "LblAbort", "Couldn't access destination ISO File"},
     {kMain, "LblVisit_vexacd", "Visit the Vexa Rescue CD homepage for updated versions of the Vexa Discwright at :"},
     {kMain, "LblVisit_cdshell", "The CDShell homepage, simply the most advanced Bootable CDs Loader :"},
+    {kMain, "LblLink_vexacd", "https://discwright.example.org/"},
+    {kMain, "LblLink_cdshell", "https://cdshell.example.org/"},
+    {kMain, "LblLink_Third", "https://bootable-cds.example.org/"},
     {kMain, "LblVisit_Third", "For more about creating bootable CD-ROMs, visit :"},
 
     {kMain, "LblWait", "  Please Wait ... Creating the ISO file"},
@@ -127,6 +130,7 @@ constexpr TextRow kTexts[] = {
     {kWin2K, "LblOrg", "Organization :"},
     {kWin2K, "TxtOrg", "KORVANE LTD."},
     {kWin2K, "LblPCName", "Computer Name :"},
+    {kWin2K, "LblJoinName", "Name of the workgroup or domain :"},
     {kWin2K, "OptJoinWorkgroup", "Join Workgroup :"},
     {kWin2K, "OptJoinDomain", "Join Domain :"},
     {kWin2K, "TxtWorkgroup", "KORVANE_LTD"},
@@ -148,13 +152,12 @@ constexpr TextRow kTexts[] = {
 
 // Controls with a text that the program or the user fills in later.
 constexpr std::pair<const char*, const char*> kStartEmpty[] = {
-    {kMain, "FraMain"},       {kMain, "Txt_i386_Loc"}, {kMain, "FraSP_Loc"},       {kMain, "FraHotfix"},
-    {kMain, "TxtWin9x_Loc"},  {kMain, "TxtERDC"},      {kMain, "TxtBCon"},         {kMain, "FraUtils"},
-    {kMain, "TxtUtils_Loc"},  {kMain, "FraAddFiles"},  {kMain, "TxtAddFiles_Loc"}, {kMain, "TxtPass1"},
-    {kMain, "TxtPass2"},      {kMain, "TxtSummery"},   {kMain, "LblLink_vexacd"},  {kMain, "LblLink_cdshell"},
-    {kMain, "LblLink_Third"}, {kMain, "LblRight1"},    {kMain, "LblRight2"},       {kMain, "LblRight3"},
-    {kMain, "LblRight4"},     {kMain, "LblRight5"},    {kMain, "LblSub_Step"},     {kWin2K, "TxtTemplate"},
-    {kWin2K, "TxtPCName"},    {kWin9x, "TxtPCName"},
+    {kMain, "FraMain"},      {kMain, "Txt_i386_Loc"}, {kMain, "FraSP_Loc"},       {kMain, "FraHotfix"},
+    {kMain, "TxtWin9x_Loc"}, {kMain, "TxtERDC"},      {kMain, "TxtBCon"},         {kMain, "FraUtils"},
+    {kMain, "TxtUtils_Loc"}, {kMain, "FraAddFiles"},  {kMain, "TxtAddFiles_Loc"}, {kMain, "TxtPass1"},
+    {kMain, "TxtPass2"},     {kMain, "TxtSummery"},   {kMain, "LblRight1"},       {kMain, "LblRight2"},
+    {kMain, "LblRight3"},    {kMain, "LblRight4"},    {kMain, "LblRight5"},       {kMain, "LblSub_Step"},
+    {kWin2K, "TxtTemplate"}, {kWin2K, "TxtPCName"},   {kWin9x, "TxtPCName"},
 };
 
 enum class Kind {
@@ -162,6 +165,7 @@ enum class Kind {
   kTextBox,
   kCommandButton,
   kLabel,
+  kLink,
   kFrame,
   kOptionButton,
   kProgressBar,
@@ -244,9 +248,9 @@ constexpr KindRow kNamedControls[] = {
     {kMain, "TxtSummery", Kind::kTextBox, 8},
     {kMain, "LblFinish", Kind::kLabel, 9},
     {kMain, "LblAbort", Kind::kLabel, 9},
-    {kMain, "LblLink_vexacd", Kind::kLabel, 9},
-    {kMain, "LblLink_cdshell", Kind::kLabel, 9},
-    {kMain, "LblLink_Third", Kind::kLabel, 9},
+    {kMain, "LblLink_vexacd", Kind::kLink, 9},
+    {kMain, "LblLink_cdshell", Kind::kLink, 9},
+    {kMain, "LblLink_Third", Kind::kLink, 9},
     {kMain, "LblMsg1", Kind::kLabel, 10},
     {kMain, "LblMsg2", Kind::kLabel, 10},
     {kMain, "LblMsg3", Kind::kLabel, 10},
@@ -290,6 +294,8 @@ const std::type_info& TypeOf(Kind kind) {
       return typeid(CommandButton);
     case Kind::kLabel:
       return typeid(Label);
+    case Kind::kLink:
+      return typeid(Link);
     case Kind::kFrame:
       return typeid(Frame);
     case Kind::kOptionButton:

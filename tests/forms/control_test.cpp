@@ -1,33 +1,156 @@
-// Records tell their subscribers; windows find their controls.
+// Records tell their listeners; windows find their controls.
 #include "forms/control.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 #include "forms/all_windows.h"
 
 namespace discwright::forms {
 namespace {
 
-TEST(Property, AssignedDifferentValue_NotifiesControlAndFormSubscribers) {
+// What a listener has heard, as "Control facet by".
+class Heard {
+ public:
+  Listener Hear() {
+    return [this](Control& control, Facet facet, By by) {
+      static constexpr const char* kFacets[] = {"text", "value", "visible", "enabled", "range", "emphasis", "repaint"};
+      lines.push_back(control.name() + " " + kFacets[static_cast<int>(facet)] + (by == By::kUser ? " user" : ""));
+    };
+  }
+  std::vector<std::string> lines;
+};
+
+using Lines = std::vector<std::string>;
+
+TEST(Notice, EveryProperty_NamesItsFacet) {
   FrmDiscwright main;
-  std::vector<std::string> heard;
-  main.LblSub_Step.Subscribe([&](Control& control, Change) { heard.push_back(control.name()); });
-  main.SubscribeToAll([&](Control& control, Change change) {
-    heard.push_back("form: " + control.name() + (change == Change::kRepaint ? " repaint" : ""));
-  });
+  Heard heard;
+  const Subscription listening = main.Listen(heard.Hear());
   main.LblSub_Step.caption = "Copying";
-  main.LblSub_Step.Refresh();
-  EXPECT_EQ(heard,
-            (std::vector<std::string>{"LblSub_Step", "form: LblSub_Step", "LblSub_Step", "form: LblSub_Step repaint"}));
+  main.TxtISOLoc.text = "d:\\cd.iso";
+  main.ChkGet_Win2k.value = 1;
+  main.BarSub_Step.value = 7;
+  main.LblAbort.visible = true;
+  main.CmdBack.enabled = true;
+  main.BarSub_Step.min = -1;
+  main.BarSub_Step.max = 200;
+  main.LblMsg1.bold = true;
+  main.LblMsg1.fore_color = 255;
+  main.LblMsg1.Refresh();
+  main.caption = "Title";
+  EXPECT_EQ(heard.lines, (Lines{"LblSub_Step text", "TxtISOLoc text", "ChkGet_Win2k value", "BarSub_Step value",
+                                "LblAbort visible", "CmdBack enabled", "BarSub_Step range", "BarSub_Step range",
+                                "LblMsg1 emphasis", "LblMsg1 emphasis", "LblMsg1 repaint", "FrmDiscwright text"}));
 }
 
-TEST(Property, AssignedSameValue_NotifiesNobody) {
+TEST(Notice, SameValueAgain_ReachesNobody) {
   FrmDiscwright main;
-  int heard = 0;
-  main.SubscribeToAll([&](Control&, Change) { ++heard; });
+  Heard heard;
+  const Subscription listening = main.Listen(heard.Hear());
   main.BarSub_Step.value = 0;
   main.ChkGet_Vexadisks.value = 1;
-  EXPECT_EQ(heard, 0);
+  main.TxtISOLoc.text.Set("c:\\vexacd.iso", By::kUser);
+  EXPECT_EQ(heard.lines, Lines{});
+}
+
+TEST(Notice, OfOtherControls_DoesNotReachTheListenerOfOne) {
+  FrmDiscwright main;
+  Heard heard;
+  const Subscription listening = main.TxtPass1.Listen(heard.Hear());
+  main.TxtPass2.text = "two";
+  main.TxtPass1.text = "one";
+  EXPECT_EQ(heard.lines, Lines{"TxtPass1 text"});
+}
+
+TEST(Notice, ToldWhileItListens_AlreadyShowsTheNewValue) {
+  FrmDiscwright main;
+  std::string seen;
+  const Subscription listening = main.Listen([&](Control&, Facet, By) { seen = main.TxtPass1.text; });
+  main.TxtPass1.text = "one";
+  EXPECT_EQ(seen, "one");
+}
+
+TEST(Subscription, Ended_IsToldNothingAndLeavesNothingBehind) {
+  FrmDiscwright main;
+  Heard heard;
+  {
+    const Subscription listening = main.Listen(heard.Hear());
+    EXPECT_EQ(main.listener_count(), 1U);
+  }
+  main.TxtPass1.text = "one";
+  EXPECT_EQ(heard.lines, Lines{});
+  EXPECT_EQ(main.listener_count(), 0U);
+}
+
+TEST(Subscription, Moved_GoesOnUntilTheNewOwnerEndsIt) {
+  FrmDiscwright main;
+  Heard first;
+  Heard second;
+  Subscription listening = main.Listen(first.Hear());
+  Subscription other = std::move(listening);
+  main.TxtPass1.text = "one";
+  other = main.Listen(second.Hear());
+  main.TxtPass1.text = "two";
+  EXPECT_EQ(first.lines.size(), 1U);
+  EXPECT_EQ(second.lines.size(), 1U);
+  EXPECT_EQ(main.listener_count(), 1U);
+}
+
+TEST(Subscription, BegunInsideANotice_HearsTheNextOne) {
+  FrmDiscwright main;
+  Heard heard;
+  std::vector<Subscription> begun;
+  const Subscription listening = main.Listen([&](Control&, Facet, By) {
+    for (int i = 0; i < 20 && begun.size() < 20; ++i) begun.push_back(main.Listen(heard.Hear()));
+  });
+  main.TxtPass1.text = "one";
+  EXPECT_EQ(heard.lines, Lines{});
+  main.TxtPass1.text = "two";
+  EXPECT_EQ(heard.lines.size(), 20U);
+}
+
+TEST(Subscription, EndedInsideANotice_IsNotToldOfItAnyMore) {
+  FrmDiscwright main;
+  Heard heard;
+  Subscription own;
+  Subscription later;
+  int told = 0;
+  own = main.Listen([&](Control&, Facet, By) {
+    ++told;
+    own.End();
+    later.End();
+  });
+  later = main.Listen(heard.Hear());
+  main.TxtPass1.text = "one";
+  main.TxtPass1.text = "two";
+  EXPECT_EQ(told, 1);
+  EXPECT_EQ(heard.lines, Lines{});
+  EXPECT_EQ(main.listener_count(), 0U);
+}
+
+TEST(Subscription, EndedInsideANoticeOfANotice_KeepsTheOtherListeners) {
+  FrmDiscwright main;
+  Heard heard;
+  Subscription first = main.Listen([&](Control& control, Facet, By) {
+    if (&control == &main.TxtPass1) main.TxtPass2.text = main.TxtPass1.text.get();
+    if (&control == &main.TxtPass2) first.End();
+  });
+  const Subscription second = main.Listen(heard.Hear());
+  main.TxtPass1.text = "one";
+  EXPECT_EQ(heard.lines, (Lines{"TxtPass2 text", "TxtPass1 text"}));
+  EXPECT_EQ(main.listener_count(), 1U);
+}
+
+TEST(Subscription, OutlivesItsForm_EndsQuietly) {
+  Subscription listening;
+  {
+    FrmDiscwright main;
+    listening = main.Listen([](Control&, Facet, By) {});
+  }
+  listening.End();
 }
 
 TEST(Form, EveryControl_HasANameOfItsOwn) {
@@ -78,36 +201,93 @@ TEST(Dialogs, AtStart_HaveTheirDefaults) {
   EXPECT_FALSE(windows.win2k_info.visible);
 }
 
+// The control of that name gets the value; what is wrong with it otherwise.
+std::string Assigned(Windows& windows, std::string_view name, std::string_view value) {
+  const std::vector<Control*> found = FindControls(windows, name);
+  return found.size() == 1 ? Assign(*found[0], value) : std::to_string(found.size()) + " controls";
+}
+
 TEST(Assign, KindsOfControl_TakeTheirValues) {
   Windows windows;
-  EXPECT_EQ(Assign(windows, "chkvexautils", "1"), "");
+  EXPECT_EQ(Assigned(windows, "chkvexautils", "1"), "");
   EXPECT_EQ(windows.main.ChkVexaUtils.value.get(), 1);
-  EXPECT_EQ(Assign(windows, "TxtUtils_Loc", "/media/tools"), "");
+  EXPECT_EQ(Assigned(windows, "TxtUtils_Loc", "/media/tools"), "");
   EXPECT_EQ(windows.main.TxtUtils_Loc.text.get(), "/media/tools");
-  EXPECT_EQ(Assign(windows, "OptJoinDomain", "True"), "");
-  EXPECT_TRUE(windows.win2k_info.OptJoinDomain.value);
-  EXPECT_FALSE(windows.win2k_info.OptJoinWorkgroup.value);
 }
 
-TEST(Assign, NameInTwoDialogs_NeedsTheWindow) {
+TEST(Assign, OptionButton_OneOfTheTwoIsAlwaysChosen) {
   Windows windows;
-  EXPECT_EQ(Assign(windows, "TxtOwner", "Ann"),
-            "two windows have a control of that name; write FrmWin2KInfo.TxtOwner or FrmWin9xInfo.TxtOwner");
-  EXPECT_EQ(Assign(windows, "frmwin9xinfo.txtowner", "Ann"), "");
-  EXPECT_EQ(windows.win9x_info.TxtOwner.text.get(), "Ann");
-  EXPECT_EQ(windows.win2k_info.TxtOwner.text.get(), "VexaUser");
+  FrmWin2KInfo& dialog = windows.win2k_info;
+  for (const auto& [name, value, domain] : {std::tuple("OptJoinDomain", "True", true),
+                                            {"OptJoinDomain", "false", false},
+                                            {"OptJoinWorkgroup", "0", true},
+                                            {"OptJoinWorkgroup", "1", false}}) {
+    EXPECT_EQ(Assigned(windows, name, value), "");
+    EXPECT_EQ(dialog.OptJoinDomain.value, domain) << name << value;
+    EXPECT_EQ(dialog.OptJoinWorkgroup.value, !domain) << name << value;
+  }
 }
 
-TEST(Assign, WrongNameOrValue_ChangesNothingAndSaysWhy) {
+TEST(Assign, ControlThatCannotBeUsed_IsSetAllTheSameByTheUser) {
   Windows windows;
-  EXPECT_EQ(Assign(windows, "ChkNothing", "1"), "there is no control of that name");
-  EXPECT_EQ(Assign(windows, "FrmOther.TxtOwner", "1"), "there is no control of that name");
-  EXPECT_NE(Assign(windows, "ChkVexaUtils", "yes"), "");
-  EXPECT_NE(Assign(windows, "OptJoinDomain", "maybe"), "");
-  EXPECT_NE(Assign(windows, "TxtSummery", "text"), "");
-  EXPECT_NE(Assign(windows, "CmdNext", "1"), "");
+  windows.main.TxtERDC.enabled = false;
+  Heard heard;
+  const Subscription listening = windows.main.Listen(heard.Hear());
+  EXPECT_EQ(Assigned(windows, "TxtERDC", "T:"), "");
+  EXPECT_EQ(heard.lines, Lines{"TxtERDC text user"});
+}
+
+TEST(Assign, WrongValue_ChangesNothingAndSaysWhy) {
+  Windows windows;
+  EXPECT_EQ(Assigned(windows, "ChkVexaUtils", "yes"), "a check box takes 0 or 1 (2 for greyed)");
+  EXPECT_EQ(Assigned(windows, "OptJoinDomain", "maybe"), "an option takes True or False");
+  EXPECT_EQ(Assigned(windows, "TxtSummery", "text"), "it is filled by the program and cannot be set");
+  EXPECT_THAT(Assigned(windows, "CmdNext", "1"), ::testing::StartsWith("it holds no choice"));
   EXPECT_EQ(windows.main.ChkVexaUtils.value.get(), 0);
   EXPECT_FALSE(windows.win2k_info.OptJoinDomain.value);
+}
+
+TEST(FindControls, NameInTwoDialogs_FindsBothUnlessTheWindowIsNamed) {
+  Windows windows;
+  EXPECT_EQ(FindControls(windows, "txtowner"),
+            (std::vector<Control*>{&windows.win2k_info.TxtOwner, &windows.win9x_info.TxtOwner}));
+  EXPECT_EQ(FindControls(windows, "frmwin9xinfo.txtowner"), std::vector<Control*>{&windows.win9x_info.TxtOwner});
+}
+
+TEST(FindControls, NameOfTheMainWindow_IsTheMainWindowsAlone) {
+  Windows windows;
+  EXPECT_EQ(FindControls(windows, "CmdCancel"), std::vector<Control*>{&windows.main.CmdCancel});
+  EXPECT_EQ(FindControls(windows, "FrmDiscwright.TxtPass1"), std::vector<Control*>{&windows.main.TxtPass1});
+  EXPECT_TRUE(FindControls(windows, "ChkNothing").empty());
+  EXPECT_TRUE(FindControls(windows, "FrmOther.TxtOwner").empty());
+}
+
+TEST(ShownText, MarkedKeyAndAmpersandOfTheText_AreToldApart) {
+  FrmDiscwright main;
+  EXPECT_EQ(ShownText(main.CmdBack), "< Back");
+  EXPECT_EQ(ShownText(main.ChkBCon), "O&O BlueCon XXL Pro");
+  main.LblSub_Step.caption = "Adding O&&O BlueCon XXL Files";
+  EXPECT_EQ(ShownText(main.LblSub_Step), "Adding O&O BlueCon XXL Files");
+}
+
+TEST(AccessKey, FieldAndLink_HaveThatOfTheirLabel) {
+  FrmDiscwright main;
+  EXPECT_EQ(AccessKey(main.CmdBack), 'B');
+  EXPECT_EQ(AccessKey(main.ChkBCon), 'O');
+  EXPECT_EQ(AccessKey(main.TxtPass2), 'm');
+  EXPECT_EQ(AccessKey(main.LblLink_vexacd), 'V');
+  EXPECT_EQ(AccessKey(main.LblWelcome1), 0);
+}
+
+TEST(ValueText, KindsOfControl_GiveWhatAssignTakes) {
+  Windows windows;
+  windows.main.ChkGet_Win2k.value = 2;
+  EXPECT_EQ(ValueText(windows.main.ChkGet_Win2k), "2");
+  EXPECT_EQ(ValueText(windows.win2k_info.OptJoinWorkgroup), "True");
+  EXPECT_EQ(ValueText(windows.win2k_info.OptJoinDomain), "False");
+  EXPECT_EQ(ValueText(windows.main.TxtISOLoc), "c:\\vexacd.iso");
+  EXPECT_EQ(ValueText(windows.main.CmdHelp), "Help");
+  EXPECT_EQ(ValueText(windows.main.BarSub_Step), "");
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ constexpr const char* kFile = "C:\\Discwright\\file.bin";
 class Patching : public testing::BuildFixture {
  protected:
   Patching() {
-    main.SubscribeToAll([this](forms::Control& control, forms::Change) {
+    ListenToAll(main, [this](forms::Control& control, forms::Facet, forms::By) {
       if (&control == &main) hourglass.push_back(main.busy);
     });
   }

@@ -17,8 +17,8 @@ class StepFixture : public BuildFixture {
       host.AddFile(std::string("C:\\Discwright\\files\\bootsect\\") + sector, "sector of I386");
     }
     host.AddFolder("C:\\Discwright\\vexacd\\boot\\images");
-    main.LblSub_Step.Subscribe([this](forms::Control&, forms::Change change) {
-      if (change == forms::Change::kRepaint) repainted.push_back(main.LblSub_Step.caption);
+    Listen(main.LblSub_Step, [this](forms::Control&, forms::Facet facet, forms::By) {
+      if (facet == forms::Facet::kRepaint) repainted.push_back(main.LblSub_Step.caption);
       const std::string& caption = main.LblSub_Step.caption;
       const bool is_the_copys = caption.starts_with("Copying : ") || caption == "Preparing for Copy";
       if (!is_the_copys && (captions.empty() || captions.back() != caption)) captions.push_back(caption);

@@ -12,9 +12,10 @@ using ::testing::HasSubstr;
 class BootDisks : public discwright::testing::PipelineFixture {
  protected:
   BootDisks() {
-    main.LblSub_Step.Subscribe(
-        [this](forms::Control&, forms::Change) { captions.push_back(main.LblSub_Step.caption); });
-    main.BarSub_Step.Subscribe([this](forms::Control&, forms::Change) { bar.push_back(main.BarSub_Step.value); });
+    Listen(main.LblSub_Step,
+           [this](forms::Control&, forms::Facet, forms::By) { captions.push_back(main.LblSub_Step.caption); });
+    Listen(main.BarSub_Step,
+           [this](forms::Control&, forms::Facet, forms::By) { bar.push_back(main.BarSub_Step.value); });
   }
   std::vector<std::string> captions;
   std::vector<std::int64_t> bar;

@@ -29,8 +29,8 @@ std::string Protected(const std::string& password) {
 
 TEST_F(BootPassword, EqualEntries_SwitchTheProtectionOnWithThePassword) {
   std::vector<std::string> shown;
-  main.LblSub_Step.Subscribe([&](forms::Control&, forms::Change change) {
-    if (change == forms::Change::kRepaint) shown.push_back(main.LblSub_Step.caption);
+  Listen(main.LblSub_Step, [&](forms::Control&, forms::Facet facet, forms::By) {
+    if (facet == forms::Facet::kRepaint) shown.push_back(main.LblSub_Step.caption);
   });
   EXPECT_EQ(Protect("secret", "secret"), Protected("secret"));
   EXPECT_THAT(shown, ElementsAre("Adding Password Protection to the Boot Script"));

@@ -62,8 +62,8 @@ TEST_F(BuildDriver, NothingChosen_TicksOneFourAndFiveAndCrossesTheRest) {
 
 TEST_F(BuildDriver, RunningStep_IsBoldAndNormalAfterwards) {
   std::vector<std::string> bold;
-  main.SubscribeToAll([&](forms::Control& control, forms::Change change) {
-    if (change != forms::Change::kRepaint) return;
+  ListenToAll(main, [&](forms::Control& control, forms::Facet facet, forms::By) {
+    if (facet != forms::Facet::kRepaint) return;
     auto* label = dynamic_cast<forms::Label*>(&control);
     if (label != nullptr && label->bold) bold.push_back(label->name());
   });

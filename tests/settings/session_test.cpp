@@ -268,7 +268,7 @@ TEST_F(SessionTest, NumberEnteredByHandForJoinDomain_ChoosesTheDomain) {
 TEST_F(SessionTest, Read_TakesTheChoiceOfTheDomainBeforeItsName) {
   std::vector<std::string> changed;
   LoadDialogsNow();
-  win2k.SubscribeToAll([&](forms::Control& control, forms::Change) { changed.push_back(control.name()); });
+  ListenToAll(win2k, [&](forms::Control& control, forms::Facet, forms::By) { changed.push_back(control.name()); });
   Read(
       "[Win2K_Info]\r\nComputerName=PC\r\nWorkgroup=G\r\nJoinDomain=1\r\nOwnerName=\"VexaUser\"\r\n"
       "Organization=\"KORVANE LTD.\"\r\n");

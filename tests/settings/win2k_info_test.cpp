@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "forms/user_actions.h"
 #include "settings/ini_file.h"
 #include "tests/support/fake_host.h"
 #include "tests/support/fake_user.h"
@@ -149,7 +150,7 @@ TEST_F(Win2KInfoTest, Browse_AsksWithTheDialogsOwnDataAndReadsTheChosenScript) {
   host.AddFile("D:\\mine.sif", kUserData + "[Identification]\r\nJoinDomain=CORP\r\n");
   user.file_answer = "D:\\mine.sif";
   BindWin2KInfo(dialog, user);
-  dialog.CmdBrwUnattend.click();
+  forms::Press(dialog.CmdBrwUnattend);
   EXPECT_THAT(user.asked, ::testing::ElementsAre("Unattended setup information file <unattend.txt>"));
   EXPECT_THAT(user.file_filters, ::testing::ElementsAre("Text file (*.txt; *.sif)|*.txt; *.sif"));
   EXPECT_EQ(dialog.TxtTemplate.text.get(), "D:\\mine.sif");
@@ -172,7 +173,7 @@ TEST_F(Win2KInfoTest, OK_SavesTheFieldsAndHidesTheDialog) {
   BindWin2KInfo(dialog, user);
   dialog.visible = true;
   dialog.TxtPCName.text = "PC";
-  dialog.CmdOK.click();
+  forms::Press(dialog.CmdOK);
   EXPECT_FALSE(dialog.visible);
   EXPECT_EQ(INIFile("C:\\Discwright\\keyfile2.txt").GetINIKey("Win2KInfo", "ComputerName"), "PC");
 }
@@ -182,7 +183,7 @@ TEST_F(Win2KInfoTest, Cancel_HidesTheDialogSavesNothingAndKeepsTheTexts) {
   LoadWin2KInfo(dialog);
   dialog.visible = true;
   dialog.TxtPCName.text = "PC";
-  dialog.CmdCancel.click();
+  forms::Press(dialog.CmdCancel);
   EXPECT_FALSE(dialog.visible);
   EXPECT_TRUE(host.Files().empty());
   LoadWin2KInfo(dialog);

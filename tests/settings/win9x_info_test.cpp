@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "forms/user_actions.h"
 #include "settings/ini_file.h"
 #include "tests/support/fake_host.h"
 
@@ -133,7 +134,7 @@ TEST_F(Win9xInfoTest, OK_SavesTheFieldsAndHidesTheDialog) {
   BindWin9xInfo(dialog);
   dialog.visible = true;
   dialog.TxtPCName.text = "PC";
-  dialog.CmdOK.click();
+  forms::Press(dialog.CmdOK);
   EXPECT_FALSE(dialog.visible);
   EXPECT_EQ(INIFile("C:\\Discwright\\keyfile2.txt").GetINIKey("Win9xInfo", "ComputerName"), "PC");
 }
@@ -142,7 +143,7 @@ TEST_F(Win9xInfoTest, Cancel_HidesTheDialogSavesNothingAndKeepsTheTexts) {
   BindWin9xInfo(dialog);
   dialog.visible = true;
   dialog.TxtPCName.text = "PC";
-  dialog.CmdCancel.click();
+  forms::Press(dialog.CmdCancel);
   EXPECT_FALSE(dialog.visible);
   EXPECT_TRUE(host.Files().empty());
   LoadWin9xInfo(dialog);

@@ -4,6 +4,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
+#include "forms/user_actions.h"
 #include "tests/support/fake_host.h"
 #include "tests/support/fake_programs.h"
 #include "tests/support/fake_user.h"
@@ -19,8 +23,16 @@ class BuildFixture : public ::testing::Test {
   forms::Windows windows;
   util::Notes notes;
   int cancelled = 0;
-  util::Context context{windows, user, programs, notes, [this] { Cancel(); }, [](int, bool) {}, nullptr, nullptr, {}};
+  util::Context context{windows, user, programs, notes, [this] { Cancel(); }, [](int, bool) {}, nullptr, nullptr};
   forms::FrmDiscwright& main = windows.main;
+  std::vector<forms::Subscription> listening;
+
+  void Listen(forms::Control& control, forms::Listener listener) {
+    listening.push_back(control.Listen(std::move(listener)));
+  }
+  void ListenToAll(forms::Form& form, forms::Listener listener) {
+    listening.push_back(form.Listen(std::move(listener)));
+  }
 
   void Cancel() {
     ++cancelled;

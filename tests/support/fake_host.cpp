@@ -441,8 +441,10 @@ std::unique_ptr<BinaryFile> OpenBinary(std::string_view path, OpenMode mode, Sta
   return std::make_unique<FakeFile>(std::string(path), *Following(path));
 }
 
-std::string Sha256OfFile(std::string_view path, Status& status) {
-  status = Following(path) == nullptr ? testing::Missing() : Status::Success();
+std::string Sha256OfFile(std::string_view path, Status& status, const std::function<bool()>& go_on) {
+  status = Fake().Enter("Sha256OfFile", path);
+  if (status.ok() && Following(path) == nullptr) status = testing::Missing();
+  if (status.ok() && go_on && !go_on()) status = StoppedReading();
   return status.ok() ? "digest-of-" + std::string(path) : "";
 }
 

@@ -27,16 +27,22 @@ class FakeUser : public host::UserInterface {
     file_filters.push_back(request.filter);
     return file_answer;
   }
-  bool HelpIsOpen() override { return help_is_open; }
-  void ShowHelpTopic(std::string_view help_path, int topic_id) override {
-    help_shown.push_back(std::string(help_path) + " " + std::to_string(topic_id));
+  bool HelpIsOpen(std::string_view window_class, std::string_view title) override {
+    help_asked.push_back(std::string(window_class) + " <" + std::string(title) + ">");
+    return help_is_open;
+  }
+  void ShowHelp(const host::HelpRequest& request) override {
+    help_requests.push_back(request);
+    help_shown.push_back(request.path + " " + std::to_string(request.topic_id));
   }
   void OpenLink(std::string_view address) override { links.emplace_back(address); }
 
   std::vector<host::Message> messages;
   std::vector<std::string> asked;
   std::vector<std::string> file_filters;
-  std::vector<std::string> help_shown;
+  std::vector<std::string> help_asked;  // "class <title>" of each look for the viewer
+  std::vector<host::HelpRequest> help_requests;
+  std::vector<std::string> help_shown;  // "path topic" of each request
   std::vector<std::string> links;
   std::vector<int> waited;
   std::string folder_answer;

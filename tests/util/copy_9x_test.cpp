@@ -15,8 +15,8 @@ class Copy9xTest : public testing::BuildFixture {
 
   void SetUp() override {
     main.BarSub_Step.max = 1000000;
-    main.BarSub_Step.Subscribe(
-        [this](forms::Control&, forms::Change) { bar_values.push_back(main.BarSub_Step.value); });
+    Listen(main.BarSub_Step,
+           [this](forms::Control&, forms::Facet, forms::By) { bar_values.push_back(main.BarSub_Step.value); });
   }
   void ExpectOneNote(std::string_view place, std::string_view cause_part) {
     ASSERT_EQ(notes.all().size(), 1U);
@@ -111,8 +111,8 @@ TEST_F(CopyTreeChunkedTest, FilesOfAFolder_ComeBeforeItsFoldersAndTheListingGoes
   host.AddFile("C:\\src\\c", "x");
   host.AddFile("C:\\src\\z", "x");
   std::vector<std::string> painted;
-  main.LblSub_Step.Subscribe([&](forms::Control&, forms::Change change) {
-    if (change == forms::Change::kRepaint) painted.push_back(main.LblSub_Step.caption);
+  Listen(main.LblSub_Step, [&](forms::Control&, forms::Facet facet, forms::By) {
+    if (facet == forms::Facet::kRepaint) painted.push_back(main.LblSub_Step.caption);
   });
   EXPECT_TRUE(CopyTreeChunked(run, "C:\\src", "C:\\dst"));
   EXPECT_EQ(painted, (std::vector<std::string>{"Copying : c", "Copying : z", "Copying : in a", "Copying : in b"}));

@@ -247,8 +247,8 @@ TEST_F(CopyTreeByFindTest, EveryFile_IsNamedAndRepaintedInListingOrder) {
   host.AddFile("C:\\src\\a", "x");
   host.AddFile("C:\\src\\aa\\c", "x");
   std::vector<std::string> painted;
-  main.LblSub_Step.Subscribe([&](forms::Control&, forms::Change change) {
-    if (change == forms::Change::kRepaint) painted.push_back(main.LblSub_Step.caption);
+  Listen(main.LblSub_Step, [&](forms::Control&, forms::Facet facet, forms::By) {
+    if (facet == forms::Facet::kRepaint) painted.push_back(main.LblSub_Step.caption);
   });
   EXPECT_TRUE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
   EXPECT_EQ(painted, (std::vector<std::string>{"Copying : a", "Copying : c", "Copying : b"}));
@@ -392,7 +392,7 @@ TEST_F(CopyOneFileTest, File_IsCopiedAndTheBarMovesWithin) {
   main.BarSub_Step.max = 1000;
   main.BarSub_Step.value = 30;
   std::vector<std::int64_t> values;
-  main.BarSub_Step.Subscribe([&](forms::Control&, forms::Change) { values.push_back(main.BarSub_Step.value); });
+  Listen(main.BarSub_Step, [&](forms::Control&, forms::Facet, forms::By) { values.push_back(main.BarSub_Step.value); });
   EXPECT_TRUE(CopyOneFile(run, "C:\\a", "C:\\b").ok());
   EXPECT_EQ(values, (std::vector<std::int64_t>{55, 80, 105, 130}));
 }

@@ -40,8 +40,8 @@ TEST_P(CopyOnBothPlatforms, Start_PaintsThePreparationAndShowsTheBar) {
   main.BarSub_Step.visible = false;
   std::vector<std::string> painted;
   bool bar_seen = false;
-  main.LblSub_Step.Subscribe([&](forms::Control&, forms::Change change) {
-    if (change == forms::Change::kRepaint) painted.push_back(main.LblSub_Step.caption);
+  Listen(main.LblSub_Step, [&](forms::Control&, forms::Facet facet, forms::By) {
+    if (facet == forms::Facet::kRepaint) painted.push_back(main.LblSub_Step.caption);
     bar_seen = main.BarSub_Step.visible;
   });
   EXPECT_EQ(Copy(), CopyEnd::kComplete);
@@ -92,8 +92,9 @@ TEST_P(CopyOnBothPlatforms, BarsValueAtTheStart_IsNotReset) {
   host.AddFileOfSize("C:\\src\\a", 10);
   main.BarSub_Step.value = 10;
   std::int64_t smallest = 10;
-  main.BarSub_Step.Subscribe(
-      [&](forms::Control&, forms::Change) { smallest = std::min(smallest, main.BarSub_Step.value.get()); });
+  Listen(main.BarSub_Step, [&](forms::Control&, forms::Facet, forms::By) {
+    smallest = std::min(smallest, main.BarSub_Step.value.get());
+  });
   EXPECT_EQ(Copy(), CopyEnd::kComplete);
   EXPECT_EQ(smallest, 10);
 }

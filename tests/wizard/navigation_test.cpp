@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "tests/wizard/wizard_fixture.h"
+#include "wizard/help.h"
 
 namespace discwright::wizard {
 namespace {
@@ -86,12 +87,14 @@ TEST_F(NavigationTest, Back_ValidatesAndClearsNothing) {
 
 TEST_F(NavigationTest, NextOnTheSummary_StaysThere) {
   StartOn(8);
-  EXPECT_EQ(Next(), 8);
+  CmdNext_Click(context);
+  EXPECT_EQ(main.Step, 8);
   EXPECT_THAT(VisiblePages(), ElementsAre(8));
 }
 
 TEST_F(NavigationTest, BackOnTheFirstPage_StaysThere) {
-  EXPECT_EQ(Back(), 0);
+  CmdBack_Click(context);
+  EXPECT_EQ(main.Step, 0);
   EXPECT_THAT(VisiblePages(), ElementsAre(0));
 }
 
@@ -115,8 +118,8 @@ TEST_F(NavigationTest, ClosedHelp_StaysClosedOnNextBackFinishAndCancel) {
   Next();
   Back();
   StartOn(8);
-  main.CmdFinish.click();
-  main.CmdCancel.click();
+  forms::Press(main.CmdFinish);
+  forms::Press(main.CmdCancel);
   EXPECT_THAT(user.help_shown, IsEmpty());
 }
 
@@ -124,16 +127,10 @@ TEST_F(NavigationTest, HelpOnEveryPage_OpensThatPagesTopic) {
   std::vector<std::string> expected;
   for (int page = 0; page < 11; ++page) {
     StartOn(page);
-    main.CmdHelp.click();
+    forms::Press(main.CmdHelp);
     expected.push_back("C:\\Discwright\\vexacd_builder.chm>Down " + std::to_string(1110 + 10 * page));
   }
   EXPECT_EQ(user.help_shown, expected);
-}
-
-TEST_F(NavigationTest, ShowHelpOfAGivenPage_IgnoresThePageInView) {
-  StartOn(3);
-  ShowHelp(context, 10, true);
-  EXPECT_THAT(user.help_shown, ElementsAre("C:\\Discwright\\vexacd_builder.chm>Down 1210"));
 }
 
 TEST_F(NavigationTest, ContextsShowHelp_IsTheWizards) {
@@ -145,7 +142,7 @@ TEST_F(NavigationTest, ContextsShowHelp_IsTheWizards) {
 TEST_F(NavigationTest, CancelOnAPage_ShowsTheFinishPageAndNothingButFinish) {
   StartOn(3);
   user.help_is_open = true;
-  main.CmdCancel.click();
+  forms::Press(main.CmdCancel);
   EXPECT_TRUE(main.Finished);
   EXPECT_TRUE(main.CancelCopy);
   EXPECT_THAT(VisiblePages(), ElementsAre(9));
@@ -159,12 +156,36 @@ TEST_F(NavigationTest, CancelOnAPage_ShowsTheFinishPageAndNothingButFinish) {
   EXPECT_THAT(user.help_shown, ElementsAre("C:\\Discwright\\vexacd_builder.chm>Down 1210"));
 }
 
+TEST_F(NavigationTest, HelpAfterCancel_OpensTheFinishPagesTopic) {
+  StartOn(3);
+  forms::Press(main.CmdCancel);
+  forms::Press(main.CmdHelp);
+  EXPECT_EQ(main.Step, 3);
+  EXPECT_THAT(user.help_shown, ElementsAre("C:\\Discwright\\vexacd_builder.chm>Down 1200"));
+}
+
+TEST_F(NavigationTest, CrossOfTheWindow_ClosesItWithoutSaving) {
+  StartOn(3);
+  forms::AskToClose(main);
+  EXPECT_FALSE(main.visible);
+  EXPECT_FALSE(main.Finished);
+  EXPECT_FALSE(host.Exists("C:\\Discwright\\vexacd.ini"));
+}
+
+TEST_F(NavigationTest, CrossAfterTheEnd_ClosesItWithoutSaving) {
+  StartOn(8);
+  forms::Press(main.CmdFinish);
+  forms::AskToClose(main);
+  EXPECT_FALSE(main.visible);
+  EXPECT_FALSE(host.Exists("C:\\Discwright\\vexacd.ini"));
+}
+
 TEST_F(NavigationTest, FinishAfterCancel_SavesTheSessionAndCloses) {
   main.visible = true;
   StartOn(3);
-  main.CmdCancel.click();
+  forms::Press(main.CmdCancel);
   EXPECT_FALSE(host.Exists("C:\\Discwright\\vexacd.ini"));
-  main.CmdFinish.click();
+  forms::Press(main.CmdFinish);
   EXPECT_TRUE(host.Exists("C:\\Discwright\\vexacd.ini"));
   EXPECT_FALSE(main.visible);
   EXPECT_THAT(programs.started, IsEmpty());
@@ -201,7 +222,7 @@ class FinishTest : public WizardFixture {
 };
 
 TEST_F(FinishTest, FirstPress_BuildsOnTheProgressPage) {
-  main.CmdFinish.click();
+  forms::Press(main.CmdFinish);
   ASSERT_TRUE(seen.has_value());
   EXPECT_THAT(seen->pages, ElementsAre(10));
   EXPECT_EQ(seen->step, 10);
@@ -210,7 +231,7 @@ TEST_F(FinishTest, FirstPress_BuildsOnTheProgressPage) {
 }
 
 TEST_F(FinishTest, BuildHasEnded_ShowsTheFinishPage) {
-  main.CmdFinish.click();
+  forms::Press(main.CmdFinish);
   EXPECT_TRUE(main.Finished);
   EXPECT_FALSE(main.CancelCopy);
   EXPECT_THAT(user.messages, IsEmpty());
@@ -223,24 +244,24 @@ TEST_F(FinishTest, BuildHasEnded_ShowsTheFinishPage) {
 
 TEST_F(FinishTest, OpenHelp_MovesToTheProgressAndThenToTheFinishTopic) {
   user.help_is_open = true;
-  main.CmdFinish.click();
+  forms::Press(main.CmdFinish);
   EXPECT_THAT(user.help_shown, ElementsAre("C:\\Discwright\\vexacd_builder.chm>Down 1210",
                                            "C:\\Discwright\\vexacd_builder.chm>Down 1200"));
 }
 
 TEST_F(FinishTest, HelpOnTheFinishPage_OpensItsTopic) {
-  main.CmdFinish.click();
+  forms::Press(main.CmdFinish);
   user.help_shown.clear();
-  main.CmdHelp.click();
+  forms::Press(main.CmdHelp);
   EXPECT_THAT(user.help_shown, ElementsAre("C:\\Discwright\\vexacd_builder.chm>Down 1200"));
 }
 
 TEST_F(FinishTest, CancelDuringTheBuild_StopsItAndEndsOnTheFinishPage) {
   user.help_is_open = true;
   user.on_do_events = [this] {
-    if (!programs.started.empty() && !main.Finished) main.CmdCancel.click();
+    if (!programs.started.empty() && !main.Finished) forms::Press(main.CmdCancel);
   };
-  main.CmdFinish.click();
+  forms::Press(main.CmdFinish);
   EXPECT_THAT(user.messages, IsEmpty());
   EXPECT_EQ(programs.started.size(), 3U);  // the step in hand makes all its disks; the mastering does not start
   EXPECT_THAT(VisiblePages(), ElementsAre(9));
@@ -250,72 +271,78 @@ TEST_F(FinishTest, CancelDuringTheBuild_StopsItAndEndsOnTheFinishPage) {
                                            "C:\\Discwright\\vexacd_builder.chm>Down 1200"));
 }
 
+TEST_F(FinishTest, HelpOfTheCancelledBuild_IsTheFinishPagesWhileItWindsDown) {
+  user.on_do_events = [this] {
+    if (programs.started.empty() || main.Finished) return;
+    forms::Press(main.CmdCancel);
+    forms::Press(main.CmdHelp);
+  };
+  forms::Press(main.CmdFinish);
+  EXPECT_THAT(user.help_shown, ElementsAre("C:\\Discwright\\vexacd_builder.chm>Down 1200"));
+}
+
+TEST_F(FinishTest, CrossDuringTheBuild_CancelsItAndClosesWhenItHasReturned) {
+  bool was_open_in_the_build = false;
+  user.on_do_events = [this, &was_open_in_the_build] {
+    if (programs.started.empty() || main.Finished) return;
+    forms::AskToClose(main);
+    was_open_in_the_build = main.visible;
+  };
+  forms::Press(main.CmdFinish);
+  EXPECT_TRUE(was_open_in_the_build);
+  EXPECT_FALSE(main.visible);
+  EXPECT_EQ(context.result.end, util::BuildEnd::kCancelled);
+  EXPECT_EQ(programs.end_all_calls, 0);
+  EXPECT_FALSE(host.Exists("C:\\Discwright\\vexacd.ini"));
+}
+
+TEST_F(FinishTest, CrossDuringTheMastering_EndsItsPrograms) {
+  user.on_do_events = [this] {
+    if (main.MKISOFSRunning && !main.Finished) forms::AskToClose(main);
+  };
+  forms::Press(main.CmdFinish);
+  EXPECT_EQ(programs.end_all_calls, 1);
+  EXPECT_EQ(context.result.end, util::BuildEnd::kCancelled);
+  EXPECT_FALSE(main.visible);
+}
+
+TEST_F(FinishTest, FinishOfACancelledBuild_SavesAndClosesBeforeItHasReturned) {
+  user.on_do_events = [this] {
+    if (programs.started.empty() || main.Finished) return;
+    forms::Press(main.CmdCancel);
+    forms::Press(main.CmdFinish);
+  };
+  forms::Press(main.CmdFinish);
+  EXPECT_TRUE(host.Exists("C:\\Discwright\\vexacd.ini"));
+  EXPECT_FALSE(main.visible);
+}
+
 TEST_F(FinishTest, PressedAgainBeforeTheBuildDisablesIt_StartsNoSecondBuild) {
   int presses = 0;
   user.on_do_events = [this, &presses] {
     if (main.Finished || !main.CmdFinish.enabled || presses > 0) return;
     ++presses;
-    main.CmdFinish.click();
+    forms::Press(main.CmdFinish);
   };
-  main.CmdFinish.click();
+  forms::Press(main.CmdFinish);
   EXPECT_EQ(presses, 1);
   EXPECT_EQ(programs.started.size(), 4U);  // three disks and the mastering
   EXPECT_TRUE(main.visible);
 }
 
 TEST_F(FinishTest, SecondPress_SavesTheSessionAndCloses) {
-  main.CmdFinish.click();
+  forms::Press(main.CmdFinish);
   const std::size_t started = programs.started.size();
-  main.CmdFinish.click();
+  forms::Press(main.CmdFinish);
   EXPECT_TRUE(host.Exists("C:\\Discwright\\vexacd.ini"));
   EXPECT_FALSE(main.visible);
   EXPECT_EQ(programs.started.size(), started);
 }
 
-class InfoDialogsTest : public WizardFixture {};
-
-TEST_F(InfoDialogsTest, ButtonOfWin2KInfo_LoadsAndShowsTheDialog) {
-  forms::FrmWin2KInfo& dialog = windows.win2k_info;
-  host.AddFile("C:\\Discwright\\files\\inf_files\\win2k_template.inf", "[UserData]\r\nFullName=Ann\r\n");
-  EXPECT_FALSE(dialog.visible);
-  main.CmdSetWin2KInfo.click();
-  EXPECT_TRUE(dialog.visible);
-  EXPECT_EQ(dialog.TxtOwner.text.get(), "Ann");
-  dialog.CmdOK.click();
-  EXPECT_FALSE(dialog.visible);
-  EXPECT_THAT(host.Content("C:\\Discwright\\keyfile2.txt"), HasSubstr("OwnerName=Ann\r\n"));
-}
-
-TEST_F(InfoDialogsTest, ButtonOfWin9xInfo_LoadsAndShowsTheDialog) {
-  forms::FrmWin9xInfo& dialog = windows.win9x_info;
-  host.platform_id = 1;
-  host.registry["Software\\Microsoft\\Windows\\CurrentVersion\\RegisteredOwner"] = "Ann";
-  EXPECT_FALSE(dialog.visible);
-  main.CmdSetWin9xInfo.click();
-  EXPECT_TRUE(dialog.visible);
-  EXPECT_EQ(dialog.TxtOwner.text.get(), "Ann");
-  dialog.CmdOK.click();
-  EXPECT_FALSE(dialog.visible);
-  EXPECT_THAT(host.Content("C:\\Discwright\\keyfile2.txt"), HasSubstr("OwnerName=Ann\r\n"));
-}
-
-TEST_F(InfoDialogsTest, DialogsOpenedAgainAfterCancel_ShowTheEditedTexts) {
-  for (auto [open, cancel, owner] :
-       {std::tuple(&main.CmdSetWin2KInfo, &windows.win2k_info.CmdCancel, &windows.win2k_info.TxtOwner),
-        std::tuple(&main.CmdSetWin9xInfo, &windows.win9x_info.CmdCancel, &windows.win9x_info.TxtOwner)}) {
-    open->click();
-    owner->text = "Bob";
-    cancel->click();
-    open->click();
-    EXPECT_EQ(owner->text.get(), "Bob");
-    EXPECT_TRUE(owner->form().visible);
-  }
-}
-
 class FormLoadTest : public WizardFixture {};
 
 TEST_F(FormLoadTest, NoSessionFile_ShowsTheWindowAsDesigned) {
-  EXPECT_FALSE(main.visible);
+  main.visible = false;
   Form_Load(context, "C:\\Discwright\\vexacd.ini");
   EXPECT_TRUE(main.visible);
   EXPECT_EQ(main.Step, 0);
@@ -327,11 +354,34 @@ TEST_F(FormLoadTest, NoSessionFile_ShowsTheWindowAsDesigned) {
   EXPECT_EQ(main.LblWin2KOSVer.caption.get(), "Microsoft Windows XP Professional Edition");
 }
 
+// On a system without a drive C: the design's proposals lead nowhere.
+TEST_F(FormLoadTest, NoDriveC_ProposesTheHomeFolderAndNoServicePack) {
+  host.home_folder = "\\home\\ann";
+  Form_Load(context, "C:\\Discwright\\vexacd.ini");
+  EXPECT_EQ(main.TxtISOLoc.text.get(), "\\home\\ann\\vexacd.iso");
+  EXPECT_EQ(main.TxtSP_exe.text.get(), "");
+}
+
+TEST_F(FormLoadTest, NoDriveCButASession_KeepsWhatTheSessionSays) {
+  host.home_folder = "\\home\\ann";
+  host.AddFile("C:\\Discwright\\vexacd.ini",
+               "[Main]\r\nISOLocation=E:\\mine.iso\r\n[Win2K_Info]\r\nSP_exe=S:\\sp.exe\r\n");
+  Form_Load(context, "C:\\Discwright\\vexacd.ini");
+  EXPECT_EQ(main.TxtISOLoc.text.get(), "E:\\mine.iso");
+  EXPECT_EQ(main.TxtSP_exe.text.get(), "S:\\sp.exe");
+}
+
+TEST_F(FormLoadTest, SessionWithoutBootDisks_HasThemAllTheSame) {
+  host.AddFile("C:\\Discwright\\vexacd.ini", "[Main]\r\nBootDisks=0\r\n");
+  Form_Load(context, "C:\\Discwright\\vexacd.ini");
+  EXPECT_EQ(main.ChkGet_Vexadisks.value, 1);
+}
+
 TEST_F(FormLoadTest, SessionFileOfAnEarlierRun_BringsItsChoicesBack) {
   main.TxtISOLoc.text = "E:\\mine.iso";
   main.ChkGet_Win9x.value = 1;
-  main.CmdCancel.click();
-  main.CmdFinish.click();
+  forms::Press(main.CmdCancel);
+  forms::Press(main.CmdFinish);
   main.TxtISOLoc.text = "";
   main.ChkGet_Win9x.value = 0;
   Form_Load(context, "C:\\Discwright\\vexacd.ini");

@@ -11,7 +11,6 @@ namespace discwright::testing {
 class WizardFixture : public BuildFixture {
  protected:
   WizardFixture() {
-    wizard::Bind(context);
     host.AddFile("S:\\I386\\setupldr.bin", "loader");
     host.AddFile("S:\\WIN98\\mini.cab", "cabinet");
     host.AddFile("S:\\sp.exe", "service pack");
@@ -19,6 +18,7 @@ class WizardFixture : public BuildFixture {
     host.AddFile("T:\\I386\\SYSTEM32\\OOBCXXL.EXE", "tool");
     host.AddFolder("S:\\utils");
     host.AddFolder("S:\\files");
+    main.visible = true;
     main.Txt_i386_Loc.text = "S:\\I386";
     main.TxtSP_exe.text = "S:\\sp.exe";
     main.TxtWin9x_Loc.text = "S:\\WIN98";
@@ -27,6 +27,8 @@ class WizardFixture : public BuildFixture {
     main.TxtUtils_Loc.text = "S:\\utils";
     main.TxtAddFiles_Loc.text = "S:\\files";
   }
+
+  forms::Subscription rules = wizard::Bind(context);
 
   void Choose(bool win2k, bool win9x, bool advtools) {
     main.ChkGet_Win2k.value = win2k ? 1 : 0;
@@ -39,15 +41,17 @@ class WizardFixture : public BuildFixture {
     for (forms::Frame& frame : main.FraMain) frame.visible = frame.index() == page;
     main.Step = static_cast<std::int16_t>(page);
     main.CmdBack.enabled = page > 0;
+    main.CmdNext.visible = page < 8;
+    main.CmdFinish.visible = page == 8 || page == 9;
   }
 
   int Next() {
-    main.CmdNext.click();
+    forms::Press(main.CmdNext);
     return main.Step;
   }
 
   int Back() {
-    main.CmdBack.click();
+    forms::Press(main.CmdBack);
     return main.Step;
   }
 

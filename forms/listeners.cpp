@@ -1,0 +1,64 @@
+// The list of listeners. An entry that has ended is only marked while a change is being told, and swept out after it:
+// the function that is running must not be destroyed under its own feet.
+#include "forms/listeners.h"
+
+#include <algorithm>
+
+namespace discwright::forms {
+
+struct Subscription::Entry {
+  const Control* only;
+  Listener listener;
+  bool ended = false;
+};
+
+struct Subscription::List {
+  std::vector<std::shared_ptr<Entry>> entries;
+  int telling = 0;  // how many changes are being told at the moment, one inside the other
+
+  void Sweep() {
+    if (telling > 0) return;
+    std::erase_if(entries, [](const std::shared_ptr<Entry>& entry) { return entry->ended; });
+  }
+};
+
+Subscription& Subscription::operator=(Subscription&& other) noexcept {
+  if (this == &other) return *this;
+  End();
+  list_ = std::move(other.list_);
+  entry_ = std::move(other.entry_);
+  return *this;
+}
+
+void Subscription::End() {
+  if (entry_ == nullptr) return;
+  entry_->ended = true;
+  list_->Sweep();
+  entry_.reset();
+  list_.reset();
+}
+
+Listeners::Listeners() : list_(std::make_shared<Subscription::List>()) {}
+
+Subscription Listeners::Add(const Control* only, Listener listener) {
+  const auto entry = std::make_shared<Subscription::Entry>(Subscription::Entry{only, std::move(listener)});
+  list_->entries.push_back(entry);
+  return {list_, entry};
+}
+
+void Listeners::Tell(Control& control, Facet facet, By by) {
+  const std::shared_ptr<Subscription::List> list = list_;
+  ++list->telling;
+  // By index and with an own reference to each entry: a listener may add others, and the vector then moves.
+  for (std::size_t i = 0, count = list->entries.size(); i < count; ++i) {
+    const std::shared_ptr<Subscription::Entry> entry = list->entries[i];
+    const bool hears = entry->only == nullptr || entry->only == &control;
+    if (hears && !entry->ended) entry->listener(control, facet, by);
+  }
+  --list->telling;
+  list->Sweep();
+}
+
+std::size_t Listeners::count() const { return list_->entries.size(); }
+
+}  // namespace discwright::forms

@@ -1,0 +1,94 @@
+// From the state that a build leaves to its result.
+#include "pipeline/build_result.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "host/files.h"
+#include "host/native_text.h"
+#include "host/system.h"
+#include "pipeline/mastering.h"
+#include "util/paths.h"
+
+namespace discwright::pipeline {
+
+namespace {
+
+constexpr std::size_t kLogLines = 20;
+
+std::vector<std::string> LastLines(const std::string& text, std::size_t count) {
+  std::vector<std::string> lines;
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t end = std::min(text.find('\n', start), text.size());
+    std::string line = text.substr(start, end - start);
+    if (line.ends_with('\r')) line.pop_back();
+    if (!line.empty()) lines.push_back(line);
+    start = end + 1;
+  }
+  lines.erase(lines.begin(), lines.end() - static_cast<std::ptrdiff_t>(std::min(count, lines.size())));
+  return lines;
+}
+
+void AddLog(util::BuildResult& result) {
+  const std::string path = host::ProgramFolder() + kMasteringLog;
+  std::string content;
+  if (!host::ReadWholeFile(path, content).ok()) return;
+  result.log = path;
+  result.log_tail = LastLines(host::TextFromNative(content), kLogLines);
+}
+
+util::BuildResult Failed(util::BuildResult result, const std::string& why) {
+  result.end = util::BuildEnd::kFailed;
+  result.why = why;
+  return result;
+}
+
+// Nobody but the mastering tool knows what it has left under the image's name.
+util::BuildResult MasteringFailed(const util::Context& context, util::BuildResult result) {
+  const forms::FrmDiscwright& main = context.main();
+  AddLog(result);
+  if (main.LblAbort.visible) {
+    return Failed(result, util::Trim(main.LblFinish.caption.get()) + ": " + main.LblAbort.caption.get());
+  }
+  return Failed(result, "The mastering " + context.mastering_end.Text() + ". Do not use the file at " +
+                            host::PathToNative(result.image) + ": this build did not make it, or did not finish it.");
+}
+
+util::BuildResult Made(util::Context& context, util::BuildResult result) {
+  host::Status status;
+  if (context.wants_digest) {
+    result.sha256 = host::Sha256OfFile(result.image, status, [&context] {
+      context.user.DoEvents(0);
+      return !context.cancelled_by_user;
+    });
+  }
+  if (context.cancelled_by_user) {
+    result.end = util::BuildEnd::kCancelled;
+    return result;
+  }
+  const std::optional<host::Entry> entry = host::Look(result.image);
+  if (status.ok() && !entry) status = host::Status::Failure(host::ErrorClass::kNotFound, "it has vanished");
+  if (!status.ok()) {
+    return Failed(result, host::PathToNative(result.image) + ": the image cannot be read back: " + status.cause);
+  }
+  result.size = entry->size;
+  result.end = context.notes.all().empty() ? util::BuildEnd::kMade : util::BuildEnd::kMadeWithNotes;
+  return result;
+}
+
+}  // namespace
+
+util::BuildResult ResultOf(util::Context& context) {
+  const forms::FrmDiscwright& main = context.main();
+  util::BuildResult result;
+  result.image = util::StripQuotes(main.TxtISOLoc.text.get());
+  if (!context.failure.empty()) return Failed(result, context.failure);
+  if (main.CancelCopy) {
+    result.end = util::BuildEnd::kCancelled;
+    return result;
+  }
+  if (main.LblAbort.visible || !context.mastering_end.Succeeded()) return MasteringFailed(context, result);
+  return Made(context, result);
+}
+
+}  // namespace discwright::pipeline

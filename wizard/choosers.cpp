@@ -1,0 +1,139 @@
+// Titles, filters and fields of the choosers.
+#include "wizard/choosers.h"
+
+#include <algorithm>
+
+#include "host/desktop.h"
+#include "host/system.h"
+#include "integration/source_identification.h"
+#include "util/paths.h"
+#include "util/processes.h"
+
+namespace discwright::wizard {
+
+namespace {
+
+using forms::FrmDiscwright;
+using ButtonOf = forms::CommandButton FrmDiscwright::*;
+using TextBoxOf = forms::TextBox FrmDiscwright::*;
+
+// The tag files of a setup CD stand beside its folder I386. A chosen drive is its own parent.
+void ShowEdition(FrmDiscwright& main, std::string i386) {
+  if (util::IsPathSeparator(i386.back())) i386.pop_back();
+  std::string root = i386;
+  std::string name;
+  if (i386.find_first_of("\\/") != std::string::npos) util::SplitPath(i386, root, name);
+  std::int16_t BuildNum = 0;
+  std::int16_t MajorVer = 0;
+  std::int16_t MinorVer = 0;
+  integration::IdentifyWinVer(main, root, BuildNum, MajorVer, MinorVer);
+}
+
+struct FolderChooser {
+  ButtonOf button;
+  const char* title;
+  TextBoxOf field;
+  void (*then)(FrmDiscwright& main, std::string chosen) = nullptr;
+};
+
+constexpr FolderChooser kFolderChoosers[] = {
+    {&FrmDiscwright::CmdBrw_i386_loc, "Select Windows 2000/XP Location", &FrmDiscwright::Txt_i386_Loc, ShowEdition},
+    {&FrmDiscwright::CmdBrw_Win9xLoc, "Select Windows 98/Me Location", &FrmDiscwright::TxtWin9x_Loc},
+    {&FrmDiscwright::CmdBrw_ERDC, "Select ERD Commander CD Root", &FrmDiscwright::TxtERDC},
+    {&FrmDiscwright::CmdBrw_BCon, "Select BlueCon CD Root", &FrmDiscwright::TxtBCon},
+    {&FrmDiscwright::CmdBrw_Utils, "Select 'vexa_utilities' folder location", &FrmDiscwright::TxtUtils_Loc},
+    {&FrmDiscwright::CmdBrw_AddFiles, "Select 'Additional Files' folder location", &FrmDiscwright::TxtAddFiles_Loc},
+};
+
+struct FileChooser {
+  ButtonOf button;
+  const char* title;
+  const char* filter;
+  bool must_exist;
+  TextBoxOf field;
+};
+
+constexpr FileChooser kFileChoosers[] = {
+    {&FrmDiscwright::CmdBrw_ISOfile, "Specify the destination ISO file", "CDROM Image (*.iso)|*.iso", false,
+     &FrmDiscwright::TxtISOLoc},
+    {&FrmDiscwright::CmdBrw_spexe, "Specify the Windows Service pack file", "Executable file (*.exe)|*.exe", true,
+     &FrmDiscwright::TxtSP_exe},
+};
+
+struct ExploreButton {
+  ButtonOf button;
+  TextBoxOf field;
+};
+
+constexpr ExploreButton kExploreButtons[] = {
+    {&FrmDiscwright::CmdExp_Utils, &FrmDiscwright::TxtUtils_Loc},
+    {&FrmDiscwright::CmdExp_AddFiles, &FrmDiscwright::TxtAddFiles_Loc},
+};
+
+void ChooseFolder(util::Context& context, const FolderChooser& chooser) {
+  forms::TextBox& field = context.main().*chooser.field;
+  const std::string chosen = context.user.ChooseFolder(StartFolder(field.text.get()), chooser.title);
+  if (chosen.empty()) return;
+  field.text = chosen;
+  if (chooser.then != nullptr) chooser.then(context.main(), chosen);
+}
+
+// The dialog's name goes back into the field untested: after a cancelled dialog it is the field's own text.
+void ChooseFile(util::Context& context, const FileChooser& chooser) {
+  forms::TextBox& field = context.main().*chooser.field;
+  forms::FileDialog& dialog = context.main().DlgOpen;
+  dialog.title = chooser.title;
+  dialog.filter = chooser.filter;
+  dialog.file_name = field.text;
+  const std::string chosen =
+      context.user.ChooseFile({dialog.title, dialog.filter, dialog.file_name, chooser.must_exist});
+  if (!chosen.empty()) dialog.file_name = chosen;
+  field.text = dialog.file_name;
+}
+
+// Waits until the file manager is ready, without a limit; what came of it is not looked at.
+void Explore(util::Context& context, const forms::TextBox& field) {
+  constexpr int kNoLimit = 0;
+  constexpr int kShownNormally = 1;
+  util::ShellAndWait(context.programs, host::FileManagerLine(field.text.get()), kNoLimit, true, kShownNormally);
+}
+
+bool IsDriveRoot(std::string_view folder) {
+  std::string roots;
+  for (const std::string& root : host::DriveRoots()) roots += root + '\0';
+  return host::FoldCase(roots).find(host::FoldCase(folder)) != std::string::npos;
+}
+
+}  // namespace
+
+// "D:" occurs in the list of roots, and so does anything else that stands in it, whatever stands around it there.
+std::string StartFolder(std::string_view text) {
+  std::string folder(text);
+  if (folder.empty()) folder = host::HomeFolder();
+  if (folder.empty()) folder = "C:\\";
+  const bool ends_in_separator = util::IsPathSeparator(folder.back());
+  if (IsDriveRoot(folder)) {
+    if (!ends_in_separator) folder += '\\';
+  } else if (ends_in_separator) {
+    folder.pop_back();
+  }
+  return folder;
+}
+
+void BindChoosers(util::Context& context) {
+  FrmDiscwright& main = context.main();
+  for (const FolderChooser& chooser : kFolderChoosers) {
+    (main.*chooser.button).click = [&context, &chooser] { ChooseFolder(context, chooser); };
+  }
+  for (const FileChooser& chooser : kFileChoosers) {
+    (main.*chooser.button).click = [&context, &chooser] { ChooseFile(context, chooser); };
+  }
+  for (const ExploreButton& explore : kExploreButtons) {
+    (main.*explore.button).click = [&context, &field = main.*explore.field] { Explore(context, field); };
+  }
+  for (forms::Link* link : {&main.LblLink_vexacd, &main.LblLink_cdshell, &main.LblLink_Third}) {
+    link->click = [&context, link] { context.user.OpenLink(link->caption.get()); };
+  }
+}
+
+}  // namespace discwright::wizard

@@ -1,0 +1,15 @@
+// The two installation info dialogs over the main window.
+#pragma once
+
+#include "util/context.h"
+
+namespace discwright::wizard {
+
+// Binds the buttons that open the dialogs, and those in them. A dialog opens with what it was left with in this run.
+void BindDialogs(util::Context& context);
+
+// Shows a dialog over its owner, which is disabled meanwhile, and returns when the dialog is closed. It is closed, too,
+// when its owner is.
+void RunDialog(forms::Form& dialog, forms::Form& owner, host::UserInterface& user);
+
+}  // namespace discwright::wizard

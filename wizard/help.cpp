@@ -1,0 +1,44 @@
+// Help requests for the host's viewer.
+#include "wizard/help.h"
+
+#include "host/system.h"
+#include "wizard/pages.h"
+
+namespace discwright::wizard {
+
+namespace {
+
+constexpr const char* kHelpFile = "vexacd_builder.chm";
+constexpr const char* kHelpWindow = "Down";
+
+}  // namespace
+
+host::HelpRequest clsHTMLHelp::Request(host::HelpCommand command) const {
+  return {hWnd, host::ProgramFolder() + "\\" + FileName + ">" + HelpWindow, command};
+}
+
+void clsHTMLHelp::ShowHelpContents() const { user_.ShowHelp(Request(host::HelpCommand::kContents)); }
+
+void clsHTMLHelp::ShowHelpIndex() const { user_.ShowHelp(Request(host::HelpCommand::kIndex)); }
+
+void clsHTMLHelp::ShowTopicFileName(const std::string& topic_file) const {
+  host::HelpRequest request = Request(host::HelpCommand::kTopicFile);
+  request.topic_file = topic_file;
+  user_.ShowHelp(request);
+}
+
+void clsHTMLHelp::ShowTopicID(int topic_id) const {
+  host::HelpRequest request = Request(host::HelpCommand::kTopicId);
+  request.topic_id = topic_id;
+  user_.ShowHelp(request);
+}
+
+void ShowHelp(util::Context& context, int intStep, bool ForceShow) {
+  if (!ForceShow && !context.user.HelpIsOpen(kHelpViewerClass, kHelpViewerTitle)) return;
+  clsHTMLHelp help(context.user);
+  help.FileName = kHelpFile;
+  help.HelpWindow = kHelpWindow;
+  help.ShowTopicID(HelpTopic(intStep == kPageInView ? PageInView(context.main()) : intStep));
+}
+
+}  // namespace discwright::wizard
