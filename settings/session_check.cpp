@@ -34,22 +34,19 @@ bool IsCheckBoxState(std::string_view text) { return text == "0" || text == "1" 
 
 bool IsJoinDomain(std::string_view text) { return SameName(text, "True") || SameName(text, "False") || IsNumber(text); }
 
-// What is wrong with the value of a key, or the empty string.
-std::string WhyNoValue(const SessionKey& key, std::string_view value) {
-  const std::string trimmed = util::Trim(value);
-  const std::string found = ", not " + InQuotes(trimmed);
-  switch (key.line->encoding) {
+bool IsTaken(ValueEncoding encoding, std::string_view value) {
+  switch (encoding) {
     case ValueEncoding::kCheckBox:
     case ValueEncoding::kQuotedCheckBox:
-      return IsCheckBoxState(trimmed) ? "" : std::string(key.key) + " takes 0 or 1" + found;
+      return IsCheckBoxState(value);
     case ValueEncoding::kJoinDomain:
-      return IsJoinDomain(trimmed) ? "" : std::string(key.key) + " takes True, False or a number" + found;
+      return IsJoinDomain(value);
     case ValueEncoding::kText:
     case ValueEncoding::kQuotedText:
     case ValueEncoding::kNone:
       break;
   }
-  return "";
+  return true;
 }
 
 class Check {
@@ -99,9 +96,15 @@ class Check {
       AddUnknownKey(name);
     } else if (!keys_seen_.insert(&*key).second) {
       Add("the key " + std::string(key->key) + " stands here again; only the first one is read");
-    } else if (std::string cause = WhyNoValue(*key, value); !cause.empty()) {
-      Add(std::move(cause));
+    } else {
+      CheckValue(*key, util::Trim(value));
     }
+  }
+
+  void CheckValue(const SessionKey& key, std::string_view value) {
+    const ValueEncoding encoding = key.line->encoding;
+    if (IsTaken(encoding, value)) return;
+    Add(std::string(key.key).append(" takes ").append(WhatItTakes(encoding)).append(", not ").append(InQuotes(value)));
   }
 
   void AddUnknownKey(std::string_view name) {
