@@ -56,7 +56,7 @@ std::string WhyNoComputerName(std::string_view name, SetupFamily family) {
   const std::string trimmed = util::Trim(name);
   const bool is_2k = family == SetupFamily::kWin2K;
   if (trimmed.empty() || (is_2k && trimmed == "*")) return "";
-  const std::string why = WhyNotNamed(kind, trimmed, family, Blanks::kRefused);
+  std::string why = WhyNotNamed(kind, trimmed, family, Blanks::kRefused);
   if (!why.empty() || !is_2k) return why;
   if (trimmed.starts_with('.')) return WithCause(kind, trimmed, "begins with a period");
   if (trimmed.find_first_not_of(kDigits) == std::string::npos) {
