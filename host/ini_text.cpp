@@ -31,8 +31,8 @@ bool IsInQuotes(std::string_view value) {
   return value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front();
 }
 
-std::string StripQuotes(std::string_view value) {
-  return std::string(IsInQuotes(value) ? value.substr(1, value.size() - 2) : value);
+std::string_view StripQuotes(std::string_view value) {
+  return IsInQuotes(value) ? value.substr(1, value.size() - 2) : value;
 }
 
 Lines SplitLines(std::string_view text) {
@@ -75,6 +75,16 @@ Lines::const_iterator SectionEnd(const Lines& lines, Lines::const_iterator heade
   return std::find_if(header + 1, lines.end(), [](std::string_view line) { return SectionName(line).has_value(); });
 }
 
+IniLine KindOfLine(std::string_view line) {
+  const std::string_view content = TrimBlanks(WithoutLineEnd(line));
+  if (content.empty()) return {IniLineKind::kBlank, content, {}};
+  if (content.starts_with(';')) return {IniLineKind::kComment, content, {}};
+  if (const std::optional<std::string_view> section = SectionName(line)) return {IniLineKind::kSection, *section, {}};
+  const std::optional<KeyParts> parts = ParseKey(line);
+  if (parts && !parts->key.empty()) return {IniLineKind::kKey, parts->key, StripQuotes(parts->value)};
+  return {IniLineKind::kOther, content, {}};
+}
+
 std::string WithInsertedAt(std::string_view text, std::size_t position, std::string_view lines) {
   std::string result(text.substr(0, position));
   if (!result.empty() && !result.ends_with('\n')) result += kLineEnd;
@@ -96,9 +106,15 @@ std::vector<IniKey> IniSection(std::string_view text, std::string_view section) 
   if (header == lines.end()) return keys;
   std::for_each(header + 1, SectionEnd(lines, header), [&](std::string_view line) {
     const std::optional<KeyParts> parts = ParseKey(line);
-    if (parts) keys.push_back({std::string(parts->key), StripQuotes(parts->value)});
+    if (parts) keys.push_back({std::string(parts->key), std::string(StripQuotes(parts->value))});
   });
   return keys;
+}
+
+std::vector<IniLine> IniLines(std::string_view text) {
+  std::vector<IniLine> lines;
+  for (const std::string_view line : SplitLines(text)) lines.push_back(KindOfLine(line));
+  return lines;
 }
 
 std::string WithIniValue(std::string_view text, std::string_view section, std::string_view key,

@@ -19,6 +19,18 @@ std::optional<std::string> FindIniValue(std::string_view text, std::string_view 
 // All keys of the first such section, in order; comments (lines that begin with ";") left out.
 std::vector<IniKey> IniSection(std::string_view text, std::string_view section);
 
+enum class IniLineKind { kBlank, kComment, kSection, kKey, kOther };
+
+struct IniLine {
+  IniLineKind kind = IniLineKind::kOther;
+  std::string_view name;   // of the section or the key, without blanks; other lines: the text without blanks
+  std::string_view value;  // of a key: as in IniKey
+};
+
+// Every line of a text in order, parts of the text. The functions of this header pass over what is neither a section
+// nor a key.
+std::vector<IniLine> IniLines(std::string_view text);
+
 // The text with the key's value replaced in place, or key or section appended (CR LF). All else stays as it is.
 std::string WithIniValue(std::string_view text, std::string_view section, std::string_view key, std::string_view value);
 

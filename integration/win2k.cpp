@@ -1,8 +1,12 @@
 // Puts Windows 2000/XP/2003 Setup onto the CD.
 #include "integration/win2k.h"
 
+#include <array>
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 
+#include "host/files.h"
 #include "host/system.h"
 #include "host/windows_programs.h"
 #include "integration/file_patcher.h"
@@ -15,6 +19,19 @@
 namespace discwright::integration {
 
 namespace {
+
+// Every program for Windows begins with the two bytes "MZ". A file that cannot be looked into is left to the system,
+// which says why when it cannot start it.
+bool IsNoWindowsProgram(const std::string& SP_exe) {
+  host::Status status;
+  const auto file = host::OpenBinary(util::StripQuotes(SP_exe), host::OpenMode::kRead, status);
+  if (file == nullptr) return false;
+  constexpr std::array<std::byte, 2> kProgramStart = {std::byte{'M'}, std::byte{'Z'}};
+  std::array<std::byte, kProgramStart.size()> start{};
+  const std::int64_t length = file->Length();
+  if (length >= 0 && length < static_cast<std::int64_t>(start.size())) return true;
+  return file->ReadAt(0, start).ok() && start != kProgramStart;
+}
 
 // The build goes on without the service pack, which the CD is then missing: a note as well as a box.
 void GoOnWithoutServicePack(util::Context& context, const std::string& SP_exe, const std::string& why) {
@@ -31,6 +48,13 @@ void Slipstream(util::Context& context, const std::string& SP_exe) {
   context.main().LblSub_Step.caption = "Slipstreaming Windows 2000/XP Service Pack";
   if (!util::FileExists(SP_exe)) {  // no message: meant
     context.notes.Add(SP_exe, "was not slipstreamed: there is no such file");
+    return;
+  }
+  if (IsNoWindowsProgram(SP_exe)) {
+    GoOnWithoutServicePack(
+        context, SP_exe,
+        "Can't integrate the Windows Service Pack: " + host::PathToNative(util::StripQuotes(SP_exe)) +
+            " is no Windows program, and a service pack's installer is one");
     return;
   }
   const std::optional<std::string> command_line =

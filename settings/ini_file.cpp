@@ -37,7 +37,7 @@ std::string INIFile::GetINIKey(std::string_view section, std::string_view key) c
 
 std::string INIFile::GetINIKey(util::Notes& notes, std::string_view section, std::string_view key) const {
   const std::string value = WholeValue(section, key);
-  if (util::Trim(value) != Cut(value)) {
+  if (IsCutWhenRead(value)) {
     notes.Add(FileName, "The value of " + std::string(key) + " in section " + std::string(section) +
                             " is longer than 99 characters; the rest is ignored.");
   }
@@ -52,6 +52,8 @@ host::Status INIFile::Readable() const {
 std::string INIFile::WholeValue(std::string_view section, std::string_view key) const {
   return host::ReadProfileValue(FileName, section, key).value_or("");
 }
+
+bool IsCutWhenRead(std::string_view value) { return util::Trim(value) != Cut(value); }
 
 int WholeNumber(std::string_view value) {
   std::string text = util::Trim(value);

@@ -40,6 +40,9 @@ class INIFile {
   std::string WholeValue(std::string_view section, std::string_view key) const;
 };
 
+// Whether GetINIKey gives only the start of this value.
+bool IsCutWhenRead(std::string_view value);
+
 // The number that a value starts with, after an optional sign; 0 when there is none, the nearest int when too large.
 int WholeNumber(std::string_view value);
 

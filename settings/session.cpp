@@ -47,6 +47,13 @@ void ReadValue(forms::Windows& windows, const SessionLine& line, const std::stri
   if (line.encoding == ValueEncoding::kJoinDomain) ReadJoinDomain(windows.win2k_info, value);
 }
 
+// The path in the box of the service pack is none of the choices while its tick is clear.
+std::string TextAsWritten(forms::Windows& windows, const SessionLine& line) {
+  const forms::TextBox& box = line.text_box(windows);
+  if (&box == &windows.main.TxtSP_exe && !windows.main.ChkSlipstream.checked()) return "";
+  return host::OneLine(box.text.get());
+}
+
 std::string ValueAsWritten(forms::Windows& windows, const SessionLine& line) {
   switch (line.encoding) {
     case ValueEncoding::kCheckBox:
@@ -54,15 +61,31 @@ std::string ValueAsWritten(forms::Windows& windows, const SessionLine& line) {
     case ValueEncoding::kQuotedCheckBox:
       return util::Quoted(std::to_string(line.check_box(windows).value));
     case ValueEncoding::kText:
-      return util::Trim(host::OneLine(line.text_box(windows).text.get()));
+      return util::Trim(TextAsWritten(windows, line));
     case ValueEncoding::kQuotedText:
-      return util::Quoted(host::OneLine(line.text_box(windows).text.get()));
+      return util::Quoted(TextAsWritten(windows, line));
     case ValueEncoding::kJoinDomain:
       return util::Quoted(windows.win2k_info.OptJoinDomain.value ? "True" : "False");
     case ValueEncoding::kNone:
       break;
   }
   return "";
+}
+
+std::string SessionText(forms::Windows& windows) {
+  std::string text;
+  for (const SessionLine& line : kSessionLines) {
+    text.append(line.literal).append(ValueAsWritten(windows, line)).append("\r\n");
+  }
+  return text;
+}
+
+void NoteWhatWillBeCut(util::Notes& notes, const std::string& file_name, std::string_view text) {
+  for (const SessionKey& key : SessionKeys()) {
+    if (!IsCutWhenRead(host::FindIniValue(text, key.section, key.key).value_or(""))) continue;
+    notes.Add(file_name, "The value of " + std::string(key.key) + " in section " + std::string(key.section) +
+                             " is longer than 99 characters; the rest will be ignored when the file is read.");
+  }
 }
 
 }  // namespace
@@ -77,6 +100,7 @@ void ReadVexaCDINI(util::Context& context, const std::string& file_name) {
     ReadValue(context.windows, *key.line, ini.GetINIKey(context.notes, key.section, key.key));
   }
   if (main.TxtSP_exe.text.get().empty()) main.ChkSlipstream.value = 0;
+  main.ChkGet_Vexadisks.value = 1;  // the boot disks cannot be left out of a CD, whatever a file says
   FillSetupDataToKeyFile(context.windows.win9x_info);
 }
 
@@ -91,13 +115,16 @@ void WriteVexaCDINI(util::Context& context) {
   forms::FrmDiscwright& main = context.main();
   LoadDialogs(context.windows);
   if (!main.ChkSlipstream.checked()) main.TxtSP_exe.text = "";  // no stale service pack in the next session
-  std::string text;
-  for (const SessionLine& line : kSessionLines) {
-    text.append(line.literal).append(ValueAsWritten(context.windows, line)).append("\r\n");
-  }
   const std::string file_name = SessionFile();
-  context.notes.Check(host::WriteWholeFile(file_name, host::EncodeText(text)), file_name,
+  context.notes.Check(host::WriteWholeFile(file_name, host::EncodeText(SessionText(context.windows))), file_name,
                       "The settings could not be saved");
+}
+
+host::Status WriteSession(forms::Windows& windows, util::Notes& notes, const std::string& file_name) {
+  const std::string text = SessionText(windows);
+  host::Status written = host::WriteWholeFile(file_name, host::EncodeText(text));
+  if (written.ok()) NoteWhatWillBeCut(notes, file_name, text);
+  return written;
 }
 
 }  // namespace discwright::settings

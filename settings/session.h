@@ -3,15 +3,17 @@
 
 #include <string>
 
+#include "host/status.h"
 #include "util/context.h"
+#include "util/notes.h"
 
 namespace discwright::settings {
 
 // The session file's place: "vexacd.ini" in the program folder.
 std::string SessionFile();
 
-// Loads a session file into the controls; keys it lacks untick or empty theirs. Loads both dialogs hidden and
-// refreshes "keyfile2.txt". Values that were cut at 99 characters are noted.
+// Loads a session file into the controls; keys it lacks untick or empty theirs, but the boot disks stay chosen. Loads
+// both dialogs hidden and refreshes "keyfile2.txt". Values that were cut at 99 characters are noted.
 void ReadVexaCDINI(util::Context& context, const std::string& file_name);
 
 // Whether a file holds any of a session's choices: one in UTF-16, for one, is read as if it held none.
@@ -20,5 +22,10 @@ bool HoldsChoices(const std::string& file_name);
 // Rewrites the session file from the controls as a whole, loading dialogs that are not loaded yet; a failure is noted
 // and leaves the old file as it was.
 void WriteVexaCDINI(util::Context& context);
+
+// Writes a session file of the controls as they are: changes none of them, loads no dialog. The service pack is written
+// as empty while it is not chosen. Notes each value that will be cut at 99 characters when the file is read. A failure
+// leaves an old file as it was.
+host::Status WriteSession(forms::Windows& windows, util::Notes& notes, const std::string& file_name);
 
 }  // namespace discwright::settings

@@ -94,6 +94,22 @@ constexpr std::array<SessionLine, kSessionLineCount> kSessionLines = {
     QuotedText("ERDCmdr_Dir   = ", Main<&FrmDiscwright::TxtERDC>),
 };
 
+std::string_view WhatItTakes(ValueEncoding encoding) {
+  switch (encoding) {
+    case ValueEncoding::kCheckBox:
+    case ValueEncoding::kQuotedCheckBox:
+      return "0 or 1";
+    case ValueEncoding::kJoinDomain:
+      return "True, False or a number";
+    case ValueEncoding::kText:
+    case ValueEncoding::kQuotedText:
+      return "any text";
+    case ValueEncoding::kNone:
+      break;
+  }
+  return "";
+}
+
 std::vector<SessionKey> SessionKeys() {
   std::vector<SessionKey> keys;
   std::string_view section;

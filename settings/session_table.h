@@ -35,6 +35,9 @@ struct SessionKey {
   const SessionLine* line = nullptr;
 };
 
+// What a value must be, for the user: "0 or 1", "True, False or a number", "any text"; empty where there is no value.
+std::string_view WhatItTakes(ValueEncoding encoding);
+
 // All keys in the order of the table.
 std::vector<SessionKey> SessionKeys();
 

@@ -208,6 +208,15 @@ TEST_F(CommandLine, SessionGiven_IsUsedAndNotChanged) {
   EXPECT_FALSE(fs::exists(program / "vexacd.ini"));
 }
 
+TEST_F(CommandLine, SessionThatShipsAsAnExample_MakesItsCdInTheWorkingFolder) {
+  fs::create_directories(place / "work");
+  const Outcome outcome = program.Build({"--quiet", "--session", program / "files/sessions/example_session.ini"},
+                                        {.working_folder = place / "work"});
+  EXPECT_EQ(outcome.exit_code, 0) << outcome.err;
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_TRUE(ReadWithBsdtar(place / "work" / "rescue_cd.iso").contains("boot/images/vexastart.img"));
+}
+
 TEST_F(CommandLine, NoSessionGiven_ReadsTheOneInTheProgramFolder) {
   WriteFile(place / "tools" / "from the session.txt", "a");
   WriteFile(program / "vexacd.ini", SessionText(place / "tools"));

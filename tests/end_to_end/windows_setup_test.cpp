@@ -224,6 +224,17 @@ TEST_F(WindowsSetup, NoWine_IsToldAndTheBuildGoesOnWithoutTheServicePack) {
   EXPECT_EQ(discs.DifferenceToImage(image, program.folder()), "");
 }
 
+TEST_F(WindowsSetup, ServicePackThatIsNoWindowsProgram_IsToldAndNothingIsStarted) {
+  const auto path = PathWithWine(": > '" + (place / "begun").string() + "'\n");
+  const std::vector<std::string> choices = ServicePack();
+  WriteFile(place / "my packs" / "Pack 1.exe", "PK");
+  const Outcome outcome = BuildEverything(choices, {.environment = {path}});
+  EXPECT_EQ(outcome.exit_code, 4);
+  EXPECT_THAT(outcome.err, HasSubstr((place / "my packs" / "Pack 1.exe").string() + " is no Windows program"));
+  EXPECT_FALSE(fs::exists(place / "begun"));
+  EXPECT_EQ(discs.DifferenceToImage(image, program.folder()), "");
+}
+
 TEST_F(WindowsSetup, CtrlCDuringTheServicePack_EndsTheBuildAfterIt) {
   const auto path = PathWithWine(": > '" + (place / "begun").string() + "'\nwhile [ ! -e '" +
                                  (place / "go on").string() + "' ]; do sleep 0.05; done\n");

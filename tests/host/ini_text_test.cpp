@@ -82,6 +82,19 @@ TEST(IniSection, SectionWithCommentsAndBlankLines_GivesKeysInOrder) {
 
 TEST(IniSection, MissingSection_HasNoKeys) { EXPECT_THAT(IniSection("[a]\nk=1\n", "b"), IsEmpty()); }
 
+TEST(IniLines, EveryLine_IsToldByKindInOrder) {
+  using enum IniLineKind;
+  EXPECT_THAT(IniLines(" [ a b ] x\r\n\t; c = d\r\n\r\n k = 'v' \nno key\n= v\n[a"),
+              ElementsAre(FieldsAre(kSection, "a b", ""), FieldsAre(kComment, "; c = d", ""), FieldsAre(kBlank, "", ""),
+                          FieldsAre(kKey, "k", "v"), FieldsAre(kOther, "no key", ""), FieldsAre(kOther, "= v", ""),
+                          FieldsAre(kOther, "[a", "")));
+}
+
+TEST(IniLines, LastLineEnd_BeginsNoLine) {
+  EXPECT_THAT(IniLines(""), IsEmpty());
+  EXPECT_THAT(IniLines("[a]\n"), ::testing::SizeIs(1));
+}
+
 TEST(WithIniValue, ExistingKey_IsReplacedInPlaceAndAllElseStays) {
   EXPECT_EQ(
       WithIniValue("; top\r\n[a]\r\n  Key \t=  \"old one\"  \r\nm=1\n\r\n[b]\r\nkey=2\r\njunk", "A", "KEY", "new"),

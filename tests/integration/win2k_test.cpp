@@ -29,7 +29,7 @@ class AddWin2KTest : public testing::StepFixture {
     host.AddFile("D:\\CDROM_IP.5", "2000");
     host.AddFile("D:\\CDROMSP4.TST", "service pack");
     host.AddFile("D:\\README.HTM", "not needed");
-    host.AddFile(kServicePack, "installer");
+    host.AddFile(kServicePack, "MZ installer");
     host.AddFile("C:\\Discwright\\files\\inf_files\\win2k_template.inf", "[Data]\r\nAutoPartition=0\r\n");
   }
 
@@ -176,6 +176,45 @@ TEST_F(AddWin2KTest, NoCommandForWindowsPrograms_SaysSoAndGoesOn) {
   EXPECT_FALSE(host.Exists("C:\\Discwright\\vexacd\\I386\\LANG"));
   EXPECT_EQ(cancelled, 0);
   EXPECT_THAT(Notes(), HasSubstr(kServicePack));
+}
+
+TEST_F(AddWin2KTest, ServicePackThatIsNoWindowsProgram_IsToldBeforeAnythingIsStartedAndTheStepGoesOn) {
+  for (const char* content : {"", "M", "mz", "ZM", "PK\x03\x04 archive", " MZ"}) {
+    user.messages.clear();
+    host.AddFile(kServicePack, content);
+    host.AddFile("C:\\Discwright\\vexacd\\I386\\LANG\\KOR\\FONT.TT_", "font");
+    service_pack = kServicePack;
+    remove_languages = true;
+    Add();
+    ASSERT_THAT(user.messages, SizeIs(1)) << content;
+    EXPECT_EQ(user.messages[0].title, "Can't Slipstream Service Pack");
+    EXPECT_THAT(user.messages[0].text, HasSubstr("my pack.exe is no Windows program"));
+    EXPECT_EQ(user.messages[0].icon, host::MessageIcon::kExclamation);
+    EXPECT_THAT(programs.started, IsEmpty());
+    EXPECT_FALSE(host.Exists("C:\\Discwright\\vexacd\\I386\\LANG"));
+    EXPECT_EQ(cancelled, 0);
+    EXPECT_THAT(Notes(), HasSubstr(std::string(kServicePack) + ": was not slipstreamed"));
+  }
+}
+
+TEST_F(AddWin2KTest, ServicePackInQuotes_IsLookedIntoToo) {
+  service_pack = std::string("\"") + kServicePack + "\"";
+  Add();
+  EXPECT_THAT(programs.started, SizeIs(1));
+  ExpectNoTrouble();
+  host.AddFile(kServicePack, "text");
+  Add();
+  EXPECT_THAT(programs.started, SizeIs(1));
+  ASSERT_THAT(user.messages, SizeIs(1));
+  EXPECT_THAT(user.messages[0].text, HasSubstr(std::string(": ") + kServicePack + " is no Windows program"));
+}
+
+TEST_F(AddWin2KTest, ServicePackThatCannotBeLookedInto_IsLeftToTheSystem) {
+  service_pack = kServicePack;
+  host.FailOn("OpenBinary", "my pack.exe", host::ErrorClass::kAccessDenied, "locked");
+  Add();
+  EXPECT_THAT(programs.started, SizeIs(1));
+  EXPECT_THAT(user.messages, IsEmpty());
 }
 
 TEST_F(AddWin2KTest, Windows9xHost_NeverSlipstreamsAndGoesOn) {

@@ -43,16 +43,5 @@ TEST(VolumeTime, None_IsZeros) {
   EXPECT_EQ(time.back(), 0);
 }
 
-TEST(SourceDate, NumbersOfSeconds_AreTaken) {
-  EXPECT_EQ(ParseSourceDate("0"), 0);
-  EXPECT_EQ(ParseSourceDate("1000000000"), 1000000000);
-  EXPECT_EQ(ParseSourceDate("253402300799"), 253402300799);
-}
-
-TEST(SourceDate, AnythingElse_IsRefused) {
-  for (const char* text : {"", " 1", "1 ", "-1", "+1", "1.5", "0x1", "now", "253402300800", "99999999999999999999"})
-    EXPECT_EQ(ParseSourceDate(text), std::nullopt) << text;
-}
-
 }  // namespace
 }  // namespace discwright::tools::mkisofs

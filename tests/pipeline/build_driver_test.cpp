@@ -139,7 +139,7 @@ TEST_F(BuildDriver, EverythingChosen_RunsEveryStepInItsOrder) {
 TEST_F(BuildDriver, ServicePackWithoutItsTick_IsNotSlipstreamed) {
   ChooseEverything();
   main.TxtSP_exe.text = "D:\\pack.exe";
-  host.AddFile("D:\\pack.exe", "installer");
+  host.AddFile("D:\\pack.exe", "MZ");
   FinishApp(context);
   EXPECT_THAT(programs.started, Not(Contains(HasSubstr("pack.exe"))));
   main.ChkSlipstream.value = 1;

@@ -204,9 +204,7 @@ TEST_F(SessionTest, Table_Has47LinesAndEachControlOnce) {
 
 TEST_F(SessionTest, ReadOfAFullFile_FillsEveryControl) {
   Read(kFilled);
-  for (const forms::CheckBox* box : CheckBoxes()) {
-    EXPECT_EQ(box->value, box == &main.ChkGet_Vexadisks ? 2 : 1) << box->name();
-  }
+  for (const forms::CheckBox* box : CheckBoxes()) EXPECT_EQ(box->value, 1) << box->name();
   int number = 0;
   for (const forms::TextBox* box : TextBoxes()) {
     EXPECT_EQ(box->text.get(), "text " + std::to_string(++number)) << box->form().name() << "." << box->name();
@@ -214,11 +212,21 @@ TEST_F(SessionTest, ReadOfAFullFile_FillsEveryControl) {
   EXPECT_THAT(notes.all(), IsEmpty());
 }
 
-TEST_F(SessionTest, ReadOfAnEmptyFile_UnticksAndEmptiesEverything) {
+TEST_F(SessionTest, ReadOfAnEmptyFile_UnticksAndEmptiesEverythingButTheBootDisks) {
   FillAllControls();
   Read("");
-  for (const forms::CheckBox* box : CheckBoxes()) EXPECT_EQ(box->value, 0) << box->name();
+  for (const forms::CheckBox* box : CheckBoxes()) {
+    EXPECT_EQ(box->value, box == &main.ChkGet_Vexadisks ? 1 : 0) << box->name();
+  }
   for (const forms::TextBox* box : TextBoxes()) EXPECT_EQ(box->text.get(), "") << box->name();
+}
+
+TEST_F(SessionTest, BootDisks_AreChosenWhateverTheFileSays) {
+  for (const char* state : {"0", "1", "2", "no"}) {
+    main.ChkGet_Vexadisks.value = 0;
+    Read("[Main]\r\nBootDisks=" + std::string(state) + "\r\n");
+    EXPECT_EQ(main.ChkGet_Vexadisks.value, 1) << state;
+  }
 }
 
 TEST_F(SessionTest, FileOfAnEarlierVersionWithoutAdvTools_UnticksAndEmptiesThem) {
@@ -307,8 +315,8 @@ TEST_F(SessionTest, ReadWithServicePack_LeavesSlipstreamAsItWas) {
 }
 
 TEST_F(SessionTest, CheckBoxValues_AreTheirLeadingDigits) {
-  Read("[Main]\r\nBootDisks = 1abc\r\nWindows2K = yes\r\nWindows9x = \" 2 \"\r\nAdvancedTools = +1\r\n");
-  EXPECT_EQ(main.ChkGet_Vexadisks.value, 1);
+  Read("[Main]\r\nOptimizeISO = 1abc\r\nWindows2K = yes\r\nWindows9x = \" 2 \"\r\nAdvancedTools = +1\r\n");
+  EXPECT_EQ(main.ChkOptimizeISO.value, 1);
   EXPECT_EQ(main.ChkGet_Win2k.value, 0);
   EXPECT_EQ(main.ChkGet_Win9x.value, 2);
   EXPECT_EQ(main.ChkGet_Advtools.value, 1);
@@ -410,6 +418,73 @@ TEST_F(SessionTest, Write_ReplacesTheFileInOneCallAndTouchesNoOther) {
   EXPECT_THAT(host.calls, ElementsAre("WriteWholeFile " + kFile));
   EXPECT_THAT(notes.all(), IsEmpty());
   EXPECT_THAT(host.Content(kFile), Not(HasSubstr("old")));
+}
+
+// Every control's value as text, of all windows.
+std::vector<std::string> ValuesOf(forms::Windows& windows) {
+  std::vector<std::string> values;
+  for (const forms::Form* form : windows.All()) {
+    for (const forms::Control* control : form->controls()) {
+      if (const auto* text = dynamic_cast<const forms::TextBox*>(control)) values.push_back(text->text);
+      if (const auto* box = dynamic_cast<const forms::CheckBox*>(control)) values.push_back(std::to_string(box->value));
+      if (const auto* option = dynamic_cast<const forms::OptionButton*>(control)) {
+        values.emplace_back(option->value ? "chosen" : "not chosen");
+      }
+    }
+  }
+  return values;
+}
+
+class KeptSession : public SessionTest {
+ protected:
+  KeptSession() { host.AddFolder("D:\\kept sessions"); }
+
+  host::Status Keep() { return WriteSession(windows, notes, kKept); }
+
+  const std::string kKept = "D:\\kept sessions\\mine.ini";
+};
+
+TEST_F(KeptSession, EveryControl_IsInTheFileAndStaysAsItIs) {
+  FillAllControls();
+  const std::vector<std::string> before = ValuesOf(windows);
+  EXPECT_TRUE(Keep().ok());
+  EXPECT_EQ(host.Content(kKept), kFilled);
+  EXPECT_EQ(ValuesOf(windows), before);
+  EXPECT_THAT(host.calls, ElementsAre("WriteWholeFile " + kKept));
+  EXPECT_THAT(notes.all(), IsEmpty());
+}
+
+TEST_F(KeptSession, ServicePackThatIsNotChosen_IsWrittenAsEmptyAndStaysInItsBox) {
+  main.TxtSP_exe.text = "C:\\SP\\sp4.exe";
+  Keep();
+  EXPECT_THAT(host.Content(kKept), HasSubstr("\r\nSP_exe         = \"\"\r\n"));
+  EXPECT_EQ(main.TxtSP_exe.text.get(), "C:\\SP\\sp4.exe");
+}
+
+TEST_F(KeptSession, DialogsThatWereNotLoaded_AreNotLoaded) {
+  Keep();
+  EXPECT_FALSE(win2k.loaded);
+  EXPECT_FALSE(win9x.loaded);
+}
+
+TEST_F(KeptSession, ValueThatReadingCuts_IsNotedWithItsKey) {
+  main.Txt_i386_Loc.text = std::string(99, 'x');
+  main.TxtUtils_Loc.text = std::string(100, 'x');
+  main.TxtISOLoc.text = "  " + std::string(98, 'y') + "\u00FC  ";  // 99 characters
+  win9x.TxtOwner.text = std::string(99, 'z') + "\u00FC";
+  EXPECT_TRUE(Keep().ok());
+  EXPECT_THAT(host.Content(kKept), HasSubstr(std::string(100, 'x')));
+  ASSERT_THAT(notes.all(), SizeIs(2));
+  EXPECT_EQ(notes.all()[0].place, kKept);
+  EXPECT_THAT(notes.all()[0].cause, HasSubstr("OwnerName in section Win9x_Info is longer than 99 characters"));
+  EXPECT_THAT(notes.all()[1].cause, HasSubstr("VexaUtils_Dir in section Locations"));
+}
+
+TEST_F(KeptSession, FailedWrite_IsReturnedAndNotNoted) {
+  main.TxtUtils_Loc.text = std::string(100, 'x');
+  host.FailOn("WriteWholeFile", "mine.ini", host::ErrorClass::kDiskFull, "No space left on device");
+  EXPECT_EQ(Keep().error, host::ErrorClass::kDiskFull);
+  EXPECT_THAT(notes.all(), IsEmpty());
 }
 
 }  // namespace

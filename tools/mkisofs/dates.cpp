@@ -2,7 +2,6 @@
 #include "tools/mkisofs/dates.h"
 
 #include <algorithm>
-#include <charconv>
 #include <chrono>
 #include <span>
 
@@ -78,13 +77,6 @@ VolumeTime NoVolumeTime() {
   time.fill('0');
   time.back() = 0;
   return time;
-}
-
-std::optional<std::int64_t> ParseSourceDate(std::string_view text) {
-  std::int64_t seconds = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), seconds);
-  const bool whole = error == std::errc() && end == text.data() + text.size();
-  return whole && seconds >= 0 && seconds <= kLastOfVolume ? std::optional(seconds) : std::nullopt;
 }
 
 }  // namespace discwright::tools::mkisofs

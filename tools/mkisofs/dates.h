@@ -3,8 +3,6 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
-#include <string_view>
 
 namespace discwright::tools::mkisofs {
 
@@ -19,9 +17,5 @@ VolumeTime MakeVolumeTime(std::int64_t seconds);
 
 // The time that means "none".
 VolumeTime NoVolumeTime();
-
-// The value of SOURCE_DATE_EPOCH: seconds, as a decimal number from 0 to the last second of 9999. Nothing when it is
-// anything else.
-std::optional<std::int64_t> ParseSourceDate(std::string_view text);
 
 }  // namespace discwright::tools::mkisofs

@@ -18,6 +18,7 @@
 #include "tools/mkisofs/sector.h"
 #include "tools/mkisofs/shared_data.h"
 #include "tools/mkisofs/tree_reader.h"
+#include "util/source_date.h"
 
 namespace discwright::tools::mkisofs {
 namespace {
@@ -42,8 +43,11 @@ class Run {
   bool TakeDates() {
     dates_.created = surroundings_.now;
     if (surroundings_.source_date == nullptr) return true;
-    const std::optional<std::int64_t> date = ParseSourceDate(surroundings_.source_date);
-    if (!date) return Refuse("SOURCE_DATE_EPOCH", "not a number of seconds: " + std::string(surroundings_.source_date));
+    const std::optional<std::int64_t> date = util::ParseSourceDate(surroundings_.source_date);
+    if (!date) {
+      problems_.Add(util::WhyNoSourceDate(surroundings_.source_date));
+      return false;
+    }
     dates_ = {*date, *date};
     return true;
   }

@@ -1,0 +1,62 @@
+// Tests of the search for what a misspelled name was meant to be.
+#include "util/spelling.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+
+#include "tests/support/fake_host.h"
+
+namespace discwright::util {
+namespace {
+
+constexpr std::array<std::string_view, 6> kNames = {"ChkGet_Win2k", "ChkGet_Win9x", "ChkGet_Advtools",
+                                                    "ChkERDC",      "TxtISOLoc",    "Win"};
+
+class Spelling : public ::testing::Test {
+ protected:
+  testing::FakeHost host;
+
+  static std::string Meant(std::string_view word) { return std::string(Closest(word, kNames).value_or("nothing")); }
+};
+
+TEST_F(Spelling, NameItself_IsFoundInAnyLetterCase) {
+  EXPECT_EQ(Meant("ChkERDC"), "ChkERDC");
+  EXPECT_EQ(Meant("CHKGET_WIN9X"), "ChkGet_Win9x");
+}
+
+TEST_F(Spelling, OtherMissingAddedOrSwappedCharacters_AreSeenThrough) {
+  EXPECT_EQ(Meant("ChkGet_WinXP"), "ChkGet_Win2k");
+  EXPECT_EQ(Meant("ChkGetWin9x"), "ChkGet_Win9x");
+  EXPECT_EQ(Meant("ChkGet_AdvTool"), "ChkGet_Advtools");
+  EXPECT_EQ(Meant("TxtISO_Loc"), "TxtISOLoc");
+  EXPECT_EQ(Meant("hCkEDRC"), "ChkERDC");
+}
+
+TEST_F(Spelling, ThirdOfALongWord_MayBeWrongAndNotMore) {
+  EXPECT_EQ(Meant("XXXXXet_Advtools"), "ChkGet_Advtools");  // 5 of 16
+  EXPECT_EQ(Meant("XXXXXXt_Advtools"), "nothing");
+}
+
+TEST_F(Spelling, ShortWords_MayHaveFewerMistakes) {
+  EXPECT_EQ(Meant("Wim"), "Win");
+  EXPECT_EQ(Meant("Wx"), "nothing");
+  EXPECT_EQ(Meant("XhkXRDC"), "ChkERDC");
+  EXPECT_EQ(Meant("XhXXRDC"), "nothing");
+}
+
+TEST_F(Spelling, Nonsense_MeansNothing) {
+  for (const char* word : {"", "x", "rubbish", "Password", "ChkFooBarBaz", "aVeryLongWordThatIsNoNameOfAnything"}) {
+    EXPECT_EQ(Meant(word), "nothing") << word;
+  }
+  EXPECT_FALSE(Closest("anything", {}));
+}
+
+TEST_F(Spelling, SeveralAreAsNear_TakesTheFirst) {
+  EXPECT_EQ(Meant("ChkGet_Win"), "ChkGet_Win2k");
+  EXPECT_EQ(Meant("ChkGet_Win9"), "ChkGet_Win9x");
+}
+
+}  // namespace
+}  // namespace discwright::util

@@ -1,0 +1,21 @@
+// SOURCE_DATE_EPOCH: the environment variable that says which time no date in an image is later than.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace discwright::util {
+
+inline constexpr const char* kSourceDateVariable = "SOURCE_DATE_EPOCH";
+
+// Seconds since 1970-01-01 00:00 UTC, written as a decimal number from 0 to the last second of the year 9999. Nothing
+// when it is anything else.
+std::optional<std::int64_t> ParseSourceDate(std::string_view text);
+
+// What is wrong with the variable's value (as the system gives it; null: it is not set), as a sentence for the user;
+// empty when nothing is.
+std::string WhyNoSourceDate(const char* value);
+
+}  // namespace discwright::util
