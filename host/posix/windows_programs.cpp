@@ -19,14 +19,20 @@ bool IsProgram(const std::string& native) {
   return stat(native.c_str(), &facts) == 0 && S_ISREG(facts.st_mode) && access(native.c_str(), X_OK) == 0;
 }
 
-// The core path of the first "wine" in the folders of PATH. An empty one would be the current folder, where nobody has
+// As it is shown when the line is, except where a backslash in a name would be read as a separator.
+std::string AsInLine(const std::string& path) {
+  const std::string native = NativePath(path);
+  return native.find('\\') == native.npos ? native : path;
+}
+
+// The path of the first "wine" in the folders of PATH. An empty one would be the current folder, where nobody has
 // installed a program.
 std::optional<std::string> FindWine() {
   const char* const list = std::getenv("PATH");
   for (std::string_view folders = list != nullptr ? list : ""; !folders.empty();) {
     const std::size_t end = std::min(folders.find(':'), folders.size());
     const std::string wine = NativeJoin(folders.substr(0, end), "wine");
-    if (end > 0 && IsProgram(wine)) return PathFromNative(wine);
+    if (end > 0 && IsProgram(wine)) return AsInLine(PathFromNative(wine));
     folders.remove_prefix(std::min(end + 1, folders.size()));
   }
   return std::nullopt;

@@ -214,7 +214,8 @@ TEST_F(WindowsSetup, ServicePackThatFails_IsTold) {
   const auto path = PathWithWine("echo wrong language\nexit 3\n");
   const Outcome outcome = BuildEverything(ServicePack(), {.environment = {path}});
   EXPECT_EQ(outcome.exit_code, 4);
-  EXPECT_THAT(outcome.err, AllOf(HasSubstr("warning: \""), HasSubstr("wrong language")));
+  EXPECT_THAT(outcome.err, AllOf(HasSubstr("warning: \"" + (place / "commands" / "wine").string() + "\" \""),
+                                 HasSubstr("wrong language")));
 }
 
 TEST_F(WindowsSetup, NoWine_IsToldAndTheBuildGoesOnWithoutTheServicePack) {
