@@ -35,12 +35,14 @@ std::string_view StripQuotes(std::string_view value) {
   return IsInQuotes(value) ? value.substr(1, value.size() - 2) : value;
 }
 
+// LF, CR LF and, in texts of some editors, a CR alone.
 Lines SplitLines(std::string_view text) {
   Lines lines;
   while (!text.empty()) {
-    const std::size_t end = text.find('\n');
-    lines.push_back(text.substr(0, end == std::string_view::npos ? end : end + 1));
-    text.remove_prefix(lines.back().size());
+    std::size_t length = std::min(text.find_first_of(kLineEnd), text.size() - 1) + 1;
+    if (text.substr(length - 1).starts_with(kLineEnd)) ++length;
+    lines.push_back(text.substr(0, length));
+    text.remove_prefix(length);
   }
   return lines;
 }
@@ -87,7 +89,7 @@ IniLine KindOfLine(std::string_view line) {
 
 std::string WithInsertedAt(std::string_view text, std::size_t position, std::string_view lines) {
   std::string result(text.substr(0, position));
-  if (!result.empty() && !result.ends_with('\n')) result += kLineEnd;
+  if (!result.empty() && kLineEnd.find(result.back()) == std::string_view::npos) result += kLineEnd;
   return result.append(lines).append(text.substr(position));
 }
 

@@ -26,8 +26,9 @@ struct ShellAnswer {
   bool aborted = false;
 };
 
-// Overwrites files of the same name, and joins folders that are on both sides. Links are moved themselves, and never
-// followed. What was moved before a failure stays moved.
+// A move overwrites files of the same name, and joins folders that are on both sides (not every shell does); a file and
+// a folder of one name are a failure, and all else is moved. A rename to a name that something has is refused. Links
+// are moved themselves, and never followed. What was moved before a failure stays moved.
 ShellAnswer RunShellOperation(const ShellOperation& operation);
 
 }  // namespace discwright::host

@@ -22,16 +22,18 @@ std::string EncodeText(std::string_view text) {
   return std::string(kByteOrderMark).append(text);
 }
 
+bool HasUtf8Mark(std::string_view bytes) { return bytes.starts_with(kByteOrderMark); }
+
 bool IsUtf8File(std::string_view bytes) {
   const auto is_ascii = [](char character) { return static_cast<unsigned char>(character) < 0x80; };
-  return bytes.starts_with(kByteOrderMark) || (!std::ranges::all_of(bytes, is_ascii) && IsValidUtf8(bytes));
+  return HasUtf8Mark(bytes) || (!std::ranges::all_of(bytes, is_ascii) && IsValidUtf8(bytes));
 }
 
 bool IsUtf16File(std::string_view bytes) { return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF"); }
 
 std::string DecodeText(std::string_view bytes) {
   if (!IsUtf8File(bytes)) return TextOfCodePage(bytes);
-  if (bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());
+  if (HasUtf8Mark(bytes)) bytes.remove_prefix(kByteOrderMark.size());
   return std::string(bytes);
 }
 

@@ -12,6 +12,7 @@ std::string EncodeText(std::string_view text);
 
 // A byte order mark, or bytes that are valid UTF-8 beyond ASCII, mean UTF-8; anything else is in the code page.
 bool IsUtf8File(std::string_view bytes);
+bool HasUtf8Mark(std::string_view bytes);  // the byte order mark
 std::string DecodeText(std::string_view bytes);
 
 // Text of two bytes per character, by its byte order mark; nothing here reads it.

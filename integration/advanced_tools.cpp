@@ -2,6 +2,7 @@
 #include "integration/advanced_tools.h"
 
 #include <map>
+#include <optional>
 #include <span>
 
 #include "host/files.h"
@@ -87,9 +88,23 @@ bool AddTool(util::Context& context, const Tool& tool, const std::string& locati
   return true;
 }
 
+// Some shells leave a folder behind, without a word, when the destination has one of its name.
+void JoinLeftFolders(util::Context& context, const std::string& from, const std::string& to) {
+  for (const host::Entry& left : host::ListFolder(from, "*.*").entries) {
+    const std::string source = from + "\\" + left.name;
+    const std::string target = to + "\\" + left.name;
+    const std::optional<host::Entry> there = host::Look(target);
+    if (left.kind != host::EntryKind::kFolder || !there || there->kind != host::EntryKind::kFolder) continue;
+    const std::string answer = MoveWithShell(context.main().window, source + "\\*.*", target, 0, "");
+    if (answer.empty()) JoinLeftFolders(context, source, target);
+    host::RemoveEmptyFolder(source);  // stays where something is left in it
+  }
+}
+
 // What is left goes with the staging folder, whatever the shell's answer was.
 void MoveToTree(util::Context& context) {
   const std::string answer = MoveWithShell(context.main().window, StagingFolder() + "\\*.*", WorkspaceRoot(), 0, "");
+  if (answer.empty()) JoinLeftFolders(context, StagingFolder(), WorkspaceRoot());
   for (const host::Entry& left : host::ListFolder(StagingFolder(), "*.*").entries) {
     context.notes.Add(StagingFolder() + "\\" + left.name, "could not be moved onto the CD" + Reason(answer));
   }

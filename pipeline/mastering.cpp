@@ -1,7 +1,9 @@
 // Writing and starting the mastering script, and its end.
 #include "pipeline/mastering.h"
 
+#include <algorithm>
 #include <memory>
+#include <optional>
 
 #include "host/files.h"
 #include "host/native_text.h"
@@ -43,8 +45,7 @@ class MasteringLog {
 
   void AddLine(std::string_view text) {
     if (!file_) return;
-    // A piece of output often ends its line by itself.
-    const std::string line = host::TextToNative(text) + (text.ends_with('\n') ? "" : "\r\n");
+    const std::string line = WithLineEnds(host::TextToNative(text));
     const host::Status status = file_->WriteAt(position_, std::as_bytes(std::span(line)));
     position_ += static_cast<std::int64_t>(line.size());
     // One note is enough: a full disk fails every further line too.
@@ -52,20 +53,89 @@ class MasteringLog {
   }
 
   void Close() { file_.reset(); }
+  const std::string& path() const { return path_; }
 
  private:
+  // Every LF becomes CR LF, and so does the end of the piece, which often ends its line by itself. A CR LF may be cut
+  // by the end of a piece: its LF is written with the CR, and is not a second line end where the next piece begins.
+  std::string WithLineEnds(std::string_view piece) {
+    if (ends_in_cut_line_end_ && piece.starts_with('\n')) {
+      ends_in_cut_line_end_ = false;
+      piece.remove_prefix(1);
+      if (piece.empty()) return {};
+    }
+    std::string lines;
+    for (const char character : piece) {
+      if (character == '\n' && !lines.ends_with('\r')) lines += '\r';
+      lines += character;
+    }
+    ends_in_cut_line_end_ = piece.ends_with('\r');
+    if (lines.ends_with('\n')) return lines;
+    return lines + (ends_in_cut_line_end_ ? "\n" : "\r\n");
+  }
+
+  bool ends_in_cut_line_end_ = false;
   std::string path_;
   util::Notes& notes_;
   std::unique_ptr<host::BinaryFile> file_;
   std::int64_t position_ = 0;
 };
 
-void LaunchApp_DataReceived(util::Context& context, MasteringLog& log, std::string_view TextPipe) {
-  log.AddLine(TextPipe);
+// Whether the duplicate file linker has done all of its work. The script's end tells only how the mastering ended, so
+// the sign is the linker's last line, "12 files linked, 3456 bytes saved": it says more where a file was left alone.
+class LinkerWatch {
+ public:
+  void Read(std::string_view piece) {
+    for (const char character : piece) {
+      if (character == '\n') {
+        has_finished_ = has_finished_ || IsLastLine(line_);
+        line_.clear();
+      } else if (character != '\r') {
+        line_ += character;
+      }
+    }
+  }
+  bool has_finished() const { return has_finished_; }
+
+ private:
+  static bool SkipNumber(std::string_view& text) {
+    const std::size_t digits = std::min(text.find_first_not_of("0123456789"), text.size());
+    text.remove_prefix(digits);
+    return digits > 0;
+  }
+  static bool IsLastLine(std::string_view line) {
+    constexpr std::string_view kLinked = " files linked, ";
+    if (!SkipNumber(line) || !line.starts_with(kLinked)) return false;
+    line.remove_prefix(kLinked.size());
+    return SkipNumber(line) && line == " bytes saved";
+  }
+
+  std::string line_;
+  bool has_finished_ = false;
+};
+
+// What the events of one mastering work on.
+struct Mastering {
+  std::unique_ptr<MasteringLog> log;
+  std::optional<LinkerWatch> linker;  // when duplicate files are to be linked
+};
+
+void LaunchApp_DataReceived(util::Context& context, Mastering& mastering, std::string_view TextPipe) {
+  mastering.log->AddLine(TextPipe);
+  if (mastering.linker) mastering.linker->Read(TextPipe);
   ShowMasteringOutput(context.main(), TextPipe);
 }
 
-void LaunchApp_ProcessEnded(util::Context& context, MasteringLog& log) {
+// An image that was not made has nothing stored twice.
+void NoteUnfinishedLinking(util::Context& context, const Mastering& mastering) {
+  if (!mastering.linker || mastering.linker->has_finished() || !context.mastering_end.Succeeded()) return;
+  context.notes.Add(mastering.log->path(),
+                    "dfl, the program that links duplicate files, did not do all of its work (this log may say why): "
+                    "duplicate files were stored more than once");
+}
+
+void LaunchApp_ProcessEnded(util::Context& context, Mastering& mastering) {
+  MasteringLog& log = *mastering.log;
   forms::FrmDiscwright& main = context.main();
   context.mastering_end = context.LaunchApp->End();
   if (!context.mastering_end.Succeeded()) log.AddLine("The mastering " + context.mastering_end.Text() + ".");
@@ -76,6 +146,7 @@ void LaunchApp_ProcessEnded(util::Context& context, MasteringLog& log) {
     main.LblFinish.caption = "   Operation Aborted";
     main.LblAbort.visible = true;
   }
+  if (!main.LblAbort.visible) NoteUnfinishedLinking(context, mastering);
   if (main.ChkCleanSession.checked()) {
     const std::string script = host::ProgramFolder() + kScriptFile;
     context.notes.Check(host::RemoveFile(script), script, "could not be deleted");
@@ -89,7 +160,8 @@ bool WriteScript(util::Notes& notes, const std::string& path, std::string_view I
   for (const std::string& line : MasteringScript(ISOLocation, OptimizeISO))
     text += line + std::string(host::ScriptLineEnd());
   std::string bytes;
-  return notes.Check(host::ScriptBytes(text, bytes), std::string(ISOLocation), "the mastering cannot be told of it") &&
+  return notes.Check(host::ScriptBytes(text, bytes), util::NamedFile(ISOLocation),
+                     "the mastering cannot be told of it") &&
          notes.Check(host::WriteWholeFile(path, bytes), path, "could not be written");
 }
 
@@ -99,8 +171,8 @@ std::vector<std::string> MasteringScript(std::string_view ISOLocation, bool Opti
   const auto prologue = host::ScriptPrologue(host::ProgramFolder());
   std::vector<std::string> lines(prologue.begin(), prologue.end());
   if (OptimizeISO) lines.push_back(host::ScriptProgram("dfl.exe") + " vexacd link");
-  lines.push_back(host::ScriptProgram("mkisofs.exe") + " " + kMasteringArguments + host::ScriptPath(ISOLocation) +
-                  " vexacd");
+  lines.push_back(host::ScriptProgram("mkisofs.exe") + " " + kMasteringArguments +
+                  host::ScriptPath(util::NamedFile(ISOLocation)) + " vexacd");
   return lines;
 }
 
@@ -112,18 +184,19 @@ void StartMKISOFS(util::Context& context, std::string_view ISOLocation, bool Opt
     // An old script must not run with the wrong image in mind.
     host::RemoveFile(script);
   }
-  const auto log = std::make_shared<std::unique_ptr<MasteringLog>>();
+  const auto mastering = std::make_shared<Mastering>();
+  if (OptimizeISO) mastering->linker.emplace();
   const bool started = util::StartLauncher(
       context, context.LaunchApp, script, kMasteringPollInterval,
-      [&context, log](std::string_view TextPipe) { LaunchApp_DataReceived(context, **log, TextPipe); },
-      [&context, log] { LaunchApp_ProcessEnded(context, **log); });
+      [&context, mastering](std::string_view TextPipe) { LaunchApp_DataReceived(context, *mastering, TextPipe); },
+      [&context, mastering] { LaunchApp_ProcessEnded(context, *mastering); });
   main.MKISOFSRunning = started;
   main.BarSub_Step.max = 100;
   main.BarSub_Step.value = main.BarSub_Step.min.get();
   main.BarSub_Step.visible = true;
   if (!started) return;
-  *log = std::make_unique<MasteringLog>(context.notes);
-  (*log)->AddLine("MkISOFS.EXE Log File");
+  mastering->log = std::make_unique<MasteringLog>(context.notes);
+  mastering->log->AddLine("MkISOFS.EXE Log File");
 }
 
 }  // namespace discwright::pipeline

@@ -33,8 +33,9 @@ void ShowPercent(forms::FrmDiscwright& main, std::string_view piece) {
   if (sign == kNowhere || sign < kPercentCharacters || piece.find("%)") == sign) return;
   const std::string number = util::Trim(piece.substr(sign - kPercentCharacters, kPercentCharacters));
   double percent = 0;
-  const auto parsed = std::from_chars(number.data(), number.data() + number.size(), percent);
-  if (parsed.ec != std::errc() || !std::isfinite(percent)) return;
+  const char* const end = number.data() + number.size();
+  const auto parsed = std::from_chars(number.data(), end, percent);
+  if (parsed.ec != std::errc() || parsed.ptr != end || !std::isfinite(percent)) return;
   // Halves go to the even neighbour, as the default rounding mode does.
   const auto whole = static_cast<std::int64_t>(std::nearbyint(percent));
   main.BarSub_Step.value = std::clamp(whole, main.BarSub_Step.min.get(), main.BarSub_Step.max.get());

@@ -2,6 +2,7 @@
 #include "settings/answer_file.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "host/files.h"
 #include "host/ini_text.h"
@@ -33,32 +34,11 @@ std::string Narrowed(util::Notes& notes, const std::string& text, const std::str
   return narrowed;
 }
 
-// Every line end, also that of a template edited elsewhere, as CR LF.
-std::string WithCrLf(std::string_view text) {
-  std::string lines;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool is_line_end = text[i] == '\r' || text[i] == '\n';
-    if (text.substr(i).starts_with("\r\n")) ++i;
-    if (is_line_end) {
-      lines += "\r\n";
-    } else {
-      lines += text[i];
-    }
-  }
-  return lines;
-}
-
-bool ReadTemplate(util::Notes& notes, const std::string& file, std::string& text) {
-  std::string bytes;
-  if (!notes.Check(host::ReadWholeFile(file, bytes), file, "could not be read")) return false;
-  if (host::IsUtf16File(bytes)) {
-    notes.Add(file, "is Unicode text of two bytes per character; please save it as plain text");
-    return false;
-  }
-  // Not the code page of the host: a template's own bytes must come out as they went in.
-  text = host::IsUtf8File(bytes) ? host::DecodeText(bytes) : host::FromWindows1252(bytes);
-  text = WithCrLf(Narrowed(notes, text, file, "The template"));
-  return true;
+// A template's own bytes come out as they went in. Only behind the mark of UTF-8, which Setup would take for a part of
+// the first line, they are surely not what Setup reads.
+std::string TemplateBytes(util::Notes& notes, const std::string& file, std::string bytes) {
+  if (!host::HasUtf8Mark(bytes)) return bytes;
+  return Windows1252Bytes(Narrowed(notes, host::DecodeText(bytes), file, "The template"));
 }
 
 // Outside quotes Setup takes ";" for the start of a comment, "," for a separator, "%" for that of a string's name and
@@ -97,13 +77,21 @@ bool DeleteAnswerFile(util::Notes& notes, const std::string& file) {
 bool WriteAnswerFile(util::Notes& notes, const AnswerFile& answer_file) {
   const std::string& key_file = answer_file.key_file.FileName;
   if (!notes.Check(answer_file.key_file.Readable(), key_file, "could not be read")) return false;
-  std::string text;
-  if (!ReadTemplate(notes, answer_file.template_file, text)) return false;
+  const std::string& template_file = answer_file.template_file;
+  std::string bytes;
+  if (!notes.Check(host::ReadWholeFile(template_file, bytes), template_file, "could not be read")) return false;
+  if (host::IsUtf16File(bytes)) {
+    notes.Add(template_file,
+              "is Unicode text of two bytes per character, and Windows Setup gets no answers from the CD; please save "
+              "it as plain text");
+    return true;
+  }
+  bytes = TemplateBytes(notes, template_file, std::move(bytes));
   for (const Answer& answer : answer_file.answers) {
     const std::string value = AsSetupReadsIt(ValueOf(notes, answer_file, answer));
-    text = host::WithIniValue(text, answer.section, answer.key, value);
+    bytes = host::WithIniValue(bytes, answer.section, answer.key, Windows1252Bytes(value));
   }
-  const host::Status written = host::WriteWholeFile(answer_file.file, Windows1252Bytes(text));
+  const host::Status written = host::WriteWholeFile(answer_file.file, bytes);
   return notes.Check(written, answer_file.file, "could not be written");
 }
 

@@ -31,9 +31,11 @@ bool HasAnswers(util::Notes& notes, const std::string& key_file);
 // Deletes an answer file, read-only or not; a file that is not there is a success. False, with a note, when it stays.
 bool DeleteAnswerFile(util::Notes& notes, const std::string& file);
 
-// Writes the file as a whole: CR LF and Windows-1252, which is what Setup reads, whatever the host and the template. A
-// character that it lacks becomes "?", a value is cut at 99 characters; both are noted. False, with a note and without
-// a file, when template or key file cannot be read or the file cannot be written.
+// Writes the file as a whole: the template's bytes as they are, with the values in Windows-1252, which is what Setup
+// reads, and CR LF behind new lines. Only a template that has the mark of UTF-8 becomes Windows-1252 itself. A
+// character that this lacks becomes "?", a value is cut at 99 characters; both are noted. A template in UTF-16 is noted
+// and gives no file. False, with a note and without a file, when template or key file cannot be read or the file cannot
+// be written.
 bool WriteAnswerFile(util::Notes& notes, const AnswerFile& answer_file);
 
 }  // namespace discwright::settings

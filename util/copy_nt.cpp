@@ -1,4 +1,5 @@
 // The copy engine of the NT family: the platform's own file copy, which calls back with the bytes moved so far.
+#include "host/system.h"
 #include "util/copy_engines.h"
 #include "util/copy_entries.h"
 #include "util/paths.h"
@@ -25,8 +26,17 @@ void NoteNothingCopied(Notes& notes, std::string_view source) {
   const host::Listing listing = host::ListFolder(source, "*.*");
   if (notes.Check(listing.status, std::string(source), "nothing was copied, the folder could not be listed") &&
       !listing.entries.empty()) {
-    notes.Add(std::string(source), "nothing was copied, the sizes of the files in this folder add up to 0 bytes");
+    notes.Add(std::string(source),
+              "nothing was copied, no file with anything in it was found in this folder (files and folders whose names "
+              "begin with a dot do not count)");
   }
+}
+
+// A folder as the host spells it. A name behind its last separator keeps that one from being taken away.
+std::string ShownFolder(const std::string& folder) {
+  std::string shown = host::PathToNative(folder + "x");
+  shown.pop_back();
+  return shown;
 }
 
 bool CopyShownFile(CopyRun& run, const std::string& name, const std::string& source_file,
@@ -88,7 +98,7 @@ bool CopyTreeByFind(CopyRun& run, std::string source, std::string destination) {
   const host::Listing listing = host::ListFolder(source, "*.*");
   if (!CheckOrStop(run.context.notes, listing.status, source, "could not be listed")) {
     run.context.user.ShowMessage(
-        {"Source folder \"" + source + "\" not found.", "Vexa Discwright", host::MessageIcon::kNone});
+        {"Source folder \"" + ShownFolder(source) + "\" not found.", "Vexa Discwright", host::MessageIcon::kNone});
     return false;
   }
   // Not a reason to stop: the first file that has no place to go is.

@@ -45,6 +45,12 @@ std::string StripQuotes(std::string_view text) {
   return std::string(trimmed);
 }
 
+std::string NamedFile(std::string_view text) {
+  std::string file = StripQuotes(text);
+  if (file.ends_with('\\')) file.pop_back();
+  return file;
+}
+
 std::string Quoted(std::string_view text) {
   const std::string trimmed = Trim(text);
   return trimmed.starts_with('"') && trimmed.ends_with('"') ? trimmed : '"' + trimmed + '"';
@@ -72,8 +78,7 @@ bool FolderExists(std::string_view path) {
 }
 
 bool FileExists(std::string_view path) {
-  std::string file = StripQuotes(path);
-  if (file.ends_with('\\')) file.pop_back();
+  const std::string file = NamedFile(path);
   if (file.empty()) return false;
   return file.find('*') == std::string::npos ? host::CanRead(file) : AnyMatch(file);
 }

@@ -20,6 +20,9 @@ void AddBackslash(std::string& path);
 // Trimmed text; one pair of double quotes around it goes.
 std::string StripQuotes(std::string_view text);
 
+// The file that a text means: without blanks and one pair of double quotes around it, and without one trailing "\".
+std::string NamedFile(std::string_view text);
+
 // Trimmed text in double quotes, unless it already starts and ends with one. The counterpart of StripQuotes.
 std::string Quoted(std::string_view text);
 
@@ -32,8 +35,8 @@ void SplitPath(std::string_view full_path, std::string& folder, std::string& fil
 
 bool FolderExists(std::string_view path);  // empty or blank: false, without touching the disk
 
-// Whether the file can be opened; quotes around the path and one trailing "\" are ignored. With a "*" in it: whether
-// anything matches. A folder without a wildcard gives false.
+// Whether the NamedFile can be opened. With a "*" in it: whether anything matches. A folder without a wildcard gives
+// false.
 bool FileExists(std::string_view path);
 
 bool MakePath(std::string_view path);  // creates every missing folder

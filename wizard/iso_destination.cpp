@@ -34,10 +34,11 @@ bool CanCreate(const std::string& path) {
 
 }  // namespace
 
-// The text is taken as the mastering takes it: quotes and wildcards in it are part of the name. Looking first also
-// keeps the probe from emptying a file that exists but cannot be read.
-bool IsoDestinationIsCorrect(const std::string& path) {
-  if (const auto entry = host::Look(path)) return entry->kind == host::EntryKind::kFile;
+// Looking first keeps the probe from emptying a file that exists but cannot be read.
+bool IsoDestinationIsCorrect(const std::string& text) {
+  if (const auto entry = host::Look(util::NamedFile(text))) return entry->kind == host::EntryKind::kFile;
+  if (util::FileExists(text)) return true;  // a wildcard that matches something
+  const std::string path = util::StripQuotes(text);
   std::string folder;
   std::string file;
   util::SplitPath(path, folder, file);

@@ -150,7 +150,7 @@ int MasteringFailed(const util::Context& context, Terminal& terminal) {
   if (main.LblAbort.visible) {
     terminal.PrintLine(util::Trim(main.LblFinish.caption.get()) + ": " + main.LblAbort.caption.get());
   } else {
-    terminal.PrintLine("The mastering failed; the file at " + host::PathToNative(main.TxtISOLoc.text.get()) +
+    terminal.PrintLine("The mastering failed; the file at " + host::PathToNative(util::NamedFile(main.TxtISOLoc.text.get())) +
                        " is the one that stood there before.");
   }
   return kExitFailed;
@@ -170,7 +170,7 @@ host::Status PrintResult(const std::string& image) {
 }
 
 int Made(const util::Context& context, Terminal& terminal, const Options& options) {
-  const std::string image = util::StripQuotes(context.main().TxtISOLoc.text.get());
+  const std::string image = util::NamedFile(context.main().TxtISOLoc.text.get());
   if (!options.quiet) {
     const host::Status status = PrintResult(image);
     if (!status.ok()) {

@@ -56,7 +56,7 @@ class ProgramFinder {
   void Refuse(std::string_view program, int error) {
     if (!refused_.ok()) return;
     refused_ = StatusOf(error);
-    refused_.cause.append(": ").append(program);
+    refused_.cause.append(": ").append(PathToNative(program));
   }
 
   std::string first_tried_;

@@ -18,14 +18,20 @@ bool IsProgram(const std::string& native) {
   return stat(native.c_str(), &facts) == 0 && S_ISREG(facts.st_mode) && access(native.c_str(), X_OK) == 0;
 }
 
-// The core path of the first program `name` in the folders of PATH. An empty one would be the current folder, where
-// nobody has installed a program.
+// As it is shown when the line is, except where a backslash in a name would be read as a separator.
+std::string AsInLine(const std::string& path) {
+  const std::string native = NativePath(path);
+  return native.find('\\') == native.npos ? native : path;
+}
+
+// The path of the first program `name` in the folders of PATH. An empty folder would be the current one, where nobody
+// has installed a program.
 std::optional<std::string> FindInPath(std::string_view name) {
   const char* const list = std::getenv("PATH");
   for (std::string_view folders = list != nullptr ? list : ""; !folders.empty();) {
     const std::size_t end = std::min(folders.find(':'), folders.size());
     const std::string program = NativeJoin(folders.substr(0, end), name);
-    if (end > 0 && IsProgram(program)) return PathFromNative(program);
+    if (end > 0 && IsProgram(program)) return AsInLine(PathFromNative(program));
     folders.remove_prefix(std::min(end + 1, folders.size()));
   }
   return std::nullopt;

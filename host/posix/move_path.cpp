@@ -105,6 +105,12 @@ std::vector<std::string> PlacesFor(const std::vector<std::string>& names, const 
   return places;
 }
 
+// Only this one name cannot be moved, because what stands at its place is of another kind: the shell of Windows goes on
+// with the next.
+bool IsInTheWay(const Status& status) {
+  return status.error == ErrorClass::kWrongKind || status.error == ErrorClass::kExists;
+}
+
 Status JoinFolder(const std::string& from, const std::string& to) {
   std::vector<std::string> names;
   Status status = NamesIn(from, names);
@@ -137,11 +143,13 @@ Status MoveNames(const std::string& from, const std::vector<std::string>& names,
   Status status = NamesIn(to, there);
   if (!status.ok()) return status;
   const std::vector<std::string> places = PlacesFor(names, there);
+  Status in_the_way;
   for (std::size_t i = 0; i < names.size(); ++i) {
     status = MovePath(NativeJoin(from, names[i]), NativeJoin(to, places[i]));
-    if (!status.ok()) return status;
+    if (!status.ok() && !IsInTheWay(status)) return status;
+    if (!status.ok() && in_the_way.ok()) in_the_way = status;
   }
-  return Status::Success();
+  return in_the_way;
 }
 
 }  // namespace discwright::host

@@ -1,6 +1,8 @@
 // Does what the shell's file-operation service of Windows does, without windows and questions.
 #include "host/shell_operations.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -19,6 +21,8 @@ namespace {
 
 // The service's number for a path that it cannot take.
 constexpr int kInvalidFiles = 0x7C;
+// The system's own for a new name that something has: the service renames onto nothing.
+constexpr int kAlreadyThere = 183;
 
 struct Number {
   ErrorClass error;
@@ -62,20 +66,26 @@ Status MoveOne(std::string_view source, std::string_view destination) {
   return MovePath(from, to);
 }
 
-Status Move(std::string_view source, std::string_view destination) {
+int Move(std::string_view source, std::string_view destination) {
   const std::size_t name = source.find_last_of("\\/") + 1;
   const bool has_wildcards = source.find_first_of("*?", name) != source.npos;
-  if (!has_wildcards) return MoveOne(source, destination);
-  return MoveMatches(source.substr(0, name), source.substr(name), destination);
+  if (!has_wildcards) return NumberOf(MoveOne(source, destination).error);
+  return NumberOf(MoveMatches(source.substr(0, name), source.substr(name), destination).error);
 }
 
-Status Rename(std::string_view source, std::string_view destination) {
+bool IsThere(const std::string& native) {
+  struct stat facts {};
+  return lstat(native.c_str(), &facts) == 0;
+}
+
+int Rename(std::string_view source, std::string_view destination) {
   const std::string from = RealPath(source);
   std::string to = RealPath(destination);
-  if (!IsFolder(NativeFolder(to))) return StatusOf(ENOENT);
+  if (!IsThere(from) || !IsFolder(NativeFolder(to))) return NumberOf(ErrorClass::kNotFound);
+  if (to != from && IsThere(to)) return kAlreadyThere;
   // Found under its old name: only the letter case changes.
   if (to == from) to = NativeJoin(NativeFolder(to), NativeName(NativePath(destination)));
-  return MovePath(from, to);
+  return NumberOf(MovePath(from, to).error);
 }
 
 }  // namespace
@@ -83,7 +93,7 @@ Status Rename(std::string_view source, std::string_view destination) {
 ShellAnswer RunShellOperation(const ShellOperation& operation) {
   if (NativePath(operation.source).empty() || NativePath(operation.destination).empty()) return {kInvalidFiles, false};
   const auto run = operation.verb == ShellVerb::kMove ? Move : Rename;
-  return {NumberOf(run(operation.source, operation.destination).error), false};
+  return {run(operation.source, operation.destination), false};
 }
 
 }  // namespace discwright::host

@@ -62,6 +62,17 @@ TEST_F(OddPlaces, ProgramCalledThroughALink_BuildsInItsOwnFolder) {
   EXPECT_TRUE(fs::exists(program / "mkisofs.log"));
 }
 
+TEST_F(OddPlaces, ImageInQuotes_IsTheFileWithoutThem) {
+  const ProgramCopy program(place / "program");
+  const fs::path image = place / "an image.iso";
+  for (const char* when : {"new", "existing"}) {
+    const Outcome outcome = program.Build({"--set", "TxtISOLoc=\"" + image.string() + "\" "});
+    EXPECT_EQ(outcome.exit_code, 0) << when << outcome.err;
+    EXPECT_THAT(outcome.out, HasSubstr("Image:   " + image.string() + "\n"));
+    EXPECT_TRUE(ReadWithBsdtar(image).contains("boot/loader.bin"));
+  }
+}
+
 TEST_P(OddImagePlaces, FolderOfTheImage_ImageIsMadeExactlyThere) {
   ExpectBuilds(ProgramCopy(place / "program"), place / GetParam().name / "rescue disc.iso");
 }

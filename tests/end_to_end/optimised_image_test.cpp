@@ -26,6 +26,13 @@ class OptimisedImage : public BuildTest {
   Outcome BuildOptimised(const char* optimise) const {
     return Build(Join({"--set", std::string("ChkOptimizeISO=").append(optimise)}, Utilities(place / "my tools")));
   }
+  // An image with one warning, about the linker.
+  static void ExpectTold(const Outcome& outcome) {
+    EXPECT_EQ(outcome.exit_code, 4) << outcome.err;
+    EXPECT_THAT(LinesWith(outcome.err, "warning: "), SizeIs(1));
+    EXPECT_THAT(outcome.err,
+                ::testing::ContainsRegex("mkisofs\\.log: dfl.*duplicate files were stored more than once"));
+  }
   std::string MasteringLog() const { return ReadFile(program / "mkisofs.log"); }
 
   std::map<std::string, std::string> sources_;
@@ -48,20 +55,30 @@ TEST_F(OptimisedImage, Duplicates_AreStoredOnceAndTheFilesStayTheSame) {
   EXPECT_EQ(Fingerprint(place / "my tools"), sources_);
 }
 
-TEST_F(OptimisedImage, LinkerThatIsMissing_CostsOnlyTheSaving) {
+TEST_F(OptimisedImage, LinkerThatIsMissing_CostsOnlyTheSavingAndIsTold) {
   ASSERT_EQ(BuildOptimised("0").exit_code, 0);
   const std::uintmax_t plain_size = fs::file_size(image);
   fs::remove(program / "dfl");
-  EXPECT_EQ(BuildOptimised("1").exit_code, 0);
+  ExpectTold(BuildOptimised("1"));
   EXPECT_EQ(fs::file_size(image), plain_size);
   EXPECT_THAT(MasteringLog(), HasSubstr("dfl"));
 }
 
-TEST_F(OptimisedImage, LinkerThatIsKilled_CostsOnlyTheSaving) {
+TEST_F(OptimisedImage, LinkerThatIsKilled_CostsOnlyTheSavingAndIsTold) {
   program.ReplaceProgram("dfl", "echo \"Scanning $1\"; kill -KILL $$\n");
+  ExpectTold(BuildOptimised("1"));
+  EXPECT_EQ(ReadWithBsdtar(image).size(), ReadWithXorriso(image).size());
+}
+
+TEST_F(OptimisedImage, LinkerThatFails_IsTold) {
+  program.ReplaceProgram("dfl", "echo 'dfl: out of luck' >&2; exit 3\n");
+  ExpectTold(BuildOptimised("1"));
+}
+
+TEST_F(OptimisedImage, LinkerThatIsSlowWithItsLastLine_IsNotTold) {
+  program.ReplaceProgram("dfl", "printf '0 files lin'; sleep 1; printf 'ked, 0 bytes saved'; sleep 1; echo\n");
   const Outcome outcome = BuildOptimised("1");
   EXPECT_EQ(outcome.exit_code, 0) << outcome.err;
-  EXPECT_EQ(ReadWithBsdtar(image).size(), ReadWithXorriso(image).size());
 }
 
 }  // namespace discwright::testing

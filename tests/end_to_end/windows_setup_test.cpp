@@ -102,6 +102,29 @@ TEST_F(WindowsSetup, PatchedFiles_KeepTheirTimes) {
   }
 }
 
+// The shell of Windows does not rename onto what is there, either.
+TEST_F(WindowsSetup, ToolDiscThatHasTheToolsNewName_IsToldAndItsFolderStaysI386) {
+  WriteFile(discs.folder() / "erd" / "ERDC" / "OWN.TXT", "own");
+  discs.Remember();
+  const Outcome outcome = BuildEverything();
+  EXPECT_EQ(outcome.exit_code, 4);
+  EXPECT_THAT(outcome.err, HasSubstr((program / "advtemp" / "I386").string() + ": could not be renamed to ERDC"));
+  const Contents contents = ReadWithBsdtar(image);
+  EXPECT_TRUE(contents.contains("ERDC/OWN.TXT"));
+  EXPECT_FALSE(contents.contains("ERDC/SETUPLDR.BIN"));
+  EXPECT_TRUE(contents.contains("OOBC/SETUPLDR.BIN"));
+}
+
+TEST_F(WindowsSetup, ToolDiscWithAFileNamedBoot_IsToldAndAllElseIsOnTheCd) {
+  WriteFile(discs.folder() / "erd" / "BOOT", "a file");
+  discs.Remember();
+  const Outcome outcome = BuildEverything();
+  EXPECT_EQ(outcome.exit_code, 4);
+  EXPECT_THAT(LinesWith(outcome.err, "warning: "), SizeIs(1));
+  EXPECT_THAT(outcome.err, HasSubstr((program / "advtemp" / "BOOT").string() + ": could not be moved onto the CD"));
+  EXPECT_EQ(discs.DifferenceToImage(image, program.folder()), "");
+}
+
 TEST_P(EveryDisc, OfTheNtFamily_BringsItsSetupFolderAndTagFilesAndNothingElse) {
   std::map<std::string, Disc> discs_by_name = {{"2000", Windows2000Disc(0)}, {"2000 SP4", Windows2000Disc(4)}};
   for (int level = 1; level <= 3; ++level) {
@@ -214,7 +237,8 @@ TEST_F(WindowsSetup, ServicePackThatFails_IsTold) {
   const auto path = PathWithWine("echo wrong language\nexit 3\n");
   const Outcome outcome = BuildEverything(ServicePack(), {.environment = {path}});
   EXPECT_EQ(outcome.exit_code, 4);
-  EXPECT_THAT(outcome.err, AllOf(HasSubstr("warning: \""), HasSubstr("wrong language")));
+  EXPECT_THAT(outcome.err, AllOf(HasSubstr("warning: \"" + (place / "commands" / "wine").string() + "\" \""),
+                                 HasSubstr("wrong language")));
 }
 
 TEST_F(WindowsSetup, NoWine_IsToldAndTheBuildGoesOnWithoutTheServicePack) {

@@ -108,6 +108,31 @@ TEST_F(ShellOperationTest, Rename_GivesAFileOrFolderItsNewName) {
   EXPECT_EQ(folder_.Read("new/second name"), "x");
 }
 
+TEST_F(ShellOperationTest, RenameToANameThatIsThere_IsRefusedAndLosesNothing) {
+  for (const char* name : {"a folder", "second folder"}) folder_.Write(std::string(name) + "/file", name);
+  for (const char* name : {"a file", "second file"}) folder_.Write(name, name);
+  for (const char* from : {"a folder", "a file"}) {
+    for (const char* to : {"second folder", "second file"}) {
+      const ShellAnswer answer =
+          RunShellOperation({ShellVerb::kRename, nullptr, folder_.Core(from), folder_.Core(to), kQuietly, ""});
+      EXPECT_EQ(answer.number, 183) << from << " to " << to;
+    }
+  }
+  EXPECT_THAT(folder_.Names(), ElementsAre("a file", "a folder", "second file", "second folder"));
+  EXPECT_THAT(folder_.Names("second folder"), ElementsAre("file"));
+  EXPECT_EQ(folder_.Read("second folder/file"), "second folder");
+  EXPECT_EQ(folder_.Read("second file"), "second file");
+}
+
+TEST_F(ShellOperationTest, FileWhosePlaceAFolderHas_StaysAndAllOthersAreMoved) {
+  for (const char* name : {"a", "boot", "c"}) folder_.Write(std::string("from/") + name, name);
+  folder_.MakeFolder("to/boot");
+  RunShellOperation({ShellVerb::kMove, nullptr, folder_.Core("from\\*.*"), folder_.Core("to"), kQuietly, ""});
+  EXPECT_THAT(folder_.Names("from"), ElementsAre("boot"));
+  EXPECT_THAT(folder_.Names("to"), ElementsAre("a", "boot", "c"));
+  EXPECT_THAT(folder_.Names("to/boot"), IsEmpty());
+}
+
 TEST_F(ShellOperationTest, RenameOfWhatIsMissing_GivesANumber) {
   // 1024 is: no window for failures.
   const ShellAnswer answer = RunShellOperation(

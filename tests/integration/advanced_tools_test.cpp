@@ -119,6 +119,46 @@ TEST_F(AddAdvToolsTest, FolderNamedLikeOneOfTheCd_JoinsIt) {
   EXPECT_EQ(OnCd("boot\\images\\erdc.bin"), "sector of ERDC");
 }
 
+TEST_F(AddAdvToolsTest, ShellThatLeavesFoldersBehind_IsAskedForWhatIsInThem) {
+  host.shell_joins_folders = false;
+  host.AddFile("C:\\Discwright\\vexacd\\boot\\deep\\old.bin", "old");
+  host.AddFile("E:\\boot\\more.bin", "more");
+  host.AddFile("E:\\boot\\deep\\new.bin", "new");
+  Add(true, false);
+  EXPECT_EQ(OnCd("boot\\more.bin"), "more");
+  EXPECT_EQ(OnCd("boot\\deep\\new.bin"), "new");
+  EXPECT_EQ(OnCd("boot\\deep\\old.bin"), "old");
+  EXPECT_FALSE(host.Exists("C:\\Discwright\\advtemp"));
+  ExpectNoTrouble();
+}
+
+TEST_F(AddAdvToolsTest, FileNamedLikeAFolderOfTheCd_IsNotedAndAllElseIsMoved) {
+  host.AddFile("E:\\boot", "a file");
+  Add(true, false);
+  EXPECT_EQ(OnCd("boot\\images\\erdc.bin"), "sector of ERDC");
+  EXPECT_EQ(OnCd("ERDC\\SETUPLDR.BIN"), "loader of erdc and erdc");
+  ASSERT_THAT(notes.all(), SizeIs(1));
+  EXPECT_THAT(Notes(), HasSubstr("advtemp\\boot: could not be moved onto the CD"));
+}
+
+TEST_F(AddAdvToolsTest, ToolCdThatHasTheToolsNewName_IsNotRenamedAndIsNoted) {
+  for (const char* name : {"E:\\ERDC\\OWN.TXT", "E:\\erdc"}) {
+    notes = {};
+    host.nodes.erase(testing::FakeHost::Key("C:\\Discwright\\vexacd\\ERDC"));
+    host.nodes.erase(testing::FakeHost::Key("E:\\ERDC"));
+    host.AddFile(name, "own");
+    Add(true, false);
+    EXPECT_EQ(OnCd(std::string(name).substr(3)), "own");
+    EXPECT_EQ(OnCd("ERDC\\SETUPLDR.BIN"), "<missing>");
+    EXPECT_EQ(OnCd("I386\\SETUPLDR.BIN"), "loader of erdc and erdc");
+    EXPECT_THAT(Notes(),
+                HasSubstr("advtemp\\I386: could not be renamed to ERDC (183): ERD Commander cannot be started"));
+    EXPECT_EQ(cancelled, 0);
+    host.nodes.erase(testing::FakeHost::Key("E:\\ERDC\\OWN.TXT"));
+    host.nodes.erase(testing::FakeHost::Key("C:\\Discwright\\vexacd\\ERDC\\OWN.TXT"));
+  }
+}
+
 TEST_F(AddAdvToolsTest, NamesShownInLowerCase_AreStoredInUpperCase) {
   host.shows_disc_names_in_lower_case = true;
   host.AddFile("G:\\i386\\setupldr.bin", "i386");

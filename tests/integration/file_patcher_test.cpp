@@ -121,6 +121,14 @@ TEST_F(PatchBinaryFileTest, FileEndsWithTheStartOfThePattern_IsAnErrorAndNothing
   EXPECT_TRUE(NothingWasWritten());
 }
 
+TEST_F(PatchBinaryFileTest, Error_NamesTheFileAsTheHostSpellsIt) {
+  host.shows_slashes = true;
+  EXPECT_FALSE(Binary("some bytes, and i", "i386", "erdc"));
+  std::string shown = kFile;
+  std::replace(shown.begin(), shown.end(), '\\', '/');
+  ExpectError("Error while patching " + shown + " in Hex mode");
+}
+
 TEST_F(PatchBinaryFileTest, ErrorAfterAReplacementInMemory_GivesTrueAndWritesNothing) {
   EXPECT_TRUE(Binary("i386 and i3", "i386", "erdc"));
   ExpectError(std::string("Error while patching ") + kFile + " in Hex mode");

@@ -311,6 +311,21 @@ TEST_F(AddWin2KTest, NoAnswersGivenYet_WritesNoAnswerFileAndIsNoted) {
   EXPECT_EQ(cancelled, 0);
 }
 
+TEST_F(AddWin2KTest, ScriptInUtf16_IsNotedAndTheStepGoesOnWithoutAnAnswerFile) {
+  host.AddFile("D:\\I386\\WINNT.SIF", "of the source");
+  host.AddFile("D:\\I386\\LANG\\FONT", "font");
+  GiveAnswers();
+  host.AddFile("E:\\mine.txt", "\xFF\xFE[");
+  settings::INIFile("C:\\Discwright\\keyfile2.txt").SetINIKey("Win2KInfo", "TemplateFile", "E:\\mine.txt");
+  remove_languages = true;
+  Add();
+  EXPECT_EQ(OnCd("I386\\WINNT.SIF"), "<missing>");
+  EXPECT_EQ(OnCd("I386\\LANG\\FONT"), "<missing>");
+  EXPECT_THAT(Notes(), HasSubstr("E:\\mine.txt: is Unicode text"));
+  EXPECT_TRUE(user.messages.empty());
+  EXPECT_EQ(cancelled, 0);
+}
+
 TEST_F(AddWin2KTest, AnswerFileThatCannotBeWritten_IsAFatalErrorAndEndsTheStep) {
   GiveAnswers();
   remove_languages = true;

@@ -21,10 +21,6 @@ TEST_F(MasteringMonitor, DigestAndDuplicateLines_AreShown) {
   EXPECT_EQ(LabelAfter("Finding duplicate files\n"), "Finding duplicate files");
 }
 
-TEST_F(MasteringMonitor, PieceWithBothPhases_ShowsTheLaterTest) {
-  EXPECT_EQ(LabelAfter("Finding duplicate files\nCalculating MD5 digests\n"), "Finding duplicate files");
-}
-
 TEST_F(MasteringMonitor, OneScanning_ShowsTheRestOfThePiece) {
   EXPECT_EQ(LabelAfter("Scanning vexacd/boot"), "Scanning :  vexacd/boot");
 }
@@ -73,6 +69,30 @@ TEST_F(MasteringMonitor, PercentAfterText_CarriesNoPercentage) {
   EXPECT_EQ(LabelAfter("some file 100%-name"), "before");  // "e 100" is no number
 }
 
+TEST_F(MasteringMonitor, TextThatOnlyBeginsWithANumber_CarriesNoPercentage) {
+  EXPECT_EQ(LabelAfter("12ab4%"), "before");
+  EXPECT_EQ(LabelAfter("a 5 MB% done"), "before");
+  EXPECT_EQ(LabelAfter("1.2.3% done"), "before");
+  EXPECT_EQ(main.BarSub_Step.value.get(), 0);
+}
+
+TEST_F(MasteringMonitor, PercentInParenthesesAfterANumber_IsSkippedForAllOfThePiece) {
+  EXPECT_EQ(LabelAfter("saved 12.50%) of it,  45.67% done"), "before");
+  EXPECT_EQ(main.BarSub_Step.value.get(), 0);
+}
+
+TEST_F(MasteringMonitor, FivePlacesBeforeThePercent_AreAllThatCounts) {
+  EXPECT_EQ(LabelAfter("1234567% done"), "Creating ISO File : 34567% Done");
+  EXPECT_EQ(LabelAfter("12.34% done"), "Creating ISO File : 12.34% Done");
+  EXPECT_EQ(LabelAfter("x  7.5% done"), "Creating ISO File : 7.5% Done");
+  EXPECT_EQ(main.BarSub_Step.value.get(), 8);
+}
+
+TEST_F(MasteringMonitor, SeveralPercents_TheFirstCounts) {
+  EXPECT_EQ(LabelAfter(" 10.00% done\n 20.00% done\n"), "Creating ISO File : 10.00% Done");
+  EXPECT_EQ(main.BarSub_Step.value.get(), 10);
+}
+
 TEST_F(MasteringMonitor, PercentAboveTheBar_StaysOnTheBar) {
   LabelAfter("999.99% done");
   EXPECT_EQ(main.BarSub_Step.value.get(), 100);
@@ -86,6 +106,27 @@ TEST_F(MasteringMonitor, ExtentsWritten_ShowTheSizeInEitherSpelling) {
 TEST_F(MasteringMonitor, ExtentsWrittenWithoutSize_IsIgnored) {
   EXPECT_EQ(LabelAfter("12345 extents written"), "before");
   EXPECT_EQ(LabelAfter("Mb 12345 extents written (no size)"), "before");
+}
+
+TEST_F(MasteringMonitor, UnitBeforeTheExtents_IsNotTheSizesUnit) {
+  EXPECT_EQ(LabelAfter("of 650 Mb free, 12345 extents written (24 Mb)\n"), "Total ISO size : 24 MB");
+  EXPECT_EQ(LabelAfter("of 650 MB free, 12345 extents written (67 MB)\n"), "Total ISO size : 67 MB");
+}
+
+// Each piece fires two neighbouring tests, with the later one's text first: the later test wins, not the later text.
+TEST_F(MasteringMonitor, PieceThatFiresTwoTests_ShowsTheLaterTest) {
+  EXPECT_EQ(LabelAfter("Finding duplicate files\nCalculating MD5 digests\n"), "Finding duplicate files");
+  EXPECT_EQ(LabelAfter("Scanning a\nScanning Finding duplicate files"), "Scanning :  a\n");
+  EXPECT_EQ(LabelAfter("Eltorito\nScanning a\n"), "Writing Booting Info");
+  EXPECT_EQ(LabelAfter(" 45.67% done\nEltorito\n"), "Creating ISO File : 45.67% Done");
+  EXPECT_EQ(LabelAfter("12345 extents written (24 Mb)\n 45.67% done\n"), "Total ISO size : 24 MB");
+}
+
+TEST_F(MasteringMonitor, PieceThatFiresTwoTests_FiresBoth) {
+  LabelAfter("12345 extents written (24 Mb)\n 45.67% done\nNo space left on device\n");
+  EXPECT_EQ(main.BarSub_Step.value.get(), 46);
+  EXPECT_EQ(main.LblSub_Step.caption.get(), "Total ISO size : 24 MB");
+  EXPECT_EQ(main.LblSub_Step.fore_color.get(), 255);
 }
 
 TEST_F(MasteringMonitor, FullDisk_ShowsTheReasonInRed) {

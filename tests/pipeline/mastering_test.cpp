@@ -63,8 +63,72 @@ TEST_F(Mastering, Output_IsLoggedPieceByPiece) {
   mastering_output = {"first\n", " 50.00% done", "12 extents written (0 MB)\n"};
   Run();
   EXPECT_EQ(host.Content("C:\\Discwright\\mkisofs.log"),
-            "MkISOFS.EXE Log File\r\nfirst\n 50.00% done\r\n12 extents written (0 MB)\n");
+            "MkISOFS.EXE Log File\r\nfirst\r\n 50.00% done\r\n12 extents written (0 MB)\r\n");
   EXPECT_EQ(main.LblSub_Step.caption.get(), "Total ISO size : 0 MB");
+}
+
+TEST_F(Mastering, LogOfAnyOutput_HasCrLfLineEndsThroughout) {
+  mastering_output = {"one\ntwo\n\nthree", "four\r\nfive\r\n", "six\r", "\n", "seven\r", "\neight\r", "nine\n", "\n"};
+  Run();
+  EXPECT_EQ(host.Content("C:\\Discwright\\mkisofs.log"),
+            "MkISOFS.EXE Log File\r\none\r\ntwo\r\n\r\nthree\r\nfour\r\nfive\r\nsix\r\nseven\r\neight\r\nnine\r\n\r\n");
+}
+
+TEST_F(Mastering, QuotesAroundTheImage_AreNoPartOfItsName) {
+  for (const char* text : {"\"C:\\Out\\Rescue.iso\"", "  C:\\Out\\Rescue.iso ", "C:\\Out\\Rescue.iso\\"}) {
+    EXPECT_EQ(MasteringScript(text, false)[3], kCommand) << text;
+  }
+}
+
+TEST_F(Mastering, LinkerThatHasFinished_IsNotNoted) {
+  mastering_output = {"Scanning vexacd\r\nFinding duplicate files\r\n12 files lin", "ked, 34", "56 bytes saved\r", "\n",
+                      " 50.00% done\n"};
+  Run(true);
+  EXPECT_TRUE(notes.all().empty());
+}
+
+TEST_F(Mastering, LinkerThatHasNotFinished_IsNotedOnce) {
+  const std::vector<std::vector<std::string>> outputs = {
+      {},
+      {"sh: dfl: not found\n", " 50.00% done\n"},
+      {"Scanning vexacd\nFinding duplicate files\n", "Killed\n"},
+      {"12 files linked, 3456 bytes saved, some files were left alone\n"},
+      {"about 12 files linked, 3456 bytes saved\n"},
+      {"12 files linked, 3456 bytes saved"},
+      {" files linked,  bytes saved\n"},
+      {"12 files linked, bytes saved\n"},
+  };
+  for (std::size_t number = 0; number < outputs.size(); ++number) {
+    mastering_output = outputs[number];
+    util::Notes notes_of_run;
+    util::Context run{windows, user, programs, notes_of_run, {}, {}, nullptr, nullptr, {}};
+    StartMKISOFS(run, main.TxtISOLoc.text.get(), true);
+    util::WaitWhile(run, main.MKISOFSRunning, run.LaunchApp, kMasteringPollInterval);
+    ASSERT_EQ(notes_of_run.all().size(), 1U) << number;
+    EXPECT_EQ(notes_of_run.all()[0].place, "C:\\Discwright\\mkisofs.log");
+    EXPECT_THAT(notes_of_run.all()[0].cause, ::testing::StartsWith("dfl, the program that links duplicate files"));
+    EXPECT_THAT(notes_of_run.all()[0].cause, ::testing::EndsWith("duplicate files were stored more than once"));
+  }
+}
+
+TEST_F(Mastering, LinkerThatWasNotAskedFor_IsNotMissed) {
+  Run(false);
+  EXPECT_TRUE(notes.all().empty());
+}
+
+TEST_F(Mastering, ImageThatWasNotMade_HasNothingStoredTwice) {
+  mastering_fails = true;
+  Run(true);
+  EXPECT_TRUE(notes.all().empty());
+  host.AddFile("C:\\out\\Rescue.iso", "old");
+  Run(true);
+  EXPECT_TRUE(notes.all().empty());
+}
+
+TEST_F(Mastering, QuotedImage_IsFoundAtTheEnd) {
+  main.TxtISOLoc.text = "\"C:\\out\\Rescue.iso\"";
+  Run();
+  EXPECT_FALSE(main.LblAbort.visible);
 }
 
 TEST_F(Mastering, End_HidesTheFullBarAndKeepsTheResult) {

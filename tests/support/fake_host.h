@@ -54,8 +54,10 @@ class FakeHost {
   std::map<std::string, std::string> short_paths;  // keyed by the path as asked
   std::map<std::string, std::string> registry;     // text values by "Sub key\\Value name"
   bool shows_disc_names_in_lower_case = false;
-  std::string wine;  // what comes before a Windows program to start it: "wine "
+  bool shows_slashes = false;  // PathToNative gives "C:/folder/name": tells what is shown from what is not
+  std::string wine;            // what comes before a Windows program to start it: "wine "
   bool starts_windows_programs = true;
+  bool shell_joins_folders = true;  // false: a folder that the destination has stays where it is, without a word
   std::vector<host::ShellOperation> shell_operations;  // all that were asked for
   std::deque<host::ShellAnswer> shell_answers;         // of the next ones, which then do nothing
   host::Date today{2026, 11, 15, "Sun"};

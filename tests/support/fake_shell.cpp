@@ -14,6 +14,7 @@ constexpr int kFileNotFound = 2;
 constexpr int kDestinationInSource = 0x76;
 constexpr int kFileInTheWay = 0x7E;
 constexpr int kFolderInTheWay = 0x80;
+constexpr int kAlreadyThere = 183;
 
 bool IsFolder(const FakeHost::Node& node) { return node.kind == EntryKind::kFolder && node.link_target.empty(); }
 
@@ -60,6 +61,8 @@ std::string LastName(std::string_view path) { return std::string(path.substr(pat
 
 int Rename(const ShellOperation& operation) {
   if (FakeHost::Current().Find(operation.source) == nullptr) return kFileNotFound;
+  const std::string to = FakeHost::Key(operation.destination);
+  if (to != FakeHost::Key(operation.source) && FakeHost::Current().nodes.contains(to)) return kAlreadyThere;
   return MoveNodes(operation.source, operation.destination, LastName(operation.destination));
 }
 
@@ -68,15 +71,22 @@ int Move(const ShellOperation& operation) {
   const std::string folder = operation.source.substr(0, operation.source.size() - pattern.size());
   const FakeHost::Node* there = FakeHost::Current().Find(operation.destination);
   const bool has_wildcards = pattern.find_first_of("*?") != std::string::npos;
-  if (!has_wildcards && (there == nullptr || there->kind != EntryKind::kFolder)) return Rename(operation);
+  if (!has_wildcards && FakeHost::Current().Find(operation.source) == nullptr) return kFileNotFound;
+  if (!has_wildcards && (there == nullptr || there->kind != EntryKind::kFolder)) {
+    return MoveNodes(operation.source, operation.destination, LastName(operation.destination));
+  }
   const Listing listing = ListFolder(folder, pattern);
   if (listing.entries.empty()) return kFileNotFound;
   FakeHost::Current().AddFolder(operation.destination);
+  int first_number = 0;
   for (const Entry& entry : listing.entries) {
-    const int number = MoveNodes(folder + entry.name, operation.destination + "\\" + entry.name, entry.name);
-    if (number != 0) return number;
+    const bool joins = FakeHost::Current().shell_joins_folders;
+    const std::string to = operation.destination + "\\" + entry.name;
+    if (!joins && FakeHost::Current().Exists(to) && entry.kind == EntryKind::kFolder) continue;
+    const int number = MoveNodes(folder + entry.name, to, entry.name);
+    if (first_number == 0) first_number = number;
   }
-  return 0;
+  return first_number;
 }
 
 }  // namespace

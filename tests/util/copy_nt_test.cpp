@@ -142,13 +142,15 @@ TEST_F(CopyTreeWithProgressTest, TreeOfEmptyFiles_CopiesNothingAndIsNoted) {
   EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kFailed);
   EXPECT_FALSE(host.Exists("C:\\dst"));
   EXPECT_TRUE(user.messages.empty());
-  ExpectOneNote("C:\\src", "add up to 0 bytes");
+  ExpectOneNote("C:\\src", "nothing was copied, no file with anything in it was found");
 }
 
 TEST_F(CopyTreeWithProgressTest, TreeOfDotFilesOnly_CopiesNothing) {
   host.AddFile("C:\\src\\.file", "x");
   EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kFailed);
   EXPECT_FALSE(host.Exists("C:\\dst"));
+  ExpectOneNote("C:\\src", "names begin with a dot do not count");
+  EXPECT_THAT(notes.all()[0].cause, ::testing::Not(::testing::HasSubstr("bytes")));
 }
 
 TEST_F(CopyTreeWithProgressTest, TreeOfTwoGigabytes_IsARuntimeFailureAndNoted) {
@@ -195,6 +197,13 @@ TEST_F(CopyTreeByFindTest, SourceThatCannotBeListed_ShowsItWithItsBackslashAndFa
   EXPECT_EQ(user.messages[0].icon, host::MessageIcon::kNone);
   EXPECT_FALSE(host.Exists("C:\\dst"));
   ExpectStoppedAt("C:\\src\\", "could not be listed");
+}
+
+TEST_F(CopyTreeByFindTest, SourceThatCannotBeListed_IsShownAsTheHostSpellsIt) {
+  host.shows_slashes = true;
+  EXPECT_FALSE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
+  ASSERT_EQ(user.messages.size(), 1U);
+  EXPECT_EQ(user.messages[0].text, "Source folder \"C:/src/\" not found.");
 }
 
 TEST_F(CopyTreeByFindTest, SubfolderThatCannotBeListed_IsShownAndStopsTheWholeCopy) {

@@ -111,6 +111,14 @@ TEST_P(WholeBuilds, DuplicatesLinkedWhereTheSystemCan_GiveTheSameImageToTheBit) 
   EXPECT_TRUE(ReadFile(place / "here.iso") == ReadFile(place / "there.iso"));
 }
 
+TEST_P(WholeBuilds, MissingLinker_IsToldAndTheImageIsMade) {
+  fs::remove(windows / "dfl.exe");
+  const Outcome outcome = BuildOnWindows(place / "image.iso", {"--set", "ChkOptimizeISO=1"});
+  EXPECT_EQ(outcome.exit_code, 4) << outcome.err;
+  EXPECT_THAT(outcome.err, HasSubstr("duplicate files were stored more than once"));
+  EXPECT_TRUE(ReadWithBsdtar(place / "image.iso").contains("vexa/README.TXT"));
+}
+
 TEST_P(WholeBuilds, ImageInAFolderWithBlanksAndUmlauts_IsMadeThere) {
   const fs::path image = place /
                          "Bilder f\xC3\xBC"

@@ -79,6 +79,24 @@ TEST_P(WindowsSetupOnWindows, SameDiscsInBothWorlds_GiveTheSameImageToTheBit) {
   EXPECT_TRUE(ReadFile(place / "here.iso") == ReadFile(image));
 }
 
+// A folder of the tool's new name, a file of it, a file named like a folder of the CD, and a folder that it has, too.
+TEST_P(WindowsSetupOnWindows, ToolDiscsThatHaveNamesOfTheCd_EndAlikeInBothWorlds) {
+  WriteFile(discs.folder() / "erd" / "ERDC" / "OWN.TXT", "own");
+  WriteFile(discs.folder() / "erd" / "ERDC" / "SETUPLDR.BIN", "own");
+  WriteFile(discs.folder() / "erd" / "VEXA", "a file");
+  WriteFile(discs.folder() / "oobc" / "OOBC", "a file");
+  WriteFile(discs.folder() / "oobc" / "BOOT", "a file");
+  WriteFile(discs.folder() / "oobc" / "WIN98" / "DEEP" / "NEW.TXT", "new");
+  discs.Remember();
+  const Outcome there = BuildThere();
+  EXPECT_EQ(there.exit_code, 4) << there.err;
+  const ProgramCopy program(place / "program here");
+  const Outcome here = program.Build(Join(discs.Choices(), Output(place / "here.iso")), {.environment = Limit()});
+  EXPECT_EQ(here.exit_code, 4) << here.err;
+  EXPECT_EQ(Difference(ReadWithBsdtar(place / "here.iso"), ReadWithBsdtar(image)), "");
+  EXPECT_EQ(LinesWith(here.err, "warning: ").size(), LinesWith(there.err, "warning: ").size()) << here.err << there.err;
+}
+
 // The dialog of Windows 98/Me does not find them again there, but nothing overwrites them either.
 TEST_P(WindowsSetupOnWindows, AnswersOfAnEarlierBuild_AreTakenAgainWhereNoneAreGiven) {
   ASSERT_EQ(BuildThere(kAnswers).exit_code, 0);

@@ -64,6 +64,31 @@ TEST_F(IsoDestinationTest, Folder_IsWrong) {
   EXPECT_THAT(host.calls, IsEmpty());
 }
 
+TEST_F(IsoDestinationTest, QuotesAndBlanksAroundTheName_AreNoPartOfIt) {
+  host.AddFile("E:\\images\\cd.iso", "an image");
+  EXPECT_TRUE(IsoDestinationIsCorrect("\"E:\\images\\cd.iso\""));
+  EXPECT_TRUE(IsoDestinationIsCorrect(" E:\\images\\cd.iso "));
+  EXPECT_TRUE(IsoDestinationIsCorrect("E:\\images\\cd.iso\\"));
+  EXPECT_THAT(host.calls, IsEmpty());
+  EXPECT_TRUE(IsoDestinationIsCorrect(" \"E:\\images\\new.iso\""));
+  EXPECT_THAT(host.calls, ElementsAre("OpenBinary E:\\images\\new.iso", "RemoveFile E:\\images\\new.iso"));
+}
+
+TEST_F(IsoDestinationTest, QuotedFolderDeviceOrPipe_IsWrongAndNeverOpened) {
+  host.AddSpecial("E:\\images\\pipe");
+  for (const char* text : {"\"E:\\images\"", "\"E:\\images\\\"", "\"E:\\images\\pipe\"", "\"\"", "  "}) {
+    EXPECT_FALSE(IsoDestinationIsCorrect(text)) << text;
+  }
+  EXPECT_THAT(host.calls, IsEmpty());
+}
+
+TEST_F(IsoDestinationTest, Wildcard_IsCorrectWhereItMatches) {
+  host.AddFile("E:\\images\\cd.iso", "an image");
+  EXPECT_TRUE(IsoDestinationIsCorrect("\"E:\\images\\c*.iso\""));
+  EXPECT_THAT(host.calls, IsEmpty());
+  EXPECT_FALSE(IsoDestinationIsCorrect("E:\\nowhere\\c*.iso"));
+}
+
 TEST_F(IsoDestinationTest, LinkToAFolder_IsWrong) {
   host.AddLink("E:\\link", "E:\\images");
   EXPECT_FALSE(IsoDestinationIsCorrect("E:\\link"));

@@ -78,7 +78,7 @@ TEST_F(CommandLine, Arguments_ArePassedAsTheyAre) {
 TEST_F(CommandLine, MissingProgram_IsNotFoundAndNamed) {
   const Command command = ParseCommandLine(folder_.Core("missing") + " x");
   EXPECT_EQ(command.status.error, ErrorClass::kNotFound);
-  EXPECT_THAT(command.status.cause, HasSubstr("missing"));
+  EXPECT_THAT(command.status.cause, HasSubstr(": " + folder_.Native("missing")));
   EXPECT_THAT(command.arguments, IsEmpty());
 }
 
@@ -86,7 +86,7 @@ TEST_F(CommandLine, FileThatIsNoProgram_IsDeniedAndNamed) {
   folder_.Write("text", "");
   const Command command = ParseCommandLine(folder_.Core("text"));
   EXPECT_EQ(command.status.error, ErrorClass::kAccessDenied);
-  EXPECT_THAT(command.status.cause, HasSubstr("text"));
+  EXPECT_THAT(command.status.cause, HasSubstr(": " + folder_.Native("text")));
 }
 
 TEST_F(CommandLine, FolderOrPipe_IsNoProgram) {

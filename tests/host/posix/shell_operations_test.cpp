@@ -197,12 +197,17 @@ TEST_F(ShellMove, KindsThatDoNotFit_FailAndLoseNothing) {
   EXPECT_EQ(folder_.Read("to/b"), "file");
 }
 
-TEST_F(ShellMove, WhatWasMovedBeforeAFailure_StaysMovedAndTheRestStays) {
-  for (const char* name : {"from/a", "from/b", "from/c"}) folder_.Write(name, "x");
+TEST_F(ShellMove, NameWhosePlaceIsTakenByAnotherKind_StaysAndAllOthersAreMoved) {
+  for (const char* name : {"from/a", "from/b", "from/c/d", "from/e/f", "from/e/g", "from/h"}) folder_.Write(name, "x");
   folder_.MakeFolder("to/b");
+  folder_.Write("to/c", "file");
+  folder_.MakeFolder("to/e/f");
   EXPECT_EQ(Move("from\\*.*", "to"), kFolderInTheWay);
-  EXPECT_THAT(folder_.Names("from"), ElementsAre("b", "c"));
-  EXPECT_THAT(folder_.Names("to"), ElementsAre("a", "b"));
+  EXPECT_THAT(folder_.Names("from"), ElementsAre("b", "c", "e"));
+  EXPECT_THAT(folder_.Names("from/e"), ElementsAre("f"));
+  EXPECT_THAT(folder_.Names("to"), ElementsAre("a", "b", "c", "e", "h"));
+  EXPECT_EQ(folder_.Read("to/e/g"), "x");
+  EXPECT_EQ(folder_.Read("to/c"), "file");
 }
 
 TEST_F(ShellMove, FolderIntoItselfOrBelow_IsRefused) {
@@ -322,30 +327,12 @@ TEST_F(ShellMove, AwkwardNames_AreMoved) {
   EXPECT_EQ(folder_.Read("to/bytes\xFF\xC4"), "bytes\xFF\xC4");
 }
 
-TEST_F(ShellRename, ExistingFile_IsOverwritten) {
+TEST_F(ShellRename, NameThatIsThereInAnotherCase_IsRefused) {
   folder_.Write("a", "new");
   folder_.Write("B", "old");
-  folder_.SetReadOnly("B");
-  EXPECT_EQ(Rename("A", "b"), 0);
-  EXPECT_THAT(folder_.Names(), ElementsAre("B"));
-  EXPECT_EQ(folder_.Read("B"), "new");
-}
-
-TEST_F(ShellRename, ExistingFolder_IsJoined) {
-  folder_.Write("a/one", "1");
-  folder_.Write("b/two", "2");
-  EXPECT_EQ(Rename("a", "b"), 0);
-  EXPECT_THAT(folder_.Names(), ElementsAre("b"));
-  EXPECT_THAT(folder_.Names("b"), ElementsAre("one", "two"));
-}
-
-TEST_F(ShellRename, KindsThatDoNotFit_FailAndLoseNothing) {
-  folder_.Write("folder/a", "1");
-  folder_.Write("file", "2");
-  EXPECT_EQ(Rename("folder", "file"), kFileInTheWay);
-  EXPECT_EQ(Rename("file", "folder"), kFolderInTheWay);
-  EXPECT_EQ(folder_.Read("folder/a"), "1");
-  EXPECT_EQ(folder_.Read("file"), "2");
+  EXPECT_EQ(Rename("A", "b"), 183);
+  EXPECT_EQ(folder_.Read("a"), "new");
+  EXPECT_EQ(folder_.Read("B"), "old");
 }
 
 TEST_F(ShellRename, LetterCaseAlone_IsChanged) {
@@ -379,13 +366,15 @@ TEST_F(ShellRename, MissingSourceOrFolder_IsNotFoundAndNothingIsMade) {
   EXPECT_THAT(folder_.Names(), ElementsAre("file"));
 }
 
-TEST_F(ShellRename, LinkToAFolderWithTheName_IsReplaced) {
+TEST_F(ShellRename, NameOfALink_IsRefusedAlsoWhereItLeadsNowhere) {
   folder_.Write("target/kept", "1");
   folder_.Write("a/new", "2");
   folder_.Link("target", "b");
-  EXPECT_EQ(Rename("a", "b"), 0);
-  EXPECT_TRUE(IsFolder("b"));
+  folder_.Link("missing", "c");
+  EXPECT_EQ(Rename("a", "b"), 183);
+  EXPECT_EQ(Rename("a", "c"), 183);
   EXPECT_THAT(folder_.Names("target"), ElementsAre("kept"));
+  EXPECT_THAT(folder_.Names("a"), ElementsAre("new"));
 }
 
 TEST_F(ShellRename, FolderThatMayNotBeChanged_IsDenied) {

@@ -34,7 +34,7 @@ TEST_F(WindowsProgramLineTest, ProgramAndPath_AreQuotedAndSpelledForWine) {
   const SearchPath path(folder_.Native("bin"));
   const auto line = WindowsProgramLine(folder_.Core("JOB\\tool.EXE"), "/integrate:", folder_.Core("job\\cd"));
   ASSERT_TRUE(line);
-  EXPECT_EQ(*line, "\"" + folder_.Core("bin\\wine") + "\" \"" + folder_.Native("job/Tool.exe") +
+  EXPECT_EQ(*line, "\"" + folder_.Native("bin/wine") + "\" \"" + folder_.Native("job/Tool.exe") +
                        "\" \"/integrate:" + UnderWine("job/Cd") + "\"");
 }
 
