@@ -13,7 +13,8 @@ struct Message {
   std::string title;
   MessageIcon icon = MessageIcon::kCritical;
   bool system_modal = false;
-  std::string detail = {};  // a line below the text: the field, what is wrong with it, and what to do about it
+  std::string control = {};  // the name of the field that it is about, for where no page shows it
+  std::string detail = {};   // a line below the text: what is wrong there and what to do about it
 };
 
 struct FileRequest {

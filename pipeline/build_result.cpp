@@ -81,7 +81,7 @@ util::BuildResult Made(util::Context& context, util::BuildResult result) {
 util::BuildResult ResultOf(util::Context& context) {
   const forms::FrmDiscwright& main = context.main();
   util::BuildResult result;
-  result.image = util::StripQuotes(main.TxtISOLoc.text.get());
+  result.image = util::NamedFile(main.TxtISOLoc.text.get());
   if (!context.failure.empty()) return Failed(result, context.failure);
   if (main.CancelCopy) {
     result.end = util::BuildEnd::kCancelled;

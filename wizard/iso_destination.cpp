@@ -2,11 +2,14 @@
 #include "wizard/iso_destination.h"
 
 #include <algorithm>
+#include <array>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string_view>
 
 #include "host/files.h"
+#include "host/system.h"
 #include "util/paths.h"
 
 namespace discwright::wizard {
@@ -22,28 +25,64 @@ bool IsBrokenLink(const std::string& folder, const std::string& file) {
                      [](const host::Entry& entry) { return entry.broken; });
 }
 
-bool CanCreate(const std::string& path) {
+host::Status TryToCreate(const std::string& path) {
   host::Status status;
   std::unique_ptr<host::BinaryFile> probe = host::OpenBinary(path, host::OpenMode::kCreateEmpty, status);
-  if (probe == nullptr) return false;
-  const bool written = probe->WriteAt(0, std::as_bytes(std::span(kProbeLine))).ok();
+  if (probe == nullptr) return status;
+  status = probe->WriteAt(0, std::as_bytes(std::span(kProbeLine)));
   probe.reset();
-  const bool removed = host::RemoveFile(path).ok();
-  return written && removed;
+  const host::Status removed = host::RemoveFile(path);
+  return status.ok() ? removed : status;
+}
+
+std::string WhyNoFolderFor(const std::string& path, const std::string& folder) {
+  if (path.starts_with('~')) return path + " begins with \"~\", which is taken as it is: write the whole path.";
+  const std::string shown = host::PathToNative(folder);
+  if (host::Look(folder)) return shown + " is no folder: choose another place for the image.";
+  return "The folder " + shown + " does not exist: create it, or choose another place for the image.";
+}
+
+std::string WhyNotCreated(const std::string& path) {
+  std::string folder;
+  std::string file;
+  util::SplitPath(path, folder, file);
+  if (folder.empty()) folder.push_back('\\');  // a file of the root folder
+  const std::string shown = host::PathToNative(path);
+  if (file.empty()) return shown + " is a folder: add the name of the image.";
+  if (!util::FolderExists(folder)) return WhyNoFolderFor(path, folder);
+  if (IsBrokenLink(folder, file)) return shown + " is a link that leads nowhere: remove it, or choose another name.";
+  const host::Status status = TryToCreate(path);
+  return status.ok() ? "" : shown + " cannot be written: " + status.cause + ".";
 }
 
 }  // namespace
 
 // Looking first keeps the probe from emptying a file that exists but cannot be read.
-bool IsoDestinationIsCorrect(const std::string& text) {
-  if (const auto entry = host::Look(util::NamedFile(text))) return entry->kind == host::EntryKind::kFile;
-  if (util::FileExists(text)) return true;  // a wildcard that matches something
-  const std::string path = util::StripQuotes(text);
-  std::string folder;
-  std::string file;
-  util::SplitPath(path, folder, file);
-  if (folder.empty()) folder.push_back('\\');  // a file of the root folder
-  return !file.empty() && util::FolderExists(folder) && !IsBrokenLink(folder, file) && CanCreate(path);
+std::string WhyNoIsoDestination(const std::string& text) {
+  if (util::StripQuotes(text).empty()) return "It is empty: enter the file that the image is to be.";
+  if (const std::optional<host::Entry> entry = host::Look(util::NamedFile(text))) {
+    const std::string shown = host::PathToNative(util::NamedFile(text));
+    if (entry->kind == host::EntryKind::kFile) return "";
+    if (entry->kind == host::EntryKind::kFolder) return shown + " is a folder: add the name of the image.";
+    return shown + " is a device or a pipe: choose another name.";
+  }
+  if (util::FileExists(text)) return "";  // a wildcard that matches something
+  return WhyNotCreated(util::StripQuotes(text));
+}
+
+bool HoldsSomethingElse(const std::string& text) {
+  constexpr std::int64_t kMarkAt = std::int64_t{16} * 2048 + 1;
+  constexpr std::string_view kMark = "CD001";
+  const std::string path = util::NamedFile(text);
+  const std::optional<host::Entry> entry = host::Look(path);
+  if (!entry || entry->kind != host::EntryKind::kFile || entry->size == 0) return false;
+  host::Status status;
+  const std::unique_ptr<host::BinaryFile> file = host::OpenBinary(path, host::OpenMode::kRead, status);
+  std::array<char, kMark.size()> mark{};
+  const bool has_mark = file != nullptr && entry->size >= kMarkAt + static_cast<std::int64_t>(mark.size()) &&
+                        file->ReadAt(kMarkAt, std::as_writable_bytes(std::span(mark))).ok() &&
+                        std::string_view(mark.data(), mark.size()) == kMark;
+  return !has_mark;
 }
 
 }  // namespace discwright::wizard

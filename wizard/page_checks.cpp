@@ -10,7 +10,9 @@
 #include "integration/advanced_tools.h"
 #include "integration/step.h"
 #include "util/paths.h"
+#include "wizard/causes.h"
 #include "wizard/iso_destination.h"
+#include "wizard/known_files.h"
 #include "wizard/pages.h"
 
 namespace discwright::wizard {
@@ -24,6 +26,7 @@ using TextBoxOf = forms::TextBox FrmDiscwright::*;
 
 bool IsFile(const std::string& path) { return util::FileExists(path); }
 bool IsFolder(const std::string& path) { return util::FolderExists(path); }
+bool IsDestination(const std::string& path) { return WhyNoIsoDestination(path).empty(); }
 
 // `test` must hold for the text of `location` followed by `suffix` when all of `choices` are checked.
 struct LocationCheck {
@@ -33,6 +36,7 @@ struct LocationCheck {
   const char* suffix;
   bool (*test)(const std::string& path);
   const char* message;
+  std::string (*why)(const std::string& text);  // the cause, as a sentence of its own below the message
   MessageIcon icon = MessageIcon::kCritical;
 };
 
@@ -40,39 +44,44 @@ constexpr LocationCheck kLocationChecks[] = {
     {kWin2KSourcePage,
      {&FrmDiscwright::ChkGet_Win2k},
      &FrmDiscwright::Txt_i386_Loc,
-     "\\setupldr.bin",
+     kWin2KFile,
      IsFile,
      "The selected folder doesn't contain a Windows 2000/XP installation !\r\n"
-     "Select your Windows setup source Directory"},
+     "Select your Windows setup source Directory",
+     WhyNoWin2KSource},
     {kWin2KSourcePage,
      {&FrmDiscwright::ChkGet_Win2k, &FrmDiscwright::ChkSlipstream},
      &FrmDiscwright::TxtSP_exe,
      "",
      IsFile,
      "The selected Service pack file is not correct !\r\n"
-     "Select your Windows Service pack EXE file"},
+     "Select your Windows Service pack EXE file",
+     WhyNoServicePack},
     {kWin9xPage,
      {&FrmDiscwright::ChkGet_Win9x},
      &FrmDiscwright::TxtWin9x_Loc,
-     "\\mini.cab",
+     kWin9xFile,
      IsFile,
      "The selected folder doesn't contain a Windows 98/Me installation !\r\n"
-     "Select your Windows setup source Directory"},
+     "Select your Windows setup source Directory",
+     WhyNoWin9xSource},
     {kAdvtoolsPage,
      {&FrmDiscwright::ChkGet_Advtools, &FrmDiscwright::ChkERDC},
      &FrmDiscwright::TxtERDC,
-     "\\I386\\SYSTEM32\\CONFIG\\SOFTWARE",
+     kErdCommanderFile,
      IsFile,
      "ERD Commander 2002/2003 doesn't seem to be located in the selected directory\r\n"
      "Select ERD Commader 2002/2003 location",
+     WhyNoErdCommander,
      MessageIcon::kExclamation},
     {kAdvtoolsPage,
      {&FrmDiscwright::ChkGet_Advtools, &FrmDiscwright::ChkBCon},
      &FrmDiscwright::TxtBCon,
-     "\\I386\\SYSTEM32\\OOBC*.*",
+     kBlueConFiles,
      IsFile,
      "O&O Blue Con XXL doesn't seem to be located in the selected directory\r\n"
      "Select Blue Con XXL location",
+     WhyNoBlueCon,
      MessageIcon::kExclamation},
     {kUtilitiesPage,
      {&FrmDiscwright::ChkVexaUtils},
@@ -80,31 +89,28 @@ constexpr LocationCheck kLocationChecks[] = {
      "",
      IsFolder,
      "The Vexa Utilities folder doesn't exist !\r\n"
-     "Select a valid Directory"},
+     "Select a valid Directory",
+     WhyNoFolder},
     {kUtilitiesPage,
      {&FrmDiscwright::ChkAddFiles},
      &FrmDiscwright::TxtAddFiles_Loc,
      "",
      IsFolder,
      "The Additional files folder doesn't exist !\r\n"
-     "Select a valid Directory"},
+     "Select a valid Directory",
+     WhyNoFolder},
     {kIsoPage,
      {},
      &FrmDiscwright::TxtISOLoc,
      "",
-     IsoDestinationIsCorrect,
-     "ISO File destination is not correct, check again"},
+     IsDestination,
+     "ISO File destination is not correct, check again",
+     WhyNoIsoDestination},
 };
 
-void ShowError(util::Context& context, const std::string& message, MessageIcon icon, const std::string& place = "") {
-  context.user.ShowMessage({message, "Error", icon, false, place});
-}
-
-// The control and where its text leads.
-std::string Place(const FrmDiscwright& main, const LocationCheck& check) {
-  const forms::TextBox& box = main.*check.location;
-  const std::string& text = box.text;
-  return box.name() + ": " + (text.empty() ? "empty" : host::PathToNative(text));
+void ShowError(util::Context& context, const std::string& message, MessageIcon icon = MessageIcon::kCritical,
+               const std::string& control = "", const std::string& detail = "") {
+  context.user.ShowMessage({message, "Error", icon, false, control, detail});
 }
 
 bool Applies(const FrmDiscwright& main, const LocationCheck& check) {
@@ -139,14 +145,15 @@ bool SurvivesTheBuild(util::Context& context, const LocationCheck& check) {
   ShowError(context,
             "The selected location is in " + host::PathToNative(folder) +
                 ", which every build empties !\r\nSelect a location outside of it",
-            MessageIcon::kCritical, Place(context.main(), check));
+            MessageIcon::kCritical, (context.main().*check.location).name(),
+            host::PathToNative((context.main().*check.location).text.get()) + " would be deleted.");
   return false;
 }
 
 bool PasswordsMatch(util::Context& context) {
   FrmDiscwright& main = context.main();
   if (!main.ChkPassProtect.checked() || main.TxtPass1.text.get() == main.TxtPass2.text.get()) return true;
-  ShowError(context, "The Passwords don't Match - Reenter them", MessageIcon::kCritical);
+  ShowError(context, "The Passwords don't Match - Reenter them");
   main.TxtPass1.text = "";
   main.TxtPass2.text = "";
   return false;
@@ -159,7 +166,8 @@ bool PageIsValid(util::Context& context, int page) {
   for (const LocationCheck& check : kLocationChecks) {
     if (check.page != page) continue;
     if (!Passes(context.main(), check)) {
-      ShowError(context, check.message, check.icon, Place(context.main(), check));
+      const forms::TextBox& location = context.main().*check.location;
+      ShowError(context, check.message, check.icon, location.name(), check.why(location.text.get()));
       valid = false;
     } else if (!SurvivesTheBuild(context, check)) {
       valid = false;

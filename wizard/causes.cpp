@@ -1,0 +1,100 @@
+// Looking closer at a location that was refused.
+#include "wizard/causes.h"
+
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "host/files.h"
+#include "host/system.h"
+#include "util/paths.h"
+#include "wizard/known_files.h"
+
+namespace discwright::wizard {
+
+namespace {
+
+std::string WhyNothingThere(const std::string& text, const std::string& wanted) {
+  if (util::Trim(text).empty()) return "It is empty: enter " + wanted + ".";
+  if (text.starts_with('"') || text.ends_with('"')) {
+    return text + " has quotation marks, which are taken as a part of the name: leave them out.";
+  }
+  if (text.starts_with('~')) return text + " begins with \"~\", which is taken as it is: write the whole path.";
+  return host::PathToNative(text) + " does not exist.";
+}
+
+// Empty when it is a folder with something in it.
+std::string WhyNotUsable(const std::string& text) {
+  const std::optional<host::Entry> entry = host::Look(text);
+  if (!entry) return WhyNothingThere(text, "a folder");
+  if (entry->kind != host::EntryKind::kFolder) return host::PathToNative(text) + " is a file: enter a folder.";
+  const host::Listing listing = host::ListFolder(text, "*.*");
+  if (!listing.status.ok()) return host::PathToNative(text) + " cannot be read: " + listing.status.cause + ".";
+  return listing.entries.empty() ? host::PathToNative(text) + " is empty." : "";
+}
+
+std::string Below(const std::string& folder, std::string_view name) {
+  std::string path = folder;
+  util::AddBackslash(path);
+  return path.append(name);
+}
+
+std::string ParentOf(std::string path) {
+  if (!path.empty() && util::IsPathSeparator(path.back())) path.pop_back();
+  std::string parent = path;
+  std::string name;
+  if (path.find_first_of("\\/") != std::string::npos) util::SplitPath(path, parent, name);
+  return parent;
+}
+
+std::string LacksFile(const std::string& text, const char* file) {
+  return host::PathToNative(text) + " has no file " + std::string(file).substr(1) + ".";
+}
+
+// A folder of setup files, which stands in the root of its CD under one of these names.
+std::string WhyNoSetupFolder(const std::string& text, const char* file, std::span<const char* const> names) {
+  if (std::string why = WhyNotUsable(text); !why.empty()) return why;
+  for (const char* name : names) {
+    const std::string folder = Below(text, name);
+    if (!util::FileExists(folder + file)) continue;
+    return host::PathToNative(text) + " is the root of the CD: did you mean " + host::PathToNative(folder) + "?";
+  }
+  return LacksFile(text, file);
+}
+
+std::string WhyNoToolCd(const std::string& text, const char* file) {
+  if (std::string why = WhyNotUsable(text); !why.empty()) return why;
+  const std::string parent = ParentOf(text);
+  if (util::FileExists(parent + file)) {
+    return host::PathToNative(text) + " is a folder of the CD: did you mean its root, " + host::PathToNative(parent) +
+           "?";
+  }
+  return LacksFile(text, file);
+}
+
+constexpr const char* kWin2KFolders[] = {"I386"};
+constexpr const char* kWin9xFolders[] = {"WIN98", "WIN9X", "WINME", "WIN98SE"};
+
+}  // namespace
+
+std::string WhyNoFolder(const std::string& text) {
+  std::string why = WhyNotUsable(text);
+  return why.empty() ? host::PathToNative(text) + " cannot be used as a folder." : why;
+}
+
+std::string WhyNoServicePack(const std::string& text) {
+  const std::string file = util::NamedFile(text);
+  const std::optional<host::Entry> entry = host::Look(file);
+  if (!entry) return WhyNothingThere(file, "the file of the service pack");
+  if (entry->kind != host::EntryKind::kFile) return host::PathToNative(file) + " is no file: enter the file itself.";
+  host::Status status;
+  host::OpenBinary(file, host::OpenMode::kRead, status);
+  return host::PathToNative(file) + " cannot be read: " + status.cause + ".";
+}
+
+std::string WhyNoWin2KSource(const std::string& text) { return WhyNoSetupFolder(text, kWin2KFile, kWin2KFolders); }
+std::string WhyNoWin9xSource(const std::string& text) { return WhyNoSetupFolder(text, kWin9xFile, kWin9xFolders); }
+std::string WhyNoErdCommander(const std::string& text) { return WhyNoToolCd(text, kErdCommanderFile); }
+std::string WhyNoBlueCon(const std::string& text) { return WhyNoToolCd(text, kBlueConFiles); }
+
+}  // namespace discwright::wizard

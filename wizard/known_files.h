@@ -1,0 +1,11 @@
+// The files by which the pages know setup folders and tool CDs; each goes behind the folder's path.
+#pragma once
+
+namespace discwright::wizard {
+
+inline constexpr const char* kWin2KFile = "\\setupldr.bin";
+inline constexpr const char* kWin9xFile = "\\mini.cab";
+inline constexpr const char* kErdCommanderFile = "\\I386\\SYSTEM32\\CONFIG\\SOFTWARE";
+inline constexpr const char* kBlueConFiles = "\\I386\\SYSTEM32\\OOBC*.*";
+
+}  // namespace discwright::wizard
