@@ -5,6 +5,7 @@
 
 #include "desktop/console/console_user.h"
 #include "desktop/console/headless_build.h"
+#include "forms/user_actions.h"
 #include "host/arguments.h"
 #include "host/console.h"
 #include "host/system.h"
@@ -20,15 +21,15 @@ int Build(const desktop::Options& options) {
   util::Notes notes;
   const auto programs = host::SystemProgramRunner();
   const auto interrupted = [&](int count) {
-    // The window greys its Cancel button while the mastering runs; Ctrl-C always cancels, so here the mastering is
-    // ended too: nothing of the build goes on after this program.
     if (count > 1) {
       programs->EndAll();
       std::_Exit(desktop::kExitCancelled);
     }
-    terminal.PrintLine("Cancelling; the step in hand ends first. Press Ctrl-C again to stop at once.");
-    windows.main.CmdCancel.click();
-    if (windows.main.MKISOFSRunning) programs->EndAll();
+    terminal.PrintLine(windows.main.MKISOFSRunning
+                           ? "Cancelling: the mastering is ended."
+                           : "Cancelling: the file or floppy image that is being made is finished first. Press Ctrl-C "
+                             "again to stop at once.");
+    forms::AskToClose(windows.main);
   };
   desktop::ConsoleUser user(terminal, interrupted);
   util::Context context{windows, user, *programs, notes, {}, {}, nullptr, nullptr};
@@ -37,7 +38,7 @@ int Build(const desktop::Options& options) {
     const bool is_path = !note.place.starts_with('"');
     terminal.PrintLine("warning: " + (is_path ? host::PathToNative(note.place) : note.place) + ": " + note.cause);
   };
-  wizard::Bind(context);
+  const forms::Subscription rules = wizard::Bind(context);
   host::CatchInterrupts();
   return desktop::RunBuild(context, terminal, options);
 }

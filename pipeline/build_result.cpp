@@ -79,6 +79,7 @@ util::BuildResult Made(util::Context& context, util::BuildResult result) {
 }  // namespace
 
 util::BuildResult ResultOf(util::Context& context) {
+  context.user.DoEvents(0);  // a cancellation that came last
   const forms::FrmDiscwright& main = context.main();
   util::BuildResult result;
   result.image = util::NamedFile(main.TxtISOLoc.text.get());

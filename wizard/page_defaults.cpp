@@ -51,7 +51,7 @@ void FillStartDefaults(FrmDiscwright& main) {
   std::string home = host::HomeFolder();
   if (home.empty()) return;
   util::AddBackslash(home);
-  main.TxtISOLoc.text = home + "vexacd.iso";
+  main.TxtISOLoc.text = host::PathToNative(home + "vexacd.iso");
   main.TxtSP_exe.text = "";
 }
 

@@ -7,10 +7,11 @@ namespace discwright::desktop {
 
 void ConsoleUser::ShowMessage(const host::Message& box) {
   terminal_.PrintLine(box.title + ": " + box.text);
-  if (!box.place.empty()) terminal_.PrintLine("(" + box.place + ")");
+  if (!box.detail.empty()) terminal_.PrintLine(box.control.empty() ? box.detail : box.control + ": " + box.detail);
 }
 
 void ConsoleUser::DoEvents(int wait_milliseconds) {
+  terminal_.Update(wait_milliseconds > 0 ? Terminal::Pace::kAtOnce : Terminal::Pace::kLimited);
   if (wait_milliseconds > 0) host::WaitForWakeUp(wait_milliseconds);
   while (interrupts_seen_ < host::InterruptCount()) interrupted_(++interrupts_seen_);
 }

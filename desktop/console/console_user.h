@@ -19,9 +19,9 @@ class ConsoleUser : public host::UserInterface {
   void DoEvents(int wait_milliseconds) override;
   void Wake() override;
   std::string ChooseFolder(std::string_view, std::string_view) override { return ""; }
-  std::string ChooseFile(const host::FileRequest& request) override { return request.file_name; }
-  bool HelpIsOpen() override { return false; }
-  void ShowHelpTopic(std::string_view, int) override {}
+  std::string ChooseFile(const host::FileRequest&) override { return ""; }
+  bool HelpIsOpen(std::string_view, std::string_view) override { return false; }
+  void ShowHelp(const host::HelpRequest&) override {}
   void OpenLink(std::string_view) override {}
 
  private:

@@ -15,8 +15,8 @@ inline constexpr int kExitPageCheck = 3;
 inline constexpr int kExitMadeWithWarnings = 4;
 inline constexpr int kExitCancelled = 130;
 
-// Loads the session, applies the options, presses Next until the summary, then Finish. Prints what happened; the
-// result on standard output. `context` must be bound (wizard::Bind). Returns the exit code.
+// Loads the session, applies the options, presses Next until the summary, then Finish, or lists the controls. Prints
+// what happened; the result on standard output. `context` must be bound (wizard::Bind). Returns the exit code.
 int RunBuild(util::Context& context, Terminal& terminal, const Options& options);
 
 }  // namespace discwright::desktop

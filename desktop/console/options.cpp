@@ -11,7 +11,7 @@ namespace {
 struct OptionRow {
   const char* name;
   const char* short_name;  // empty: none
-  const char* value;       // what stands for the value in the help; null: takes none
+  const char* value;       // what stands for the value in the help, in brackets when it may be left out; null: none
   const char* help;
   void (*apply)(Options& options, const std::string& value);
 };
@@ -22,17 +22,23 @@ void AddAssignment(Options& options, const std::string& value) {
     options.error = "--set needs CONTROL=VALUE, not '" + value + "'";
     return;
   }
-  options.assignments.emplace_back(value.substr(0, equals), value.substr(equals + 1));
+  options.choices.push_back({value.substr(0, equals), value.substr(equals + 1)});
 }
 
-constexpr std::array<OptionRow, 7> kOptions = {{
-    {"--session", "", "FILE", "choices saved by the wizard (default: vexacd.ini beside the program)",
+constexpr std::array<OptionRow, 10> kOptions = {{
+    {"--session", "", "FILE", "choices from a session file (default: vexacd.ini beside the program)",
      [](Options& options, const std::string& value) { options.session = value; }},
+    {"--save-session", "", "FILE", "write the choices of this run as a session file, to use them again",
+     [](Options& options, const std::string& value) { options.save_session = value; }},
     {"--output", "-o", "FILE.iso", "the image to make",
      [](Options& options, const std::string& value) { options.output = value; }},
     {"--set", "", "CONTROL=VALUE", "one choice, by the name of its control; may be repeated", AddAssignment},
     {"--password-file", "", "FILE", "protect the boot menu by the first line of FILE (-: of standard input)",
      [](Options& options, const std::string& value) { options.password_file = value; }},
+    {"--controls", "", "[PAGE]", "list the controls with their values, of one page or all; build nothing",
+     [](Options& options, const std::string& value) { options.controls = value; }},
+    {"--force", "", nullptr, "replace files that hold something else than what is written",
+     [](Options& options, const std::string&) { options.force = true; }},
     {"--quiet", "", nullptr, "print only messages and warnings",
      [](Options& options, const std::string&) { options.quiet = true; }},
     {"--help", "", nullptr, "print this and end", [](Options& options, const std::string&) { options.help = true; }},
@@ -47,35 +53,51 @@ const OptionRow* FindOption(std::string_view name) {
   return nullptr;
 }
 
+// "--session=FILE" is the same as "--session FILE".
+struct Argument {
+  std::string name;
+  std::optional<std::string> value;
+};
+
+Argument Split(const std::string& argument) {
+  const std::size_t equals = argument.starts_with("--") ? argument.find('=') : std::string::npos;
+  if (equals == std::string::npos) return {argument, std::nullopt};
+  return {argument.substr(0, equals), argument.substr(equals + 1)};
+}
+
+bool MayBeLeftOut(const OptionRow& row) { return *row.value == '['; }
+
+void Apply(Options& options, const OptionRow& row, const Argument& argument) {
+  if (row.value == nullptr) {
+    if (argument.value) options.error = argument.name + " takes no value";
+    row.apply(options, "");
+    return;
+  }
+  // An empty one is missing, too: what a script's unset variable leaves must not pass for an option that was not given.
+  const std::string value = argument.value.value_or("");
+  if (value.empty() && !MayBeLeftOut(row)) {
+    options.error = argument.name + " needs " + row.value;
+  } else {
+    row.apply(options, value);
+  }
+}
+
 }  // namespace
 
 Options ParseOptions(std::span<const std::string> arguments) {
   Options options;
   for (std::size_t i = 0; i < arguments.size() && options.error.empty(); ++i) {
-    const std::string& argument = arguments[i];
-    // "--session=FILE" is the same as "--session FILE".
-    const std::size_t equals = argument.starts_with("--") ? argument.find('=') : std::string::npos;
-    const std::string name = argument.substr(0, equals);
-    const OptionRow* row = FindOption(name);
+    Argument argument = Split(arguments[i]);
+    const OptionRow* row = FindOption(argument.name);
     if (row == nullptr) {
-      options.error = "unknown option '" + name + "'";
-    } else if (row->value == nullptr) {
-      if (equals != std::string::npos) options.error = name + " takes no value";
-      row->apply(options, "");
-    } else {
-      std::string value;
-      if (equals != std::string::npos) {
-        value = argument.substr(equals + 1);
-      } else if (i + 1 < arguments.size()) {
-        value = arguments[++i];
-      }
-      // An empty one, too: what a script's unset variable leaves must not pass for an option that was not given.
-      if (value.empty()) {
-        options.error = name + " needs " + row->value;
-      } else {
-        row->apply(options, value);
-      }
+      options.error = "unknown option '" + argument.name + "'";
+      break;
     }
+    if (row->value != nullptr && !argument.value && i + 1 < arguments.size()) {
+      const bool is_next_option = MayBeLeftOut(*row) && arguments[i + 1].starts_with("-");
+      if (!is_next_option) argument.value = arguments[++i];
+    }
+    Apply(options, *row, argument);
   }
   return options;
 }
@@ -84,7 +106,7 @@ std::string UsageText() {
   constexpr std::size_t kColumn = 26;
   std::string text =
       "usage: discwright-build [options]\n\n"
-      "Makes a rescue CD image from a session file, without a window.\n\n";
+      "Makes a rescue CD image without a window, of the choices that it is given.\n\n";
   for (const OptionRow& row : kOptions) {
     std::string line = "  " + std::string(row.short_name) + (*row.short_name != '\0' ? ", " : "") + row.name;
     if (row.value != nullptr) line += " " + std::string(row.value);
@@ -93,7 +115,8 @@ std::string UsageText() {
   }
   text +=
       "\nCheck boxes take 0 or 1, options True or False, text boxes any text:\n"
-      "  discwright-build -o rescue.iso --set ChkVexaUtils=1 --set \"TxtUtils_Loc=/media/tools\"\n\n"
+      "  discwright-build -o rescue.iso --set ChkVexaUtils=1 --set \"TxtUtils_Loc=/media/tools\"\n"
+      "--controls lists them all. Without -o the image is made at TxtISOLoc.\n\n"
       "exit codes: 0 the image was made; 1 the build failed; 2 wrong usage; 3 a page did not accept its choices;\n"
       "  4 the image was made, but something named in a warning is missing from it or was left behind;\n"
       "  130 cancelled with Ctrl-C\n";

@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "forms/all_windows.h"
 #include "host/console.h"
 
 namespace discwright::desktop {
@@ -49,8 +50,13 @@ std::string Printable(std::string_view text) {
 }  // namespace
 
 Terminal::Terminal(forms::FrmDiscwright& main, bool live, bool quiet) : main_(main), live_(live), quiet_(quiet) {
-  main_.SubscribeToAll([this](forms::Control& control, forms::Change change) {
-    if (change == forms::Change::kProperty) OnChange(control);
+  if (quiet_) return;
+  listening_ = main_.Listen([this](forms::Control& control, forms::Facet facet, forms::By) {
+    if (facet == forms::Facet::kRepaint) {
+      Update(Pace::kLimited);
+    } else {
+      OnChange(control);
+    }
   });
 }
 
@@ -67,6 +73,7 @@ void Terminal::PrintLine(std::string_view text) {
 }
 
 void Terminal::ClearLiveLine() {
+  Update(Pace::kAtOnce);
   if (!live_line_shown_) return;
   Print("\r");
   host::EraseRestOfLine();
@@ -74,7 +81,7 @@ void Terminal::ClearLiveLine() {
 }
 
 void Terminal::OnChange(const forms::Control& control) {
-  if (quiet_) return;
+  has_changed_ = live_;
   const auto lines = Lines(main_);
   for (std::size_t step = 0; step < lines.size(); ++step) {
     const std::string title =
@@ -85,21 +92,22 @@ void Terminal::OnChange(const forms::Control& control) {
     }
     if (&control == lines[step].mark && live_ && lines[step].mark->caption.get() == forms::kTick) PrintLine(title);
   }
-  if (live_) DrawLiveLine();
 }
 
-void Terminal::DrawLiveLine() {
+void Terminal::Update(Pace pace) {
+  if (!has_changed_) return;
   const auto now = std::chrono::steady_clock::now();
-  if (live_line_shown_ && now - drawn_at_ < kRedrawInterval) return;
+  if (pace == Pace::kLimited && live_line_shown_ && now - drawn_at_ < kRedrawInterval) return;
   const auto width = static_cast<std::size_t>(host::TerminalWidth());
   Print("\r" + CutToWidth(Printable(LiveText()), width - 1));
   host::EraseRestOfLine();
   drawn_at_ = now;
+  has_changed_ = false;
   live_line_shown_ = true;
 }
 
 std::string Terminal::LiveText() const {
-  std::string text = main_.LblSub_Step.caption;
+  std::string text = forms::ShownText(main_.LblSub_Step);
   const forms::ProgressBar& bar = main_.BarSub_Step;
   const std::int64_t range = bar.max - bar.min;
   if (bar.visible && range > 0) text = std::to_string((bar.value - bar.min) * 100 / range) + "%  " + text;

@@ -9,7 +9,8 @@
 
 namespace discwright::desktop {
 
-// Prints lines and keeps the live progress line below them. Must outlive the window it listens to.
+// Prints lines and keeps the live progress line below them. The live line is drawn between two steps of the program's
+// work and not while something changes, so that its text and its percentage belong together.
 class Terminal {
  public:
   // `live`: standard error is a terminal; otherwise one line per step is printed. `quiet`: no progress at all.
@@ -17,19 +18,24 @@ class Terminal {
 
   // One or more lines (CR LF or LF between them), above the live line.
   void PrintLine(std::string_view text);
-  // Removes the live line; the next change of the window brings it back.
+
+  // Draws what has changed: at once, or not more often than a terminal can take.
+  enum class Pace { kAtOnce, kLimited };
+  void Update(Pace pace);
+  // Removes the live line, with its last state drawn; the next change of the window brings it back.
   void ClearLiveLine();
 
  private:
   void OnChange(const forms::Control& control);
-  void DrawLiveLine();
   std::string LiveText() const;
 
   forms::FrmDiscwright& main_;
   bool live_;
   bool quiet_;
+  bool has_changed_ = false;
   bool live_line_shown_ = false;
   std::chrono::steady_clock::time_point drawn_at_;
+  forms::Subscription listening_;
 };
 
 }  // namespace discwright::desktop
