@@ -150,7 +150,8 @@ int MasteringFailed(const util::Context& context, Terminal& terminal) {
   if (main.LblAbort.visible) {
     terminal.PrintLine(util::Trim(main.LblFinish.caption.get()) + ": " + main.LblAbort.caption.get());
   } else {
-    terminal.PrintLine("The mastering failed; the file at " + host::PathToNative(util::NamedFile(main.TxtISOLoc.text.get())) +
+    terminal.PrintLine("The mastering failed; the file at " +
+                       host::PathToNative(util::NamedFile(main.TxtISOLoc.text.get())) +
                        " is the one that stood there before.");
   }
   return kExitFailed;
