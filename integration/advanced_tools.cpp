@@ -88,23 +88,26 @@ bool AddTool(util::Context& context, const Tool& tool, const std::string& locati
   return true;
 }
 
-// Some shells leave a folder behind, without a word, when the destination has one of its name.
-void JoinLeftFolders(util::Context& context, const std::string& from, const std::string& to) {
+// One name after the other: some shells leave a folder behind, without a word, when the destination has one of its
+// name, and some stop at a file whose place a folder has.
+void MoveWhatIsLeft(util::Context& context, const std::string& from, const std::string& to) {
   for (const host::Entry& left : host::ListFolder(from, "*.*").entries) {
     const std::string source = from + "\\" + left.name;
-    const std::string target = to + "\\" + left.name;
-    const std::optional<host::Entry> there = host::Look(target);
-    if (left.kind != host::EntryKind::kFolder || !there || there->kind != host::EntryKind::kFolder) continue;
-    const std::string answer = MoveWithShell(context.main().window, source + "\\*.*", target, 0, "");
-    if (answer.empty()) JoinLeftFolders(context, source, target);
-    host::RemoveEmptyFolder(source);  // stays where something is left in it
+    const std::optional<host::Entry> there = host::Look(to + "\\" + left.name);
+    if (there && there->kind != left.kind) continue;
+    if (there && left.kind == host::EntryKind::kFolder) {
+      MoveWhatIsLeft(context, source, to + "\\" + left.name);
+      host::RemoveEmptyFolder(source);  // stays where something is left in it
+    } else {
+      MoveWithShell(context.main().window, source, to, 0, "");
+    }
   }
 }
 
 // What is left goes with the staging folder, whatever the shell's answer was.
 void MoveToTree(util::Context& context) {
   const std::string answer = MoveWithShell(context.main().window, StagingFolder() + "\\*.*", WorkspaceRoot(), 0, "");
-  if (answer.empty()) JoinLeftFolders(context, StagingFolder(), WorkspaceRoot());
+  if (answer != "Aborted") MoveWhatIsLeft(context, StagingFolder(), WorkspaceRoot());
   for (const host::Entry& left : host::ListFolder(StagingFolder(), "*.*").entries) {
     context.notes.Add(StagingFolder() + "\\" + left.name, "could not be moved onto the CD" + Reason(answer));
   }

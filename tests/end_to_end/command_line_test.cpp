@@ -94,9 +94,9 @@ TEST_F(CommandLine, EmptyValue_IsWrongUsage) {
 
 TEST_F(CommandLine, WrongAssignment_IsWrongUsage) {
   EXPECT_THAT(Refused({"--set", "ChkVexaUtils"}, 2), HasSubstr("--set needs CONTROL=VALUE, not 'ChkVexaUtils'"));
-  EXPECT_THAT(Refused({"--set", "NoSuchThing=1"}, 2), HasSubstr("--set NoSuchThing: "));
-  EXPECT_THAT(Refused({"--set", "ChkVexaUtils=yes"}, 2), HasSubstr("--set ChkVexaUtils: "));
-  EXPECT_THAT(Refused({"--set", "CmdNext=1"}, 2), HasSubstr("--set CmdNext: "));
+  EXPECT_THAT(Refused({"--set", "NoSuchThing=1"}, 2), HasSubstr("--set: there is no control NoSuchThing"));
+  EXPECT_THAT(Refused({"--set", "ChkVexaUtils=yes"}, 2), HasSubstr("--set: ChkVexaUtils: "));
+  EXPECT_THAT(Refused({"--set", "CmdNext=1"}, 2), HasSubstr("--set: CmdNext: "));
 }
 
 TEST_F(CommandLine, PasswordAmongTheArguments_IsWrongUsageAndNotRepeated) {

@@ -69,7 +69,7 @@ TEST_F(OddPlaces, ImageInQuotes_IsTheFileWithoutThem) {
     const Outcome outcome = program.Build({"--set", "TxtISOLoc=\"" + image.string() + "\" "});
     EXPECT_EQ(outcome.exit_code, 0) << when << outcome.err;
     EXPECT_THAT(outcome.out, HasSubstr("Image:   " + image.string() + "\n"));
-    EXPECT_TRUE(ReadWithBsdtar(image).contains("boot/loader.bin"));
+    EXPECT_TRUE(ReadWithBsdtar(image).contains("boot/images/vexastart.img"));
   }
 }
 

@@ -55,7 +55,8 @@ TEST_F(RepeatedBuilds, CleanSessionChosen_LeavesOnlyTheLog) {
 
 TEST_F(RepeatedBuilds, BuildDuringAnother_IsRefusedAndSpoilsNothing) {
   WriteFile(place / "tools" / "a.txt", "a");
-  program.ReplaceProgram("dfl", ": > begun\nuntil [ -e '" + (place / "go on").string() + "' ]; do sleep 0.05; done\n");
+  program.ReplaceProgram("dfl", ": > begun\nuntil [ -e '" + (place / "go on").string() +
+                                    "' ]; do sleep 0.05; done\necho '0 files linked, 0 bytes saved'\n");
   RunningProgram first(
       Command(Join(Utilities(place / "tools"), std::vector<std::string>{"--set", "ChkOptimizeISO=1"})));
   ASSERT_TRUE(WaitUntil([&] { return HasBegun(); }));

@@ -200,7 +200,7 @@ TEST_F(WindowsSetup, OwnScript_KeepsTheNamesThatNobodyGivesBesideIt) {
                 .exit_code,
             0);
   EXPECT_THAT(ReadFile(program / "vexacd" / "I386" / "WINNT.SIF"),
-              HasSubstr("FullName=Bob Own\r\nOrgName=Other\r\nComputerName=BOBPC\r\n"));
+              HasSubstr("FullName=Bob Own\nOrgName=Other\nComputerName=BOBPC\n"));
 }
 
 TEST_F(WindowsSetup, AnswersThatCannotBeStored_AreTold) {

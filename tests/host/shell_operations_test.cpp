@@ -125,11 +125,11 @@ TEST_F(ShellOperationTest, RenameToANameThatIsThere_IsRefusedAndLosesNothing) {
 }
 
 TEST_F(ShellOperationTest, FileWhosePlaceAFolderHas_StaysAndAllOthersAreMoved) {
-  for (const char* name : {"a", "boot", "c"}) folder_.Write(std::string("from/") + name, name);
+  for (const char* name : {"a", "boot", "c", "d/file"}) folder_.Write(std::string("from/") + name, name);
   folder_.MakeFolder("to/boot");
   RunShellOperation({ShellVerb::kMove, nullptr, folder_.Core("from\\*.*"), folder_.Core("to"), kQuietly, ""});
   EXPECT_THAT(folder_.Names("from"), ElementsAre("boot"));
-  EXPECT_THAT(folder_.Names("to"), ElementsAre("a", "boot", "c"));
+  EXPECT_THAT(folder_.Names("to"), ElementsAre("a", "boot", "c", "d"));
   EXPECT_THAT(folder_.Names("to/boot"), IsEmpty());
 }
 

@@ -122,6 +122,7 @@ TEST_F(AddAdvToolsTest, FolderNamedLikeOneOfTheCd_JoinsIt) {
 TEST_F(AddAdvToolsTest, ShellThatLeavesFoldersBehind_IsAskedForWhatIsInThem) {
   host.shell_joins_folders = false;
   host.AddFile("C:\\Discwright\\vexacd\\boot\\deep\\old.bin", "old");
+  host.AddFile("C:\\Discwright\\vexacd\\boot\\more.bin", "to be overwritten");
   host.AddFile("E:\\boot\\more.bin", "more");
   host.AddFile("E:\\boot\\deep\\new.bin", "new");
   Add(true, false);
@@ -200,7 +201,7 @@ TEST_F(AddAdvToolsTest, RenameOrMoveThatFails_IsNotedAndTheStepGoesOn) {
 }
 
 TEST_F(AddAdvToolsTest, MoveThatLeavesFilesAndSaysNothing_IsNoted) {
-  host.shell_answers = {{0, false}, {0, false}};
+  host.shell_answers.assign(10, {0, false});  // also where it is asked once more
   Add(true, false);
   EXPECT_THAT(Notes(), HasSubstr("advtemp\\AUTORUN.INF: could not be moved onto the CD\n"));
 }

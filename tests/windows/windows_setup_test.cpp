@@ -83,7 +83,6 @@ TEST_P(WindowsSetupOnWindows, SameDiscsInBothWorlds_GiveTheSameImageToTheBit) {
 TEST_P(WindowsSetupOnWindows, ToolDiscsThatHaveNamesOfTheCd_EndAlikeInBothWorlds) {
   WriteFile(discs.folder() / "erd" / "ERDC" / "OWN.TXT", "own");
   WriteFile(discs.folder() / "erd" / "ERDC" / "SETUPLDR.BIN", "own");
-  WriteFile(discs.folder() / "erd" / "VEXA", "a file");
   WriteFile(discs.folder() / "oobc" / "OOBC", "a file");
   WriteFile(discs.folder() / "oobc" / "BOOT", "a file");
   WriteFile(discs.folder() / "oobc" / "WIN98" / "DEEP" / "NEW.TXT", "new");
