@@ -11,11 +11,35 @@ namespace discwright::util {
 namespace {
 
 constexpr int kNoCreationFlags = 0;
-constexpr std::size_t kLastWords = 500;  // bytes of a failed program's output worth telling
+// The end of a program's output, as much of it as is worth telling.
+class LastWords {
+ public:
+  void Add(std::string_view output) {
+    text_.append(output);
+    if (text_.size() <= kMost) return;
+    text_.erase(0, text_.size() - kMost);
+    is_cut_ = true;
+  }
 
-void NoteEnd(Notes& notes, const std::string& command_line, const host::ProcessEnd& end, std::string last_words) {
+  // Begins with a whole line, or where there is none with a whole word.
+  std::string Text() const {
+    std::string text = text_;
+    text.erase(text.find_last_not_of("\r\n ") + 1);
+    if (!is_cut_) return text;
+    const std::size_t line_end = text.find('\n');
+    const std::size_t start = line_end != std::string::npos ? line_end : text.find(' ');
+    return "... " + text.substr(start == std::string::npos ? 0 : start + 1);
+  }
+
+ private:
+  static constexpr std::size_t kMost = 500;  // bytes
+  std::string text_;
+  bool is_cut_ = false;
+};
+
+void NoteEnd(Notes& notes, const std::string& command_line, const host::ProcessEnd& end,
+             const std::string& last_words) {
   if (end.Succeeded()) return;
-  last_words.erase(last_words.find_last_not_of("\r\n ") + 1);
   notes.Add(command_line, last_words.empty() ? end.Text() : end.Text() + ": " + last_words);
 }
 
@@ -52,14 +76,11 @@ bool StartLauncher(Context& context, std::unique_ptr<host::Launcher>& launcher, 
 }
 
 void ASyncShell(Context& context, std::string_view command_line) {
-  const auto last_words = std::make_shared<std::string>();
-  const auto received = [last_words](std::string_view text_pipe) {
-    last_words->append(text_pipe);
-    if (last_words->size() > kLastWords) last_words->erase(0, last_words->size() - kLastWords);
-  };
+  const auto last_words = std::make_shared<LastWords>();
+  const auto received = [last_words](std::string_view text_pipe) { last_words->Add(text_pipe); };
   const auto ended = [&context, last_words, command = std::string(command_line)] {
     context.main().ASyncAppRunning = false;
-    NoteEnd(context.notes, command, context.ASyncApp->End(), *last_words);
+    NoteEnd(context.notes, command, context.ASyncApp->End(), last_words->Text());
   };
   if (StartLauncher(context, context.ASyncApp, command_line, kASyncPollInterval, received, ended)) {
     context.main().ASyncAppRunning = true;

@@ -23,6 +23,7 @@
 #include "wizard/choices.h"
 #include "wizard/iso_destination.h"
 #include "wizard/navigation.h"
+#include "wizard/pages.h"
 
 namespace discwright::desktop {
 
@@ -155,7 +156,8 @@ std::optional<int> SaveSession(util::Context& context, Terminal& terminal, const
 
 int Refused(const forms::FrmDiscwright& main, Terminal& terminal) {
   const auto page = static_cast<std::size_t>(main.Step);
-  if (util::StripQuotes(main.TxtISOLoc.text.get()).empty()) terminal.PrintLine("Use -o FILE.iso to say where.");
+  const bool lacks_destination = page == wizard::kIsoPage && util::StripQuotes(main.TxtISOLoc.text.get()).empty();
+  if (lacks_destination) terminal.PrintLine("Use -o FILE.iso to say where.");
   terminal.PrintLine("The page \"" + util::Trim(main.Heading(page).caption.get()) + "\" did not accept its choices.");
   return kExitPageCheck;
 }

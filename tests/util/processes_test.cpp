@@ -96,15 +96,37 @@ TEST_F(ASyncShellTest, ProgramThatIsKilledSilently_IsNotedWithTheSignal) {
   EXPECT_EQ(notes.all()[0].cause, "was killed by SIGSEGV");
 }
 
-TEST_F(ASyncShellTest, MuchOutputOfAFailingProgram_IsNotedByItsEnd) {
-  programs.run = [](const std::string&) {
-    return testing::FakeRun{{"START" + std::string(1000, 'a'), "the end"}, {}, {1, ""}};
-  };
-  ASyncShell(context, "tool.exe");
-  WaitWhile(context, main.ASyncAppRunning, context.ASyncApp, kASyncPollInterval);
-  ASSERT_EQ(notes.all().size(), 1U);
-  EXPECT_THAT(notes.all()[0].cause, ::testing::EndsWith("the end"));
-  EXPECT_THAT(notes.all()[0].cause, ::testing::Not(::testing::HasSubstr("START")));
+// What a program that fails has said in these pieces, as it is noted.
+class MuchOutput : public ASyncShellTest {
+ protected:
+  std::string Noted(const std::vector<std::string>& pieces) {
+    programs.run = [pieces](const std::string&) { return testing::FakeRun{pieces, {}, {1, ""}}; };
+    ASyncShell(context, "tool.exe");
+    WaitWhile(context, main.ASyncAppRunning, context.ASyncApp, kASyncPollInterval);
+    return notes.all().empty() ? "" : notes.all().back().cause;
+  }
+};
+
+TEST_F(MuchOutput, OfManyLines_IsNotedFromAWholeLineOn) {
+  std::string lines;
+  for (int i = 10; i < 60; ++i) lines += "window " + std::to_string(i) + ", but no driver\n";
+  const std::string noted = Noted({lines, "the end\r\n"});
+  EXPECT_THAT(noted, ::testing::StartsWith("ended with exit code 1: ... window 4"));
+  EXPECT_THAT(noted, ::testing::EndsWith("window 59, but no driver\nthe end"));
+  EXPECT_GT(noted.size(), 450U);
+}
+
+TEST_F(MuchOutput, OfOneLine_IsNotedFromAWholeWordOn) {
+  EXPECT_EQ(Noted({"START" + std::string(1000, 'a') + " and then", " the end"}),
+            "ended with exit code 1: ... and then the end");
+}
+
+TEST_F(MuchOutput, OfOneWord_IsNotedByItsEnd) {
+  EXPECT_EQ(Noted({std::string(1000, 'a')}), "ended with exit code 1: ... " + std::string(500, 'a'));
+}
+
+TEST_F(MuchOutput, OfExactlyWhatIsKept_IsNotedWhole) {
+  EXPECT_EQ(Noted({std::string(500, 'a')}), "ended with exit code 1: " + std::string(500, 'a'));
 }
 
 TEST_F(ASyncShellTest, NoLauncherToBeHad_IsReportedAndCancelsAndLeavesTheFlagClear) {
