@@ -327,6 +327,7 @@ Listing ListFolder(std::string_view folder, std::string_view pattern) {
 }
 
 std::optional<Entry> Look(std::string_view path) {
+  if (path.empty()) return std::nullopt;
   const FakeHost::Node* node = Following(path);
   if (node == nullptr) return std::nullopt;
   Entry entry = testing::EntryOf(*node);
@@ -465,7 +466,7 @@ std::string PathFromNative(std::string_view native) { return std::string(native)
 std::string PathToNative(std::string_view path) {
   std::string native(path);
   std::replace(native.begin(), native.end(), '/', '\\');
-  while (native.ends_with('\\')) native.pop_back();
+  while (native.size() > 1 && native.ends_with('\\')) native.pop_back();
   if (Fake().shows_slashes) std::replace(native.begin(), native.end(), '\\', '/');
   return native;
 }
