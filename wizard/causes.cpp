@@ -66,8 +66,9 @@ std::string WhyNoToolCd(const std::string& text, const char* file) {
   if (std::string why = WhyNotUsable(text); !why.empty()) return why;
   const std::string parent = ParentOf(text);
   if (util::FileExists(parent + file)) {
-    return host::PathToNative(text) + " is a folder of the CD: did you mean its root, " + host::PathToNative(parent) +
-           "?";
+    // With a separator it is the root of its drive and no other folder that happens to be the current one there.
+    return host::PathToNative(text) + " is a folder of the CD: did you mean its root, " +
+           host::PathToNative(parent + "\\") + "?";
   }
   return LacksFile(text, file);
 }

@@ -38,7 +38,11 @@ host::Status TryToCreate(const std::string& path) {
 std::string WhyNoFolderFor(const std::string& path, const std::string& folder) {
   if (path.starts_with('~')) return path + " begins with \"~\", which is taken as it is: write the whole path.";
   const std::string shown = host::PathToNative(folder);
-  if (host::Look(folder)) return shown + " is no folder: choose another place for the image.";
+  if (const std::optional<host::Entry> entry = host::Look(folder)) {
+    if (entry->kind != host::EntryKind::kFolder) return shown + " is no folder: choose another place for the image.";
+    const std::string cause = host::ListFolder(folder, "*.*").status.cause;
+    return shown + " cannot be read: " + cause + ". Choose another place for the image.";
+  }
   return "The folder " + shown + " does not exist: create it, or choose another place for the image.";
 }
 

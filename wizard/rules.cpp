@@ -71,9 +71,7 @@ void Apply(FrmDiscwright& main, const EnableRule& rule) {
 }
 
 // The boot disks are part of every CD.
-void KeepBootDisks(FrmDiscwright& main) {
-  if (!main.ChkGet_Vexadisks.checked()) main.ChkGet_Vexadisks.value = 1;
-}
+void KeepBootDisks(FrmDiscwright& main) { main.ChkGet_Vexadisks.value = 1; }
 
 void ApplyAll(FrmDiscwright& main) {
   KeepBootDisks(main);

@@ -315,10 +315,11 @@ Listing ListFolder(std::string_view folder, std::string_view pattern) {
     listing.status = testing::Missing();
     return listing;
   }
-  const std::string prefix = testing::Resolve(Fake(), FakeHost::Key(folder), true) + "\\";
+  std::string prefix = testing::Resolve(Fake(), FakeHost::Key(folder), true);
+  if (!prefix.empty()) prefix += "\\";  // empty: the root of a system without drives
   for (auto child = Fake().nodes.lower_bound(prefix); child != Fake().nodes.end() && child->first.starts_with(prefix);
        ++child) {
-    if (child->first.find('\\', prefix.size()) != std::string::npos) continue;
+    if (child->first == prefix || child->first.find('\\', prefix.size()) != std::string::npos) continue;
     if (testing::Matches(child->second.name, pattern)) listing.entries.push_back(testing::EntryOf(child->second));
   }
   std::sort(listing.entries.begin(), listing.entries.end(),
@@ -327,6 +328,7 @@ Listing ListFolder(std::string_view folder, std::string_view pattern) {
 }
 
 std::optional<Entry> Look(std::string_view path) {
+  if (path.empty()) return std::nullopt;
   const FakeHost::Node* node = Following(path);
   if (node == nullptr) return std::nullopt;
   Entry entry = testing::EntryOf(*node);
@@ -465,7 +467,8 @@ std::string PathFromNative(std::string_view native) { return std::string(native)
 std::string PathToNative(std::string_view path) {
   std::string native(path);
   std::replace(native.begin(), native.end(), '/', '\\');
-  while (native.ends_with('\\')) native.pop_back();
+  const std::size_t root = native.find(':') == 1 ? 3 : 1;  // of a drive, or of a system without drives
+  while (native.size() > root && native.ends_with('\\')) native.pop_back();
   if (Fake().shows_slashes) std::replace(native.begin(), native.end(), '\\', '/');
   return native;
 }

@@ -62,8 +62,9 @@ class FakeProcess : public host::Process {
 
 }  // namespace
 
-std::unique_ptr<host::Process> FakePrograms::StartProcess(std::string_view command_line, int, int) {
+std::unique_ptr<host::Process> FakePrograms::StartProcess(std::string_view command_line, int window_style, int) {
   started.emplace_back(command_line);
+  window_styles.push_back(window_style);
   if (!can_create || !start_status.ok()) return nullptr;
   return std::make_unique<FakeProcess>(*this);
 }

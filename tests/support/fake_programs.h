@@ -34,6 +34,7 @@ class FakePrograms : public host::ProgramRunner {
   host::Status start_status;                                    // what every Start gives
   bool can_create = true;                                       // false: CreateLauncher and StartProcess give null
   bool process_wait_result = true;
+  std::vector<int> window_styles;  // of each StartProcess
   std::vector<std::string> waits;  // "milliseconds idle" of each Process::Wait
 };
 

@@ -25,6 +25,7 @@ class FakeUser : public host::UserInterface {
   std::string ChooseFile(const host::FileRequest& request) override {
     asked.push_back(request.title + " <" + request.file_name + ">");
     file_filters.push_back(request.filter);
+    file_requests.push_back(request);
     return file_answer;
   }
   bool HelpIsOpen(std::string_view window_class, std::string_view title) override {
@@ -40,6 +41,7 @@ class FakeUser : public host::UserInterface {
   std::vector<host::Message> messages;
   std::vector<std::string> asked;
   std::vector<std::string> file_filters;
+  std::vector<host::FileRequest> file_requests;
   std::vector<std::string> help_asked;  // "class <title>" of each look for the viewer
   std::vector<host::HelpRequest> help_requests;
   std::vector<std::string> help_shown;  // "path topic" of each request

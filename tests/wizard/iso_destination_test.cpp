@@ -1,12 +1,10 @@
-// Tests of the ISO destination test: what it accepts, and that it leaves no trace.
+// Tests of the ISO destination: what is accepted without a trace, why the rest is refused, and what is no image.
 #include "wizard/iso_destination.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
-#include <vector>
 
 #include "tests/support/fake_host.h"
 
@@ -16,6 +14,9 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
+constexpr const char* kCorrect = "";
+constexpr const char* kEmpty = "It is empty: enter the file that the image is to be.";
+
 class IsoDestinationTest : public ::testing::Test {
  protected:
   IsoDestinationTest() { host.AddFolder("E:\\images"); }
@@ -24,7 +25,7 @@ class IsoDestinationTest : public ::testing::Test {
 
 TEST_F(IsoDestinationTest, ExistingFile_IsCorrectAndUntouched) {
   host.AddFile("E:\\images\\cd.iso", "an image");
-  EXPECT_TRUE(IsoDestinationIsCorrect("E:\\images\\cd.iso"));
+  EXPECT_EQ(WhyNoIsoDestination("E:\\images\\cd.iso"), kCorrect);
   EXPECT_EQ(host.Content("E:\\images\\cd.iso"), "an image");
   EXPECT_THAT(host.calls, IsEmpty());
 }
@@ -32,96 +33,183 @@ TEST_F(IsoDestinationTest, ExistingFile_IsCorrectAndUntouched) {
 TEST_F(IsoDestinationTest, ExistingFileThatCannotBeRead_IsNeitherEmptiedNorRemoved) {
   host.AddFile("E:\\images\\cd.iso", "an image");
   host.FailOn("CanRead", "cd.iso", host::ErrorClass::kAccessDenied);
-  EXPECT_TRUE(IsoDestinationIsCorrect("E:\\images\\cd.iso"));
+  EXPECT_EQ(WhyNoIsoDestination("E:\\images\\cd.iso"), kCorrect);
   EXPECT_EQ(host.Content("E:\\images\\cd.iso"), "an image");
 }
 
 TEST_F(IsoDestinationTest, NewFileInAnExistingFolder_IsTriedOutWithoutATrace) {
-  EXPECT_TRUE(IsoDestinationIsCorrect("E:\\images\\new.iso"));
+  EXPECT_EQ(WhyNoIsoDestination("E:\\images\\new.iso"), kCorrect);
   EXPECT_THAT(host.calls, ElementsAre("OpenBinary E:\\images\\new.iso", "RemoveFile E:\\images\\new.iso"));
   EXPECT_FALSE(host.Exists("E:\\images\\new.iso"));
 }
 
-TEST_F(IsoDestinationTest, NewFileInARootFolder_IsCorrect) { EXPECT_TRUE(IsoDestinationIsCorrect("E:\\new.iso")); }
+TEST_F(IsoDestinationTest, NewFileOnADrive_IsCorrect) { EXPECT_EQ(WhyNoIsoDestination("E:\\new.iso"), kCorrect); }
+
+TEST_F(IsoDestinationTest, NewFileInTheRootFolder_IsCorrect) {
+  host.nodes[""].kind = host::EntryKind::kFolder;  // of a system without drives
+  EXPECT_EQ(WhyNoIsoDestination("\\new.iso"), kCorrect);
+  EXPECT_THAT(host.calls, ElementsAre("OpenBinary \\new.iso", "RemoveFile \\new.iso"));
+}
 
 TEST_F(IsoDestinationTest, BareFileName_IsTriedInTheCurrentFolder) {
-  EXPECT_TRUE(IsoDestinationIsCorrect("new.iso"));
+  EXPECT_EQ(WhyNoIsoDestination("new.iso"), kCorrect);
+  EXPECT_THAT(host.calls, ElementsAre("OpenBinary new.iso", "RemoveFile new.iso"));
   EXPECT_FALSE(host.Exists("C:\\Current\\new.iso"));
 }
 
-TEST_F(IsoDestinationTest, MissingFolder_IsWrong) {
-  EXPECT_FALSE(IsoDestinationIsCorrect("E:\\nowhere\\new.iso"));
+TEST_F(IsoDestinationTest, NothingOrBlanksOrQuotesAlone_IsEmpty) {
+  for (const char* text : {"", "  ", "\"\"", " \"\" "}) EXPECT_EQ(WhyNoIsoDestination(text), kEmpty) << text;
+  EXPECT_THAT(host.calls, IsEmpty());
+}
+
+TEST_F(IsoDestinationTest, MissingFolder_IsNamedAndNotMade) {
+  const std::string why = "The folder E:\\nowhere does not exist: create it, or choose another place for the image.";
+  EXPECT_EQ(WhyNoIsoDestination("E:\\nowhere\\new.iso"), why);
+  EXPECT_EQ(WhyNoIsoDestination(" \"E:/nowhere/new.iso\" "), why);
   EXPECT_FALSE(host.Exists("E:\\nowhere"));
   EXPECT_THAT(host.calls, IsEmpty());
 }
 
-TEST_F(IsoDestinationTest, EmptyText_IsWrong) { EXPECT_FALSE(IsoDestinationIsCorrect("")); }
+TEST_F(IsoDestinationTest, FileInPlaceOfTheFolder_IsNamed) {
+  host.AddFile("E:\\file", "text");
+  EXPECT_EQ(WhyNoIsoDestination("E:\\file\\new.iso"), "E:\\file is no folder: choose another place for the image.");
+}
 
-TEST_F(IsoDestinationTest, Folder_IsWrong) {
-  EXPECT_FALSE(IsoDestinationIsCorrect("E:\\images"));
-  EXPECT_FALSE(IsoDestinationIsCorrect("E:\\images\\"));
-  EXPECT_FALSE(IsoDestinationIsCorrect("E:\\new\\"));
+TEST_F(IsoDestinationTest, FolderThatCannotBeRead_IsNotSaidToBeNone) {
+  host.FailOn("ListFolder", "images", host::ErrorClass::kAccessDenied, "Permission denied");
+  EXPECT_EQ(WhyNoIsoDestination("E:\\images\\new.iso"),
+            "E:\\images cannot be read: Permission denied. Choose another place for the image.");
+}
+
+TEST_F(IsoDestinationTest, PathThatBeginsWithATilde_IsNotTheHomeFolder) {
+  const std::string rest = " begins with \"~\", which is taken as it is: write the whole path.";
+  EXPECT_EQ(WhyNoIsoDestination("~/cd.iso"), "~/cd.iso" + rest);
+  EXPECT_EQ(WhyNoIsoDestination("\"~\\images\\cd.iso\""), "~\\images\\cd.iso" + rest);
+}
+
+TEST_F(IsoDestinationTest, FolderThatIsCalledTilde_IsOneLikeAnyOther) {
+  host.AddFolder("C:\\Current\\~");
+  EXPECT_EQ(WhyNoIsoDestination("~\\cd.iso"), kCorrect);
+}
+
+TEST_F(IsoDestinationTest, Folder_NeedsAName) {
+  const std::string why = "E:\\images is a folder: add the name of the image.";
+  for (const char* text :
+       {"E:\\images", "E:\\images\\", "E:/images/", "\"E:\\images\"", "\"E:\\images\\\"", " E:\\images "}) {
+    EXPECT_EQ(WhyNoIsoDestination(text), why) << text;
+  }
+  EXPECT_EQ(WhyNoIsoDestination("E:\\new\\"), "E:\\new is a folder: add the name of the image.");
   EXPECT_THAT(host.calls, IsEmpty());
+}
+
+TEST_F(IsoDestinationTest, LinkToAFolder_NeedsAName) {
+  host.AddLink("E:\\link", "E:\\images");
+  EXPECT_EQ(WhyNoIsoDestination("E:\\link"), "E:\\link is a folder: add the name of the image.");
 }
 
 TEST_F(IsoDestinationTest, QuotesAndBlanksAroundTheName_AreNoPartOfIt) {
   host.AddFile("E:\\images\\cd.iso", "an image");
-  EXPECT_TRUE(IsoDestinationIsCorrect("\"E:\\images\\cd.iso\""));
-  EXPECT_TRUE(IsoDestinationIsCorrect(" E:\\images\\cd.iso "));
-  EXPECT_TRUE(IsoDestinationIsCorrect("E:\\images\\cd.iso\\"));
+  EXPECT_EQ(WhyNoIsoDestination("\"E:\\images\\cd.iso\""), kCorrect);
+  EXPECT_EQ(WhyNoIsoDestination(" E:\\images\\cd.iso "), kCorrect);
+  EXPECT_EQ(WhyNoIsoDestination("E:\\images\\cd.iso\\"), kCorrect);
   EXPECT_THAT(host.calls, IsEmpty());
-  EXPECT_TRUE(IsoDestinationIsCorrect(" \"E:\\images\\new.iso\""));
+  EXPECT_EQ(WhyNoIsoDestination(" \"E:\\images\\new.iso\""), kCorrect);
   EXPECT_THAT(host.calls, ElementsAre("OpenBinary E:\\images\\new.iso", "RemoveFile E:\\images\\new.iso"));
 }
 
-TEST_F(IsoDestinationTest, QuotedFolderDeviceOrPipe_IsWrongAndNeverOpened) {
+TEST_F(IsoDestinationTest, DevicePipeOrSocket_IsNeverOpened) {
   host.AddSpecial("E:\\images\\pipe");
-  for (const char* text : {"\"E:\\images\"", "\"E:\\images\\\"", "\"E:\\images\\pipe\"", "\"\"", "  "}) {
-    EXPECT_FALSE(IsoDestinationIsCorrect(text)) << text;
+  for (const char* text : {"E:\\images\\pipe", "\"E:\\images\\pipe\""}) {
+    EXPECT_EQ(WhyNoIsoDestination(text), "E:\\images\\pipe is a device or a pipe: choose another name.");
   }
   EXPECT_THAT(host.calls, IsEmpty());
 }
 
 TEST_F(IsoDestinationTest, Wildcard_IsCorrectWhereItMatches) {
   host.AddFile("E:\\images\\cd.iso", "an image");
-  EXPECT_TRUE(IsoDestinationIsCorrect("\"E:\\images\\c*.iso\""));
+  EXPECT_EQ(WhyNoIsoDestination("\"E:\\images\\c*.iso\""), kCorrect);
   EXPECT_THAT(host.calls, IsEmpty());
-  EXPECT_FALSE(IsoDestinationIsCorrect("E:\\nowhere\\c*.iso"));
+  EXPECT_EQ(WhyNoIsoDestination("E:\\nowhere\\c*.iso"),
+            "The folder E:\\nowhere does not exist: create it, or choose another place for the image.");
 }
 
-TEST_F(IsoDestinationTest, LinkToAFolder_IsWrong) {
-  host.AddLink("E:\\link", "E:\\images");
-  EXPECT_FALSE(IsoDestinationIsCorrect("E:\\link"));
-}
-
-TEST_F(IsoDestinationTest, DevicePipeOrSocket_IsWrongAndNeverOpened) {
-  host.AddSpecial("E:\\images\\pipe");
-  EXPECT_FALSE(IsoDestinationIsCorrect("E:\\images\\pipe"));
-  EXPECT_THAT(host.calls, IsEmpty());
-}
-
-TEST_F(IsoDestinationTest, LinkToNothing_IsWrongAndItsTargetIsNotMade) {
+TEST_F(IsoDestinationTest, LinkToNothing_IsNamedAndItsTargetIsNotMade) {
   host.AddLink("E:\\images\\cd.iso", "E:\\images\\target.iso");
-  EXPECT_FALSE(IsoDestinationIsCorrect("E:\\images\\cd.iso"));
+  EXPECT_EQ(WhyNoIsoDestination("E:\\images\\cd.iso"),
+            "E:\\images\\cd.iso is a link that leads nowhere: remove it, or choose another name.");
   EXPECT_TRUE(host.Exists("E:\\images\\cd.iso"));
   EXPECT_FALSE(host.Exists("E:\\images\\target.iso"));
 }
 
-TEST_F(IsoDestinationTest, FileThatCannotBeCreated_IsWrong) {
-  host.FailOn("OpenBinary", "new.iso", host::ErrorClass::kAccessDenied);
-  EXPECT_FALSE(IsoDestinationIsCorrect("E:\\images\\new.iso"));
+TEST_F(IsoDestinationTest, FileThatCannotBeCreated_TellsTheCause) {
+  host.FailOn("OpenBinary", "new.iso", host::ErrorClass::kAccessDenied, "Permission denied");
+  EXPECT_EQ(WhyNoIsoDestination("E:/images/new.iso"), "E:\\images\\new.iso cannot be written: Permission denied.");
 }
 
-TEST_F(IsoDestinationTest, ProbeThatCannotBeWritten_IsWrongAndRemoved) {
-  host.FailOn("WriteAt", "new.iso", host::ErrorClass::kDiskFull);
-  EXPECT_FALSE(IsoDestinationIsCorrect("E:\\images\\new.iso"));
+TEST_F(IsoDestinationTest, ProbeThatCannotBeWritten_TellsTheCauseAndIsRemoved) {
+  host.FailOn("WriteAt", "new.iso", host::ErrorClass::kDiskFull, "No space left on device");
+  EXPECT_EQ(WhyNoIsoDestination("E:\\images\\new.iso"),
+            "E:\\images\\new.iso cannot be written: No space left on device.");
   EXPECT_FALSE(host.Exists("E:\\images\\new.iso"));
 }
 
-TEST_F(IsoDestinationTest, ProbeThatCannotBeRemoved_IsWrongAndHoldsTheTestLine) {
-  host.FailOn("RemoveFile", "new.iso", host::ErrorClass::kAccessDenied);
-  EXPECT_FALSE(IsoDestinationIsCorrect("E:\\images\\new.iso"));
+TEST_F(IsoDestinationTest, ProbeThatCannotBeRemoved_TellsTheCauseAndHoldsTheTestLine) {
+  host.FailOn("RemoveFile", "new.iso", host::ErrorClass::kAccessDenied, "Permission denied");
+  EXPECT_EQ(WhyNoIsoDestination("E:\\images\\new.iso"), "E:\\images\\new.iso cannot be written: Permission denied.");
   EXPECT_EQ(host.Content("E:\\images\\new.iso"), "Test\r\n");
+}
+
+// A file with the mark of a disc image at its place, cut to `size` bytes.
+std::string DiscImage(std::size_t size) {
+  std::string image(40960, '\0');
+  image.replace(32769, 5, "CD001");
+  return image.substr(0, size);
+}
+
+class HoldsSomethingElseTest : public IsoDestinationTest {
+ protected:
+  bool Holds(const std::string& content) {
+    host.AddFile("E:\\images\\cd.iso", content);
+    return HoldsSomethingElse("E:\\images\\cd.iso");
+  }
+};
+
+TEST_F(HoldsSomethingElseTest, EmptyFile_HoldsNothing) { EXPECT_FALSE(Holds("")); }
+
+TEST_F(HoldsSomethingElseTest, DiscImage_IsNothingElse) { EXPECT_FALSE(Holds(DiscImage(40960))); }
+
+TEST_F(HoldsSomethingElseTest, FileThatEndsBehindTheMark_IsADiscImage) { EXPECT_FALSE(Holds(DiscImage(32774))); }
+
+TEST_F(HoldsSomethingElseTest, FileThatEndsInTheMark_IsNone) { EXPECT_TRUE(Holds(DiscImage(32773))); }
+
+TEST_F(HoldsSomethingElseTest, ShortText_IsSomethingElse) { EXPECT_TRUE(Holds("CD001")); }
+
+TEST_F(HoldsSomethingElseTest, MarkBesideItsPlace_IsNone) {
+  EXPECT_TRUE(Holds(DiscImage(40960).insert(0, 1, '\0')));
+  EXPECT_TRUE(Holds(DiscImage(40960).substr(1)));
+  EXPECT_TRUE(Holds(std::string(40960, '\0')));
+}
+
+TEST_F(HoldsSomethingElseTest, FileThatCannotBeOpenedOrRead_IsNotTakenForAnImage) {
+  host.FailOn("OpenBinary", "cd.iso", host::ErrorClass::kAccessDenied, "injected", 1);
+  EXPECT_TRUE(Holds(DiscImage(40960)));
+  host.FailOn("ReadAt", "cd.iso", host::ErrorClass::kOther, "injected", 1);
+  EXPECT_TRUE(Holds(DiscImage(40960)));
+  EXPECT_FALSE(Holds(DiscImage(40960)));
+}
+
+TEST_F(HoldsSomethingElseTest, FolderDeviceOrNothing_HoldsNoFile) {
+  host.AddSpecial("E:\\images\\pipe");
+  for (const char* text : {"E:\\images", "E:\\images\\pipe", "E:\\images\\new.iso", "", "\"\""}) {
+    EXPECT_FALSE(HoldsSomethingElse(text)) << text;
+  }
+  EXPECT_THAT(host.calls, IsEmpty());
+}
+
+TEST_F(HoldsSomethingElseTest, QuotesAndBlanksAroundTheName_AreNoPartOfIt) {
+  host.AddFile("E:\\images\\notes.txt", "mine");
+  EXPECT_TRUE(HoldsSomethingElse(" \"E:\\images\\notes.txt\" "));
+  EXPECT_EQ(host.Content("E:\\images\\notes.txt"), "mine");
 }
 
 }  // namespace

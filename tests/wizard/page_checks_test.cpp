@@ -2,6 +2,7 @@
 #include "wizard/page_checks.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/wizard/wizard_fixture.h"
@@ -12,6 +13,7 @@ namespace {
 using host::MessageIcon;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::Pair;
 using testing::WizardFixture;
 
 constexpr const char* kNoWin2K =
@@ -48,6 +50,13 @@ class PageChecksTest : public WizardFixture {
     return Next();
   }
 
+  // The fields that the messages are about, each with the sentence below its message.
+  std::vector<std::pair<std::string, std::string>> Details() const {
+    std::vector<std::pair<std::string, std::string>> details;
+    for (const host::Message& box : user.messages) details.emplace_back(box.control, box.detail);
+    return details;
+  }
+
   std::vector<std::string> Messages() const {
     std::vector<std::string> texts;
     for (const host::Message& box : user.messages) {
@@ -70,7 +79,7 @@ TEST_F(PageChecksTest, NoWin2KSource_Stays) {
   EXPECT_EQ(user.messages[0].icon, MessageIcon::kCritical);
   EXPECT_THAT(VisiblePages(), ElementsAre(2));
   EXPECT_EQ(main.Txt_i386_Loc.text.get(), "S:\\WIN98");
-  EXPECT_EQ(user.messages[0].place, "Txt_i386_Loc: S:\\WIN98");
+  EXPECT_THAT(Details(), ElementsAre(Pair("Txt_i386_Loc", "S:\\WIN98 has no file setupldr.bin.")));
 }
 
 TEST_F(PageChecksTest, NoServicePackFile_Stays) {
@@ -78,6 +87,7 @@ TEST_F(PageChecksTest, NoServicePackFile_Stays) {
   EXPECT_EQ(NextFrom(2), 2);
   EXPECT_THAT(Messages(), ElementsAre(kNoServicePack));
   EXPECT_EQ(user.messages[0].icon, MessageIcon::kCritical);
+  EXPECT_THAT(Details(), ElementsAre(Pair("TxtSP_exe", "S:\\other.exe does not exist.")));
 }
 
 TEST_F(PageChecksTest, NoServicePackFileButNoneWanted_Passes) {
@@ -91,7 +101,8 @@ TEST_F(PageChecksTest, NeitherWin2KSourceNorServicePack_GivesTwoMessagesAndStays
   main.TxtSP_exe.text = "";
   EXPECT_EQ(NextFrom(2), 2);
   EXPECT_THAT(Messages(), ElementsAre(kNoWin2K, kNoServicePack));
-  EXPECT_EQ(user.messages[1].place, "TxtSP_exe: empty");
+  EXPECT_THAT(Details(), ElementsAre(Pair("Txt_i386_Loc", "S:\\nowhere does not exist."),
+                                     Pair("TxtSP_exe", "It is empty: enter the file of the service pack.")));
 }
 
 TEST_F(PageChecksTest, Win2KNoLongerChosen_LeavesItsPageUnchecked) {
@@ -116,6 +127,7 @@ TEST_F(PageChecksTest, NoWin9xSource_Stays) {
   EXPECT_EQ(NextFrom(4), 4);
   EXPECT_THAT(Messages(), ElementsAre(kNoWin9x));
   EXPECT_EQ(user.messages[0].icon, MessageIcon::kCritical);
+  EXPECT_THAT(Details(), ElementsAre(Pair("TxtWin9x_Loc", "S:\\I386 has no file mini.cab.")));
 }
 
 TEST_F(PageChecksTest, NoWin9xSourceAndNoAdvancedTools_StaysInsteadOfSkipping) {
@@ -130,6 +142,7 @@ TEST_F(PageChecksTest, NoErdCommander_StaysWithAnExclamation) {
   EXPECT_EQ(NextFrom(5), 5);
   EXPECT_THAT(Messages(), ElementsAre(kNoErdC));
   EXPECT_EQ(user.messages[0].icon, MessageIcon::kExclamation);
+  EXPECT_THAT(Details(), ElementsAre(Pair("TxtERDC", "S: has no file I386\\SYSTEM32\\CONFIG\\SOFTWARE.")));
 }
 
 TEST_F(PageChecksTest, NoBlueCon_StaysWithAnExclamation) {
@@ -137,6 +150,7 @@ TEST_F(PageChecksTest, NoBlueCon_StaysWithAnExclamation) {
   EXPECT_EQ(NextFrom(5), 5);
   EXPECT_THAT(Messages(), ElementsAre(kNoBCon));
   EXPECT_EQ(user.messages[0].icon, MessageIcon::kExclamation);
+  EXPECT_THAT(Details(), ElementsAre(Pair("TxtBCon", "S: has no file I386\\SYSTEM32\\OOBC*.*.")));
 }
 
 TEST_F(PageChecksTest, NeitherTool_GivesTwoMessagesInOrder) {
@@ -169,6 +183,8 @@ TEST_F(PageChecksTest, LocationsInTheFoldersThatEveryBuildEmpties_AreRefused) {
   const std::string rest = ", which every build empties !\r\nSelect a location outside of it";
   EXPECT_THAT(Messages(), ElementsAre("The selected location is in C:\\Discwright\\vexacd" + rest,
                                       "The selected location is in C:\\Discwright\\advtemp" + rest));
+  EXPECT_THAT(Details(), ElementsAre(Pair("TxtUtils_Loc", "c:\\discwright\\VEXACD\\vexa\\mine would be deleted."),
+                                     Pair("TxtAddFiles_Loc", "C:\\Discwright\\advtemp would be deleted.")));
 }
 
 TEST_F(PageChecksTest, ImageInTheFolderThatEveryBuildEmpties_IsRefused) {
@@ -176,8 +192,9 @@ TEST_F(PageChecksTest, ImageInTheFolderThatEveryBuildEmpties_IsRefused) {
   main.ChkPassProtect.value = 0;
   main.TxtISOLoc.text = "C:\\Discwright\\vexacd\\rescue.iso";
   EXPECT_EQ(NextFrom(7), 7);
-  EXPECT_THAT(Messages(), ElementsAre(::testing::HasSubstr("which every build empties")));
-  EXPECT_THAT(user.messages[0].place, ::testing::StartsWith("Txt"));
+  EXPECT_THAT(Messages(), ElementsAre("The selected location is in C:\\Discwright\\vexacd, which every build empties !"
+                                      "\r\nSelect a location outside of it"));
+  EXPECT_THAT(Details(), ElementsAre(Pair("TxtISOLoc", "C:\\Discwright\\vexacd\\rescue.iso would be deleted.")));
 }
 
 TEST_F(PageChecksTest, FoldersBesideThem_Pass) {
@@ -195,6 +212,7 @@ TEST_F(PageChecksTest, NoUtilitiesFolder_Stays) {
   EXPECT_EQ(NextFrom(6), 6);
   EXPECT_THAT(Messages(), ElementsAre(kNoUtilities));
   EXPECT_EQ(user.messages[0].icon, MessageIcon::kCritical);
+  EXPECT_THAT(Details(), ElementsAre(Pair("TxtUtils_Loc", "S:\\sp.exe is a file: enter a folder.")));
 }
 
 TEST_F(PageChecksTest, NoAdditionalFilesFolder_Stays) {
@@ -202,6 +220,7 @@ TEST_F(PageChecksTest, NoAdditionalFilesFolder_Stays) {
   EXPECT_EQ(NextFrom(6), 6);
   EXPECT_THAT(Messages(), ElementsAre(kNoAdditionalFiles));
   EXPECT_EQ(user.messages[0].icon, MessageIcon::kCritical);
+  EXPECT_THAT(Details(), ElementsAre(Pair("TxtAddFiles_Loc", "S:\\sp.exe is a file: enter a folder.")));
 }
 
 TEST_F(PageChecksTest, NeitherFolder_GivesTwoMessagesInOrder) {
@@ -209,6 +228,8 @@ TEST_F(PageChecksTest, NeitherFolder_GivesTwoMessagesInOrder) {
   main.TxtAddFiles_Loc.text = "S:\\nowhere";
   EXPECT_EQ(NextFrom(6), 6);
   EXPECT_THAT(Messages(), ElementsAre(kNoUtilities, kNoAdditionalFiles));
+  EXPECT_THAT(Details(), ElementsAre(Pair("TxtUtils_Loc", "It is empty: enter a folder."),
+                                     Pair("TxtAddFiles_Loc", "S:\\nowhere does not exist.")));
 }
 
 TEST_F(PageChecksTest, FoldersNotTicked_AreNotLookedFor) {
@@ -234,6 +255,7 @@ TEST_F(PageChecksTest, PasswordsThatDifferInLetterCase_AreBothEmptied) {
   EXPECT_EQ(user.messages[0].icon, MessageIcon::kCritical);
   EXPECT_EQ(main.TxtPass1.text.get(), "");
   EXPECT_EQ(main.TxtPass2.text.get(), "");
+  EXPECT_THAT(Details(), ElementsAre(Pair("", "")));
 }
 
 TEST_F(PageChecksTest, PasswordsDifferWithoutProtection_AreNotCompared) {
@@ -254,6 +276,11 @@ TEST_F(PageChecksTest, PasswordsDifferAndIsoDestinationIsWrong_GivesBothAndStill
   EXPECT_THAT(main.TxtSummery.text.get(), ::testing::HasSubstr("X:\\nowhere\\cd.iso"));
   EXPECT_TRUE(main.CmdNext.visible);
   EXPECT_FALSE(main.CmdFinish.visible);
+  EXPECT_THAT(
+      Details(),
+      ElementsAre(Pair("", ""),
+                  Pair("TxtISOLoc",
+                       "The folder X:\\nowhere does not exist: create it, or choose another place for the image.")));
 }
 
 TEST_F(PageChecksTest, WrongIsoDestination_StaysAndStillMakesTheSummary) {

@@ -1,0 +1,219 @@
+// Tests of the sentences that say why a location is refused: each situation, written out.
+#include "wizard/causes.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+
+#include "tests/support/fake_host.h"
+
+namespace discwright::wizard {
+namespace {
+
+constexpr std::string (*kAskForAFolder[])(const std::string&) = {WhyNoFolder, WhyNoWin2KSource, WhyNoWin9xSource,
+                                                                 WhyNoErdCommander, WhyNoBlueCon};
+
+class CausesTest : public ::testing::Test {
+ protected:
+  CausesTest() {
+    host.AddFile("S:\\I386\\setupldr.bin", "loader");
+    host.AddFile("T:\\I386\\SYSTEM32\\CONFIG\\SOFTWARE", "hive");
+    host.AddFile("U:\\I386\\SYSTEM32\\OOBCXXL.EXE", "tool");
+    host.AddFile("X:\\tools\\more\\readme.txt", "text");
+    host.AddFolder("X:\\empty");
+  }
+
+  // On systems without drives.
+  void AddRootFolder() { host.nodes[""].kind = host::EntryKind::kFolder; }
+
+  void ExpectOfEveryFolder(const std::string& text, const std::string& why) {
+    for (const auto ask : kAskForAFolder) EXPECT_EQ(ask(text), why);
+  }
+
+  testing::FakeHost host;
+};
+
+TEST_F(CausesTest, NothingOrBlanks_IsEmpty) {
+  for (const char* text : {"", "   "}) {
+    ExpectOfEveryFolder(text, "It is empty: enter a folder.");
+    EXPECT_EQ(WhyNoServicePack(text), "It is empty: enter the file of the service pack.");
+  }
+  EXPECT_EQ(WhyNoServicePack("\"\""), "It is empty: enter the file of the service pack.");
+}
+
+TEST_F(CausesTest, QuotesAroundAFolder_AreAPartOfItsName) {
+  for (const std::string text : {"\"X:\\tools\"", "\"X:\\tools", "X:\\tools\""}) {
+    ExpectOfEveryFolder(text, text + " has quotation marks, which are taken as a part of the name: leave them out.");
+  }
+}
+
+TEST_F(CausesTest, OneQuoteOfAFile_IsAPartOfItsName) {
+  host.AddFile("X:\\sp.exe", "service pack");
+  for (const std::string text : {"\"X:\\sp.exe", "X:\\sp.exe\""}) {
+    EXPECT_EQ(WhyNoServicePack(text),
+              text + " has quotation marks, which are taken as a part of the name: leave them out.");
+  }
+}
+
+TEST_F(CausesTest, Tilde_IsNotTheHomeFolder) {
+  const std::string rest = " begins with \"~\", which is taken as it is: write the whole path.";
+  for (const std::string text : {"~", "~/cd", "~ann\\cd"}) {
+    ExpectOfEveryFolder(text, text + rest);
+    EXPECT_EQ(WhyNoServicePack(text), text + rest);
+  }
+  ExpectOfEveryFolder("X:\\~", "X:\\~ does not exist.");
+}
+
+TEST_F(CausesTest, NothingThere_DoesNotExist) {
+  for (const char* text : {"X:\\nowhere", "X:\\nowhere\\", "X:/nowhere", "X:/nowhere/"}) {
+    ExpectOfEveryFolder(text, "X:\\nowhere does not exist.");
+    EXPECT_EQ(WhyNoServicePack(text), "X:\\nowhere does not exist.");
+  }
+  ExpectOfEveryFolder("Q:\\", "Q:\\ does not exist.");
+  ExpectOfEveryFolder("\\", "\\ does not exist.");
+}
+
+TEST_F(CausesTest, FileOrDevice_IsNoFolder) {
+  host.AddSpecial("X:\\device");
+  ExpectOfEveryFolder("X:\\tools\\more\\readme.txt", "X:\\tools\\more\\readme.txt is a file: enter a folder.");
+  ExpectOfEveryFolder("X:\\device", "X:\\device is a file: enter a folder.");
+}
+
+TEST_F(CausesTest, FolderThatCannotBeListed_TellsTheCause) {
+  host.FailOn("ListFolder", "tools", host::ErrorClass::kAccessDenied, "Permission denied");
+  ExpectOfEveryFolder("X:\\tools", "X:\\tools cannot be read: Permission denied.");
+  ExpectOfEveryFolder("X:/tools/", "X:\\tools cannot be read: Permission denied.");
+}
+
+TEST_F(CausesTest, FolderWithNothingInIt_IsEmpty) {
+  ExpectOfEveryFolder("X:\\empty", "X:\\empty is empty.");
+  ExpectOfEveryFolder("X:/empty/", "X:\\empty is empty.");
+  AddRootFolder();
+  host.nodes.erase("c:");  // what this fake has beside its drives is listed with them
+  for (const char* drive : {"s:", "t:", "u:", "x:"}) host.nodes.erase(drive);
+  ExpectOfEveryFolder("\\", "\\ is empty.");
+}
+
+TEST_F(CausesTest, FolderThatLooksUsable_CannotBeUsed) {
+  EXPECT_EQ(WhyNoFolder("X:/tools"), "X:\\tools cannot be used as a folder.");
+}
+
+TEST_F(CausesTest, FolderInPlaceOfTheServicePack_IsNoFile) {
+  EXPECT_EQ(WhyNoServicePack("X:\\tools"), "X:\\tools is no file: enter the file itself.");
+  EXPECT_EQ(WhyNoServicePack(" \"X:\\tools\\\" "), "X:\\tools is no file: enter the file itself.");
+  host.AddSpecial("X:\\device");
+  EXPECT_EQ(WhyNoServicePack("X:\\device"), "X:\\device is no file: enter the file itself.");
+}
+
+TEST_F(CausesTest, ServicePackThatCannotBeRead_TellsTheCause) {
+  host.FailOn("OpenBinary", "readme.txt", host::ErrorClass::kAccessDenied, "Permission denied");
+  EXPECT_EQ(WhyNoServicePack("\"X:/tools/more/readme.txt\""),
+            "X:\\tools\\more\\readme.txt cannot be read: Permission denied.");
+}
+
+TEST_F(CausesTest, RootOfAWin2KCd_NamesI386) {
+  for (const char* text : {"S:\\", "S:/"}) {
+    EXPECT_EQ(WhyNoWin2KSource(text), "S:\\ is the root of the CD: did you mean S:\\I386?");
+  }
+  EXPECT_EQ(WhyNoWin2KSource("S:"), "S: is the root of the CD: did you mean S:\\I386?");
+}
+
+TEST_F(CausesTest, CopyOfAWin2KCd_NamesItsI386) {
+  host.AddFile("X:\\copies\\xp\\I386\\setupldr.bin", "loader");
+  for (const char* text : {"X:\\copies\\xp", "X:\\copies\\xp\\", "X:/copies/xp", "X:/copies/xp/"}) {
+    EXPECT_EQ(WhyNoWin2KSource(text), "X:\\copies\\xp is the root of the CD: did you mean X:\\copies\\xp\\I386?");
+  }
+}
+
+TEST_F(CausesTest, RootOfAWin9xCd_NamesTheFolderOfItsCabinets) {
+  for (const std::string name : {"WIN98", "WIN9X", "WINME", "WIN98SE"}) {
+    host.AddFile("X:\\cd of " + name + "\\" + name + "\\mini.cab", "cabinet");
+    host.AddFile("X:\\cd of " + name + "\\readme.txt", "text");
+    const std::string root = "X:\\cd of " + name;
+    const std::string why = root + " is the root of the CD: did you mean " + root + "\\" + name + "?";
+    EXPECT_EQ(WhyNoWin9xSource(root), why);
+    EXPECT_EQ(WhyNoWin9xSource(root + "\\"), why);
+  }
+}
+
+TEST_F(CausesTest, RootFolderAsRootOfTheCd_NamesItsFolders) {
+  AddRootFolder();
+  host.AddFile("\\I386\\setupldr.bin", "loader");
+  host.AddFile("\\WINME\\mini.cab", "cabinet");
+  for (const char* text : {"\\", "/"}) {
+    EXPECT_EQ(WhyNoWin2KSource(text), "\\ is the root of the CD: did you mean \\I386?");
+    EXPECT_EQ(WhyNoWin9xSource(text), "\\ is the root of the CD: did you mean \\WINME?");
+    EXPECT_EQ(WhyNoErdCommander(text), "\\ has no file I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
+    EXPECT_EQ(WhyNoBlueCon(text), "\\ has no file I386\\SYSTEM32\\OOBC*.*.");
+  }
+}
+
+TEST_F(CausesTest, SetupFilesNowhereNear_NothingIsSuggested) {
+  for (const char* text : {"X:\\tools", "X:\\tools\\", "X:/tools/"}) {
+    EXPECT_EQ(WhyNoWin2KSource(text), "X:\\tools has no file setupldr.bin.");
+    EXPECT_EQ(WhyNoWin9xSource(text), "X:\\tools has no file mini.cab.");
+  }
+  host.AddFile("X:\\other\\I386\\readme.txt", "text");
+  host.AddFile("X:\\other\\WIN98\\readme.txt", "text");
+  EXPECT_EQ(WhyNoWin2KSource("X:\\other"), "X:\\other has no file setupldr.bin.");
+  EXPECT_EQ(WhyNoWin9xSource("X:\\other"), "X:\\other has no file mini.cab.");
+}
+
+TEST_F(CausesTest, FolderOfAToolCd_NamesTheRoot) {
+  for (const char* text : {"\\I386", "\\I386\\", "/I386", "/I386/"}) {
+    EXPECT_EQ(WhyNoErdCommander(std::string("T:") + text),
+              "T:\\I386 is a folder of the CD: did you mean its root, T:\\?");
+    EXPECT_EQ(WhyNoBlueCon(std::string("U:") + text), "U:\\I386 is a folder of the CD: did you mean its root, U:\\?");
+  }
+}
+
+TEST_F(CausesTest, FolderOfACopyOfAToolCd_NamesTheCopy) {
+  host.AddFile("X:\\erd\\I386\\SYSTEM32\\CONFIG\\SOFTWARE", "hive");
+  EXPECT_EQ(WhyNoErdCommander("X:/erd/I386/"), "X:\\erd\\I386 is a folder of the CD: did you mean its root, X:\\erd?");
+}
+
+TEST_F(CausesTest, ToolCdAsRootFolder_IsNamed) {
+  AddRootFolder();
+  host.AddFile("\\I386\\SYSTEM32\\CONFIG\\SOFTWARE", "hive");
+  EXPECT_EQ(WhyNoErdCommander("\\I386"), "\\I386 is a folder of the CD: did you mean its root, \\?");
+}
+
+TEST_F(CausesTest, ToolNowhereNear_NothingIsSuggested) {
+  for (const char* text : {"X:\\tools\\more", "X:\\tools\\more\\", "X:/tools/more/"}) {
+    EXPECT_EQ(WhyNoErdCommander(text), "X:\\tools\\more has no file I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
+    EXPECT_EQ(WhyNoBlueCon(text), "X:\\tools\\more has no file I386\\SYSTEM32\\OOBC*.*.");
+  }
+  // The other tool's CD, and a folder of the current one.
+  EXPECT_EQ(WhyNoErdCommander("U:\\I386"), "U:\\I386 has no file I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
+  EXPECT_EQ(WhyNoBlueCon("T:\\I386"), "T:\\I386 has no file I386\\SYSTEM32\\OOBC*.*.");
+  host.AddFile("C:\\Current\\tools\\readme.txt", "text");
+  EXPECT_EQ(WhyNoErdCommander("tools"), "tools has no file I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
+}
+
+// Where names are separated by slashes, the sentences have them so, however the field has them.
+TEST_F(CausesTest, Locations_AreSpelledAsTheSystemSpellsThem) {
+  host.shows_slashes = true;
+  host.AddFile("X:\\cd\\WIN98\\mini.cab", "cabinet");
+  ExpectOfEveryFolder("X:\\nowhere", "X:/nowhere does not exist.");
+  ExpectOfEveryFolder("X:\\empty", "X:/empty is empty.");
+  ExpectOfEveryFolder("X:\\tools\\more\\readme.txt", "X:/tools/more/readme.txt is a file: enter a folder.");
+  EXPECT_EQ(WhyNoFolder("X:\\tools"), "X:/tools cannot be used as a folder.");
+  EXPECT_EQ(WhyNoServicePack("X:\\tools"), "X:/tools is no file: enter the file itself.");
+  EXPECT_EQ(WhyNoWin2KSource("S:\\"), "S:/ is the root of the CD: did you mean S:/I386?");
+  EXPECT_EQ(WhyNoWin9xSource("X:\\cd"), "X:/cd is the root of the CD: did you mean X:/cd/WIN98?");
+  EXPECT_EQ(WhyNoErdCommander("T:\\I386"), "T:/I386 is a folder of the CD: did you mean its root, T:/?");
+  EXPECT_EQ(WhyNoWin9xSource("X:\\tools"), "X:/tools has no file mini.cab.");
+}
+
+TEST_F(CausesTest, Asking_ChangesNothing) {
+  for (const char* text : {"", "X:\\tools", "X:\\empty", "X:\\nowhere", "S:\\", "T:\\I386"}) {
+    for (const auto ask : kAskForAFolder) ask(text);
+    WhyNoServicePack(text);
+  }
+  EXPECT_THAT(host.calls, ::testing::IsEmpty());
+}
+
+}  // namespace
+}  // namespace discwright::wizard
