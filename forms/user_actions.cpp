@@ -7,10 +7,10 @@ namespace discwright::forms {
 
 namespace {
 
-// The function is copied because what it does may bind another one in its place.
-bool Click(const Control& control, std::function<void()> click) {
+bool Click(const Control& control, const std::function<void()>& click) {
   if (!CanBeUsed(control)) return false;
-  if (click) click();
+  // A copy, because what it does may bind another function in its place.
+  if (const std::function<void()> handler = click) handler();
   return true;
 }
 

@@ -142,10 +142,11 @@ std::string InVain(Windows& windows, const Control& control, const std::vector<c
 
 void AddInVain(std::vector<std::string>& remarks, Windows& windows, const Control& control) {
   if (!ChoosesSomething(control)) return;
-  for (const auto& boxes : MissingFor(windows, control)) remarks.push_back(InVain(windows, control, boxes));
   if (&control == &windows.main.ChkHotfix) {
     remarks.emplace_back("ChkHotfix was given, but this version integrates no hotfixes.");
+    return;
   }
+  for (const auto& boxes : MissingFor(windows, control)) remarks.push_back(InVain(windows, control, boxes));
   if (&control == &windows.win2k_info.OptJoinDomain) {
     remarks.emplace_back("OptJoinDomain was given, but Setup gets the name as that of a workgroup.");
   }
