@@ -188,7 +188,10 @@ TEST_F(CausesTest, ToolNowhereNear_NothingIsSuggested) {
   // The other tool's CD, and a folder of the current one.
   EXPECT_EQ(WhyNoErdCommander("U:\\I386"), "U:\\I386 has no file I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
   EXPECT_EQ(WhyNoBlueCon("T:\\I386"), "T:\\I386 has no file I386\\SYSTEM32\\OOBC*.*.");
+  // What has no separator is in no folder that could be the root, not even when the current one is a CD.
   host.AddFile("C:\\Current\\tools\\readme.txt", "text");
+  host.AddFile("C:\\Current\\I386\\SYSTEM32\\CONFIG\\SOFTWARE", "hive");
+  EXPECT_EQ(WhyNoErdCommander("X:"), "X: has no file I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
   EXPECT_EQ(WhyNoErdCommander("tools"), "tools has no file I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
 }
 

@@ -156,6 +156,16 @@ TEST_F(NavigationTest, CancelOnAPage_ShowsTheFinishPageAndNothingButFinish) {
   EXPECT_THAT(user.help_shown, ElementsAre("C:\\Discwright\\vexacd_builder.chm>Down 1210"));
 }
 
+TEST_F(NavigationTest, Cancel_IsTheUsersUnlessTheBuildHasFailedBefore) {
+  forms::Press(main.CmdCancel);
+  EXPECT_TRUE(context.cancelled_by_user);
+  context.cancelled_by_user = false;
+  context.failure = "The disk is full.";
+  CmdCancel_Click(context);
+  CloseMainWindow(context);
+  EXPECT_FALSE(context.cancelled_by_user);
+}
+
 TEST_F(NavigationTest, HelpAfterCancel_OpensTheFinishPagesTopic) {
   StartOn(3);
   forms::Press(main.CmdCancel);
@@ -228,6 +238,16 @@ TEST_F(FinishTest, FirstPress_BuildsOnTheProgressPage) {
   EXPECT_EQ(seen->step, 10);
   EXPECT_FALSE(seen->back_enabled);
   EXPECT_FALSE(seen->finished);
+}
+
+TEST_F(FinishTest, FirstPress_EnablesFinishUntilTheBuildDisablesIt) {
+  std::vector<bool> enabled;
+  Listen(main.CmdFinish, [&](forms::Control& control, forms::Facet facet, forms::By) {
+    if (facet == forms::Facet::kEnabled) enabled.push_back(control.enabled);
+  });
+  main.CmdFinish.enabled = false;
+  CmdFinish_Click(context);
+  EXPECT_THAT(enabled, ElementsAre(false, true, false, true));
 }
 
 TEST_F(FinishTest, BuildHasEnded_ShowsTheFinishPage) {
