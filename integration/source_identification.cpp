@@ -98,4 +98,11 @@ void IdentifyWinVer(forms::FrmDiscwright& main, std::string_view Source, std::in
   main.LblWin2KOSVer.caption = caption;
 }
 
+void ShowWinVer(forms::FrmDiscwright& main, const std::string& Source) {
+  std::int16_t BuildNum = 0;
+  std::int16_t MajorVer = 0;
+  std::int16_t MinorVer = 0;
+  IdentifyWinVer(main, Source, BuildNum, MajorVer, MinorVer);
+}
+
 }  // namespace discwright::integration

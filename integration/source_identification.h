@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "forms/frm_discwright.h"
@@ -12,5 +13,8 @@ namespace discwright::integration {
 // are set only when an edition is recognised.
 void IdentifyWinVer(forms::FrmDiscwright& main, std::string_view Source, std::int16_t& BuildNum, std::int16_t& MajorVer,
                     std::int16_t& MinorVer);
+
+// The same for who does not need the numbers.
+void ShowWinVer(forms::FrmDiscwright& main, const std::string& Source);
 
 }  // namespace discwright::integration

@@ -70,6 +70,14 @@ void SplitPath(std::string_view full_path, std::string& folder, std::string& fil
   }
 }
 
+std::string ParentOf(std::string path) {
+  if (!path.empty() && IsPathSeparator(path.back())) path.pop_back();
+  std::string parent = path;
+  std::string name;
+  if (path.find_first_of("\\/") != std::string::npos) SplitPath(path, parent, name);
+  return parent;
+}
+
 bool FolderExists(std::string_view path) {
   if (Trimmed(path).empty()) return false;
   std::string folder(path);

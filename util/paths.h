@@ -33,6 +33,9 @@ std::string TrimNull(std::string_view text);
 // character neither output changes.
 void SplitPath(std::string_view full_path, std::string& folder, std::string& file);
 
+// The folder in which a file or folder stands, without a separator at its end; a drive, or a name alone, is its own.
+std::string ParentOf(std::string path);
+
 bool FolderExists(std::string_view path);  // empty or blank: false, without touching the disk
 
 // Whether the NamedFile can be opened. With a "*" in it: whether anything matches. A folder without a wildcard gives

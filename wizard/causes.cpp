@@ -39,16 +39,8 @@ std::string Below(const std::string& folder, std::string_view name) {
   return path.append(name);
 }
 
-std::string ParentOf(std::string path) {
-  if (!path.empty() && util::IsPathSeparator(path.back())) path.pop_back();
-  std::string parent = path;
-  std::string name;
-  if (path.find_first_of("\\/") != std::string::npos) util::SplitPath(path, parent, name);
-  return parent;
-}
-
 std::string LacksFile(const std::string& text, const char* file) {
-  return host::PathToNative(text) + " has no file " + std::string(file).substr(1) + ".";
+  return "There is no file " + host::PathToNative(Below(text, std::string_view(file).substr(1))) + ".";
 }
 
 // A folder of setup files, which stands in the root of its CD under one of these names.
@@ -64,7 +56,7 @@ std::string WhyNoSetupFolder(const std::string& text, const char* file, std::spa
 
 std::string WhyNoToolCd(const std::string& text, const char* file) {
   if (std::string why = WhyNotUsable(text); !why.empty()) return why;
-  const std::string parent = ParentOf(text);
+  const std::string parent = util::ParentOf(text);
   if (util::FileExists(parent + file)) {
     // With a separator it is the root of its drive and no other folder that happens to be the current one there.
     return host::PathToNative(text) + " is a folder of the CD: did you mean its root, " +

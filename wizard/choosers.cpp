@@ -18,22 +18,13 @@ using ButtonOf = forms::CommandButton FrmDiscwright::*;
 using TextBoxOf = forms::TextBox FrmDiscwright::*;
 
 // The tag files of a setup CD stand beside its folder I386. A chosen drive is its own parent.
-void ShowEdition(FrmDiscwright& main, std::string i386) {
-  if (util::IsPathSeparator(i386.back())) i386.pop_back();
-  std::string root = i386;
-  std::string name;
-  if (i386.find_first_of("\\/") != std::string::npos) util::SplitPath(i386, root, name);
-  std::int16_t BuildNum = 0;
-  std::int16_t MajorVer = 0;
-  std::int16_t MinorVer = 0;
-  integration::IdentifyWinVer(main, root, BuildNum, MajorVer, MinorVer);
-}
+void ShowEdition(FrmDiscwright& main, const std::string& i386) { integration::ShowWinVer(main, util::ParentOf(i386)); }
 
 struct FolderChooser {
   ButtonOf button;
   const char* title;
   TextBoxOf field;
-  void (*then)(FrmDiscwright& main, std::string chosen) = nullptr;
+  void (*then)(FrmDiscwright& main, const std::string& chosen) = nullptr;
 };
 
 constexpr FolderChooser kFolderChoosers[] = {

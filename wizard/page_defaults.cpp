@@ -18,13 +18,6 @@ using forms::FrmDiscwright;
 // What is done with the first optical drive when its folder becomes a page's default.
 using Afterwards = void (*)(FrmDiscwright& main, const std::string& drive);
 
-void ShowWinVer(FrmDiscwright& main, const std::string& drive) {
-  std::int16_t BuildNum = 0;
-  std::int16_t MajorVer = 0;
-  std::int16_t MinorVer = 0;
-  integration::IdentifyWinVer(main, drive, BuildNum, MajorVer, MinorVer);
-}
-
 struct DefaultLocation {
   int page;                                // the page being left
   forms::CheckBox FrmDiscwright::*choice;  // null: whatever is chosen
@@ -37,7 +30,7 @@ struct DefaultLocation {
 // Without an optical drive the first four are "\I386", "\WIN98", "\" and "\": their pages' checks refuse those.
 constexpr DefaultLocation kDefaultLocations[] = {
     {kContentsPage, &FrmDiscwright::ChkGet_Win2k, &FrmDiscwright::Txt_i386_Loc, util::FirstCDROMDrive, "\\I386",
-     ShowWinVer},
+     integration::ShowWinVer},
     {kWin2KOptionsPage, &FrmDiscwright::ChkGet_Win9x, &FrmDiscwright::TxtWin9x_Loc, util::FirstCDROMDrive, "\\WIN98"},
     {kWin9xPage, &FrmDiscwright::ChkGet_Advtools, &FrmDiscwright::TxtERDC, util::FirstCDROMDrive, "\\"},
     {kWin9xPage, &FrmDiscwright::ChkGet_Advtools, &FrmDiscwright::TxtBCon, util::FirstCDROMDrive, "\\"},

@@ -76,6 +76,18 @@ TEST_F(SplitPathTest, PathWithFolders_IsSplitAtTheLastSeparator) {
   EXPECT_EQ(file, "c.txt");
 }
 
+TEST_F(Paths, ParentOf_IsTheFolderAroundOrTheDriveItself) {
+  host.current_folder = "C:\\Current";
+  EXPECT_EQ(ParentOf("D:\\cd\\I386"), "D:\\cd");
+  EXPECT_EQ(ParentOf("D:\\cd/I386/"), "D:\\cd");
+  EXPECT_EQ(ParentOf("D:\\I386"), "D:");
+  EXPECT_EQ(ParentOf("D:\\"), "D:");
+  EXPECT_EQ(ParentOf("\\I386"), "");
+  EXPECT_EQ(ParentOf("\\"), "");
+  EXPECT_EQ(ParentOf("I386"), "I386");
+  EXPECT_EQ(ParentOf(""), "");
+}
+
 TEST_F(SplitPathTest, ForwardSlashLast_CountsAsSeparator) {
   std::string folder;
   std::string file;

@@ -145,20 +145,20 @@ TEST_F(CausesTest, RootFolderAsRootOfTheCd_NamesItsFolders) {
   for (const char* text : {"\\", "/"}) {
     EXPECT_EQ(WhyNoWin2KSource(text), "\\ is the root of the CD: did you mean \\I386?");
     EXPECT_EQ(WhyNoWin9xSource(text), "\\ is the root of the CD: did you mean \\WINME?");
-    EXPECT_EQ(WhyNoErdCommander(text), "\\ has no file I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
-    EXPECT_EQ(WhyNoBlueCon(text), "\\ has no file I386\\SYSTEM32\\OOBC*.*.");
+    EXPECT_EQ(WhyNoErdCommander(text), "There is no file \\I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
+    EXPECT_EQ(WhyNoBlueCon(text), "There is no file \\I386\\SYSTEM32\\OOBC*.*.");
   }
 }
 
 TEST_F(CausesTest, SetupFilesNowhereNear_NothingIsSuggested) {
   for (const char* text : {"X:\\tools", "X:\\tools\\", "X:/tools/"}) {
-    EXPECT_EQ(WhyNoWin2KSource(text), "X:\\tools has no file setupldr.bin.");
-    EXPECT_EQ(WhyNoWin9xSource(text), "X:\\tools has no file mini.cab.");
+    EXPECT_EQ(WhyNoWin2KSource(text), "There is no file X:\\tools\\setupldr.bin.");
+    EXPECT_EQ(WhyNoWin9xSource(text), "There is no file X:\\tools\\mini.cab.");
   }
   host.AddFile("X:\\other\\I386\\readme.txt", "text");
   host.AddFile("X:\\other\\WIN98\\readme.txt", "text");
-  EXPECT_EQ(WhyNoWin2KSource("X:\\other"), "X:\\other has no file setupldr.bin.");
-  EXPECT_EQ(WhyNoWin9xSource("X:\\other"), "X:\\other has no file mini.cab.");
+  EXPECT_EQ(WhyNoWin2KSource("X:\\other"), "There is no file X:\\other\\setupldr.bin.");
+  EXPECT_EQ(WhyNoWin9xSource("X:\\other"), "There is no file X:\\other\\mini.cab.");
 }
 
 TEST_F(CausesTest, FolderOfAToolCd_NamesTheRoot) {
@@ -182,17 +182,17 @@ TEST_F(CausesTest, ToolCdAsRootFolder_IsNamed) {
 
 TEST_F(CausesTest, ToolNowhereNear_NothingIsSuggested) {
   for (const char* text : {"X:\\tools\\more", "X:\\tools\\more\\", "X:/tools/more/"}) {
-    EXPECT_EQ(WhyNoErdCommander(text), "X:\\tools\\more has no file I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
-    EXPECT_EQ(WhyNoBlueCon(text), "X:\\tools\\more has no file I386\\SYSTEM32\\OOBC*.*.");
+    EXPECT_EQ(WhyNoErdCommander(text), "There is no file X:\\tools\\more\\I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
+    EXPECT_EQ(WhyNoBlueCon(text), "There is no file X:\\tools\\more\\I386\\SYSTEM32\\OOBC*.*.");
   }
   // The other tool's CD, and a folder of the current one.
-  EXPECT_EQ(WhyNoErdCommander("U:\\I386"), "U:\\I386 has no file I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
-  EXPECT_EQ(WhyNoBlueCon("T:\\I386"), "T:\\I386 has no file I386\\SYSTEM32\\OOBC*.*.");
+  EXPECT_EQ(WhyNoErdCommander("U:\\I386"), "There is no file U:\\I386\\I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
+  EXPECT_EQ(WhyNoBlueCon("T:\\I386"), "There is no file T:\\I386\\I386\\SYSTEM32\\OOBC*.*.");
   // What has no separator is in no folder that could be the root, not even when the current one is a CD.
   host.AddFile("C:\\Current\\tools\\readme.txt", "text");
   host.AddFile("C:\\Current\\I386\\SYSTEM32\\CONFIG\\SOFTWARE", "hive");
-  EXPECT_EQ(WhyNoErdCommander("X:"), "X: has no file I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
-  EXPECT_EQ(WhyNoErdCommander("tools"), "tools has no file I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
+  EXPECT_EQ(WhyNoErdCommander("X:"), "There is no file X:\\I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
+  EXPECT_EQ(WhyNoErdCommander("tools"), "There is no file tools\\I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
 }
 
 // Where names are separated by slashes, the sentences have them so, however the field has them.
@@ -207,7 +207,7 @@ TEST_F(CausesTest, Locations_AreSpelledAsTheSystemSpellsThem) {
   EXPECT_EQ(WhyNoWin2KSource("S:\\"), "S:/ is the root of the CD: did you mean S:/I386?");
   EXPECT_EQ(WhyNoWin9xSource("X:\\cd"), "X:/cd is the root of the CD: did you mean X:/cd/WIN98?");
   EXPECT_EQ(WhyNoErdCommander("T:\\I386"), "T:/I386 is a folder of the CD: did you mean its root, T:/?");
-  EXPECT_EQ(WhyNoWin9xSource("X:\\tools"), "X:/tools has no file mini.cab.");
+  EXPECT_EQ(WhyNoWin9xSource("X:\\tools"), "There is no file X:/tools/mini.cab.");
 }
 
 TEST_F(CausesTest, Asking_ChangesNothing) {

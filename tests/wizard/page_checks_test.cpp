@@ -79,7 +79,7 @@ TEST_F(PageChecksTest, NoWin2KSource_Stays) {
   EXPECT_EQ(user.messages[0].icon, MessageIcon::kCritical);
   EXPECT_THAT(VisiblePages(), ElementsAre(2));
   EXPECT_EQ(main.Txt_i386_Loc.text.get(), "S:\\WIN98");
-  EXPECT_THAT(Details(), ElementsAre(Pair("Txt_i386_Loc", "S:\\WIN98 has no file setupldr.bin.")));
+  EXPECT_THAT(Details(), ElementsAre(Pair("Txt_i386_Loc", "There is no file S:\\WIN98\\setupldr.bin.")));
 }
 
 TEST_F(PageChecksTest, NoServicePackFile_Stays) {
@@ -127,7 +127,7 @@ TEST_F(PageChecksTest, NoWin9xSource_Stays) {
   EXPECT_EQ(NextFrom(4), 4);
   EXPECT_THAT(Messages(), ElementsAre(kNoWin9x));
   EXPECT_EQ(user.messages[0].icon, MessageIcon::kCritical);
-  EXPECT_THAT(Details(), ElementsAre(Pair("TxtWin9x_Loc", "S:\\I386 has no file mini.cab.")));
+  EXPECT_THAT(Details(), ElementsAre(Pair("TxtWin9x_Loc", "There is no file S:\\I386\\mini.cab.")));
 }
 
 TEST_F(PageChecksTest, NoWin9xSourceAndNoAdvancedTools_StaysInsteadOfSkipping) {
@@ -142,7 +142,7 @@ TEST_F(PageChecksTest, NoErdCommander_StaysWithAnExclamation) {
   EXPECT_EQ(NextFrom(5), 5);
   EXPECT_THAT(Messages(), ElementsAre(kNoErdC));
   EXPECT_EQ(user.messages[0].icon, MessageIcon::kExclamation);
-  EXPECT_THAT(Details(), ElementsAre(Pair("TxtERDC", "S: has no file I386\\SYSTEM32\\CONFIG\\SOFTWARE.")));
+  EXPECT_THAT(Details(), ElementsAre(Pair("TxtERDC", "There is no file S:\\I386\\SYSTEM32\\CONFIG\\SOFTWARE.")));
 }
 
 TEST_F(PageChecksTest, NoBlueCon_StaysWithAnExclamation) {
@@ -150,7 +150,7 @@ TEST_F(PageChecksTest, NoBlueCon_StaysWithAnExclamation) {
   EXPECT_EQ(NextFrom(5), 5);
   EXPECT_THAT(Messages(), ElementsAre(kNoBCon));
   EXPECT_EQ(user.messages[0].icon, MessageIcon::kExclamation);
-  EXPECT_THAT(Details(), ElementsAre(Pair("TxtBCon", "S: has no file I386\\SYSTEM32\\OOBC*.*.")));
+  EXPECT_THAT(Details(), ElementsAre(Pair("TxtBCon", "There is no file S:\\I386\\SYSTEM32\\OOBC*.*.")));
 }
 
 TEST_F(PageChecksTest, NeitherTool_GivesTwoMessagesInOrder) {
