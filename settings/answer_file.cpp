@@ -2,7 +2,6 @@
 #include "settings/answer_file.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "host/files.h"
 #include "host/ini_text.h"
@@ -32,13 +31,6 @@ std::string Narrowed(util::Notes& notes, const std::string& text, const std::str
     notes.Add(place, what + " has characters that Windows Setup cannot read; they became question marks.");
   }
   return narrowed;
-}
-
-// A template's own bytes come out as they went in. Only behind the mark of UTF-8, which Setup would take for a part of
-// the first line, they are surely not what Setup reads.
-std::string TemplateBytes(util::Notes& notes, const std::string& file, std::string bytes) {
-  if (!host::HasUtf8Mark(bytes)) return bytes;
-  return Windows1252Bytes(Narrowed(notes, host::DecodeText(bytes), file, "The template"));
 }
 
 // Outside quotes Setup takes ";" for the start of a comment, "," for a separator, "%" for that of a string's name and
@@ -86,7 +78,11 @@ bool WriteAnswerFile(util::Notes& notes, const AnswerFile& answer_file) {
               "it as plain text");
     return true;
   }
-  bytes = TemplateBytes(notes, template_file, std::move(bytes));
+  if (host::HasUtf8Mark(bytes)) {
+    notes.Add(template_file,
+              "begins with the mark of UTF-8, which Windows Setup takes for a part of its first line; "
+              "please save it as plain text");
+  }
   for (const Answer& answer : answer_file.answers) {
     const std::string value = AsSetupReadsIt(ValueOf(notes, answer_file, answer));
     bytes = host::WithIniValue(bytes, answer.section, answer.key, Windows1252Bytes(value));

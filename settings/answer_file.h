@@ -32,10 +32,9 @@ bool HasAnswers(util::Notes& notes, const std::string& key_file);
 bool DeleteAnswerFile(util::Notes& notes, const std::string& file);
 
 // Writes the file as a whole: the template's bytes as they are, with the values in Windows-1252, which is what Setup
-// reads, and CR LF behind new lines. Only a template that has the mark of UTF-8 becomes Windows-1252 itself. A
-// character that this lacks becomes "?", a value is cut at 99 characters; both are noted. A template in UTF-16 is noted
-// and gives no file. False, with a note and without a file, when template or key file cannot be read or the file cannot
-// be written.
+// reads, and CR LF behind new lines. A character that Windows-1252 lacks becomes "?", a value is cut at 99 characters;
+// both are noted, and so is a template with the mark of UTF-8. One in UTF-16 is noted and gives no file. False, with a
+// note and without a file, when template or key file cannot be read or the file cannot be written.
 bool WriteAnswerFile(util::Notes& notes, const AnswerFile& answer_file);
 
 }  // namespace discwright::settings
