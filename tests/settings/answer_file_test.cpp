@@ -246,7 +246,7 @@ TEST_F(AnswerFileTest, LineEndsOfOtherSystems_StayAndNewLinesEndInCrLf) {
 
 // What Setup takes for nothing may still be somebody's: every byte of it comes out again.
 TEST_F(AnswerFileTest, LinesThatAreNoKeys_ComeOutByteByByte) {
-  const std::string odd = std::string("\xFF\xFE no text\n\r\n \t \r\r\n= \n[", 27) + std::string(3, '\0') + "\x1A\n";
+  const std::string odd = std::string("\xFF\xFE no text\n\r\n \t \r\r\n= \n[") + std::string(3, '\0') + "\x1A\n";
   EXPECT_EQ(UnattendOfTemplate("[Data]\r\nMsDosInitiated=0\r\nUnattendedInstall=Yes\r\n"
                                "[UserData]\nFullName=J\xFCrgen\nOrgName=\nComputerName=\n"
                                "[Identification]\nJoinWorkgroup=\nJoinDomain=\n" +
