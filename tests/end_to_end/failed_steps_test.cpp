@@ -55,10 +55,10 @@ TEST_F(FailedSteps, MasteringProgramKilled_IsToldFromTheLog) {
 }
 
 TEST_F(FailedSteps, MasteringFailsWithAnOlderImageAtThePlace_ItStaysUntouchedAndIsNotTakenForANewOne) {
-  WriteFile(image, "an older image");
+  WriteFile(image, OlderImage());
   program.ReplaceProgram("mkisofs", "echo no luck today >&2\nexit 3\n");
   EXPECT_THAT(Failed(), HasSubstr("no luck today"));
-  EXPECT_EQ(ReadFile(image), "an older image");
+  EXPECT_TRUE(ReadFile(image) == OlderImage());
 }
 
 TEST_F(FailedSteps, MissingDiskProgram_IsTold) {
