@@ -166,12 +166,14 @@ int Refused(const forms::FrmDiscwright& main, Terminal& terminal) {
   return kExitPageCheck;
 }
 
-int Failed(const util::BuildResult& result, Terminal& terminal) {
+int Failed(const util::Context& context, Terminal& terminal) {
+  const util::BuildResult& result = context.result;
   if (!result.log.empty()) {
     terminal.PrintLine("The end of " + host::PathToNative(result.log) + ":");
     for (const std::string& line : result.log_tail) terminal.PrintLine("  " + line);
   }
-  terminal.PrintLine(result.why);
+  const bool was_shown = result.why == context.failure;  // in the box of the step that failed
+  if (!was_shown) terminal.PrintLine(result.why);
   return kExitFailed;
 }
 
@@ -200,7 +202,7 @@ int TellResult(util::Context& context, Terminal& terminal) {
     case util::BuildEnd::kMadeWithNotes:
       return Made(context, terminal);
     case util::BuildEnd::kFailed:
-      return Failed(context.result, terminal);
+      return Failed(context, terminal);
     case util::BuildEnd::kNone:
     case util::BuildEnd::kCancelled:
       break;

@@ -71,6 +71,15 @@ TEST_F(Cancel, CtrlCOnATerminalWhileMastering_EndsEverything) {
   ExpectCancelled(build);
 }
 
+TEST_F(Cancel, CtrlCOnATerminalWhileADiskIsMade_LetsItFinishAndIsNoFailure) {
+  fs::rename(program / "CreateDsk", program / "CreateDsk.real");
+  program.ReplaceProgram("CreateDsk", ": > begun\nsleep 0.3\nexec ./CreateDsk.real \"$@\"\n");
+  RunningProgram build(Command(), {.working_folder = program.folder()});
+  ASSERT_TRUE(WaitUntil([&] { return fs::exists(program / "begun"); }));
+  build.SendToGroup(SIGINT);
+  ExpectCancelled(build);
+}
+
 TEST_F(Cancel, OlderImageAtThePlace_StaysUntouched) {
   WriteFile(image, OlderImage());
   MasteringBeginsAndHangs();
