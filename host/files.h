@@ -42,6 +42,9 @@ std::optional<Entry> Look(std::string_view path);
 // Whether both paths lead to one folder that exists, however they are written and whatever links they go through.
 bool SameFolder(std::string_view a, std::string_view b);
 
+// The same for two files of any kind; hard links of one file are one.
+bool SameFile(std::string_view a, std::string_view b);
+
 // True when the file can be opened for reading. Folders, devices, sockets and pipes are not opened and give false.
 bool CanRead(std::string_view path);
 

@@ -92,7 +92,7 @@ void NoteWhatWillBeCut(util::Notes& notes, const std::string& file_name, std::st
 
 std::string SessionFile() { return host::ProgramFolder() + "\\vexacd.ini"; }
 
-void ReadVexaCDINI(util::Context& context, const std::string& file_name) {
+void ReadSession(util::Context& context, const std::string& file_name) {
   forms::FrmDiscwright& main = context.main();
   LoadDialogs(context.windows);
   const INIFile ini(file_name);
@@ -101,6 +101,10 @@ void ReadVexaCDINI(util::Context& context, const std::string& file_name) {
   }
   if (main.TxtSP_exe.text.get().empty()) main.ChkSlipstream.value = 0;
   main.ChkGet_Vexadisks.value = 1;  // the boot disks cannot be left out of a CD, whatever a file says
+}
+
+void ReadVexaCDINI(util::Context& context, const std::string& file_name) {
+  ReadSession(context, file_name);
   FillSetupDataToKeyFile(context.windows.win9x_info);
 }
 

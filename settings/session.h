@@ -13,7 +13,10 @@ namespace discwright::settings {
 std::string SessionFile();
 
 // Loads a session file into the controls; keys it lacks untick or empty theirs, but the boot disks stay chosen. Loads
-// both dialogs hidden and refreshes "keyfile2.txt". Values that were cut at 99 characters are noted.
+// both dialogs hidden. Values that were cut at 99 characters are noted. Writes nothing.
+void ReadSession(util::Context& context, const std::string& file_name);
+
+// The same, and refreshes "keyfile2.txt" from it.
 void ReadVexaCDINI(util::Context& context, const std::string& file_name);
 
 // Whether a file holds any of a session's choices: one in UTF-16, for one, is read as if it held none.

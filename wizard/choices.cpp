@@ -61,6 +61,8 @@ const Control* ControlOfSessionKey(Windows& windows, const std::string& name) {
   return nullptr;
 }
 
+constexpr std::size_t kShortestWords = 3;  // less than that stands in nearly every caption
+
 const Control* ControlMeantBy(Windows& windows, const std::string& name) {
   const std::vector<Control*> controls = ControlsWithChoice(windows);
   std::vector<std::string_view> names;
@@ -71,8 +73,10 @@ const Control* ControlMeantBy(Windows& windows, const std::string& name) {
                          [&](const Control* control) { return control->name() == *closest; });
   }
   if (const Control* control = ControlOfSessionKey(windows, bare)) return control;
+  const std::string words = WithoutBlanks(bare);
+  if (words.size() < kShortestWords) return nullptr;
   const auto by_caption = std::find_if(controls.begin(), controls.end(), [&](const Control* control) {
-    return WithoutBlanks(CaptionOf(*control)).find(WithoutBlanks(bare)) != std::string::npos;
+    return WithoutBlanks(CaptionOf(*control)).find(words) != std::string::npos;
   });
   return by_caption == controls.end() ? nullptr : *by_caption;
 }

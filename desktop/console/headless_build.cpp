@@ -10,7 +10,6 @@
 #include "forms/user_actions.h"
 #include "host/console.h"
 #include "host/files.h"
-#include "host/links.h"
 #include "host/native_text.h"
 #include "host/system.h"
 #include "host/text_encoding.h"
@@ -99,14 +98,24 @@ std::string ApplyOptions(util::Context& context, const Options& options) {
   return options.password_file.empty() ? "" : ApplyPassword(main, options.password_file);
 }
 
-std::optional<host::FileFacts> FactsOf(const std::string& path) {
-  return host::FactsOf(host::PathFromNative(host::PathToNative(path)));  // its names in the letter case of the disk
+// Whether both are one file, or would be: a file that is not there yet is known by its folder and its name.
+bool IsOneFile(const std::string& a, const std::string& b) {
+  if (host::SameFile(a, b)) return true;
+  std::string folder_a;
+  std::string folder_b;
+  std::string name_a;
+  std::string name_b;
+  util::SplitPath(a, folder_a, name_a);
+  util::SplitPath(b, folder_b, name_b);
+  return host::FoldCase(name_a) == host::FoldCase(name_b) && host::SameFolder(folder_a, folder_b);
 }
 
-bool IsSameFile(const std::string& a, const std::string& b) {
-  const std::optional<host::FileFacts> facts_a = FactsOf(a);
-  const std::optional<host::FileFacts> facts_b = FactsOf(b);
-  return facts_a && facts_b && facts_a->IsSameFile(*facts_b);
+std::vector<std::string> OwnFiles(const std::string& session, const Options& options) {
+  std::vector<std::string> files = {session, host::ProgramFolder() + settings::kWorkingKeyFile,
+                                    host::ProgramFolder() + settings::kBuildKeyFile};
+  const bool is_file = !options.password_file.empty() && options.password_file != "-";
+  if (is_file) files.push_back(host::PathFromNative(options.password_file));
+  return files;
 }
 
 // A file that the run reads or writes itself, or that is something else than what would replace it. What is written
@@ -114,11 +123,8 @@ bool IsSameFile(const std::string& a, const std::string& b) {
 std::string WhyNotReplaced(const std::string& path, bool holds_something_else, const std::string& session,
                            const Options& options) {
   const std::string shown = host::PathToNative(path);
-  const std::string own_files[] = {session, host::PathFromNative(options.password_file),
-                                   host::ProgramFolder() + settings::kWorkingKeyFile,
-                                   host::ProgramFolder() + settings::kBuildKeyFile};
-  for (const std::string& own : own_files) {
-    if (IsSameFile(path, own)) return shown + " is a file that this run needs: choose another name";
+  for (const std::string& own : OwnFiles(session, options)) {
+    if (IsOneFile(path, own)) return shown + " is a file that this run needs: choose another name";
   }
   if (!holds_something_else || options.force) return "";
   return shown + " holds something else, and would be lost: choose another name, or add --force to replace it";
@@ -130,10 +136,10 @@ std::string WhyNotWritten(const util::Context& context, const std::string& sessi
   std::string why = WhyNotReplaced(image, wizard::HoldsSomethingElse(destination), session, options);
   if (!why.empty() || options.save_session.empty()) return why;
   const std::string kept = host::PathFromNative(options.save_session);
-  if (IsSameFile(kept, session)) return "";  // last month's choices, with one thing changed
+  if (IsOneFile(kept, session)) return "";  // last month's choices, with one thing changed
   const bool is_other_file = host::CanRead(kept) && !settings::HoldsChoices(kept);
   why = WhyNotReplaced(kept, is_other_file, session, options);
-  return why.empty() && host::FoldCase(kept) == host::FoldCase(image)
+  return why.empty() && IsOneFile(kept, image)
              ? host::PathToNative(kept) + " is the place of the image: choose another name for the session"
              : why;
 }
@@ -162,12 +168,14 @@ int Refused(const forms::FrmDiscwright& main, Terminal& terminal) {
   return kExitPageCheck;
 }
 
-int Failed(const util::BuildResult& result, Terminal& terminal) {
+int Failed(const util::Context& context, Terminal& terminal) {
+  const util::BuildResult& result = context.result;
   if (!result.log.empty()) {
     terminal.PrintLine("The end of " + host::PathToNative(result.log) + ":");
     for (const std::string& line : result.log_tail) terminal.PrintLine("  " + line);
   }
-  terminal.PrintLine(result.why);
+  const bool was_shown = result.why == context.failure;  // in the box of the step that failed
+  if (!was_shown) terminal.PrintLine(result.why);
   return kExitFailed;
 }
 
@@ -196,7 +204,7 @@ int TellResult(util::Context& context, Terminal& terminal) {
     case util::BuildEnd::kMadeWithNotes:
       return Made(context, terminal);
     case util::BuildEnd::kFailed:
-      return Failed(context.result, terminal);
+      return Failed(context, terminal);
     case util::BuildEnd::kNone:
     case util::BuildEnd::kCancelled:
       break;
@@ -215,9 +223,7 @@ int ListControls(forms::Windows& windows, Terminal& terminal, const std::string&
 }
 
 // From the loaded choices to the image.
-int BuildWith(util::Context& context, Terminal& terminal, const Options& options, const std::string& session) {
-  const std::string problem = WhyNotWritten(context, session, options);
-  if (!problem.empty()) return UsageError(terminal, problem);
+int BuildWith(util::Context& context, Terminal& terminal, const Options& options) {
   if (!wizard::WalkToTheSummary(context)) {
     return host::InterruptCount() > 0 ? Cancelled(terminal) : Refused(context.main(), terminal);
   }
@@ -243,16 +249,20 @@ int RunBuild(util::Context& context, Terminal& terminal, const Options& options)
     }
   }
   const bool has_session = host::CanRead(session);
-  wizard::Form_Load(context, session);
+  // A build may be under way in the program folder while the controls are listed: then nothing is written there.
+  wizard::Form_Load(context, options.controls ? "" : session);
+  if (options.controls && has_session) settings::ReadSession(context, session);
   problem = ApplyOptions(context, options);
   if (!problem.empty()) return UsageError(terminal, problem);
   if (options.controls) return ListControls(context.windows, terminal, *options.controls);
+  problem = WhyNotWritten(context, session, options);
+  if (!problem.empty()) return UsageError(terminal, problem);
   std::vector<std::string> remarks = wizard::RemarksOn(context.windows, options.choices, !options.session.empty());
   for (std::string& remark : wizard::ConfirmDialogs(context, options.choices, has_session)) {
     remarks.push_back(std::move(remark));
   }
   for (const std::string& remark : remarks) terminal.PrintLine("remark: " + remark);
-  return BuildWith(context, terminal, options, session);
+  return BuildWith(context, terminal, options);
 }
 
 }  // namespace discwright::desktop

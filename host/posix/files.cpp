@@ -48,13 +48,23 @@ int RenameToFreeName(const std::string& from, const std::string& to) {
   return std::rename(from.c_str(), to.c_str());
 }
 
+// Whether both paths lead to the same thing, whose facts are then given.
+bool LeadToOne(std::string_view a, std::string_view b, struct stat& facts) {
+  struct stat second {};
+  return stat(RealPath(a).c_str(), &facts) == 0 && stat(RealPath(b).c_str(), &second) == 0 &&
+         facts.st_dev == second.st_dev && facts.st_ino == second.st_ino;
+}
+
 }  // namespace
 
 bool SameFolder(std::string_view a, std::string_view b) {
-  struct stat first {};
-  struct stat second {};
-  return stat(RealPath(a).c_str(), &first) == 0 && stat(RealPath(b).c_str(), &second) == 0 && S_ISDIR(first.st_mode) &&
-         first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+  struct stat facts {};
+  return LeadToOne(a, b, facts) && S_ISDIR(facts.st_mode);
+}
+
+bool SameFile(std::string_view a, std::string_view b) {
+  struct stat facts {};
+  return LeadToOne(a, b, facts) && !S_ISDIR(facts.st_mode);
 }
 
 bool CanRead(std::string_view path) { return OpenRegular(RealPath(path), O_RDONLY).status.ok(); }

@@ -34,13 +34,23 @@ Status MakeOneByOne(const DoorPath& path) {
   return status.ok() ? StatusOfResult(CreateDirectoryA(path.c_str(), nullptr)) : status;
 }
 
+// Whether both paths lead to the same thing, whose facts are then given.
+bool LeadToOne(std::string_view a, std::string_view b, NativeFacts& facts) {
+  NativeFacts second;
+  return FactsOfPath(DoorPath(a), Links::kFollow, facts).ok() &&
+         FactsOfPath(DoorPath(b), Links::kFollow, second).ok() && facts.IsSameFile(second);
+}
+
 }  // namespace
 
 bool SameFolder(std::string_view a, std::string_view b) {
-  NativeFacts first;
-  NativeFacts second;
-  return FactsOfPath(DoorPath(a), Links::kFollow, first).ok() &&
-         FactsOfPath(DoorPath(b), Links::kFollow, second).ok() && first.IsFolder() && first.IsSameFile(second);
+  NativeFacts facts;
+  return LeadToOne(a, b, facts) && facts.IsFolder();
+}
+
+bool SameFile(std::string_view a, std::string_view b) {
+  NativeFacts facts;
+  return LeadToOne(a, b, facts) && !facts.IsFolder();
 }
 
 bool CanRead(std::string_view path) {

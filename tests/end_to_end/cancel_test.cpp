@@ -71,14 +71,23 @@ TEST_F(Cancel, CtrlCOnATerminalWhileMastering_EndsEverything) {
   ExpectCancelled(build);
 }
 
+TEST_F(Cancel, CtrlCOnATerminalWhileADiskIsMade_LetsItFinishAndIsNoFailure) {
+  fs::rename(program / "CreateDsk", program / "CreateDsk.real");
+  program.ReplaceProgram("CreateDsk", ": > begun\nsleep 0.3\nexec ./CreateDsk.real \"$@\"\n");
+  RunningProgram build(Command(), {.working_folder = program.folder()});
+  ASSERT_TRUE(WaitUntil([&] { return fs::exists(program / "begun"); }));
+  build.SendToGroup(SIGINT);
+  ExpectCancelled(build);
+}
+
 TEST_F(Cancel, OlderImageAtThePlace_StaysUntouched) {
-  WriteFile(image, "an older image");
+  WriteFile(image, OlderImage());
   MasteringBeginsAndHangs();
   RunningProgram build(Command());
   ASSERT_TRUE(WaitUntil([&] { return HasBegun(); }));
   build.Send(SIGINT);
   EXPECT_EQ(build.Wait().exit_code, kCancelled);
-  EXPECT_EQ(ReadFile(image), "an older image");
+  EXPECT_TRUE(ReadFile(image) == OlderImage());
   EXPECT_THAT(PartsOf(image), IsEmpty());
 }
 

@@ -55,10 +55,23 @@ TEST_F(FailedSteps, MasteringProgramKilled_IsToldFromTheLog) {
 }
 
 TEST_F(FailedSteps, MasteringFailsWithAnOlderImageAtThePlace_ItStaysUntouchedAndIsNotTakenForANewOne) {
-  WriteFile(image, "an older image");
+  WriteFile(image, OlderImage());
   program.ReplaceProgram("mkisofs", "echo no luck today >&2\nexit 3\n");
-  EXPECT_THAT(Failed(), HasSubstr("no luck today"));
-  EXPECT_EQ(ReadFile(image), "an older image");
+  EXPECT_EQ(Failed(),
+            "1/5 Creating Vexa Boot Disks\n"
+            "2/5 Inserting Windows 2000/XP/2003 Setup Files: not chosen\n"
+            "3/5 Inserting Windows 9x Setup Files: not chosen\n"
+            "4/5 Adding Vexa Utilities/Advanced Tools\n"
+            "5/5 Creating Final ISO File\n"
+            "The end of " +
+                (program / "mkisofs.log").string() +
+                ":\n"
+                "  MkISOFS.EXE Log File\n"
+                "  no luck today\n"
+                "  The mastering ended with exit code 3.\n"
+                "The mastering ended with exit code 3. Do not use the file at " +
+                image.string() + ": this build did not make it, or did not finish it.\n");
+  EXPECT_TRUE(ReadFile(image) == OlderImage());
 }
 
 TEST_F(FailedSteps, MissingDiskProgram_IsTold) {
@@ -71,8 +84,9 @@ TEST_F(FailedSteps, DiskProgramFails_IsToldWithItsWords) {
   program.ReplaceProgram("CreateDsk", "echo the dog ate it >&2\nexit 1\n");
   const std::string told = Failed();
   EXPECT_THAT(told, HasSubstr("the dog ate it"));
-  EXPECT_THAT(told,
-              HasSubstr("Fatal Error: The creation the Boot image \"Vexa Rescue Software\" failed, operation halted"));
+  EXPECT_THAT(told, ::testing::EndsWith("\nFatal Error: The creation the Boot image \"Vexa Rescue Software\" failed, "
+                                        "operation halted\n"));
+  EXPECT_THAT(LinesWith(told, "operation halted"), SizeIs(1));
   EXPECT_TRUE(NoImageAt(image));
 }
 

@@ -47,11 +47,11 @@ TEST_F(FullDisk, NoRoomForTheImage_AnOlderOneStaysUntouched) {
   const SmallDisk disk(place / "disk", kMegabyte);
   if (!disk.IsMounted()) GTEST_SKIP() << disk.Reason();
   image = place / "disk" / "rescue.iso";
-  WriteFile(image, "an older image");
+  WriteFile(image, OlderImage());
   const Outcome outcome = Build();
   EXPECT_EQ(outcome.exit_code, 1) << outcome.err;
   EXPECT_THAT(outcome.err, HasSubstr("Not enough free space to complete the ISO file !!!"));
-  EXPECT_EQ(ReadFile(image), "an older image");
+  EXPECT_TRUE(ReadFile(image) == OlderImage());
   EXPECT_THAT(PartsOf(image), IsEmpty());
 }
 

@@ -53,6 +53,13 @@ std::vector<std::string> AdditionalFiles(const fs::path& folder) {
 
 std::vector<std::string> Output(const fs::path& image) { return {"--output", image.string()}; }
 
+std::vector<std::string> Join(std::vector<std::string> first, const std::vector<std::string>& second,
+                              const std::vector<std::string>& third, const std::vector<std::string>& fourth,
+                              const std::vector<std::string>& fifth) {
+  for (const auto* list : {&second, &third, &fourth, &fifth}) first.insert(first.end(), list->begin(), list->end());
+  return first;
+}
+
 std::vector<std::string> PartsOf(const fs::path& image) {
   std::vector<std::string> parts;
   for (const fs::directory_entry& entry : fs::directory_iterator(image.parent_path())) {

@@ -36,11 +36,9 @@ std::vector<std::string> AdditionalFiles(const std::filesystem::path& folder);
 std::vector<std::string> Output(const std::filesystem::path& image);
 
 // Lists of arguments one after the other.
-template <typename... Lists>
-std::vector<std::string> Join(std::vector<std::string> first, const Lists&... lists) {
-  (first.insert(first.end(), lists.begin(), lists.end()), ...);
-  return first;
-}
+std::vector<std::string> Join(std::vector<std::string> first, const std::vector<std::string>& second,
+                              const std::vector<std::string>& third = {}, const std::vector<std::string>& fourth = {},
+                              const std::vector<std::string>& fifth = {});
 
 // What stands beside an image under its name with something after it: parts of an image.
 std::vector<std::string> PartsOf(const std::filesystem::path& image);

@@ -67,6 +67,12 @@ std::string ReadFile(const fs::path& file) {
   return content;
 }
 
+std::string OlderImage(std::string_view label) {
+  std::string bytes(label);
+  bytes.resize(32769, '\0');
+  return bytes.append("CD001\x01");
+}
+
 TemporaryFolder::TemporaryFolder(std::string_view name_begin) {
   std::string name = (fs::temp_directory_path() / name_begin).string() + " XXXXXX";
   if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("the test could not make the folder " + name);

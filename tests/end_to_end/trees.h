@@ -15,6 +15,10 @@ namespace fs = std::filesystem;
 void WriteFile(const fs::path& file, std::string_view content);
 std::string ReadFile(const fs::path& file);  // "<missing>" when there is none
 
+// What the program takes for a disc image that a build may replace: the mark of ISO 9660 in sector 16, and `label` in
+// front, by which a test knows it again.
+std::string OlderImage(std::string_view label = "an older image");
+
 // A folder of its own for one test, removed at the end with all that still runs in it. Only the part of its name after
 // the last blank differs between tests.
 class TemporaryFolder {

@@ -38,6 +38,17 @@ TEST(SameFolder, OtherSpellings_AreTheSame) {
   EXPECT_FALSE(SameFolder(folder.Core("missing"), folder.Core("missing")));
 }
 
+TEST(SameFile, OtherSpellings_AreTheSame) {
+  const TempFolder folder;
+  folder.MakeFolder("Folder/Sub");
+  folder.Write("Folder/File", "content");
+  folder.Write("Folder/Other", "content");
+  EXPECT_TRUE(SameFile(folder.Core("FOLDER\\file"), folder.Core("Folder/Sub\\..\\File")));
+  EXPECT_FALSE(SameFile(folder.Core("Folder\\File"), folder.Core("Folder\\Other")));
+  EXPECT_FALSE(SameFile(folder.Core("Folder"), folder.Core("Folder")));
+  EXPECT_FALSE(SameFile(folder.Core("missing"), folder.Core("missing")));
+}
+
 TEST(MakeFolders, FileInTheWay_IsAFailure) {
   const TempFolder folder;
   folder.Write("File", "x");

@@ -342,6 +342,11 @@ bool SameFolder(std::string_view a, std::string_view b) {
   return node != nullptr && node->kind == EntryKind::kFolder && node == Following(b);
 }
 
+bool SameFile(std::string_view a, std::string_view b) {
+  const FakeHost::Node* node = Following(a);
+  return node != nullptr && node->kind != EntryKind::kFolder && node == Following(b);
+}
+
 bool CanRead(std::string_view path) {
   const FakeHost::Node* node = Following(path);
   return node != nullptr && node->kind == EntryKind::kFile && Fake().Enter("CanRead", path).ok();

@@ -25,6 +25,15 @@ TEST(SameFolder, ThroughALink_IsTheSame) {
   EXPECT_TRUE(SameFolder(folder.Core("FOLDER\\"), folder.Core("link")));
 }
 
+TEST(SameFile, ThroughALinkOrAnotherName_IsTheSame) {
+  const TempFolder folder;
+  folder.Write("File", "content");
+  folder.Link("File", "link");
+  folder.MakeHardLink("File", "second name");
+  EXPECT_TRUE(SameFile(folder.Core("FILE"), folder.Core("link")));
+  EXPECT_TRUE(SameFile(folder.Core("File"), folder.Core("second name")));
+}
+
 TEST(MakeFolders, BrokenLinkInTheWay_IsAFailure) {
   const TempFolder folder;
   folder.Link("nowhere", "link");

@@ -1,0 +1,119 @@
+// What a user is told although nothing is wrong, and what was meant by a name that does not exist.
+#include "tests/end_to_end/build_test.h"
+
+namespace discwright::testing {
+
+namespace {
+
+using ::testing::ElementsAre;
+
+class Remarks : public BuildTest {
+ protected:
+  // The lines of a build that is made whatever is remarked; --quiet leaves nothing else on standard error.
+  std::vector<std::string> RemarksOf(const std::vector<std::string>& arguments, int exit_code = 0) const {
+    const Outcome outcome = Build(Join({"--quiet"}, arguments));
+    EXPECT_EQ(outcome.exit_code, exit_code) << outcome.err;
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_TRUE(fs::exists(image));
+    return LinesWith(outcome.err, "");
+  }
+  // The sentence of a call that names no control.
+  std::string Suggestion(const std::string& control) const {
+    const Outcome outcome = Build({"--set", control + "=1"});
+    EXPECT_EQ(outcome.exit_code, 2);
+    EXPECT_TRUE(NoImageAt(image));
+    EXPECT_FALSE(fs::exists(program / "vexacd"));
+    return outcome.err;
+  }
+  static std::string Refused(const std::string& sentence) {
+    return "discwright-build: --set: " + sentence + "\nTry 'discwright-build --help'.\n";
+  }
+  fs::path Xp() const {
+    WriteFile(place / "xp" / "I386" / "SETUPLDR.BIN", "i386");
+    return place / "xp" / "I386";
+  }
+};
+
+}  // namespace
+
+TEST_F(Remarks, ChoicesInVain_AreToldAndTheImageIsMade) {
+  EXPECT_THAT(RemarksOf({"--set", "TxtUtils_Loc=/nowhere", "--set", "ChkERDC=1"}),
+              ElementsAre("remark: TxtUtils_Loc was given, but ChkVexaUtils is 0: set ChkVexaUtils=1 for it to count.",
+                          "remark: ChkERDC was given, but ChkGet_Advtools is 0: set ChkGet_Advtools=1 for it to "
+                          "count."));
+}
+
+TEST_F(Remarks, AnswersWithoutTheirSystem_AreTold) {
+  EXPECT_THAT(RemarksOf({"--set", "FrmWin9xInfo.TxtOwner=Ann"}),
+              ElementsAre("remark: FrmWin9xInfo.TxtOwner was given, but ChkGet_Win9x is 0: set ChkGet_Win9x=1 for it "
+                          "to count.",
+                          "remark: FrmWin9xInfo.TxtOwner was given, but ChkWin9xInfo_Assis and ChkWin9xInfo_MSBatch "
+                          "are 0: set one of them to 1 for it to count."));
+}
+
+TEST_F(Remarks, ToolsPasswordAndBootDisks_AreTold) {
+  EXPECT_THAT(
+      RemarksOf({"--set", "ChkGet_Advtools=1", "--set", "ChkPassProtect=1", "--set", "ChkGet_Vexadisks=0"}),
+      ElementsAre("remark: ChkGet_Vexadisks stays 1: the boot disks are part of every CD.",
+                  "remark: ChkGet_Advtools is 1, but ChkERDC and ChkBCon are 0: no tool comes to the CD.",
+                  "remark: ChkPassProtect is 1, but no password was given: the boot menu accepts an empty one."));
+}
+
+TEST_F(Remarks, HotfixesAndDomain_AreTold) {
+  const std::vector<std::string> xp = {"--set", "ChkGet_Win2k=1",      "--set", "Txt_i386_Loc=" + Xp().string(),
+                                       "--set", "ChkWin2KInfo_Assis=1"};
+  EXPECT_THAT(RemarksOf(Join(xp, {"--set", "ChkHotfix=1", "--set", "OptJoinDomain=True"})),
+              ElementsAre("remark: ChkHotfix was given, but this version integrates no hotfixes.",
+                          "remark: OptJoinDomain was given, but Setup gets the name as that of a workgroup."));
+}
+
+TEST_F(Remarks, NameThatSetupRefuses_IsTold) {
+  const std::vector<std::string> xp = {"--set", "ChkGet_Win2k=1",      "--set", "Txt_i386_Loc=" + Xp().string(),
+                                       "--set", "ChkWin2KInfo_Assis=1"};
+  EXPECT_THAT(RemarksOf(Join(xp, {"--set", "FrmWin2KInfo.TxtPCName=MY OLD PC"})),
+              ElementsAre("remark: FrmWin2KInfo.TxtPCName: the computer name 'MY OLD PC' has a blank in it"));
+}
+
+TEST_F(Remarks, AnswersOfAnEarlierBuild_AreTold) {
+  const std::vector<std::string> xp = {"--set", "ChkGet_Win2k=1",         "--set", "Txt_i386_Loc=" + Xp().string(),
+                                       "--set", "ChkWin2KInfo_Unattend=1"};
+  EXPECT_THAT(RemarksOf(Join(xp, {"--set", "FrmWin2KInfo.TxtOwner=Ann"})), IsEmpty());
+  EXPECT_THAT(RemarksOf(xp), ElementsAre("remark: The Setup of Windows 2000/XP/2003 gets the answers of an earlier "
+                                         "build, from " +
+                                         (program / "keyfile2.txt").string() + "."));
+  EXPECT_THAT(ReadFile(program / "vexacd" / "I386" / "WINNT.SIF"), HasSubstr("Ann"));
+}
+
+TEST_F(Remarks, BoxesOfASessionThatIsGiven_AreToldAndThoseOfTheProgramsOwnAreNot) {
+  const std::string session = "[Main]\r\nCleanSession = 0\r\n[AdvTools]\r\nAdd_ERDCmdr = 1\r\n";
+  WriteFile(place / "my.ini", session);
+  EXPECT_THAT(RemarksOf({"--session", (place / "my.ini").string()}),
+              ElementsAre("remark: ChkERDC was given, but ChkGet_Advtools is 0: set ChkGet_Advtools=1 for it to "
+                          "count."));
+  WriteFile(program / "vexacd.ini", session);
+  EXPECT_THAT(RemarksOf({}), IsEmpty());
+}
+
+TEST_F(Remarks, BesideWarnings_DoNotChangeTheExitCode) {
+  WriteFile(place / "tools" / ".hidden" / "a.txt", "a");
+  WriteFile(place / "tools" / "b.txt", "b");
+  const auto lines = RemarksOf(Join(Utilities(place / "tools"), {"--set", "ChkERDC=1"}), 4);
+  ASSERT_THAT(lines, SizeIs(3));
+  EXPECT_THAT(lines[0], ::testing::StartsWith("remark: ChkERDC was given"));
+  EXPECT_THAT(lines[1], ::testing::StartsWith("warning: " + (place / "tools" / ".hidden").string() + ": "));
+  EXPECT_EQ(lines[2], "The image was made, with 1 warning (see above).");
+}
+
+TEST_F(Remarks, MisspelledControl_IsToldWithTheOneThatWasMeant) {
+  EXPECT_EQ(Suggestion("ChkVexaUtil"),
+            Refused("there is no control ChkVexaUtil; did you mean ChkVexaUtils (Vexa Utilities)?"));
+  EXPECT_EQ(Suggestion("OptimizeISO"), Refused("there is no control OptimizeISO; did you mean ChkOptimizeISO (Optimize "
+                                               "the ISO file size by encoding duplicate files)?"));
+  EXPECT_EQ(Suggestion("additional files"),
+            Refused("there is no control additional files; did you mean ChkAddFiles (Additional Files)?"));
+  EXPECT_EQ(Suggestion("Rumpelstiltskin"), Refused("there is no control Rumpelstiltskin"));
+  EXPECT_EQ(Suggestion("TxtOwner"), Refused("two windows have a control TxtOwner; write FrmWin2KInfo.TxtOwner or "
+                                            "FrmWin9xInfo.TxtOwner"));
+}
+
+}  // namespace discwright::testing

@@ -1,0 +1,237 @@
+// Every end of a build, as the faces are told it.
+#include "pipeline/build_result.h"
+
+#include "tests/pipeline/pipeline_fixture.h"
+
+namespace discwright::pipeline {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using util::BuildEnd;
+using util::BuildResult;
+
+constexpr const char* kImage = "C:\\out\\Rescue.iso";
+constexpr const char* kLog = "C:\\Discwright\\mkisofs.log";
+
+class BuildResults : public discwright::testing::PipelineFixture {
+ protected:
+  BuildResults() { host.shows_slashes = true; }
+
+  // After a mastering that ended so, with an image in its place.
+  BuildResult AfterMastering(const host::ProcessEnd& end) {
+    host.AddFile(kImage, "image");
+    context.mastering_end = end;
+    return ResultOf(context);
+  }
+  // Of a failed mastering with this log.
+  std::vector<std::string> LogTailOf(const std::string& log) {
+    host.AddFile(kLog, log);
+    return AfterMastering({1, ""}).log_tail;
+  }
+  // The user cancels while the program lets things happen for the so-manieth time.
+  void CancelAtEvents(int number) {
+    user.on_do_events = [this, number] {
+      if (user.do_events_calls != number) return;
+      context.cancelled_by_user = true;
+      context.CancelApp();
+    };
+  }
+};
+
+TEST_F(BuildResults, Made_TellsImageSizeAndDigest) {
+  const BuildResult result = FinishApp(context);
+  EXPECT_EQ(result.end, BuildEnd::kMade);
+  EXPECT_EQ(result.image, kImage);
+  EXPECT_EQ(result.size, 5);
+  EXPECT_EQ(result.sha256, std::string("digest-of-") + kImage);
+  EXPECT_EQ(result.why, "");
+  EXPECT_EQ(result.log, "");
+  EXPECT_THAT(result.log_tail, IsEmpty());
+}
+
+TEST_F(BuildResults, MadeWithNotes_IsAnEndOfItsOwn) {
+  host.AddFile("D:\\tools\\good.txt", "good");
+  host.AddFile("D:\\tools\\bad.txt", "bad");
+  host.FailOn("CopyFileWithProgress", "bad.txt", host::ErrorClass::kNotReady);
+  main.ChkVexaUtils.value = 1;
+  main.TxtUtils_Loc.text = "D:\\tools";
+  const BuildResult result = FinishApp(context);
+  EXPECT_EQ(result.end, BuildEnd::kMadeWithNotes);
+  EXPECT_EQ(result.size, 5);
+  EXPECT_EQ(result.sha256, std::string("digest-of-") + kImage);
+  EXPECT_EQ(result.why, "");
+}
+
+TEST_F(BuildResults, QuotesAndBlanksAroundThePlace_AreNoPartOfIt) {
+  main.TxtISOLoc.text = std::string("  \"") + kImage + "\" ";
+  const BuildResult result = FinishApp(context);
+  EXPECT_EQ(result.end, BuildEnd::kMade);
+  EXPECT_EQ(result.image, kImage);
+  EXPECT_EQ(result.size, 5);
+}
+
+TEST_F(BuildResults, DigestNotWanted_IsNotMade) {
+  context.wants_digest = false;
+  host.FailOn("Sha256OfFile", "", host::ErrorClass::kNotReady);
+  const BuildResult result = FinishApp(context);
+  EXPECT_EQ(result.end, BuildEnd::kMade);
+  EXPECT_EQ(result.sha256, "");
+  EXPECT_EQ(result.size, 5);
+}
+
+TEST_F(BuildResults, HaltedByAStep_TellsTheTextOfItsBox) {
+  failing_profile = "vexasoftware";
+  host.AddFile(kLog, "of an earlier build\r\n");
+  const BuildResult result = FinishApp(context);
+  EXPECT_EQ(result.end, BuildEnd::kFailed);
+  EXPECT_EQ(result.image, kImage);
+  ASSERT_EQ(user.messages.size(), 1U);
+  EXPECT_EQ(result.why, user.messages[0].text);
+  EXPECT_THAT(result.why, HasSubstr("The creation the Boot image \"Vexa Rescue Software\" failed, operation halted"));
+  EXPECT_EQ(result.log, "");
+  EXPECT_THAT(result.log_tail, IsEmpty());
+  EXPECT_EQ(result.size, 0);
+  EXPECT_EQ(result.sha256, "");
+}
+
+TEST_F(BuildResults, HaltedTwice_TellsTheFirstReason) {
+  context.Halt({"the first reason", "Fatal Error"});
+  context.Halt({"what followed from it", "Fatal Error"});
+  const BuildResult result = ResultOf(context);
+  EXPECT_EQ(result.end, BuildEnd::kFailed);
+  EXPECT_EQ(result.why, "the first reason");
+  EXPECT_EQ(user.messages.size(), 2U);
+}
+
+// The cancellation that a halted build ends with is not the user's.
+TEST_F(BuildResults, HaltedAndThenCancelled_HasFailed) {
+  context.Halt({"the reason", "Fatal Error"});
+  context.cancelled_by_user = true;
+  EXPECT_EQ(ResultOf(context).end, BuildEnd::kFailed);
+}
+
+TEST_F(BuildResults, MasteringWithoutAnImage_IsToldInTheWordsOfTheFinishPage) {
+  mastering_fails = true;
+  mastering_output = {"first words\nlast words\n"};
+  const BuildResult result = FinishApp(context);
+  EXPECT_EQ(result.end, BuildEnd::kFailed);
+  EXPECT_EQ(result.why, "Operation Aborted: Couldn't access destination ISO File");
+  EXPECT_EQ(result.log, kLog);
+  EXPECT_THAT(result.log_tail, ElementsAre("MkISOFS.EXE Log File", "first words", "last words",
+                                           "The mastering ended with exit code 2."));
+  EXPECT_EQ(result.size, 0);
+}
+
+TEST_F(BuildResults, DiskThatWasFull_IsToldInTheWordsOfTheFinishPage) {
+  mastering_output = {"mkisofs: No space left on device\n"};
+  const BuildResult result = FinishApp(context);
+  EXPECT_EQ(result.end, BuildEnd::kFailed);
+  EXPECT_EQ(result.why, "Operation Aborted: Not enough free space to complete the ISO file !!!");
+}
+
+TEST_F(BuildResults, FailedMasteringWithAnOlderImageThere_WarnsOfThatFile) {
+  host.AddFile(kImage, "an older image");
+  mastering_fails = true;
+  mastering_output = {"no luck today\n"};
+  const BuildResult result = FinishApp(context);
+  EXPECT_EQ(result.end, BuildEnd::kFailed);
+  EXPECT_EQ(result.why,
+            "The mastering ended with exit code 2. Do not use the file at C:/out/Rescue.iso: this build did not make "
+            "it, or did not finish it.");
+  EXPECT_THAT(result.log_tail, ::testing::Contains("no luck today"));
+  EXPECT_EQ(result.sha256, "");
+  EXPECT_EQ(AfterMastering({0, "SIGKILL"}).why,
+            "The mastering was killed by SIGKILL. Do not use the file at C:/out/Rescue.iso: this build did not make "
+            "it, or did not finish it.");
+}
+
+TEST_F(BuildResults, ImageThatCannotBeReadBack_IsAFailure) {
+  host.FailOn("Sha256OfFile", "Rescue.iso", host::ErrorClass::kNotReady, "Input/output error");
+  const BuildResult result = FinishApp(context);
+  EXPECT_EQ(result.end, BuildEnd::kFailed);
+  EXPECT_EQ(result.why, "C:/out/Rescue.iso: the image cannot be read back: Input/output error");
+  EXPECT_EQ(result.sha256, "");
+  EXPECT_EQ(result.log, "");
+}
+
+TEST_F(BuildResults, ImageThatHasVanished_IsAFailure) {
+  for (const bool wants_digest : {false, true}) {
+    context.wants_digest = wants_digest;
+    const BuildResult result = ResultOf(context);
+    EXPECT_EQ(result.end, BuildEnd::kFailed);
+    EXPECT_EQ(result.why, std::string("C:/out/Rescue.iso: the image cannot be read back: ") +
+                              (wants_digest ? "No such file or directory" : "it has vanished"));
+  }
+}
+
+TEST_F(BuildResults, CancelledByTheUserBeforeTheEnd_IsCancelled) {
+  context.cancelled_by_user = true;
+  context.CancelApp();
+  const BuildResult result = AfterMastering({1, ""});
+  EXPECT_EQ(result.end, BuildEnd::kCancelled);
+  EXPECT_EQ(result.why, "");
+  EXPECT_EQ(result.sha256, "");
+}
+
+TEST_F(BuildResults, CancelledLast_IsCancelled) {
+  CancelAtEvents(1);
+  const BuildResult result = AfterMastering({});
+  EXPECT_EQ(result.end, BuildEnd::kCancelled);
+  EXPECT_EQ(result.sha256, "");
+}
+
+TEST_F(BuildResults, CancelledDuringTheDigest_IsCancelledAndNoFailure) {
+  CancelAtEvents(2);
+  const BuildResult result = AfterMastering({});
+  EXPECT_EQ(result.end, BuildEnd::kCancelled);
+  EXPECT_EQ(result.sha256, "");
+  EXPECT_EQ(result.why, "");
+  EXPECT_EQ(result.size, 0);
+}
+
+TEST_F(BuildResults, UserDuringTheDigest_IsLetIn) {
+  AfterMastering({});
+  EXPECT_THAT(user.waited, ElementsAre(0, 0));
+}
+
+TEST_F(BuildResults, LongLog_IsToldByItsLastTwentyLines) {
+  std::string log;
+  std::vector<std::string> expected;
+  for (int line = 1; line <= 25; ++line) {
+    log += "line " + std::to_string(line) + "\r\n";
+    if (line > 5) expected.push_back("line " + std::to_string(line));
+  }
+  EXPECT_EQ(LogTailOf(log), expected);
+}
+
+TEST_F(BuildResults, LogOfTwentyLines_IsToldWhole) {
+  std::string log;
+  for (int line = 0; line < 20; ++line) log += "line\n";
+  EXPECT_EQ(LogTailOf(log).size(), 20U);
+  EXPECT_EQ(LogTailOf("only one").size(), 1U);
+}
+
+TEST_F(BuildResults, BlankLinesAndLineEnds_AreNoLinesOfTheLog) {
+  EXPECT_THAT(LogTailOf("\r\none\r\n\r\n\n two \nthree\rfour\r\n\r\nlast"),
+              ElementsAre("one", " two ", "three\rfour", "last"));
+  EXPECT_THAT(LogTailOf(""), IsEmpty());
+}
+
+TEST_F(BuildResults, MissingLog_IsNotNamed) {
+  const BuildResult result = AfterMastering({1, ""});
+  EXPECT_EQ(result.end, BuildEnd::kFailed);
+  EXPECT_EQ(result.log, "");
+  EXPECT_THAT(result.log_tail, IsEmpty());
+  EXPECT_THAT(result.why, HasSubstr("ended with exit code 1"));
+}
+
+TEST_F(BuildResults, FailureWithNotes_StaysAFailure) {
+  notes.Add("D:\\tools", "could not be copied");
+  EXPECT_EQ(AfterMastering({1, ""}).end, BuildEnd::kFailed);
+  EXPECT_EQ(AfterMastering({}).end, BuildEnd::kMadeWithNotes);
+}
+
+}  // namespace
+}  // namespace discwright::pipeline
