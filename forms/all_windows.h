@@ -36,6 +36,9 @@ std::string ValueText(const Control& control);
 // where two stand together.
 std::string ShownText(const Captioned& control);
 
+// What names the control to the user: a field's label, or its own caption. Empty for a bar or a picture.
+std::string NamingText(const Control& control);
+
 // The letter that is pressed together with Alt, as it stands in the caption; 0 when there is none. A field has the key
 // of its label.
 char AccessKey(const Control& control);

@@ -73,6 +73,12 @@ std::string ShownText(const Captioned& control) {
   return text;
 }
 
+std::string NamingText(const Control& control) {
+  const auto* field = dynamic_cast<const TextBox*>(&control);
+  const auto* captioned = field != nullptr ? field->label : dynamic_cast<const Captioned*>(&control);
+  return captioned == nullptr ? "" : ShownText(*captioned);
+}
+
 char AccessKey(const Control& control) {
   if (const auto* field = dynamic_cast<const TextBox*>(&control)) return AccessKey(*field->label);
   if (const auto* link = dynamic_cast<const Link*>(&control)) return AccessKey(*link->label);

@@ -31,13 +31,6 @@ bool HoldsChoice(const Control& control) {
          dynamic_cast<const forms::OptionButton*>(&control) != nullptr;
 }
 
-// What names the control in the window: its own caption, or that of a field's label.
-std::string CaptionOf(const Control& control) {
-  const auto* field = dynamic_cast<const forms::TextBox*>(&control);
-  const auto* captioned = field != nullptr ? field->label : dynamic_cast<const forms::Captioned*>(&control);
-  return captioned == nullptr ? "" : util::Trim(forms::ShownText(*captioned));
-}
-
 std::vector<Control*> ControlsWithChoice(Windows& windows) {
   std::vector<Control*> controls;
   for (const forms::Form* form : windows.All()) {
@@ -76,7 +69,7 @@ const Control* ControlMeantBy(Windows& windows, const std::string& name) {
   const std::string words = WithoutBlanks(bare);
   if (words.size() < kShortestWords) return nullptr;
   const auto by_caption = std::find_if(controls.begin(), controls.end(), [&](const Control* control) {
-    return WithoutBlanks(CaptionOf(*control)).find(words) != std::string::npos;
+    return WithoutBlanks(forms::NamingText(*control)).find(words) != std::string::npos;
   });
   return by_caption == controls.end() ? nullptr : *by_caption;
 }
@@ -85,7 +78,7 @@ std::string NoSuchControl(Windows& windows, const std::string& name) {
   const std::string nothing = "there is no control " + name;
   const Control* meant = ControlMeantBy(windows, name);
   if (meant == nullptr) return nothing;
-  return nothing + "; did you mean " + NameOf(windows, *meant) + " (" + CaptionOf(*meant) + ")?";
+  return nothing + "; did you mean " + NameOf(windows, *meant) + " (" + util::Trim(forms::NamingText(*meant)) + ")?";
 }
 
 // Before the answers that are given beside it, which it would replace.

@@ -27,13 +27,6 @@ std::string KindOf(const Control& control) {
   return "label";
 }
 
-// What the control says to the user: a field's label, or its own caption.
-std::string CaptionOf(const Control& control) {
-  const auto* field = dynamic_cast<const forms::TextBox*>(&control);
-  const auto* captioned = field != nullptr ? field->label : dynamic_cast<const forms::Captioned*>(&control);
-  return captioned == nullptr ? "" : util::Trim(forms::ShownText(*captioned));
-}
-
 std::string ValueOf(const Control& control) {
   const auto* field = dynamic_cast<const forms::TextBox*>(&control);
   if (field == nullptr) return forms::ValueText(control);
@@ -77,7 +70,7 @@ std::string LineOf(forms::Windows& windows, const Control& control) {
   std::string use;
   if (takes_input) use = CanBeUsedNow(windows, control) ? "yes" : "no";
   std::string line = "  " + Padded(control.name(), kNameWidth) + Padded(KindOf(control), kKindWidth) +
-                     Padded(use, kUseWidth) + CaptionOf(control);
+                     Padded(use, kUseWidth) + util::Trim(forms::NamingText(control));
   if (HasValue(control)) line += " = " + ValueOf(control);
   const char key = takes_input ? forms::AccessKey(control) : '\0';
   if (key != 0) line += std::string("  [Alt+") + static_cast<char>(key & ~0x20) + "]";

@@ -270,6 +270,13 @@ TEST(ShownText, MarkedKeyAndAmpersandOfTheText_AreToldApart) {
   EXPECT_EQ(ShownText(main.LblSub_Step), "Adding O&O BlueCon XXL Files");
 }
 
+TEST(NamingText, Field_IsNamedByItsLabelAndOthersByThemselves) {
+  FrmDiscwright main;
+  EXPECT_EQ(NamingText(main.TxtPass2), "Confirm Password");
+  EXPECT_EQ(NamingText(main.CmdNext), "Next >");
+  EXPECT_EQ(NamingText(main.BarSub_Step), "");
+}
+
 TEST(AccessKey, FieldAndLink_HaveThatOfTheirLabel) {
   FrmDiscwright main;
   EXPECT_EQ(AccessKey(main.CmdBack), 'B');
