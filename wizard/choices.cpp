@@ -59,6 +59,7 @@ constexpr std::size_t kShortestWords = 3;  // less than that stands in nearly ev
 const Control* ControlMeantBy(Windows& windows, const std::string& name) {
   const std::vector<Control*> controls = ControlsWithChoice(windows);
   std::vector<std::string_view> names;
+  names.reserve(controls.size());
   for (const Control* control : controls) names.push_back(control->name());
   const std::string bare = name.substr(name.find('.') + 1);  // npos + 1 is the start
   if (const std::optional<std::string_view> closest = util::Closest(bare, names)) {
@@ -75,7 +76,7 @@ const Control* ControlMeantBy(Windows& windows, const std::string& name) {
 }
 
 std::string NoSuchControl(Windows& windows, const std::string& name) {
-  const std::string nothing = "there is no control " + name;
+  std::string nothing = "there is no control " + name;
   const Control* meant = ControlMeantBy(windows, name);
   if (meant == nullptr) return nothing;
   return nothing + "; did you mean " + NameOf(windows, *meant) + " (" + util::Trim(forms::NamingText(*meant)) + ")?";

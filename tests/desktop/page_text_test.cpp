@@ -111,6 +111,11 @@ TEST_F(PageTexts, AccessKeyInTheCaption_IsShownBesideItAndNotInIt) {
   EXPECT_THAT(text, HasSubstr("  < Back  [Alt+B]\n"));
 }
 
+TEST_F(PageTexts, ControlWithNothingToShow_EndsItsLineWithItsKind) {
+  EXPECT_THAT(PageText(windows, "10"), HasSubstr("\n  LblRight1              label\n"));
+  EXPECT_THAT(PageText(windows, "10"), ::testing::EndsWith("\n  BarSub_Step            bar\n"));
+}
+
 TEST_F(PageTexts, UnknownPage_IsEmpty) {
   for (const char* page : {"11", "-1", "05", "x", "FrmDiscwright", "Below every page", " 5"}) {
     EXPECT_EQ(PageText(windows, page), "") << page;

@@ -67,12 +67,12 @@ TEST_F(Terminals, StepThatRuns_StandsBeforeWhatItDoes) {
 TEST_F(Terminals, RangeOfTheBar_IsShownInPercent) {
   Terminal& terminal = Open(Kind::kLive);
   ShowProgress("large.bin", 0);
-  main.BarSub_Step.min = 1000;
-  main.BarSub_Step.max = 1000 + std::int64_t{8'000'000'000};
-  main.BarSub_Step.value = 1000 + std::int64_t{2'000'000'000};
+  main.BarSub_Step.min = 4'000'000'000;
+  main.BarSub_Step.max = 12'000'000'000;
+  main.BarSub_Step.value = 6'000'000'000;
   terminal.Update(Terminal::Pace::kAtOnce);
   EXPECT_EQ(console.TakeError(), Drawn("25%  large.bin"));
-  main.BarSub_Step.max = 1000;
+  main.BarSub_Step.max = 4'000'000'000;
   terminal.Update(Terminal::Pace::kAtOnce);
   EXPECT_EQ(console.TakeError(), Drawn("large.bin")) << "a bar without a range has no percentage";
 }
