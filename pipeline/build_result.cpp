@@ -83,7 +83,9 @@ util::BuildResult ResultOf(util::Context& context) {
   const forms::FrmDiscwright& main = context.main();
   util::BuildResult result;
   result.image = util::NamedFile(main.TxtISOLoc.text.get());
-  if (!context.failure.empty()) return Failed(result, context.failure);
+  // A step that fails after the user has cancelled has failed of that.
+  const bool has_failed = !context.failure.empty() && !context.cancelled_by_user;
+  if (has_failed) return Failed(result, context.failure);
   if (main.CancelCopy) {
     result.end = util::BuildEnd::kCancelled;
     return result;

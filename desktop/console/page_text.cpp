@@ -30,7 +30,6 @@ std::string KindOf(const Control& control) {
 std::string ValueOf(const Control& control) {
   const auto* field = dynamic_cast<const forms::TextBox*>(&control);
   if (field == nullptr) return forms::ValueText(control);
-  if (field->multi_line) return "(a text of its own)";
   if (field->password) return field->text.get().empty() ? "\"\"" : "(hidden)";
   const std::string& text = field->text;
   const bool is_path = !text.empty() && util::IsPathSeparator(text.front());

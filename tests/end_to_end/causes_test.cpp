@@ -56,7 +56,8 @@ TEST_F(Causes, SourceOfWindows2000) {
   const std::string page = "Add Windows 2000/XP/2003 Setup (1)";
   ExpectFolderRefused(boxes, "Txt_i386_Loc", message, page);
   ExpectRefused(boxes, "Txt_i386_Loc", At("empty"), message, At("empty") + " is empty.", page);
-  ExpectRefused(boxes, "Txt_i386_Loc", At("other"), message, At("other") + " has no file setupldr.bin.", page);
+  ExpectRefused(boxes, "Txt_i386_Loc", At("other"), message, "There is no file " + At("other/setupldr.bin") + ".",
+                page);
   ExpectRefused(boxes, "Txt_i386_Loc", At("xp cd"), message,
                 At("xp cd") + " is the root of the CD: did you mean " + At("xp cd/I386") + "?", page);
 }

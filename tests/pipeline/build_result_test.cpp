@@ -106,10 +106,11 @@ TEST_F(BuildResults, HaltedTwice_TellsTheFirstReason) {
 }
 
 // The cancellation that a halted build ends with is not the user's.
-TEST_F(BuildResults, HaltedAndThenCancelled_HasFailed) {
-  context.Halt({"the reason", "Fatal Error"});
+// The other way round it is the wizard that does not take it for the user's: see CmdCancel_Click.
+TEST_F(BuildResults, CancelledAndThenHalted_IsCancelled) {
   context.cancelled_by_user = true;
-  EXPECT_EQ(ResultOf(context).end, BuildEnd::kFailed);
+  context.Halt({"the reason", "Fatal Error"});
+  EXPECT_EQ(ResultOf(context).end, BuildEnd::kCancelled);
 }
 
 TEST_F(BuildResults, MasteringWithoutAnImage_IsToldInTheWordsOfTheFinishPage) {
