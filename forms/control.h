@@ -81,7 +81,7 @@ class Control {
   friend class ControlArray;
 
  private:
-  // What follows from a new value before anybody is told of it.
+  // Called before the listeners are told, for what a new value changes in other controls.
   virtual void Changed(Facet, By) {}
 
   std::string name_;

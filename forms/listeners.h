@@ -10,23 +10,23 @@ namespace discwright::forms {
 
 class Control;
 
-// What of a control is new.
+// Which property of a control has changed.
 enum class Facet {
   kText,      // the caption, or the text of a field
   kValue,     // of a check box, an option button or a bar; of a form: the mouse pointer
-  kVisible,   //
-  kEnabled,   //
+  kVisible,   // shown or hidden
+  kEnabled,   // can be used or not
   kRange,     // of a bar
   kEmphasis,  // bold, colour
-  kRepaint,   // nothing is new, but what has changed before is to be drawn at once
+  kRepaint,   // none; the control asks that earlier changes are drawn at once
 };
 
-// A face that has told the program of the user's doing need not show it again: it stands in its widget already.
+// Who made the change. A face ignores notices of what its own user did, because its widget shows that already.
 enum class By { kProgram, kUser };
 
 using Listener = std::function<void(Control& control, Facet facet, By by)>;
 
-// A listener is told until its Subscription ends. Movable; it may outlive the form.
+// A listener hears of changes until its Subscription ends. A Subscription can be moved, and it may outlive the form.
 class Subscription {
  public:
   struct Entry;
@@ -55,7 +55,8 @@ class Listeners {
 
   // `only` is the one control that the listener hears; null: all of them.
   [[nodiscard]] Subscription Add(const Control* only, Listener listener);
-  // Tells those that listened when the change was made; who begins to listen meanwhile hears of the next one.
+  // Tells every listener that was there when the change was made. One that begins to listen meanwhile hears of the next
+  // change.
   void Tell(Control& control, Facet facet, By by);
   std::size_t count() const;
 

@@ -21,7 +21,8 @@ bool Choose(OptionButton& option);
 bool Type(TextBox& field, std::string_view text);  // the whole new text; not into a field that is read only
 bool Follow(Link& link);
 
-// The cross of a window, or the system's request. What the program does then is its own affair: the form may stay.
+// For the cross of a window, and for the system's request to close it. The program decides what happens then: the form
+// may stay open.
 void AskToClose(Form& form);
 
 }  // namespace discwright::forms

@@ -14,7 +14,7 @@ namespace discwright::integration {
 void IdentifyWinVer(forms::FrmDiscwright& main, std::string_view Source, std::int16_t& BuildNum, std::int16_t& MajorVer,
                     std::int16_t& MinorVer);
 
-// The same for who does not need the numbers.
+// The same, for callers that do not need the numbers.
 void ShowWinVer(forms::FrmDiscwright& main, const std::string& Source);
 
 }  // namespace discwright::integration

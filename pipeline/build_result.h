@@ -5,8 +5,8 @@
 
 namespace discwright::pipeline {
 
-// Looks at the image, the notes and the log of the mastering; reads the image for its digest when the context wants
-// that, and lets the user in meanwhile.
+// Looks at the image, the notes and the log of the mastering. Reads the whole image for its digest when the context
+// wants that, with DoEvents between the pieces.
 util::BuildResult ResultOf(util::Context& context);
 
 }  // namespace discwright::pipeline

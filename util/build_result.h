@@ -1,4 +1,4 @@
-// What came of a build: every face words this, and looks at no label to find it out.
+// What came of a build. Every face turns this into words; no face reads the labels to find it out.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +19,7 @@ struct BuildResult {
   BuildEnd end = BuildEnd::kNone;
   std::string image;                  // the path of the image that was made, or was to be made, without quotes
   std::int64_t size = 0;              // of the image that was made, in bytes
-  std::string sha256;                 // its digest, in lower-case hexadecimal; empty when nobody wanted to wait for it
+  std::string sha256;                 // its digest, in lower-case hexadecimal; empty when it was not asked for
   std::string why;                    // of a failure: sentences for the user
   std::string log;                    // of a failed mastering: the path of its log
   std::vector<std::string> log_tail;  // and the last lines of it, as UTF-8

@@ -1,5 +1,5 @@
 // Why a page refuses a location, and what the user can do about it. Each gives one sentence that names the location as
-// the system spells it. They look closer than the check that has refused it; none asks anybody or changes anything.
+// the system spells it. They are called after a check has refused the location, look closer, and change nothing.
 #pragma once
 
 #include <string>

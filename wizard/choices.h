@@ -14,11 +14,12 @@ struct Choice {
   std::string value;    // see forms::Assign
 };
 
-// The name by which a control is found: with its window's where the main window has it not.
+// The name by which a script finds a control. It begins with the window's name where the bare name would find another
+// control, or two.
 std::string NameOf(forms::Windows& windows, const forms::Control& control);
 
-// The one control that is meant by a name; null, with a sentence in `error`, when there is none or more than one. The
-// sentence names the control that may have been meant, by its spelling, its caption or the key of a session file.
+// The one control of that name. Null, with a sentence in `error`, when there is none or more than one. The sentence
+// suggests a control of a similar name, or one with this caption or this key of a session file.
 forms::Control* ControlNamed(forms::Windows& windows, const std::string& name, std::string& error);
 
 // Makes the choices in their order. A script that is chosen for the answers of Windows 2000/XP fills the dialog first,
@@ -30,9 +31,9 @@ std::string Choose(util::Context& context, std::span<const Choice> choices);
 // sentence says so. Call it after Choose.
 std::vector<std::string> ConfirmDialogs(util::Context& context, std::span<const Choice> choices, bool has_session);
 
-// What a user should know of the choices although nothing is wrong with them, one sentence each: what has no effect and
-// why, and names that Windows Setup will refuse. `session_is_own`: the session was written for this run, so what its
-// boxes choose in vain is told, too.
+// What a user should know of the choices although none of them is refused, one sentence each: which have no effect and
+// why, and which names Windows Setup will refuse. `session_is_own`: the session was given on the command line, so its
+// check boxes are looked at, too.
 std::vector<std::string> RemarksOn(forms::Windows& windows, std::span<const Choice> choices, bool session_is_own);
 
 // Presses Next until the summary; false when a page keeps the wizard.

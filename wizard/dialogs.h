@@ -5,11 +5,12 @@
 
 namespace discwright::wizard {
 
-// Binds the buttons that open the dialogs, and those in them. A dialog opens with what it was left with in this run.
+// Binds the buttons that open the dialogs, and those in them. A dialog opens with the texts that it had when it was
+// closed.
 void BindDialogs(util::Context& context);
 
-// Shows a dialog over its owner, which is disabled meanwhile, and returns when the dialog is closed. It is closed, too,
-// when its owner is.
+// Shows a dialog over its owner, which is disabled meanwhile, and returns when the dialog is closed. Closing the owner
+// closes the dialog, too.
 void RunDialog(forms::Form& dialog, forms::Form& owner, host::UserInterface& user);
 
 }  // namespace discwright::wizard

@@ -29,7 +29,7 @@ class clsHTMLHelp {
   host::UserInterface& user_;
 };
 
-// The window by which the viewer is known to be open.
+// The viewer is open when there is a window of this class and title.
 inline constexpr const char* kHelpViewerClass = "HH Parent";
 inline constexpr const char* kHelpViewerTitle = "The Vexa Rescue CD Help";
 

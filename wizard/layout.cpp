@@ -85,6 +85,7 @@ Layout LayoutOfButtons(forms::Windows& windows) { return LayoutOf(windows.main, 
 
 std::vector<Layout> AllLayouts(forms::Windows& windows) {
   std::vector<Layout> layouts;
+  layouts.reserve(forms::kPageCount + 3);
   for (int page = 0; page < static_cast<int>(forms::kPageCount); ++page) layouts.push_back(LayoutOfPage(windows, page));
   layouts.push_back(LayoutOfButtons(windows));
   layouts.push_back(LayoutOfDialog(windows.win2k_info));

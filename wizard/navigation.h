@@ -7,12 +7,12 @@
 
 namespace discwright::wizard {
 
-// Puts the wizard together: binds the five buttons to the handlers below, the choosers, the dialogs, the context's
-// ShowHelp, and keeps the rules of the boxes until what is returned ends.
+// Puts the wizard together: binds the five buttons to the handlers below, binds the choosers, the dialogs and the
+// context's ShowHelp, and applies the rules of the boxes. The rules hold as long as the returned subscription lives.
 [[nodiscard]] forms::Subscription Bind(util::Context& context);
 
-// Loads `session_file` when there is such a file (the program's own session file for the window). Without one, and
-// where there is no drive C:, the locations that the design proposes there are replaced.
+// Loads `session_file` when there is such a file (the program's own session file for the window). Without a session,
+// the locations that the design proposes on drive C: are replaced where there is no such drive.
 void Form_Load(util::Context& context, const std::string& session_file);
 
 void CmdNext_Click(util::Context& context);

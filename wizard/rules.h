@@ -1,4 +1,4 @@
-// Which boxes let which fields be used, as a table. The rules follow the values, whoever sets them.
+// Which check boxes enable which fields, as a table. The rules follow the values, whoever sets them.
 #pragma once
 
 #include <string>
@@ -11,8 +11,8 @@ namespace discwright::wizard {
 // Applies all rules now and again whenever a box changes, until the subscription ends.
 [[nodiscard]] forms::Subscription KeepRules(forms::Windows& windows);
 
-// The boxes that have to be checked before a choice counts: each entry is a list of which one is enough. Empty when
-// nothing is missing. A dialog's answers count while the button that opens it can be used.
+// The boxes that have to be checked before a choice counts. Each entry is a list of boxes of which one is enough. Empty
+// when nothing is missing. A dialog's answers count while the button that opens it can be used.
 std::vector<std::vector<const forms::CheckBox*>> MissingFor(forms::Windows& windows, const forms::Control& control);
 
 }  // namespace discwright::wizard
