@@ -1,12 +1,9 @@
 // --controls: lists what can be chosen, touches nothing, and disturbs nobody.
-#include <sys/mount.h>
-
 #include <algorithm>
 #include <set>
 
 #include "forms/all_windows.h"
 #include "tests/end_to_end/build_test.h"
-#include "tests/end_to_end/small_disk.h"
 
 namespace discwright::testing {
 
@@ -118,18 +115,6 @@ TEST_F(Controls, Password_IsNeverShown) {
   EXPECT_THAT(all, Not(HasSubstr("top-secret")));
   EXPECT_THAT(LineOf(all, "TxtPass1"), HasSubstr("Password = (hidden)"));
   EXPECT_THAT(LineOf(all, "ChkPassProtect"), HasSubstr(" = 1"));
-}
-
-TEST_F(Controls, ReadOnlyProgramFolder_IsListedAllTheSame) {
-  const SmallDisk disk(place / "disk", 64 * 1024 * 1024);
-  if (!disk.IsMounted()) GTEST_SKIP() << disk.Reason();
-  const ProgramCopy on_disk(place / "disk" / "program");
-  WriteFile(on_disk / "vexacd.ini", "[Main]\r\nOptimizeISO = 1\r\n");
-  ASSERT_TRUE(disk.MakeReadOnly());
-  const Outcome outcome = on_disk.Build({"--controls"});
-  EXPECT_EQ(outcome.exit_code, 0);
-  EXPECT_EQ(outcome.err, "");
-  EXPECT_THAT(outcome.out, StartsWith("Page 0: "));
 }
 
 TEST_F(Controls, WhileABuildIsUnderWay_AreListedAndDisturbNothing) {

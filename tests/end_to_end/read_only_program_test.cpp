@@ -51,4 +51,14 @@ TEST_F(ReadOnlyProgram, NothingIsBuiltAndTheWayOutIsTold) {
   EXPECT_TRUE(NoImageAt(image));
 }
 
+TEST_F(ReadOnlyProgram, ControlsAreListedAllTheSame) {
+  WriteFile(program / "vexacd.ini", "[Main]\r\nOptimizeISO = 1\r\n");
+  const ReadOnly read_only(program.folder());
+  if (read_only.error() != 0) GTEST_SKIP() << "this machine mounts nothing: " << std::strerror(read_only.error());
+  const Outcome outcome = program.Build({"--controls"});
+  EXPECT_EQ(outcome.exit_code, 0);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_THAT(outcome.out, ::testing::StartsWith("Page 0: "));
+}
+
 }  // namespace discwright::testing
