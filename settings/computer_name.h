@@ -1,4 +1,4 @@
-// Which names of computers and workgroups Windows Setup refuses, so that nobody learns it halfway through Setup.
+// Which names of computers and workgroups Windows Setup refuses, so that the user learns it before the CD is made.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// A strict reading of a session file that somebody wrote by hand: says what the reader would silently pass over.
+// A strict reading of a session file that was written by hand: it tells every line that the reader would pass over.
 #pragma once
 
 #include <cstddef>

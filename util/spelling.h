@@ -1,4 +1,4 @@
-// Finds the name that somebody meant who misspelled it.
+// Suggests the right name for a misspelled one.
 #pragma once
 
 #include <optional>

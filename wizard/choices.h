@@ -1,4 +1,4 @@
-// Choices made by the names of controls, and what the wizard does when nobody sits in front of it.
+// Choices made by the names of controls, and the wizard walked through without a user.
 #pragma once
 
 #include <span>
@@ -26,9 +26,9 @@ forms::Control* ControlNamed(forms::Windows& windows, const std::string& name, s
 // as its Browse button does. Returns what is wrong, as a sentence; the empty string when nothing is.
 std::string Choose(util::Context& context, std::span<const Choice> choices);
 
-// Presses OK in the dialogs: in one that was given answers, and in one whose answers the CD is to hold, because nobody
-// else confirms what a session brought. Where nothing new has come, the answers of an earlier build stay, and a
-// sentence says so. Call it after Choose.
+// Presses OK in a dialog that was given answers, and in one whose answers the CD is to hold: without a user in front of
+// the window, the answers of a session would not be confirmed otherwise. Where nothing new has come, the answers of an
+// earlier build stay, and a sentence says so. Call it after Choose.
 std::vector<std::string> ConfirmDialogs(util::Context& context, std::span<const Choice> choices, bool has_session);
 
 // What a user should know of the choices although none of them is refused, one sentence each: which have no effect and
