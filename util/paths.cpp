@@ -78,6 +78,11 @@ std::string ParentOf(std::string path) {
   return parent;
 }
 
+std::string AsTyped(const std::string& path) {
+  std::string native = host::PathToNative(path);
+  return native.find('\\') == std::string::npos ? native : path;
+}
+
 bool FolderExists(std::string_view path) {
   if (Trimmed(path).empty()) return false;
   std::string folder(path);

@@ -36,6 +36,10 @@ void SplitPath(std::string_view full_path, std::string& folder, std::string& fil
 // The folder in which a file or folder stands, without a separator at its end; a drive, or a name alone, is its own.
 std::string ParentOf(std::string path);
 
+// A path as the user would type it into a field: in the system's spelling, except where that would be read as another
+// path, because a name in it holds a backslash.
+std::string AsTyped(const std::string& path);
+
 bool FolderExists(std::string_view path);  // empty or blank: false, without touching the disk
 
 // Whether the NamedFile can be opened. With a "*" in it: whether anything matches. A folder without a wildcard gives

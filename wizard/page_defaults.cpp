@@ -44,10 +44,7 @@ void FillStartDefaults(FrmDiscwright& main) {
   std::string home = host::HomeFolder();
   if (home.empty()) return;
   util::AddBackslash(home);
-  const std::string image = home + "vexacd.iso";
-  const std::string native = host::PathToNative(image);
-  // As the user would write it, except where a backslash of a name would be read as a separator.
-  main.TxtISOLoc.text = native.find('\\') == std::string::npos ? native : image;
+  main.TxtISOLoc.text = util::AsTyped(home + "vexacd.iso");
   main.TxtSP_exe.text = "";
 }
 

@@ -94,7 +94,7 @@ std::string ApplyOptions(util::Context& context, const Options& options) {
   }
   const std::string error = wizard::Choose(context, options.choices);
   if (!error.empty()) return "--set: " + error;
-  if (!options.output.empty()) main.TxtISOLoc.text = host::PathFromNative(options.output);
+  if (!options.output.empty()) main.TxtISOLoc.text = util::AsTyped(host::PathFromNative(options.output));
   return options.password_file.empty() ? "" : ApplyPassword(main, options.password_file);
 }
 

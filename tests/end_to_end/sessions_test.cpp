@@ -89,7 +89,7 @@ TEST_F(Sessions, KeptChoicesWithOneThingChanged_MakeTheSameImageButForThat) {
 TEST_F(Sessions, KeptChoices_HoldTheImagesPlaceAndPassTheStrictReading) {
   MakeTools("tools");
   ASSERT_EQ(Build(Join(Keep(kept), Utilities(place / "tools"))).exit_code, 0);
-  EXPECT_THAT(ReadFile(kept), HasSubstr("ISOLocation    = "));
+  EXPECT_THAT(ReadFile(kept), HasSubstr("ISOLocation    = " + image.string() + "\r\n"));
   fs::remove(image);
   const Outcome again = program.Build({"--session", kept.string()});
   EXPECT_EQ(again.exit_code, 0) << again.err;

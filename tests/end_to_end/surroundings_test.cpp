@@ -30,6 +30,14 @@ TEST_F(SurroundingsOfABuild, NoOptionAtAll_MakesACdInTheHomeFolder) {
   EXPECT_EQ(again.exit_code, 0) << again.err;
 }
 
+TEST_F(SurroundingsOfABuild, HomeFolderWithABackslashInItsName_GetsTheImage) {
+  const fs::path home = place / "back\\slash";
+  fs::create_directories(home);
+  const Outcome outcome = program.Build({}, {.environment = {{"HOME", home.string()}}});
+  EXPECT_EQ(outcome.exit_code, 0) << outcome.err;
+  EXPECT_TRUE(fs::exists(home / "vexacd.iso"));
+}
+
 TEST_F(SurroundingsOfABuild, HomeFolderThatIsMissing_IsToldAndNotMade) {
   const Outcome outcome = program.Build({}, {.environment = {{"HOME", (place / "missing").string()}}});
   EXPECT_EQ(outcome.exit_code, 3);

@@ -88,6 +88,12 @@ TEST_F(Paths, ParentOf_IsTheFolderAroundOrTheDriveItself) {
   EXPECT_EQ(ParentOf(""), "");
 }
 
+TEST_F(Paths, AsTyped_IsTheSystemsSpellingUnlessABackslashOfANameWouldBeMisread) {
+  EXPECT_EQ(AsTyped("C:\\cd.iso"), "C:\\cd.iso");
+  host.shows_slashes = true;
+  EXPECT_EQ(AsTyped("\\home\\ann\\cd.iso"), "/home/ann/cd.iso");
+}
+
 TEST_F(SplitPathTest, ForwardSlashLast_CountsAsSeparator) {
   std::string folder;
   std::string file;
