@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iomanip>
@@ -48,22 +47,11 @@ std::string WithoutCarriageReturns(std::string text) {
   return text;
 }
 
-// As the window shows it: an ampersand is doubled in the record, blanks and the colon are decoration.
-std::string Shown(std::string caption) {
-  if (const std::size_t ampersand = caption.find("&&"); ampersand != std::string::npos) caption.erase(ampersand, 1);
-  caption = util::Trim(caption);
+// What names the control in the window, without the blanks and the colon around it.
+std::string CaptionOf(const forms::Control& control) {
+  std::string caption = util::Trim(forms::NamingText(control));
   if (caption.ends_with(':')) caption.pop_back();
   return util::Trim(caption);
-}
-
-// A text box has none of its own: that of the label or the first option button before it.
-std::string CaptionOf(const forms::Control& control) {
-  if (const auto* captioned = dynamic_cast<const forms::Captioned*>(&control)) return Shown(captioned->caption);
-  const std::vector<forms::Control*>& all = control.form().controls();
-  auto place = std::find(all.begin(), all.end(), &control);
-  while (dynamic_cast<const forms::Captioned*>(*place) == nullptr) --place;
-  while (place != all.begin() && dynamic_cast<const forms::OptionButton*>(*(place - 1)) != nullptr) --place;
-  return Shown(dynamic_cast<const forms::Captioned&>(**place).caption);
 }
 
 const forms::Control& ControlOf(forms::Windows& windows, const SessionLine& line) {
