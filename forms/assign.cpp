@@ -20,7 +20,7 @@ std::string AssignOption(OptionButton& option, std::string_view value) {
     option.value.Set(true, By::kUser);
     return "";
   }
-  // Not this one means the other one: of two options one is always chosen.
+  // One option of a pair is always chosen: clearing one chooses the other.
   for (Control* control : option.form().controls()) {
     auto* other = dynamic_cast<OptionButton*>(control);
     if (other != nullptr && other != &option && other->container() == option.container()) {

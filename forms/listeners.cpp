@@ -1,5 +1,5 @@
 // The list of listeners. An entry that has ended is only marked while a change is being told, and swept out after it:
-// the function that is running must not be destroyed under its own feet.
+// a listener may end itself, and its function must not be destroyed while it runs.
 #include "forms/listeners.h"
 
 #include <algorithm>

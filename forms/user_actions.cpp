@@ -1,4 +1,4 @@
-// The user's hand on the records.
+// Carries out what a user does to a control, if the control can be used.
 #include "forms/user_actions.h"
 
 #include <functional>

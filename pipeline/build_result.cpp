@@ -83,7 +83,7 @@ util::BuildResult ResultOf(util::Context& context) {
   const forms::FrmDiscwright& main = context.main();
   util::BuildResult result;
   result.image = util::NamedFile(main.TxtISOLoc.text.get());
-  // A step that fails after the user has cancelled has failed of that.
+  // A step may fail because the user has cancelled. Then the build was cancelled, and has not failed.
   const bool has_failed = !context.failure.empty() && !context.cancelled_by_user;
   if (has_failed) return Failed(result, context.failure);
   if (main.CancelCopy) {

@@ -82,7 +82,7 @@ class Check {
     }
   }
 
-  // Of a section that means nothing the keys mean nothing either; that was said once.
+  // The keys of an unknown section are not reported one by one: the section was.
   void TakeKey(std::string_view name, std::string_view value) {
     if (place_ == Place::kUnknownSection) return;
     if (place_ == Place::kBeforeAnySection) {

@@ -14,9 +14,9 @@ struct SessionProblem {
   std::string Sentence() const;  // "line 7: ", if there is a line, and the cause
 };
 
-// Everything in the file that no reader takes, in the order of its lines: sections, keys and lines that mean nothing,
-// keys and sections that stand there again (the first counts), values that are not what their key takes. Keys that are
-// missing are no problem. A file that cannot be read, or is in UTF-16, has one problem.
+// The problems of a session file in the order of its lines: unknown sections and keys, lines that are neither, sections
+// and keys that stand there a second time (the reader takes the first), values that their key does not take. A missing
+// key is no problem. A file that cannot be read, or is in UTF-16, has one problem.
 std::vector<SessionProblem> CheckSession(const std::string& file_name);
 
 }  // namespace discwright::settings

@@ -21,7 +21,7 @@ bool AreTooFarApart(std::string_view a, std::string_view b, std::size_t most) {
   return std::max(a.size(), b.size()) - std::min(a.size(), b.size()) > most;
 }
 
-// Three rows of the table of distances between all starts of `a` and of `b` are enough.
+// The table of distances has a row for each start of `a`. Only the last three rows are kept, no other is looked at.
 std::size_t Distance(std::string_view a, std::string_view b) {
   std::vector<std::size_t> before_last;
   std::vector<std::size_t> last(b.size() + 1);

@@ -23,7 +23,7 @@ std::string WhyNothingThere(const std::string& text, const std::string& wanted) 
   return host::PathToNative(text) + " does not exist.";
 }
 
-// Empty when it is a folder with something in it.
+// Why the text names no folder with something in it; the empty string when it names one.
 std::string WhyNotUsable(const std::string& text) {
   const std::optional<host::Entry> entry = host::Look(text);
   if (!entry) return WhyNothingThere(text, "a folder");

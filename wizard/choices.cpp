@@ -82,7 +82,7 @@ std::string NoSuchControl(Windows& windows, const std::string& name) {
   return nothing + "; did you mean " + NameOf(windows, *meant) + " (" + util::Trim(forms::NamingText(*meant)) + ")?";
 }
 
-// Before the answers that are given beside it, which it would replace.
+// The script comes before the answers that are given beside it, because it would replace them.
 void FillFromChosenScript(Windows& windows, std::span<const Choice> choices) {
   for (const Choice& choice : choices) {
     const std::vector<Control*> found = forms::FindControls(windows, choice.control);
@@ -91,7 +91,7 @@ void FillFromChosenScript(Windows& windows, std::span<const Choice> choices) {
   }
 }
 
-// One of the two dialogs as ConfirmDialogs and the remarks look at it.
+// One of the two dialogs, with what ConfirmDialogs and the remarks need to know of it.
 struct Answers {
   forms::Form& dialog;
   bool wanted;  // by the CD
@@ -125,7 +125,7 @@ bool WasGiven(Windows& windows, std::span<const Choice> choices, const forms::Fo
   });
 }
 
-// A choice that says no has no effect to miss.
+// Whether the control says yes to something. A choice that says no cannot be made in vain.
 bool ChoosesSomething(const Control& control) {
   const std::string value = forms::ValueText(control);
   return !value.empty() && value != "0" && value != "False";
@@ -150,7 +150,7 @@ void AddInVain(std::vector<std::string>& remarks, Windows& windows, const Contro
   }
 }
 
-// What is chosen with nothing behind it.
+// Adds the remarks on choices that need a second choice, which is missing.
 void AddEmptyChoices(std::vector<std::string>& remarks, const forms::FrmDiscwright& main) {
   if (main.ChkGet_Advtools.checked() && !main.ChkERDC.checked() && !main.ChkBCon.checked()) {
     remarks.emplace_back("ChkGet_Advtools is 1, but ChkERDC and ChkBCon are 0: no tool comes to the CD.");

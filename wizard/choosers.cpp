@@ -82,7 +82,7 @@ void ChooseFile(util::Context& context, const FileChooser& chooser) {
   field.text = dialog.file_name;
 }
 
-// Waits until the file manager is ready, without a limit; what came of it is not looked at.
+// Waits without a limit until the file manager is ready. A file manager that does not start is ignored.
 void Explore(util::Context& context, const forms::TextBox& field) {
   constexpr int kNoLimit = 0;
   constexpr int kShownNormally = 1;
@@ -97,7 +97,7 @@ bool IsDriveRoot(std::string_view folder) {
 
 }  // namespace
 
-// "D:" occurs in the list of roots, and so does anything else that stands in it, whatever stands around it there.
+// A folder without a separator is the root of a drive when it occurs anywhere in the list of roots, as "D:" does.
 std::string StartFolder(std::string_view text) {
   std::string folder(text);
   if (folder.empty()) folder = host::HomeFolder();

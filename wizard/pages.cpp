@@ -1,4 +1,4 @@
-// Which page is what.
+// The table of the pages and their contents.
 #include "wizard/pages.h"
 
 #include <algorithm>

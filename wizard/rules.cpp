@@ -1,4 +1,4 @@
-// The table, and looking things up in it.
+// The table of the rules, and how they are applied.
 #include "wizard/rules.h"
 
 #include <algorithm>

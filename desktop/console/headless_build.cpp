@@ -34,7 +34,8 @@ int UsageError(Terminal& terminal, const std::string& error) {
   return kExitUsage;
 }
 
-// The first line of the file or of standard input; what is wrong with it otherwise. An empty one would be no password.
+// Reads the first line of the file or of standard input. Returns what is wrong with it, or the empty string. An empty
+// line is refused: it would be no password.
 std::string ReadPassword(const std::string& file, std::string& password) {
   std::string content;
   if (file == "-") {
@@ -57,7 +58,7 @@ std::string ApplyPassword(forms::FrmDiscwright& main, const std::string& file) {
   return "";
 }
 
-// On the command line anybody on the machine could read it.
+// A password on the command line could be read by every user of the machine.
 bool ChoosesPassword(forms::Windows& windows, const Options& options) {
   for (const wizard::Choice& choice : options.choices) {
     for (const forms::Control* control : forms::FindControls(windows, choice.control)) {
@@ -68,8 +69,8 @@ bool ChoosesPassword(forms::Windows& windows, const Options& options) {
   return false;
 }
 
-// What a session file of the command line is, apart from its choices: there, readable, and without a slip of the pen.
-// The program's own file is only looked at for whether it is a session at all.
+// Returns why the session file cannot be used, or the empty string. A file given on the command line is checked line by
+// line; of the program's own file only whether it is a session at all.
 std::string WhyNoSession(const std::string& session, const Options& options) {
   const std::string shown = options.session.empty() ? host::PathToNative(session) : options.session;
   if (!host::CanRead(session)) {
@@ -118,8 +119,8 @@ std::vector<std::string> OwnFiles(const std::string& session, const Options& opt
   return files;
 }
 
-// A file that the run reads or writes itself, or that is something else than what would replace it. What is written
-// there would be lost. Returns why `path` is refused, or the empty string.
+// Nothing may be written over a file that this run needs, or unasked over a file of another kind. Returns why `path` is
+// refused, or the empty string.
 std::string WhyNotReplaced(const std::string& path, bool holds_something_else, const std::string& session,
                            const Options& options) {
   const std::string shown = host::PathToNative(path);
@@ -249,7 +250,7 @@ int RunBuild(util::Context& context, Terminal& terminal, const Options& options)
     }
   }
   const bool has_session = host::CanRead(session);
-  // A build may be under way in the program folder while the controls are listed: then nothing is written there.
+  // Listing the controls writes nothing into the program folder, because a build may be under way there.
   wizard::Form_Load(context, options.controls ? "" : session);
   if (options.controls && has_session) settings::ReadSession(context, session);
   problem = ApplyOptions(context, options);

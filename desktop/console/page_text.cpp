@@ -41,7 +41,7 @@ bool HasValue(const Control& control) {
          dynamic_cast<const forms::Link*>(&control) == nullptr;
 }
 
-// Of each list of boxes one has to be checked.
+// The boxes that have to be checked before the control can be used; of several joined by "or", one.
 std::string Needs(forms::Windows& windows, const Control& control) {
   std::string text;
   for (const auto& boxes : wizard::MissingFor(windows, control)) {

@@ -48,7 +48,7 @@ int RenameToFreeName(const std::string& from, const std::string& to) {
   return std::rename(from.c_str(), to.c_str());
 }
 
-// Whether both paths lead to the same thing, whose facts are then given.
+// Whether both paths lead to the same file or folder. If so, `facts` describes it.
 bool LeadToOne(std::string_view a, std::string_view b, struct stat& facts) {
   struct stat second {};
   return stat(RealPath(a).c_str(), &facts) == 0 && stat(RealPath(b).c_str(), &second) == 0 &&

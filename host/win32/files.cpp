@@ -34,7 +34,7 @@ Status MakeOneByOne(const DoorPath& path) {
   return status.ok() ? StatusOfResult(CreateDirectoryA(path.c_str(), nullptr)) : status;
 }
 
-// Whether both paths lead to the same thing, whose facts are then given.
+// Whether both paths lead to the same file or folder. If so, `facts` describes it.
 bool LeadToOne(std::string_view a, std::string_view b, NativeFacts& facts) {
   NativeFacts second;
   return FactsOfPath(DoorPath(a), Links::kFollow, facts).ok() &&

@@ -18,7 +18,7 @@ class Causes : public BuildTest {
   }
   std::string At(const std::string& name) const { return (place / name).string(); }
 
-  // A page that refuses `text` in a field writes nothing and tells its box and the cause.
+  // Expects that a page refuses `text` in a field: the box and the cause are printed, and nothing is written.
   void ExpectRefused(const std::vector<std::string>& boxes, const std::string& field, const std::string& text,
                      const std::string& message, const std::string& cause, const std::string& page) const {
     std::vector<std::string> arguments = {"--set", field + "=" + text};

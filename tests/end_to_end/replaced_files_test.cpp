@@ -109,7 +109,7 @@ TEST_F(ReplacedFiles, ImageOntoThePasswordFile_IsRefusedHoweverItIsWritten) {
   ExpectNeeded(place / "SECRET", choices, place / "secret");
 }
 
-// Those that the build would make only later, too.
+// The program refuses these names also while there are no such files: the build itself would make them later.
 TEST_F(ReplacedFiles, ImageOntoAFileOfTheProgramItself_IsRefusedWhetherItIsThereOrNot) {
   for (const char* name : {"keyfile.txt", "keyfile2.txt", "vexacd.ini", "KeyFile2.TXT"}) {
     ExpectNeeded(program / name, {}, program / name);

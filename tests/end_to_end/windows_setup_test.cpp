@@ -102,7 +102,7 @@ TEST_F(WindowsSetup, PatchedFiles_KeepTheirTimes) {
   }
 }
 
-// The shell of Windows does not rename onto what is there, either.
+// The shell of Windows refuses to rename a folder to a name that is taken; the program on Linux does the same.
 TEST_F(WindowsSetup, ToolDiscThatHasTheToolsNewName_IsToldAndItsFolderStaysI386) {
   WriteFile(discs.folder() / "erd" / "ERDC" / "OWN.TXT", "own");
   discs.Remember();

@@ -1,4 +1,4 @@
-// Every end of a build, as the faces are told it.
+// Every way in which a build can end, and the result that it then has.
 #include "pipeline/build_result.h"
 
 #include "tests/pipeline/pipeline_fixture.h"
@@ -30,7 +30,7 @@ class BuildResults : public discwright::testing::PipelineFixture {
     host.AddFile(kLog, log);
     return AfterMastering({1, ""}).log_tail;
   }
-  // The user cancels while the program lets things happen for the so-manieth time.
+  // The user cancels in the call of DoEvents that has this number, counted from 1.
   void CancelAtEvents(int number) {
     user.on_do_events = [this, number] {
       if (user.do_events_calls != number) return;

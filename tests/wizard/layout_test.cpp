@@ -290,7 +290,7 @@ TEST_F(LayoutTest, EveryControlThatTakesInput_HasAnAccessKey) {
                                    "FrmWin9xInfo.CmdOK"));
 }
 
-// A key on a text that leads nowhere would do nothing.
+// An access key of a label that names no field would do nothing.
 TEST_F(LayoutTest, LabelWithAnAccessKey_NamesAFieldOrLink) {
   for (const auto& view : Views()) {
     for (std::size_t i = 0; i < view.size(); ++i) {
