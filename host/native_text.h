@@ -1,14 +1,26 @@
-// Text as the system's own programs read and write it: in the ANSI code page on Windows, as it is elsewhere.
+// Text at the door of the system: UTF-8 in the program, the system's code page in its files and at its calls.
+// Settings files go through EncodeText and DecodeText, everything that another program printed through TextFromNative.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace discwright::host {
 
-std::string TextFromNative(std::string_view native);
+// The code page of settings files and scripts: the ANSI code page on Windows, Windows-1252 elsewhere. Nothing when the
+// code page cannot hold a character of the text, or the text is not UTF-8: a similar character would be another name.
+std::optional<std::string> CodePageBytes(std::string_view text);
+std::string TextOfCodePage(std::string_view bytes);
 
-// What the code page lacks becomes "?" or a similar character: for texts to be read, not for names.
+// The bytes of a settings file: in the code page wherever it can hold the text, otherwise UTF-8 with a byte order mark.
+// DecodeText(EncodeText(text)) is the text again, also for a text that is not valid UTF-8.
+std::string EncodeText(std::string_view text);
+std::string DecodeText(std::string_view bytes);  // reads as UTF-8 what base::IsUtf8File says is UTF-8
+
+// Text as the system's own programs read and write it: in the ANSI code page on Windows, unchanged elsewhere. On the
+// way out "?" or a similar character stands for what the code page lacks: for texts to be read, not for names.
+std::string TextFromNative(std::string_view native);
 std::string TextToNative(std::string_view text);
 
 }  // namespace discwright::host

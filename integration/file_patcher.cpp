@@ -6,8 +6,8 @@
 #include <optional>
 #include <vector>
 
-#include "host/code_page.h"
 #include "host/files.h"
+#include "host/native_text.h"
 #include "host/shell_operations.h"
 #include "host/system.h"
 #include "util/copy_entries.h"

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "host/code_page.h"
 #include "host/files.h"
+#include "host/native_text.h"
 #include "integration/file_patcher.h"
 #include "integration/step.h"
 #include "util/paths.h"

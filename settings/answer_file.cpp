@@ -3,11 +3,11 @@
 
 #include <algorithm>
 
+#include "base/ini_text.h"
+#include "base/utf8.h"
+#include "base/windows_1252.h"
 #include "host/files.h"
-#include "host/ini_text.h"
-#include "host/text_encoding.h"
-#include "host/utf8.h"
-#include "host/windows_1252.h"
+#include "host/native_text.h"
 #include "util/paths.h"
 
 namespace discwright::settings {
@@ -17,8 +17,8 @@ namespace {
 std::string Windows1252Bytes(std::string_view text) {
   std::string bytes;
   while (!text.empty()) {
-    const std::size_t length = std::max<std::size_t>(host::FirstUtf8Character(text).length, 1);
-    bytes += host::ToWindows1252(text.substr(0, length)).value_or("?");
+    const std::size_t length = std::max<std::size_t>(base::FirstUtf8Character(text).length, 1);
+    bytes += base::ToWindows1252(text.substr(0, length)).value_or("?");
     text.remove_prefix(length);
   }
   return bytes;
@@ -26,7 +26,7 @@ std::string Windows1252Bytes(std::string_view text) {
 
 // The text as it is once it has been through Windows-1252; `what` names it in the note on what is lost.
 std::string Narrowed(util::Notes& notes, const std::string& text, const std::string& place, const std::string& what) {
-  std::string narrowed = host::FromWindows1252(Windows1252Bytes(text));
+  std::string narrowed = base::FromWindows1252(Windows1252Bytes(text));
   if (narrowed != text) {
     notes.Add(place, what + " has characters that Windows Setup cannot read; they became question marks.");
   }
@@ -41,7 +41,7 @@ std::string AsSetupReadsIt(const std::string& value) {
   const bool has_blank_end =
       blanks.find(value.front()) != std::string_view::npos || blanks.find(value.back()) != std::string_view::npos;
   const bool is_plain = value.find_first_of(";,=%\"") == std::string::npos && !has_blank_end &&
-                        !value.ends_with('\\') && host::WithQuotesKept(value) == value;
+                        !value.ends_with('\\') && base::WithQuotesKept(value) == value;
   return is_plain ? value : '"' + value + '"';
 }
 
@@ -72,20 +72,20 @@ bool WriteAnswerFile(util::Notes& notes, const AnswerFile& answer_file) {
   const std::string& template_file = answer_file.template_file;
   std::string bytes;
   if (!notes.Check(host::ReadWholeFile(template_file, bytes), template_file, "could not be read")) return false;
-  if (host::IsUtf16File(bytes)) {
+  if (base::IsUtf16File(bytes)) {
     notes.Add(template_file,
               "is Unicode text of two bytes per character, and Windows Setup gets no answers from the CD; please save "
               "it as plain text");
     return true;
   }
-  if (host::HasUtf8Mark(bytes)) {
+  if (base::HasUtf8Mark(bytes)) {
     notes.Add(template_file,
               "begins with the mark of UTF-8, which Windows Setup takes for a part of its first line; "
               "please save it as plain text");
   }
   for (const Answer& answer : answer_file.answers) {
     const std::string value = AsSetupReadsIt(ValueOf(notes, answer_file, answer));
-    bytes = host::WithIniValue(bytes, answer.section, answer.key, Windows1252Bytes(value));
+    bytes = base::WithIniValue(bytes, answer.section, answer.key, Windows1252Bytes(value));
   }
   const host::Status written = host::WriteWholeFile(answer_file.file, bytes);
   return notes.Check(written, answer_file.file, "could not be written");

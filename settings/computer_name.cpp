@@ -4,7 +4,8 @@
 
 #include <algorithm>
 
-#include "host/text_encoding.h"
+#include "base/utf8.h"
+#include "host/native_text.h"
 #include "util/paths.h"
 
 namespace discwright::settings {
@@ -32,7 +33,7 @@ std::string WithCause(std::string_view kind, std::string_view name, std::string_
 
 // Why a name cannot stand as what `kind` calls it; empty when it can. `name` is trimmed.
 std::string WhyNotNamed(std::string_view kind, std::string_view name, SetupFamily family, Blanks blanks) {
-  if (host::FirstCharacters(name, kLongestName).size() < name.size()) {
+  if (base::FirstCharacters(name, kLongestName).size() < name.size()) {
     return WithCause(kind, name, "is longer than 15 characters");
   }
   if (std::ranges::any_of(name, IsControlCharacter)) {

@@ -4,10 +4,11 @@
 #include <charconv>
 #include <limits>
 
+#include "base/ini_text.h"
+#include "base/utf8.h"
 #include "host/files.h"
-#include "host/ini_text.h"
+#include "host/native_text.h"
 #include "host/profile.h"
-#include "host/text_encoding.h"
 #include "util/paths.h"
 
 namespace discwright::settings {
@@ -17,7 +18,7 @@ namespace {
 // The system's profile reader got a buffer of 100 characters, one of them for the end.
 constexpr std::size_t kLongestValue = 99;
 
-std::string Cut(std::string_view value) { return util::Trim(host::FirstCharacters(value, kLongestValue)); }
+std::string Cut(std::string_view value) { return util::Trim(base::FirstCharacters(value, kLongestValue)); }
 
 }  // namespace
 
@@ -28,7 +29,7 @@ void INIFile::CreateIni(std::string_view folder, std::string_view file_name) {
 }
 
 host::Status INIFile::SetINIKey(std::string_view section, std::string_view key, std::string_view value) const {
-  return host::WriteProfileValue(FileName, section, key, host::WithQuotesKept(value));
+  return host::WriteProfileValue(FileName, section, key, base::WithQuotesKept(value));
 }
 
 std::string INIFile::GetINIKey(std::string_view section, std::string_view key) const {

@@ -4,11 +4,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/ini_text.h"
 #include "host/files.h"
-#include "host/ini_text.h"
+#include "host/native_text.h"
 #include "host/profile.h"
 #include "host/system.h"
-#include "host/text_encoding.h"
 #include "settings/ini_file.h"
 #include "settings/session_table.h"
 #include "settings/win2k_info.h"
@@ -51,7 +51,7 @@ void ReadValue(forms::Windows& windows, const SessionLine& line, const std::stri
 std::string TextAsWritten(forms::Windows& windows, const SessionLine& line) {
   const forms::TextBox& box = line.text_box(windows);
   if (&box == &windows.main.TxtSP_exe && !windows.main.ChkSlipstream.checked()) return "";
-  return host::OneLine(box.text.get());
+  return base::OneLine(box.text.get());
 }
 
 std::string ValueAsWritten(forms::Windows& windows, const SessionLine& line) {
@@ -82,7 +82,7 @@ std::string SessionText(forms::Windows& windows) {
 
 void NoteWhatWillBeCut(util::Notes& notes, const std::string& file_name, std::string_view text) {
   for (const SessionKey& key : SessionKeys()) {
-    if (!IsCutWhenRead(host::FindIniValue(text, key.section, key.key).value_or(""))) continue;
+    if (!IsCutWhenRead(base::FindIniValue(text, key.section, key.key).value_or(""))) continue;
     notes.Add(file_name, "The value of " + std::string(key.key) + " in section " + std::string(key.section) +
                              " is longer than 99 characters; the rest will be ignored when the file is read.");
   }

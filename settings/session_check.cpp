@@ -7,10 +7,11 @@
 #include <string_view>
 #include <utility>
 
+#include "base/ini_text.h"
+#include "base/utf8.h"
 #include "host/files.h"
-#include "host/ini_text.h"
+#include "host/native_text.h"
 #include "host/system.h"
-#include "host/text_encoding.h"
 #include "settings/session_table.h"
 #include "util/paths.h"
 #include "util/spelling.h"
@@ -52,11 +53,11 @@ bool IsTaken(ValueEncoding encoding, std::string_view value) {
 class Check {
  public:
   std::vector<SessionProblem> Run(std::string_view text) {
-    for (const host::IniLine& line : host::IniLines(text)) {
+    for (const base::IniLine& line : base::IniLines(text)) {
       ++line_;
-      if (line.kind == host::IniLineKind::kSection) TakeSection(line.name);
-      if (line.kind == host::IniLineKind::kKey) TakeKey(line.name, line.value);
-      if (line.kind == host::IniLineKind::kOther) {
+      if (line.kind == base::IniLineKind::kSection) TakeSection(line.name);
+      if (line.kind == base::IniLineKind::kKey) TakeKey(line.name, line.value);
+      if (line.kind == base::IniLineKind::kOther) {
         Add(InQuotes(line.name) + " is neither a section nor a key with a value; a comment begins with ';'");
       }
     }
@@ -161,7 +162,7 @@ std::vector<SessionProblem> CheckSession(const std::string& file_name) {
   std::string bytes;
   const host::Status status = host::ReadWholeFile(file_name, bytes);
   if (!status.ok()) return {{0, "the file could not be read: " + status.cause}};
-  if (host::IsUtf16File(bytes)) {
+  if (base::IsUtf16File(bytes)) {
     return {{0, "the file is Unicode text of two bytes per character; please save it as plain text"}};
   }
   return Check().Run(host::DecodeText(bytes));

@@ -6,19 +6,19 @@
 #include <memory>
 #include <string>
 
+#include "base/source_date.h"
+#include "base/utf8.h"
 #include "desktop/console/page_text.h"
 #include "forms/user_actions.h"
 #include "host/console.h"
 #include "host/files.h"
 #include "host/native_text.h"
 #include "host/system.h"
-#include "host/text_encoding.h"
 #include "pipeline/program_folder.h"
 #include "settings/key_files.h"
 #include "settings/session.h"
 #include "settings/session_check.h"
 #include "util/paths.h"
-#include "util/source_date.h"
 #include "wizard/choices.h"
 #include "wizard/iso_destination.h"
 #include "wizard/navigation.h"
@@ -43,7 +43,7 @@ std::string ReadPassword(const std::string& file, std::string& password) {
   } else if (const host::Status status = host::ReadWholeFile(host::PathFromNative(file), content); !status.ok()) {
     return status.cause;
   }
-  if (host::IsUtf16File(content)) return "is Unicode text of two bytes per character; please save it as plain text";
+  if (base::IsUtf16File(content)) return "is Unicode text of two bytes per character; please save it as plain text";
   password = host::DecodeText(content.substr(0, content.find_first_of("\r\n")));
   return password.empty() ? "its first line is empty, and a password is needed" : "";
 }
@@ -239,7 +239,7 @@ int BuildWith(util::Context& context, Terminal& terminal, const Options& options
 int RunBuild(util::Context& context, Terminal& terminal, const Options& options) {
   const std::string session = options.session.empty() ? settings::SessionFile() : host::PathFromNative(options.session);
   std::string problem = WhyNoSession(session, options);
-  if (problem.empty()) problem = util::WhyNoSourceDate(std::getenv(util::kSourceDateVariable));
+  if (problem.empty()) problem = host::TextFromNative(base::WhyNoSourceDate(std::getenv(base::kSourceDateVariable)));
   if (!problem.empty()) return UsageError(terminal, problem);
   std::shared_ptr<void> claim;
   if (!options.controls) {

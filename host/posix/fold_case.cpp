@@ -2,8 +2,8 @@
 #include <clocale>
 #include <cwctype>
 
+#include "base/utf8.h"
 #include "host/system.h"
-#include "host/utf8.h"
 
 namespace discwright::host {
 namespace {
@@ -34,12 +34,12 @@ std::string Changed(std::string_view text, char32_t (*change)(char32_t)) {
   std::string changed;
   changed.reserve(text.size());
   while (!text.empty()) {
-    const Utf8Character next = FirstUtf8Character(text);
+    const base::Utf8Character next = base::FirstUtf8Character(text);
     if (next.length == 0) {
       changed += text.front();  // not UTF-8: a byte is only equal to itself
       text.remove_prefix(1);
     } else {
-      AppendUtf8(changed, change(next.code_point));
+      base::AppendUtf8(changed, change(next.code_point));
       text.remove_prefix(next.length);
     }
   }

@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <memory>
 
+#include "base/wildcard.h"
 #include "host/files.h"
 #include "host/posix/case_lookup.h"
 #include "host/posix/entry.h"
@@ -13,7 +14,6 @@
 #include "host/posix/native_path.h"
 #include "host/posix/unique_fd.h"
 #include "host/system.h"
-#include "host/wildcard.h"
 
 namespace discwright::host {
 namespace {
@@ -32,7 +32,7 @@ Status ReadEntries(DIR* stream, const std::string& folder, const std::string& pa
     const dirent* found = readdir(stream);
     if (found == nullptr) return errno == 0 ? Status::Success() : LastFailure();
     if (IsSelfOrParent(found->d_name)) continue;
-    if (!pattern.empty() && !MatchesWildcard(FoldCase(CoreName(found->d_name)), pattern)) continue;
+    if (!pattern.empty() && !base::MatchesWildcard(FoldCase(CoreName(found->d_name)), pattern)) continue;
     std::optional<Entry> entry = reader.Read(found->d_name, found->d_type);
     if (entry) entries.push_back(std::move(*entry));
   }

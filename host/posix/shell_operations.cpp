@@ -7,6 +7,7 @@
 #include <array>
 #include <cerrno>
 
+#include "base/wildcard.h"
 #include "host/files.h"
 #include "host/posix/case_lookup.h"
 #include "host/posix/errors.h"
@@ -14,7 +15,6 @@
 #include "host/posix/native_path.h"
 #include "host/posix/native_tree.h"
 #include "host/system.h"
-#include "host/wildcard.h"
 
 namespace discwright::host {
 namespace {
@@ -52,7 +52,8 @@ Status MoveMatches(std::string_view folder, std::string_view pattern, std::strin
   // Listed first: a destination that is made inside the folder is not one of its own sources.
   Status status = NamesIn(from, names);
   const std::string folded = FoldCase(pattern);
-  std::erase_if(names, [&](const std::string& name) { return !MatchesWildcard(FoldCase(CoreName(name)), folded); });
+  std::erase_if(names,
+                [&](const std::string& name) { return !base::MatchesWildcard(FoldCase(CoreName(name)), folded); });
   if (status.ok() && names.empty()) status = StatusOf(ENOENT);
   if (status.ok()) status = MakeFolders(destination);
   return status.ok() ? MoveNames(from, names, RealPath(destination)) : status;

@@ -8,7 +8,7 @@
 #include <cstdio>
 #include <string>
 
-#include "host/win32/ansi.h"
+#include "host/win32/native_text.h"
 
 namespace discwright::host {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "host/win32/ansi.h"
+#include "host/native_text.h"
 
 namespace discwright::host {
 namespace {
@@ -53,7 +53,7 @@ std::string SentenceOf(DWORD error) {
   while (!sentence.empty() &&
          (sentence.back() == '\r' || sentence.back() == '\n' || sentence.back() == ' ' || sentence.back() == '.'))
     sentence.remove_suffix(1);
-  return sentence.empty() ? "error " + std::to_string(error) : Utf8OfAnsi(sentence);
+  return sentence.empty() ? "error " + std::to_string(error) : TextOfCodePage(sentence);
 }
 
 }  // namespace

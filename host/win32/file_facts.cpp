@@ -3,8 +3,8 @@
 
 #include <array>
 
+#include "host/native_text.h"
 #include "host/system.h"
-#include "host/win32/ansi.h"
 #include "host/win32/errors.h"
 #include "host/win32/family.h"
 
@@ -32,7 +32,7 @@ std::string CanonicalPath(const DoorPath& path) {
   std::array<char, MAX_PATH> shortened{};
   const DWORD length = GetShortPathNameA(full.c_str(), shortened.data(), static_cast<DWORD>(shortened.size()));
   const bool fits = length > 0 && length < shortened.size();
-  return FoldCase(fits ? Utf8OfAnsi({shortened.data(), length}) : absolute);
+  return FoldCase(fits ? TextOfCodePage({shortened.data(), length}) : absolute);
 }
 
 Status FactsByName(const DoorPath& path, NativeFacts& facts) {

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "host/native_text.h"
 #include "host/system.h"
-#include "host/win32/ansi.h"
 #include "host/win32/errors.h"
 #include "host/win32/native_path.h"
 
@@ -31,7 +31,7 @@ class Search {
 // In place of a character that the code page lacks the system may give a similar one, also one that no name can have;
 // and names that end in a dot or a blank are opened without it.
 std::string NameWithMarks(const char* listed) {
-  std::string name = Utf8OfAnsi(listed);
+  std::string name = TextOfCodePage(listed);
   for (char& character : name) {
     const bool is_control = static_cast<unsigned char>(character) < ' ';
     if (is_control || std::strchr("\"*/:<>\\|", character) != nullptr) character = '?';
@@ -49,7 +49,7 @@ void MarkAllButOne(std::string_view folder, std::vector<FoundEntry>::iterator fi
     WIN32_FIND_DATAA data{};
     const DoorPath path(InFolder(folder, entry->name));
     const bool is_new = std::find(taken.begin(), taken.end(), entry->name) == taken.end();
-    if (is_new && path.status.ok() && FindOne(path.native, data) && Utf8OfAnsi(data.cFileName) == entry->name) {
+    if (is_new && path.status.ok() && FindOne(path.native, data) && TextOfCodePage(data.cFileName) == entry->name) {
       taken.push_back(entry->name);
       entry->data = data;  // the listing may have given those of the other one
     } else {
@@ -85,7 +85,7 @@ Status FindEntries(std::string_view folder, std::vector<FoundEntry>& entries) {
   const DoorPath path(folder);
   if (!path.status.ok()) return path.status;
   // By hand, because the root keeps its separator and "C:" is the current folder of its drive.
-  const std::string pattern = *AnsiOfUtf8(InFolder(path.core, "*.*"));
+  const std::string pattern = *CodePageBytes(InFolder(path.core, "*.*"));
   if (pattern.size() >= MAX_PATH) return StatusOf(ERROR_FILENAME_EXCED_RANGE);
   FoundEntry entry;
   Search search(pattern, entry.data);

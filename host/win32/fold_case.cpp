@@ -1,9 +1,9 @@
 // Text without letter case, for comparing names.
 #include <windows.h>
 
+#include "base/utf8.h"
+#include "host/native_text.h"
 #include "host/system.h"
-#include "host/utf8.h"
-#include "host/win32/ansi.h"
 
 namespace discwright::host {
 namespace {
@@ -12,10 +12,10 @@ bool IsAscii(char character) { return static_cast<unsigned char>(character) < 0x
 
 // By the system's tables for its ANSI code page: what that lacks is in no name that can be opened.
 std::string Lower(std::string_view character) {
-  std::optional<std::string> ansi = AnsiOfUtf8(character);
+  std::optional<std::string> ansi = CodePageBytes(character);
   if (!ansi) return std::string(character);
   CharLowerBuffA(ansi->data(), static_cast<DWORD>(ansi->size()));
-  return Utf8OfAnsi(*ansi);
+  return TextOfCodePage(*ansi);
 }
 
 }  // namespace
@@ -25,7 +25,7 @@ std::string FoldCase(std::string_view text) {
   folded.reserve(text.size());
   while (!text.empty()) {
     const char first = text.front();
-    const Utf8Character next = IsAscii(first) ? Utf8Character{} : FirstUtf8Character(text);
+    const base::Utf8Character next = IsAscii(first) ? base::Utf8Character{} : base::FirstUtf8Character(text);
     if (next.length == 0) {
       folded += first >= 'A' && first <= 'Z' ? static_cast<char>(first + 32) : first;
       text.remove_prefix(1);

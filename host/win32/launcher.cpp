@@ -5,8 +5,8 @@
 
 #include "host/delivering_launcher.h"
 #include "host/leading_parts.h"
+#include "host/native_text.h"
 #include "host/threads.h"
-#include "host/win32/ansi.h"
 #include "host/win32/errors.h"
 #include "host/win32/output_reader.h"
 #include "host/win32/shell.h"
@@ -20,7 +20,7 @@ class WindowsLauncher : public DeliveringLauncher {
       : DeliveringLauncher(std::move(wake)), started_(std::move(started)) {}
 
   Status Start(std::string_view command_line) override {
-    const std::optional<std::string> native = AnsiOfUtf8(command_line);
+    const std::optional<std::string> native = CodePageBytes(command_line);
     if (!native) return NameNotInCodePage();
     OwnedHandle output;
     Status status;

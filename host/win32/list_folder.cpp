@@ -1,10 +1,10 @@
 // Lists folders and looks at single paths.
 #include <algorithm>
 
+#include "base/wildcard.h"
 #include "host/files.h"
+#include "host/native_text.h"
 #include "host/system.h"
-#include "host/wildcard.h"
-#include "host/win32/ansi.h"
 #include "host/win32/find_entries.h"
 #include "host/win32/native_path.h"
 
@@ -86,7 +86,7 @@ Listing ListFolder(std::string_view folder, std::string_view pattern) {
   const std::string folded_pattern = FoldedPattern(pattern);
   EntryReader reader(folder);
   for (const FoundEntry& entry : found) {
-    if (!folded_pattern.empty() && !MatchesWildcard(FoldCase(entry.name), folded_pattern)) continue;
+    if (!folded_pattern.empty() && !base::MatchesWildcard(FoldCase(entry.name), folded_pattern)) continue;
     listing.entries.push_back(reader.Read(entry.name, FactsOf(entry.data), IsLink(entry.data)));
   }
   return listing;
@@ -99,7 +99,7 @@ std::optional<Entry> Look(std::string_view path) {
   const std::string folder = ParentFolder(AbsolutePath(door.core));
   WIN32_FIND_DATAA data{};
   if (FindOne(door.native, data)) {
-    Entry entry = EntryReader(folder).Read(Utf8OfAnsi(data.cFileName), FactsOf(data), IsLink(data));
+    Entry entry = EntryReader(folder).Read(TextOfCodePage(data.cFileName), FactsOf(data), IsLink(data));
     return entry.broken ? std::nullopt : std::optional(entry);
   }
   // A root is in no listing.

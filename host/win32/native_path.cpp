@@ -5,7 +5,7 @@
 #include <array>
 #include <cctype>
 
-#include "host/win32/ansi.h"
+#include "host/native_text.h"
 #include "host/win32/errors.h"
 
 namespace discwright::host {
@@ -43,7 +43,7 @@ std::string WithoutLastSeparators(std::string path) {
 
 std::optional<std::string> NativePath(std::string_view path) {
   if (path.find_first_of(std::string_view("?*\0", 3)) != std::string_view::npos) return std::nullopt;
-  return AnsiOfUtf8(Backslashed(path));
+  return CodePageBytes(Backslashed(path));
 }
 
 DoorPath::DoorPath(std::string_view path) : core(WithoutLastSeparators(Backslashed(path))) {
@@ -67,20 +67,20 @@ std::string InFolder(std::string_view folder, std::string_view name) {
 
 std::string AbsolutePath(std::string_view path) {
   std::string absolute = Backslashed(path);
-  const std::optional<std::string> native = AnsiOfUtf8(absolute);
+  const std::optional<std::string> native = CodePageBytes(absolute);
   std::array<char, MAX_PATH> full{};
   char* name = nullptr;
   const DWORD length = !native || native->empty() || native->find('\0') != native->npos
                            ? 0
                            : GetFullPathNameA(native->c_str(), static_cast<DWORD>(full.size()), full.data(), &name);
-  if (length > 0 && length < full.size()) absolute = Utf8OfAnsi({full.data(), length});
+  if (length > 0 && length < full.size()) absolute = TextOfCodePage({full.data(), length});
   return WithoutLastSeparators(std::move(absolute));
 }
 
 std::string WindowsFolder() {
   std::array<char, MAX_PATH> folder{};
   const UINT length = GetWindowsDirectoryA(folder.data(), static_cast<UINT>(folder.size()));
-  return length < folder.size() ? Utf8OfAnsi({folder.data(), length}) : std::string();
+  return length < folder.size() ? TextOfCodePage({folder.data(), length}) : std::string();
 }
 
 std::string ParentFolder(std::string_view absolute) {

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-#include "host/win32/ansi.h"
+#include "host/native_text.h"
 
 namespace discwright::host {
 namespace {
@@ -76,7 +76,7 @@ void OutputReader::DropTheRest() {
 
 // Programs write in the code page of the system.
 void OutputReader::Put(const std::string& piece) {
-  if (!piece.empty()) delivery_->Put(Utf8OfAnsi(piece));
+  if (!piece.empty()) delivery_->Put(TextOfCodePage(piece));
 }
 
 }  // namespace discwright::host

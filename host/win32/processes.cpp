@@ -3,8 +3,8 @@
 
 #include <windows.h>
 
+#include "host/native_text.h"
 #include "host/running_children.h"
-#include "host/win32/ansi.h"
 #include "host/win32/launcher.h"
 
 namespace discwright::host {
@@ -29,7 +29,7 @@ class WindowsProcess : public Process {
 class WindowsProgramRunner : public ProgramRunner {
  public:
   std::unique_ptr<Process> StartProcess(std::string_view command_line, int window_style, int creation_flags) override {
-    std::optional<std::string> native = AnsiOfUtf8(command_line);
+    std::optional<std::string> native = CodePageBytes(command_line);
     if (!native) return nullptr;
     STARTUPINFOA startup{};
     startup.cb = sizeof(startup);

@@ -4,12 +4,12 @@
 
 #include <windows.h>
 
+#include "base/ini_text.h"
+#include "base/utf8.h"
 #include "host/files.h"
-#include "host/ini_text.h"
+#include "host/native_text.h"
 #include "host/system.h"
-#include "host/text_encoding.h"
 #include "host/text_profile.h"
-#include "host/win32/ansi.h"
 #include "host/win32/errors.h"
 #include "host/win32/native_path.h"
 
@@ -36,8 +36,8 @@ std::string PlaceOf(std::string_view file) {
 // Nothing when the ANSI code page cannot hold one of them.
 std::optional<NativeKey> ToNative(std::string_view file, std::string_view section, std::string_view key) {
   const std::optional<std::string> native_file = NativePath(file);
-  const std::optional<std::string> native_section = AnsiOfUtf8(section);
-  const std::optional<std::string> native_key = AnsiOfUtf8(key);
+  const std::optional<std::string> native_section = CodePageBytes(section);
+  const std::optional<std::string> native_key = CodePageBytes(key);
   if (!native_file || !native_section || !native_key) return std::nullopt;
   return NativeKey{*native_file, *native_section, *native_key};
 }
@@ -53,12 +53,12 @@ std::optional<std::string> ReadProfileValue(std::string_view file_name, std::str
   std::string bytes;
   if (!ReadWholeFile(file, bytes).ok()) return std::nullopt;
   const std::optional<NativeKey> native = ToNative(file, section, key);
-  if (!native || IsUtf8File(bytes)) return ReadTextProfile(file, section, key);
+  if (!native || base::IsUtf8File(bytes)) return ReadTextProfile(file, section, key);
   DropKeptProfile(native->file);
   std::string value(bytes.size() + 3, '\0');  // no value is longer; room for what is given when there is none
   value.resize(GetPrivateProfileStringA(native->section.c_str(), native->key.c_str(), kNoValue, value.data(),
                                         static_cast<DWORD>(value.size()), native->file.c_str()));
-  return value == kNoValue ? std::nullopt : std::optional(Utf8OfAnsi(value));
+  return value == kNoValue ? std::nullopt : std::optional(TextOfCodePage(value));
 }
 
 Status WriteProfileValue(std::string_view file_name, std::string_view section, std::string_view key,
@@ -68,9 +68,9 @@ Status WriteProfileValue(std::string_view file_name, std::string_view section, s
   Status status = ReadWholeFile(file, bytes);
   if (!status.ok() && status.error != ErrorClass::kNotFound) return status;
   const std::optional<NativeKey> native = ToNative(file, section, key);
-  const std::optional<std::string> native_value = AnsiOfUtf8(OneLine(value));
+  const std::optional<std::string> native_value = CodePageBytes(base::OneLine(value));
   // Nor may the value's own bytes make UTF-8 of the file by chance.
-  if (!native || !native_value || IsUtf8File(bytes) || IsUtf8File(*native_value)) {
+  if (!native || !native_value || base::IsUtf8File(bytes) || base::IsUtf8File(*native_value)) {
     return WriteTextProfile(file, section, key, value);
   }
   Status written = StatusOfResult(WritePrivateProfileStringA(native->section.c_str(), native->key.c_str(),

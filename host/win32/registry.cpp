@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "host/win32/ansi.h"
+#include "host/native_text.h"
 
 namespace discwright::host {
 namespace {
@@ -28,8 +28,8 @@ class OpenKey {
 }  // namespace
 
 std::optional<std::string> LocalMachineText(std::string_view sub_key, std::string_view value_name) {
-  const std::optional<std::string> native_key = AnsiOfUtf8(sub_key);
-  const std::optional<std::string> native_name = AnsiOfUtf8(value_name);
+  const std::optional<std::string> native_key = CodePageBytes(sub_key);
+  const std::optional<std::string> native_name = CodePageBytes(value_name);
   if (!native_key || !native_name) return std::nullopt;
   const OpenKey key(*native_key);
   DWORD type = 0;
@@ -42,7 +42,7 @@ std::optional<std::string> LocalMachineText(std::string_view sub_key, std::strin
   if (RegQueryValueExA(key.get(), native_name->c_str(), nullptr, &type, buffer, &size) != 0) return std::nullopt;
   bytes.resize(size);
   // A value is stored with its NUL, unless whoever wrote it forgot.
-  return Utf8OfAnsi(std::string_view(bytes).substr(0, bytes.find('\0')));
+  return TextOfCodePage(std::string_view(bytes).substr(0, bytes.find('\0')));
 }
 
 }  // namespace discwright::host

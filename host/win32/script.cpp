@@ -5,9 +5,10 @@
 
 #include <algorithm>
 
+#include "host/native_text.h"
 #include "host/system.h"
-#include "host/win32/ansi.h"
 #include "host/win32/errors.h"
+#include "host/win32/native_text.h"
 
 namespace discwright::host {
 namespace {
@@ -17,10 +18,10 @@ constexpr std::string_view kSpecial = " \t&()^;,=%!|<>";
 
 // By the system's own rule for its code page; what that lacks stays as it is.
 std::string LowerCase(std::string_view text) {
-  std::optional<std::string> native = AnsiOfUtf8(text);
+  std::optional<std::string> native = CodePageBytes(text);
   if (!native) return std::string(text);
   CharLowerBuffA(native->data(), static_cast<DWORD>(native->size()));
-  return Utf8OfAnsi(*native);
+  return TextOfCodePage(*native);
 }
 
 // The short form of an absolute path; of one that is not there yet, that of its folder with its own name.

@@ -1,5 +1,5 @@
 // The SHA-256 of files.
-#include "host/sha256.h"
+#include "base/sha256.h"
 
 #include <algorithm>
 #include <vector>
@@ -14,7 +14,7 @@ std::string Sha256OfFile(std::string_view path, Status& status, const std::funct
   if (file == nullptr) return {};
   const std::int64_t length = file->Length();
   if (length < 0) status = Status::Failure(ErrorClass::kNotReady, "its length cannot be read");
-  Sha256 digest;
+  base::Sha256 digest;
   std::vector<std::byte> piece(kPiece);
   for (std::int64_t position = 0; status.ok() && position < length; position += kPiece) {
     if (go_on && !go_on()) status = StoppedReading();

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "host/win32/ansi.h"
+#include "host/native_text.h"
 
 namespace discwright::host {
 namespace {
@@ -21,7 +21,7 @@ constexpr int kInvalidFiles = 0x7C;
 
 // A list of one for the service: it ends at the second of two NULs, one of which every string has.
 std::optional<std::string> ListOf(std::string_view text) {
-  std::optional<std::string> ansi = AnsiOfUtf8(text);
+  std::optional<std::string> ansi = CodePageBytes(text);
   if (ansi) ansi->push_back('\0');
   return ansi;
 }

@@ -7,7 +7,7 @@
 #include <array>
 
 #include "host/desktop.h"
-#include "host/win32/ansi.h"
+#include "host/native_text.h"
 #include "host/win32/family.h"
 #include "host/win32/native_path.h"
 #include "host/win32/owned_handle.h"
@@ -23,7 +23,7 @@ const UINT kFormerErrorMode = SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFI
 // What a call has put into a buffer; nothing when it failed or there was not enough room.
 template <std::size_t size>
 std::string Filled(const std::array<char, size>& buffer, DWORD length) {
-  return length < size ? Utf8OfAnsi({buffer.data(), length}) : std::string();
+  return length < size ? TextOfCodePage({buffer.data(), length}) : std::string();
 }
 
 }  // namespace
@@ -83,7 +83,8 @@ Date Today() {
   std::array<char, 64> weekday{};
   const int size =
       GetDateFormatA(LOCALE_USER_DEFAULT, 0, &now, "ddd", weekday.data(), static_cast<int>(weekday.size()));
-  const std::string name = size > 1 ? Utf8OfAnsi({weekday.data(), static_cast<std::size_t>(size) - 1}) : std::string();
+  const std::string name =
+      size > 1 ? TextOfCodePage({weekday.data(), static_cast<std::size_t>(size) - 1}) : std::string();
   return {now.wYear, now.wMonth, now.wDay, name};
 }
 

@@ -4,8 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/byte_order.h"
 #include "tests/createdsk/disks.h"
-#include "util/little_endian.h"
 
 namespace discwright::tools {
 namespace {

@@ -5,7 +5,7 @@
 #include <deque>
 #include <string_view>
 
-#include "util/both_endian.h"
+#include "base/byte_order.h"
 
 namespace discwright::testing {
 namespace {
@@ -15,10 +15,10 @@ constexpr std::uint64_t kSector = 2048;
 constexpr std::size_t kRecordHead = 33;
 constexpr std::size_t kMostProblems = 50;
 
-std::uint16_t Le16(Bytes bytes, std::size_t at) { return util::LoadLe16(bytes.subspan(at).first<2>()); }
-std::uint32_t Le32(Bytes bytes, std::size_t at) { return util::LoadLe32(bytes.subspan(at).first<4>()); }
-std::uint16_t Be16(Bytes bytes, std::size_t at) { return util::LoadBe16(bytes.subspan(at).first<2>()); }
-std::uint32_t Be32(Bytes bytes, std::size_t at) { return util::LoadBe32(bytes.subspan(at).first<4>()); }
+std::uint16_t Le16(Bytes bytes, std::size_t at) { return base::LoadLe16(bytes.subspan(at).first<2>()); }
+std::uint32_t Le32(Bytes bytes, std::size_t at) { return base::LoadLe32(bytes.subspan(at).first<4>()); }
+std::uint16_t Be16(Bytes bytes, std::size_t at) { return base::LoadBe16(bytes.subspan(at).first<2>()); }
+std::uint32_t Be32(Bytes bytes, std::size_t at) { return base::LoadBe32(bytes.subspan(at).first<4>()); }
 
 std::string Text(Bytes bytes, std::size_t at, std::size_t size) {
   std::string text(bytes.begin() + static_cast<std::ptrdiff_t>(at),

@@ -6,7 +6,7 @@
 
 #include <set>
 
-#include "host/text_encoding.h"
+#include "host/native_text.h"
 #include "settings/ini_file.h"
 #include "settings/session_table.h"
 #include "tests/support/build_fixture.h"

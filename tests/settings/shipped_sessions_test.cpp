@@ -9,7 +9,7 @@
 #include <iterator>
 #include <sstream>
 
-#include "host/ini_text.h"
+#include "base/ini_text.h"
 #include "settings/session.h"
 #include "settings/session_check.h"
 #include "settings/session_table.h"
@@ -96,18 +96,18 @@ TEST_F(ShippedSession, Example_HasEveryKeyAndPassesTheStrictCheck) {
   host.AddFile(kFile, example);
   for (const SessionProblem& problem : CheckSession(kFile)) ADD_FAILURE() << problem.Sentence();
   for (const SessionKey& key : SessionKeys()) {
-    EXPECT_TRUE(host::FindIniValue(example, key.section, key.key))
+    EXPECT_TRUE(base::FindIniValue(example, key.section, key.key))
         << "the example lacks " << key.key << " in [" << key.section << "], which takes "
         << WhatItTakes(key.line->encoding);
   }
 }
 
 TEST_F(ShippedSession, EverySectionOfTheExample_HasACommentAboveIt) {
-  const std::vector<host::IniLine> lines = host::IniLines(example);
+  const std::vector<base::IniLine> lines = base::IniLines(example);
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    if (lines[i].kind != host::IniLineKind::kSection) continue;
+    if (lines[i].kind != base::IniLineKind::kSection) continue;
     ASSERT_GT(i, 0u);
-    EXPECT_EQ(lines[i - 1].kind, host::IniLineKind::kComment) << lines[i].name;
+    EXPECT_EQ(lines[i - 1].kind, base::IniLineKind::kComment) << lines[i].name;
   }
 }
 
@@ -118,7 +118,7 @@ TEST_F(ShippedSession, Example_ReadsBackAsItStandsThere) {
   EXPECT_TRUE(WriteSession(windows, notes, "C:\\Discwright\\kept.ini").ok());
   const std::string kept = host.Content("C:\\Discwright\\kept.ini");
   for (const SessionKey& key : SessionKeys()) {
-    EXPECT_EQ(host::FindIniValue(kept, key.section, key.key), host::FindIniValue(example, key.section, key.key))
+    EXPECT_EQ(base::FindIniValue(kept, key.section, key.key), base::FindIniValue(example, key.section, key.key))
         << key.key;
   }
 }

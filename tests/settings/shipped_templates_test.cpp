@@ -11,7 +11,7 @@
 #include <set>
 #include <sstream>
 
-#include "host/ini_text.h"
+#include "base/ini_text.h"
 #include "settings/key_files.h"
 #include "settings/win2k_info.h"
 #include "settings/win9x_info.h"
@@ -70,7 +70,7 @@ class ShippedTemplate : public ::testing::TestWithParam<Template> {
 
   std::vector<std::string> KeysOf(const std::string& section) const {
     std::vector<std::string> keys;
-    for (const host::IniKey& key : host::IniSection(text, section)) keys.push_back(Folded(key.key));
+    for (const base::IniKey& key : base::IniSection(text, section)) keys.push_back(Folded(key.key));
     return keys;
   }
   std::vector<std::string> AllKeys() const {
@@ -134,9 +134,9 @@ INSTANTIATE_TEST_SUITE_P(Templates, ShippedTemplate, ::testing::Values(kWin2K, k
 TEST(ShippedWin2KTemplate, Setup_AsksAndLeavesTheFileSystemAlone) {
   const testing::FakeHost host;
   const std::string text = ReadShipped(kWin2K.name);
-  EXPECT_EQ(host::FindIniValue(text, "Data", "AutoPartition"), "0");
-  EXPECT_EQ(host::FindIniValue(text, "Unattended", "FileSystem"), "LeaveAlone");
-  EXPECT_EQ(host::FindIniValue(text, "Unattended", "UnattendMode"), "ProvideDefault");
+  EXPECT_EQ(base::FindIniValue(text, "Data", "AutoPartition"), "0");
+  EXPECT_EQ(base::FindIniValue(text, "Unattended", "FileSystem"), "LeaveAlone");
+  EXPECT_EQ(base::FindIniValue(text, "Unattended", "UnattendMode"), "ProvideDefault");
   EXPECT_THAT(text, ::testing::ContainsRegex("; .*ProductID"));
 }
 
@@ -144,10 +144,10 @@ TEST(ShippedBatchTemplates, Setup_ShowsItsPagesAndTheLicence) {
   const testing::FakeHost host;
   for (const Template& shipped : {kWin98, kWinMe}) {
     const std::string text = ReadShipped(shipped.name);
-    EXPECT_EQ(host::FindIniValue(text, "Version", "Signature"), "$CHICAGO$");
-    EXPECT_EQ(host::FindIniValue(text, "Setup", "Express"), "0");
-    EXPECT_EQ(host::FindIniValue(text, "Setup", "ShowEula"), "1");
-    EXPECT_EQ(host::FindIniValue(text, "Setup", "VRC"), "0");
+    EXPECT_EQ(base::FindIniValue(text, "Version", "Signature"), "$CHICAGO$");
+    EXPECT_EQ(base::FindIniValue(text, "Setup", "Express"), "0");
+    EXPECT_EQ(base::FindIniValue(text, "Setup", "ShowEula"), "1");
+    EXPECT_EQ(base::FindIniValue(text, "Setup", "VRC"), "0");
   }
 }
 
@@ -173,7 +173,7 @@ TEST(ShippedWin2KTemplate, DialogThatOpensWithIt_ShowsItsDefaults) {
 // Text without the values of those keys: what the program must leave alone.
 std::string WithoutValues(std::string text, const std::vector<Section>& sections) {
   for (const auto& [section, keys] : sections) {
-    for (const std::string& key : keys) text = host::WithIniValue(text, section, key, "");
+    for (const std::string& key : keys) text = base::WithIniValue(text, section, key, "");
   }
   return text;
 }

@@ -8,13 +8,12 @@
 #include <cstring>
 #include <stdexcept>
 
-#include "host/code_page.h"
+#include "base/windows_1252.h"
 #include "host/native_text.h"
 #include "host/profile.h"
 #include "host/registry.h"
 #include "host/script.h"
 #include "host/text_profile.h"
-#include "host/windows_1252.h"
 
 namespace discwright::testing {
 
@@ -505,8 +504,8 @@ std::string NameOnDisc(std::string_view name) {
 
 std::string TextFromNative(std::string_view native) { return std::string(native); }
 std::string TextToNative(std::string_view text) { return std::string(text); }
-std::optional<std::string> CodePageBytes(std::string_view text) { return ToWindows1252(text); }
-std::string TextOfCodePage(std::string_view bytes) { return FromWindows1252(bytes); }
+std::optional<std::string> CodePageBytes(std::string_view text) { return base::ToWindows1252(text); }
+std::string TextOfCodePage(std::string_view bytes) { return base::FromWindows1252(bytes); }
 
 std::optional<std::string> ReadProfileValue(std::string_view file, std::string_view section, std::string_view key) {
   return ReadTextProfile(file, section, key);

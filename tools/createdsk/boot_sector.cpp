@@ -5,7 +5,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "util/little_endian.h"
+#include "base/byte_order.h"
 
 namespace discwright::tools {
 namespace {
@@ -50,16 +50,16 @@ void PutText(std::string_view text, std::array<std::uint8_t, size>& field) {
 ParameterBlock MakeParameterBlock(const DiskFormat& format) {
   ParameterBlock block{};
   PutText("DWRIGHT", block.oem_name);
-  util::StoreLe16(block.bytes_per_sector, kSectorBytes);
+  base::StoreLe16(block.bytes_per_sector, kSectorBytes);
   block.sectors_per_cluster = format.sectors_per_cluster;
-  util::StoreLe16(block.reserved_sectors, kReservedSectors);
+  base::StoreLe16(block.reserved_sectors, kReservedSectors);
   block.fat_count = kFatCount;
-  util::StoreLe16(block.root_entries, format.root_entries);
-  util::StoreLe16(block.total_sectors_16, format.total_sectors);
+  base::StoreLe16(block.root_entries, format.root_entries);
+  base::StoreLe16(block.total_sectors_16, format.total_sectors);
   block.media = kMedia;
-  util::StoreLe16(block.fat_sectors, kFatSectors);
-  util::StoreLe16(block.sectors_per_track, format.sectors_per_track);
-  util::StoreLe16(block.heads, kHeads);
+  base::StoreLe16(block.fat_sectors, kFatSectors);
+  base::StoreLe16(block.sectors_per_track, format.sectors_per_track);
+  base::StoreLe16(block.heads, kHeads);
   CompleteParameterBlock(block);
   return block;
 }

@@ -3,10 +3,10 @@
 
 #include <algorithm>
 
+#include "base/ini_text.h"
 #include "host/files.h"
-#include "host/ini_text.h"
+#include "host/native_text.h"
 #include "host/system.h"
-#include "host/text_encoding.h"
 #include "tools/createdsk/disk_image.h"
 
 namespace discwright::tools {

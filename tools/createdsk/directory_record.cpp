@@ -1,7 +1,7 @@
 // The directory entry of a FAT volume.
 #include "tools/createdsk/directory_record.h"
 
-#include "util/little_endian.h"
+#include "base/byte_order.h"
 
 namespace discwright::tools {
 
@@ -18,13 +18,13 @@ DirectoryRecord MakeRecord(const ShortName& name, std::uint8_t attributes) {
   DirectoryRecord record{};
   record.name = name;
   record.attributes = attributes;
-  util::StoreLe16(record.write_date, kRecordDate);
+  base::StoreLe16(record.write_date, kRecordDate);
   return record;
 }
 
 void SetContent(DirectoryRecord& record, Cluster first, std::uint32_t size) {
-  util::StoreLe16(record.first_cluster, first);
-  util::StoreLe32(record.size, size);
+  base::StoreLe16(record.first_cluster, first);
+  base::StoreLe32(record.size, size);
 }
 
 }  // namespace discwright::tools

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "util/little_endian.h"
+#include "base/byte_order.h"
 
 namespace discwright::tools {
 namespace {
@@ -20,7 +20,7 @@ void FinishBootSector(const DiskRequest& request, Image& image) {
   if (!keeps_sector) {
     block.volume_serial.fill(0);
     StoreParameterBlock(block, image);
-    util::StoreLe32(block.volume_serial, SerialOf(image));
+    base::StoreLe32(block.volume_serial, SerialOf(image));
   }
   StoreParameterBlock(block, image);
 }

@@ -4,20 +4,20 @@
 #include <algorithm>
 #include <cassert>
 
-#include "util/little_endian.h"
+#include "base/byte_order.h"
 
 namespace discwright::tools {
 
 Cluster LoadFatEntry(std::span<const std::uint8_t> fat, std::size_t cluster) {
-  const std::uint16_t word = util::LoadLe16(fat.subspan(cluster * 3 / 2).first<2>());
+  const std::uint16_t word = base::LoadLe16(fat.subspan(cluster * 3 / 2).first<2>());
   return static_cast<Cluster>(cluster % 2 == 0 ? word & 0xFFF : word >> 4);
 }
 
 void StoreFatEntry(std::span<std::uint8_t> fat, std::size_t cluster, Cluster value) {
   const auto field = fat.subspan(cluster * 3 / 2).first<2>();
-  const std::uint16_t word = util::LoadLe16(field);
+  const std::uint16_t word = base::LoadLe16(field);
   const int packed = cluster % 2 == 0 ? (word & 0xF000) | value : (word & 0x000F) | value << 4;
-  util::StoreLe16(field, static_cast<std::uint16_t>(packed));
+  base::StoreLe16(field, static_cast<std::uint16_t>(packed));
 }
 
 FatTable::FatTable(std::span<const std::uint8_t> fat, std::size_t cluster_count) : claimed_(cluster_count + 2) {

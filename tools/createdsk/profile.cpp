@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "host/ini_text.h"
+#include "base/ini_text.h"
 
 namespace discwright::tools {
 namespace {
@@ -37,7 +37,7 @@ Result SourceFailure(std::string_view section, std::string_view key, std::string
 }
 
 Result CheckDiskKeys(std::string_view text) {
-  for (const host::IniKey& entry : host::IniSection(text, "Disk")) {
+  for (const base::IniKey& entry : base::IniSection(text, "Disk")) {
     if (std::ranges::find(kDiskKeys, Lower(entry.key)) == std::end(kDiskKeys)) {
       return Result::Failure("[Disk] " + entry.key + " is not known; use Image, Label, BootSector and Base.");
     }
@@ -46,12 +46,12 @@ Result CheckDiskKeys(std::string_view text) {
 }
 
 Result ParseSource(std::string_view text, std::string_view key, std::string& source) {
-  source = host::FindIniValue(text, "Disk", key).value_or("");
+  source = base::FindIniValue(text, "Disk", key).value_or("");
   return source.empty() || StaysInside(source) ? Result::Success() : SourceFailure("Disk", key, source);
 }
 
 Result ParseLabel(std::string_view text, Profile& profile) {
-  const std::string label = host::FindIniValue(text, "Disk", "Label").value_or("");
+  const std::string label = base::FindIniValue(text, "Disk", "Label").value_or("");
   if (label.empty()) {
     return profile.base.empty() ? Result::Failure("[Disk] Label is missing; name the disk.") : Result::Success();
   }
@@ -61,7 +61,7 @@ Result ParseLabel(std::string_view text, Profile& profile) {
 
 Result ParseDisk(std::string_view text, Profile& profile) {
   if (Result result = CheckDiskKeys(text); !result.ok()) return result;
-  profile.image = host::FindIniValue(text, "Disk", "Image").value_or("");
+  profile.image = base::FindIniValue(text, "Disk", "Image").value_or("");
   if (profile.image.empty()) return Result::Failure("[Disk] Image is missing; name the image file to make.");
   if (!IsBareName(profile.image)) {
     return Result::Failure("[Disk] Image \"" + profile.image +
@@ -72,7 +72,7 @@ Result ParseDisk(std::string_view text, Profile& profile) {
   return ParseLabel(text, profile);
 }
 
-Result ParseFile(std::string_view section, const host::IniKey& entry, ProfileFile& file) {
+Result ParseFile(std::string_view section, const base::IniKey& entry, ProfileFile& file) {
   for (const std::string_view part : SplitAtSeparators(entry.key)) {
     const std::optional<ShortName> name = ToShortName(part);
     if (!name) {
@@ -90,7 +90,7 @@ auto FindPath(std::vector<ProfileFile>& files, const ProfileFile& file) {
 }
 
 Result ParseFiles(std::string_view text, std::string_view section, std::vector<ProfileFile>& files) {
-  for (const host::IniKey& entry : host::IniSection(text, section)) {
+  for (const base::IniKey& entry : base::IniSection(text, section)) {
     ProfileFile file;
     if (Result result = ParseFile(section, entry, file); !result.ok()) return result;
     if (FindPath(files, file) != files.end()) {

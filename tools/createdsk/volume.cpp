@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "util/little_endian.h"
+#include "base/byte_order.h"
 
 namespace discwright::tools {
 namespace {
@@ -63,8 +63,8 @@ class VolumeReader {
 
   Result ReadFile(Folder& folder, std::size_t index) {
     const DirectoryRecord& record = folder.records[index];
-    const std::size_t size = util::LoadLe32(record.size);
-    const Cluster first = util::LoadLe16(record.first_cluster);
+    const std::size_t size = base::LoadLe32(record.size);
+    const Cluster first = base::LoadLe16(record.first_cluster);
     const std::string path = PathOf(folder, record.name);
     Chain& chain = folder.files[index];
     if (size == 0 && first == 0) return Result::Success();
@@ -81,7 +81,7 @@ class VolumeReader {
     auto folder = std::make_unique<Folder>();
     folder->path = PathOf(parent, record.name);
     if (depth > kDeepestFolder) return Damaged(folder->path, "it lies too deep");
-    Result result = volume_.fat.ClaimChain(util::LoadLe16(record.first_cluster), folder->chain);
+    Result result = volume_.fat.ClaimChain(base::LoadLe16(record.first_cluster), folder->chain);
     if (!result.ok()) return Damaged(folder->path, result.failure);
     for (const Cluster cluster : folder->chain) {
       const VolumeLayout& layout = volume_.layout;
@@ -98,7 +98,7 @@ class VolumeReader {
   static bool LeadsTo(const DirectoryRecord& record, const ShortName& name, const Chain& chain) {
     const Cluster first = chain.empty() ? Cluster{0} : chain.front();
     return record.name == name && KindOf(record) == RecordKind::kFolder &&
-           util::LoadLe16(record.first_cluster) == first;
+           base::LoadLe16(record.first_cluster) == first;
   }
 
   static Result Damaged(const std::string& path, const std::string& cause) {

@@ -3,7 +3,7 @@
 
 #include <bit>
 
-#include "util/little_endian.h"
+#include "base/byte_order.h"
 
 namespace discwright::tools {
 namespace {
@@ -12,7 +12,7 @@ constexpr std::size_t kLargestFat12 = 4084;  // clusters; with more the volume i
 
 // What is wrong with the fields; empty when the sizes below may be computed with them.
 std::string WrongField(const ParameterBlock& block, const VolumeLayout& layout) {
-  if (util::LoadLe16(block.bytes_per_sector) != kSectorBytes) return "BPB_BytsPerSec is not 512";
+  if (base::LoadLe16(block.bytes_per_sector) != kSectorBytes) return "BPB_BytsPerSec is not 512";
   if (!std::has_single_bit(layout.sectors_per_cluster)) return "BPB_SecPerClus is not a power of two";
   if (layout.reserved_sectors == 0) return "BPB_RsvdSecCnt is 0";
   if (layout.fat_count == 0) return "BPB_NumFATs is 0";
@@ -44,13 +44,13 @@ Result ReadLayout(std::span<const std::uint8_t> image, VolumeLayout& layout) {
     return Result::Failure("is not a FAT12 floppy: the boot sector does not end with 55 AA");
   }
   const ParameterBlock block = LoadParameterBlock(image);
-  const std::uint16_t total_sectors = util::LoadLe16(block.total_sectors_16);
+  const std::uint16_t total_sectors = base::LoadLe16(block.total_sectors_16);
   layout.sectors_per_cluster = block.sectors_per_cluster;
-  layout.reserved_sectors = util::LoadLe16(block.reserved_sectors);
+  layout.reserved_sectors = base::LoadLe16(block.reserved_sectors);
   layout.fat_count = block.fat_count;
-  layout.fat_sectors = util::LoadLe16(block.fat_sectors);
-  layout.root_entries = util::LoadLe16(block.root_entries);
-  layout.total_sectors = total_sectors != 0 ? total_sectors : util::LoadLe32(block.total_sectors_32);
+  layout.fat_sectors = base::LoadLe16(block.fat_sectors);
+  layout.root_entries = base::LoadLe16(block.root_entries);
+  layout.total_sectors = total_sectors != 0 ? total_sectors : base::LoadLe32(block.total_sectors_32);
   layout.media = block.media;
 
   std::string wrong = WrongField(block, layout);

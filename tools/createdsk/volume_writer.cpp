@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "util/little_endian.h"
+#include "base/byte_order.h"
 
 namespace discwright::tools {
 namespace {
@@ -26,8 +26,8 @@ class VolumeWriter {
 
     DirectoryRecord& record = placement.folder->records[placement.record];
     record.attributes |= kArchiveAttribute;
-    util::StoreLe16(record.write_time, 0);
-    util::StoreLe16(record.write_date, kRecordDate);
+    base::StoreLe16(record.write_time, 0);
+    base::StoreLe16(record.write_date, kRecordDate);
     SetContent(record, FirstOf(chain), static_cast<std::uint32_t>(content.size()));
   }
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <span>
 
-#include "util/little_endian.h"
+#include "base/byte_order.h"
 
 namespace discwright::tools::mkisofs {
 namespace {
@@ -16,7 +16,7 @@ constexpr std::string_view kBootSystem = "EL TORITO SPECIFICATION";
 std::uint16_t SumOfWords(const ValidationEntry& entry) {
   const auto bytes = BytesOf(entry);
   std::uint32_t sum = 0;
-  for (std::size_t i = 0; i < bytes.size(); i += 2) sum += util::LoadLe16(std::span(bytes).subspan(i).first<2>());
+  for (std::size_t i = 0; i < bytes.size(); i += 2) sum += base::LoadLe16(std::span(bytes).subspan(i).first<2>());
   return static_cast<std::uint16_t>(sum & 0xFFFF);
 }
 
@@ -26,7 +26,7 @@ ValidationEntry MakeValidationEntry(std::string_view id) {
   entry.header_id[0] = 1;
   std::copy_n(id.begin(), std::min(id.size(), entry.id.size()), entry.id.begin());
   entry.key_bytes = {0x55, 0xAA};
-  util::StoreLe16(entry.checksum, static_cast<std::uint16_t>(0x10000 - SumOfWords(entry)));
+  base::StoreLe16(entry.checksum, static_cast<std::uint16_t>(0x10000 - SumOfWords(entry)));
   return entry;
 }
 
@@ -37,7 +37,7 @@ BootRecord MakeBootRecord(std::uint32_t catalogue) {
   BootRecord record{};
   record.head = MakeDescriptorHead(kBootRecordType, 1);
   std::copy(kBootSystem.begin(), kBootSystem.end(), record.boot_system_id.begin());
-  util::StoreLe32(record.catalogue, catalogue);
+  base::StoreLe32(record.catalogue, catalogue);
   return record;
 }
 
@@ -52,8 +52,8 @@ BootCatalogue MakeBootCatalogue(std::string_view id, std::uint16_t load_sectors,
   BootCatalogue catalogue{};
   catalogue.validation = MakeValidationEntry(id);
   catalogue.entry.boot_indicator[0] = 0x88;
-  util::StoreLe16(catalogue.entry.load_sectors, load_sectors);
-  util::StoreLe32(catalogue.entry.boot_image, boot_image);
+  base::StoreLe16(catalogue.entry.load_sectors, load_sectors);
+  base::StoreLe32(catalogue.entry.boot_image, boot_image);
   return catalogue;
 }
 

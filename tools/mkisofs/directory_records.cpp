@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
+#include "base/byte_order.h"
 #include "tools/mkisofs/dates.h"
 #include "tools/mkisofs/sector.h"
-#include "util/both_endian.h"
 
 namespace discwright::tools::mkisofs {
 namespace {
@@ -35,11 +35,11 @@ void AppendRecord(const Node& node, std::string_view name, TimeLimit limit, std:
 DirectoryRecordHead MakeDirectoryRecordHead(const Node& node, std::size_t name_length, TimeLimit limit) {
   DirectoryRecordHead head{};
   head.length[0] = static_cast<std::uint8_t>(DirectoryRecordLength(name_length));
-  util::StoreBoth32(head.extent, node.extent);
-  util::StoreBoth32(head.data_length, node.size);
+  base::StoreBoth32(head.extent, node.extent);
+  base::StoreBoth32(head.data_length, node.size);
   head.recorded = MakeRecordingTime(std::min(node.modified, limit));
   head.flags[0] = node.is_folder ? kDirectoryFlag : 0;
-  util::StoreBoth16(head.volume_number, kOnlyVolume);
+  base::StoreBoth16(head.volume_number, kOnlyVolume);
   head.name_length[0] = static_cast<std::uint8_t>(name_length);
   return head;
 }

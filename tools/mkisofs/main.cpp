@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
+#include "base/source_date.h"
 #include "host/arguments.h"
 #include "host/console.h"
 #include "host/print_stream.h"
 #include "tools/mkisofs/master.h"
-#include "util/source_date.h"
 
 int main(int argc, char** argv) {
   using discwright::tools::mkisofs::Surroundings;
@@ -18,7 +18,7 @@ int main(int argc, char** argv) {
     discwright::host::CatchInterrupts();
     const std::vector<std::string> words = discwright::host::Arguments(argc, argv);
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
-    const Surroundings surroundings{std::getenv(discwright::util::kSourceDateVariable), now.time_since_epoch().count(),
+    const Surroundings surroundings{std::getenv(discwright::base::kSourceDateVariable), now.time_since_epoch().count(),
                                     [] { return discwright::host::InterruptCount() > 0; }};
     return discwright::tools::mkisofs::Master(words, surroundings, messages);
   } catch (const std::exception& failure) {  // no memory or no thread left

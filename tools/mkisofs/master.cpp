@@ -5,6 +5,8 @@
 #include <memory>
 #include <optional>
 
+#include "base/source_date.h"
+#include "host/native_text.h"
 #include "host/part_file.h"
 #include "host/source_tree.h"
 #include "host/system.h"
@@ -18,7 +20,6 @@
 #include "tools/mkisofs/sector.h"
 #include "tools/mkisofs/shared_data.h"
 #include "tools/mkisofs/tree_reader.h"
-#include "util/source_date.h"
 
 namespace discwright::tools::mkisofs {
 namespace {
@@ -43,9 +44,9 @@ class Run {
   bool TakeDates() {
     dates_.created = surroundings_.now;
     if (surroundings_.source_date == nullptr) return true;
-    const std::optional<std::int64_t> date = util::ParseSourceDate(surroundings_.source_date);
+    const std::optional<std::int64_t> date = base::ParseSourceDate(surroundings_.source_date);
     if (!date) {
-      problems_.Add(util::WhyNoSourceDate(surroundings_.source_date));
+      problems_.Add(host::TextFromNative(base::WhyNoSourceDate(surroundings_.source_date)));
       return false;
     }
     dates_ = {*date, *date};

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
+#include "base/byte_order.h"
 #include "tools/mkisofs/directory_records.h"
 #include "tools/mkisofs/sector.h"
-#include "util/both_endian.h"
 
 namespace discwright::tools::mkisofs {
 namespace {
@@ -22,11 +22,11 @@ PathTableRecordHead MakeHead(const Tree& tree, const Folder& folder, ByteOrder o
   const auto parent = static_cast<std::uint16_t>(tree.ParentOf(folder).number);
   head.name_length[0] = static_cast<std::uint8_t>(NameInTable(tree, folder).size());
   if (order == ByteOrder::kLittle) {
-    util::StoreLe32(head.extent, extent);
-    util::StoreLe16(head.parent_number, parent);
+    base::StoreLe32(head.extent, extent);
+    base::StoreLe16(head.parent_number, parent);
   } else {
-    util::StoreBe32(head.extent, extent);
-    util::StoreBe16(head.parent_number, parent);
+    base::StoreBe32(head.extent, extent);
+    base::StoreBe16(head.parent_number, parent);
   }
   return head;
 }

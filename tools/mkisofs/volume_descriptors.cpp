@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "util/both_endian.h"
+#include "base/byte_order.h"
 
 namespace discwright::tools::mkisofs {
 namespace {
@@ -33,13 +33,13 @@ void StoreTexts(const Options& options, VolumeDescriptor& descriptor) {
 }
 
 void StorePlaces(const Layout& layout, VolumeDescriptor& descriptor) {
-  util::StoreBoth32(descriptor.volume_space_size, layout.sectors);
-  util::StoreBoth16(descriptor.volume_set_size, 1);
-  util::StoreBoth16(descriptor.volume_number, 1);
-  util::StoreBoth16(descriptor.block_size, kSectorSize);
-  util::StoreBoth32(descriptor.path_table_size, layout.path_table_size);
-  util::StoreLe32(descriptor.path_table_l, layout.path_table_l);
-  util::StoreBe32(descriptor.path_table_m, layout.path_table_m);
+  base::StoreBoth32(descriptor.volume_space_size, layout.sectors);
+  base::StoreBoth16(descriptor.volume_set_size, 1);
+  base::StoreBoth16(descriptor.volume_number, 1);
+  base::StoreBoth16(descriptor.block_size, kSectorSize);
+  base::StoreBoth32(descriptor.path_table_size, layout.path_table_size);
+  base::StoreLe32(descriptor.path_table_l, layout.path_table_l);
+  base::StoreBe32(descriptor.path_table_m, layout.path_table_m);
 }
 
 }  // namespace

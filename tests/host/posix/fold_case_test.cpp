@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
+#include "base/utf8.h"
 #include "host/system.h"
-#include "host/utf8.h"
 
 namespace discwright::host {
 namespace {
@@ -39,7 +39,7 @@ TEST(NameOnDisc, EveryName_IsFoundByTheNameOfItsCopy) {
   for (char32_t code_point = 0x20; code_point < 0x20000; ++code_point) {
     if (code_point >= 0xD800 && code_point < 0xE000) continue;
     std::string name;
-    AppendUtf8(name, code_point);
+    base::AppendUtf8(name, code_point);
     ASSERT_EQ(FoldCase(NameOnDisc(name)), FoldCase(name)) << static_cast<std::uint32_t>(code_point);
   }
 }

@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <fstream>
 
-#include "host/win32/ansi.h"
+#include "host/native_text.h"
 
 namespace discwright::host::testing {
 namespace {
@@ -114,6 +114,6 @@ const bool kIsTests = [] {
 
 }  // namespace
 
-std::string ChildProgram(const std::string& what) { return Utf8OfAnsi(NativeLine(what)); }
+std::string ChildProgram(const std::string& what) { return TextOfCodePage(NativeLine(what)); }
 
 }  // namespace discwright::host::testing

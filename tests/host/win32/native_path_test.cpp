@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include "host/native_text.h"
 #include "host/system.h"
-#include "host/win32/ansi.h"
 #include "host/win32/errors.h"
 
 namespace discwright::host {
@@ -13,13 +13,13 @@ namespace {
 
 TEST(AnsiText, CharactersOfTheCodePage_ComeBackUnchanged) {
   const std::string text = "Übung é.txt";
-  ASSERT_TRUE(AnsiOfUtf8(text).has_value());
-  EXPECT_EQ(Utf8OfAnsi(*AnsiOfUtf8(text)), text);
+  ASSERT_TRUE(CodePageBytes(text).has_value());
+  EXPECT_EQ(TextOfCodePage(*CodePageBytes(text)), text);
 }
 
 TEST(AnsiText, CharactersThatTheCodePageLacks_AreRefusedAlsoWhereASimilarOneExists) {
   if (GetACP() != 1252) GTEST_SKIP() << "the code page is another one";
-  for (const char* text : {"漢", "\xC4\x80", "😀", "\xFF"}) EXPECT_FALSE(AnsiOfUtf8(text)) << text;
+  for (const char* text : {"漢", "\xC4\x80", "😀", "\xFF"}) EXPECT_FALSE(CodePageBytes(text)) << text;
 }
 
 TEST(NativePath, Slashes_BecomeBackslashes) { EXPECT_EQ(NativePath("C:/a\\b c/d"), "C:\\a\\b c\\d"); }

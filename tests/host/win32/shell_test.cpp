@@ -6,8 +6,8 @@
 
 #include <array>
 
+#include "host/native_text.h"
 #include "host/system.h"
-#include "host/win32/ansi.h"
 #include "tests/host/temp_folder.h"
 
 namespace discwright::host {
@@ -18,7 +18,7 @@ class Shell : public ::testing::Test {
   Shell() { GetEnvironmentVariableA("COMSPEC", old_.data(), static_cast<DWORD>(old_.size())); }
   ~Shell() override { SetEnvironmentVariableA("COMSPEC", old_.data()); }
 
-  std::string Native(const std::string& name) const { return AnsiOfUtf8(folder_.Core(name)).value_or(""); }
+  std::string Native(const std::string& name) const { return CodePageBytes(folder_.Core(name)).value_or(""); }
 
   testing::TempFolder folder_;
   std::array<char, MAX_PATH> old_{};
@@ -58,7 +58,7 @@ TEST_F(Shell, BatchFileInQuotes_IsTheSame) {
 TEST_F(Shell, BatchFile_IsGivenToCommandComByItsShortName) {
   SetEnvironmentVariableA("COMSPEC", "C:\\COMMAND.COM");
   folder_.Write("make cd.bat", "");
-  const std::string short_path = AnsiOfUtf8(ShortPath(folder_.Core("make cd.bat"))).value_or("");
+  const std::string short_path = CodePageBytes(ShortPath(folder_.Core("make cd.bat"))).value_or("");
   if (short_path.find(' ') != short_path.npos) GTEST_SKIP() << "this volume keeps no short names";
   EXPECT_EQ(RunnableCommandLine(Native("make cd.bat") + " a"), "C:\\COMMAND.COM /c " + short_path + " a");
 }

@@ -7,7 +7,7 @@
 #include <span>
 #include <string>
 
-namespace discwright::host {
+namespace discwright::base {
 
 class Sha256 {
  public:
@@ -26,4 +26,4 @@ class Sha256 {
   std::uint64_t length_ = 0;              // bytes added so far
 };
 
-}  // namespace discwright::host
+}  // namespace discwright::base

@@ -1,7 +1,9 @@
 // Decodes strictly: no overlong forms, no surrogates.
-#include "host/utf8.h"
+#include "base/utf8.h"
 
-namespace discwright::host {
+#include <algorithm>
+
+namespace discwright::base {
 
 Utf8Character FirstUtf8Character(std::string_view text) {
   const auto lead = static_cast<unsigned char>(text.front());
@@ -43,4 +45,21 @@ void AppendUtf8(std::string& text, char32_t code_point) {
   for (int i = continuations - 1; i >= 0; --i) text += static_cast<char>(0x80 | (code_point >> (6 * i) & 0x3F));
 }
 
-}  // namespace discwright::host
+std::string_view FirstCharacters(std::string_view text, std::size_t count) {
+  std::size_t length = 0;
+  for (; count > 0 && length < text.size(); --count) {
+    length += std::max<std::size_t>(FirstUtf8Character(text.substr(length)).length, 1);
+  }
+  return text.substr(0, length);
+}
+
+bool HasUtf8Mark(std::string_view bytes) { return bytes.starts_with(kUtf8Mark); }
+
+bool IsUtf8File(std::string_view bytes) {
+  const auto is_ascii = [](char character) { return static_cast<unsigned char>(character) < 0x80; };
+  return HasUtf8Mark(bytes) || (!std::ranges::all_of(bytes, is_ascii) && IsValidUtf8(bytes));
+}
+
+bool IsUtf16File(std::string_view bytes) { return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF"); }
+
+}  // namespace discwright::base

@@ -1,12 +1,29 @@
-// Big-endian and both-endian integers in byte arrays, as ISO 9660 writes them beside the little-endian ones.
+// Integers in byte arrays, low byte first, high byte first, or both: the only way in which disk formats are written and
+// read. StoreLe16(field, value) writes, LoadLe16(field) reads.
 #pragma once
 
 #include <cstdint>
 #include <span>
 
-#include "util/little_endian.h"
+namespace discwright::base {
 
-namespace discwright::util {
+inline void StoreLe16(std::span<std::uint8_t, 2> field, std::uint16_t value) {
+  field[0] = static_cast<std::uint8_t>(value & 0xFF);
+  field[1] = static_cast<std::uint8_t>(value >> 8);
+}
+
+inline void StoreLe32(std::span<std::uint8_t, 4> field, std::uint32_t value) {
+  StoreLe16(field.first<2>(), static_cast<std::uint16_t>(value & 0xFFFF));
+  StoreLe16(field.last<2>(), static_cast<std::uint16_t>(value >> 16));
+}
+
+inline std::uint16_t LoadLe16(std::span<const std::uint8_t, 2> field) {
+  return static_cast<std::uint16_t>(field[0] | field[1] << 8);
+}
+
+inline std::uint32_t LoadLe32(std::span<const std::uint8_t, 4> field) {
+  return LoadLe16(field.first<2>()) | static_cast<std::uint32_t>(LoadLe16(field.last<2>())) << 16;
+}
 
 inline void StoreBe16(std::span<std::uint8_t, 2> field, std::uint16_t value) {
   field[0] = static_cast<std::uint8_t>(value >> 8);
@@ -37,4 +54,4 @@ inline std::uint32_t LoadBe32(std::span<const std::uint8_t, 4> field) {
   return static_cast<std::uint32_t>(LoadBe16(field.first<2>())) << 16 | LoadBe16(field.last<2>());
 }
 
-}  // namespace discwright::util
+}  // namespace discwright::base

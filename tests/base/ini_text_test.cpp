@@ -1,10 +1,10 @@
 // Tests of INI text.
-#include "host/ini_text.h"
+#include "base/ini_text.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace discwright::host {
+namespace discwright::base {
 namespace {
 
 using ::testing::ElementsAre;
@@ -137,4 +137,4 @@ TEST(WithIniValue, ValueWithLineEndsAndNul_StaysOnItsLine) {
 }
 
 }  // namespace
-}  // namespace discwright::host
+}  // namespace discwright::base

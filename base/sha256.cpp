@@ -1,10 +1,10 @@
 // The functions are named as in the standard, sections 4.1.2, 5.1.1 and 6.2.2.
-#include "host/sha256.h"
+#include "base/sha256.h"
 
 #include <algorithm>
 #include <bit>
 
-namespace discwright::host {
+namespace discwright::base {
 namespace {
 
 constexpr std::array<std::uint32_t, 64> kRounds = {
@@ -84,4 +84,4 @@ std::string Sha256::Finish() {
   return text;
 }
 
-}  // namespace discwright::host
+}  // namespace discwright::base

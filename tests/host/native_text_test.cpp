@@ -1,5 +1,5 @@
 // Tests of the bytes of settings files.
-#include "host/text_encoding.h"
+#include "host/native_text.h"
 
 #include <gtest/gtest.h>
 
@@ -64,22 +64,6 @@ TEST(TextEncoding, EveryText_ComesBackAsItWas) {
                                  "ä\xFF", "\xEF\xBB\xBF", "\xEF\xBB", "\U0010FFFF"}) {
     EXPECT_EQ(ThereAndBack(text), text);
   }
-}
-
-TEST(FirstCharacters, CharactersOfSeveralBytes_AreNotSplit) {
-  EXPECT_EQ(FirstCharacters("äΩ€\U0001F4BFx", 4), "äΩ€\U0001F4BF");
-  EXPECT_EQ(FirstCharacters("äΩ", 1), "ä");
-}
-
-TEST(FirstCharacters, BytesThatAreNotUtf8_CountOneEach) {
-  EXPECT_EQ(FirstCharacters("\xFC\xE2\x82x", 3), "\xFC\xE2\x82");
-  EXPECT_EQ(FirstCharacters("\xE2\x82", 1), "\xE2");
-}
-
-TEST(FirstCharacters, ShorterText_IsWhole) {
-  EXPECT_EQ(FirstCharacters("äb", 3), "äb");
-  EXPECT_EQ(FirstCharacters("", 3), "");
-  EXPECT_EQ(FirstCharacters("äb", 0), "");
 }
 
 }  // namespace

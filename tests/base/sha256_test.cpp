@@ -1,12 +1,12 @@
 // Published digests, and pieces of every size.
-#include "host/sha256.h"
+#include "base/sha256.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <string_view>
 
-namespace discwright::host {
+namespace discwright::base {
 namespace {
 
 // Added in pieces of so many bytes.
@@ -49,4 +49,4 @@ TEST(Sha256, LengthsWherePaddingGrowsByABlock_HaveTheirDigests) {
 }
 
 }  // namespace
-}  // namespace discwright::host
+}  // namespace discwright::base

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace discwright::host {
+namespace discwright::base {
 
 struct IniKey {
   std::string key;
@@ -40,4 +40,4 @@ std::string WithQuotesKept(std::string_view value);
 // The value as it can stand on a line: each CR, LF and NUL becomes a blank.
 std::string OneLine(std::string_view value);
 
-}  // namespace discwright::host
+}  // namespace discwright::base

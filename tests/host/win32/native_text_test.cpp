@@ -1,5 +1,5 @@
 // Text for whoever reads a code page.
-#include "host/win32/ansi.h"
+#include "host/win32/native_text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,13 +1,13 @@
 // The table of what stands apart.
-#include "host/windows_1252.h"
+#include "base/windows_1252.h"
 
 #include <algorithm>
 #include <array>
 #include <iterator>
 
-#include "host/utf8.h"
+#include "base/utf8.h"
 
-namespace discwright::host {
+namespace discwright::base {
 
 namespace {
 
@@ -52,4 +52,4 @@ std::string FromWindows1252(std::string_view bytes) {
   return text;
 }
 
-}  // namespace discwright::host
+}  // namespace discwright::base

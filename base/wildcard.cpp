@@ -1,9 +1,9 @@
 // Matches names against DOS wildcards.
-#include "host/wildcard.h"
+#include "base/wildcard.h"
 
 #include <cstddef>
 
-namespace discwright::host {
+namespace discwright::base {
 namespace {
 
 // The bytes of the character that starts here: the byte itself and the UTF-8 continuation bytes behind it.
@@ -62,4 +62,4 @@ bool MatchesWildcard(std::string_view folded_name, std::string_view folded_patte
   return Matches(folded_name, folded_pattern);
 }
 
-}  // namespace discwright::host
+}  // namespace discwright::base

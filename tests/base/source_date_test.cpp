@@ -1,11 +1,9 @@
 // Tests of the time that no date in an image is later than.
-#include "util/source_date.h"
+#include "base/source_date.h"
 
 #include <gtest/gtest.h>
 
-#include "tests/support/fake_host.h"
-
-namespace discwright::util {
+namespace discwright::base {
 namespace {
 
 TEST(SourceDate, NumbersOfSeconds_AreTaken) {
@@ -26,7 +24,6 @@ TEST(SourceDate, ThatIsNotSetOrANumber_HasNothingWrong) {
 }
 
 TEST(SourceDate, ThatIsNoNumber_IsNamedWithItsVariable) {
-  const testing::FakeHost host;
   EXPECT_EQ(WhyNoSourceDate("yesterday"),
             "SOURCE_DATE_EPOCH in the environment takes a number of seconds since 1970, up to the year 9999, not "
             "'yesterday'");
@@ -34,4 +31,4 @@ TEST(SourceDate, ThatIsNoNumber_IsNamedWithItsVariable) {
 }
 
 }  // namespace
-}  // namespace discwright::util
+}  // namespace discwright::base

@@ -1,11 +1,9 @@
 // Reads a number of seconds, strictly: a date that is misread makes every later build of the same tree differ.
-#include "util/source_date.h"
+#include "base/source_date.h"
 
 #include <charconv>
 
-#include "host/native_text.h"
-
-namespace discwright::util {
+namespace discwright::base {
 
 namespace {
 
@@ -24,8 +22,8 @@ std::string WhyNoSourceDate(const char* value) {
   if (value == nullptr || ParseSourceDate(value)) return "";
   return std::string(kSourceDateVariable)
       .append(" in the environment takes a number of seconds since 1970, up to the year 9999, not '")
-      .append(host::TextFromNative(value))
+      .append(value)
       .append("'");
 }
 
-}  // namespace discwright::util
+}  // namespace discwright::base

@@ -5,11 +5,11 @@
 #include <string>
 #include <string_view>
 
-namespace discwright::host {
+namespace discwright::base {
 
 // Nothing when a character has no byte there, or the text is not UTF-8.
 std::optional<std::string> ToWindows1252(std::string_view text);
 
 std::string FromWindows1252(std::string_view bytes);
 
-}  // namespace discwright::host
+}  // namespace discwright::base

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace discwright::util {
+namespace discwright::base {
 
 inline constexpr const char* kSourceDateVariable = "SOURCE_DATE_EPOCH";
 
@@ -14,8 +14,8 @@ inline constexpr const char* kSourceDateVariable = "SOURCE_DATE_EPOCH";
 // when it is anything else.
 std::optional<std::int64_t> ParseSourceDate(std::string_view text);
 
-// What is wrong with the variable's value (as the system gives it; null: it is not set), as a sentence for the user;
-// empty when nothing is.
+// What is wrong with the variable's value (null: it is not set), as a sentence for the user; empty when nothing is. The
+// sentence holds the value unchanged: where the environment is not in UTF-8, the sentence is not either.
 std::string WhyNoSourceDate(const char* value);
 
-}  // namespace discwright::util
+}  // namespace discwright::base

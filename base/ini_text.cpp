@@ -1,11 +1,9 @@
 // Reading and changing keys of INI text.
-#include "host/ini_text.h"
+#include "base/ini_text.h"
 
 #include <algorithm>
 
-#include "host/system.h"
-
-namespace discwright::host {
+namespace discwright::base {
 
 namespace {
 
@@ -63,7 +61,10 @@ std::optional<KeyParts> ParseKey(std::string_view line) {
   return KeyParts{TrimBlanks(content.substr(0, equals)), TrimBlanks(content.substr(equals + 1))};
 }
 
-bool SameName(std::string_view a, std::string_view b) { return FoldCase(a) == FoldCase(b); }
+char LowerAscii(char letter) { return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter; }
+
+// Names that the program looks up are plain ASCII, so the letter case of other letters does not matter.
+bool SameName(std::string_view a, std::string_view b) { return std::ranges::equal(a, b, {}, LowerAscii, LowerAscii); }
 
 Lines::const_iterator FindSection(const Lines& lines, std::string_view section) {
   return std::find_if(lines.begin(), lines.end(), [&](std::string_view line) {
@@ -151,4 +152,4 @@ std::string OneLine(std::string_view value) {
   return line;
 }
 
-}  // namespace discwright::host
+}  // namespace discwright::base

@@ -1,9 +1,9 @@
 // DOS wildcards.
-#include "host/wildcard.h"
+#include "base/wildcard.h"
 
 #include <gtest/gtest.h>
 
-namespace discwright::host {
+namespace discwright::base {
 namespace {
 
 TEST(Wildcard, StarAndStarDotStar_MatchEveryName) {
@@ -58,4 +58,4 @@ TEST(Wildcard, SeveralStars_TryEveryPlace) {
 TEST(Wildcard, EmptyPattern_MatchesNoName) { EXPECT_FALSE(MatchesWildcard("name", "")); }
 
 }  // namespace
-}  // namespace discwright::host
+}  // namespace discwright::base
