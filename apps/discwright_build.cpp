@@ -32,7 +32,7 @@ int Build(const desktop::Options& options) {
     forms::AskToClose(windows.main);
   };
   desktop::ConsoleUser user(terminal, interrupted);
-  util::Context context{windows, user, *programs, notes, {}, {}, nullptr, nullptr};
+  steps::Context context{windows, user, *programs, notes, {}, {}, nullptr, nullptr};
   notes.added = [&](const util::Note& note) {
     // A line that starts a program begins with a quote, and is no path.
     const bool is_path = !note.place.starts_with('"');

@@ -1,11 +1,8 @@
 // The build's tree copy with progress as a program of its own, to be measured: bench_copy_tree SOURCE DESTINATION.
 #include <iostream>
 
-#include "forms/all_windows.h"
-#include "host/processes.h"
 #include "host/system.h"
 #include "host/user_interface.h"
-#include "util/context.h"
 #include "util/copy.h"
 #include "util/notes.h"
 
@@ -25,19 +22,32 @@ class SilentUser : public host::UserInterface {
   void OpenLink(std::string_view) override {}
 };
 
-// False, with the reason on standard error, unless every file was copied and the bar reached its end.
+class CountedProgress : public util::Progress {
+ public:
+  void Prepare() override {}
+  void SetTotal(std::int64_t bytes) override { total_ = bytes; }
+  void ShowFile(std::string_view) override {}
+  void ShowBytes(std::int64_t bytes) override { shown_ = bytes; }
+  std::int64_t ShownBytes() const override { return shown_; }
+  void End() override {}
+
+  bool IsComplete() const { return shown_ == total_; }
+
+ private:
+  std::int64_t total_ = 0;
+  std::int64_t shown_ = 0;
+};
+
+// False, with the reason on standard error, unless every file was copied and the progress reached its end.
 bool Copy(std::string_view source, std::string_view destination) {
-  forms::Windows windows;
   SilentUser user;
   util::Notes notes;
-  const auto programs = host::SystemProgramRunner();
-  util::Context context{windows, user, *programs, notes, {}, {}, nullptr, nullptr};
-  forms::ProgressBar& bar = windows.main.BarSub_Step;
-  const util::CopyEnd end = util::CopyPathWithProgress(
-      context, host::PathFromNative(source), host::PathFromNative(destination), windows.main.LblSub_Step, bar);
+  CountedProgress progress;
+  const util::CopyEnd end = util::CopyPathWithProgress({user, notes, progress}, host::PathFromNative(source),
+                                                       host::PathFromNative(destination));
   for (const util::Note& note : notes.all()) std::cerr << host::PathToNative(note.place) << ": " << note.cause << "\n";
-  if (bar.value.get() != bar.max.get()) std::cerr << "The bar stopped at " << bar.value.get() << ".\n";
-  return end == util::CopyEnd::kComplete && notes.all().empty() && bar.value.get() == bar.max.get();
+  if (!progress.IsComplete()) std::cerr << "The progress stopped before its end.\n";
+  return end == util::CopyEnd::kComplete && notes.all().empty() && progress.IsComplete();
 }
 
 }  // namespace

@@ -7,19 +7,24 @@
 
 #include "host/files.h"
 #include "host/system.h"
-#include "integration/file_patcher.h"
-#include "integration/step.h"
+#include "integration/file_operations.h"
+#include "integration/patching.h"
+#include "steps/copy_to_tree.h"
 #include "util/paths.h"
+#include "util/program_folder.h"
 
 namespace discwright::integration {
 
 namespace {
 
-constexpr const char* kLoader = "\\advtemp\\I386\\SETUPLDR.BIN";  // below the program folder
-constexpr const char* kScript = "\\advtemp\\I386\\TXTSETUP.SIF";
+using util::Item;
+
+constexpr const char* kLoader = "\\I386\\SETUPLDR.BIN";  // below the staging folder
+constexpr const char* kScript = "\\I386\\TXTSETUP.SIF";
 
 struct Patch {
-  const char* file;  // below the program folder
+  Item folder;
+  const char* file;  // below the folder
   const char* find;
   const char* replace;
 };
@@ -33,27 +38,27 @@ struct Tool {
 };
 
 constexpr Patch kErdCPatches[] = {
-    {kLoader, "i386", "erdc"},
-    {kLoader, "I386", "erdc"},
-    {kScript, "i386", "erdc"},
-    {"\\vexacd\\boot\\images\\erdc.bin", "I386", "ERDC"},
+    {Item::kStaging, kLoader, "i386", "erdc"},
+    {Item::kStaging, kLoader, "I386", "erdc"},
+    {Item::kStaging, kScript, "i386", "erdc"},
+    {Item::kWorkspace, "\\boot\\images\\erdc.bin", "I386", "ERDC"},
 };
 
 // A loader that names its folder in upper case only stays as it is, unlike that of ERD Commander: meant.
 constexpr Patch kBConPatches[] = {
-    {kLoader, "i386", "oobc"},
-    {kScript, "i386", "oobc"},
-    {"\\vexacd\\boot\\images\\oobc.bin", "I386", "OOBC"},
+    {Item::kStaging, kLoader, "i386", "oobc"},
+    {Item::kStaging, kScript, "i386", "oobc"},
+    {Item::kWorkspace, "\\boot\\images\\oobc.bin", "I386", "OOBC"},
 };
 
 constexpr Tool kErdC = {"ERD Commander", "Adding ERD Commander 2002/2003 Files", "erdc.bin", "\\ERDC", kErdCPatches};
 constexpr Tool kBCon = {"O&O BlueCon", "Adding O&&O BlueCon XXL Files", "oobc.bin", "\\OOBC", kBConPatches};
 
 // What no patch has reached still names I386, or is not there: the step goes on, and the CD will not do what was meant.
-void PatchFolderName(util::Context& context, const Tool& tool) {
+void PatchFolderName(steps::Context& context, const Tool& tool) {
   std::map<std::string, bool> patched;
   for (const Patch& patch : tool.patches) {
-    const std::string file = host::ProgramFolder() + patch.file;
+    const std::string file = util::PathOf(patch.folder) + patch.file;
     const bool replaced = PatchBinaryFile(context, file, patch.find, patch.replace);
     patched[file] = patched[file] || replaced;
   }
@@ -68,15 +73,15 @@ void PatchFolderName(util::Context& context, const Tool& tool) {
 
 std::string Reason(const std::string& answer) { return answer.empty() ? "" : " (" + answer + ")"; }
 
-bool AddTool(util::Context& context, const Tool& tool, const std::string& location) {
+bool AddTool(steps::Context& context, const Tool& tool, const std::string& location) {
   forms::FrmDiscwright& main = context.main();
   main.LblSub_Step.caption = tool.caption;
   main.LblSub_Step.Refresh();
   CopyBootSector(context, tool.boot_sector);
-  if (!CopyToTree(context, location, StagingFolder(), util::CopiedNames::kAsOnDisc)) return false;
+  if (!steps::CopyToTree(context, location, util::PathOf(Item::kStaging), util::CopiedNames::kAsOnDisc)) return false;
   PatchFolderName(context, tool);
-  const std::string setup_folder = StagingFolder() + "\\I386";
-  const std::string answer = RenameWithShell(main.window, setup_folder, StagingFolder() + tool.folder, "");
+  const std::string setup_folder = util::PathOf(Item::kStaging) + "\\I386";
+  const std::string answer = RenameWithShell(main.window, setup_folder, util::PathOf(Item::kStaging) + tool.folder, "");
   if (answer.empty()) return true;
   context.notes.Add(setup_folder, std::string("could not be renamed to ")
                                       .append(tool.folder + 1)
@@ -90,7 +95,7 @@ bool AddTool(util::Context& context, const Tool& tool, const std::string& locati
 
 // One name after the other: some shells leave a folder behind, without a word, when the destination has one of its
 // name, and some stop at a file whose place a folder has.
-void MoveWhatIsLeft(util::Context& context, const std::string& from, const std::string& to) {
+void MoveWhatIsLeft(steps::Context& context, const std::string& from, const std::string& to) {
   for (const host::Entry& left : host::ListFolder(from, "*.*").entries) {
     const std::string source = from + "\\" + left.name;
     const std::optional<host::Entry> there = host::Look(to + "\\" + left.name);
@@ -105,24 +110,25 @@ void MoveWhatIsLeft(util::Context& context, const std::string& from, const std::
 }
 
 // What is left goes with the staging folder, whatever the shell's answer was.
-void MoveToTree(util::Context& context) {
-  const std::string answer = MoveWithShell(context.main().window, StagingFolder() + "\\*.*", WorkspaceRoot(), 0, "");
-  if (answer != "Aborted") MoveWhatIsLeft(context, StagingFolder(), WorkspaceRoot());
-  for (const host::Entry& left : host::ListFolder(StagingFolder(), "*.*").entries) {
-    context.notes.Add(StagingFolder() + "\\" + left.name, "could not be moved onto the CD" + Reason(answer));
+void MoveToTree(steps::Context& context) {
+  const std::string answer = MoveWithShell(context.main().window, util::PathOf(Item::kStaging) + "\\*.*",
+                                           util::PathOf(Item::kWorkspace), 0, "");
+  if (answer != "Aborted") MoveWhatIsLeft(context, util::PathOf(Item::kStaging), util::PathOf(Item::kWorkspace));
+  for (const host::Entry& left : host::ListFolder(util::PathOf(Item::kStaging), "*.*").entries) {
+    context.notes.Add(util::PathOf(Item::kStaging) + "\\" + left.name,
+                      "could not be moved onto the CD" + Reason(answer));
   }
-  util::DelTree(StagingFolder(), &context.notes);
+  util::DelTree(util::PathOf(Item::kStaging), &context.notes);
 }
 
 }  // namespace
 
-std::string StagingFolder() { return host::ProgramFolder() + "\\advtemp"; }
-
-void AddAdvTools(util::Context& context, bool GetErdC, bool GetBCon, const std::string& ErdCLoc,
-                 const std::string& BConLoc) {
-  if (!GetErdC && !GetBCon) return;
-  if ((GetErdC && !AddTool(context, kErdC, ErdCLoc)) || (GetBCon && !AddTool(context, kBCon, BConLoc))) {
-    HaltStep(context, "Windows 2000/XP installation");  // that text, not one of its own: meant
+void AddAdvTools(steps::Context& context, const ToolChoices& choices) {
+  if (!choices.GetErdC && !choices.GetBCon) return;
+  if ((choices.GetErdC && !AddTool(context, kErdC, choices.ErdCLoc)) ||
+      (choices.GetBCon && !AddTool(context, kBCon, choices.BConLoc))) {
+    // Users and their documents know this text. It names Windows Setup although a tool has failed, and is kept.
+    HaltIntegration(context, "Windows 2000/XP installation");
     return;
   }
   MoveToTree(context);

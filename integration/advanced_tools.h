@@ -3,15 +3,19 @@
 
 #include <string>
 
-#include "util/context.h"
+#include "steps/context.h"
 
 namespace discwright::integration {
 
-std::string StagingFolder();  // program folder + "\advtemp": where a tool's CD is patched; gone after the step
+struct ToolChoices {
+  bool GetErdC = false;  // ERD Commander, from the root folder of its CD
+  bool GetBCon = false;  // O&O BlueCon, likewise
+  std::string ErdCLoc = {};
+  std::string BConLoc = {};
+};
 
-// Puts ERD Commander and O&O BlueCon, each from the root folder of its CD, beside Windows Setup: the folder I386, which
+// Puts ERD Commander and O&O BlueCon beside Windows Setup: the folder I386, which
 // all three start from, gets a name of its own, and what names it is patched.
-void AddAdvTools(util::Context& context, bool GetErdC, bool GetBCon, const std::string& ErdCLoc,
-                 const std::string& BConLoc);
+void AddAdvTools(steps::Context& context, const ToolChoices& choices);
 
 }  // namespace discwright::integration

@@ -4,36 +4,37 @@
 #include <string>
 
 #include "host/files.h"
-#include "integration/step.h"
+#include "integration/file_operations.h"
+#include "steps/copy_to_tree.h"
 #include "util/paths.h"
+#include "util/program_folder.h"
 
 namespace discwright::integration {
 
 namespace {
 
-bool CopyUtilities(util::Context& context, std::string_view Utils_Loc) {
+bool CopyUtilities(steps::Context& context, std::string_view Utils_Loc) {
   context.main().LblSub_Step.caption = "Copying Vexa Utilities";
-  const std::string destination = WorkspaceRoot() + "\\vexa";
+  const std::string destination = util::PathOf(util::Item::kWorkspace) + "\\vexa";
   if (!util::FolderExists(destination) &&
       !context.notes.Check(host::MakeFolders(destination), destination, "could not be created")) {
     return false;
   }
-  return CopyToTree(context, Utils_Loc, destination);
+  return steps::CopyToTree(context, Utils_Loc, destination);
 }
 
-bool CopyAdditionalFiles(util::Context& context, std::string_view AddFiles_Loc) {
+bool CopyAdditionalFiles(steps::Context& context, std::string_view AddFiles_Loc) {
   context.main().LblSub_Step.caption = "Copying Additional Files";
-  return CopyToTree(context, AddFiles_Loc, WorkspaceRoot());
+  return steps::CopyToTree(context, AddFiles_Loc, util::PathOf(util::Item::kWorkspace));
 }
 
 }  // namespace
 
-void AddVexa_Files(util::Context& context, bool AddUtils, bool AddAddFiles, std::string_view Utils_Loc,
-                   std::string_view AddFiles_Loc) {
-  const bool complete =
-      (!AddUtils || CopyUtilities(context, Utils_Loc)) && (!AddAddFiles || CopyAdditionalFiles(context, AddFiles_Loc));
-  // The text names the utilities also when the additional files failed. Meant.
-  if (!complete) HaltStep(context, "Vexa Utilities");
+void AddVexa_Files(steps::Context& context, const FileChoices& choices) {
+  const bool complete = (!choices.AddUtils || CopyUtilities(context, choices.Utils_Loc)) &&
+                        (!choices.AddAddFiles || CopyAdditionalFiles(context, choices.AddFiles_Loc));
+  // The text names the utilities also when the additional files have failed. Users know it so, and it is kept.
+  if (!complete) HaltIntegration(context, "Vexa Utilities");
 }
 
 }  // namespace discwright::integration

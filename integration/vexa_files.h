@@ -1,13 +1,19 @@
 // The utilities folder and the additional files on the CD tree.
 #pragma once
 
-#include <string_view>
+#include <string>
 
-#include "util/context.h"
+#include "steps/context.h"
 
 namespace discwright::integration {
 
-void AddVexa_Files(util::Context& context, bool AddUtils, bool AddAddFiles, std::string_view Utils_Loc,
-                   std::string_view AddFiles_Loc);
+struct FileChoices {
+  bool AddUtils = false;
+  bool AddAddFiles = false;
+  std::string Utils_Loc = {};     // goes to the CD's folder "vexa"
+  std::string AddFiles_Loc = {};  // goes to the CD's root
+};
+
+void AddVexa_Files(steps::Context& context, const FileChoices& choices);
 
 }  // namespace discwright::integration

@@ -9,12 +9,13 @@
 #include "host/files.h"
 #include "host/system.h"
 #include "host/windows_programs.h"
-#include "integration/file_patcher.h"
-#include "integration/step.h"
+#include "integration/file_operations.h"
 #include "settings/key_files.h"
 #include "settings/win2k_info.h"
+#include "steps/copy_to_tree.h"
+#include "steps/processes.h"
 #include "util/paths.h"
-#include "util/processes.h"
+#include "util/program_folder.h"
 
 namespace discwright::integration {
 
@@ -34,12 +35,12 @@ bool IsNoWindowsProgram(const std::string& SP_exe) {
 }
 
 // The build goes on without the service pack, which the CD is then missing: a note as well as a box.
-void GoOnWithoutServicePack(util::Context& context, const std::string& SP_exe, const std::string& why) {
+void GoOnWithoutServicePack(steps::Context& context, const std::string& SP_exe, const std::string& why) {
   context.notes.Add(SP_exe, "was not slipstreamed");
   context.user.ShowMessage({why, "Can't Slipstream Service Pack", host::MessageIcon::kExclamation});
 }
 
-void Slipstream(util::Context& context, const std::string& SP_exe) {
+void Slipstream(steps::Context& context, const std::string& SP_exe) {
   if (!util::IsWinNT()) {
     GoOnWithoutServicePack(context, SP_exe,
                            "Can't integrate the Windows Service Pack if running in a Windows 9x environment");
@@ -58,55 +59,56 @@ void Slipstream(util::Context& context, const std::string& SP_exe) {
     return;
   }
   const std::optional<std::string> command_line =
-      host::WindowsProgramLine(SP_exe, "-s:", util::GetShortPath(WorkspaceRoot()));
+      host::WindowsProgramLine(SP_exe, "-s:", util::GetShortPath(util::PathOf(util::Item::kWorkspace)));
   if (!command_line) {
     GoOnWithoutServicePack(context, SP_exe,
                            "Can't integrate the Windows Service Pack: its installer is a Windows program, and there is "
                            "no command \"wine\" to start it with");
     return;
   }
-  util::ASyncShell(context, *command_line);
-  util::WaitWhile(context, context.main().ASyncAppRunning, context.ASyncApp, util::kASyncPollInterval);
+  steps::ASyncShell(context, *command_line);
+  steps::WaitForASyncApp(context);
 }
 
-bool WriteAnswers(util::Context& context) {
-  settings::FillKeyFile(context.notes, true, true);
-  return settings::FillSetupDataFromKeyFileToUnattend(context.notes, host::ProgramFolder() + settings::kBuildKeyFile,
-                                                      WorkspaceRoot() + "\\I386\\WINNT.SIF");
+bool WriteAnswers(steps::Context& context) {
+  settings::FillKeyFile(context.notes, {.AddInfo_toWin9xSetup = true, .AddInfo_toWin2KSetup = true});
+  return settings::FillSetupDataFromKeyFileToUnattend(context.notes, util::PathOf(util::Item::kBuildKeyFile),
+                                                      util::PathOf(util::Item::kWorkspace) + "\\I386\\WINNT.SIF");
 }
 
-void RemoveLanguages(util::Context& context) {
+void RemoveLanguages(steps::Context& context) {
   forms::Label& label = context.main().LblSub_Step;
   label.caption = "Removing Extra Languages files";
   label.Refresh();
-  util::DelTree(WorkspaceRoot() + "\\I386\\LANG", &context.notes);
+  util::DelTree(util::PathOf(util::Item::kWorkspace) + "\\I386\\LANG", &context.notes);
 }
 
 // False after a fatal error.
-bool AddSetupFiles(util::Context& context, const std::string& Source) {
+bool AddSetupFiles(steps::Context& context, const std::string& Source) {
   context.main().LblSub_Step.caption = "Copying Windows 2000/XP Files";
   CopyBootSector(context, "w2ksect.bin");
-  if (!CopyToTree(context, Source, WorkspaceRoot() + "\\I386", util::CopiedNames::kAsOnDisc)) return false;
-  if (!util::FileExists(WorkspaceRoot() + "\\I386\\SETUPLDR.BIN")) {
+  if (!steps::CopyToTree(context, Source, util::PathOf(util::Item::kWorkspace) + "\\I386",
+                         util::CopiedNames::kAsOnDisc))
+    return false;
+  if (!util::FileExists(util::PathOf(util::Item::kWorkspace) + "\\I386\\SETUPLDR.BIN")) {
     context.notes.Add(Source + "\\SETUPLDR.BIN",
                       "did not come to the CD, and Windows Setup cannot be started from there");
   }
-  CopyMatchingFiles(context.notes, Source + "\\..\\win51*.*", WorkspaceRoot() + "\\WIN51*.*",
+  CopyMatchingFiles(context.notes, Source + "\\..\\win51*.*", util::PathOf(util::Item::kWorkspace) + "\\WIN51*.*",
                     util::CopiedNames::kAsOnDisc);
-  CopyMatchingFiles(context.notes, Source + "\\..\\cdrom*.*", WorkspaceRoot() + "\\CDROM*.*",
+  CopyMatchingFiles(context.notes, Source + "\\..\\cdrom*.*", util::PathOf(util::Item::kWorkspace) + "\\CDROM*.*",
                     util::CopiedNames::kAsOnDisc);
   return true;
 }
 
 }  // namespace
 
-void AddWin2K(util::Context& context, const std::string& Source, std::string_view, bool DelTreeLang,
-              const std::string& SP_exe, std::string_view, bool, bool AddInfo_toUnattend) {
-  bool complete = AddSetupFiles(context, Source);
-  if (complete && !SP_exe.empty()) Slipstream(context, SP_exe);
-  if (complete && AddInfo_toUnattend) complete = WriteAnswers(context);
-  if (complete && DelTreeLang) RemoveLanguages(context);
-  if (!complete) HaltStep(context, "Windows 2000/XP installation");
+void AddWin2K(steps::Context& context, const Win2KChoices& choices) {
+  bool complete = AddSetupFiles(context, choices.Source);
+  if (complete && !choices.SP_exe.empty()) Slipstream(context, choices.SP_exe);
+  if (complete && choices.AddInfo_toUnattend) complete = WriteAnswers(context);
+  if (complete && choices.DelTreeLang) RemoveLanguages(context);
+  if (!complete) HaltIntegration(context, "Windows 2000/XP installation");
 }
 
 }  // namespace discwright::integration

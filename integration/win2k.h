@@ -2,16 +2,20 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
-#include "util/context.h"
+#include "steps/context.h"
 
 namespace discwright::integration {
 
-// Copies the setup folder `Source` ("I386" of a setup CD) and the CD's tag files, slipstreams the service pack `SP_exe`
-// (its self-extracting installer; empty: none), writes the user's answers and deletes the folder of further languages.
-// `I386Name`, `HotFixDir` and `AddInfo_toSetupWin` are taken and not used: that is meant.
-void AddWin2K(util::Context& context, const std::string& Source, std::string_view I386Name, bool DelTreeLang,
-              const std::string& SP_exe, std::string_view HotFixDir, bool AddInfo_toSetupWin, bool AddInfo_toUnattend);
+struct Win2KChoices {
+  std::string Source = {};          // the folder "I386" of a setup CD
+  bool DelTreeLang = false;         // the folder of further languages is left out
+  std::string SP_exe = {};          // the self-extracting installer of a service pack; empty: none
+  bool AddInfo_toUnattend = false;  // WINNT.SIF gets the user's answers
+};
+
+// Copies the setup folder and the CD's tag files, slipstreams the service pack, writes the user's answers and deletes
+// the folder of further languages.
+void AddWin2K(steps::Context& context, const Win2KChoices& choices);
 
 }  // namespace discwright::integration

@@ -5,10 +5,12 @@
 
 #include "host/files.h"
 #include "host/system.h"
-#include "integration/step.h"
+#include "integration/file_operations.h"
 #include "settings/key_files.h"
 #include "settings/win9x_info.h"
+#include "steps/copy_to_tree.h"
 #include "util/paths.h"
+#include "util/program_folder.h"
 
 namespace discwright::integration {
 
@@ -30,27 +32,27 @@ std::string SetupFolderName(const std::string& Source) {
   return name;
 }
 
-bool CopySetupFiles(util::Context& context, const std::string& Source, const std::string& target) {
+bool CopySetupFiles(steps::Context& context, const std::string& Source, const std::string& target) {
   context.main().LblSub_Step.caption = "Copying Windows 9x Setup Files";
   if (!util::FolderExists(target) && !context.notes.Check(host::MakeFolders(target), target, "could not be created")) {
     return false;
   }
-  return CopyToTree(context, Source, target, util::CopiedNames::kAsOnDisc);
+  return steps::CopyToTree(context, Source, target, util::CopiedNames::kAsOnDisc);
 }
 
-bool WriteAnswers(util::Context& context, const std::string& target) {
-  settings::FillKeyFile(context.notes, true, true);
-  return settings::FillSetupDataFromKeyFileToMSBatch(context.notes, host::ProgramFolder() + settings::kBuildKeyFile,
+bool WriteAnswers(steps::Context& context, const std::string& target) {
+  settings::FillKeyFile(context.notes, {.AddInfo_toWin9xSetup = true, .AddInfo_toWin2KSetup = true});
+  return settings::FillSetupDataFromKeyFileToMSBatch(context.notes, util::PathOf(util::Item::kBuildKeyFile),
                                                      target + "\\MSBATCH.INF");
 }
 
 }  // namespace
 
-void AddWin9x(util::Context& context, const std::string& Source, bool AddInfo_toMSBatch) {
-  const std::string target = WorkspaceRoot() + "\\" + SetupFolderName(Source);
+void AddWin9x(steps::Context& context, const std::string& Source, bool AddInfo_toMSBatch) {
+  const std::string target = util::PathOf(util::Item::kWorkspace) + "\\" + SetupFolderName(Source);
   const bool complete =
       CopySetupFiles(context, Source, target) && (!AddInfo_toMSBatch || WriteAnswers(context, target));
-  if (!complete) HaltStep(context, "Windows 98/Me installation");
+  if (!complete) HaltIntegration(context, "Windows 98/Me installation");
 }
 
 }  // namespace discwright::integration

@@ -3,12 +3,12 @@
 
 #include <string>
 
-#include "util/context.h"
+#include "steps/context.h"
 
 namespace discwright::integration {
 
 // Copies the folder of cabinet files `Source` to "WIN98", "WINME" or "WINSETUP" of the CD, by what it holds, and writes
 // the user's answers into its MSBATCH.INF.
-void AddWin9x(util::Context& context, const std::string& Source, bool AddInfo_toMSBatch);
+void AddWin9x(steps::Context& context, const std::string& Source, bool AddInfo_toMSBatch);
 
 }  // namespace discwright::integration

@@ -6,9 +6,9 @@
 
 #include "host/files.h"
 #include "host/native_text.h"
-#include "integration/file_patcher.h"
-#include "integration/step.h"
+#include "integration/patching.h"
 #include "util/paths.h"
+#include "util/program_folder.h"
 
 namespace discwright::pipeline {
 
@@ -25,7 +25,7 @@ bool IsProtected(const std::string& script, const std::string& password_line) {
 
 }  // namespace
 
-void ProtectBootMenu(util::Context& context, std::string_view first_password, std::string_view second_password) {
+void ProtectBootMenu(steps::Context& context, std::string_view first_password, std::string_view second_password) {
   forms::Label& label = context.main().LblSub_Step;
   label.caption = "Adding Password Protection to the Boot Script";
   label.Refresh();
@@ -34,7 +34,7 @@ void ProtectBootMenu(util::Context& context, std::string_view first_password, st
                               "Password Protection disabled", host::MessageIcon::kCritical});
     return;
   }
-  const std::string script = integration::WorkspaceRoot() + "\\boot\\scripts\\main.cds";
+  const std::string script = util::PathOf(util::Item::kWorkspace) + "\\boot\\scripts\\main.cds";
   // As typed, also with a quote in it that ends the value early: meant.
   const std::string line = std::string("Set PasswordString=\"").append(first_password).append("\"");
   integration::PatchTextFile(context, script, "Set PasswordRequest=0", kRequest);

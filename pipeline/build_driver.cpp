@@ -37,49 +37,58 @@ struct StepLine {
   void Skip() const { mark.caption = forms::kCross; }
 };
 
-void RunBootDisks(util::Context& context) {
+void RunBootDisks(steps::Context& context) {
   const forms::FrmDiscwright& main = context.main();
-  constexpr bool kAddInfoToWin2KSetup = true;  // whatever the Windows 2000/XP choices are; that is meant
-  AddDisks(context, main.ChkGet_Vexanetplus.checked(), main.ChkSelectDrivers.checked(), main.ChkGet_Win9x.checked(),
-           main.ChkWin9xInfo_Assis.checked(), kAddInfoToWin2KSetup);
+  AddDisks(context, {.NetPlus = main.ChkGet_Vexanetplus.checked(),
+                     .AcceptDrivers = main.ChkSelectDrivers.checked(),
+                     .MakeWin9xDisk = main.ChkGet_Win9x.checked(),
+                     .AddInfo_toWin9xSetup = main.ChkWin9xInfo_Assis.checked(),
+                     // The setup assistant on the boot disks always gets these answers. ChkWin2KInfo_Assis, which asks
+                     // for them, has therefore no effect; this is kept.
+                     .AddInfo_toWin2KSetup = true});
 }
 
-void RunWin2K(util::Context& context) {
+void RunWin2K(steps::Context& context) {
   const forms::FrmDiscwright& main = context.main();
-  const std::string SP_exe = main.ChkSlipstream.checked() ? main.TxtSP_exe.text.get() : "";
-  integration::AddWin2K(context, main.Txt_i386_Loc.text.get(), "I386", main.ChkDelTree_Lang.checked(), SP_exe, "",
-                        main.ChkWin2KInfo_Assis.checked(), main.ChkWin2KInfo_Unattend.checked());
+  integration::AddWin2K(context, {.Source = main.Txt_i386_Loc.text,
+                                  .DelTreeLang = main.ChkDelTree_Lang.checked(),
+                                  .SP_exe = main.ChkSlipstream.checked() ? main.TxtSP_exe.text.get() : "",
+                                  .AddInfo_toUnattend = main.ChkWin2KInfo_Unattend.checked()});
 }
 
-void RunWin9x(util::Context& context) {
+void RunWin9x(steps::Context& context) {
   const forms::FrmDiscwright& main = context.main();
   integration::AddWin9x(context, main.TxtWin9x_Loc.text.get(), main.ChkWin9xInfo_MSBatch.checked());
 }
 
-void RunToolsAndFiles(util::Context& context) {
+void RunToolsAndFiles(steps::Context& context) {
   const forms::FrmDiscwright& main = context.main();
   if (main.ChkGet_Advtools.checked()) {
-    integration::AddAdvTools(context, main.ChkERDC.checked(), main.ChkBCon.checked(), main.TxtERDC.text.get(),
-                             main.TxtBCon.text.get());
+    integration::AddAdvTools(context, {.GetErdC = main.ChkERDC.checked(),
+                                       .GetBCon = main.ChkBCon.checked(),
+                                       .ErdCLoc = main.TxtERDC.text,
+                                       .BConLoc = main.TxtBCon.text});
   }
   if (!main.CancelCopy) {
-    integration::AddVexa_Files(context, main.ChkVexaUtils.checked(), main.ChkAddFiles.checked(),
-                               main.TxtUtils_Loc.text.get(), main.TxtAddFiles_Loc.text.get());
+    integration::AddVexa_Files(context, {.AddUtils = main.ChkVexaUtils.checked(),
+                                         .AddAddFiles = main.ChkAddFiles.checked(),
+                                         .Utils_Loc = main.TxtUtils_Loc.text,
+                                         .AddFiles_Loc = main.TxtAddFiles_Loc.text});
   }
   if (!main.CancelCopy && main.ChkPassProtect.checked()) {
     ProtectBootMenu(context, main.TxtPass1.text.get(), main.TxtPass2.text.get());
   }
 }
 
-void RunMastering(util::Context& context) {
+void RunMastering(steps::Context& context) {
   forms::FrmDiscwright& main = context.main();
   StartMKISOFS(context, main.TxtISOLoc.text.get(), main.ChkOptimizeISO.checked());
-  util::WaitWhile(context, main.MKISOFSRunning, context.LaunchApp, kMasteringPollInterval);
+  util::WaitWhile(context.user, main.MKISOFSRunning, context.LaunchApp, kMasteringPollInterval);
   context.LaunchApp.reset();
 }
 
 // False when the build was cancelled meanwhile: the driver then stops, leaving labels and buttons as they are.
-bool RunStep(util::Context& context, const StepLine& line, void (*step)(util::Context&)) {
+bool RunStep(steps::Context& context, const StepLine& line, void (*step)(steps::Context&)) {
   line.Begin();
   step(context);
   if (context.main().CancelCopy) return false;
@@ -87,7 +96,7 @@ bool RunStep(util::Context& context, const StepLine& line, void (*step)(util::Co
   return true;
 }
 
-void CleanUp(util::Context& context) {
+void CleanUp(steps::Context& context) {
   forms::Label& label = context.main().LblSub_Step;
   label.caption = "Cleaning session temperary data";
   label.bold = true;
@@ -96,7 +105,7 @@ void CleanUp(util::Context& context) {
 }
 
 // Returns early when the build is cancelled, leaving labels and buttons as they are.
-void RunSteps(util::Context& context) {
+void RunSteps(steps::Context& context) {
   forms::FrmDiscwright& main = context.main();
   const StepLine boot_disks{main, main.LblMsg1, main.LblRight1};
   const StepLine win2k{main, main.LblMsg2, main.LblRight2};
@@ -128,12 +137,12 @@ void RunSteps(util::Context& context) {
 
 }  // namespace
 
-util::BuildResult FinishApp(util::Context& context) {
+steps::BuildResult FinishApp(steps::Context& context) {
   RunSteps(context);
   return ResultOf(context);
 }
 
-void CancelApp(util::Context& context) {
+void CancelApp(steps::Context& context) {
   forms::FrmDiscwright& main = context.main();
   main.Finished = true;
   main.CancelCopy = true;
@@ -148,7 +157,7 @@ void CancelApp(util::Context& context) {
   context.ShowHelp(static_cast<int>(forms::kProgressPage), false);
 }
 
-void Bind(util::Context& context) {
+void Bind(steps::Context& context) {
   context.CancelApp = [&context] { CancelApp(context); };
 }
 

@@ -9,6 +9,7 @@
 #include "host/system.h"
 #include "pipeline/mastering.h"
 #include "util/paths.h"
+#include "util/program_folder.h"
 
 namespace discwright::pipeline {
 
@@ -29,22 +30,22 @@ std::vector<std::string> LastLines(const std::string& text, std::size_t count) {
   return lines;
 }
 
-void AddLog(util::BuildResult& result) {
-  const std::string path = host::ProgramFolder() + kMasteringLog;
+void AddLog(steps::BuildResult& result) {
+  const std::string path = util::PathOf(util::Item::kMasteringLog);
   std::string content;
   if (!host::ReadWholeFile(path, content).ok()) return;
   result.log = path;
   result.log_tail = LastLines(host::TextFromNative(content), kLogLines);
 }
 
-util::BuildResult Failed(util::BuildResult result, const std::string& why) {
-  result.end = util::BuildEnd::kFailed;
+steps::BuildResult Failed(steps::BuildResult result, const std::string& why) {
+  result.end = steps::BuildEnd::kFailed;
   result.why = why;
   return result;
 }
 
 // Nobody but the mastering tool knows what it has left under the image's name.
-util::BuildResult MasteringFailed(const util::Context& context, util::BuildResult result) {
+steps::BuildResult MasteringFailed(const steps::Context& context, steps::BuildResult result) {
   const forms::FrmDiscwright& main = context.main();
   AddLog(result);
   if (main.LblAbort.visible) {
@@ -54,7 +55,7 @@ util::BuildResult MasteringFailed(const util::Context& context, util::BuildResul
                             host::PathToNative(result.image) + ": this build did not make it, or did not finish it.");
 }
 
-util::BuildResult Made(util::Context& context, util::BuildResult result) {
+steps::BuildResult Made(steps::Context& context, steps::BuildResult result) {
   host::Status status;
   if (context.wants_digest) {
     result.sha256 = host::Sha256OfFile(result.image, status, [&context] {
@@ -63,7 +64,7 @@ util::BuildResult Made(util::Context& context, util::BuildResult result) {
     });
   }
   if (context.cancelled_by_user) {
-    result.end = util::BuildEnd::kCancelled;
+    result.end = steps::BuildEnd::kCancelled;
     return result;
   }
   const std::optional<host::Entry> entry = host::Look(result.image);
@@ -72,22 +73,22 @@ util::BuildResult Made(util::Context& context, util::BuildResult result) {
     return Failed(result, host::PathToNative(result.image) + ": the image cannot be read back: " + status.cause);
   }
   result.size = entry->size;
-  result.end = context.notes.all().empty() ? util::BuildEnd::kMade : util::BuildEnd::kMadeWithNotes;
+  result.end = context.notes.all().empty() ? steps::BuildEnd::kMade : steps::BuildEnd::kMadeWithNotes;
   return result;
 }
 
 }  // namespace
 
-util::BuildResult ResultOf(util::Context& context) {
+steps::BuildResult ResultOf(steps::Context& context) {
   context.user.DoEvents(0);  // a cancellation that came last
   const forms::FrmDiscwright& main = context.main();
-  util::BuildResult result;
+  steps::BuildResult result;
   result.image = util::NamedFile(main.TxtISOLoc.text.get());
   // A step may fail because the user has cancelled. Then the build was cancelled, and has not failed.
   const bool has_failed = !context.failure.empty() && !context.cancelled_by_user;
   if (has_failed) return Failed(result, context.failure);
   if (main.CancelCopy) {
-    result.end = util::BuildEnd::kCancelled;
+    result.end = steps::BuildEnd::kCancelled;
     return result;
   }
   if (main.LblAbort.visible || !context.mastering_end.Succeeded()) return MasteringFailed(context, result);

@@ -9,14 +9,13 @@
 #include "host/native_text.h"
 #include "host/script.h"
 #include "host/system.h"
+#include "steps/processes.h"
 #include "util/paths.h"
-#include "util/processes.h"
+#include "util/program_folder.h"
 
 namespace discwright::pipeline {
 
 namespace {
-
-constexpr const char* kScriptFile = "\\makecd.bat";  // below the program folder
 
 // The fixed argument list, each piece after the program with its own leading blank.
 constexpr const char* kMasteringArguments =
@@ -37,7 +36,7 @@ constexpr const char* kMasteringArguments =
 // "mkisofs.log": open for the whole run, one line per piece of output.
 class MasteringLog {
  public:
-  explicit MasteringLog(util::Notes& notes) : path_(host::ProgramFolder() + kMasteringLog), notes_(notes) {
+  explicit MasteringLog(util::Notes& notes) : path_(util::PathOf(util::Item::kMasteringLog)), notes_(notes) {
     host::Status status;
     file_ = host::OpenBinary(path_, host::OpenMode::kCreateEmpty, status);
     notes_.Check(status, path_, "the mastering log could not be created");
@@ -120,21 +119,21 @@ struct Mastering {
   std::optional<LinkerWatch> linker;  // when duplicate files are to be linked
 };
 
-void LaunchApp_DataReceived(util::Context& context, Mastering& mastering, std::string_view TextPipe) {
+void LaunchApp_DataReceived(steps::Context& context, Mastering& mastering, std::string_view TextPipe) {
   mastering.log->AddLine(TextPipe);
   if (mastering.linker) mastering.linker->Read(TextPipe);
   ShowMasteringOutput(context.main(), TextPipe);
 }
 
 // An image that was not made has nothing stored twice.
-void NoteUnfinishedLinking(util::Context& context, const Mastering& mastering) {
+void NoteUnfinishedLinking(steps::Context& context, const Mastering& mastering) {
   if (!mastering.linker || mastering.linker->has_finished() || !context.mastering_end.Succeeded()) return;
   context.notes.Add(mastering.log->path(),
                     "dfl, the program that links duplicate files, did not do all of its work (this log may say why): "
                     "duplicate files were stored more than once");
 }
 
-void LaunchApp_ProcessEnded(util::Context& context, Mastering& mastering) {
+void LaunchApp_ProcessEnded(steps::Context& context, Mastering& mastering) {
   MasteringLog& log = *mastering.log;
   forms::FrmDiscwright& main = context.main();
   context.mastering_end = context.LaunchApp->End();
@@ -148,7 +147,7 @@ void LaunchApp_ProcessEnded(util::Context& context, Mastering& mastering) {
   }
   if (!main.LblAbort.visible) NoteUnfinishedLinking(context, mastering);
   if (main.ChkCleanSession.checked()) {
-    const std::string script = host::ProgramFolder() + kScriptFile;
+    const std::string script = util::PathOf(util::Item::kMasteringScript);
     context.notes.Check(host::RemoveFile(script), script, "could not be deleted");
   }
   main.BarSub_Step.visible = false;
@@ -169,16 +168,18 @@ bool WriteScript(util::Notes& notes, const std::string& path, std::string_view I
 
 std::vector<std::string> MasteringScript(std::string_view ISOLocation, bool OptimizeISO) {
   const auto prologue = host::ScriptPrologue(host::ProgramFolder());
+  const std::string workspace(util::NameInFolder(util::Item::kWorkspace));
   std::vector<std::string> lines(prologue.begin(), prologue.end());
-  if (OptimizeISO) lines.push_back(host::ScriptProgram("dfl.exe") + " vexacd link");
-  lines.push_back(host::ScriptProgram("mkisofs.exe") + " " + kMasteringArguments +
-                  host::ScriptPath(util::NamedFile(ISOLocation)) + " vexacd");
+  if (OptimizeISO)
+    lines.push_back(host::ScriptProgram(util::NameInFolder(util::Item::kDfl)) + " " + workspace + " link");
+  lines.push_back(host::ScriptProgram(util::NameInFolder(util::Item::kMkisofs)) + " " + kMasteringArguments +
+                  host::ScriptPath(util::NamedFile(ISOLocation)) + " " + workspace);
   return lines;
 }
 
-void StartMKISOFS(util::Context& context, std::string_view ISOLocation, bool OptimizeISO) {
+void StartMKISOFS(steps::Context& context, std::string_view ISOLocation, bool OptimizeISO) {
   forms::FrmDiscwright& main = context.main();
-  const std::string script = host::ProgramFolder() + kScriptFile;
+  const std::string script = util::PathOf(util::Item::kMasteringScript);
   main.CmdCancel.enabled = false;  // a running mastering cannot be cancelled from the wizard
   if (!WriteScript(context.notes, script, ISOLocation, OptimizeISO)) {
     // An old script must not run with the wrong image in mind.
@@ -186,10 +187,10 @@ void StartMKISOFS(util::Context& context, std::string_view ISOLocation, bool Opt
   }
   const auto mastering = std::make_shared<Mastering>();
   if (OptimizeISO) mastering->linker.emplace();
-  const bool started = util::StartLauncher(
+  const bool started = steps::StartLauncher(
       context, context.LaunchApp, script, kMasteringPollInterval,
-      [&context, mastering](std::string_view TextPipe) { LaunchApp_DataReceived(context, *mastering, TextPipe); },
-      [&context, mastering] { LaunchApp_ProcessEnded(context, *mastering); });
+      {[&context, mastering](std::string_view TextPipe) { LaunchApp_DataReceived(context, *mastering, TextPipe); },
+       [&context, mastering] { LaunchApp_ProcessEnded(context, *mastering); }});
   main.MKISOFSRunning = started;
   main.BarSub_Step.max = 100;
   main.BarSub_Step.value = main.BarSub_Step.min.get();

@@ -5,15 +5,14 @@
 #include <string_view>
 #include <vector>
 
-#include "util/context.h"
+#include "steps/context.h"
 
 namespace discwright::pipeline {
 
-inline constexpr const char* kMasteringLog = "\\mkisofs.log";  // below the program folder
-inline constexpr int kMasteringPollInterval = 500;             // milliseconds
+inline constexpr int kMasteringPollInterval = 500;  // milliseconds
 
 // Writes "makecd.bat" and starts it; returns at once. MKISOFSRunning is set until the end handler clears it.
-void StartMKISOFS(util::Context& context, std::string_view ISOLocation, bool OptimizeISO);
+void StartMKISOFS(steps::Context& context, std::string_view ISOLocation, bool OptimizeISO);
 
 // The script's lines without line ends: four, or five with the optimisation.
 std::vector<std::string> MasteringScript(std::string_view ISOLocation, bool OptimizeISO);

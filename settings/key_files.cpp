@@ -8,16 +8,17 @@
 #include "host/system.h"
 #include "settings/ini_file.h"
 #include "util/paths.h"
+#include "util/program_folder.h"
 
 namespace discwright::settings {
 
 bool HoldsAnswers(const char* section) {
-  return host::ReadProfileValue(host::ProgramFolder() + kWorkingKeyFile, section, "OwnerName").has_value();
+  return host::ReadProfileValue(util::PathOf(util::Item::kWorkingKeyFile), section, "OwnerName").has_value();
 }
 
-void FillKeyFile(util::Notes& notes, bool AddInfo_toWin9xSetup, bool AddInfo_toWin2KSetup) {
-  const INIFile target(host::ProgramFolder() + kBuildKeyFile);
-  const INIFile source(host::ProgramFolder() + kWorkingKeyFile);
+void FillKeyFile(util::Notes& notes, const ChosenSections& chosen) {
+  const INIFile target(util::PathOf(util::Item::kBuildKeyFile));
+  const INIFile source(util::PathOf(util::Item::kWorkingKeyFile));
   if (!util::FileExists(source.FileName)) return;
   if (!notes.Check(source.Readable(), source.FileName, "could not be read")) return;
   // A long path of the template is told by whoever looks for it, because the program's own is none to miss.
@@ -30,8 +31,8 @@ void FillKeyFile(util::Notes& notes, bool AddInfo_toWin9xSetup, bool AddInfo_toW
       notes.Check(written, target.FileName, key + " could not be written");
     }
   };
-  if (AddInfo_toWin9xSetup) copy(kWin9xSection, {"OwnerName", "Organization", "ComputerName", "Workgroup"});
-  if (AddInfo_toWin2KSetup) {
+  if (chosen.AddInfo_toWin9xSetup) copy(kWin9xSection, {"OwnerName", "Organization", "ComputerName", "Workgroup"});
+  if (chosen.AddInfo_toWin2KSetup) {
     copy(kWin2KSection, {kTemplateKey, "OwnerName", "Organization", "ComputerName", "Workgroup", "JoinDomain"});
   }
 }

@@ -5,9 +5,6 @@
 
 namespace discwright::settings {
 
-inline constexpr const char* kWorkingKeyFile = "\\keyfile2.txt";  // below the program folder
-inline constexpr const char* kBuildKeyFile = "\\keyfile.txt";
-
 inline constexpr const char* kWin9xSection = "Win9xInfo";  // in both files
 inline constexpr const char* kWin2KSection = "Win2KInfo";
 inline constexpr const char* kTemplateKey = "TemplateFile";  // in the second section: the user's script
@@ -18,6 +15,10 @@ bool HoldsAnswers(const char* section);
 // Copies the chosen sections from the working store to the build copy; nothing without a working store. Values that are
 // cut at 99 characters, apart from the path of the template, or could not be written are noted. OptimizedFor is not
 // copied: that is meant.
-void FillKeyFile(util::Notes& notes, bool AddInfo_toWin9xSetup, bool AddInfo_toWin2KSetup);
+struct ChosenSections {
+  bool AddInfo_toWin9xSetup = false;
+  bool AddInfo_toWin2KSetup = false;
+};
+void FillKeyFile(util::Notes& notes, const ChosenSections& chosen);
 
 }  // namespace discwright::settings

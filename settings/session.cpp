@@ -14,6 +14,7 @@
 #include "settings/win2k_info.h"
 #include "settings/win9x_info.h"
 #include "util/paths.h"
+#include "util/program_folder.h"
 
 namespace discwright::settings {
 
@@ -90,22 +91,19 @@ void NoteWhatWillBeCut(util::Notes& notes, const std::string& file_name, std::st
 
 }  // namespace
 
-std::string SessionFile() { return host::ProgramFolder() + "\\vexacd.ini"; }
-
-void ReadSession(util::Context& context, const std::string& file_name) {
-  forms::FrmDiscwright& main = context.main();
-  LoadDialogs(context.windows);
+void ReadSession(forms::Windows& windows, util::Notes& notes, const std::string& file_name) {
+  LoadDialogs(windows);
   const INIFile ini(file_name);
   for (const SessionKey& key : KeysAsRead()) {
-    ReadValue(context.windows, *key.line, ini.GetINIKey(context.notes, key.section, key.key));
+    ReadValue(windows, *key.line, ini.GetINIKey(notes, key.section, key.key));
   }
-  if (main.TxtSP_exe.text.get().empty()) main.ChkSlipstream.value = 0;
-  main.ChkGet_Vexadisks.value = 1;  // the boot disks cannot be left out of a CD, whatever a file says
+  if (windows.main.TxtSP_exe.text.get().empty()) windows.main.ChkSlipstream.value = 0;
+  windows.main.ChkGet_Vexadisks.value = 1;  // the boot disks cannot be left out of a CD, whatever a file says
 }
 
-void ReadVexaCDINI(util::Context& context, const std::string& file_name) {
-  ReadSession(context, file_name);
-  FillSetupDataToKeyFile(context.windows.win9x_info);
+void ReadVexaCDINI(forms::Windows& windows, util::Notes& notes, const std::string& file_name) {
+  ReadSession(windows, notes, file_name);
+  FillSetupDataToKeyFile(windows.win9x_info);
 }
 
 bool HoldsChoices(const std::string& file_name) {
@@ -115,13 +113,13 @@ bool HoldsChoices(const std::string& file_name) {
   });
 }
 
-void WriteVexaCDINI(util::Context& context) {
-  forms::FrmDiscwright& main = context.main();
-  LoadDialogs(context.windows);
+void WriteVexaCDINI(forms::Windows& windows, util::Notes& notes) {
+  forms::FrmDiscwright& main = windows.main;
+  LoadDialogs(windows);
   if (!main.ChkSlipstream.checked()) main.TxtSP_exe.text = "";  // no stale service pack in the next session
-  const std::string file_name = SessionFile();
-  context.notes.Check(host::WriteWholeFile(file_name, host::EncodeText(SessionText(context.windows))), file_name,
-                      "The settings could not be saved");
+  const std::string file_name = util::PathOf(util::Item::kSession);
+  notes.Check(host::WriteWholeFile(file_name, host::EncodeText(SessionText(windows))), file_name,
+              "The settings could not be saved");
 }
 
 host::Status WriteSession(forms::Windows& windows, util::Notes& notes, const std::string& file_name) {

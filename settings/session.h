@@ -3,28 +3,25 @@
 
 #include <string>
 
+#include "forms/all_windows.h"
 #include "host/status.h"
-#include "util/context.h"
 #include "util/notes.h"
 
 namespace discwright::settings {
 
-// The session file's place: "vexacd.ini" in the program folder.
-std::string SessionFile();
-
 // Loads a session file into the controls; keys it lacks untick or empty theirs, but the boot disks stay chosen. Loads
 // both dialogs hidden. Values that were cut at 99 characters are noted. Writes nothing.
-void ReadSession(util::Context& context, const std::string& file_name);
+void ReadSession(forms::Windows& windows, util::Notes& notes, const std::string& file_name);
 
 // The same, and refreshes "keyfile2.txt" from it.
-void ReadVexaCDINI(util::Context& context, const std::string& file_name);
+void ReadVexaCDINI(forms::Windows& windows, util::Notes& notes, const std::string& file_name);
 
 // Whether a file holds any of a session's choices: one in UTF-16, for one, is read as if it held none.
 bool HoldsChoices(const std::string& file_name);
 
-// Rewrites the session file from the controls as a whole, loading dialogs that are not loaded yet; a failure is noted
-// and leaves the old file as it was.
-void WriteVexaCDINI(util::Context& context);
+// Rewrites the program folder's own session file from the controls as a whole, loading dialogs that are not loaded yet;
+// a failure is noted and leaves the old file as it was.
+void WriteVexaCDINI(forms::Windows& windows, util::Notes& notes);
 
 // Writes a session file of the controls as they are: changes none of them, loads no dialog. The service pack is written
 // as empty while it is not chosen. Notes each value that will be cut at 99 characters when the file is read. A failure

@@ -10,12 +10,12 @@
 #include "settings/ini_file.h"
 #include "settings/key_files.h"
 #include "util/paths.h"
+#include "util/program_folder.h"
 
 namespace discwright::settings {
 
 namespace {
 
-constexpr const char* kTemplate = "\\files\\inf_files\\win2k_template.inf";  // below the program folder
 constexpr const char* kJoinDomainKey = "JoinDomain";
 
 struct Field {
@@ -46,7 +46,7 @@ void ChooseDomain(forms::FrmWin2KInfo& dialog, bool domain) {
 }
 
 std::string TemplateFor(util::Notes& notes, const INIFile& key_file) {
-  std::string own = host::ProgramFolder() + kTemplate;
+  std::string own = util::PathOf(util::Item::kWin2KTemplate);
   std::string script = util::StripQuotes(key_file.GetINIKey(kWin2KSection, kTemplateKey));
   if (util::FileExists(script)) return script;
   // Where the program folder's path is long, the key files hold only the start of the template's.
@@ -62,7 +62,8 @@ std::string TemplateFor(util::Notes& notes, const INIFile& key_file) {
 
 void LoadWin2KInfo(forms::FrmWin2KInfo& dialog) {
   if (std::exchange(dialog.loaded, true)) return;
-  if (!util::FileExists(dialog.TxtTemplate.text.get())) dialog.TxtTemplate.text = host::ProgramFolder() + kTemplate;
+  if (!util::FileExists(dialog.TxtTemplate.text.get()))
+    dialog.TxtTemplate.text = util::PathOf(util::Item::kWin2KTemplate);
   FillSetupDataFromUnattend(dialog, dialog.TxtTemplate.text);
 }
 
@@ -135,7 +136,7 @@ void CmdBrwUnattend_Click(forms::FrmWin2KInfo& dialog, host::UserInterface& user
 }
 
 void CmdOK_Click(forms::FrmWin2KInfo& dialog) {
-  FillSetupDataToKeyFile(dialog, host::ProgramFolder() + kWorkingKeyFile);
+  FillSetupDataToKeyFile(dialog, util::PathOf(util::Item::kWorkingKeyFile));
   dialog.visible = false;
 }
 

@@ -10,6 +10,7 @@
 #include "settings/ini_file.h"
 #include "settings/key_files.h"
 #include "util/paths.h"
+#include "util/program_folder.h"
 
 namespace discwright::settings {
 
@@ -17,8 +18,6 @@ namespace {
 
 constexpr int kWindows9x = 1;  // the platform's number
 
-constexpr const char* kWin98Template = "\\files\\inf_files\\win98_template.inf";  // below the program folder
-constexpr const char* kWinMeTemplate = "\\files\\inf_files\\winme_template.inf";
 constexpr const char* kOSTypeKey = "OptimizedFor";
 
 struct Field {
@@ -61,9 +60,9 @@ void LoadWin9xInfo(forms::FrmWin9xInfo& dialog) {
   // The program folder is asked whether the file exists, but what is read is a file of that bare name: meant. Where a
   // bare name leads is the system's affair: to the folder of its profile functions on Windows, to the current folder
   // elsewhere.
-  if (util::FileExists(host::ProgramFolder() + kWorkingKeyFile)) {
+  if (util::FileExists(util::PathOf(util::Item::kWorkingKeyFile))) {
     FillSetupDataFromKeyFile(dialog, "KeyFile2.txt");
-  } else if (util::FileExists(host::ProgramFolder() + kBuildKeyFile)) {
+  } else if (util::FileExists(util::PathOf(util::Item::kBuildKeyFile))) {
     FillSetupDataFromKeyFile(dialog, "KeyFile.txt");
   } else if (util::GetPlatformId() == kWindows9x) {
     FillSetupDataFromReg(dialog);
@@ -83,7 +82,7 @@ void FillSetupDataFromReg(forms::FrmWin9xInfo& dialog) {
 }
 
 host::Status FillSetupDataToKeyFile(const forms::FrmWin9xInfo& dialog) {
-  const INIFile ini(host::ProgramFolder() + kWorkingKeyFile);
+  const INIFile ini(util::PathOf(util::Item::kWorkingKeyFile));
   host::Status first_failure;
   for (const Field& field : kFields) {
     host::Status status = ini.SetINIKey(kWin9xSection, field.key, (dialog.*field.text_box).text.get());
@@ -99,7 +98,7 @@ bool FillSetupDataFromKeyFileToMSBatch(util::Notes& notes, const std::string& Ke
   // FillKeyFile does not copy this key: a build copy that nobody has edited makes the file of Windows Me. That is
   // meant.
   const bool is_98 = key_file.GetINIKey(notes, kWin9xSection, kOSTypeKey).find("98") != std::string::npos;
-  const std::string template_file = host::ProgramFolder() + (is_98 ? kWin98Template : kWinMeTemplate);
+  const std::string template_file = util::PathOf(is_98 ? util::Item::kWin98Template : util::Item::kWinMeTemplate);
   return WriteAnswerFile(notes, {MSBatch, template_file, key_file, kWin9xSection, kAnswers});
 }
 

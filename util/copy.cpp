@@ -13,41 +13,41 @@ namespace discwright::util {
 namespace {
 
 CopyEnd CopyTreeCounted(CopyRun& run, std::string_view source, std::string_view destination) {
-  const std::optional<std::int32_t> total = FolderSizeByDir(run.context.user, source);
+  const std::optional<std::int32_t> total = FolderSizeByDir(run.user, source);
   if (!total) return TreeTooLarge(run, source);
-  run.Progress.max = *total;
+  SetTotal(run, *total);
   const bool complete = CopyTreeChunked(run, std::string(source), std::string(destination));
   return complete ? CopyEnd::kComplete : CopyEnd::kFailed;
 }
 
-bool CopyPlainEntry(Notes& notes, EntryJudge& judge, const host::Entry& entry, const std::string& source,
+bool CopyPlainEntry(Notes& notes, EntryFilter& filter, const host::Entry& entry, const std::string& source,
                     const std::string& destination) {
-  const Verdict verdict = judge.Judge(entry);
+  const Verdict verdict = filter.Decide(entry);
   if (verdict != Verdict::kCopy) return verdict == Verdict::kSkip;
   const std::string from = source + entry.name;
   const std::string to = destination + entry.name;
   if (entry.kind == host::EntryKind::kFolder) return CopyFolderTree(notes, from + "\\", to + "\\");
   const host::Status status = host::CopyFileWithProgress(from, to, [](host::CopyEvent, std::int64_t) { return true; });
-  return CheckOrStopClassic(notes, status, from, "could not be copied");
+  return CheckOrStop(notes, status, from, "could not be copied", Wording::kWithShortText);
 }
 
 }  // namespace
 
-void ShowFileInHand(CopyRun& run, std::string_view name) {
-  run.LblMsg.caption = "Copying : " + std::string(name);
-  run.LblMsg.Refresh();
+void SetTotal(CopyRun& run, std::int64_t bytes) {
+  run.total = bytes;
+  run.progress.SetTotal(bytes);
 }
 
-void ShowBytes(CopyRun& run, std::int64_t bytes) { run.Progress.value = std::min(bytes, run.Progress.max.get()); }
+void ShowBytes(CopyRun& run, std::int64_t bytes) { run.progress.ShowBytes(std::min(bytes, run.total)); }
 
 bool IsOwnDestination(CopyRun& run, const std::string& source_folder) {
   if (run.own_destination.empty() || !host::SameFolder(source_folder, run.own_destination)) return false;
-  run.context.notes.Add(source_folder, "not copied: it is the folder that is being copied to.");
+  run.notes.Add(source_folder, "not copied: it is the folder that is being copied to.");
   return true;
 }
 
 CopyEnd TreeTooLarge(CopyRun& run, std::string_view source) {
-  run.context.notes.Add(std::string(source), "nothing was copied, the files in this folder add up to 2 GB or more");
+  run.notes.Add(std::string(source), "nothing was copied, the files in this folder add up to 2 GB or more");
   return CopyEnd::kRuntimeFailure;
 }
 
@@ -55,18 +55,14 @@ std::string NameInCopy(const std::string& name, CopiedNames names) {
   return names == CopiedNames::kAsOnDisc ? host::NameOnDisc(name) : name;
 }
 
-CopyEnd CopyPathWithProgress(Context& context, std::string_view source, std::string_view destination,
-                             forms::Label& LblMsg, forms::ProgressBar& Progress, CopiedNames names) {
-  LblMsg.caption = "Preparing for Copy";
-  LblMsg.Refresh();
-  const bool was_visible = Progress.visible;
-  Progress.visible = true;
-  // Stays enabled after the copy, whatever it was before.
-  context.main().CmdCancel.enabled = true;
-  CopyRun run{context, LblMsg, Progress, 0, std::string(destination), names};
+CopyEnd CopyPathWithProgress(const CopySurroundings& surroundings, std::string_view source,
+                             std::string_view destination, CopiedNames names) {
+  const auto& [user, notes, progress] = surroundings;
+  progress.Prepare();
+  CopyRun run{user, notes, progress, std::string(destination), names};
   const CopyEnd end =
       IsWinNT() ? CopyTreeWithProgress(run, source, destination) : CopyTreeCounted(run, source, destination);
-  Progress.visible = was_visible;
+  progress.End();
   return end;
 }
 
@@ -77,9 +73,9 @@ bool CopyFolderTree(Notes& notes, std::string_view source, std::string_view dest
   AddBackslash(to);
   host::Listing listing;
   if (!EnterFolder(notes, from, to, listing)) return false;
-  EntryJudge judge(notes, from);
+  EntryFilter filter(notes, from);
   return std::all_of(listing.entries.begin(), listing.entries.end(),
-                     [&](const host::Entry& entry) { return CopyPlainEntry(notes, judge, entry, from, to); });
+                     [&](const host::Entry& entry) { return CopyPlainEntry(notes, filter, entry, from, to); });
 }
 
 }  // namespace discwright::util

@@ -1,17 +1,17 @@
-// Copying folder trees: the one way to copy with progress, its two engines, and a plain copy without display.
+// Copying folder trees. CopyPathWithProgress is the one way to copy onto the CD; CopyFolderTree copies without display.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
-#include "forms/control.h"
-#include "util/context.h"
+#include "host/user_interface.h"
+#include "util/notes.h"
+#include "util/progress.h"
 
 namespace discwright::util {
 
-// How a tree copy ended. kFailed is the ordinary "false" that most callers do not look at; kRuntimeFailure (a tree of
-// 2 GB or more overflows the 32-bit byte count) must be trapped by the build step like any fatal error.
+// How a tree copy ended. kFailed is the ordinary "false" that most callers do not look at; kRuntimeFailure (the tree
+// holds 2 GB or more, which overflows the 32-bit byte count) must end the build step like any fatal error.
 enum class CopyEnd { kComplete, kFailed, kRuntimeFailure };
 
 enum class CopiedNames {
@@ -21,12 +21,16 @@ enum class CopiedNames {
 
 std::string NameInCopy(const std::string& name, CopiedNames names);
 
-// Copies `source` into `destination` with all folders, showing the file in hand on `LblMsg` and bytes on `Progress`.
-// The engine is the running platform's. Whatever is left out is added to the context's notes. Cancel stays enabled
-// afterwards, and the bar keeps its value.
-CopyEnd CopyPathWithProgress(Context& context, std::string_view source, std::string_view destination,
-                             forms::Label& LblMsg, forms::ProgressBar& Progress,
-                             CopiedNames names = CopiedNames::kAsListed);
+// What a copy works with.
+struct CopySurroundings {
+  host::UserInterface& user;  // is let in between two files, and during a large one
+  Notes& notes;               // get whatever is left out
+  Progress& progress;
+};
+
+// Copies `source` into `destination` with all folders, by the engine of the running platform.
+CopyEnd CopyPathWithProgress(const CopySurroundings& surroundings, std::string_view source,
+                             std::string_view destination, CopiedNames names = CopiedNames::kAsListed);
 
 // The same tree without any display; false after a file-system failure, which is noted.
 bool CopyFolderTree(Notes& notes, std::string_view source, std::string_view destination);

@@ -23,22 +23,22 @@ std::optional<std::int32_t> CountedSize(host::UserInterface& user, const std::st
   return AddSize(size, entry.size) ? std::optional(size) : std::nullopt;
 }
 
-bool CopyEntry(CopyRun& run, EntryJudge& judge, const host::Entry& entry, const std::string& source,
+bool CopyEntry(CopyRun& run, EntryFilter& filter, const host::Entry& entry, const std::string& source,
                const std::string& destination) {
-  const Verdict verdict = judge.Judge(entry);
+  const Verdict verdict = filter.Decide(entry);
   if (verdict != Verdict::kCopy) return verdict == Verdict::kSkip;
   const std::string from = source + entry.name;
   const std::string to = destination + NameInCopy(entry.name, run.names);
   if (entry.kind == host::EntryKind::kFolder) {
     return IsOwnDestination(run, from) || CopyTreeChunked(run, from + "\\", to + "\\");
   }
-  ShowFileInHand(run, entry.name);
-  return CheckOrStopClassic(run.context.notes, CopyFileChunked(run, from, to), from, "could not be copied");
+  run.progress.ShowFile(entry.name);
+  return CheckOrStop(run.notes, CopyFileChunked(run, from, to), from, "could not be copied", Wording::kWithShortText);
 }
 
 // Positions count from 1, and the bar shows positions: each file adds one more than its length.
 host::Status CopyChunks(CopyRun& run, host::BinaryFile& from, host::BinaryFile& to, std::int64_t length) {
-  const std::int64_t start = run.Progress.value;
+  const std::int64_t start = run.progress.ShownBytes();
   std::vector<std::byte> chunk(static_cast<std::size_t>(std::min(length, kChunk)));
   std::int64_t position = 1;
   bool rest = false;
@@ -84,13 +84,13 @@ bool CopyTreeChunked(CopyRun& run, std::string source, std::string destination) 
   AddBackslash(source);
   AddBackslash(destination);
   host::Listing listing;
-  if (!EnterFolder(run.context.notes, source, destination, listing)) return false;
-  EntryJudge judge(run.context.notes, source);
+  if (!EnterFolder(run.notes, source, destination, listing)) return false;
+  EntryFilter filter(run.notes, source);
   for (const bool folders : {false, true}) {
     for (const host::Entry& entry : listing.entries) {
       if ((entry.kind == host::EntryKind::kFolder) != folders) continue;
-      if (!CopyEntry(run, judge, entry, source, destination)) return false;
-      if (folders) run.context.user.DoEvents(0);
+      if (!CopyEntry(run, filter, entry, source, destination)) return false;
+      if (folders) run.user.DoEvents(0);
     }
   }
   return true;
@@ -98,7 +98,7 @@ bool CopyTreeChunked(CopyRun& run, std::string source, std::string destination) 
 
 host::Status CopyFileChunked(CopyRun& run, const std::string& source_file, const std::string& dest_file) {
   host::Status status = CopyOpened(run, source_file, dest_file);
-  run.context.user.DoEvents(0);
+  run.user.DoEvents(0);
   return status;
 }
 

@@ -7,28 +7,24 @@
 #include <string_view>
 
 #include "host/files.h"
-#include "util/context.h"
 #include "util/copy.h"
 
 namespace discwright::util {
 
-// One copy with its display.
+// One copy under way.
 struct CopyRun {
-  Context& context;
-  forms::Label& LblMsg;
-  forms::ProgressBar& Progress;
-  std::int64_t start_value = 0;  // the bar's value at the start of the file in hand (NT family)
-  std::string own_destination;   // the whole copy's; empty: not looked for
+  host::UserInterface& user;
+  Notes& notes;
+  Progress& progress;
+  std::string own_destination = {};  // of the whole copy; while it is empty, no folder is taken for it
   CopiedNames names = CopiedNames::kAsListed;
+  std::int64_t total = 0;        // bytes
+  std::int64_t start_value = 0;  // NT family: the bytes that were shown when the file in hand began
 };
 
-// Set to 0 when an NT-family copy starts and tested after every file. Nobody sets it: such a copy runs to its end
-// whatever the user presses.
-extern std::int32_t copy_cancel_flag;
-
-// Display shared by the engines.
-void ShowFileInHand(CopyRun& run, std::string_view name);
-void ShowBytes(CopyRun& run, std::int64_t bytes);  // never beyond the bar's maximum
+// Used by both engines.
+void SetTotal(CopyRun& run, std::int64_t bytes);
+void ShowBytes(CopyRun& run, std::int64_t bytes);  // never more than the total
 // Whether a source folder is what the whole copy goes to, which is then noted: a copy into a folder below its own
 // source would go on for ever.
 bool IsOwnDestination(CopyRun& run, const std::string& source_folder);
@@ -45,7 +41,8 @@ std::optional<std::int32_t> FolderSizeByDir(host::UserInterface& user, std::stri
 CopyEnd CopyTreeWithProgress(CopyRun& run, std::string_view source, std::string_view destination);
 bool CopyTreeByFind(CopyRun& run, std::string source, std::string destination);
 host::Status CopyOneFile(CopyRun& run, const std::string& source_file, const std::string& dest_file);
-// Called by the platform during each file; always true ("continue").
+// Called by the platform during each file. Always true ("go on"): a copy of this family runs to its end, whatever the
+// user presses.
 bool CopyProgress(CopyRun& run, host::CopyEvent event, std::int64_t transferred);
 
 // Windows 9x. CopyFileChunked does not truncate a longer destination, and counts one byte more than the file's length.

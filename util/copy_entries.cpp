@@ -1,6 +1,7 @@
 // Judging the entries of a source folder, and the notes of what is left out.
 #include "util/copy_entries.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
 
@@ -10,30 +11,23 @@ namespace discwright::util {
 
 namespace {
 
-struct ClassicFailure {
+struct ShortText {
   host::ErrorClass error;
-  int number;
   std::string_view text;
 };
 
-constexpr std::array<ClassicFailure, 4> kClassicFailures{{
-    {host::ErrorClass::kDiskFull, 61, "Disk Full"},
-    {host::ErrorClass::kAccessDenied, 70, "Permission denied"},
-    {host::ErrorClass::kNotReady, 71, "Disk Not Ready"},
-    {host::ErrorClass::kNotFound, 76, "Path Not found"},
+constexpr std::array<ShortText, 4> kShortTexts{{
+    {host::ErrorClass::kDiskFull, "Disk Full"},
+    {host::ErrorClass::kAccessDenied, "Permission denied"},
+    {host::ErrorClass::kNotReady, "Disk Not Ready"},
+    {host::ErrorClass::kNotFound, "Path Not found"},
 }};
 
-std::string WithReason(const std::string& what, const std::string& reason) {
-  return reason.empty() ? what : what + ": " + reason;
-}
-
-}  // namespace
-
-std::string_view FailureText(host::ErrorClass error) {
-  for (const ClassicFailure& failure : kClassicFailures) {
-    if (failure.error == error) return failure.text;
-  }
-  return {};
+std::string WithShortText(const host::Status& status) {
+  const auto* const found = std::ranges::find(kShortTexts, status.error, &ShortText::error);
+  if (found == kShortTexts.end()) return status.cause;
+  const std::string text(found->text);
+  return status.cause.empty() ? text : text + " (" + status.cause + ")";
 }
 
 void NoteStop(Notes& notes, const std::string& place, std::string_view cause) {
@@ -42,24 +36,22 @@ void NoteStop(Notes& notes, const std::string& place, std::string_view cause) {
                 "; the copy stopped here, and the rest of this folder and of the folders above it was not copied");
 }
 
-bool CheckOrStop(Notes& notes, const host::Status& status, const std::string& place, const std::string& what) {
-  if (!status.ok()) NoteStop(notes, place, WithReason(what, status.cause));
-  return status.ok();
-}
+}  // namespace
 
-bool CheckOrStopClassic(Notes& notes, const host::Status& status, const std::string& place, const std::string& what) {
-  const std::string text(FailureText(status.error));
-  if (text.empty()) return CheckOrStop(notes, status, place, what);
-  NoteStop(notes, place, what + ": " + (status.cause.empty() ? text : text + " (" + status.cause + ")"));
+bool CheckOrStop(Notes& notes, const host::Status& status, const std::string& place, const std::string& what,
+                 Wording wording) {
+  if (status.ok()) return true;
+  const std::string reason = wording == Wording::kWithShortText ? WithShortText(status) : status.cause;
+  NoteStop(notes, place, reason.empty() ? what : what + ": " + reason);
   return false;
 }
 
-Verdict EntryJudge::Stop(const host::Entry& entry, std::string_view cause) {
+Verdict EntryFilter::Stop(const host::Entry& entry, std::string_view cause) {
   NoteStop(notes_, source_ + entry.name, cause);
   return Verdict::kStop;
 }
 
-Verdict EntryJudge::Judge(const host::Entry& entry) {
+Verdict EntryFilter::Decide(const host::Entry& entry) {
   if (entry.kind == host::EntryKind::kSpecial) {
     notes_.Add(source_ + entry.name, "not copied, it is a device, a socket or a pipe");
     return Verdict::kSkip;
@@ -76,8 +68,9 @@ Verdict EntryJudge::Judge(const host::Entry& entry) {
 bool EnterFolder(Notes& notes, const std::string& source, const std::string& destination, host::Listing& listing) {
   // Listed first: a destination that is made inside the source must not be copied into itself without end.
   listing = host::ListFolder(source, "*.*");
-  return CheckOrStopClassic(notes, host::MakeFolders(destination), destination, "could not be created") &&
-         CheckOrStopClassic(notes, listing.status, source, "could not be listed");
+  return CheckOrStop(notes, host::MakeFolders(destination), destination, "could not be created",
+                     Wording::kWithShortText) &&
+         CheckOrStop(notes, listing.status, source, "could not be listed", Wording::kWithShortText);
 }
 
 bool AddSize(std::int32_t& sum, std::int64_t size) {

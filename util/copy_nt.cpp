@@ -6,8 +6,6 @@
 
 namespace discwright::util {
 
-std::int32_t copy_cancel_flag = 0;
-
 namespace {
 
 bool BeginsWithDot(const host::Entry& entry) { return entry.name.starts_with('.'); }
@@ -41,23 +39,19 @@ std::string ShownFolder(const std::string& folder) {
 
 bool CopyShownFile(CopyRun& run, const std::string& name, const std::string& source_file,
                    const std::string& dest_file) {
-  ShowFileInHand(run, name);
+  run.progress.ShowFile(name);
   const host::Status status = CopyOneFile(run, source_file, dest_file);
-  if (copy_cancel_flag != 0) {
-    NoteStop(run.context.notes, source_file, "the copy was cancelled");
-    return false;
-  }
-  return CheckOrStop(run.context.notes, status, source_file, "could not be copied");
+  return CheckOrStop(run.notes, status, source_file, "could not be copied");
 }
 
-bool CopyEntry(CopyRun& run, EntryJudge& judge, const host::Entry& entry, const std::string& source,
+bool CopyEntry(CopyRun& run, EntryFilter& filter, const host::Entry& entry, const std::string& source,
                const std::string& destination) {
   const bool folder = entry.kind == host::EntryKind::kFolder;
   if (folder && BeginsWithDot(entry)) {
-    run.context.notes.Add(source + entry.name, "not copied, a folder whose name begins with a dot is passed over");
+    run.notes.Add(source + entry.name, "not copied, a folder whose name begins with a dot is passed over");
     return true;
   }
-  const Verdict verdict = judge.Judge(entry);
+  const Verdict verdict = filter.Decide(entry);
   if (verdict != Verdict::kCopy) return verdict == Verdict::kSkip;
   const std::string to = destination + NameInCopy(entry.name, run.names);
   if (!folder) return CopyShownFile(run, entry.name, source + entry.name, to);
@@ -83,11 +77,10 @@ CopyEnd CopyTreeWithProgress(CopyRun& run, std::string_view source, std::string_
   // A single file between 2 and 4 GB makes the sum negative, which no progress bar takes as its maximum.
   if (!total || *total < 0) return TreeTooLarge(run, source);
   if (*total == 0) {
-    NoteNothingCopied(run.context.notes, source);
+    NoteNothingCopied(run.notes, source);
     return CopyEnd::kFailed;
   }
-  run.Progress.max = *total;
-  copy_cancel_flag = 0;
+  SetTotal(run, *total);
   const bool complete = CopyTreeByFind(run, std::string(source), std::string(destination));
   return complete ? CopyEnd::kComplete : CopyEnd::kFailed;
 }
@@ -96,34 +89,34 @@ bool CopyTreeByFind(CopyRun& run, std::string source, std::string destination) {
   AddBackslash(source);
   AddBackslash(destination);
   const host::Listing listing = host::ListFolder(source, "*.*");
-  if (!CheckOrStop(run.context.notes, listing.status, source, "could not be listed")) {
-    run.context.user.ShowMessage(
+  if (!CheckOrStop(run.notes, listing.status, source, "could not be listed")) {
+    run.user.ShowMessage(
         {"Source folder \"" + ShownFolder(source) + "\" not found.", "Vexa Discwright", host::MessageIcon::kNone});
     return false;
   }
   // Not a reason to stop: the first file that has no place to go is.
-  run.context.notes.Check(host::MakeFolders(destination), destination, "could not be created");
-  EntryJudge judge(run.context.notes, source);
+  run.notes.Check(host::MakeFolders(destination), destination, "could not be created");
+  EntryFilter filter(run.notes, source);
   for (const host::Entry& entry : listing.entries) {
-    if (!CopyEntry(run, judge, entry, source, destination)) return false;
-    run.context.user.DoEvents(0);
+    if (!CopyEntry(run, filter, entry, source, destination)) return false;
+    run.user.DoEvents(0);
   }
   return true;
 }
 
 host::Status CopyOneFile(CopyRun& run, const std::string& source_file, const std::string& dest_file) {
   return host::CopyFileWithProgress(source_file, dest_file, [&run](host::CopyEvent event, std::int64_t transferred) {
-    return CopyProgress(run, event, transferred) && copy_cancel_flag == 0;
+    return CopyProgress(run, event, transferred);
   });
 }
 
 bool CopyProgress(CopyRun& run, host::CopyEvent event, std::int64_t transferred) {
   if (event == host::CopyEvent::kStreamSwitch) {
-    run.start_value = run.Progress.value;
+    run.start_value = run.progress.ShownBytes();
   } else {
     ShowBytes(run, run.start_value + transferred);
   }
-  run.context.user.DoEvents(0);
+  run.user.DoEvents(0);
   return true;
 }
 

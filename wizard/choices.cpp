@@ -13,6 +13,7 @@
 #include "settings/win2k_info.h"
 #include "settings/win9x_info.h"
 #include "util/paths.h"
+#include "util/program_folder.h"
 #include "util/spelling.h"
 #include "wizard/pages.h"
 #include "wizard/rules.h"
@@ -188,7 +189,7 @@ Control* ControlNamed(Windows& windows, const std::string& name, std::string& er
   return nullptr;
 }
 
-std::string Choose(util::Context& context, std::span<const Choice> choices) {
+std::string Choose(steps::Context& context, std::span<const Choice> choices) {
   Windows& windows = context.windows;
   settings::LoadWin2KInfo(windows.win2k_info);  // loading them later would undo what is chosen here
   settings::LoadWin9xInfo(windows.win9x_info);
@@ -203,9 +204,9 @@ std::string Choose(util::Context& context, std::span<const Choice> choices) {
   return "";
 }
 
-std::vector<std::string> ConfirmDialogs(util::Context& context, std::span<const Choice> choices, bool has_session) {
+std::vector<std::string> ConfirmDialogs(steps::Context& context, std::span<const Choice> choices, bool has_session) {
   std::vector<std::string> remarks;
-  const std::string key_file = host::ProgramFolder() + settings::kWorkingKeyFile;
+  const std::string key_file = util::PathOf(util::Item::kWorkingKeyFile);
   for (const Answers& answers : BothDialogs(context.windows)) {
     const bool was_given = WasGiven(context.windows, choices, answers.dialog);
     const bool are_old = !has_session && !was_given && settings::HoldsAnswers(answers.section);
@@ -243,7 +244,7 @@ std::vector<std::string> RemarksOn(Windows& windows, std::span<const Choice> cho
   return remarks;
 }
 
-bool WalkToTheSummary(util::Context& context) {
+bool WalkToTheSummary(steps::Context& context) {
   forms::FrmDiscwright& main = context.main();
   while (main.visible && main.Step < kSummaryPage) {
     const std::int16_t page = main.Step;

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "util/context.h"
+#include "steps/context.h"
 
 namespace discwright::wizard {
 
@@ -24,12 +24,12 @@ forms::Control* ControlNamed(forms::Windows& windows, const std::string& name, s
 
 // Makes the choices in their order. A script that is chosen for the answers of Windows 2000/XP fills the dialog first,
 // as its Browse button does. Returns what is wrong, as a sentence; the empty string when nothing is.
-std::string Choose(util::Context& context, std::span<const Choice> choices);
+std::string Choose(steps::Context& context, std::span<const Choice> choices);
 
 // Presses OK in a dialog that was given answers, and in one whose answers the CD is to hold: without a user in front of
 // the window, the answers of a session would not be confirmed otherwise. Where nothing new has come, the answers of an
 // earlier build stay, and a sentence says so. Call it after Choose.
-std::vector<std::string> ConfirmDialogs(util::Context& context, std::span<const Choice> choices, bool has_session);
+std::vector<std::string> ConfirmDialogs(steps::Context& context, std::span<const Choice> choices, bool has_session);
 
 // What a user should know of the choices although none of them is refused, one sentence each: which have no effect and
 // why, and which names Windows Setup will refuse. `session_is_own`: the session was given on the command line, so its
@@ -37,6 +37,6 @@ std::vector<std::string> ConfirmDialogs(util::Context& context, std::span<const 
 std::vector<std::string> RemarksOn(forms::Windows& windows, std::span<const Choice> choices, bool session_is_own);
 
 // Presses Next until the summary; false when a page keeps the wizard.
-bool WalkToTheSummary(util::Context& context);
+bool WalkToTheSummary(steps::Context& context);
 
 }  // namespace discwright::wizard

@@ -61,7 +61,7 @@ constexpr ExploreButton kExploreButtons[] = {
     {&FrmDiscwright::CmdExp_AddFiles, &FrmDiscwright::TxtAddFiles_Loc},
 };
 
-void ChooseFolder(util::Context& context, const FolderChooser& chooser) {
+void ChooseFolder(steps::Context& context, const FolderChooser& chooser) {
   forms::TextBox& field = context.main().*chooser.field;
   const std::string chosen = context.user.ChooseFolder(StartFolder(field.text.get()), chooser.title);
   if (chosen.empty()) return;
@@ -70,7 +70,7 @@ void ChooseFolder(util::Context& context, const FolderChooser& chooser) {
 }
 
 // The dialog's name goes back into the field untested: after a cancelled dialog it is the field's own text.
-void ChooseFile(util::Context& context, const FileChooser& chooser) {
+void ChooseFile(steps::Context& context, const FileChooser& chooser) {
   forms::TextBox& field = context.main().*chooser.field;
   forms::FileDialog& dialog = context.main().DlgOpen;
   dialog.title = chooser.title;
@@ -83,7 +83,7 @@ void ChooseFile(util::Context& context, const FileChooser& chooser) {
 }
 
 // Waits without a limit until the file manager is ready. A file manager that does not start is ignored.
-void Explore(util::Context& context, const forms::TextBox& field) {
+void Explore(steps::Context& context, const forms::TextBox& field) {
   constexpr int kNoLimit = 0;
   constexpr int kShownNormally = 1;
   util::ShellAndWait(context.programs, host::FileManagerLine(field.text.get()), kNoLimit, true, kShownNormally);
@@ -111,7 +111,7 @@ std::string StartFolder(std::string_view text) {
   return folder;
 }
 
-void BindChoosers(util::Context& context) {
+void BindChoosers(steps::Context& context) {
   FrmDiscwright& main = context.main();
   for (const FolderChooser& chooser : kFolderChoosers) {
     (main.*chooser.button).click = [&context, &chooser] { ChooseFolder(context, chooser); };

@@ -25,7 +25,7 @@ void RunDialog(forms::Form& dialog, forms::Form& owner, host::UserInterface& use
   owner.enabled = true;
 }
 
-void BindDialogs(util::Context& context) {
+void BindDialogs(steps::Context& context) {
   forms::Windows& windows = context.windows;
   settings::BindWin2KInfo(windows.win2k_info, context.user);
   settings::BindWin9xInfo(windows.win9x_info);

@@ -1,13 +1,13 @@
 // The two installation info dialogs over the main window.
 #pragma once
 
-#include "util/context.h"
+#include "steps/context.h"
 
 namespace discwright::wizard {
 
 // Binds the buttons that open the dialogs, and those in them. A dialog opens with the texts that it had when it was
 // closed.
-void BindDialogs(util::Context& context);
+void BindDialogs(steps::Context& context);
 
 // Shows a dialog over its owner, which is disabled meanwhile, and returns when the dialog is closed. Closing the owner
 // closes the dialog, too.

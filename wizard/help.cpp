@@ -2,13 +2,13 @@
 #include "wizard/help.h"
 
 #include "host/system.h"
+#include "util/program_folder.h"
 #include "wizard/pages.h"
 
 namespace discwright::wizard {
 
 namespace {
 
-constexpr const char* kHelpFile = "vexacd_builder.chm";
 constexpr const char* kHelpWindow = "Down";
 
 }  // namespace
@@ -33,10 +33,10 @@ void clsHTMLHelp::ShowTopicID(int topic_id) const {
   user_.ShowHelp(request);
 }
 
-void ShowHelp(util::Context& context, int intStep, bool ForceShow) {
+void ShowHelp(steps::Context& context, int intStep, bool ForceShow) {
   if (!ForceShow && !context.user.HelpIsOpen(kHelpViewerClass, kHelpViewerTitle)) return;
   clsHTMLHelp help(context.user);
-  help.FileName = kHelpFile;
+  help.FileName = util::NameInFolder(util::Item::kHelpFile);
   help.HelpWindow = kHelpWindow;
   help.ShowTopicID(HelpTopic(intStep == kPageInView ? PageInView(context.main()) : intStep));
 }

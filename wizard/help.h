@@ -5,7 +5,7 @@
 #include <string>
 
 #include "host/user_interface.h"
-#include "util/context.h"
+#include "steps/context.h"
 
 namespace discwright::wizard {
 
@@ -40,6 +40,6 @@ constexpr int HelpTopic(int page) { return (page + 1) * 10 + 1100; }
 
 // Moves the help viewer to a page's topic; kPageInView means the page in view. Without `ForceShow` only when the viewer
 // is open.
-void ShowHelp(util::Context& context, int intStep, bool ForceShow);
+void ShowHelp(steps::Context& context, int intStep, bool ForceShow);
 
 }  // namespace discwright::wizard

@@ -19,7 +19,7 @@ namespace {
 
 using forms::FrmDiscwright;
 
-void TurnTo(util::Context& context, std::size_t page) {
+void TurnTo(steps::Context& context, std::size_t page) {
   FrmDiscwright& main = context.main();
   main.FraMain[static_cast<std::size_t>(main.Step)].visible = false;
   main.FraMain[page].visible = true;
@@ -28,7 +28,7 @@ void TurnTo(util::Context& context, std::size_t page) {
 }
 
 // The page behind `page`; `page` itself when one of its checks fails. Defaults and summary are filled in either way.
-int PageAfter(util::Context& context, int page) {
+int PageAfter(steps::Context& context, int page) {
   FrmDiscwright& main = context.main();
   if (page >= kSummaryPage) return kSummaryPage;
   const bool valid = PageIsValid(context, page);
@@ -48,14 +48,14 @@ int PageBefore(FrmDiscwright& main, int page) {
   return page;
 }
 
-void CancelByUser(util::Context& context) {
+void CancelByUser(steps::Context& context) {
   if (context.failure.empty()) context.cancelled_by_user = true;
   context.CancelApp();
 }
 
 }  // namespace
 
-forms::Subscription Bind(util::Context& context) {
+forms::Subscription Bind(steps::Context& context) {
   FrmDiscwright& main = context.main();
   main.CmdNext.click = [&context] { CmdNext_Click(context); };
   main.CmdBack.click = [&context] { CmdBack_Click(context); };
@@ -70,16 +70,16 @@ forms::Subscription Bind(util::Context& context) {
   return KeepRules(context.windows);
 }
 
-void Form_Load(util::Context& context, const std::string& session_file) {
+void Form_Load(steps::Context& context, const std::string& session_file) {
   if (util::FileExists(session_file)) {
-    settings::ReadVexaCDINI(context, session_file);
+    settings::ReadVexaCDINI(context.windows, context.notes, session_file);
   } else {
     FillStartDefaults(context.main());
   }
   context.main().visible = true;
 }
 
-void CmdNext_Click(util::Context& context) {
+void CmdNext_Click(steps::Context& context) {
   FrmDiscwright& main = context.main();
   const int old_page = main.Step;
   if (old_page == kWelcomePage) main.CmdBack.enabled = true;
@@ -91,7 +91,7 @@ void CmdNext_Click(util::Context& context) {
   TurnTo(context, static_cast<std::size_t>(new_page));
 }
 
-void CmdBack_Click(util::Context& context) {
+void CmdBack_Click(steps::Context& context) {
   FrmDiscwright& main = context.main();
   if (main.Step == kSummaryPage) {
     main.CmdNext.visible = true;
@@ -101,10 +101,10 @@ void CmdBack_Click(util::Context& context) {
   TurnTo(context, static_cast<std::size_t>(PageBefore(main, main.Step)));
 }
 
-void CmdFinish_Click(util::Context& context) {
+void CmdFinish_Click(steps::Context& context) {
   FrmDiscwright& main = context.main();
   if (main.Finished) {
-    settings::WriteVexaCDINI(context);
+    settings::WriteVexaCDINI(context.windows, context.notes);
     main.visible = false;  // the program ends with its window, once a cancelled build has returned
     return;
   }
@@ -119,11 +119,11 @@ void CmdFinish_Click(util::Context& context) {
   if (context.closing) main.visible = false;
 }
 
-void CmdCancel_Click(util::Context& context) { CancelByUser(context); }
+void CmdCancel_Click(steps::Context& context) { CancelByUser(context); }
 
-void CmdHelp_Click(util::Context& context) { ShowHelp(context, kPageInView, true); }
+void CmdHelp_Click(steps::Context& context) { ShowHelp(context, kPageInView, true); }
 
-void CloseMainWindow(util::Context& context) {
+void CloseMainWindow(steps::Context& context) {
   FrmDiscwright& main = context.main();
   if (!BuildRuns(main)) {
     main.visible = false;

@@ -3,26 +3,26 @@
 
 #include <string>
 
-#include "util/context.h"
+#include "steps/context.h"
 
 namespace discwright::wizard {
 
 // Puts the wizard together: binds the five buttons to the handlers below, binds the choosers, the dialogs and the
 // context's ShowHelp, and applies the rules of the boxes. The rules hold as long as the returned subscription lives.
-[[nodiscard]] forms::Subscription Bind(util::Context& context);
+[[nodiscard]] forms::Subscription Bind(steps::Context& context);
 
 // Loads `session_file` when there is such a file (the program's own session file for the window). Without a session,
 // the locations that the design proposes on drive C: are replaced where there is no such drive.
-void Form_Load(util::Context& context, const std::string& session_file);
+void Form_Load(steps::Context& context, const std::string& session_file);
 
-void CmdNext_Click(util::Context& context);
-void CmdBack_Click(util::Context& context);
-void CmdFinish_Click(util::Context& context);  // with Finished set: saves the session and closes the window
-void CmdCancel_Click(util::Context& context);
-void CmdHelp_Click(util::Context& context);
+void CmdNext_Click(steps::Context& context);
+void CmdBack_Click(steps::Context& context);
+void CmdFinish_Click(steps::Context& context);  // with Finished set: saves the session and closes the window
+void CmdCancel_Click(steps::Context& context);
+void CmdHelp_Click(steps::Context& context);
 
 // Ends the program without saving anything. A build that runs is cancelled first, together with its mastering; the
 // window goes when the build has returned.
-void CloseMainWindow(util::Context& context);
+void CloseMainWindow(steps::Context& context);
 
 }  // namespace discwright::wizard

@@ -8,8 +8,8 @@
 #include "host/files.h"
 #include "host/system.h"
 #include "integration/advanced_tools.h"
-#include "integration/step.h"
 #include "util/paths.h"
+#include "util/program_folder.h"
 #include "wizard/causes.h"
 #include "wizard/iso_destination.h"
 #include "wizard/known_files.h"
@@ -108,7 +108,7 @@ constexpr LocationCheck kLocationChecks[] = {
      WhyNoIsoDestination},
 };
 
-void ShowError(util::Context& context, const std::string& message, MessageIcon icon = MessageIcon::kCritical,
+void ShowError(steps::Context& context, const std::string& message, MessageIcon icon = MessageIcon::kCritical,
                const std::string& control = "", const std::string& detail = "") {
   context.user.ShowMessage({message, "Error", icon, false, control, detail});
 }
@@ -125,7 +125,7 @@ bool Passes(const FrmDiscwright& main, const LocationCheck& check) {
 // The folder that the path is in, or that it is, when every build empties that; empty otherwise.
 std::string EmptiedFolderOf(std::string path) {
   constexpr const char* kSeparators = "\\/";
-  const std::string emptied[] = {integration::WorkspaceRoot(), integration::StagingFolder()};
+  const std::string emptied[] = {util::PathOf(util::Item::kWorkspace), util::PathOf(util::Item::kStaging)};
   const bool is_absolute = path.find_first_of(kSeparators) == 0 || path.find(':') == 1;
   if (!is_absolute) path.insert(0, host::CurrentFolder() + "\\");
   for (std::size_t end = path.size(); end != std::string::npos; end = path.find_last_of(kSeparators)) {
@@ -138,7 +138,7 @@ std::string EmptiedFolderOf(std::string path) {
 }
 
 // What the user keeps there would be gone before it is copied.
-bool SurvivesTheBuild(util::Context& context, const LocationCheck& check) {
+bool SurvivesTheBuild(steps::Context& context, const LocationCheck& check) {
   if (!Applies(context.main(), check)) return true;
   const std::string folder = EmptiedFolderOf(util::StripQuotes((context.main().*check.location).text.get()));
   if (folder.empty()) return true;
@@ -150,7 +150,7 @@ bool SurvivesTheBuild(util::Context& context, const LocationCheck& check) {
   return false;
 }
 
-bool PasswordsMatch(util::Context& context) {
+bool PasswordsMatch(steps::Context& context) {
   FrmDiscwright& main = context.main();
   if (!main.ChkPassProtect.checked() || main.TxtPass1.text.get() == main.TxtPass2.text.get()) return true;
   ShowError(context, "The Passwords don't Match - Reenter them");
@@ -161,7 +161,7 @@ bool PasswordsMatch(util::Context& context) {
 
 }  // namespace
 
-bool PageIsValid(util::Context& context, int page) {
+bool PageIsValid(steps::Context& context, int page) {
   bool valid = page != kIsoPage || PasswordsMatch(context);
   for (const LocationCheck& check : kLocationChecks) {
     if (check.page != page) continue;

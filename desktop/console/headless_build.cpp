@@ -14,11 +14,12 @@
 #include "host/files.h"
 #include "host/native_text.h"
 #include "host/system.h"
-#include "pipeline/program_folder.h"
+#include "pipeline/build_place.h"
 #include "settings/key_files.h"
 #include "settings/session.h"
 #include "settings/session_check.h"
 #include "util/paths.h"
+#include "util/program_folder.h"
 #include "wizard/choices.h"
 #include "wizard/iso_destination.h"
 #include "wizard/navigation.h"
@@ -88,7 +89,7 @@ std::string WhyNoSession(const std::string& session, const Options& options) {
 }
 
 // Applies the command line to the controls. Returns what is wrong with it, or the empty string.
-std::string ApplyOptions(util::Context& context, const Options& options) {
+std::string ApplyOptions(steps::Context& context, const Options& options) {
   forms::FrmDiscwright& main = context.main();
   if (ChoosesPassword(context.windows, options)) {
     return "a password cannot be set on the command line; use --password-file";
@@ -112,8 +113,8 @@ bool IsOneFile(const std::string& a, const std::string& b) {
 }
 
 std::vector<std::string> OwnFiles(const std::string& session, const Options& options) {
-  std::vector<std::string> files = {session, host::ProgramFolder() + settings::kWorkingKeyFile,
-                                    host::ProgramFolder() + settings::kBuildKeyFile};
+  std::vector<std::string> files = {session, util::PathOf(util::Item::kWorkingKeyFile),
+                                    util::PathOf(util::Item::kBuildKeyFile)};
   const bool is_file = !options.password_file.empty() && options.password_file != "-";
   if (is_file) files.push_back(host::PathFromNative(options.password_file));
   return files;
@@ -131,7 +132,7 @@ std::string WhyNotReplaced(const std::string& path, bool holds_something_else, c
   return shown + " holds something else, and would be lost: choose another name, or add --force to replace it";
 }
 
-std::string WhyNotWritten(const util::Context& context, const std::string& session, const Options& options) {
+std::string WhyNotWritten(const steps::Context& context, const std::string& session, const Options& options) {
   const std::string destination = context.main().TxtISOLoc.text;
   const std::string image = util::NamedFile(destination);
   std::string why = WhyNotReplaced(image, wizard::HoldsSomethingElse(destination), session, options);
@@ -146,7 +147,7 @@ std::string WhyNotWritten(const util::Context& context, const std::string& sessi
 }
 
 // Returns the exit code when the choices could not be kept.
-std::optional<int> SaveSession(util::Context& context, Terminal& terminal, const Options& options) {
+std::optional<int> SaveSession(steps::Context& context, Terminal& terminal, const Options& options) {
   if (options.save_session.empty()) return std::nullopt;
   const std::string file = host::PathFromNative(options.save_session);
   const host::Status status = settings::WriteSession(context.windows, context.notes, file);
@@ -169,8 +170,8 @@ int Refused(const forms::FrmDiscwright& main, Terminal& terminal) {
   return kExitPageCheck;
 }
 
-int Failed(const util::Context& context, Terminal& terminal) {
-  const util::BuildResult& result = context.result;
+int Failed(const steps::Context& context, Terminal& terminal) {
+  const steps::BuildResult& result = context.result;
   if (!result.log.empty()) {
     terminal.PrintLine("The end of " + host::PathToNative(result.log) + ":");
     for (const std::string& line : result.log_tail) terminal.PrintLine("  " + line);
@@ -180,13 +181,13 @@ int Failed(const util::Context& context, Terminal& terminal) {
   return kExitFailed;
 }
 
-int Made(const util::Context& context, Terminal& terminal) {
-  const util::BuildResult& result = context.result;
+int Made(const steps::Context& context, Terminal& terminal) {
+  const steps::BuildResult& result = context.result;
   if (!result.sha256.empty()) {
     host::Print(host::Stream::kOutput, "Image:   " + host::PathToNative(result.image) + "\nSize:    " +
                                            std::to_string(result.size) + " bytes\nSHA-256: " + result.sha256 + "\n");
   }
-  if (result.end == util::BuildEnd::kMade) return kExitMade;
+  if (result.end == steps::BuildEnd::kMade) return kExitMade;
   const std::size_t warnings = context.notes.all().size();
   terminal.PrintLine("The image was made, with " + std::to_string(warnings) + " warning" + (warnings == 1 ? "" : "s") +
                      " (see above).");
@@ -198,16 +199,16 @@ int Cancelled(Terminal& terminal) {
   return kExitCancelled;
 }
 
-int TellResult(util::Context& context, Terminal& terminal) {
+int TellResult(steps::Context& context, Terminal& terminal) {
   terminal.ClearLiveLine();
   switch (context.result.end) {
-    case util::BuildEnd::kMade:
-    case util::BuildEnd::kMadeWithNotes:
+    case steps::BuildEnd::kMade:
+    case steps::BuildEnd::kMadeWithNotes:
       return Made(context, terminal);
-    case util::BuildEnd::kFailed:
+    case steps::BuildEnd::kFailed:
       return Failed(context, terminal);
-    case util::BuildEnd::kNone:
-    case util::BuildEnd::kCancelled:
+    case steps::BuildEnd::kNone:
+    case steps::BuildEnd::kCancelled:
       break;
   }
   return Cancelled(terminal);
@@ -224,7 +225,7 @@ int ListControls(forms::Windows& windows, Terminal& terminal, const std::string&
 }
 
 // From the loaded choices to the image.
-int BuildWith(util::Context& context, Terminal& terminal, const Options& options) {
+int BuildWith(steps::Context& context, Terminal& terminal, const Options& options) {
   if (!wizard::WalkToTheSummary(context)) {
     return host::InterruptCount() > 0 ? Cancelled(terminal) : Refused(context.main(), terminal);
   }
@@ -236,8 +237,9 @@ int BuildWith(util::Context& context, Terminal& terminal, const Options& options
 
 }  // namespace
 
-int RunBuild(util::Context& context, Terminal& terminal, const Options& options) {
-  const std::string session = options.session.empty() ? settings::SessionFile() : host::PathFromNative(options.session);
+int RunBuild(steps::Context& context, Terminal& terminal, const Options& options) {
+  const std::string session =
+      options.session.empty() ? util::PathOf(util::Item::kSession) : host::PathFromNative(options.session);
   std::string problem = WhyNoSession(session, options);
   if (problem.empty()) problem = host::TextFromNative(base::WhyNoSourceDate(std::getenv(base::kSourceDateVariable)));
   if (!problem.empty()) return UsageError(terminal, problem);
@@ -252,7 +254,7 @@ int RunBuild(util::Context& context, Terminal& terminal, const Options& options)
   const bool has_session = host::CanRead(session);
   // Listing the controls writes nothing into the program folder, because a build may be under way there.
   wizard::Form_Load(context, options.controls ? "" : session);
-  if (options.controls && has_session) settings::ReadSession(context, session);
+  if (options.controls && has_session) settings::ReadSession(context.windows, context.notes, session);
   problem = ApplyOptions(context, options);
   if (!problem.empty()) return UsageError(terminal, problem);
   if (options.controls) return ListControls(context.windows, terminal, *options.controls);

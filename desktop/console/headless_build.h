@@ -3,7 +3,7 @@
 
 #include "desktop/console/options.h"
 #include "desktop/console/terminal.h"
-#include "util/context.h"
+#include "steps/context.h"
 
 namespace discwright::desktop {
 
@@ -17,6 +17,6 @@ inline constexpr int kExitCancelled = 130;
 
 // Loads the session, applies the options, presses Next until the summary, then Finish, or lists the controls. Prints
 // what happened; the result on standard output. `context` must be bound (wizard::Bind). Returns the exit code.
-int RunBuild(util::Context& context, Terminal& terminal, const Options& options);
+int RunBuild(steps::Context& context, Terminal& terminal, const Options& options);
 
 }  // namespace discwright::desktop

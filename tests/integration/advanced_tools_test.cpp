@@ -30,7 +30,9 @@ class AddAdvToolsTest : public testing::StepFixture {
     host.AddFile(root + "\\I386\\TXTSETUP.SIF", "path = \\i386, \\I386", true);
     host.AddFile(root + "\\I386\\SYSTEM32\\OTHER.DLL", "i386", true);
   }
-  void Add(bool erd_commander, bool bluecon) { AddAdvTools(context, erd_commander, bluecon, "E:", "F:"); }
+  void Add(bool erd_commander, bool bluecon) {
+    AddAdvTools(context, {.GetErdC = erd_commander, .GetBCon = bluecon, .ErdCLoc = "E:", .BConLoc = "F:"});
+  }
 };
 
 TEST_F(AddAdvToolsTest, NothingChosen_DoesNothing) {
@@ -165,7 +167,7 @@ TEST_F(AddAdvToolsTest, NamesShownInLowerCase_AreStoredInUpperCase) {
   host.AddFile("G:\\i386\\setupldr.bin", "i386");
   host.AddFile("G:\\i386\\txtsetup.sif", "i386");
   host.AddFile("G:\\readme.txt", "read me");
-  AddAdvTools(context, true, false, "G:", "");
+  AddAdvTools(context, {.GetErdC = true, .ErdCLoc = "G:"});
   EXPECT_EQ(OnCd("ERDC\\SETUPLDR.BIN"), "erdc");
   EXPECT_EQ(host.RealName("C:\\Discwright\\vexacd\\ERDC\\setupldr.bin"), "SETUPLDR.BIN");
   EXPECT_EQ(host.RealName("C:\\Discwright\\vexacd\\readme.txt"), "README.TXT");

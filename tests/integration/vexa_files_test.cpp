@@ -27,7 +27,9 @@ class AddVexaFilesTest : public testing::StepFixture {
   }
 
   void Add(bool utilities, bool additional_files) {
-    AddVexa_Files(context, utilities, additional_files, "E:\\utils", "E:\\more");
+    AddVexa_Files(
+        context,
+        {.AddUtils = utilities, .AddAddFiles = additional_files, .Utils_Loc = "E:\\utils", .AddFiles_Loc = "E:\\more"});
   }
 };
 

@@ -33,7 +33,11 @@ class AddWin2KTest : public testing::StepFixture {
     host.AddFile("C:\\Discwright\\files\\inf_files\\win2k_template.inf", "[Data]\r\nAutoPartition=0\r\n");
   }
 
-  void Add() { AddWin2K(context, source, "I386", remove_languages, service_pack, "", true, answers); }
+  void Add() {
+    AddWin2K(
+        context,
+        {.Source = source, .DelTreeLang = remove_languages, .SP_exe = service_pack, .AddInfo_toUnattend = answers});
+  }
   void GiveAnswers() {
     answers = true;
     const settings::INIFile ini("C:\\Discwright\\keyfile2.txt");
@@ -65,17 +69,6 @@ TEST_F(AddWin2KTest, NothingElseChosen_StartsNoProgramAndWritesNoAnswers) {
   Add();
   EXPECT_THAT(programs.started, IsEmpty());
   EXPECT_EQ(OnCd("I386\\WINNT.SIF"), "<missing>");
-}
-
-TEST_F(AddWin2KTest, NameOfTheFolderHotFixesAndTheAssistantsInfo_ChangeNothing) {
-  Add();
-  const std::vector<std::string> files = host.Files();
-  host.AddFile("E:\\hot fixes\\Q1.EXE", "fix");
-  AddWin2K(context, source, "AMD64", false, "", "E:\\hot fixes", false, false);
-  std::vector<std::string> after = host.Files();
-  std::erase(after, "E:\\hot fixes\\Q1.EXE");
-  EXPECT_EQ(after, files);
-  EXPECT_THAT(programs.started, IsEmpty());
 }
 
 TEST_F(AddWin2KTest, BootSectorIsCopiedBeforeTheSetupFiles) {

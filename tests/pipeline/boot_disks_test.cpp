@@ -22,7 +22,7 @@ class BootDisks : public discwright::testing::PipelineFixture {
 };
 
 TEST_F(BootDisks, DefaultChoices_MakeThreeDisksWithDriverSelection) {
-  AddDisks(context, false, false, false, false, false);
+  AddDisks(context, {});
   EXPECT_THAT(programs.started, ElementsAre("C:\\Discwright\\CreateDsk.exe -t 144 vexasoftware",
                                             "C:\\Discwright\\CreateDsk.exe -t 144 vexasoftware_emm",
                                             "C:\\Discwright\\CreateDsk.exe -t 288 netaccess -sel"));
@@ -35,7 +35,7 @@ TEST_F(BootDisks, DefaultChoices_MakeThreeDisksWithDriverSelection) {
 }
 
 TEST_F(BootDisks, AllChoices_MakeLauncherAndLinkwellDiskInTheSharedPlace) {
-  AddDisks(context, true, true, true, false, false);
+  AddDisks(context, {.NetPlus = true, .AcceptDrivers = true, .MakeWin9xDisk = true});
   EXPECT_THAT(programs.started, ElementsAre("C:\\Discwright\\CreateDsk.exe -t 144 vexasoftware",
                                             "C:\\Discwright\\CreateDsk.exe -t 144 vexasoftware_emm",
                                             "C:\\Discwright\\CreateDsk.exe -t 144 winsetup",
@@ -45,7 +45,7 @@ TEST_F(BootDisks, AllChoices_MakeLauncherAndLinkwellDiskInTheSharedPlace) {
 }
 
 TEST_F(BootDisks, WithoutLauncher_ItsTextIsShownAndTheBarGoesToSixty) {
-  AddDisks(context, false, true, false, false, false);
+  AddDisks(context, {.AcceptDrivers = true});
   EXPECT_THAT(
       captions,
       ElementsAre("Creating Vexa Rescue Software Disk", "Creating Vexa Rescue Software Disk (EMM386 Support)",
@@ -56,27 +56,27 @@ TEST_F(BootDisks, WithoutLauncher_ItsTextIsShownAndTheBarGoesToSixty) {
 }
 
 TEST_F(BootDisks, EachRun_UsesTheSlowPollIntervalAndIsReleased) {
-  AddDisks(context, false, true, false, false, false);
+  AddDisks(context, {.AcceptDrivers = true});
   EXPECT_THAT(programs.configured, ElementsAre("8192 1000", "8192 1000", "8192 1000"));
   EXPECT_FALSE(main.ASyncAppRunning);
 }
 
 TEST_F(BootDisks, StaleImageOnTheCdTree_IsReplaced) {
   host.AddFile("C:\\Discwright\\vexacd\\boot\\images\\vexastart.img", "old", true);
-  AddDisks(context, false, true, false, false, false);
+  AddDisks(context, {.AcceptDrivers = true});
   EXPECT_EQ(WorkspaceFile("boot\\images\\vexastart.img"), "image of vexasoftware");
 }
 
 TEST_F(BootDisks, StaleNetworkImageBesideTheProgram_IsDeletedForTheLinkwellDisk) {
   host.AddFile("C:\\Discwright\\vexanet.img", "stale");
-  AddDisks(context, true, true, false, false, false);
+  AddDisks(context, {.NetPlus = true, .AcceptDrivers = true});
   EXPECT_FALSE(host.Exists("C:\\Discwright\\vexanet.img"));
   EXPECT_EQ(WorkspaceFile("boot\\images\\vexanet.img"), "image of linkwellplus288");
 }
 
 TEST_F(BootDisks, MissingImage_ShowsFatalErrorAndMakesNoFurtherDisk) {
   failing_profile = "vexasoftware_emm";
-  AddDisks(context, false, true, true, false, false);
+  AddDisks(context, {.AcceptDrivers = true, .MakeWin9xDisk = true});
   ASSERT_EQ(user.messages.size(), 1U);
   EXPECT_EQ(user.messages[0].text,
             "The creation the Boot image \"Vexa Rescue Software (EMM386 Support)\" failed, operation halted");
@@ -92,7 +92,7 @@ TEST_F(BootDisks, MissingImage_ShowsFatalErrorAndMakesNoFurtherDisk) {
 TEST_F(BootDisks, ImageOfAnEarlierRun_IsUsedWhenTheToolFailsAndTheUserIsTold) {
   host.AddFile("C:\\Discwright\\vexaemm.img", "earlier");
   failing_profile = "vexasoftware_emm";
-  AddDisks(context, false, true, false, false, false);
+  AddDisks(context, {.AcceptDrivers = true});
   EXPECT_EQ(WorkspaceFile("boot\\images\\vexaemm.img"), "earlier");
   EXPECT_TRUE(user.messages.empty());
   EXPECT_EQ(notes.all().size(), 1U);
@@ -100,7 +100,7 @@ TEST_F(BootDisks, ImageOfAnEarlierRun_IsUsedWhenTheToolFailsAndTheUserIsTold) {
 
 TEST_F(BootDisks, ImageThatCannotBeMoved_IsFatal) {
   host.FailOn("RenameFile", "vexaemm.img", host::ErrorClass::kDiskFull, "No space left on device");
-  AddDisks(context, false, true, false, false, false);
+  AddDisks(context, {.AcceptDrivers = true});
   ASSERT_EQ(user.messages.size(), 1U);
   EXPECT_EQ(user.messages[0].title, "Fatal Error");
   EXPECT_EQ(notes.all().size(), 1U);
@@ -108,7 +108,7 @@ TEST_F(BootDisks, ImageThatCannotBeMoved_IsFatal) {
 
 TEST_F(BootDisks, ToolThatCannotBeStarted_TellsTheUserAndCancels) {
   programs.start_status = host::Status::Failure(host::ErrorClass::kNotFound, "no such program");
-  AddDisks(context, false, true, false, false, false);
+  AddDisks(context, {.AcceptDrivers = true});
   ASSERT_EQ(user.messages.size(), 2U);
   EXPECT_EQ(user.messages[0].title, "Critical Error");
   EXPECT_EQ(user.messages[1].title, "Fatal Error");
@@ -117,20 +117,20 @@ TEST_F(BootDisks, ToolThatCannotBeStarted_TellsTheUserAndCancels) {
 
 TEST_F(BootDisks, CancelledMeanwhile_StillMakesAllItsImages) {
   user.on_do_events = [this] { main.CancelCopy = true; };
-  AddDisks(context, false, true, true, false, false);
+  AddDisks(context, {.AcceptDrivers = true, .MakeWin9xDisk = true});
   EXPECT_EQ(programs.started.size(), 4U);
 }
 
 TEST_F(BootDisks, InfoForEitherSetup_FillsTheKeyFile) {
   host.AddFile("C:\\Discwright\\keyfile2.txt", "[Win9xInfo]\r\nOwnerName=Ann\r\n");
-  AddDisks(context, false, true, false, true, false);
+  AddDisks(context, {.AcceptDrivers = true, .AddInfo_toWin9xSetup = true});
   EXPECT_THAT(host.Content("C:\\Discwright\\keyfile.txt"), HasSubstr("OwnerName=Ann"));
 }
 
 TEST_F(BootDisks, KeyFileThatCannotBeWritten_IsNotedAndTheDisksAreMade) {
   host.AddFile("C:\\Discwright\\keyfile2.txt", "[Win9xInfo]\r\nOwnerName=Ann\r\n");
   host.AddFile("C:\\Discwright\\keyfile.txt", "", true);
-  AddDisks(context, false, true, false, true, false);
+  AddDisks(context, {.AcceptDrivers = true, .AddInfo_toWin9xSetup = true});
   ASSERT_FALSE(notes.all().empty());
   EXPECT_EQ(notes.all()[0].place, "C:\\Discwright\\keyfile.txt");
   EXPECT_EQ(programs.started.size(), 3U);
@@ -138,7 +138,7 @@ TEST_F(BootDisks, KeyFileThatCannotBeWritten_IsNotedAndTheDisksAreMade) {
 
 TEST_F(BootDisks, NoInfo_LeavesTheKeyFileAlone) {
   host.AddFile("C:\\Discwright\\keyfile2.txt", "[Win9xInfo]\r\nOwnerName=Ann\r\n");
-  AddDisks(context, false, true, false, false, false);
+  AddDisks(context, {.AcceptDrivers = true});
   EXPECT_FALSE(host.Exists("C:\\Discwright\\keyfile.txt"));
 }
 

@@ -6,11 +6,11 @@
 namespace discwright::pipeline {
 namespace {
 
+using steps::BuildEnd;
+using steps::BuildResult;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using util::BuildEnd;
-using util::BuildResult;
 
 constexpr const char* kImage = "C:\\out\\Rescue.iso";
 constexpr const char* kLog = "C:\\Discwright\\mkisofs.log";

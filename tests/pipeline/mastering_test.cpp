@@ -18,7 +18,7 @@ class Mastering : public discwright::testing::PipelineFixture {
  protected:
   void Run(bool optimize = false) {
     StartMKISOFS(context, main.TxtISOLoc.text.get(), optimize);
-    util::WaitWhile(context, main.MKISOFSRunning, context.LaunchApp, kMasteringPollInterval);
+    util::WaitWhile(user, main.MKISOFSRunning, context.LaunchApp, kMasteringPollInterval);
     context.LaunchApp.reset();
   }
 };
@@ -101,9 +101,9 @@ TEST_F(Mastering, LinkerThatHasNotFinished_IsNotedOnce) {
   for (std::size_t number = 0; number < outputs.size(); ++number) {
     mastering_output = outputs[number];
     util::Notes notes_of_run;
-    util::Context run{windows, user, programs, notes_of_run, {}, {}, nullptr, nullptr, {}};
+    steps::Context run{windows, user, programs, notes_of_run, {}, {}, nullptr, nullptr, {}};
     StartMKISOFS(run, main.TxtISOLoc.text.get(), true);
-    util::WaitWhile(run, main.MKISOFSRunning, run.LaunchApp, kMasteringPollInterval);
+    util::WaitWhile(user, main.MKISOFSRunning, run.LaunchApp, kMasteringPollInterval);
     ASSERT_EQ(notes_of_run.all().size(), 1U) << number;
     EXPECT_EQ(notes_of_run.all()[0].place, "C:\\Discwright\\mkisofs.log");
     EXPECT_THAT(notes_of_run.all()[0].cause, ::testing::StartsWith("dfl, the program that links duplicate files"));

@@ -157,7 +157,7 @@ TEST_F(AnswerFileTest, MSBatchOptimizedForAnythingWith98_TakesItsTemplateAndThat
 
 TEST_F(AnswerFileTest, MSBatchOfAFreshBuildCopy_IsForMeWhateverTheDialogSays) {
   FillSetupDataToKeyFile(forms::FrmWin9xInfo{});
-  FillKeyFile(notes, true, false);
+  FillKeyFile(notes, {.AddInfo_toWin9xSetup = true});
   EXPECT_TRUE(FillSetupDataFromKeyFileToMSBatch(notes, kKeyFile, kBatch));
   EXPECT_THAT(host.Content(kBatch), HasSubstr("Express=0 ; Me\r\n"));
 }
@@ -312,7 +312,7 @@ TEST_F(AnswerFileTest, HardValues_SurviveTheWayFromBothDialogs) {
     }
     CmdOK_Click(win2k);
     CmdOK_Click(win9x);
-    FillKeyFile(notes, true, true);
+    FillKeyFile(notes, {.AddInfo_toWin9xSetup = true, .AddInfo_toWin2KSetup = true});
     EXPECT_TRUE(FillSetupDataFromKeyFileToUnattend(notes, kKeyFile, kUnattend));
     EXPECT_TRUE(FillSetupDataFromKeyFileToMSBatch(notes, kKeyFile, kBatch));
     const INIFile unattend(kUnattend);

@@ -41,35 +41,35 @@ TEST(HoldsAnswersTest, SectionThatADialogHasWritten_HoldsSomeEvenWhenTheyAreEmpt
 }
 
 TEST_F(FillKeyFileTest, NoDialogEverConfirmed_CreatesNoBuildCopy) {
-  FillKeyFile(notes, true, true);
+  FillKeyFile(notes, {.AddInfo_toWin9xSetup = true, .AddInfo_toWin2KSetup = true});
   EXPECT_TRUE(host.Files().empty());
 }
 
 TEST_F(FillKeyFileTest, BothSections_AreCopiedInOrderWithoutOptimizedFor) {
   host.AddFile(kWorking, kWin9xKeys + kWin2KKeys);
-  FillKeyFile(notes, true, true);
+  FillKeyFile(notes, {.AddInfo_toWin9xSetup = true, .AddInfo_toWin2KSetup = true});
   EXPECT_EQ(host.Content(kBuild), kWin9xCopied + kWin2KKeys);
 }
 
 TEST_F(FillKeyFileTest, OneSectionChosen_CopiesThatOneOnly) {
   host.AddFile(kWorking, kWin9xKeys + kWin2KKeys);
-  FillKeyFile(notes, false, true);
+  FillKeyFile(notes, {.AddInfo_toWin2KSetup = true});
   EXPECT_EQ(host.Content(kBuild), kWin2KKeys);
   host::RemoveFile(kBuild);
-  FillKeyFile(notes, true, false);
+  FillKeyFile(notes, {.AddInfo_toWin9xSetup = true});
   EXPECT_EQ(host.Content(kBuild), kWin9xCopied);
 }
 
 TEST_F(FillKeyFileTest, NoSectionChosen_CreatesNoBuildCopy) {
   host.AddFile(kWorking, kWin9xKeys);
-  FillKeyFile(notes, false, false);
+  FillKeyFile(notes, {});
   EXPECT_FALSE(host.Exists(kBuild));
 }
 
 TEST_F(FillKeyFileTest, OptimizedForOfAnExistingBuildCopy_StaysAsItWas) {
   host.AddFile(kWorking, kWin9xKeys);
   host.AddFile(kBuild, "[Win9xInfo]\r\nOptimizedFor=Microsoft Windows Millennium\r\n[Mine]\r\nx=1\r\n");
-  FillKeyFile(notes, true, false);
+  FillKeyFile(notes, {.AddInfo_toWin9xSetup = true});
   const INIFile build(kBuild);
   EXPECT_EQ(build.GetINIKey("Win9xInfo", "OptimizedFor"), "Microsoft Windows Millennium");
   EXPECT_EQ(build.GetINIKey("Win9xInfo", "OwnerName"), "Owner 9");
@@ -78,7 +78,7 @@ TEST_F(FillKeyFileTest, OptimizedForOfAnExistingBuildCopy_StaysAsItWas) {
 
 TEST_F(FillKeyFileTest, ValuesThatStandInQuotes_KeepThem) {
   host.AddFile(kWorking, "[Win9xInfo]\r\nOwnerName=\"\"Joe\"\"\r\nOrganization=\"'x'\"\r\nWorkgroup=a;\"b\"=c\r\n");
-  FillKeyFile(notes, true, false);
+  FillKeyFile(notes, {.AddInfo_toWin9xSetup = true});
   const INIFile build(kBuild);
   EXPECT_EQ(build.GetINIKey("Win9xInfo", "OwnerName"), "\"Joe\"");
   EXPECT_EQ(build.GetINIKey("Win9xInfo", "Organization"), "'x'");
@@ -89,14 +89,14 @@ TEST_F(FillKeyFileTest, ValuesThatStandInQuotes_KeepThem) {
 TEST_F(FillKeyFileTest, ValueThatIsInQuotesOnceItIsCut_KeepsThem) {
   const std::string start = "\"" + std::string(97, 'x') + "\"";
   host.AddFile(kWorking, "[Win9xInfo]\r\nOwnerName=" + start + " and more\r\n");
-  FillKeyFile(notes, true, false);
+  FillKeyFile(notes, {.AddInfo_toWin9xSetup = true});
   EXPECT_EQ(INIFile(kBuild).GetINIKey("Win9xInfo", "OwnerName"), start);
 }
 
 TEST_F(FillKeyFileTest, FailedWrite_IsNotedForEachKey) {
   host.AddFile(kWorking, kWin9xKeys);
   host.FailOn("WriteWholeFile", "keyfile.txt", host::ErrorClass::kDiskFull, "No space left on device", 1);
-  FillKeyFile(notes, true, false);
+  FillKeyFile(notes, {.AddInfo_toWin9xSetup = true});
   ASSERT_THAT(notes.all(), SizeIs(1));
   EXPECT_EQ(notes.all()[0].place, kBuild);
   EXPECT_THAT(notes.all()[0].cause, HasSubstr("OwnerName"));
@@ -108,7 +108,7 @@ TEST_F(FillKeyFileTest, WorkingStoreThatCannotBeRead_IsNotedAndLeavesTheBuildCop
   host.AddFile(kWorking, kWin9xKeys);
   host.AddFile(kBuild, kWin9xCopied);
   host.FailOn("ReadWholeFile", "keyfile2.txt", host::ErrorClass::kNotReady);
-  FillKeyFile(notes, true, false);
+  FillKeyFile(notes, {.AddInfo_toWin9xSetup = true});
   ASSERT_THAT(notes.all(), SizeIs(1));
   EXPECT_EQ(notes.all()[0].place, kWorking);
   EXPECT_EQ(host.Content(kBuild), kWin9xCopied);
@@ -116,7 +116,7 @@ TEST_F(FillKeyFileTest, WorkingStoreThatCannotBeRead_IsNotedAndLeavesTheBuildCop
 
 TEST_F(FillKeyFileTest, ValueLongerThan99Characters_ArrivesCutAndIsNoted) {
   host.AddFile(kWorking, "[Win9xInfo]\r\nOwnerName=" + std::string(120, 'x') + "\r\n");
-  FillKeyFile(notes, true, false);
+  FillKeyFile(notes, {.AddInfo_toWin9xSetup = true});
   EXPECT_NE(host.Content(kBuild).find("OwnerName=" + std::string(99, 'x') + "\r\n"), std::string::npos);
   ASSERT_THAT(notes.all(), SizeIs(1));
   EXPECT_EQ(notes.all()[0].place, kWorking);
@@ -126,7 +126,7 @@ TEST_F(FillKeyFileTest, ValueLongerThan99Characters_ArrivesCutAndIsNoted) {
 // Whoever looks for the template tells what came of it.
 TEST_F(FillKeyFileTest, TemplateWithALongPath_ArrivesCutAndIsNotNoted) {
   host.AddFile(kWorking, "[Win2KInfo]\r\nTemplateFile=" + std::string(120, 'x') + "\r\n");
-  FillKeyFile(notes, false, true);
+  FillKeyFile(notes, {.AddInfo_toWin2KSetup = true});
   EXPECT_NE(host.Content(kBuild).find("TemplateFile=" + std::string(99, 'x') + "\r\n"), std::string::npos);
   EXPECT_THAT(notes.all(), IsEmpty());
 }
@@ -134,7 +134,7 @@ TEST_F(FillKeyFileTest, TemplateWithALongPath_ArrivesCutAndIsNotNoted) {
 TEST_F(FillKeyFileTest, MissingKeys_EmptyThoseOfTheBuildCopy) {
   host.AddFile(kWorking, "");
   host.AddFile(kBuild, kWin9xCopied);
-  FillKeyFile(notes, true, false);
+  FillKeyFile(notes, {.AddInfo_toWin9xSetup = true});
   EXPECT_EQ(host.Content(kBuild), "[Win9xInfo]\r\nOwnerName=\r\nOrganization=\r\nComputerName=\r\nWorkgroup=\r\n");
 }
 

@@ -7,6 +7,7 @@
 #include "settings/session.h"
 #include "settings/session_table.h"
 #include "tests/support/build_fixture.h"
+#include "util/program_folder.h"
 
 namespace discwright::settings {
 namespace {
@@ -31,8 +32,8 @@ class SessionCheck : public testing::BuildFixture {
 };
 
 TEST_F(SessionCheck, SessionThatTheProgramSaved_HasNoProblem) {
-  WriteVexaCDINI(context);
-  EXPECT_THAT(ProblemsOf(SessionFile()), IsEmpty());
+  WriteVexaCDINI(context.windows, context.notes);
+  EXPECT_THAT(ProblemsOf(util::PathOf(util::Item::kSession)), IsEmpty());
 }
 
 TEST_F(SessionCheck, EveryKeyOfTheTable_IsKnownInItsSectionOnly) {

@@ -169,16 +169,14 @@ class SessionTest : public testing::BuildFixture {
 
   void Read(const std::string& content) {
     host.AddFile(kFile, content);
-    ReadVexaCDINI(context, kFile);
+    ReadVexaCDINI(context.windows, context.notes, kFile);
   }
 
   std::string Written() {
-    WriteVexaCDINI(context);
+    WriteVexaCDINI(context.windows, context.notes);
     return host.Content(kFile);
   }
 };
-
-TEST_F(SessionTest, SessionFile_IsInTheProgramFolder) { EXPECT_EQ(SessionFile(), kFile); }
 
 TEST_F(SessionTest, WriteOfAFreshStart_IsTheDefaultsByteForByte) { EXPECT_EQ(Written(), kDefaults); }
 
@@ -245,7 +243,7 @@ TEST_F(SessionTest, PathWithBlanksAtItsEnds_IsSavedTrimmedAndReadsBackTrimmed) {
   const std::string content = Written();
   EXPECT_THAT(content, HasSubstr("\r\nSourceDir      = \"D:\\i386 x\"\r\n"));
   EXPECT_THAT(content, HasSubstr("\r\nISOLocation    = C:\\my disc.iso\r\n"));
-  ReadVexaCDINI(context, kFile);
+  ReadVexaCDINI(context.windows, context.notes, kFile);
   EXPECT_EQ(main.Txt_i386_Loc.text.get(), "D:\\i386 x");
   EXPECT_EQ(main.TxtISOLoc.text.get(), "C:\\my disc.iso");
 }
@@ -258,7 +256,7 @@ TEST_F(SessionTest, TextInQuotesAlready_GetsNoSecondPair) {
 TEST_F(SessionTest, SessionSavedWithDomain_ReopensWithWorkgroup) {
   FillAllControls();
   Written();
-  ReadVexaCDINI(context, kFile);
+  ReadVexaCDINI(context.windows, context.notes, kFile);
   EXPECT_TRUE(win2k.OptJoinWorkgroup.value);
   EXPECT_FALSE(win2k.OptJoinDomain.value);
 }
@@ -324,7 +322,7 @@ TEST_F(SessionTest, CheckBoxValues_AreTheirLeadingDigits) {
 
 TEST_F(SessionTest, ReadOfAnotherFile_TakesThatFile) {
   host.AddFile("D:\\other.ini", "[Main]\r\nISOLocation = E:\\x.iso\r\n");
-  ReadVexaCDINI(context, "D:\\other.ini");
+  ReadVexaCDINI(context.windows, context.notes, "D:\\other.ini");
   EXPECT_EQ(main.TxtISOLoc.text.get(), "E:\\x.iso");
   EXPECT_FALSE(host.Exists(kFile));
 }
@@ -385,7 +383,7 @@ TEST_F(SessionTest, TextsInAnyScript_ComeBackAsTheyWere) {
     main.Txt_i386_Loc.text = text;
     Written();
     main.Txt_i386_Loc.text = "";
-    ReadVexaCDINI(context, kFile);
+    ReadVexaCDINI(context.windows, context.notes, kFile);
     EXPECT_EQ(main.Txt_i386_Loc.text.get(), text);
   }
 }
@@ -405,7 +403,7 @@ TEST_F(SessionTest, CharactersBeyondWindows1252_AreSavedInMarkedUtf8) {
 TEST_F(SessionTest, FailedWrite_IsNotedAndLeavesTheOldFile) {
   host.AddFile(kFile, "old");
   host.FailOn("WriteWholeFile", "vexacd.ini", host::ErrorClass::kDiskFull, "No space left on device");
-  WriteVexaCDINI(context);
+  WriteVexaCDINI(context.windows, context.notes);
   EXPECT_EQ(host.Content(kFile), "old");
   ASSERT_THAT(notes.all(), SizeIs(1));
   EXPECT_EQ(notes.all()[0].place, kFile);

@@ -113,7 +113,7 @@ TEST_F(ShippedSession, EverySectionOfTheExample_HasACommentAboveIt) {
 
 TEST_F(ShippedSession, Example_ReadsBackAsItStandsThere) {
   host.AddFile(kFile, example);
-  ReadVexaCDINI(context, kFile);
+  ReadVexaCDINI(context.windows, context.notes, kFile);
   EXPECT_THAT(notes.all(), IsEmpty());
   EXPECT_TRUE(WriteSession(windows, notes, "C:\\Discwright\\kept.ini").ok());
   const std::string kept = host.Content("C:\\Discwright\\kept.ini");

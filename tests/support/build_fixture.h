@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "forms/user_actions.h"
+#include "steps/context.h"
 #include "tests/support/fake_host.h"
 #include "tests/support/fake_programs.h"
 #include "tests/support/fake_user.h"
-#include "util/context.h"
 
 namespace discwright::testing {
 
@@ -23,7 +23,7 @@ class BuildFixture : public ::testing::Test {
   forms::Windows windows;
   util::Notes notes;
   int cancelled = 0;
-  util::Context context{windows, user, programs, notes, [this] { Cancel(); }, [](int, bool) {}, nullptr, nullptr};
+  steps::Context context{windows, user, programs, notes, [this] { Cancel(); }, [](int, bool) {}, nullptr, nullptr};
   forms::FrmDiscwright& main = windows.main;
   std::vector<forms::Subscription> listening;
 

@@ -1,49 +1,23 @@
 // The copy engine of Windows 95/98/Me on the fake host.
 #include <limits>
 
-#include "tests/support/build_fixture.h"
+#include "tests/support/util_fixture.h"
 #include "util/copy_engines.h"
 #include "util/copy_entries.h"
 
 namespace discwright::util {
 namespace {
 
-class Copy9xTest : public testing::BuildFixture {
+class Copy9xTest : public testing::UtilFixture {
  protected:
-  CopyRun run{context, main.LblSub_Step, main.BarSub_Step, 0, ""};
-  std::vector<std::int64_t> bar_values;
+  CopyRun run{user, notes, progress};
 
-  void SetUp() override {
-    main.BarSub_Step.max = 1000000;
-    Listen(main.BarSub_Step,
-           [this](forms::Control&, forms::Facet, forms::By) { bar_values.push_back(main.BarSub_Step.value); });
-  }
-  void ExpectOneNote(std::string_view place, std::string_view cause_part) {
-    ASSERT_EQ(notes.all().size(), 1U);
-    EXPECT_EQ(notes.all()[0].place, place);
-    EXPECT_THAT(notes.all()[0].cause, ::testing::HasSubstr(cause_part));
-  }
-  void ExpectStoppedAt(std::string_view place, std::string_view cause_part) {
-    ExpectOneNote(place, cause_part);
-    EXPECT_THAT(notes.all()[0].cause, ::testing::HasSubstr("the rest of this folder and of the folders above it"));
-  }
+  void SetUp() override { SetTotal(run, 1000000); }
 };
 
 using FolderSizeByDirTest = Copy9xTest;
 using CopyTreeChunkedTest = Copy9xTest;
 using CopyFileChunkedTest = Copy9xTest;
-
-TEST(FailureText, ClassicFailures_HaveTheirTexts) {
-  EXPECT_EQ(FailureText(host::ErrorClass::kDiskFull), "Disk Full");
-  EXPECT_EQ(FailureText(host::ErrorClass::kAccessDenied), "Permission denied");
-  EXPECT_EQ(FailureText(host::ErrorClass::kNotReady), "Disk Not Ready");
-  EXPECT_EQ(FailureText(host::ErrorClass::kNotFound), "Path Not found");
-}
-
-TEST(FailureText, AnyOtherFailure_HasNone) {
-  EXPECT_EQ(FailureText(host::ErrorClass::kOther), "");
-  EXPECT_EQ(FailureText(host::ErrorClass::kExists), "");
-}
 
 TEST_F(FolderSizeByDirTest, NestedTreeWithDotNames_AddsEverything) {
   host.AddFileOfSize("C:\\src\\a", 5);
@@ -110,12 +84,8 @@ TEST_F(CopyTreeChunkedTest, FilesOfAFolder_ComeBeforeItsFoldersAndTheListingGoes
   host.AddFile("C:\\src\\b\\in b", "x");
   host.AddFile("C:\\src\\c", "x");
   host.AddFile("C:\\src\\z", "x");
-  std::vector<std::string> painted;
-  Listen(main.LblSub_Step, [&](forms::Control&, forms::Facet facet, forms::By) {
-    if (facet == forms::Facet::kRepaint) painted.push_back(main.LblSub_Step.caption);
-  });
   EXPECT_TRUE(CopyTreeChunked(run, "C:\\src", "C:\\dst"));
-  EXPECT_EQ(painted, (std::vector<std::string>{"Copying : c", "Copying : z", "Copying : in a", "Copying : in b"}));
+  EXPECT_EQ(progress.files, (std::vector<std::string>{"c", "z", "in a", "in b"}));
 }
 
 TEST_F(CopyTreeChunkedTest, EveryFileAndFolder_Yields) {
@@ -125,7 +95,7 @@ TEST_F(CopyTreeChunkedTest, EveryFileAndFolder_Yields) {
   EXPECT_EQ(user.waited, std::vector<int>(3, 0));
 }
 
-TEST_F(CopyTreeChunkedTest, FailedFile_StopsTheWholeCopyAtOnceWithItsClassicText) {
+TEST_F(CopyTreeChunkedTest, FailedFile_StopsTheWholeCopyAtOnceWithItsShortText) {
   host.AddFile("C:\\src\\sub\\bad", "x");
   host.AddFile("C:\\src\\sub\\later", "x");
   host.AddFile("C:\\src\\z\\later", "x");
@@ -137,7 +107,7 @@ TEST_F(CopyTreeChunkedTest, FailedFile_StopsTheWholeCopyAtOnceWithItsClassicText
   ExpectStoppedAt("C:\\src\\sub\\bad", "could not be copied: Disk Full (No space left on device)");
 }
 
-TEST_F(CopyTreeChunkedTest, FailureWithoutClassicText_IsNotedWithTheSystemsReason) {
+TEST_F(CopyTreeChunkedTest, FailureWithoutShortText_IsNotedWithTheSystemsReason) {
   host.AddFile("C:\\src\\bad", "x");
   host.FailOn("ReadAt", "bad", host::ErrorClass::kOther, "odd");
   EXPECT_FALSE(CopyTreeChunked(run, "C:\\src", "C:\\dst"));
@@ -192,7 +162,7 @@ TEST_F(CopyTreeChunkedTest, FileAndFolderThatDifferOnlyInCase_AreAClash) {
   ExpectOneNote("C:\\src\\name", "only in letter case");
 }
 
-TEST_F(CopyTreeChunkedTest, DestinationInsideTheSource_EndsAllTheSame) {
+TEST_F(CopyTreeChunkedTest, DestinationInsideTheSource_IsNotCopiedIntoItself) {
   host.AddFile("C:\\src\\a", "x");
   EXPECT_TRUE(CopyTreeChunked(run, "C:\\src", "C:\\src\\dst"));
   EXPECT_EQ(host.Content("C:\\src\\dst\\a"), "x");
@@ -202,11 +172,10 @@ TEST_F(CopyTreeChunkedTest, DestinationInsideTheSource_EndsAllTheSame) {
 TEST_F(CopyFileChunkedTest, FileOfTwoChunksAndARest_MovesTheBarByPositions) {
   const std::string content(2 * 16384 + 5, 'x');
   host.AddFile("C:\\a", content);
-  main.BarSub_Step.value = 100;
-  bar_values.clear();
+  progress.shown = 100;
   EXPECT_TRUE(CopyFileChunked(run, "C:\\a", "C:\\b").ok());
   EXPECT_EQ(host.Content("C:\\b"), content);
-  EXPECT_EQ(bar_values, (std::vector<std::int64_t>{100 + 16385, 100 + 32769, 100 + 32774}));
+  EXPECT_EQ(progress.values, (std::vector<std::int64_t>{100 + 16385, 100 + 32769, 100 + 32774}));
 }
 
 TEST_F(CopyFileChunkedTest, EveryByte_ArrivesInItsPlace) {
@@ -221,23 +190,23 @@ TEST_F(CopyFileChunkedTest, EachFile_AddsOneMoreThanItsLength) {
   host.AddFile("C:\\a", "12345");
   host.AddFile("C:\\exact", std::string(16384, 'x'));
   EXPECT_TRUE(CopyFileChunked(run, "C:\\a", "C:\\b").ok());
-  EXPECT_EQ(main.BarSub_Step.value, 6);
+  EXPECT_EQ(progress.shown, 6);
   EXPECT_TRUE(CopyFileChunked(run, "C:\\exact", "C:\\b").ok());
-  EXPECT_EQ(main.BarSub_Step.value, 6 + 16385);
+  EXPECT_EQ(progress.shown, 6 + 16385);
 }
 
 TEST_F(CopyFileChunkedTest, EmptyFile_IsMadeAndAddsOne) {
   host.AddFile("C:\\a", "");
   EXPECT_TRUE(CopyFileChunked(run, "C:\\a", "C:\\b").ok());
   EXPECT_EQ(host.Content("C:\\b"), "");
-  EXPECT_EQ(main.BarSub_Step.value, 1);
+  EXPECT_EQ(progress.shown, 1);
 }
 
 TEST_F(CopyFileChunkedTest, BarNearItsMaximum_StopsAtTheMaximum) {
   host.AddFile("C:\\a", std::string(20000, 'x'));
-  main.BarSub_Step.max = 10000;
+  SetTotal(run, 10000);
   EXPECT_TRUE(CopyFileChunked(run, "C:\\a", "C:\\b").ok());
-  EXPECT_EQ(main.BarSub_Step.value, 10000);
+  EXPECT_EQ(progress.shown, 10000);
 }
 
 TEST_F(CopyFileChunkedTest, LongerDestination_KeepsItsTailBehindTheNewContent) {

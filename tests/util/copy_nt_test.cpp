@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "tests/support/build_fixture.h"
+#include "tests/support/util_fixture.h"
 #include "util/copy_engines.h"
 
 namespace discwright::util {
@@ -11,9 +11,11 @@ namespace {
 constexpr std::int64_t kGigabyte = 1 << 30;
 constexpr std::int32_t kMostBytes = std::numeric_limits<std::int32_t>::max();
 
-class CopyNtTest : public testing::BuildFixture {
+class CopyNtTest : public testing::UtilFixture {
  protected:
-  CopyRun run{context, main.LblSub_Step, main.BarSub_Step, 0, ""};
+  CopyRun run{user, notes, progress};
+
+  void SetUp() override { SetTotal(run, 100); }
 
   // A second entry of C:\src whose name differs from an existing one only in letter case.
   void AddClash(const std::string& key, const std::string& name, host::EntryKind kind = host::EntryKind::kFile) {
@@ -22,15 +24,6 @@ class CopyNtTest : public testing::BuildFixture {
     node.kind = kind;
     node.content = "clash";
     host.nodes["c:\\src\\" + key] = node;
-  }
-  void ExpectOneNote(std::string_view place, std::string_view cause_part) {
-    ASSERT_EQ(notes.all().size(), 1U);
-    EXPECT_EQ(notes.all()[0].place, place);
-    EXPECT_THAT(notes.all()[0].cause, ::testing::HasSubstr(cause_part));
-  }
-  void ExpectStoppedAt(std::string_view place, std::string_view cause_part) {
-    ExpectOneNote(place, cause_part);
-    EXPECT_THAT(notes.all()[0].cause, ::testing::HasSubstr("the rest of this folder and of the folders above it"));
   }
 };
 
@@ -117,8 +110,8 @@ TEST_F(CopyTreeWithProgressTest, Tree_IsCopiedWholeAndTheBarEndsAtItsSize) {
   EXPECT_EQ(host.Content("C:\\dst\\Sub\\B.txt"), "1234567");
   EXPECT_EQ(host.RealName("C:\\dst\\sub\\b.txt"), "B.txt");
   EXPECT_TRUE(host.Exists("C:\\dst\\empty"));
-  EXPECT_EQ(main.BarSub_Step.max, 12);
-  EXPECT_EQ(main.BarSub_Step.value, 12);
+  EXPECT_EQ(progress.total, 12);
+  EXPECT_EQ(progress.shown, 12);
   EXPECT_TRUE(notes.all().empty());
 }
 
@@ -166,27 +159,12 @@ TEST_F(CopyTreeWithProgressTest, SingleFileOfThreeGigabytes_IsARuntimeFailure) {
   EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kRuntimeFailure);
 }
 
-TEST_F(CopyTreeWithProgressTest, SingleFileOfFiveGigabytes_IsCopiedAndTheBarStopsAtItsMaximum) {
+TEST_F(CopyTreeWithProgressTest, SingleFileOfFiveGigabytes_IsCopiedAndTheBytesStopAtTheTotal) {
   host.AddFileOfSize("C:\\src\\a", 5 * kGigabyte);
   EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kComplete);
   EXPECT_TRUE(host.Exists("C:\\dst\\a"));
-  EXPECT_EQ(main.BarSub_Step.max, kGigabyte);
-  EXPECT_EQ(main.BarSub_Step.value, kGigabyte);
-}
-
-TEST_F(CopyTreeWithProgressTest, CancelFlagSetBefore_IsClearedAtTheStart) {
-  host.AddFile("C:\\src\\a", "x");
-  copy_cancel_flag = 1;
-  EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kComplete);
-  EXPECT_EQ(copy_cancel_flag, 0);
-}
-
-TEST_F(CopyTreeWithProgressTest, BuildCancelledByTheUser_StillRunsToItsEnd) {
-  host.AddFile("C:\\src\\a", "x");
-  host.AddFile("C:\\src\\b", "y");
-  user.on_do_events = [this] { Cancel(); };
-  EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kComplete);
-  EXPECT_EQ(host.Content("C:\\dst\\b"), "y");
+  EXPECT_EQ(progress.total, kGigabyte);
+  EXPECT_EQ(progress.shown, kGigabyte);
 }
 
 TEST_F(CopyTreeByFindTest, SourceThatCannotBeListed_ShowsItWithItsBackslashAndFails) {
@@ -255,12 +233,8 @@ TEST_F(CopyTreeByFindTest, EveryFile_IsNamedAndRepaintedInListingOrder) {
   host.AddFile("C:\\src\\b", "x");
   host.AddFile("C:\\src\\a", "x");
   host.AddFile("C:\\src\\aa\\c", "x");
-  std::vector<std::string> painted;
-  Listen(main.LblSub_Step, [&](forms::Control&, forms::Facet facet, forms::By) {
-    if (facet == forms::Facet::kRepaint) painted.push_back(main.LblSub_Step.caption);
-  });
   EXPECT_TRUE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
-  EXPECT_EQ(painted, (std::vector<std::string>{"Copying : a", "Copying : c", "Copying : b"}));
+  EXPECT_EQ(progress.files, (std::vector<std::string>{"a", "c", "b"}));
 }
 
 TEST_F(CopyTreeByFindTest, FailedFile_StopsItsFolderAndAllAboveWithOneNoteAndEarlierFilesStay) {
@@ -277,16 +251,6 @@ TEST_F(CopyTreeByFindTest, FailedFile_StopsItsFolderAndAllAboveWithOneNoteAndEar
   EXPECT_FALSE(host.Exists("C:\\dst\\z"));
   EXPECT_TRUE(user.messages.empty());
   ExpectStoppedAt("C:\\src\\sub\\deep\\bad", "Input/output error");
-}
-
-TEST_F(CopyTreeByFindTest, CancelFlagSetDuringACopy_StopsAfterThatFile) {
-  host.AddFile("C:\\src\\a", "x");
-  host.AddFile("C:\\src\\b", "x");
-  user.on_do_events = [] { copy_cancel_flag = 1; };
-  EXPECT_FALSE(CopyTreeByFind(run, "C:\\src", "C:\\dst"));
-  copy_cancel_flag = 0;
-  EXPECT_FALSE(host.Exists("C:\\dst\\b"));
-  ExpectStoppedAt("C:\\src\\a", "cancelled");
 }
 
 TEST_F(CopyTreeByFindTest, DestinationThatCannotBeMade_IsNotedAndItsFirstFileStopsTheCopy) {
@@ -379,7 +343,7 @@ TEST_F(CopyTreeByFindTest, FolderNameThatEndsInABlank_IsCopiedUnderThatName) {
   EXPECT_EQ(host.Content("C:\\dst\\sub \\a"), "x");
 }
 
-TEST_F(CopyTreeByFindTest, DestinationInsideTheSource_EndsAllTheSame) {
+TEST_F(CopyTreeByFindTest, DestinationInsideTheSource_IsNotCopiedIntoItself) {
   host.AddFile("C:\\src\\a", "x");
   host.AddFolder("C:\\src\\dst");
   EXPECT_TRUE(CopyTreeByFind(run, "C:\\src", "C:\\src\\dst"));
@@ -398,12 +362,10 @@ TEST_F(CopyTreeByFindTest, EveryEntry_YieldsAndEveryCallOfThePlatformToo) {
 TEST_F(CopyOneFileTest, File_IsCopiedAndTheBarMovesWithin) {
   host.AddFileOfSize("C:\\a", 100);
   host.pieces_per_file = 4;
-  main.BarSub_Step.max = 1000;
-  main.BarSub_Step.value = 30;
-  std::vector<std::int64_t> values;
-  Listen(main.BarSub_Step, [&](forms::Control&, forms::Facet, forms::By) { values.push_back(main.BarSub_Step.value); });
+  SetTotal(run, 1000);
+  progress.shown = 30;
   EXPECT_TRUE(CopyOneFile(run, "C:\\a", "C:\\b").ok());
-  EXPECT_EQ(values, (std::vector<std::int64_t>{55, 80, 105, 130}));
+  EXPECT_EQ(progress.values, (std::vector<std::int64_t>{55, 80, 105, 130}));
 }
 
 TEST_F(CopyOneFileTest, FailureOfThePlatform_IsItsStatus) {
@@ -413,10 +375,10 @@ TEST_F(CopyOneFileTest, FailureOfThePlatform_IsItsStatus) {
 }
 
 TEST_F(CopyProgressTest, StreamSwitch_RemembersTheBarsValueAndLeavesIt) {
-  main.BarSub_Step.value = 42;
+  progress.shown = 42;
   EXPECT_TRUE(CopyProgress(run, host::CopyEvent::kStreamSwitch, 0));
   EXPECT_EQ(run.start_value, 42);
-  EXPECT_EQ(main.BarSub_Step.value, 42);
+  EXPECT_EQ(progress.shown, 42);
   EXPECT_EQ(user.waited, std::vector<int>{0});
 }
 
@@ -424,13 +386,13 @@ TEST_F(CopyProgressTest, FinishedChunk_AddsTheFilesBytesToTheRememberedValue) {
   run.start_value = 40;
   EXPECT_TRUE(CopyProgress(run, host::CopyEvent::kChunkFinished, 20));
   EXPECT_TRUE(CopyProgress(run, host::CopyEvent::kChunkFinished, 50));
-  EXPECT_EQ(main.BarSub_Step.value, 90);
+  EXPECT_EQ(progress.shown, 90);
 }
 
 TEST_F(CopyProgressTest, SumBeyondTheMaximum_StopsAtTheMaximum) {
   run.start_value = 90;
   EXPECT_TRUE(CopyProgress(run, host::CopyEvent::kChunkFinished, 20));
-  EXPECT_EQ(main.BarSub_Step.value, 100);
+  EXPECT_EQ(progress.shown, 100);
 }
 
 }  // namespace

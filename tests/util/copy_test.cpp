@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "tests/support/build_fixture.h"
+#include "tests/support/util_fixture.h"
 
 namespace discwright::util {
 namespace {
@@ -12,10 +12,10 @@ namespace {
 constexpr int kWindows9x = 1;
 constexpr int kNtFamily = 2;
 
-class CopyFixture : public testing::BuildFixture {
+class CopyFixture : public testing::UtilFixture {
  protected:
   CopyEnd Copy(CopiedNames names = CopiedNames::kAsListed) {
-    return CopyPathWithProgress(context, "C:\\src", "C:\\dst", main.LblSub_Step, main.BarSub_Step, names);
+    return CopyPathWithProgress({user, notes, progress}, "C:\\src", "C:\\dst", names);
   }
 };
 
@@ -35,25 +35,23 @@ TEST_P(CopyOnBothPlatforms, Tree_IsCopiedWholeAndComplete) {
   EXPECT_EQ(host.Content("C:\\dst\\sub\\.b"), "2");
 }
 
-TEST_P(CopyOnBothPlatforms, Start_PaintsThePreparationAndShowsTheBar) {
+TEST_P(CopyOnBothPlatforms, Progress_HearsThePreparationTheTotalEachFileAndTheEnd) {
   host.AddFile("C:\\src\\a", "1");
-  main.BarSub_Step.visible = false;
-  std::vector<std::string> painted;
-  bool bar_seen = false;
-  Listen(main.LblSub_Step, [&](forms::Control&, forms::Facet facet, forms::By) {
-    if (facet == forms::Facet::kRepaint) painted.push_back(main.LblSub_Step.caption);
-    bar_seen = main.BarSub_Step.visible;
-  });
+  host.AddFile("C:\\src\\sub\\b", "23");
   EXPECT_EQ(Copy(), CopyEnd::kComplete);
-  EXPECT_EQ(painted, (std::vector<std::string>{"Preparing for Copy", "Copying : a"}));
-  EXPECT_TRUE(bar_seen);
+  EXPECT_EQ(progress.events, (std::vector<std::string>{"prepare", "total 3", "file a", "file b", "end"}));
+}
+
+TEST_P(CopyOnBothPlatforms, ProgressOfACopyThatFails_HearsTheEnd) {
+  EXPECT_EQ(Copy(), CopyEnd::kFailed);
+  EXPECT_EQ(progress.events.front(), "prepare");
+  EXPECT_EQ(progress.events.back(), "end");
 }
 
 TEST_P(CopyOnBothPlatforms, DestinationDeepInsideTheSource_IsPassedOverAndNoted) {
   host.AddFile("C:\\src\\a", "1");
   host.AddFile("C:\\src\\job\\b", "2");
-  EXPECT_EQ(CopyPathWithProgress(context, "C:\\src", "c:/SRC/job/cd/", main.LblSub_Step, main.BarSub_Step),
-            CopyEnd::kComplete);
+  EXPECT_EQ(CopyPathWithProgress({user, notes, progress}, "C:\\src", "c:/SRC/job/cd/"), CopyEnd::kComplete);
   EXPECT_EQ(host.Content("C:\\src\\job\\cd\\job\\b"), "2");
   EXPECT_FALSE(host.Exists("C:\\src\\job\\cd\\job\\cd"));
   ASSERT_EQ(notes.all().size(), 1U);
@@ -64,39 +62,20 @@ TEST_P(CopyOnBothPlatforms, DestinationBehindALinkInTheSource_IsPassedOverAndNot
   host.AddFile("C:\\src\\a", "1");
   host.AddFile("C:\\work\\b", "2");
   host.AddLink("C:\\src\\link", "C:\\work");
-  EXPECT_EQ(CopyPathWithProgress(context, "C:\\src", "C:\\work\\cd", main.LblSub_Step, main.BarSub_Step),
-            CopyEnd::kComplete);
+  EXPECT_EQ(CopyPathWithProgress({user, notes, progress}, "C:\\src", "C:\\work\\cd"), CopyEnd::kComplete);
   EXPECT_EQ(host.Content("C:\\work\\cd\\link\\b"), "2");
   EXPECT_FALSE(host.Exists("C:\\work\\cd\\link\\cd"));
   ASSERT_EQ(notes.all().size(), 1U);
   EXPECT_EQ(notes.all()[0].place, "C:\\src\\link\\cd");
 }
 
-TEST_P(CopyOnBothPlatforms, End_PutsTheBarsVisibilityBack) {
-  host.AddFile("C:\\src\\a", "1");
-  for (const bool visible : {false, true}) {
-    main.BarSub_Step.visible = visible;
-    EXPECT_EQ(Copy(), CopyEnd::kComplete);
-    EXPECT_EQ(main.BarSub_Step.visible, visible);
-  }
-}
-
-TEST_P(CopyOnBothPlatforms, CancelDisabledBefore_IsEnabledAfterwards) {
-  host.AddFile("C:\\src\\a", "1");
-  main.CmdCancel.enabled = false;
-  EXPECT_EQ(Copy(), CopyEnd::kComplete);
-  EXPECT_TRUE(main.CmdCancel.enabled);
-}
-
-TEST_P(CopyOnBothPlatforms, BarsValueAtTheStart_IsNotReset) {
+TEST_P(CopyOnBothPlatforms, BytesThatAreShownAlready_AreCountedOn) {
   host.AddFileOfSize("C:\\src\\a", 10);
-  main.BarSub_Step.value = 10;
-  std::int64_t smallest = 10;
-  Listen(main.BarSub_Step, [&](forms::Control&, forms::Facet, forms::By) {
-    smallest = std::min(smallest, main.BarSub_Step.value.get());
-  });
+  host.AddFileOfSize("C:\\src\\b", 90);
+  progress.shown = 10;
   EXPECT_EQ(Copy(), CopyEnd::kComplete);
-  EXPECT_EQ(smallest, 10);
+  EXPECT_GT(progress.values.front(), 10);
+  EXPECT_EQ(progress.shown, 100);
 }
 
 TEST_P(CopyOnBothPlatforms, TreeOfTwoGigabytes_IsARuntimeFailureThatCopiesNothingAndIsNoted) {
@@ -162,7 +141,7 @@ TEST_F(CopyPathWithProgressTest, NtFamily_UsesThePlatformsFileCopy) {
   host.AddFile("C:\\src\\a", "12345");
   EXPECT_EQ(Copy(), CopyEnd::kComplete);
   EXPECT_THAT(host.calls, ::testing::Contains("CopyFileWithProgress C:\\src\\a -> C:\\dst\\a"));
-  EXPECT_EQ(main.BarSub_Step.max, 5);
+  EXPECT_EQ(progress.total, 5);
 }
 
 TEST_F(CopyPathWithProgressTest, Windows9x_MovesTheBytesItselfAndCountsDotNames) {
@@ -171,7 +150,7 @@ TEST_F(CopyPathWithProgressTest, Windows9x_MovesTheBytesItselfAndCountsDotNames)
   host.AddFileOfSize("C:\\src\\.b", 7);
   EXPECT_EQ(Copy(), CopyEnd::kComplete);
   EXPECT_THAT(host.calls, ::testing::Contains("OpenBinary C:\\dst\\a"));
-  EXPECT_EQ(main.BarSub_Step.max, 12);
+  EXPECT_EQ(progress.total, 12);
 }
 
 TEST_F(CopyPathWithProgressTest, EmptySourceOnWindows9x_IsComplete) {

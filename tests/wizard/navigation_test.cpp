@@ -311,7 +311,7 @@ TEST_F(FinishTest, CrossDuringTheBuild_CancelsItAndClosesWhenItHasReturned) {
   forms::Press(main.CmdFinish);
   EXPECT_TRUE(was_open_in_the_build);
   EXPECT_FALSE(main.visible);
-  EXPECT_EQ(context.result.end, util::BuildEnd::kCancelled);
+  EXPECT_EQ(context.result.end, steps::BuildEnd::kCancelled);
   EXPECT_EQ(programs.end_all_calls, 0);
   EXPECT_FALSE(host.Exists("C:\\Discwright\\vexacd.ini"));
 }
@@ -322,7 +322,7 @@ TEST_F(FinishTest, CrossDuringTheMastering_EndsItsPrograms) {
   };
   forms::Press(main.CmdFinish);
   EXPECT_EQ(programs.end_all_calls, 1);
-  EXPECT_EQ(context.result.end, util::BuildEnd::kCancelled);
+  EXPECT_EQ(context.result.end, steps::BuildEnd::kCancelled);
   EXPECT_FALSE(main.visible);
 }
 

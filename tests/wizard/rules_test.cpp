@@ -185,7 +185,7 @@ TEST_F(RulesTest, ValuesOfASession_AreFollowed) {
         forms::Windows saved;
         SetBoxes(saved, rule, values);
         ASSERT_TRUE(settings::WriteSession(saved, notes, kSession).ok());
-        settings::ReadVexaCDINI(context, kSession);
+        settings::ReadVexaCDINI(context.windows, context.notes, kSession);
       },
       2, {"ChkPassProtect", "ChkSlipstream"});  // no session has them
 }
@@ -194,7 +194,7 @@ TEST_F(RulesTest, SessionWithoutAServicePack_UnticksItAndItsFieldsFollow) {
   main.ChkSlipstream.value = 1;
   forms::Windows saved;
   ASSERT_TRUE(settings::WriteSession(saved, notes, kSession).ok());
-  settings::ReadVexaCDINI(context, kSession);
+  settings::ReadVexaCDINI(context.windows, context.notes, kSession);
   EXPECT_EQ(main.ChkSlipstream.value, 0);
   EXPECT_EQ(Disabled(windows), DisabledByTheRules(windows));
 }
@@ -240,7 +240,7 @@ TEST_F(RulesTest, BootDisks_AreCheckedAgainWhoeverClearsThem) {
       [this] { EXPECT_TRUE(forms::Toggle(main.ChkGet_Vexadisks, false)); },
       [this] { EXPECT_EQ(forms::Assign(main.ChkGet_Vexadisks, "0"), ""); },
       [this] { EXPECT_EQ(forms::Assign(main.ChkGet_Vexadisks, "2"), ""); },
-      [this] { settings::ReadVexaCDINI(context, kSession); },
+      [this] { settings::ReadVexaCDINI(context.windows, context.notes, kSession); },
       [this] { main.ChkGet_Vexadisks.value = 0; },
   };
   for (const auto& clear : ways) {

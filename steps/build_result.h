@@ -1,11 +1,11 @@
-// What came of a build. Every face turns this into words; no face reads the labels to find it out.
+// What came of a build. Every face turns this into words; no face reads the labels of the window to find it out.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <vector>
 
-namespace discwright::util {
+namespace discwright::steps {
 
 enum class BuildEnd {
   kNone,  // there was no build yet
@@ -25,4 +25,4 @@ struct BuildResult {
   std::vector<std::string> log_tail;  // and the last lines of it, as UTF-8
 };
 
-}  // namespace discwright::util
+}  // namespace discwright::steps

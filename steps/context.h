@@ -1,4 +1,5 @@
-// What every build step and page works on: the windows, the user, the programs, the notes.
+// What every build step and every page works on: the windows, the user, the programs that are run, the notes, and the
+// state of the build. main() makes one Context, and everything above this room gets it as its first argument.
 #pragma once
 
 #include <functional>
@@ -8,24 +9,24 @@
 #include "forms/all_windows.h"
 #include "host/processes.h"
 #include "host/user_interface.h"
-#include "util/build_result.h"
+#include "steps/build_result.h"
 #include "util/notes.h"
 
-namespace discwright::util {
+namespace discwright::steps {
 
 struct Context {
   forms::Windows& windows;
   host::UserInterface& user;
   host::ProgramRunner& programs;
-  Notes& notes;
+  util::Notes& notes;
 
   // Procedures of rooms above the one that needs them; bound once when the program is put together.
-  std::function<void()> CancelApp;
-  std::function<void(int intStep, bool ForceShow)> ShowHelp;
+  std::function<void()> CancelApp = {};
+  std::function<void(int intStep, bool ForceShow)> ShowHelp = {};
 
   // The program that a step waits for, and the mastering; null while there is none.
-  std::unique_ptr<host::Launcher> ASyncApp;
-  std::unique_ptr<host::Launcher> LaunchApp;
+  std::unique_ptr<host::Launcher> ASyncApp = nullptr;
+  std::unique_ptr<host::Launcher> LaunchApp = nullptr;
   host::ProcessEnd mastering_end = {};  // how the last mastering ended
 
   bool cancelled_by_user = false;
@@ -36,12 +37,9 @@ struct Context {
 
   forms::FrmDiscwright& main() const { return windows.main; }
 
-  // A step that cannot go on: shows its box, keeps the box's text as the reason of the failure, cancels the build.
-  void Halt(const host::Message& box) {
-    user.ShowMessage(box);
-    if (failure.empty()) failure = box.text;
-    CancelApp();
-  }
+  // Ends the build for a step that cannot go on: shows `box`, keeps its text as the reason of the failure, and cancels
+  // the build. The step then returns.
+  void Halt(const host::Message& box);
 };
 
-}  // namespace discwright::util
+}  // namespace discwright::steps

@@ -1,5 +1,5 @@
-// Patching in place, copying by pattern, moving and renaming.
-#include "integration/file_patcher.h"
+// Patching files in place.
+#include "integration/patching.h"
 
 #include <algorithm>
 #include <functional>
@@ -8,9 +8,7 @@
 
 #include "host/files.h"
 #include "host/native_text.h"
-#include "host/shell_operations.h"
 #include "host/system.h"
-#include "util/copy_entries.h"
 #include "util/paths.h"
 
 namespace discwright::integration {
@@ -105,23 +103,16 @@ host::Status Rewrite(const std::string& file, const std::function<host::Status(s
   return host::WriteWholeFile(file, bytes, host::FileTimes::kKept);
 }
 
-void ShowPatchingError(util::Context& context, const std::string& file, const std::string& mode,
+void ShowPatchingError(steps::Context& context, const std::string& file, const std::string& mode,
                        const host::Status& status) {
   context.notes.Check(status, file, "could not be patched");
   context.user.ShowMessage(
       {"Error while patching " + host::PathToNative(file) + mode, "Patching Error", host::MessageIcon::kNone});
 }
 
-std::string Answer(const host::ShellAnswer& answer) {
-  if (answer.number != 0) return std::to_string(answer.number);
-  return answer.aborted ? "Aborted" : "";
-}
-
-constexpr std::uint16_t kWithoutQuestions = host::kShellSilent + host::kShellNoConfirmation;
-
 }  // namespace
 
-bool PatchBinaryFile(util::Context& context, const std::string& FileName, std::string_view FindText,
+bool PatchBinaryFile(steps::Context& context, const std::string& FileName, std::string_view FindText,
                      std::string_view ReplaceText) {
   if (!util::FileExists(FileName)) return false;
   bool replaced = false;
@@ -139,8 +130,8 @@ bool PatchBinaryFile(util::Context& context, const std::string& FileName, std::s
   return replaced;
 }
 
-bool PatchTextFile(util::Context& context, const std::string& FileName, std::string_view FindText,
-                   std::string_view ReplaceText, bool) {
+bool PatchTextFile(steps::Context& context, const std::string& FileName, std::string_view FindText,
+                   std::string_view ReplaceText) {
   if (!util::FileExists(FileName)) return false;
   host::Status status;
   {
@@ -154,47 +145,6 @@ bool PatchTextFile(util::Context& context, const std::string& FileName, std::str
   }
   if (!status.ok()) ShowPatchingError(context, FileName, "", status);
   return false;
-}
-
-bool CopyMatchingFiles(util::Notes& notes, const std::string& SourceSpec, const std::string& DestSpec,
-                       util::CopiedNames names) {
-  std::string from;
-  std::string pattern;
-  std::string to;
-  std::string ignored;
-  util::SplitPath(SourceSpec, from, pattern);
-  util::SplitPath(DestSpec, to, ignored);
-  util::AddBackslash(from);
-  util::AddBackslash(to);
-  util::EntryJudge judge(notes, from);
-  const host::Listing listing = host::ListFolder(from, pattern);
-  // A folder that is not there has no such files, and the callers say what they miss.
-  const bool is_missing = listing.status.error == host::ErrorClass::kNotFound;
-  if (!is_missing && !notes.Check(listing.status, from, "could not be listed")) return false;
-  for (const host::Entry& entry : listing.entries) {
-    const util::Verdict verdict = judge.Judge(entry);
-    if (verdict == util::Verdict::kStop) return false;
-    if (verdict == util::Verdict::kSkip) continue;
-    const host::Status status = host::CopyFileWithProgress(from + entry.name, to + util::NameInCopy(entry.name, names),
-                                                           [](host::CopyEvent, std::int64_t) { return true; });
-    const bool is_last = &entry == &listing.entries.back();
-    const std::string what =
-        is_last ? "could not be copied" : "could not be copied, nor was any of " + pattern + " after it";
-    if (!notes.Check(status, from + entry.name, what)) return false;
-  }
-  return true;
-}
-
-std::string MoveWithShell(void* OwnerWindow, const std::string& Source, const std::string& Destination,
-                          std::uint16_t Flags, const std::string& Title) {
-  const auto flags = static_cast<std::uint16_t>(Flags + kWithoutQuestions);  // added, not joined bit by bit: meant
-  return Answer(host::RunShellOperation({host::ShellVerb::kMove, OwnerWindow, Source, Destination, flags, Title}));
-}
-
-std::string RenameWithShell(void* OwnerWindow, const std::string& OldName, const std::string& NewName,
-                            const std::string& Title) {
-  return Answer(
-      host::RunShellOperation({host::ShellVerb::kRename, OwnerWindow, OldName, NewName, kWithoutQuestions, Title}));
 }
 
 }  // namespace discwright::integration

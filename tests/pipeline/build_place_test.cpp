@@ -1,5 +1,5 @@
 // Program folders that can and cannot be written to.
-#include "pipeline/program_folder.h"
+#include "pipeline/build_place.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,9 @@
 // Tries whether the program folder can be written to.
-#include "pipeline/program_folder.h"
+#include "pipeline/build_place.h"
 
 #include "host/files.h"
 #include "host/system.h"
+#include "util/program_folder.h"
 
 namespace discwright::pipeline {
 
@@ -20,7 +21,7 @@ std::string WhyNotClaimed(const std::string& folder, std::shared_ptr<void>& clai
 
 std::string WhyNotBuiltHere(std::shared_ptr<void>& claim) {
   const std::string folder = host::ProgramFolder();
-  const std::string attempt = folder + "\\discwright.tmp";
+  const std::string attempt = util::PathOf(util::Item::kWriteTest);
   host::Status status;
   const bool is_made = host::OpenBinary(attempt, host::OpenMode::kCreateEmpty, status) != nullptr;
   if (is_made) host::RemoveFile(attempt);

@@ -1,0 +1,77 @@
+// Copying by pattern, boot sectors, moving and renaming, and the end of a build that a step of this room cannot go on
+// with.
+#include "integration/file_operations.h"
+
+#include "host/files.h"
+#include "host/shell_operations.h"
+#include "util/copy_entries.h"
+#include "util/paths.h"
+#include "util/program_folder.h"
+
+namespace discwright::integration {
+
+namespace {
+
+std::string Answer(const host::ShellAnswer& answer) {
+  if (answer.number != 0) return std::to_string(answer.number);
+  return answer.aborted ? "Aborted" : "";
+}
+
+constexpr std::uint16_t kWithoutQuestions = host::kShellSilent + host::kShellNoConfirmation;
+
+}  // namespace
+
+bool CopyMatchingFiles(util::Notes& notes, const std::string& SourceSpec, const std::string& DestSpec,
+                       util::CopiedNames names) {
+  std::string from;
+  std::string pattern;
+  std::string to;
+  std::string ignored;
+  util::SplitPath(SourceSpec, from, pattern);
+  util::SplitPath(DestSpec, to, ignored);
+  util::AddBackslash(from);
+  util::AddBackslash(to);
+  util::EntryFilter filter(notes, from);
+  const host::Listing listing = host::ListFolder(from, pattern);
+  // A folder that is not there has no such files, and the callers say what they miss.
+  const bool is_missing = listing.status.error == host::ErrorClass::kNotFound;
+  if (!is_missing && !notes.Check(listing.status, from, "could not be listed")) return false;
+  for (const host::Entry& entry : listing.entries) {
+    const util::Verdict verdict = filter.Decide(entry);
+    if (verdict == util::Verdict::kStop) return false;
+    if (verdict == util::Verdict::kSkip) continue;
+    const host::Status status = host::CopyFileWithProgress(from + entry.name, to + util::NameInCopy(entry.name, names),
+                                                           [](host::CopyEvent, std::int64_t) { return true; });
+    const bool is_last = &entry == &listing.entries.back();
+    const std::string what =
+        is_last ? "could not be copied" : "could not be copied, nor was any of " + pattern + " after it";
+    if (!notes.Check(status, from + entry.name, what)) return false;
+  }
+  return true;
+}
+
+std::string MoveWithShell(void* OwnerWindow, const std::string& Source, const std::string& Destination,
+                          std::uint16_t Flags, const std::string& Title) {
+  const auto flags = static_cast<std::uint16_t>(Flags + kWithoutQuestions);  // added, not joined bit by bit: meant
+  return Answer(host::RunShellOperation({host::ShellVerb::kMove, OwnerWindow, Source, Destination, flags, Title}));
+}
+
+std::string RenameWithShell(void* OwnerWindow, const std::string& OldName, const std::string& NewName,
+                            const std::string& Title) {
+  return Answer(
+      host::RunShellOperation({host::ShellVerb::kRename, OwnerWindow, OldName, NewName, kWithoutQuestions, Title}));
+}
+
+void CopyBootSector(steps::Context& context, const std::string& name) {
+  const std::string source = util::PathOf(util::Item::kBootSectors) + "\\" + name;
+  CopyMatchingFiles(context.notes, source, util::PathOf(util::Item::kWorkspace) + "\\boot\\images\\" + name);
+  if (util::FileExists(source)) return;
+  context.notes.Add(source, "is missing, and what it starts cannot be started from the CD");
+}
+
+void HaltIntegration(steps::Context& context, const std::string& what) {
+  context.Halt({"A fatal Error occured while integrating the " + what + ", operation halted", "Fatal Error",
+                host::MessageIcon::kCritical});
+}
+
+}  // namespace discwright::integration
