@@ -71,11 +71,10 @@ TEST_P(CopyOnBothPlatforms, DestinationBehindALinkInTheSource_IsPassedOverAndNot
 
 TEST_P(CopyOnBothPlatforms, BytesThatAreShownAlready_AreCountedOn) {
   host.AddFileOfSize("C:\\src\\a", 10);
-  host.AddFileOfSize("C:\\src\\b", 90);
+  host.AddFileOfSize("C:\\src\\b", 20);
   progress.shown = 10;
   EXPECT_EQ(Copy(), CopyEnd::kComplete);
-  EXPECT_GT(progress.values.front(), 10);
-  EXPECT_EQ(progress.shown, 100);
+  for (const std::int64_t value : progress.values) EXPECT_GT(value, 10);
 }
 
 TEST_P(CopyOnBothPlatforms, TreeOfTwoGigabytes_IsARuntimeFailureThatCopiesNothingAndIsNoted) {
