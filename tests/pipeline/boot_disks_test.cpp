@@ -1,6 +1,8 @@
 // The boot disk step: command lines, places, progress, failures.
 #include "pipeline/boot_disks.h"
 
+#include <algorithm>
+
 #include "tests/pipeline/pipeline_fixture.h"
 
 namespace discwright::pipeline {
@@ -53,6 +55,26 @@ TEST_F(BootDisks, WithoutLauncher_ItsTextIsShownAndTheBarGoesToSixty) {
   EXPECT_THAT(bar, ::testing::IsSupersetOf({20, 40, 60, 100}));
   EXPECT_FALSE(main.BarSub_Step.visible);
   EXPECT_EQ(main.BarSub_Step.value.get(), 0);
+}
+
+TEST_F(BootDisks, Bar_BeginsAtItsMinimumAndRunsTo100) {
+  main.BarSub_Step.min = 10;
+  main.BarSub_Step.max = 50;
+  main.BarSub_Step.value = 30;
+  main.BarSub_Step.visible = false;
+  bar.clear();
+  programs.run = [this](const std::string& command_line) {
+    if (programs.started.size() == 1) {
+      EXPECT_EQ(main.BarSub_Step.value.get(), 10);
+      EXPECT_EQ(main.BarSub_Step.max.get(), 100);
+    }
+    EXPECT_TRUE(main.BarSub_Step.visible);
+    return Play(command_line);
+  };
+  AddDisks(context, false, true, true, false, false);
+  bar.erase(std::unique(bar.begin(), bar.end()), bar.end());
+  EXPECT_THAT(bar, ElementsAre(30, 10, 20, 40, 60, 100, 10));
+  EXPECT_FALSE(main.BarSub_Step.visible);
 }
 
 TEST_F(BootDisks, EachRun_UsesTheSlowPollIntervalAndIsReleased) {

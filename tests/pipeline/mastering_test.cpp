@@ -33,12 +33,13 @@ TEST_F(Mastering, OptimizedScript_HasFiveLines) {
               ElementsAre("@echo off", "C:", "cd c:\\discwright", "dfl.exe vexacd link", kCommand));
 }
 
-TEST_F(Mastering, PathsWithBlanks_StandInTheirShortForm) {
+TEST_F(Mastering, FolderAndImageThatHaveAShortForm_AreNamedByIt) {
   host.program_folder = "C:\\Program Files\\Disc";
   host.short_paths["C:\\Program Files\\Disc"] = "C:\\PROGRA~1\\DISC";
-  const auto lines = MasteringScript("D:\\My Images\\new.iso", false);
+  host.short_paths["D:\\My Images\\new.iso"] = "D:\\MYIMAG~1\\NEW.ISO";
+  const auto lines = MasteringScript(" \"D:\\My Images\\new.iso\" ", false);
   EXPECT_EQ(lines[2], "cd c:\\progra~1\\disc");
-  EXPECT_THAT(lines[3], ::testing::EndsWith("-output d:\\my images\\new.iso vexacd"));
+  EXPECT_THAT(lines[3], ::testing::EndsWith("-output d:\\myimag~1\\new.iso vexacd"));
 }
 
 TEST_F(Mastering, Start_WritesTheScriptAnewAndRunsIt) {
@@ -51,12 +52,16 @@ TEST_F(Mastering, Start_WritesTheScriptAnewAndRunsIt) {
 }
 
 TEST_F(Mastering, Start_DisablesCancelAndPreparesTheBar) {
+  main.BarSub_Step.min = 10;
+  main.BarSub_Step.max = 60;
   main.BarSub_Step.value = 55;
+  main.BarSub_Step.visible = false;
   StartMKISOFS(context, main.TxtISOLoc.text.get(), false);
   EXPECT_FALSE(main.CmdCancel.enabled);
   EXPECT_TRUE(main.MKISOFSRunning);
   EXPECT_TRUE(main.BarSub_Step.visible);
-  EXPECT_EQ(main.BarSub_Step.value.get(), 0);
+  EXPECT_EQ(main.BarSub_Step.value.get(), 10);
+  EXPECT_EQ(main.BarSub_Step.max.get(), 100);
 }
 
 TEST_F(Mastering, Output_IsLoggedPieceByPiece) {
