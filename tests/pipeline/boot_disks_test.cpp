@@ -2,6 +2,7 @@
 #include "pipeline/boot_disks.h"
 
 #include <algorithm>
+#include <array>
 
 #include "tests/pipeline/pipeline_fixture.h"
 
@@ -125,7 +126,23 @@ TEST_F(BootDisks, ImageThatCannotBeMoved_IsFatal) {
   AddDisks(context, false, true, false, false, false);
   ASSERT_EQ(user.messages.size(), 1U);
   EXPECT_EQ(user.messages[0].title, "Fatal Error");
-  EXPECT_EQ(notes.all().size(), 1U);
+  EXPECT_THAT(NoteLines(), ElementsAre("C:\\Discwright\\vexaemm.img: could not be moved to "
+                                       "C:\\Discwright\\vexacd\\boot\\images\\vexaemm.img: No space left on device"));
+}
+
+TEST_F(BootDisks, FolderOrStaleImageThatTheSystemProtects_IsNotedWithTheCause) {
+  const std::string folder = "C:\\Discwright\\vexacd\\boot\\images\\";
+  const std::vector<std::array<std::string, 3>> failures = {
+      {"MakeFolders", folder, folder + ": could not be created: refused"},
+      {"ClearAttributes", "vexastart.img", folder + "vexastart.img: could not be made writable: refused"},
+      {"RemoveFile", "vexastart.img", folder + "vexastart.img: could not be deleted: refused"}};
+  for (const auto& [function, path, note] : failures) {
+    host.AddFile(folder + "vexastart.img", "old");
+    host.FailOn(function, path, host::ErrorClass::kAccessDenied, "refused", 1);
+    notes = {};
+    AddDisks(context, false, true, false, false, false);
+    EXPECT_THAT(NoteLines(), ::testing::Contains(note));
+  }
 }
 
 TEST_F(BootDisks, ToolThatCannotBeStarted_TellsTheUserAndCancels) {

@@ -139,7 +139,7 @@ TEST_F(BuildDriver, UndeletableOldWorkspace_IsNotedAndBuiltOver) {
   FinishApp(context);
   EXPECT_TRUE(host.Exists("C:\\Discwright\\vexacd\\locked.txt"));
   EXPECT_EQ(WorkspaceFile("boot\\loader.bin"), "loader");
-  EXPECT_THAT(notes.all().at(0).place, HasSubstr("locked.txt"));
+  EXPECT_THAT(NoteLines(), Contains("C:\\Discwright\\vexacd\\locked.txt: could not be deleted: in use"));
 }
 
 TEST_F(BuildDriver, MissingTemplateTree_IsNotedAndTheBuildGoesOn) {
@@ -355,6 +355,14 @@ TEST_F(BuildDriver, CleanSession_DeletesWorkspaceKeyFileAndScriptOnly) {
   EXPECT_TRUE(host.Exists("C:\\out\\Rescue.iso"));
   EXPECT_EQ(main.LblSub_Step.caption.get(), "Cleaning session temperary data");
   EXPECT_TRUE(main.LblSub_Step.bold);
+}
+
+TEST_F(BuildDriver, KeyFileThatCannotBeDeleted_IsNoted) {
+  host.AddFile("C:\\Discwright\\keyfile2.txt", "[Win9xInfo]\r\n");
+  host.FailOn("RemoveFile", "keyfile2.txt", host::ErrorClass::kAccessDenied, "refused");
+  main.ChkCleanSession.value = 1;
+  FinishApp(context);
+  EXPECT_THAT(NoteLines(), ElementsAre("C:\\Discwright\\keyfile2.txt: could not be deleted: refused"));
 }
 
 TEST_F(BuildDriver, WithoutCleanSession_KeepsTheWorkspace) {

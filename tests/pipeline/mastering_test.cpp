@@ -194,8 +194,24 @@ TEST_F(Mastering, UnwritableLog_IsNotedOnceAndTheRunGoesOn) {
   host.FailOn("WriteAt", "mkisofs.log", host::ErrorClass::kDiskFull, "No space left on device");
   mastering_output = {"one\n", "two\n"};
   Run();
-  EXPECT_EQ(notes.all().size(), 1U);
+  EXPECT_THAT(NoteLines(), ElementsAre("C:\\Discwright\\mkisofs.log: the mastering log is incomplete: "
+                                       "No space left on device"));
   EXPECT_EQ(host.Content("C:\\out\\Rescue.iso"), "image");
+}
+
+TEST_F(Mastering, LogThatCannotBeCreated_IsNotedOnceAndTheRunGoesOn) {
+  host.FailOn("OpenBinary", "mkisofs.log", host::ErrorClass::kAccessDenied, "refused");
+  mastering_output = {"one\n", "two\n"};
+  Run();
+  EXPECT_THAT(NoteLines(), ElementsAre("C:\\Discwright\\mkisofs.log: the mastering log could not be created: refused"));
+  EXPECT_EQ(host.Content("C:\\out\\Rescue.iso"), "image");
+}
+
+TEST_F(Mastering, ScriptThatCannotBeDeleted_IsNoted) {
+  main.ChkCleanSession.value = 1;
+  host.FailOn("RemoveFile", "makecd.bat", host::ErrorClass::kAccessDenied, "refused");
+  Run();
+  EXPECT_THAT(NoteLines(), ElementsAre("C:\\Discwright\\makecd.bat: could not be deleted: refused"));
 }
 
 TEST_F(Mastering, ImageThatTheScriptCannotName_IsNotedAndAnOldScriptNeverRuns) {
@@ -213,7 +229,7 @@ TEST_F(Mastering, UnwritableScript_IsNotedAndAnOldOneNeverRuns) {
   host.FailOn("WriteWholeFile", "makecd.bat", host::ErrorClass::kDiskFull, "No space left on device");
   StartMKISOFS(context, main.TxtISOLoc.text.get(), false);
   EXPECT_FALSE(host.Exists("C:\\Discwright\\makecd.bat"));
-  EXPECT_EQ(notes.all().size(), 1U);
+  EXPECT_THAT(NoteLines(), ElementsAre("C:\\Discwright\\makecd.bat: could not be written: No space left on device"));
 }
 
 }  // namespace
