@@ -73,7 +73,7 @@ class Finder:
     def find(self):
         for cursor in self.unit.cursor.get_children():
             if cursor.location.file and cursor.location.file.name == self.path:
-                self.visit(cursor, self.unit.cursor)
+                self.visit(cursor)
         return sorted(self.places)
 
     def text(self, start, end):
@@ -88,17 +88,19 @@ class Finder:
         old = self.text(*extent_of(cursor))
         self.add(kind, extent_of(cursor), change(old), f"{old} -> {change(old)}")
 
-    def visit(self, cursor, parent):
+    def visit(self, cursor):
         if cursor.kind == CursorKind.STATIC_ASSERT or cursor.kind.is_attribute():
             return
         children = list(cursor.get_children())
         self.statements(cursor, children)
         self.condition(cursor, children)
         self.operator(cursor, children)
-        self.literal(cursor, parent)
+        self.literal(cursor)
         self.swaps(cursor, children)
         for child in children:
-            self.visit(child, cursor)
+            # What stands before the name of a declaration is its type.
+            if not cursor.kind.is_declaration() or child.extent.start.offset >= cursor.location.offset:
+                self.visit(child)
 
     def statements(self, cursor, children):
         """Statements that can go: expressions, and an if around nothing but a jump."""
@@ -154,10 +156,8 @@ class Finder:
             other = OTHER_OPERATOR[sign]
             self.add("operator", extent, f" {other} ", f"{sign} -> {other} in {line}")
 
-    def literal(self, cursor, parent):
-        """Constants; not those of a declared type, which stand before the declared name."""
-        in_a_type = parent.kind.is_declaration() and cursor.extent.start.offset < parent.location.offset
-        if cursor.kind not in LITERALS or in_a_type:
+    def literal(self, cursor):
+        if cursor.kind not in LITERALS:
             return
         old = self.text(*extent_of(cursor))
         if cursor.kind != CursorKind.STRING_LITERAL and other_constant(old):

@@ -108,7 +108,7 @@ class Places(unittest.TestCase):
         self.assert_changes("operator", before, declared + "int G(A a) { return a  ==  a; }")
 
     def test_constants_are_changed_and_sizes_of_types_are_not(self):
-        declared = "template <int n> struct A { int v; };\n"
+        declared = "template <unsigned n> struct A { int v; };\n"
         before = declared + "A<5> a{8}; bool b = true;"
         self.assert_changes(
             "constant", before, declared + "A<5> a{(8 + 1)}; bool b = true;", declared + "A<5> a{8}; bool b = false;"
