@@ -6,6 +6,7 @@
 #   scripts/bootstrap.sh fuzz     also the compiler of the fuzz targets
 #   scripts/bootstrap.sh lint     also the checkers
 #   scripts/bootstrap.sh bench    also the programs that are measured against
+#   scripts/bootstrap.sh mutants  also what changes the code to see whether a test notices
 set -eu
 
 packages="g++ make cmake ninja-build nasm libssl-dev libxxhash-dev"
@@ -17,7 +18,8 @@ case "${1:-build}" in
   fuzz) packages="$packages clang libclang-rt-14-dev" ;;
   lint) packages="$packages $cross libgtest-dev libgmock-dev googletest clang-format clang-tidy shellcheck python3 universal-ctags" ;;
   bench) packages="$packages genisoimage xorriso jdupes rdfind python3" ;;
-  *) echo "bootstrap.sh: unknown set '$1' (build, windows, test, fuzz, lint or bench)" >&2; exit 2 ;;
+  mutants) packages="$packages lld libgtest-dev libgmock-dev googletest python3 python3-clang-14 libclang-14-dev" ;;
+  *) echo "bootstrap.sh: unknown set '$1' (build, windows, test, fuzz, lint, bench or mutants)" >&2; exit 2 ;;
 esac
 
 missing=""

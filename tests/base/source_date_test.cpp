@@ -12,6 +12,10 @@ TEST(SourceDate, NumbersOfSeconds_AreTaken) {
   EXPECT_EQ(ParseSourceDate("253402300799"), 253402300799);
 }
 
+TEST(SourceDate, TextThatIsAPartOfALongerOne_IsReadToItsEnd) {
+  EXPECT_EQ(ParseSourceDate(std::string_view("12345", 2)), 12);
+}
+
 TEST(SourceDate, AnythingElse_IsRefused) {
   for (const char* text : {"", " 1", "1 ", "-1", "+1", "1.5", "0x1", "now", "253402300800", "99999999999999999999"})
     EXPECT_EQ(ParseSourceDate(text), std::nullopt) << text;

@@ -1,6 +1,9 @@
 // The boot disk step: command lines, places, progress, failures.
 #include "pipeline/boot_disks.h"
 
+#include <algorithm>
+#include <array>
+
 #include "tests/pipeline/pipeline_fixture.h"
 
 namespace discwright::pipeline {
@@ -55,6 +58,26 @@ TEST_F(BootDisks, WithoutLauncher_ItsTextIsShownAndTheBarGoesToSixty) {
   EXPECT_EQ(main.BarSub_Step.value.get(), 0);
 }
 
+TEST_F(BootDisks, Bar_BeginsAtItsMinimumAndRunsTo100) {
+  main.BarSub_Step.min = 10;
+  main.BarSub_Step.max = 50;
+  main.BarSub_Step.value = 30;
+  main.BarSub_Step.visible = false;
+  bar.clear();
+  programs.run = [this](const std::string& command_line) {
+    if (programs.started.size() == 1) {
+      EXPECT_EQ(main.BarSub_Step.value.get(), 10);
+      EXPECT_EQ(main.BarSub_Step.max.get(), 100);
+    }
+    EXPECT_TRUE(main.BarSub_Step.visible);
+    return Play(command_line);
+  };
+  AddDisks(context, {.AcceptDrivers = true, .MakeWin9xDisk = true});
+  bar.erase(std::unique(bar.begin(), bar.end()), bar.end());
+  EXPECT_THAT(bar, ElementsAre(30, 10, 20, 40, 60, 100, 10));
+  EXPECT_FALSE(main.BarSub_Step.visible);
+}
+
 TEST_F(BootDisks, EachRun_UsesTheSlowPollIntervalAndIsReleased) {
   AddDisks(context, {.AcceptDrivers = true});
   EXPECT_THAT(programs.configured, ElementsAre("8192 1000", "8192 1000", "8192 1000"));
@@ -103,7 +126,23 @@ TEST_F(BootDisks, ImageThatCannotBeMoved_IsFatal) {
   AddDisks(context, {.AcceptDrivers = true});
   ASSERT_EQ(user.messages.size(), 1U);
   EXPECT_EQ(user.messages[0].title, "Fatal Error");
-  EXPECT_EQ(notes.all().size(), 1U);
+  EXPECT_THAT(NoteLines(), ElementsAre("C:\\Discwright\\vexaemm.img: could not be moved to "
+                                       "C:\\Discwright\\vexacd\\boot\\images\\vexaemm.img: No space left on device"));
+}
+
+TEST_F(BootDisks, FolderOrStaleImageThatTheSystemProtects_IsNotedWithTheCause) {
+  const std::string folder = "C:\\Discwright\\vexacd\\boot\\images\\";
+  const std::vector<std::array<std::string, 3>> failures = {
+      {"MakeFolders", folder, folder + ": could not be created: refused"},
+      {"ClearAttributes", "vexastart.img", folder + "vexastart.img: could not be made writable: refused"},
+      {"RemoveFile", "vexastart.img", folder + "vexastart.img: could not be deleted: refused"}};
+  for (const auto& [function, path, note] : failures) {
+    host.AddFile(folder + "vexastart.img", "old");
+    host.FailOn(function, path, host::ErrorClass::kAccessDenied, "refused", 1);
+    notes = {};
+    AddDisks(context, {.AcceptDrivers = true});
+    EXPECT_THAT(NoteLines(), ::testing::Contains(note));
+  }
 }
 
 TEST_F(BootDisks, ToolThatCannotBeStarted_TellsTheUserAndCancels) {

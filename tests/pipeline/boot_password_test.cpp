@@ -76,6 +76,7 @@ TEST_F(BootPassword, ScriptWithoutTheTemplateLines_GetsNoPasswordAndIsNoted) {
     Protect("x", "x");
     ASSERT_THAT(notes.all(), SizeIs(1)) << script;
     EXPECT_EQ(notes.all()[0].place, kScript);
+    EXPECT_EQ(notes.all()[0].cause, "did not take the password, which does not protect the boot menu");
   }
   EXPECT_EQ(host.Content(kScript), "Set PasswordRequest=1\r\n\r\n\r\n");
   EXPECT_THAT(user.messages, IsEmpty());
@@ -93,6 +94,7 @@ TEST_F(BootPassword, MissingScript_IsNoted) {
   EXPECT_THAT(user.messages, IsEmpty());
   ASSERT_THAT(notes.all(), SizeIs(1));
   EXPECT_EQ(notes.all()[0].place, kScript);
+  EXPECT_EQ(notes.all()[0].cause, "is missing, and no password protects the boot menu");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <map>
 
 #include "tests/pipeline/pipeline_fixture.h"
 
@@ -31,6 +32,7 @@ class BuildDriver : public discwright::testing::PipelineFixture {
     for (const char* tool : {"E:\\erd", "E:\\bluecon"}) {
       host.AddFile(std::string(tool) + "\\I386\\SETUPLDR.BIN", "i386");
       host.AddFile(std::string(tool) + "\\I386\\TXTSETUP.SIF", "i386");
+      host.AddFile(std::string(tool) + "\\I386\\FROM.TXT", tool);
     }
     host.AddFile("D:\\tools\\probe.exe", "probe");
     for (forms::CheckBox* choice : {&main.ChkGet_Win2k, &main.ChkGet_Win9x, &main.ChkGet_Advtools, &main.ChkERDC,
@@ -44,6 +46,27 @@ class BuildDriver : public discwright::testing::PipelineFixture {
     main.TxtUtils_Loc.text = "D:\\tools";
     main.TxtPass1.text = "secret";
     main.TxtPass2.text = "secret";
+  }
+  // Builds once for each of the choices, with that one ticked and the others not.
+  template <typename Look>
+  void BuildForEachAlone(const std::vector<forms::CheckBox*>& choices, Look look) {
+    for (const forms::CheckBox* alone : choices) {
+      for (forms::CheckBox* choice : choices) choice->value = choice == alone ? 1 : 0;
+      programs.started.clear();
+      host.nodes.erase(host.Key("C:\\Discwright\\keyfile.txt"));
+      FinishApp(context);
+      SCOPED_TRACE(alone->name());
+      look(*alone);
+    }
+  }
+  // What CreateDsk was started with, without the sizes.
+  std::string Disks() const {
+    std::string disks;
+    for (const std::string& line : programs.started) {
+      const std::size_t profile = line.find("88 ") == line.npos ? line.find("44 ") : line.find("88 ");
+      if (profile != line.npos) disks += (disks.empty() ? "" : ", ") + line.substr(profile + 3);
+    }
+    return disks;
   }
   const std::string tick = forms::kTick;
   const std::string cross = forms::kCross;
@@ -67,10 +90,39 @@ TEST_F(BuildDriver, RunningStep_IsBoldAndNormalAfterwards) {
     auto* label = dynamic_cast<forms::Label*>(&control);
     if (label != nullptr && label->bold) bold.push_back(label->name());
   });
+  main.ChkCleanSession.value = 1;
   FinishApp(context);
-  EXPECT_THAT(bold, ElementsAre("LblMsg1", "LblMsg4", "LblMsg5"));
+  EXPECT_THAT(bold, ElementsAre("LblMsg1", "LblMsg4", "LblMsg5", "LblSub_Step"));
   EXPECT_FALSE(main.LblMsg1.bold);
   EXPECT_FALSE(main.LblMsg5.bold);
+}
+
+TEST_F(BuildDriver, SubStep_NamesEachStepAtItsStartAndAtItsEnd) {
+  std::vector<std::string> shown;
+  Listen(main.LblSub_Step, [&](forms::Control&, forms::Facet facet, forms::By) {
+    const std::string& text = main.LblSub_Step.caption;
+    const bool is_of_the_driver = text.starts_with("Cleaning") || text.ends_with(" completed") ||
+                                  text == main.LblMsg1.caption.get() || text == main.LblMsg4.caption.get() ||
+                                  text == main.LblMsg5.caption.get();
+    if (is_of_the_driver) shown.push_back(text + (facet == forms::Facet::kRepaint ? " (at once)" : ""));
+  });
+  FinishApp(context);
+  EXPECT_THAT(shown,
+              ElementsAre("Cleaning previous sessions workspace", "Cleaning previous sessions workspace (at once)",
+                          "Creating Vexa Boot Disks", "Creating Vexa Boot Disks completed",
+                          "Adding Vexa Utilities/Advanced Tools", "Adding Vexa Utilities/Advanced Tools completed",
+                          "Creating Final ISO File", "Creating Final ISO File completed"));
+}
+
+TEST_F(BuildDriver, Finish_CannotBePressedWhileAStepRuns) {
+  std::vector<bool> enabled;
+  programs.run = [&](const std::string& command_line) {
+    enabled.push_back(main.CmdFinish.enabled);
+    return Play(command_line);
+  };
+  FinishApp(context);
+  EXPECT_THAT(enabled, ElementsAre(false, false, false, false));
+  EXPECT_TRUE(main.CmdFinish.enabled);
 }
 
 TEST_F(BuildDriver, Start_ResetsTheWorkspaceToTheTemplateTree) {
@@ -87,7 +139,7 @@ TEST_F(BuildDriver, UndeletableOldWorkspace_IsNotedAndBuiltOver) {
   FinishApp(context);
   EXPECT_TRUE(host.Exists("C:\\Discwright\\vexacd\\locked.txt"));
   EXPECT_EQ(WorkspaceFile("boot\\loader.bin"), "loader");
-  EXPECT_THAT(notes.all().at(0).place, HasSubstr("locked.txt"));
+  EXPECT_THAT(NoteLines(), Contains("C:\\Discwright\\vexacd\\locked.txt: could not be deleted: in use"));
 }
 
 TEST_F(BuildDriver, MissingTemplateTree_IsNotedAndTheBuildGoesOn) {
@@ -147,6 +199,85 @@ TEST_F(BuildDriver, ServicePackWithoutItsTick_IsNotSlipstreamed) {
   EXPECT_THAT(programs.started, Contains("D:\\pack.exe -s:C:\\Discwright\\vexacd"));
 }
 
+TEST_F(BuildDriver, EachChoiceOfTheDisks_ChangesItsOwnDiskOnly) {
+  host.AddFile("C:\\Discwright\\keyfile2.txt", "[Win9xInfo]\r\nOwnerName=Ann\r\n[Win2KInfo]\r\nOwnerName=Bob\r\n");
+  host.AddFile("D:\\98\\BASE4.CAB", "cabinet");
+  main.TxtWin9x_Loc.text = "D:\\98";
+  const std::map<std::string, std::string> disks = {
+      {"ChkGet_Vexanetplus", "vexasoftware, vexasoftware_emm, linkwellplus288 -sel"},
+      {"ChkSelectDrivers", "vexasoftware, vexasoftware_emm, netaccess"},
+      {"ChkGet_Win9x", "vexasoftware, vexasoftware_emm, winsetup, netaccess -sel"},
+      {"ChkWin9xInfo_Assis", "vexasoftware, vexasoftware_emm, netaccess -sel"},
+      {"ChkWin9xInfo_MSBatch", "vexasoftware, vexasoftware_emm, netaccess -sel"}};
+  BuildForEachAlone({&main.ChkGet_Vexanetplus, &main.ChkSelectDrivers, &main.ChkGet_Win9x, &main.ChkWin9xInfo_Assis,
+                     &main.ChkWin9xInfo_MSBatch},
+                    [&](const forms::CheckBox& alone) {
+                      EXPECT_EQ(Disks(), disks.at(alone.name()));
+                      const std::string key_file = host.Content("C:\\Discwright\\keyfile.txt");
+                      EXPECT_EQ(key_file.find("OwnerName=Ann") != key_file.npos, &alone == &main.ChkWin9xInfo_Assis);
+                      EXPECT_THAT(key_file, HasSubstr("OwnerName=Bob"));
+                    });
+}
+
+TEST_F(BuildDriver, EachChoiceOfWindows2000_ChangesItsOwnFilesOnly) {
+  host.AddFile("C:\\Discwright\\files\\inf_files\\win2k_template.inf", "[Data]\r\n");
+  host.AddFile("C:\\Discwright\\keyfile2.txt", "[Win2KInfo]\r\nOwnerName=Bob\r\n");
+  host.AddFile("D:\\I386\\LANG\\FONT.TT_", "font");
+  main.ChkGet_Win2k.value = 1;
+  main.Txt_i386_Loc.text = "D:\\I386";
+  BuildForEachAlone({&main.ChkDelTree_Lang, &main.ChkWin2KInfo_Assis, &main.ChkWin2KInfo_Unattend},
+                    [&](const forms::CheckBox& alone) {
+                      EXPECT_EQ(WorkspaceFile("I386\\LANG\\FONT.TT_") == "<missing>", &alone == &main.ChkDelTree_Lang);
+                      EXPECT_EQ(WorkspaceFile("I386\\WINNT.SIF") != "<missing>", &alone == &main.ChkWin2KInfo_Unattend);
+                    });
+}
+
+TEST_F(BuildDriver, EachChoiceOfWindows98_ChangesItsOwnFilesOnly) {
+  host.AddFile("C:\\Discwright\\files\\inf_files\\winme_template.inf", "[Setup]\r\n");
+  host.AddFile("C:\\Discwright\\keyfile2.txt", "[Win9xInfo]\r\nOwnerName=Ann\r\n");
+  host.AddFile("D:\\98\\BASE4.CAB", "cabinet");
+  main.ChkGet_Win9x.value = 1;
+  main.TxtWin9x_Loc.text = "D:\\98";
+  BuildForEachAlone({&main.ChkWin9xInfo_Assis, &main.ChkWin9xInfo_MSBatch}, [&](const forms::CheckBox& alone) {
+    EXPECT_EQ(WorkspaceFile("WIN98\\BASE4.CAB"), "cabinet");
+    EXPECT_EQ(WorkspaceFile("WIN98\\MSBATCH.INF") != "<missing>", &alone == &main.ChkWin9xInfo_MSBatch);
+  });
+}
+
+TEST_F(BuildDriver, EachChoiceOfToolsAndFiles_BringsItsOwnFolderOnly) {
+  ChooseEverything();
+  host.AddFile("D:\\extra\\read.me", "read");
+  main.TxtAddFiles_Loc.text = "D:\\extra";
+  BuildForEachAlone({&main.ChkERDC, &main.ChkBCon, &main.ChkVexaUtils, &main.ChkAddFiles},
+                    [&](const forms::CheckBox& alone) {
+                      const auto file_of = [&](const forms::CheckBox& choice, const char* content) {
+                        return &alone == &choice ? content : "<missing>";
+                      };
+                      EXPECT_EQ(WorkspaceFile("ERDC\\FROM.TXT"), file_of(main.ChkERDC, "E:\\erd"));
+                      EXPECT_EQ(WorkspaceFile("OOBC\\FROM.TXT"), file_of(main.ChkBCon, "E:\\bluecon"));
+                      EXPECT_EQ(WorkspaceFile("vexa\\probe.exe"), file_of(main.ChkVexaUtils, "probe"));
+                      EXPECT_EQ(WorkspaceFile("read.me"), file_of(main.ChkAddFiles, "read"));
+                    });
+}
+
+TEST_F(BuildDriver, ToolsWithoutTheirPage_AreNotAdded) {
+  ChooseEverything();
+  main.ChkGet_Advtools.value = 0;
+  FinishApp(context);
+  EXPECT_EQ(WorkspaceFile("ERDC\\FROM.TXT"), "<missing>");
+  EXPECT_EQ(WorkspaceFile("OOBC\\FROM.TXT"), "<missing>");
+}
+
+TEST_F(BuildDriver, PasswordsThatDiffer_ProtectNothingAndTheBuildGoesOn) {
+  ChooseEverything();
+  main.TxtPass2.text = "another";
+  FinishApp(context);
+  ASSERT_EQ(user.messages.size(), 1U);
+  EXPECT_EQ(user.messages[0].title, "Password Protection disabled");
+  EXPECT_THAT(WorkspaceFile("boot\\scripts\\main.cds"), HasSubstr("Set PasswordRequest=0"));
+  EXPECT_THAT(Marks(), ElementsAre(tick, tick, tick, tick, tick));
+}
+
 TEST_F(BuildDriver, PasswordWithoutItsTick_LeavesTheScriptAlone) {
   main.TxtPass1.text = "secret";
   FinishApp(context);
@@ -188,6 +319,20 @@ TEST_F(BuildDriver, CancelledDuringTheTemplateCopy_StopsBeforeTheFirstStep) {
   EXPECT_EQ(WorkspaceFile("boot\\scripts\\main.cds"), "script");  // the copy itself runs to its end
 }
 
+TEST_F(BuildDriver, CancelledWhileTheImageIsMade_LeavesStepFiveUnmarkedAndCleansNothing) {
+  main.ChkCleanSession.value = 1;
+  programs.run = [&](const std::string& command_line) {
+    discwright::testing::FakeRun run = Play(command_line);
+    if (command_line.ends_with("makecd.bat")) run.at_end = [this] { context.CancelApp(); };
+    return run;
+  };
+  FinishApp(context);
+  EXPECT_THAT(Marks(), ElementsAre(tick, cross, cross, tick, ""));
+  EXPECT_EQ(main.LblSub_Step.caption.get(), "Creating Final ISO File");
+  EXPECT_EQ(WorkspaceFile("boot\\loader.bin"), "loader");
+  EXPECT_EQ(context.LaunchApp, nullptr);
+}
+
 TEST_F(BuildDriver, MasteringFailure_StillTicksStepFiveAndCleansUp) {
   mastering_fails = true;
   main.ChkCleanSession.value = 1;
@@ -210,6 +355,14 @@ TEST_F(BuildDriver, CleanSession_DeletesWorkspaceKeyFileAndScriptOnly) {
   EXPECT_TRUE(host.Exists("C:\\out\\Rescue.iso"));
   EXPECT_EQ(main.LblSub_Step.caption.get(), "Cleaning session temperary data");
   EXPECT_TRUE(main.LblSub_Step.bold);
+}
+
+TEST_F(BuildDriver, KeyFileThatCannotBeDeleted_IsNoted) {
+  host.AddFile("C:\\Discwright\\keyfile2.txt", "[Win9xInfo]\r\n");
+  host.FailOn("RemoveFile", "keyfile2.txt", host::ErrorClass::kAccessDenied, "refused");
+  main.ChkCleanSession.value = 1;
+  FinishApp(context);
+  EXPECT_THAT(NoteLines(), ElementsAre("C:\\Discwright\\keyfile2.txt: could not be deleted: refused"));
 }
 
 TEST_F(BuildDriver, WithoutCleanSession_KeepsTheWorkspace) {

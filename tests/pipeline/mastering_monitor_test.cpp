@@ -98,6 +98,12 @@ TEST_F(MasteringMonitor, PercentAboveTheBar_StaysOnTheBar) {
   EXPECT_EQ(main.BarSub_Step.value.get(), 100);
 }
 
+TEST_F(MasteringMonitor, PercentBelowTheBar_StaysOnTheBar) {
+  main.BarSub_Step.value = 50;
+  LabelAfter(" -7.00% done");
+  EXPECT_EQ(main.BarSub_Step.value.get(), 0);
+}
+
 TEST_F(MasteringMonitor, ExtentsWritten_ShowTheSizeInEitherSpelling) {
   EXPECT_EQ(LabelAfter("12345 extents written (24 Mb)\n"), "Total ISO size : 24 MB");
   EXPECT_EQ(LabelAfter("12345 extents written (67 MB)\n"), "Total ISO size : 67 MB");

@@ -33,12 +33,13 @@ TEST_F(Mastering, OptimizedScript_HasFiveLines) {
               ElementsAre("@echo off", "C:", "cd c:\\discwright", "dfl.exe vexacd link", kCommand));
 }
 
-TEST_F(Mastering, PathsWithBlanks_StandInTheirShortForm) {
+TEST_F(Mastering, FolderAndImageThatHaveAShortForm_AreNamedByIt) {
   host.program_folder = "C:\\Program Files\\Disc";
   host.short_paths["C:\\Program Files\\Disc"] = "C:\\PROGRA~1\\DISC";
-  const auto lines = MasteringScript("D:\\My Images\\new.iso", false);
+  host.short_paths["D:\\My Images\\new.iso"] = "D:\\MYIMAG~1\\NEW.ISO";
+  const auto lines = MasteringScript(" \"D:\\My Images\\new.iso\" ", false);
   EXPECT_EQ(lines[2], "cd c:\\progra~1\\disc");
-  EXPECT_THAT(lines[3], ::testing::EndsWith("-output d:\\my images\\new.iso vexacd"));
+  EXPECT_THAT(lines[3], ::testing::EndsWith("-output d:\\myimag~1\\new.iso vexacd"));
 }
 
 TEST_F(Mastering, Start_WritesTheScriptAnewAndRunsIt) {
@@ -51,12 +52,16 @@ TEST_F(Mastering, Start_WritesTheScriptAnewAndRunsIt) {
 }
 
 TEST_F(Mastering, Start_DisablesCancelAndPreparesTheBar) {
+  main.BarSub_Step.min = 10;
+  main.BarSub_Step.max = 60;
   main.BarSub_Step.value = 55;
+  main.BarSub_Step.visible = false;
   StartMKISOFS(context, main.TxtISOLoc.text.get(), false);
   EXPECT_FALSE(main.CmdCancel.enabled);
   EXPECT_TRUE(main.MKISOFSRunning);
   EXPECT_TRUE(main.BarSub_Step.visible);
-  EXPECT_EQ(main.BarSub_Step.value.get(), 0);
+  EXPECT_EQ(main.BarSub_Step.value.get(), 10);
+  EXPECT_EQ(main.BarSub_Step.max.get(), 100);
 }
 
 TEST_F(Mastering, Output_IsLoggedPieceByPiece) {
@@ -189,8 +194,24 @@ TEST_F(Mastering, UnwritableLog_IsNotedOnceAndTheRunGoesOn) {
   host.FailOn("WriteAt", "mkisofs.log", host::ErrorClass::kDiskFull, "No space left on device");
   mastering_output = {"one\n", "two\n"};
   Run();
-  EXPECT_EQ(notes.all().size(), 1U);
+  EXPECT_THAT(NoteLines(), ElementsAre("C:\\Discwright\\mkisofs.log: the mastering log is incomplete: "
+                                       "No space left on device"));
   EXPECT_EQ(host.Content("C:\\out\\Rescue.iso"), "image");
+}
+
+TEST_F(Mastering, LogThatCannotBeCreated_IsNotedOnceAndTheRunGoesOn) {
+  host.FailOn("OpenBinary", "mkisofs.log", host::ErrorClass::kAccessDenied, "refused");
+  mastering_output = {"one\n", "two\n"};
+  Run();
+  EXPECT_THAT(NoteLines(), ElementsAre("C:\\Discwright\\mkisofs.log: the mastering log could not be created: refused"));
+  EXPECT_EQ(host.Content("C:\\out\\Rescue.iso"), "image");
+}
+
+TEST_F(Mastering, ScriptThatCannotBeDeleted_IsNoted) {
+  main.ChkCleanSession.value = 1;
+  host.FailOn("RemoveFile", "makecd.bat", host::ErrorClass::kAccessDenied, "refused");
+  Run();
+  EXPECT_THAT(NoteLines(), ElementsAre("C:\\Discwright\\makecd.bat: could not be deleted: refused"));
 }
 
 TEST_F(Mastering, ImageThatTheScriptCannotName_IsNotedAndAnOldScriptNeverRuns) {
@@ -208,7 +229,7 @@ TEST_F(Mastering, UnwritableScript_IsNotedAndAnOldOneNeverRuns) {
   host.FailOn("WriteWholeFile", "makecd.bat", host::ErrorClass::kDiskFull, "No space left on device");
   StartMKISOFS(context, main.TxtISOLoc.text.get(), false);
   EXPECT_FALSE(host.Exists("C:\\Discwright\\makecd.bat"));
-  EXPECT_EQ(notes.all().size(), 1U);
+  EXPECT_THAT(NoteLines(), ElementsAre("C:\\Discwright\\makecd.bat: could not be written: No space left on device"));
 }
 
 }  // namespace

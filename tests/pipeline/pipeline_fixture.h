@@ -45,6 +45,13 @@ class PipelineFixture : public BuildFixture {
     return run;
   }
 
+  // Every note as "place: cause".
+  std::vector<std::string> NoteLines() const {
+    std::vector<std::string> lines;
+    for (const util::Note& note : notes.all()) lines.push_back(note.place + ": " + note.cause);
+    return lines;
+  }
+
   std::string WorkspaceFile(const std::string& path) { return host.Content("C:\\Discwright\\vexacd\\" + path); }
 
   std::vector<std::string> mastering_output;

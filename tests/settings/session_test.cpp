@@ -474,7 +474,9 @@ TEST_F(KeptSession, ValueThatReadingCuts_IsNotedWithItsKey) {
   EXPECT_THAT(host.Content(kKept), HasSubstr(std::string(100, 'x')));
   ASSERT_THAT(notes.all(), SizeIs(2));
   EXPECT_EQ(notes.all()[0].place, kKept);
-  EXPECT_THAT(notes.all()[0].cause, HasSubstr("OwnerName in section Win9x_Info is longer than 99 characters"));
+  EXPECT_EQ(notes.all()[0].cause,
+            "The value of OwnerName in section Win9x_Info is longer than 99 characters; the rest will be ignored when "
+            "the file is read.");
   EXPECT_THAT(notes.all()[1].cause, HasSubstr("VexaUtils_Dir in section Locations"));
 }
 

@@ -347,6 +347,7 @@ bool SameFile(std::string_view a, std::string_view b) {
 }
 
 bool CanRead(std::string_view path) {
+  if (path.ends_with('\\') || path.ends_with('/')) return false;  // names a folder, if anything
   const FakeHost::Node* node = Following(path);
   return node != nullptr && node->kind == EntryKind::kFile && Fake().Enter("CanRead", path).ok();
 }

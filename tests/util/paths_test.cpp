@@ -134,8 +134,9 @@ TEST_F(SplitPathTest, InputThatIsAlsoAnOutput_IsReadFirst) {
   EXPECT_EQ(file, "a long file name.txt");
 }
 
-TEST_F(FolderExistsTest, EmptyOrBlankPath_IsFalseWithoutTouchingTheDisk) {
-  host.current_folder = "C:\\";  // were the path completed, it would be found
+TEST_F(FolderExistsTest, EmptyOrBlankPath_IsFalseThoughItsBackslashAloneWouldNameTheRoot) {
+  host.AddFolder("\\");
+  ASSERT_TRUE(FolderExists("\\"));
   EXPECT_FALSE(FolderExists(""));
   EXPECT_FALSE(FolderExists("   "));
 }
@@ -178,6 +179,11 @@ TEST_F(FileExistsTest, QuotedPathWithBlanks_TestsTheUnquotedPath) {
 TEST_F(FileExistsTest, OneTrailingBackslash_IsIgnored) {
   host.AddFile("C:\\a", "x");
   EXPECT_TRUE(FileExists("C:\\a\\"));
+}
+
+TEST_F(FileExistsTest, SecondTrailingBackslash_IsPartOfThePathAndNoFileHasIt) {
+  host.AddFile("C:\\a", "x");
+  EXPECT_FALSE(FileExists("C:\\a\\\\"));
 }
 
 TEST_F(FileExistsTest, FolderWithoutWildcard_IsFalse) {

@@ -34,6 +34,12 @@ TEST_F(ShellAndWaitTest, ProgramThatEnds_IsTrue) {
   EXPECT_EQ(programs.waits, std::vector<std::string>{"250 end"});
 }
 
+TEST_F(ShellAndWaitTest, WindowStyle_ReachesTheProgram) {
+  ShellAndWait(programs, "tool.exe", 250, false, 0);
+  ShellAndWait(programs, "tool.exe", 250, false, 7);
+  EXPECT_EQ(programs.window_styles, (std::vector<int>{0, 7}));
+}
+
 TEST_F(ShellAndWaitTest, WaitForIdle_AsksForReadiness) {
   EXPECT_TRUE(ShellAndWait(programs, "tool.exe", 250, true, 1));
   EXPECT_EQ(programs.waits, std::vector<std::string>{"250 idle"});
@@ -42,7 +48,8 @@ TEST_F(ShellAndWaitTest, WaitForIdle_AsksForReadiness) {
 TEST_F(ShellAndWaitTest, TimeoutOfZeroOrLess_WaitsWithoutLimit) {
   EXPECT_TRUE(ShellAndWait(programs, "tool.exe", 0, false, 1));
   EXPECT_TRUE(ShellAndWait(programs, "tool.exe", -7, false, 1));
-  EXPECT_EQ(programs.waits, (std::vector<std::string>{"0 end", "0 end"}));
+  EXPECT_TRUE(ShellAndWait(programs, "tool.exe", 1, false, 1));
+  EXPECT_EQ(programs.waits, (std::vector<std::string>{"0 end", "0 end", "1 end"}));
 }
 
 TEST_F(ShellAndWaitTest, TimeOver_IsFalseAndNothingIsShown) {
