@@ -1,4 +1,4 @@
-// Makes one floppy image file from a profile folder below the program folder.
+// Reads the files that a profile names, makes the image in memory and writes it.
 #include "tools/createdsk/create_disk.h"
 
 #include <algorithm>
@@ -41,7 +41,7 @@ Result ReadProfile(const std::string& folder, bool selection, Profile& profile) 
   return result.ok() ? result : Result::Failure(Shown(path) + ": " + result.failure);
 }
 
-// The size of a file that disk.ini names under `key`.
+// Finds the size of a file that disk.ini names under `key`.
 Result FindSource(const std::string& path, const std::string& key, std::int64_t& size) {
   const auto found = host::Look(path);
   if (!found) return Result::Failure(Shown(path) + " is missing; put it there, or take " + key + " out of disk.ini.");
@@ -52,7 +52,7 @@ Result FindSource(const std::string& path, const std::string& key, std::int64_t&
   return Result::Success();
 }
 
-// Reads a file that has to have exactly `size` bytes; `wrong_size` is what to say of any other.
+// Reads a file that must have exactly `size` bytes. `wrong_size` ends the sentence for a file of another size.
 Result ReadOfSize(const std::string& path, const std::string& key, std::size_t size, const std::string& wrong_size,
                   std::string& content) {
   std::int64_t found_size = 0;

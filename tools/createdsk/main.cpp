@@ -1,4 +1,4 @@
-// CreateDsk: makes a FAT12 floppy image in its own folder from one of the disk profiles beside it.
+// CreateDsk: makes a FAT12 floppy image from one of the disk profiles in files/disks beside the program.
 #include <string>
 #include <vector>
 

@@ -1,4 +1,4 @@
-// dfl: makes duplicate files hard links of one another, so that mastering stores them once.
+// dfl: replaces duplicate files by hard links, so that mastering stores their content once.
 #include "host/arguments.h"
 #include "host/print_stream.h"
 #include "tools/dfl/dfl.h"

@@ -1,4 +1,4 @@
-// Reads into memory that each thread keeps.
+// Reads into buffers that each thread keeps for all its readers.
 #include "tools/dfl/reader.h"
 
 #include <algorithm>
@@ -9,7 +9,8 @@
 namespace discwright::tools::dfl {
 namespace {
 
-constexpr std::int64_t kPieceSize = std::int64_t{128} * 1024;  // bytes; two of them fit into a processor's own cache
+constexpr std::int64_t kPieceSize =
+    std::int64_t{128} * 1024;  // bytes; two pieces fit into the cache of a processor core
 using Piece = std::array<std::byte, kPieceSize>;
 
 Piece& Memory(std::size_t which) {
@@ -31,9 +32,9 @@ std::span<const std::byte> Reader::Read(std::int64_t position, std::int64_t end,
 }
 
 bool Reader::Check(Problems& problems) {
-  if (!status_.ok() && !told_) {
+  if (!status_.ok() && !reported_) {
     problems.Add(file_->names[0], tree_->Path(file_->names[0]), "cannot be read", status_);
-    told_ = true;
+    reported_ = true;
   }
   return status_.ok();
 }

@@ -21,7 +21,7 @@ int main(int argc, char** argv) {
     const Surroundings surroundings{std::getenv(discwright::base::kSourceDateVariable), now.time_since_epoch().count(),
                                     [] { return discwright::host::InterruptCount() > 0; }};
     return discwright::tools::mkisofs::Master(words, surroundings, messages);
-  } catch (const std::exception& failure) {  // no memory or no thread left
+  } catch (const std::exception& failure) {  // no memory left, or no thread could be started
     messages << "mkisofs: " << failure.what() << "\n";
     return 1;
   }

@@ -1,7 +1,7 @@
-// Controls as a script sees them: names and values as text.
-#include <algorithm>
-
+// Finds controls by name and converts their values and captions to text and back.
 #include "forms/all_windows.h"
+
+#include <algorithm>
 
 namespace discwright::forms {
 
@@ -20,7 +20,7 @@ std::string AssignOption(OptionButton& option, std::string_view value) {
     option.value.Set(true, By::kUser);
     return "";
   }
-  // One option of a pair is always chosen: clearing one chooses the other.
+  // One option button of a pair is always chosen, so clearing one chooses the other.
   for (Control* control : option.form().controls()) {
     auto* other = dynamic_cast<OptionButton*>(control);
     if (other != nullptr && other != &option && other->container() == option.container()) {
@@ -42,8 +42,8 @@ std::vector<Control*> FindControls(Windows& windows, std::string_view name) {
   const std::size_t dot = name.find('.');
   std::vector<Control*> found;
   for (Form* form : windows.All()) {
-    const bool is_meant = dot == std::string_view::npos || SameName(form->name(), name.substr(0, dot));
-    Control* control = is_meant ? form->Find(name.substr(dot + 1)) : nullptr;  // npos + 1 is the start
+    const bool is_searched = dot == std::string_view::npos || SameName(form->name(), name.substr(0, dot));
+    Control* control = is_searched ? form->Find(name.substr(dot + 1)) : nullptr;  // npos + 1 is the start
     if (control == nullptr) continue;
     found.push_back(control);
     if (form == &windows.main) break;
