@@ -73,7 +73,7 @@ class SystemLauncher : public Launcher {
 
   void Deliver() override {
     if (!queue_) return;
-    // Either function may destroy this launcher. So these are copies, and the queue is asked before each use of it.
+    // Either function may destroy this launcher. So these are copies; the queue of a destroyed launcher gives nothing.
     const std::shared_ptr<OutputQueue> queue = queue_;
     const auto received = data_received;
     const auto ended = process_ended;

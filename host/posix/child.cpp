@@ -81,18 +81,14 @@ class PosixChild : public Child {
   }
 
   bool WaitForEnd(int milliseconds) override {
-    // No call waits for the end of a child and for a time. Who waits with a limit looks again and again.
+    siginfo_t info{};
+    // Waits without reaping the child and without the lock: another thread may signal it meanwhile.
+    while (milliseconds < 0 && !Reap()) waitid(P_PID, static_cast<id_t>(pid_), &info, WEXITED | WNOWAIT);
+    // There is no such call with a time limit.
     const auto last_moment = Clock::now() + std::chrono::milliseconds(milliseconds);
     for (auto pause = 1ms; !Reap(); pause = std::min(2 * pause, 16ms)) {
-      siginfo_t info{};
-      // Waits without taking the child away and without the lock: others may signal it meanwhile.
-      if (milliseconds < 0) {
-        waitid(P_PID, static_cast<id_t>(pid_), &info, WEXITED | WNOWAIT);
-      } else if (Clock::now() >= last_moment) {
-        return false;
-      } else {
-        std::this_thread::sleep_for(pause);
-      }
+      if (Clock::now() >= last_moment) return false;
+      std::this_thread::sleep_for(pause);
     }
     return true;
   }

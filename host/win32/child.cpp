@@ -27,11 +27,6 @@ constexpr DWORD kEndedByUs = 0xC000013A;  // what the system gives a program tha
 // Of an exception that nobody caught the system makes such an exit code.
 bool IsException(DWORD exit_code) { return exit_code >> 28 == 0xC; }
 
-bool HasEnded(HANDLE process, int milliseconds) {
-  const DWORD limit = milliseconds < 0 ? INFINITE : static_cast<DWORD>(milliseconds);
-  return WaitForSingleObject(process, limit) == WAIT_OBJECT_0;
-}
-
 // The processes of the system; none where it does not list them (Windows NT 4).
 std::vector<PROCESSENTRY32> Processes() {
   static auto* const create = NewerCall<decltype(CreateToolhelp32Snapshot)>("kernel32.dll", "CreateToolhelp32Snapshot");
@@ -96,7 +91,10 @@ class WindowsChild : public Child {
       milliseconds -= pause;
     }
     DWORD count = 0;
-    ReadFile(pipe_.get(), buffer.data(), static_cast<DWORD>(buffer.size()), &count, nullptr);
+    // A program that writes no bytes makes a read return without any.
+    while (ReadFile(pipe_.get(), buffer.data(), static_cast<DWORD>(buffer.size()), &count, nullptr) != 0 &&
+           count == 0) {
+    }
     return count;
   }
 
@@ -105,7 +103,10 @@ class WindowsChild : public Child {
     return PeekNamedPipe(pipe_.get(), nullptr, 0, nullptr, &count, nullptr) != 0 ? count : 0;
   }
 
-  bool WaitForEnd(int milliseconds) override { return HasEnded(process_.get(), milliseconds); }
+  bool WaitForEnd(int milliseconds) override {
+    const DWORD limit = milliseconds < 0 ? INFINITE : static_cast<DWORD>(milliseconds);
+    return WaitForSingleObject(process_.get(), limit) == WAIT_OBJECT_0;
+  }
 
   ProcessEnd End() override {
     DWORD code = 0;

@@ -71,7 +71,7 @@ std::string CountInput() {
 void MakeNoise(const std::string& file) {
   Sleep(50);
   for (int i = 0; i < 20000; ++i) {
-    if (!CanSay("noise noise noise\n")) return;
+    if (!CanSay("") || !CanSay("noise noise noise\n")) return;
   }
   Make(file);
 }
