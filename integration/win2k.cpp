@@ -7,8 +7,8 @@
 #include <optional>
 
 #include "host/files.h"
+#include "host/processes.h"
 #include "host/system.h"
-#include "host/windows_programs.h"
 #include "integration/file_operations.h"
 #include "settings/key_files.h"
 #include "settings/win2k_info.h"

@@ -8,7 +8,7 @@
 #include <cstdlib>
 
 #include "host/posix/case_lookup.h"
-#include "host/posix/installed_program.h"
+#include "host/posix/find_program.h"
 #include "host/system.h"
 
 namespace discwright::host {

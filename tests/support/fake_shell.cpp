@@ -1,6 +1,6 @@
 // The in-memory host's shell operations and its way of starting Windows programs.
+#include "host/processes.h"
 #include "host/shell_operations.h"
-#include "host/windows_programs.h"
 #include "tests/support/fake_host.h"
 
 namespace discwright::host {

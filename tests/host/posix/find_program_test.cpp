@@ -1,5 +1,5 @@
-// Reading command lines.
-#include "host/posix/command_line.h"
+// Finding the program of a command line.
+#include "host/posix/find_program.h"
 
 #include <gmock/gmock.h>
 
@@ -101,30 +101,6 @@ TEST_F(CommandLine, NothingAtAll_IsNotFound) {
     EXPECT_EQ(ParseCommandLine(line).status.error, ErrorClass::kNotFound) << line;
   }
 }
-
-TEST(SplitArguments, Blanks_Separate) { EXPECT_THAT(SplitArguments(" a\t b  "), ElementsAre("a", "b")); }
-
-TEST(SplitArguments, Quotes_HoldTogetherAndMayBeEmpty) {
-  EXPECT_THAT(SplitArguments("\"a b\" c\" d\"e \"\""), ElementsAre("a b", "c de", ""));
-}
-
-TEST(SplitArguments, BackslashesBeforeAQuote_Count) {
-  EXPECT_THAT(SplitArguments("a\\\\b"), ElementsAre("a\\\\b"));
-  EXPECT_THAT(SplitArguments("\\\"a"), ElementsAre("\"a"));
-  EXPECT_THAT(SplitArguments("\"a\\\\\" b"), ElementsAre("a\\", "b"));
-  EXPECT_THAT(SplitArguments("\"a\\\\\\\" b\""), ElementsAre("a\\\" b"));
-}
-
-TEST(SplitArguments, TwoQuotesInsideQuotes_AreAPlainOne) {
-  EXPECT_THAT(SplitArguments("\"a\"\"b\" c"), ElementsAre("a\"b", "c"));
-}
-
-TEST(SplitArguments, UnfinishedQuoteOrTrailingBackslash_EndsWithTheText) {
-  EXPECT_THAT(SplitArguments("\"a b"), ElementsAre("a b"));
-  EXPECT_THAT(SplitArguments("a\\"), ElementsAre("a\\"));
-}
-
-TEST(SplitArguments, Nothing_IsNoArgument) { EXPECT_THAT(SplitArguments("  "), IsEmpty()); }
 
 }  // namespace
 }  // namespace discwright::host
