@@ -98,9 +98,13 @@ class BinaryFile {
 // Opens a regular file; null with the reason in `status` otherwise. Devices, sockets and pipes are never opened.
 std::unique_ptr<BinaryFile> OpenBinary(std::string_view path, OpenMode mode, Status& status);
 
-// The lower-case hexadecimal SHA-256 of a file's content; empty with the reason in `status` on failure. `go_on`, when
-// given, is asked between two pieces of the file; false ends the reading as a failure.
-std::string Sha256OfFile(std::string_view path, Status& status, const std::function<bool()>& go_on = {});
+// Reads a regular file from its start to its end and gives each piece to `take`. False from there stops the reading,
+// which then is the failure StoppedReading().
+Status ReadInPieces(std::string_view path, const std::function<bool(std::span<const std::byte> bytes)>& take);
 inline Status StoppedReading() { return Status::Failure(ErrorClass::kOther, "the reading was stopped"); }
+
+// The lower-case hexadecimal SHA-256 of a file's content; empty with the reason in `status` on failure. `go_on`, when
+// given, is asked after each piece of the file; false is the failure StoppedReading().
+std::string Sha256OfFile(std::string_view path, Status& status, const std::function<bool()>& go_on = {});
 
 }  // namespace discwright::host

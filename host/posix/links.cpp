@@ -1,7 +1,6 @@
 // Hard links and what is known of them.
 #include "host/links.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <linux/fs.h>
 #include <sys/stat.h>
@@ -10,11 +9,11 @@
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
-#include <memory>
 
-#include "host/posix/binary_file.h"
 #include "host/posix/errors.h"
+#include "host/posix/folder_reader.h"
 #include "host/posix/native_path.h"
+#include "host/posix/regular_file.h"
 #include "host/posix/unique_fd.h"
 
 namespace discwright::host {
@@ -34,18 +33,6 @@ std::optional<NamedFacts> Describe(int folder_fd, const dirent& found) {
   if (S_ISDIR(facts.st_mode)) return NamedFacts{CoreName(found.d_name), true, {}};
   if (!S_ISREG(facts.st_mode)) return std::nullopt;
   return NamedFacts{CoreName(found.d_name), false, ToFacts(facts)};
-}
-
-Status ReadFacts(DIR* stream, std::vector<NamedFacts>& entries) {
-  for (;;) {
-    errno = 0;
-    const dirent* found = readdir(stream);
-    if (found == nullptr) return errno == 0 ? Status::Success() : LastFailure();
-    const std::string_view name = found->d_name;
-    if (name == "." || name == "..") continue;
-    std::optional<NamedFacts> entry = Describe(dirfd(stream), *found);
-    if (entry) entries.push_back(std::move(*entry));
-  }
 }
 
 UniqueFd OpenQuietly(const std::string& native) {
@@ -98,14 +85,12 @@ LinkEnd EndOf(int error, const std::string& existing, const std::string& fresh) 
 
 FactsListing ListFacts(std::string_view folder) {
   FactsListing listing;
-  UniqueFd fd(open(NativePath(folder).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  const std::unique_ptr<DIR, int (*)(DIR*)> stream(fd.valid() ? fdopendir(fd.get()) : nullptr, closedir);
-  if (stream == nullptr) {
-    listing.status = LastFailure();
-    return listing;
+  FolderReader reader(NativePath(folder));
+  while (const dirent* found = reader.Next()) {
+    std::optional<NamedFacts> entry = Describe(reader.fd(), *found);
+    if (entry) listing.entries.push_back(std::move(*entry));
   }
-  fd.Release();
-  listing.status = ReadFacts(stream.get(), listing.entries);
+  listing.status = reader.status();
   if (!listing.status.ok()) listing.entries.clear();
   std::sort(listing.entries.begin(), listing.entries.end(),
             [](const NamedFacts& a, const NamedFacts& b) { return a.name < b.name; });

@@ -39,14 +39,7 @@ class PosixPartFile : public PartFile {
   }
 
   Status WriteAt(std::uint64_t position, std::span<const std::uint8_t> bytes) override {
-    while (!bytes.empty()) {
-      const ssize_t done = pwrite(fd_.get(), bytes.data(), bytes.size(), static_cast<off_t>(position));
-      if (done < 0 && errno != EINTR) return LastFailure();
-      if (done <= 0) continue;
-      bytes = bytes.subspan(static_cast<std::size_t>(done));
-      position += static_cast<std::uint64_t>(done);
-    }
-    return Status::Success();
+    return host::WriteAt(fd_.get(), static_cast<std::int64_t>(position), std::as_bytes(bytes));
   }
 
   Status Commit() override {
@@ -77,8 +70,7 @@ class PosixPartFile : public PartFile {
 
 Status OnlyRegular(const std::string& native) {
   struct stat facts {};
-  if (stat(native.c_str(), &facts) != 0) return Status::Success();
-  return S_ISREG(facts.st_mode) ? Status::Success() : NotARegularFile(S_ISDIR(facts.st_mode));
+  return stat(native.c_str(), &facts) == 0 ? CheckRegular(facts) : Status::Success();
 }
 
 // The size itself is left alone: some file systems would write zeros up to it.

@@ -1,7 +1,6 @@
 // Reads folder trees relative to one open folder, so that no path is too long for the system.
 #include "host/source_tree.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -10,6 +9,7 @@
 
 #include "host/posix/case_lookup.h"
 #include "host/posix/errors.h"
+#include "host/posix/folder_reader.h"
 #include "host/posix/regular_file.h"
 #include "host/posix/unique_fd.h"
 
@@ -64,8 +64,6 @@ TreeEntry LookAt(int folder, const dirent& found) {
   return entry;
 }
 
-bool IsSelfOrParent(std::string_view name) { return name == "." || name == ".."; }
-
 class PosixSourceFile : public SourceFile {
  public:
   explicit PosixSourceFile(UniqueFd fd) : fd_(std::move(fd)) {}
@@ -91,16 +89,9 @@ class PosixSourceTree : public SourceTree {
   explicit PosixSourceTree(UniqueFd root) : root_(std::move(root)) {}
 
   Status List(const std::string& path, const std::function<void(const TreeEntry&)>& visit) override {
-    UniqueFd fd = OpenBelow(root_.get(), path, kFolderFlags);
-    const std::unique_ptr<DIR, int (*)(DIR*)> stream(fd.valid() ? fdopendir(fd.get()) : nullptr, closedir);
-    if (stream == nullptr) return LastFailure();
-    fd.Release();
-    for (;;) {
-      errno = 0;
-      const dirent* found = readdir(stream.get());
-      if (found == nullptr) return errno == 0 ? Status::Success() : LastFailure();
-      if (!IsSelfOrParent(found->d_name)) visit(LookAt(dirfd(stream.get()), *found));
-    }
+    FolderReader reader(OpenBelow(root_.get(), path, kFolderFlags));
+    while (const dirent* found = reader.Next()) visit(LookAt(reader.fd(), *found));
+    return reader.status();
   }
 
   TreeEntry Look(const std::string& path) override {

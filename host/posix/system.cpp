@@ -9,8 +9,6 @@
 #include <array>
 #include <cerrno>
 #include <ctime>
-#include <fstream>
-#include <sstream>
 
 #include "host/posix/case_lookup.h"
 #include "host/posix/mounts.h"
@@ -38,9 +36,7 @@ std::shared_ptr<void> ClaimFolder(std::string_view folder) {
 int PlatformId() { return 2; }
 
 std::vector<std::string> OpticalDrives() {
-  std::ostringstream table;
-  table << std::ifstream("/proc/self/mounts").rdbuf();
-  std::vector<std::string> drives = OpticalMountPoints(table.str());
+  std::vector<std::string> drives = OpticalMountPoints("/proc/self/mounts");
   for (std::string& drive : drives) drive = PathFromNative(drive);
   return drives;
 }

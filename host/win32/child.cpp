@@ -7,9 +7,8 @@
 
 #include "host/threads.h"
 #include "host/win32/errors.h"
-#include "host/win32/family.h"
-#include "host/win32/newer_call.h"
 #include "host/win32/process_tree.h"
+#include "host/win32/windows_version.h"
 
 namespace discwright::host {
 namespace {

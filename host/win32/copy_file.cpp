@@ -1,15 +1,12 @@
 // Copies files with progress.
-#include "host/win32/copy_file.h"
-
 #include <memory>
 
-#include "host/win32/attributes.h"
+#include "host/files.h"
 #include "host/win32/errors.h"
-#include "host/win32/family.h"
 #include "host/win32/file_facts.h"
 #include "host/win32/new_file.h"
-#include "host/win32/newer_call.h"
 #include "host/win32/regular_file.h"
+#include "host/win32/windows_version.h"
 
 namespace discwright::host {
 namespace {
@@ -78,13 +75,13 @@ void KeepTime(HANDLE from, HANDLE to) {
   if (GetFileTime(from, nullptr, nullptr, &modified) != 0) SetFileTime(to, nullptr, nullptr, &modified);
 }
 
-Status CheckSource(const DoorPath& from, NativeFacts& facts) {
+Status CheckSource(const AnsiPath& from, NativeFacts& facts) {
   Status status = FactsOfPath(from, Links::kFollow, facts);
   return status.ok() && facts.IsFolder() ? NotARegularFile() : status;
 }
 
 // The target is refused when it is the source under another name.
-Status CheckTarget(const DoorPath& to, const NativeFacts& source) {
+Status CheckTarget(const AnsiPath& to, const NativeFacts& source) {
   NativeFacts facts;
   Status status = OnlyRegular(to);
   if (status.ok() && FactsOfPath(to, Links::kFollow, facts).ok() && facts.IsSameFile(source))
@@ -92,9 +89,8 @@ Status CheckTarget(const DoorPath& to, const NativeFacts& source) {
   return status;
 }
 
-}  // namespace
-
-Status CopyBySystem(const DoorPath& from, const DoorPath& to, const CopyRoutine& routine) {
+// As CopyByHand, by the system itself.
+Status CopyBySystem(const AnsiPath& from, const AnsiPath& to, const CopyRoutine& routine) {
   Teller teller(routine);
   BOOL cancel = FALSE;
   const BOOL copied =
@@ -106,7 +102,9 @@ Status CopyBySystem(const DoorPath& from, const DoorPath& to, const CopyRoutine&
   return teller.TellTheRest(static_cast<std::int64_t>(facts.size)) ? Status::Success() : Stopped();
 }
 
-Status CopyByHand(const DoorPath& from, const DoorPath& to, const CopyRoutine& routine) {
+}  // namespace
+
+Status CopyByHand(const AnsiPath& from, const AnsiPath& to, const CopyRoutine& routine) {
   Teller teller(routine);
   const RegularFile source = OpenRegular(from, GENERIC_READ, OPEN_EXISTING, ShareEverything());
   if (!source.status.ok()) return source.status;
@@ -120,15 +118,15 @@ Status CopyByHand(const DoorPath& from, const DoorPath& to, const CopyRoutine& r
 }
 
 Status CopyFileWithProgress(std::string_view from, std::string_view to, const CopyRoutine& routine) {
-  const DoorPath source(from);
-  const DoorPath target(to);
+  const AnsiPath source(from);
+  const AnsiPath target(to);
   NativeFacts facts;
   Status status = CheckSource(source, facts);
   if (status.ok()) status = CheckTarget(target, facts);
   if (!status.ok()) return status;
   // What is replaced stays until the copy is whole.
   const bool replaces = IsThere(target);
-  const DoorPath copy(replaces ? PassingName(target) : target.core);
+  const AnsiPath copy(replaces ? PassingName(target) : target.core);
   status = copy.status;
   if (!status.ok()) return status;
   status = FindSystemCopy() != nullptr ? CopyBySystem(source, copy, routine) : CopyByHand(source, copy, routine);

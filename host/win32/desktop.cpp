@@ -5,6 +5,7 @@
 
 #include <array>
 
+#include "base/paths.h"
 #include "host/win32/native_path.h"
 
 namespace discwright::host {
@@ -25,7 +26,7 @@ std::vector<std::string> DriveRoots() {
 std::string HomeFolder() { return {}; }
 
 std::string FileManagerLine(std::string_view folder) {
-  return InFolder(WindowsFolder(), "explorer.exe ").append(folder);
+  return base::InFolder(WindowsFolder(), "explorer.exe ").append(folder);
 }
 
 }  // namespace discwright::host

@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <map>
 
-#include "host/win32/newer_call.h"
 #include "host/win32/owned_handle.h"
+#include "host/win32/windows_version.h"
 
 namespace discwright::host {
 namespace {

@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include "base/ini_text.h"
+#include "base/paths.h"
 #include "base/utf8.h"
 #include "host/files.h"
 #include "host/native_text.h"
@@ -28,9 +29,9 @@ struct NativeKey {
 
 // The full path. The calls look for a name without a folder in that of Windows.
 std::string PlaceOf(std::string_view file) {
-  const bool is_bare = !file.empty() && NameOf(file) == file;
+  const bool is_bare = !file.empty() && base::NameOf(file) == file;
   const std::string windows = is_bare ? WindowsFolder() : "";
-  return windows.empty() ? PathFromNative(file) : InFolder(windows, file);
+  return windows.empty() ? PathFromNative(file) : base::InFolder(windows, file);
 }
 
 // Nothing when the ANSI code page cannot hold one of them.

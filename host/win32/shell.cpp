@@ -6,7 +6,7 @@
 #include <array>
 
 #include "host/leading_parts.h"
-#include "host/win32/family.h"
+#include "host/win32/windows_version.h"
 
 namespace discwright::host {
 namespace {

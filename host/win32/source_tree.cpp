@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include "base/paths.h"
 #include "host/win32/errors.h"
 #include "host/win32/file_facts.h"
 #include "host/win32/find_entries.h"
@@ -37,7 +38,7 @@ class WindowsSourceTree : public SourceTree {
   explicit WindowsSourceTree(std::string root) : root_(std::move(root)) {}
 
   Status List(const std::string& path, const std::function<void(const TreeEntry&)>& visit) override {
-    const std::string folder = InFolder(root_, path);
+    const std::string folder = base::InFolder(root_, path);
     std::vector<FoundEntry> found;
     Status status = FindEntries(folder, found);
     for (const FoundEntry& entry : found) visit(LookAt(folder, entry));
@@ -46,13 +47,13 @@ class WindowsSourceTree : public SourceTree {
 
   TreeEntry Look(const std::string& path) override {
     TreeEntry entry;
-    SetFacts(DoorPath(InFolder(root_, path)), entry);
+    SetFacts(AnsiPath(base::InFolder(root_, path)), entry);
     return entry;
   }
 
   std::unique_ptr<SourceFile> Open(const std::string& path, Status& status) override {
-    RegularFile file = OpenRegular(DoorPath(InFolder(root_, path)), GENERIC_READ, OPEN_EXISTING, ShareEverything(),
-                                   FILE_FLAG_SEQUENTIAL_SCAN);
+    RegularFile file = OpenRegular(AnsiPath(base::InFolder(root_, path)), GENERIC_READ, OPEN_EXISTING,
+                                   ShareEverything(), FILE_FLAG_SEQUENTIAL_SCAN);
     status = file.status;
     return status.ok() ? std::make_unique<WindowsSourceFile>(std::move(file.handle)) : nullptr;
   }
@@ -62,15 +63,15 @@ class WindowsSourceTree : public SourceTree {
     TreeEntry entry;
     entry.name = found.name;
     entry.is_link = IsLink(found.data);
-    if (IsDevicePath(found.name)) {
+    if (base::IsDevicePath(found.name)) {
       entry.kind = EntryKind::kSpecial;
     } else {
-      SetFacts(DoorPath(InFolder(folder, found.name)), entry);
+      SetFacts(AnsiPath(base::InFolder(folder, found.name)), entry);
     }
     return entry;
   }
 
-  static void SetFacts(const DoorPath& path, TreeEntry& entry) {
+  static void SetFacts(const AnsiPath& path, TreeEntry& entry) {
     NativeFacts facts;
     entry.status = FactsOfPath(path, Links::kFollow, facts);
     if (entry.status.ok()) TakeFacts(facts, entry);
@@ -82,7 +83,7 @@ class WindowsSourceTree : public SourceTree {
 }  // namespace
 
 std::unique_ptr<SourceTree> OpenSourceTree(std::string_view folder, Status& status) {
-  const DoorPath root(AbsolutePath(folder));
+  const AnsiPath root(AbsolutePath(folder));
   NativeFacts facts;
   status = FactsOfPath(root, Links::kFollow, facts);
   if (status.ok() && !facts.IsFolder()) status = StatusOf(ERROR_DIRECTORY);

@@ -8,9 +8,9 @@
 
 #include "host/desktop.h"
 #include "host/native_text.h"
-#include "host/win32/family.h"
 #include "host/win32/native_path.h"
 #include "host/win32/owned_handle.h"
+#include "host/win32/windows_version.h"
 
 namespace discwright::host {
 namespace {
@@ -41,7 +41,7 @@ std::string CurrentFolder() {
 }
 
 std::shared_ptr<void> ClaimFolder(std::string_view folder) {
-  std::string name = "Discwright " + DoorPath(FoldCase(AbsolutePath(folder))).native;
+  std::string name = "Discwright " + AnsiPath(FoldCase(AbsolutePath(folder))).native;
   std::replace(name.begin(), name.end(), '\\', '/');  // which no name of a mutex can have
   SetLastError(ERROR_SUCCESS);
   OwnedHandle mutex(CreateMutexA(nullptr, FALSE, name.c_str()));
@@ -71,10 +71,10 @@ std::vector<std::string> OpticalDrives() {
 }
 
 std::string ShortPath(std::string_view path) {
-  const DoorPath door(path);
-  if (!door.status.ok()) return {};
+  const AnsiPath ansi(path);
+  if (!ansi.status.ok()) return {};
   std::array<char, kShortPathBuffer> shortened{};
-  return Filled(shortened, GetShortPathNameA(door.c_str(), shortened.data(), static_cast<DWORD>(shortened.size())));
+  return Filled(shortened, GetShortPathNameA(ansi.c_str(), shortened.data(), static_cast<DWORD>(shortened.size())));
 }
 
 Date Today() {

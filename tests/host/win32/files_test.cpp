@@ -4,8 +4,8 @@
 #include <gmock/gmock.h>
 #include <windows.h>
 
-#include "host/win32/copy_file.h"
 #include "host/win32/errors.h"
+#include "host/win32/new_file.h"
 #include "host/win32/owned_handle.h"
 #include "tests/host/temp_folder.h"
 
@@ -230,7 +230,7 @@ TEST(CopyByHand, LargeFile_TellsEveryPiece) {
   folder.Write("from", content);
   std::vector<std::int64_t> told;
   const CopyRoutine routine = [&](CopyEvent, std::int64_t transferred) { return told.push_back(transferred), true; };
-  EXPECT_TRUE(CopyByHand(DoorPath(folder.Core("from")), DoorPath(folder.Core("to")), routine).ok());
+  EXPECT_TRUE(CopyByHand(AnsiPath(folder.Core("from")), AnsiPath(folder.Core("to")), routine).ok());
   EXPECT_EQ(folder.Read("to"), content);
   EXPECT_THAT(told, ElementsAre(0, 64 << 10, 2 * (64 << 10), 3 * (64 << 10), content.size()));
 }
@@ -240,7 +240,7 @@ TEST(CopyByHand, FileOfWholePieces_EndsWithItsLastPiece) {
   folder.Write("from", BytesOfSize(2 * (64 << 10)));
   std::vector<std::int64_t> told;
   const CopyRoutine routine = [&](CopyEvent, std::int64_t transferred) { return told.push_back(transferred), true; };
-  EXPECT_TRUE(CopyByHand(DoorPath(folder.Core("from")), DoorPath(folder.Core("to")), routine).ok());
+  EXPECT_TRUE(CopyByHand(AnsiPath(folder.Core("from")), AnsiPath(folder.Core("to")), routine).ok());
   EXPECT_THAT(told, ElementsAre(0, 64 << 10, 2 * (64 << 10)));
 }
 
