@@ -2,8 +2,8 @@
 #include <iostream>
 
 #include "forms/all_windows.h"
+#include "host/names.h"
 #include "host/processes.h"
-#include "host/system.h"
 #include "host/user_interface.h"
 #include "util/context.h"
 #include "util/copy.h"

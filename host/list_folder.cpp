@@ -5,7 +5,7 @@
 #include "base/wildcard.h"
 #include "host/files.h"
 #include "host/folder_entries.h"
-#include "host/system.h"
+#include "host/names.h"
 
 namespace discwright::host {
 namespace {

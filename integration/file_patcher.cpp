@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "host/files.h"
+#include "host/names.h"
 #include "host/native_text.h"
 #include "host/shell_operations.h"
-#include "host/system.h"
 #include "util/copy_entries.h"
 #include "util/paths.h"
 

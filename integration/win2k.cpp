@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "host/files.h"
+#include "host/names.h"
 #include "host/system.h"
 #include "host/windows_programs.h"
 #include "integration/file_patcher.h"

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "host/files.h"
+#include "host/names.h"
 #include "host/system.h"
 #include "integration/step.h"
 #include "settings/key_files.h"

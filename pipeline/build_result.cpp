@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "host/files.h"
+#include "host/names.h"
 #include "host/native_text.h"
 #include "host/system.h"
 #include "pipeline/mastering.h"

@@ -2,6 +2,7 @@
 #include "pipeline/program_folder.h"
 
 #include "host/files.h"
+#include "host/names.h"
 #include "host/system.h"
 
 namespace discwright::pipeline {

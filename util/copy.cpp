@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "host/system.h"
+#include "host/names.h"
 #include "util/copy_engines.h"
 #include "util/copy_entries.h"
 #include "util/paths.h"

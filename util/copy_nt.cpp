@@ -1,5 +1,5 @@
 // The copy engine of the NT family: the platform's own file copy, which calls back with the bytes moved so far.
-#include "host/system.h"
+#include "host/names.h"
 #include "util/copy_engines.h"
 #include "util/copy_entries.h"
 #include "util/paths.h"

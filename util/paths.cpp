@@ -1,7 +1,9 @@
 // Path strings, and questions about files, folders and drives.
 #include "util/paths.h"
 
+#include "host/desktop.h"
 #include "host/files.h"
+#include "host/names.h"
 #include "host/system.h"
 
 namespace discwright::util {

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "host/files.h"
-#include "host/system.h"
+#include "host/names.h"
 #include "util/paths.h"
 #include "wizard/known_files.h"
 

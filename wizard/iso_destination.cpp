@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "host/files.h"
-#include "host/system.h"
+#include "host/names.h"
 #include "util/paths.h"
 
 namespace discwright::wizard {

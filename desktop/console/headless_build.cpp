@@ -12,6 +12,7 @@
 #include "forms/user_actions.h"
 #include "host/console.h"
 #include "host/files.h"
+#include "host/names.h"
 #include "host/native_text.h"
 #include "host/system.h"
 #include "pipeline/program_folder.h"

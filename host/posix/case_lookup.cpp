@@ -12,9 +12,9 @@
 #include <optional>
 #include <unordered_map>
 
+#include "host/names.h"
 #include "host/posix/folder_reader.h"
 #include "host/posix/native_path.h"
-#include "host/system.h"
 
 namespace discwright::host {
 namespace {

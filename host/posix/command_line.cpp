@@ -8,9 +8,9 @@
 #include <cerrno>
 
 #include "host/leading_parts.h"
+#include "host/names.h"
 #include "host/posix/case_lookup.h"
 #include "host/posix/errors.h"
-#include "host/system.h"
 
 namespace discwright::host {
 namespace {

@@ -7,8 +7,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "host/names.h"
 #include "host/posix/native_path.h"
-#include "host/system.h"
 
 namespace discwright::host {
 namespace {

@@ -16,12 +16,12 @@
 #include <unordered_map>
 
 #include "host/files.h"
+#include "host/names.h"
 #include "host/posix/case_lookup.h"
 #include "host/posix/errors.h"
 #include "host/posix/folder_reader.h"
 #include "host/posix/native_path.h"
 #include "host/posix/new_file.h"
-#include "host/system.h"
 
 namespace discwright::host {
 namespace {

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cctype>
 
-#include "host/system.h"
+#include "host/names.h"
 
 namespace discwright::host {
 namespace {

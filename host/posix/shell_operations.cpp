@@ -9,12 +9,12 @@
 
 #include "base/wildcard.h"
 #include "host/files.h"
+#include "host/names.h"
 #include "host/posix/case_lookup.h"
 #include "host/posix/errors.h"
 #include "host/posix/folder_reader.h"
 #include "host/posix/move_path.h"
 #include "host/posix/native_path.h"
-#include "host/system.h"
 
 namespace discwright::host {
 namespace {

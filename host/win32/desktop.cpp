@@ -1,4 +1,4 @@
-// The drives, the folder of Windows and its file manager.
+// The drives, and the file manager of Windows.
 #include "host/desktop.h"
 
 #include <windows.h>
@@ -21,6 +21,14 @@ std::vector<std::string> DriveRoots() {
   if (GetLogicalDriveStringsA(static_cast<DWORD>(list.size()), list.data()) >= list.size()) return roots;
   for (const char* root = list.data(); *root != '\0'; root += roots.back().size() + 1) roots.emplace_back(root);
   return roots;
+}
+
+std::vector<std::string> OpticalDrives() {
+  std::vector<std::string> drives;
+  for (const std::string& root : DriveRoots()) {
+    if (GetDriveTypeA(root.c_str()) == DRIVE_CDROM) drives.push_back(root.substr(0, 2));
+  }
+  return drives;
 }
 
 std::string HomeFolder() { return {}; }

@@ -4,9 +4,9 @@
 #include <array>
 
 #include "base/paths.h"
-#include "host/native_text.h"
-#include "host/system.h"
+#include "host/names.h"
 #include "host/win32/errors.h"
+#include "host/win32/native_text.h"
 #include "host/win32/windows_version.h"
 
 namespace discwright::host {
@@ -32,8 +32,8 @@ std::string CanonicalPath(const AnsiPath& path) {
   const AnsiPath full(absolute);
   std::array<char, MAX_PATH> shortened{};
   const DWORD length = GetShortPathNameA(full.c_str(), shortened.data(), static_cast<DWORD>(shortened.size()));
-  const bool fits = length > 0 && length < shortened.size();
-  return FoldCase(fits ? TextOfCodePage({shortened.data(), length}) : absolute);
+  const std::string text = TextOfBuffer(shortened, length);
+  return FoldCase(text.empty() ? absolute : text);
 }
 
 Status FactsByName(const AnsiPath& path, NativeFacts& facts) {

@@ -5,8 +5,8 @@
 #include <cstring>
 
 #include "base/paths.h"
+#include "host/names.h"
 #include "host/native_text.h"
-#include "host/system.h"
 #include "host/win32/errors.h"
 #include "host/win32/native_path.h"
 

@@ -5,8 +5,8 @@
 #include <array>
 
 #include "base/paths.h"
-#include "host/native_text.h"
 #include "host/win32/errors.h"
+#include "host/win32/native_text.h"
 
 namespace discwright::host {
 namespace {
@@ -53,14 +53,14 @@ std::string AbsolutePath(std::string_view path) {
   const DWORD length = !native || native->empty() || native->find('\0') != native->npos
                            ? 0
                            : GetFullPathNameA(native->c_str(), static_cast<DWORD>(full.size()), full.data(), &name);
-  if (length > 0 && length < full.size()) absolute = TextOfCodePage({full.data(), length});
+  if (std::string text = TextOfBuffer(full, length); !text.empty()) absolute = std::move(text);
   return WithoutLastSeparators(std::move(absolute));
 }
 
 std::string WindowsFolder() {
   std::array<char, MAX_PATH> folder{};
   const UINT length = GetWindowsDirectoryA(folder.data(), static_cast<UINT>(folder.size()));
-  return length < folder.size() ? TextOfCodePage({folder.data(), length}) : std::string();
+  return TextOfBuffer(folder, length);
 }
 
 }  // namespace discwright::host

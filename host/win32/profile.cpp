@@ -8,9 +8,8 @@
 #include "base/paths.h"
 #include "base/utf8.h"
 #include "host/files.h"
+#include "host/names.h"
 #include "host/native_text.h"
-#include "host/system.h"
-#include "host/text_profile.h"
 #include "host/win32/errors.h"
 #include "host/win32/native_path.h"
 

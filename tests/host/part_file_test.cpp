@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include "host/system.h"
 #include "host/threads.h"
 #include "tests/host/temp_folder.h"
 

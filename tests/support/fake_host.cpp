@@ -9,11 +9,10 @@
 #include <stdexcept>
 
 #include "base/windows_1252.h"
+#include "host/names.h"
 #include "host/native_text.h"
 #include "host/profile.h"
-#include "host/registry.h"
 #include "host/script.h"
-#include "host/text_profile.h"
 
 namespace discwright::testing {
 

@@ -5,8 +5,8 @@
 
 #include "base/ini_text.h"
 #include "host/files.h"
+#include "host/names.h"
 #include "host/native_text.h"
-#include "host/system.h"
 #include "tools/createdsk/disk_image.h"
 
 namespace discwright::tools {

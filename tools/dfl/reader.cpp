@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-#include "host/links.h"
+#include "host/hard_links.h"
 
 namespace discwright::tools::dfl {
 namespace {

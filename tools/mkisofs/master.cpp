@@ -6,10 +6,10 @@
 #include <optional>
 
 #include "base/source_date.h"
+#include "host/names.h"
 #include "host/native_text.h"
 #include "host/part_file.h"
 #include "host/source_tree.h"
-#include "host/system.h"
 #include "tools/mkisofs/dates.h"
 #include "tools/mkisofs/failure_text.h"
 #include "tools/mkisofs/image_writer.h"

@@ -1,4 +1,5 @@
 // The duplicate file linker where no file has more than one name: Windows 95, 98 and Me.
+#include "host/system.h"
 #include "tests/dfl/dfl_fixture.h"
 
 namespace discwright::tools::dfl {

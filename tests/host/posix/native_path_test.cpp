@@ -5,6 +5,7 @@
 
 #include <filesystem>
 
+#include "host/names.h"
 #include "host/system.h"
 #include "tests/host/temp_folder.h"
 

@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "host/files.h"
+#include "host/names.h"
 #include "host/system.h"
 #include "tests/host/temp_folder.h"
 

@@ -7,6 +7,7 @@
 #include <map>
 
 #include "host/files.h"
+#include "host/system.h"
 #include "host/win32/errors.h"
 
 namespace discwright::host {

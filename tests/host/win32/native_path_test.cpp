@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include "base/paths.h"
+#include "host/names.h"
 #include "host/native_text.h"
 #include "host/system.h"
 #include "host/win32/errors.h"

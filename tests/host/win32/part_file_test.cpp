@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <windows.h>
 
+#include "host/system.h"
 #include "host/win32/owned_handle.h"
 #include "tests/host/temp_folder.h"
 

@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include "host/files.h"
+#include "host/names.h"
 #include "host/processes.h"
 #include "host/system.h"
 #include "tests/host/temp_folder.h"

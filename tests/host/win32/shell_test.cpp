@@ -6,8 +6,8 @@
 
 #include <array>
 
+#include "host/names.h"
 #include "host/native_text.h"
-#include "host/system.h"
 #include "tests/host/temp_folder.h"
 
 namespace discwright::host {

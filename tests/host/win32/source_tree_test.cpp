@@ -6,7 +6,8 @@
 
 #include <map>
 
-#include "host/links.h"
+#include "host/hard_links.h"
+#include "host/system.h"
 #include "host/win32/errors.h"
 #include "host/win32/owned_handle.h"
 #include "tests/host/win32/folder_link.h"

@@ -1,10 +1,11 @@
 // Hard links and the facts about files.
-#include "host/links.h"
+#include "host/hard_links.h"
 
 #include <gmock/gmock.h>
 
 #include <array>
 
+#include "host/system.h"
 #include "tests/host/temp_folder.h"
 
 namespace discwright::host {

@@ -1,5 +1,5 @@
 // Hard links and what is known of them.
-#include "host/links.h"
+#include "host/hard_links.h"
 
 #include <windows.h>
 

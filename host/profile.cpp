@@ -1,5 +1,5 @@
-// Each call reads or rewrites the whole file.
-#include "host/text_profile.h"
+// Profile files as text: each call reads or rewrites the whole file.
+#include "host/profile.h"
 
 #include "base/ini_text.h"
 #include "host/files.h"

@@ -1,5 +1,5 @@
 // Hard links beside symbolic links, pipes and protected files.
-#include "host/links.h"
+#include "host/hard_links.h"
 
 #include <gmock/gmock.h>
 #include <linux/fs.h>
