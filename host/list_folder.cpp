@@ -35,11 +35,9 @@ Listing ListFolder(std::string_view folder, std::string_view pattern) {
   Listing listing = ReadEntries(folder, [&](const std::string& name) {
     return TakesEveryName(pattern) || base::MatchesWildcard(FoldCase(name), folded);
   });
-  if (!listing.status.ok()) listing.entries.clear();
-  std::sort(listing.entries.begin(), listing.entries.end(),
-            [](const Entry& a, const Entry& b) { return a.name < b.name; });
+  std::sort(listing.value.begin(), listing.value.end(), [](const Entry& a, const Entry& b) { return a.name < b.name; });
   std::string absolute;  // made when the first link turns up
-  for (Entry& entry : listing.entries) {
+  for (Entry& entry : listing.value) {
     if (!IsLinkToFolder(entry)) continue;
     if (absolute.empty()) absolute = Absolute(folder);
     entry.loops = LeadsBack(absolute, base::InFolder(absolute, entry.name));

@@ -8,17 +8,15 @@
 namespace discwright::host {
 
 std::optional<std::string> ReadTextProfile(std::string_view file, std::string_view section, std::string_view key) {
-  std::string bytes;
-  if (!ReadWholeFile(file, bytes).ok()) return std::nullopt;
-  return base::FindIniValue(DecodeText(bytes), section, key);
+  const Result<std::string> bytes = ReadWholeFile(file);
+  return bytes.ok() ? base::FindIniValue(DecodeText(bytes.value), section, key) : std::nullopt;
 }
 
 Status WriteTextProfile(std::string_view file, std::string_view section, std::string_view key, std::string_view value) {
-  std::string bytes;
-  Status status = ReadWholeFile(file, bytes);
+  const Result<std::string> bytes = ReadWholeFile(file);
   // A file that is there but cannot be read must not be replaced by one key.
-  if (!status.ok() && status.error != ErrorClass::kNotFound) return status;
-  return WriteWholeFile(file, EncodeText(base::WithIniValue(DecodeText(bytes), section, key, value)));
+  if (!bytes.ok() && bytes.status.error != ErrorClass::kNotFound) return bytes.status;
+  return WriteWholeFile(file, EncodeText(base::WithIniValue(DecodeText(bytes.value), section, key, value)));
 }
 
 }  // namespace discwright::host

@@ -91,7 +91,7 @@ bool AddTool(util::Context& context, const Tool& tool, const std::string& locati
 // One name after the other: some shells leave a folder behind, without a word, when the destination has one of its
 // name, and some stop at a file whose place a folder has.
 void MoveWhatIsLeft(util::Context& context, const std::string& from, const std::string& to) {
-  for (const host::Entry& left : host::ListFolder(from, "*.*").entries) {
+  for (const host::Entry& left : host::ListFolder(from, "*.*").value) {
     const std::string source = from + "\\" + left.name;
     const std::optional<host::Entry> there = host::Look(to + "\\" + left.name);
     if (there && there->kind != left.kind) continue;
@@ -108,7 +108,7 @@ void MoveWhatIsLeft(util::Context& context, const std::string& from, const std::
 void MoveToTree(util::Context& context) {
   const std::string answer = MoveWithShell(context.main().window, StagingFolder() + "\\*.*", WorkspaceRoot(), 0, "");
   if (answer != "Aborted") MoveWhatIsLeft(context, StagingFolder(), WorkspaceRoot());
-  for (const host::Entry& left : host::ListFolder(StagingFolder(), "*.*").entries) {
+  for (const host::Entry& left : host::ListFolder(StagingFolder(), "*.*").value) {
     context.notes.Add(StagingFolder() + "\\" + left.name, "could not be moved onto the CD" + Reason(answer));
   }
   util::DelTree(StagingFolder(), &context.notes);

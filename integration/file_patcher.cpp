@@ -99,10 +99,10 @@ std::string WithReplacements(const std::string& bytes, const Pattern& pattern) {
 // Reads a file, lets `change` work on its bytes and writes them back. `change` clears them to have nothing written.
 host::Status Rewrite(const std::string& file, const std::function<host::Status(std::string& bytes)>& change) {
   if (host::Status status = host::ClearAttributes(file); !status.ok()) return status;
-  std::string bytes;
-  if (host::Status status = host::ReadWholeFile(file, bytes); !status.ok()) return status;
-  if (host::Status status = change(bytes); !status.ok() || bytes.empty()) return status;
-  return host::WriteWholeFile(file, bytes, host::FileTimes::kKept);
+  host::Result<std::string> bytes = host::ReadWholeFile(file);
+  if (!bytes.ok()) return bytes.status;
+  if (host::Status status = change(bytes.value); !status.ok() || bytes.value.empty()) return status;
+  return host::WriteWholeFile(file, bytes.value, host::FileTimes::kKept);
 }
 
 void ShowPatchingError(util::Context& context, const std::string& file, const std::string& mode,
@@ -171,13 +171,13 @@ bool CopyMatchingFiles(util::Notes& notes, const std::string& SourceSpec, const 
   // A folder that is not there has no such files, and the callers say what they miss.
   const bool is_missing = listing.status.error == host::ErrorClass::kNotFound;
   if (!is_missing && !notes.Check(listing.status, from, "could not be listed")) return false;
-  for (const host::Entry& entry : listing.entries) {
+  for (const host::Entry& entry : listing.value) {
     const util::Verdict verdict = judge.Judge(entry);
     if (verdict == util::Verdict::kStop) return false;
     if (verdict == util::Verdict::kSkip) continue;
     const host::Status status = host::CopyFileWithProgress(from + entry.name, to + util::NameInCopy(entry.name, names),
                                                            [](host::CopyEvent, std::int64_t) { return true; });
-    const bool is_last = &entry == &listing.entries.back();
+    const bool is_last = &entry == &listing.value.back();
     const std::string what =
         is_last ? "could not be copied" : "could not be copied, nor was any of " + pattern + " after it";
     if (!notes.Check(status, from + entry.name, what)) return false;

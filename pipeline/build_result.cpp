@@ -32,10 +32,10 @@ std::vector<std::string> LastLines(const std::string& text, std::size_t count) {
 
 void AddLog(util::BuildResult& result) {
   const std::string path = host::ProgramFolder() + kMasteringLog;
-  std::string content;
-  if (!host::ReadWholeFile(path, content).ok()) return;
+  const host::Result<std::string> content = host::ReadWholeFile(path);
+  if (!content.ok()) return;
   result.log = path;
-  result.log_tail = LastLines(host::TextFromNative(content), kLogLines);
+  result.log_tail = LastLines(host::TextFromNative(content.value), kLogLines);
 }
 
 util::BuildResult Failed(util::BuildResult result, const std::string& why) {
@@ -58,10 +58,12 @@ util::BuildResult MasteringFailed(const util::Context& context, util::BuildResul
 util::BuildResult Made(util::Context& context, util::BuildResult result) {
   host::Status status;
   if (context.wants_digest) {
-    result.sha256 = host::Sha256OfFile(result.image, status, [&context] {
+    const host::Result<std::string> digest = host::Sha256OfFile(result.image, [&context] {
       context.user.DoEvents(0);
       return !context.cancelled_by_user;
     });
+    result.sha256 = digest.value;
+    status = digest.status;
   }
   if (context.cancelled_by_user) {
     result.end = util::BuildEnd::kCancelled;

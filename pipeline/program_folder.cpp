@@ -22,9 +22,8 @@ std::string WhyNotClaimed(const std::string& folder, std::shared_ptr<void>& clai
 std::string WhyNotBuiltHere(std::shared_ptr<void>& claim) {
   const std::string folder = host::ProgramFolder();
   const std::string attempt = folder + "\\discwright.tmp";
-  host::Status status;
-  const bool is_made = host::OpenBinary(attempt, host::OpenMode::kCreateEmpty, status) != nullptr;
-  if (is_made) host::RemoveFile(attempt);
+  const host::Status status = host::OpenBinary(attempt, host::OpenMode::kCreateEmpty).status;
+  if (status.ok()) host::RemoveFile(attempt);
   // Any other failure, a full disk for one, is told by the step that meets it: another folder would not help.
   if (status.error != host::ErrorClass::kAccessDenied) return WhyNotClaimed(folder, claim);
   return "The program folder " + host::PathToNative(folder) + " cannot be written to: " + status.cause +

@@ -78,7 +78,7 @@ bool CopyFolderTree(Notes& notes, std::string_view source, std::string_view dest
   host::Listing listing;
   if (!EnterFolder(notes, from, to, listing)) return false;
   EntryJudge judge(notes, from);
-  return std::all_of(listing.entries.begin(), listing.entries.end(),
+  return std::all_of(listing.value.begin(), listing.value.end(),
                      [&](const host::Entry& entry) { return CopyPlainEntry(notes, judge, entry, from, to); });
 }
 

@@ -25,7 +25,7 @@ std::optional<std::int32_t> CountedSize(const std::string& folder, const host::E
 void NoteNothingCopied(Notes& notes, std::string_view source) {
   const host::Listing listing = host::ListFolder(source, "*.*");
   if (notes.Check(listing.status, std::string(source), "nothing was copied, the folder could not be listed") &&
-      !listing.entries.empty()) {
+      !listing.value.empty()) {
     notes.Add(std::string(source),
               "nothing was copied, no file with anything in it was found in this folder (files and folders whose names "
               "begin with a dot do not count)");
@@ -71,7 +71,7 @@ std::optional<std::int32_t> FolderSizeByFind(std::string_view folder) {
   std::string path(folder);
   AddBackslash(path);
   std::int32_t total = 0;
-  for (const host::Entry& entry : host::ListFolder(path, "*.*").entries) {
+  for (const host::Entry& entry : host::ListFolder(path, "*.*").value) {
     const std::optional<std::int32_t> size = CountedSize(path, entry);
     if (!size || !AddSize(total, *size)) return std::nullopt;
   }
@@ -104,7 +104,7 @@ bool CopyTreeByFind(CopyRun& run, std::string source, std::string destination) {
   // Not a reason to stop: the first file that has no place to go is.
   run.context.notes.Check(host::MakeFolders(destination), destination, "could not be created");
   EntryJudge judge(run.context.notes, source);
-  for (const host::Entry& entry : listing.entries) {
+  for (const host::Entry& entry : listing.value) {
     if (!CopyEntry(run, judge, entry, source, destination)) return false;
     run.context.user.DoEvents(0);
   }

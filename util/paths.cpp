@@ -23,7 +23,7 @@ bool AnyMatch(std::string_view pattern_path) {
   std::string pattern;
   SplitPath(pattern_path, folder, pattern);
   // The root of a drive is a folder only with its separator.
-  return !pattern.empty() && !host::ListFolder(folder + "\\", pattern).entries.empty();
+  return !pattern.empty() && !host::ListFolder(folder + "\\", pattern).value.empty();
 }
 
 }  // namespace

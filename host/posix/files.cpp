@@ -33,23 +33,25 @@ Status MakeNativeFolders(const std::string& native) {
   return status.ok() ? MakeFolder(native) : status;
 }
 
-// Whether both paths lead to the same file or folder. If so, `facts` describes it.
-bool LeadToOne(std::string_view a, std::string_view b, struct stat& facts) {
+// The facts of the one file or folder that both paths lead to; nothing when they lead to two or to nothing.
+std::optional<struct stat> FactsOfBoth(std::string_view a, std::string_view b) {
+  struct stat first {};
   struct stat second {};
-  return stat(RealPath(a).c_str(), &facts) == 0 && stat(RealPath(b).c_str(), &second) == 0 &&
-         facts.st_dev == second.st_dev && facts.st_ino == second.st_ino;
+  const bool is_one = stat(RealPath(a).c_str(), &first) == 0 && stat(RealPath(b).c_str(), &second) == 0 &&
+                      first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+  return is_one ? std::optional(first) : std::nullopt;
 }
 
 }  // namespace
 
 bool SameFolder(std::string_view a, std::string_view b) {
-  struct stat facts {};
-  return LeadToOne(a, b, facts) && S_ISDIR(facts.st_mode);
+  const std::optional<struct stat> facts = FactsOfBoth(a, b);
+  return facts && S_ISDIR(facts->st_mode);
 }
 
 bool SameFile(std::string_view a, std::string_view b) {
-  struct stat facts {};
-  return LeadToOne(a, b, facts) && !S_ISDIR(facts.st_mode);
+  const std::optional<struct stat> facts = FactsOfBoth(a, b);
+  return facts && !S_ISDIR(facts->st_mode);
 }
 
 Status MakeFolders(std::string_view path) { return MakeNativeFolders(RealPath(path)); }

@@ -45,15 +45,14 @@ std::optional<Entry> Describe(int folder, const char* name, unsigned char type) 
 }  // namespace
 
 Listing ReadEntries(std::string_view folder, const std::function<bool(const std::string& name)>& is_wanted) {
-  Listing listing;
+  std::vector<Entry> entries;
   FolderReader reader(RealPath(folder));
   while (const dirent* found = reader.Next()) {
     if (!is_wanted(CoreName(found->d_name))) continue;
     std::optional<Entry> entry = Describe(reader.fd(), found->d_name, found->d_type);
-    if (entry) listing.entries.push_back(std::move(*entry));
+    if (entry) entries.push_back(std::move(*entry));
   }
-  listing.status = reader.status();
-  return listing;
+  return reader.status().ok() ? Listing(std::move(entries)) : Listing(reader.status());
 }
 
 std::optional<Entry> ReadEntry(std::string_view path) {

@@ -37,11 +37,13 @@ const dirent* FolderReader::Next() {
   return nullptr;
 }
 
-Status NamesIn(const std::string& folder, std::vector<std::string>& names) {
+Result<std::vector<std::string>> NamesIn(const std::string& folder) {
+  std::vector<std::string> names;
   FolderReader reader(folder);
   while (const dirent* entry = reader.Next()) names.emplace_back(entry->d_name);
+  if (!reader.status().ok()) return reader.status();
   std::sort(names.begin(), names.end());
-  return reader.status();
+  return names;
 }
 
 bool IsFolder(const std::string& native) {

@@ -35,7 +35,7 @@ class FolderReader {
 };
 
 // The names in a folder, sorted byte by byte.
-Status NamesIn(const std::string& folder, std::vector<std::string>& names);
+Result<std::vector<std::string>> NamesIn(const std::string& folder);
 
 // Whether a folder stands there, or a link that leads to one.
 bool IsFolder(const std::string& native);

@@ -83,18 +83,16 @@ LinkEnd EndOf(int error, const std::string& existing, const std::string& fresh) 
 
 }  // namespace
 
-FactsListing ListFacts(std::string_view folder) {
-  FactsListing listing;
+Result<std::vector<NamedFacts>> ListFacts(std::string_view folder) {
+  std::vector<NamedFacts> entries;
   FolderReader reader(NativePath(folder));
   while (const dirent* found = reader.Next()) {
     std::optional<NamedFacts> entry = Describe(reader.fd(), *found);
-    if (entry) listing.entries.push_back(std::move(*entry));
+    if (entry) entries.push_back(std::move(*entry));
   }
-  listing.status = reader.status();
-  if (!listing.status.ok()) listing.entries.clear();
-  std::sort(listing.entries.begin(), listing.entries.end(),
-            [](const NamedFacts& a, const NamedFacts& b) { return a.name < b.name; });
-  return listing;
+  if (!reader.status().ok()) return reader.status();
+  std::sort(entries.begin(), entries.end(), [](const NamedFacts& a, const NamedFacts& b) { return a.name < b.name; });
+  return entries;
 }
 
 std::optional<FileFacts> FactsOf(std::string_view path) {
@@ -103,16 +101,12 @@ std::optional<FileFacts> FactsOf(std::string_view path) {
   return ToFacts(facts);
 }
 
-std::unique_ptr<BinaryFile> OpenUnchanged(std::string_view path, const FileFacts& facts, Status& status) {
+Result<std::unique_ptr<BinaryFile>> OpenUnchanged(std::string_view path, const FileFacts& facts) {
   UniqueFd fd = OpenQuietly(NativePath(path));
   struct stat now {};
-  if (!fd.valid() || fstat(fd.get(), &now) != 0) {
-    status = LastFailure();
-    return nullptr;
-  }
+  if (!fd.valid() || fstat(fd.get(), &now) != 0) return LastFailure();
   if (S_ISREG(now.st_mode) && ToFacts(now).IsUnchanged(facts)) return WrapBinaryFile(std::move(fd));
-  status = Status::Failure(ErrorClass::kOther, "The file has changed");
-  return nullptr;
+  return Status::Failure(ErrorClass::kOther, "The file has changed");
 }
 
 LinkAnswer MakeHardLink(std::string_view existing, std::string_view fresh) {

@@ -69,13 +69,13 @@ Status CopyLink(const std::string& from, const std::string& to) {
 Status CopyFolder(const std::string& from, const std::string& to) {
   // Its own mode comes last: it may not let anything be made in it.
   Status status = StatusOfResult(mkdir(to.c_str(), S_IRWXU));
-  std::vector<std::string> names;
-  if (status.ok()) status = NamesIn(from, names);
-  for (const std::string& name : names) {
-    if (!status.ok()) break;
+  if (!status.ok()) return status;
+  const Result<std::vector<std::string>> names = NamesIn(from);
+  for (const std::string& name : names.value) {
     status = CopyTree(NativeJoin(from, name), NativeJoin(to, name));
+    if (!status.ok()) return status;
   }
-  return status;
+  return names.status;
 }
 
 Status CopyOfKind(const std::string& from, const std::string& to, mode_t mode) {
@@ -110,13 +110,11 @@ Status RemoveTree(const std::string& native) {
   if (!S_ISDIR(facts.st_mode)) return StatusOfResult(unlink(native.c_str()));
   // When this is not permitted, neither is what follows.
   if ((facts.st_mode & S_IRWXU) != S_IRWXU) static_cast<void>(chmod(native.c_str(), S_IRWXU));
-  std::vector<std::string> names;
-  Status status = NamesIn(native, names);
-  for (const std::string& name : names) {
-    if (!status.ok()) return status;
-    status = RemoveTree(NativeJoin(native, name));
+  const Result<std::vector<std::string>> names = NamesIn(native);
+  for (const std::string& name : names.value) {
+    if (Status status = RemoveTree(NativeJoin(native, name)); !status.ok()) return status;
   }
-  return status.ok() ? StatusOfResult(rmdir(native.c_str())) : status;
+  return names.ok() ? StatusOfResult(rmdir(native.c_str())) : names.status;
 }
 
 // rename() that refuses an existing target, also on file systems that cannot do so in one step.
@@ -194,9 +192,9 @@ bool IsInTheWay(const Status& status) {
 }
 
 Status JoinFolder(const std::string& from, const std::string& to) {
-  std::vector<std::string> names;
-  Status status = NamesIn(from, names);
-  if (status.ok()) status = MoveNames(from, names, to);
+  const Result<std::vector<std::string>> names = NamesIn(from);
+  if (!names.ok()) return names.status;
+  Status status = MoveNames(from, names.value, to);
   return status.ok() ? StatusOfResult(rmdir(from.c_str())) : status;
 }
 
@@ -221,13 +219,12 @@ Status MovePath(const std::string& from, const std::string& to) {
 }
 
 Status MoveNames(const std::string& from, const std::vector<std::string>& names, const std::string& to) {
-  std::vector<std::string> there;
-  Status status = NamesIn(to, there);
-  if (!status.ok()) return status;
-  const std::vector<std::string> places = PlacesFor(names, there);
+  const Result<std::vector<std::string>> there = NamesIn(to);
+  if (!there.ok()) return there.status;
+  const std::vector<std::string> places = PlacesFor(names, there.value);
   Status in_the_way;
   for (std::size_t i = 0; i < names.size(); ++i) {
-    status = MovePath(NativeJoin(from, names[i]), NativeJoin(to, places[i]));
+    Status status = MovePath(NativeJoin(from, names[i]), NativeJoin(to, places[i]));
     if (!status.ok() && !IsInTheWay(status)) return status;
     if (!status.ok() && in_the_way.ok()) in_the_way = status;
   }

@@ -22,7 +22,7 @@ namespace {
 constexpr int kCreateFlags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
 
 // Where a chain of links ends, whether or not something is there: a user's linked settings file stays a link.
-std::string EndOfLinks(std::string native, Status& status) {
+Result<std::string> EndOfLinks(std::string native) {
   constexpr int kMostLinks = 40;  // the system's own limit
   for (int i = 0; i < kMostLinks; ++i) {
     std::array<char, PATH_MAX> target{};
@@ -31,8 +31,7 @@ std::string EndOfLinks(std::string native, Status& status) {
     const std::string_view next(target.data(), static_cast<std::size_t>(length));
     native = next.starts_with('/') ? std::string(next) : NativeJoin(NativeFolder(native), next);
   }
-  status = StatusOf(ELOOP);
-  return native;
+  return StatusOf(ELOOP);
 }
 
 // Gives the new file the owner and mode of the one that it replaces.
@@ -98,13 +97,13 @@ void NewFile::Discard() {
 }
 
 Status WriteWholeFile(std::string_view path, std::string_view content, FileTimes times) {
-  Status status;
-  const std::string native = EndOfLinks(RealPath(path), status);
+  const Result<std::string> native = EndOfLinks(RealPath(path));
+  if (!native.ok()) return native.status;
   struct stat replaced {};
-  const bool exists = stat(native.c_str(), &replaced) == 0;
-  if (status.ok() && exists) status = MayReplace(native, replaced);
+  const bool exists = stat(native.value.c_str(), &replaced) == 0;
+  Status status = exists ? MayReplace(native.value, replaced) : Status::Success();
   NewFile file;
-  if (status.ok()) status = file.CreateBeside(native, 0666);
+  if (status.ok()) status = file.CreateBeside(native.value, 0666);
   if (status.ok()) status = StatusOfResult(WriteAll(file.fd(), content.data(), content.size()));
   if (status.ok() && exists) status = TakeOver(file.fd(), replaced);
   if (status.ok() && exists && times == FileTimes::kKept) KeepTimes(file.fd(), replaced);

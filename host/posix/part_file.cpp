@@ -82,24 +82,22 @@ Status SetAside(int fd, std::uint64_t size) {
 
 }  // namespace
 
-std::unique_ptr<PartFile> CreatePartFile(std::string_view path, std::uint64_t size, Status& status) {
+Result<std::unique_ptr<PartFile>> CreatePartFile(std::string_view path, std::uint64_t size) {
   const std::string name = RealPath(path);
   const std::string part = name + ".part";
-  status = OnlyRegular(name);
-  if (!status.ok()) return nullptr;
+  if (Status status = OnlyRegular(name); !status.ok()) return status;
   UniqueFd fd;
   do {
     // What is there is not written into: a run that was left behind may still have it open.
     if (unlink(part.c_str()) != 0 && errno != ENOENT) break;
     fd = UniqueFd(open(part.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
   } while (!fd.valid() && errno == EEXIST);
-  if (!fd.valid()) {
-    status = LastFailure();
-    return nullptr;
-  }
-  status = SetAside(fd.get(), size);
+  if (!fd.valid()) return LastFailure();
+  Status status = SetAside(fd.get(), size);
+  // On a failure its end removes the file again.
   auto file = std::make_unique<PosixPartFile>(std::move(fd), name, part);
-  return status.ok() ? std::move(file) : nullptr;
+  if (!status.ok()) return status;
+  return file;
 }
 
 }  // namespace discwright::host

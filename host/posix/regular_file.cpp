@@ -24,9 +24,10 @@ class PosixBinaryFile : public BinaryFile {
  public:
   explicit PosixBinaryFile(UniqueFd fd) : fd_(std::move(fd)) {}
 
-  std::int64_t Length() override {
+  Result<std::int64_t> Length() override {
     struct stat facts {};
-    return fstat(fd_.get(), &facts) == 0 ? facts.st_size : -1;
+    if (fstat(fd_.get(), &facts) != 0) return LastFailure();
+    return facts.st_size;
   }
 
   Status ReadAt(std::int64_t position, std::span<std::byte> bytes) override {
@@ -106,7 +107,7 @@ Status WriteAt(int fd, std::int64_t position, std::span<const std::byte> bytes) 
 
 std::unique_ptr<BinaryFile> WrapBinaryFile(UniqueFd fd) { return std::make_unique<PosixBinaryFile>(std::move(fd)); }
 
-std::unique_ptr<BinaryFile> OpenBinary(std::string_view path, OpenMode mode, Status& status) {
+Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode mode) {
   const std::string native = RealPath(path);
   const bool writes = mode != OpenMode::kRead;
   RegularFile file = OpenRegular(native, writes ? O_RDWR : O_RDONLY);
@@ -115,32 +116,27 @@ std::unique_ptr<BinaryFile> OpenBinary(std::string_view path, OpenMode mode, Sta
   if (file.status.ok() && mode == OpenMode::kCreateEmpty && file.facts.st_size > 0) {
     file.status = StatusOfResult(ftruncate(file.fd.get(), 0));
   }
-  status = file.status;
-  return status.ok() ? WrapBinaryFile(std::move(file.fd)) : nullptr;
+  if (!file.status.ok()) return file.status;
+  return WrapBinaryFile(std::move(file.fd));
 }
 
 bool CanRead(std::string_view path) { return OpenRegular(RealPath(path), O_RDONLY).status.ok(); }
 
-Status ReadWholeFile(std::string_view path, std::string& content) {
-  content.clear();
+Result<std::string> ReadWholeFile(std::string_view path) {
   const RegularFile file = OpenRegular(RealPath(path), O_RDONLY);
   if (!file.status.ok()) return file.status;
   // The size is only a hint: files that the kernel makes up have none. One byte more leaves room to see the end.
-  content.resize(static_cast<std::size_t>(file.facts.st_size) + 1);
+  std::string content(static_cast<std::size_t>(file.facts.st_size) + 1, '\0');
   std::size_t filled = 0;
   for (;;) {
     const long got = ReadSome(file.fd.get(), content.data() + filled, content.size() - filled);
-    if (got < 0) {
-      Status failure = LastFailure();
-      content.clear();
-      return failure;
-    }
+    if (got < 0) return LastFailure();
     filled += static_cast<std::size_t>(got);
     if (got == 0) break;
     if (filled == content.size()) content.resize(content.size() + kReadPiece);
   }
   content.resize(filled);
-  return Status::Success();
+  return content;
 }
 
 }  // namespace discwright::host

@@ -22,10 +22,10 @@ std::string Hexadecimal(std::span<const unsigned char> bytes) {
 
 }  // namespace
 
-std::string Sha256OfFile(std::string_view path, Status& status, const std::function<bool()>& go_on) {
+Result<std::string> Sha256OfFile(std::string_view path, const std::function<bool()>& go_on) {
   const Digest digest(EVP_MD_CTX_new(), EVP_MD_CTX_free);
   bool is_fed = digest != nullptr && EVP_DigestInit_ex(digest.get(), EVP_sha256(), nullptr) == 1;
-  status = ReadInPieces(path, [&](std::span<const std::byte> bytes) {
+  Status status = ReadInPieces(path, [&](std::span<const std::byte> bytes) {
     is_fed = is_fed && EVP_DigestUpdate(digest.get(), bytes.data(), bytes.size()) == 1;
     return is_fed && (!go_on || go_on());
   });
@@ -33,7 +33,8 @@ std::string Sha256OfFile(std::string_view path, Status& status, const std::funct
   unsigned length = 0;
   is_fed = is_fed && EVP_DigestFinal_ex(digest.get(), sum.data(), &length) == 1;
   if (!is_fed) status = Status::Failure(ErrorClass::kOther, "SHA-256 is not available");
-  return status.ok() ? Hexadecimal(std::span(sum).first(length)) : std::string();
+  if (!status.ok()) return status;
+  return Hexadecimal(std::span(sum).first(length));
 }
 
 }  // namespace discwright::host

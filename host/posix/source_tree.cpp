@@ -67,8 +67,9 @@ TreeEntry LookAt(int folder, const dirent& found) {
 class PosixSourceFile : public SourceFile {
  public:
   explicit PosixSourceFile(UniqueFd fd) : fd_(std::move(fd)) {}
-  Status Read(std::span<std::uint8_t> bytes, std::size_t& count) override {
-    for (count = 0; count < bytes.size();) {
+  Result<std::size_t> Read(std::span<std::uint8_t> bytes) override {
+    std::size_t count = 0;
+    while (count < bytes.size()) {
       const ssize_t got = read(fd_.get(), bytes.data() + count, bytes.size() - count);
       if (got < 0 && errno == EINTR) continue;
       if (got < 0) return LastFailure();
@@ -77,7 +78,7 @@ class PosixSourceFile : public SourceFile {
       // A regular file gives less than asked only at its end; asking again would be a system call for each file.
       if (count < bytes.size()) break;
     }
-    return Status::Success();
+    return count;
   }
 
  private:
@@ -103,10 +104,10 @@ class PosixSourceTree : public SourceTree {
     return entry;
   }
 
-  std::unique_ptr<SourceFile> Open(const std::string& path, Status& status) override {
+  Result<std::unique_ptr<SourceFile>> Open(const std::string& path) override {
     UniqueFd fd = OpenBelow(root_.get(), path, kFileFlags);
-    status = fd.valid() ? Status::Success() : LastFailure();
-    return fd.valid() ? std::make_unique<PosixSourceFile>(std::move(fd)) : nullptr;
+    if (!fd.valid()) return LastFailure();
+    return std::make_unique<PosixSourceFile>(std::move(fd));
   }
 
  private:
@@ -115,10 +116,10 @@ class PosixSourceTree : public SourceTree {
 
 }  // namespace
 
-std::unique_ptr<SourceTree> OpenSourceTree(std::string_view folder, Status& status) {
+Result<std::unique_ptr<SourceTree>> OpenSourceTree(std::string_view folder) {
   UniqueFd root(open(RealPath(folder).c_str(), kFolderFlags));
-  status = root.valid() ? Status::Success() : LastFailure();
-  return root.valid() ? std::make_unique<PosixSourceTree>(std::move(root)) : nullptr;
+  if (!root.valid()) return LastFailure();
+  return std::make_unique<PosixSourceTree>(std::move(root));
 }
 
 }  // namespace discwright::host

@@ -36,7 +36,8 @@ std::string CanonicalPath(const AnsiPath& path) {
   return FoldCase(text.empty() ? absolute : text);
 }
 
-Status FactsByName(const AnsiPath& path, NativeFacts& facts) {
+Result<NativeFacts> FactsByName(const AnsiPath& path) {
+  NativeFacts facts;
   WIN32_FIND_DATAA found{};
   if (FindOne(path.native, found)) {
     facts.attributes = found.dwFileAttributes;
@@ -51,7 +52,7 @@ Status FactsByName(const AnsiPath& path, NativeFacts& facts) {
   const std::string canonical = CanonicalPath(path);
   facts.volume = Hash(canonical.substr(0, canonical.find('\\')));
   facts.number = Hash(canonical);
-  return Status::Success();
+  return facts;
 }
 
 }  // namespace
@@ -86,35 +87,36 @@ DWORD ShareEverything() {
   return IsNtFamily() ? kShare | FILE_SHARE_DELETE : kShare;
 }
 
-std::int64_t SizeOf(HANDLE file) {
+Result<std::int64_t> SizeOf(HANDLE file) {
   DWORD high = 0;
   SetLastError(NO_ERROR);
   const DWORD low = GetFileSize(file, &high);
-  if (low == INVALID_FILE_SIZE && GetLastError() != NO_ERROR) return -1;
+  if (low == INVALID_FILE_SIZE && GetLastError() != NO_ERROR) return LastFailure();
   return static_cast<std::int64_t>(Join(high, low));
 }
 
-Status FactsOfHandle(HANDLE file, NativeFacts& facts) {
+Result<NativeFacts> FactsOfHandle(HANDLE file) {
   BY_HANDLE_FILE_INFORMATION info{};
   if (GetFileInformationByHandle(file, &info) == 0) return LastFailure();
+  NativeFacts facts;
   facts.attributes = info.dwFileAttributes;
   facts.size = Join(info.nFileSizeHigh, info.nFileSizeLow);
   facts.modified = Join(info.ftLastWriteTime);
   facts.volume = info.dwVolumeSerialNumber;
   facts.number = Join(info.nFileIndexHigh, info.nFileIndexLow);
   facts.links = info.nNumberOfLinks;
-  return Status::Success();
+  return facts;
 }
 
-Status FactsOfPath(const AnsiPath& path, Links links, NativeFacts& facts) {
+Result<NativeFacts> FactsOfPath(const AnsiPath& path, Links links) {
   if (!path.status.ok()) return path.status;
   if (base::IsDevicePath(path.core)) return NotARegularFile();
-  if (!IsNtFamily()) return FactsByName(path, facts);
+  if (!IsNtFamily()) return FactsByName(path);
   const DWORD flags = FILE_FLAG_BACKUP_SEMANTICS | (links == Links::kTake ? FILE_FLAG_OPEN_REPARSE_POINT : 0);
   const OwnedHandle handle(
       CreateFileA(path.c_str(), FILE_READ_ATTRIBUTES, ShareEverything(), nullptr, OPEN_EXISTING, flags, nullptr));
-  Status status = handle.valid() ? FactsOfHandle(handle.get(), facts) : LastFailure();
-  return status.error == ErrorClass::kAccessDenied ? FactsByName(path, facts) : status;
+  Result<NativeFacts> facts = handle.valid() ? FactsOfHandle(handle.get()) : LastFailure();
+  return facts.status.error == ErrorClass::kAccessDenied ? FactsByName(path) : facts;
 }
 
 bool FindOne(const std::string& native, WIN32_FIND_DATAA& found) {

@@ -37,16 +37,16 @@ struct NativeFacts {
 // What others may do meanwhile to a file that is opened: everything that this Windows lets them.
 DWORD ShareEverything();
 
-// The size of an open file; -1 on failure.
-std::int64_t SizeOf(HANDLE file);
+// The size of an open file in bytes.
+Result<std::int64_t> SizeOf(HANDLE file);
 
-Status FactsOfHandle(HANDLE file, NativeFacts& facts);
+Result<NativeFacts> FactsOfHandle(HANDLE file);
 
 enum class Links { kFollow, kTake };  // kTake: the link itself
 
 // Windows 95, 98 and Me, and an NT that does not let the file be looked at, cannot say which file it is; what stands in
 // for that are numbers made of its path.
-Status FactsOfPath(const AnsiPath& path, Links links, NativeFacts& facts);
+Result<NativeFacts> FactsOfPath(const AnsiPath& path, Links links);
 
 // What the listing says of one file or folder; not of the root of a drive.
 bool FindOne(const std::string& native, WIN32_FIND_DATAA& found);

@@ -34,23 +34,24 @@ Status MakeOneByOne(const AnsiPath& path) {
   return status.ok() ? StatusOfResult(CreateDirectoryA(path.c_str(), nullptr)) : status;
 }
 
-// Whether both paths lead to the same file or folder. If so, `facts` describes it.
-bool LeadToOne(std::string_view a, std::string_view b, NativeFacts& facts) {
-  NativeFacts second;
-  return FactsOfPath(AnsiPath(a), Links::kFollow, facts).ok() &&
-         FactsOfPath(AnsiPath(b), Links::kFollow, second).ok() && facts.IsSameFile(second);
+// The facts of the one file or folder that both paths lead to; nothing when they lead to two or to nothing.
+std::optional<NativeFacts> FactsOfBoth(std::string_view a, std::string_view b) {
+  const Result<NativeFacts> first = FactsOfPath(AnsiPath(a), Links::kFollow);
+  const Result<NativeFacts> second = FactsOfPath(AnsiPath(b), Links::kFollow);
+  if (!first.ok() || !second.ok() || !first.value.IsSameFile(second.value)) return std::nullopt;
+  return first.value;
 }
 
 }  // namespace
 
 bool SameFolder(std::string_view a, std::string_view b) {
-  NativeFacts facts;
-  return LeadToOne(a, b, facts) && facts.IsFolder();
+  const std::optional<NativeFacts> facts = FactsOfBoth(a, b);
+  return facts && facts->IsFolder();
 }
 
 bool SameFile(std::string_view a, std::string_view b) {
-  NativeFacts facts;
-  return LeadToOne(a, b, facts) && !facts.IsFolder();
+  const std::optional<NativeFacts> facts = FactsOfBoth(a, b);
+  return facts && !facts->IsFolder();
 }
 
 Status MakeFolders(std::string_view path) {

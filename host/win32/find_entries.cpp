@@ -81,13 +81,13 @@ Status WhyNotListed(const AnsiPath& folder) {
 
 }  // namespace
 
-Status FindEntries(std::string_view folder, std::vector<FoundEntry>& entries) {
-  entries.clear();
+Result<std::vector<FoundEntry>> FindEntries(std::string_view folder) {
   const AnsiPath path(folder);
   if (!path.status.ok()) return path.status;
   // By hand, because the root keeps its separator and "C:" is the current folder of its drive.
   const std::string pattern = *CodePageBytes(base::InFolder(path.core, "*.*"));
   if (pattern.size() >= MAX_PATH) return StatusOf(ERROR_FILENAME_EXCED_RANGE);
+  std::vector<FoundEntry> entries;
   FoundEntry entry;
   Search search(pattern, entry.data);
   if (!search.started()) return WhyNotListed(path);
@@ -97,13 +97,10 @@ Status FindEntries(std::string_view folder, std::vector<FoundEntry>& entries) {
     if (listed != "." && listed != "..") entries.push_back(entry);
   } while (search.Next(entry.data));
   const DWORD error = GetLastError();
-  if (error != ERROR_NO_MORE_FILES) {
-    entries.clear();
-    return StatusOf(error);
-  }
+  if (error != ERROR_NO_MORE_FILES) return StatusOf(error);
   MarkEqualNames(path.core, entries);
   std::sort(entries.begin(), entries.end(), [](const FoundEntry& a, const FoundEntry& b) { return a.name < b.name; });
-  return Status::Success();
+  return entries;
 }
 
 }  // namespace discwright::host

@@ -25,23 +25,23 @@ Entry Describe(const std::string& name, const WIN32_FIND_DATAA& data, const Ansi
     SetKind(entry, data.dwFileAttributes, SizeOf(data));
     return entry;
   }
-  NativeFacts target;
-  entry.broken = !FactsOfPath(path, Links::kFollow, target).ok();
-  if (!entry.broken) SetKind(entry, target.attributes, target.size);
+  const Result<NativeFacts> target = FactsOfPath(path, Links::kFollow);
+  entry.broken = !target.ok();
+  if (target.ok()) SetKind(entry, target.value.attributes, target.value.size);
   return entry;
 }
 
 }  // namespace
 
 Listing ReadEntries(std::string_view folder, const std::function<bool(const std::string& name)>& is_wanted) {
-  Listing listing;
-  std::vector<FoundEntry> found;
-  listing.status = FindEntries(folder, found);
-  for (const FoundEntry& entry : found) {
+  const Result<std::vector<FoundEntry>> found = FindEntries(folder);
+  if (!found.ok()) return found.status;
+  std::vector<Entry> entries;
+  for (const FoundEntry& entry : found.value) {
     if (!is_wanted(entry.name)) continue;
-    listing.entries.push_back(Describe(entry.name, entry.data, AnsiPath(base::InFolder(folder, entry.name))));
+    entries.push_back(Describe(entry.name, entry.data, AnsiPath(base::InFolder(folder, entry.name))));
   }
-  return listing;
+  return entries;
 }
 
 std::optional<Entry> ReadEntry(std::string_view path) {
@@ -52,11 +52,11 @@ std::optional<Entry> ReadEntry(std::string_view path) {
   WIN32_FIND_DATAA data{};
   if (FindOne(ansi.native, data)) return Describe(TextOfCodePage(data.cFileName), data, ansi);
   // A root is in no listing.
-  NativeFacts facts;
-  if (!FactsOfPath(ansi, Links::kFollow, facts).ok()) return std::nullopt;
+  const Result<NativeFacts> facts = FactsOfPath(ansi, Links::kFollow);
+  if (!facts.ok()) return std::nullopt;
   Entry root;
   root.name = name;
-  SetKind(root, facts.attributes, facts.size);
+  SetKind(root, facts.value.attributes, facts.value.size);
   return root;
 }
 

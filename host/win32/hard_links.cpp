@@ -35,10 +35,9 @@ bool IsListed(const FoundEntry& found) { return !IsLink(found.data) && !base::Is
 NamedFacts Describe(std::string_view folder, const FoundEntry& found, FileFacts unknown) {
   NamedFacts entry{found.name, found.IsFolder(), {}};
   if (entry.is_folder) return entry;
-  NativeFacts facts;
-  const AnsiPath path(base::InFolder(folder, found.name));
-  if (FactsOfPath(path, Links::kTake, facts).ok()) {
-    entry.facts = ToFacts(facts);
+  const Result<NativeFacts> facts = FactsOfPath(AnsiPath(base::InFolder(folder, found.name)), Links::kTake);
+  if (facts.ok()) {
+    entry.facts = ToFacts(facts.value);
   } else {
     entry.facts = unknown;
     entry.facts.size = static_cast<std::int64_t>(SizeOf(found.data));
@@ -79,42 +78,39 @@ LinkAnswer Failed(Status status) { return {LinkEnd::kFailed, std::move(status)};
 
 }  // namespace
 
-FactsListing ListFacts(std::string_view folder) {
-  FactsListing listing;
-  std::vector<FoundEntry> found;
-  listing.status = FindEntries(folder, found);
-  NativeFacts facts;
-  FactsOfPath(AnsiPath(folder), Links::kFollow, facts);
-  for (const FoundEntry& entry : found) {
+Result<std::vector<NamedFacts>> ListFacts(std::string_view folder) {
+  const Result<std::vector<FoundEntry>> found = FindEntries(folder);
+  if (!found.ok()) return found.status;
+  const std::uint64_t volume = FactsOfPath(AnsiPath(folder), Links::kFollow).value.volume;
+  std::vector<NamedFacts> entries;
+  for (const FoundEntry& entry : found.value) {
     // A number that no file is likely to have.
-    const std::string place = std::string(folder) + "\\" + std::to_string(listing.entries.size());
-    const FileFacts unknown{facts.volume, std::hash<std::string>()(place)};
-    if (IsListed(entry)) listing.entries.push_back(Describe(folder, entry, unknown));
+    const std::string place = std::string(folder) + "\\" + std::to_string(entries.size());
+    const FileFacts unknown{volume, std::hash<std::string>()(place)};
+    if (IsListed(entry)) entries.push_back(Describe(folder, entry, unknown));
   }
-  return listing;
+  return entries;
 }
 
 std::optional<FileFacts> FactsOf(std::string_view path) {
   const AnsiPath ansi(path);
-  NativeFacts facts;
-  if (!FactsOfPath(ansi, Links::kTake, facts).ok() || facts.IsFolder() || IsLink(ansi)) return std::nullopt;
-  return ToFacts(facts);
+  const Result<NativeFacts> facts = FactsOfPath(ansi, Links::kTake);
+  if (!facts.ok() || facts.value.IsFolder() || IsLink(ansi)) return std::nullopt;
+  return ToFacts(facts.value);
 }
 
-std::unique_ptr<BinaryFile> OpenUnchanged(std::string_view path, const FileFacts& facts, Status& status) {
+Result<std::unique_ptr<BinaryFile>> OpenUnchanged(std::string_view path, const FileFacts& facts) {
   const AnsiPath ansi(path);
   const std::optional<FileFacts> named = FactsOf(path);
   const DWORD flags = IsNtFamily() ? FILE_FLAG_OPEN_REPARSE_POINT : 0;
   RegularFile file = OpenRegular(ansi, GENERIC_READ, OPEN_EXISTING, ShareEverything(), flags);
-  status = file.status;
-  if (!status.ok()) return nullptr;
-  // On the NT family the open file itself is asked: another one may have taken its name just now.
-  NativeFacts opened;
-  const bool is_known = IsNtFamily() ? FactsOfHandle(file.handle.get(), opened).ok() : named.has_value();
-  const FileFacts now = IsNtFamily() || !named ? ToFacts(opened) : *named;
-  if (named && is_known && now.IsUnchanged(facts)) return WrapBinaryFile(std::move(file.handle));
-  status = Status::Failure(ErrorClass::kOther, "The file has changed");
-  return nullptr;
+  if (!file.status.ok()) return file.status;
+  if (named) {
+    // On the NT family the open file itself is asked: another one may have taken its name just now.
+    const FileFacts now = IsNtFamily() ? ToFacts(FactsOfHandle(file.handle.get()).value) : *named;
+    if (now.IsUnchanged(facts)) return WrapBinaryFile(std::move(file.handle));
+  }
+  return Status::Failure(ErrorClass::kOther, "The file has changed");
 }
 
 LinkAnswer MakeHardLink(std::string_view existing, std::string_view fresh) {

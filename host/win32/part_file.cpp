@@ -23,10 +23,9 @@ Status Replaced() { return Status::Failure(ErrorClass::kExists, "Another run has
 // is renamed while it is open). Windows 95, 98 and Me let nobody rename or delete what is open.
 bool IsAt(HANDLE file, const AnsiPath& path) {
   if (!IsNtFamily()) return true;
-  NativeFacts opened;
-  NativeFacts named;
-  return FactsOfHandle(file, opened).ok() && FactsOfPath(path, Links::kTake, named).ok() &&
-         opened.number == named.number;
+  const Result<NativeFacts> opened = FactsOfHandle(file);
+  const Result<NativeFacts> named = FactsOfPath(path, Links::kTake);
+  return opened.ok() && named.ok() && opened.value.number == named.value.number;
 }
 
 class WindowsPartFile : public PartFile {
@@ -124,23 +123,22 @@ Status SetAside(HANDLE file, const AnsiPath& path, std::uint64_t size) {
 
 }  // namespace
 
-std::unique_ptr<PartFile> CreatePartFile(std::string_view path, std::uint64_t size, Status& status) {
+Result<std::unique_ptr<PartFile>> CreatePartFile(std::string_view path, std::uint64_t size) {
   const AnsiPath name(path);
-  status = OnlyRegular(name);
-  if (!status.ok()) return nullptr;
+  if (Status status = OnlyRegular(name); !status.ok()) return status;
   const AnsiPath part(name.core + ".part");
   const DWORD share = IsNtFamily() ? FILE_SHARE_READ | FILE_SHARE_DELETE : FILE_SHARE_READ;
   RegularFile file;
   do {
-    status = Clear(part);
-    if (!status.ok()) return nullptr;
+    if (Status status = Clear(part); !status.ok()) return status;
     file = OpenRegular(part, GENERIC_WRITE, CREATE_NEW, share);
   } while (file.status.error == ErrorClass::kExists);
-  status = file.status;
-  if (!status.ok()) return nullptr;
-  status = SetAside(file.handle.get(), part, size);
+  if (!file.status.ok()) return file.status;
+  Status status = SetAside(file.handle.get(), part, size);
+  // On a failure its end removes the file again.
   auto made = std::make_unique<WindowsPartFile>(std::move(file.handle), name, part);
-  return status.ok() ? std::move(made) : nullptr;
+  if (!status.ok()) return status;
+  return made;
 }
 
 }  // namespace discwright::host

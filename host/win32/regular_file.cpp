@@ -20,13 +20,12 @@ class WindowsBinaryFile : public BinaryFile {
  public:
   explicit WindowsBinaryFile(OwnedHandle file) : file_(std::move(file)) {}
 
-  std::int64_t Length() override { return SizeOf(file_.get()); }
+  Result<std::int64_t> Length() override { return SizeOf(file_.get()); }
 
   Status ReadAt(std::int64_t position, std::span<std::byte> bytes) override {
-    std::size_t count = 0;
-    Status status = MoveTo(file_.get(), static_cast<std::uint64_t>(position));
-    if (status.ok()) status = ReadSome(file_.get(), bytes, count);
-    if (!status.ok() || count == bytes.size()) return status;
+    if (Status status = MoveTo(file_.get(), static_cast<std::uint64_t>(position)); !status.ok()) return status;
+    const Result<std::size_t> count = ReadSome(file_.get(), bytes);
+    if (!count.ok() || count.value == bytes.size()) return count.status;
     return Status::Failure(ErrorClass::kOther, "Unexpected end of file");
   }
 
@@ -40,7 +39,9 @@ class WindowsBinaryFile : public BinaryFile {
   // Between its end and what is written behind it a file of Windows 95, 98 and Me would show what the disk held before.
   Status FillUpTo(std::int64_t position) {
     static constexpr std::array<std::byte, 4096> kZeros{};
-    std::int64_t end = Length();
+    const Result<std::int64_t> length = Length();
+    if (!length.ok()) return length.status;
+    std::int64_t end = length.value;
     if (end >= position) return Status::Success();
     Status status = MoveTo(file_.get(), static_cast<std::uint64_t>(end));
     while (status.ok() && end < position) {
@@ -77,14 +78,15 @@ RegularFile OpenRegular(const AnsiPath& path, DWORD access, DWORD disposition, D
   return file;
 }
 
-Status ReadSome(HANDLE file, std::span<std::byte> bytes, std::size_t& count) {
-  for (count = 0; count < bytes.size();) {
+Result<std::size_t> ReadSome(HANDLE file, std::span<std::byte> bytes) {
+  std::size_t count = 0;
+  while (count < bytes.size()) {
     DWORD got = 0;
     if (ReadFile(file, bytes.data() + count, CallSize(bytes.size() - count), &got, nullptr) == 0) return LastFailure();
     if (got == 0) break;
     count += got;
   }
-  return Status::Success();
+  return count;
 }
 
 Status WriteAll(HANDLE file, std::span<const std::byte> bytes) {
@@ -114,31 +116,30 @@ std::unique_ptr<BinaryFile> WrapBinaryFile(OwnedHandle file) {
   return std::make_unique<WindowsBinaryFile>(std::move(file));
 }
 
-std::unique_ptr<BinaryFile> OpenBinary(std::string_view path, OpenMode mode, Status& status) {
+Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode mode) {
   const bool writes = mode != OpenMode::kRead;
   const DWORD access = writes ? GENERIC_READ | GENERIC_WRITE : GENERIC_READ;
   RegularFile file = OpenRegular(AnsiPath(path), access, writes ? OPEN_ALWAYS : OPEN_EXISTING, ShareEverything());
   // Emptied only now: whatever was opened is known to be a file. And CREATE_ALWAYS refuses hidden ones.
   if (file.status.ok() && mode == OpenMode::kCreateEmpty) file.status = SetSize(file.handle.get(), 0);
-  status = file.status;
-  return status.ok() ? WrapBinaryFile(std::move(file.handle)) : nullptr;
+  if (!file.status.ok()) return file.status;
+  return WrapBinaryFile(std::move(file.handle));
 }
 
 bool CanRead(std::string_view path) {
   return OpenRegular(AnsiPath(path), GENERIC_READ, OPEN_EXISTING, ShareEverything()).status.ok();
 }
 
-Status ReadWholeFile(std::string_view path, std::string& content) {
-  content.clear();
+Result<std::string> ReadWholeFile(std::string_view path) {
   const RegularFile file = OpenRegular(AnsiPath(path), GENERIC_READ, OPEN_EXISTING, ShareEverything());
   if (!file.status.ok()) return file.status;
-  const std::int64_t size = SizeOf(file.handle.get());
-  if (size < 0) return LastFailure();
-  content.resize(static_cast<std::size_t>(size));
-  std::size_t count = 0;
-  Status status = ReadSome(file.handle.get(), std::as_writable_bytes(std::span(content)), count);
-  content.resize(status.ok() ? count : 0);
-  return status;
+  const Result<std::int64_t> size = SizeOf(file.handle.get());
+  if (!size.ok()) return size.status;
+  std::string content(static_cast<std::size_t>(size.value), '\0');
+  const Result<std::size_t> count = ReadSome(file.handle.get(), std::as_writable_bytes(std::span(content)));
+  if (!count.ok()) return count.status;
+  content.resize(count.value);
+  return content;
 }
 
 }  // namespace discwright::host

@@ -27,8 +27,8 @@ RegularFile OpenRegular(const AnsiPath& path, DWORD access, DWORD disposition, D
 // Success unless something stands at the path that is no regular file.
 Status OnlyRegular(const AnsiPath& path);
 
-// The next bytes of an open file; less than there is room for only at its end.
-Status ReadSome(HANDLE file, std::span<std::byte> bytes, std::size_t& count);
+// Reads the next bytes of an open file and gives their number, which is less than there is room for only at its end.
+Result<std::size_t> ReadSome(HANDLE file, std::span<std::byte> bytes);
 Status WriteAll(HANDLE file, std::span<const std::byte> bytes);
 
 // Where the next bytes are read or written. Windows 95, 98 and Me know no other way to read or write at a position.

@@ -58,11 +58,10 @@ std::string ScriptPath(std::string_view path) {
 std::string_view ScriptLineEnd() { return "\r\n"; }
 
 // Both shells read scripts in the code page of DOS, not in the one of windows: any other would be another name there.
-Status ScriptBytes(std::string_view text, std::string& bytes) {
-  std::optional<std::string> native = BytesInCodePage(text, CP_OEMCP);
-  if (!native) return NameNotInCodePage();
-  bytes = std::move(*native);
-  return Status::Success();
+Result<std::string> ScriptBytes(std::string_view text) {
+  std::optional<std::string> bytes = BytesInCodePage(text, CP_OEMCP);
+  if (!bytes) return NameNotInCodePage();
+  return std::move(*bytes);
 }
 
 }  // namespace discwright::host

@@ -5,13 +5,14 @@
 
 namespace discwright::host {
 
-std::string Sha256OfFile(std::string_view path, Status& status, const std::function<bool()>& go_on) {
+Result<std::string> Sha256OfFile(std::string_view path, const std::function<bool()>& go_on) {
   base::Sha256 digest;
-  status = ReadInPieces(path, [&](std::span<const std::byte> bytes) {
+  Status status = ReadInPieces(path, [&](std::span<const std::byte> bytes) {
     digest.Add(bytes);
     return !go_on || go_on();
   });
-  return status.ok() ? digest.Finish() : std::string();
+  if (!status.ok()) return status;
+  return digest.Finish();
 }
 
 }  // namespace discwright::host

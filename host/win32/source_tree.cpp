@@ -25,8 +25,8 @@ void TakeFacts(const NativeFacts& facts, TreeEntry& entry) {
 class WindowsSourceFile : public SourceFile {
  public:
   explicit WindowsSourceFile(OwnedHandle file) : file_(std::move(file)) {}
-  Status Read(std::span<std::uint8_t> bytes, std::size_t& count) override {
-    return ReadSome(file_.get(), std::as_writable_bytes(bytes), count);
+  Result<std::size_t> Read(std::span<std::uint8_t> bytes) override {
+    return ReadSome(file_.get(), std::as_writable_bytes(bytes));
   }
 
  private:
@@ -39,10 +39,9 @@ class WindowsSourceTree : public SourceTree {
 
   Status List(const std::string& path, const std::function<void(const TreeEntry&)>& visit) override {
     const std::string folder = base::InFolder(root_, path);
-    std::vector<FoundEntry> found;
-    Status status = FindEntries(folder, found);
-    for (const FoundEntry& entry : found) visit(LookAt(folder, entry));
-    return status;
+    const Result<std::vector<FoundEntry>> found = FindEntries(folder);
+    for (const FoundEntry& entry : found.value) visit(LookAt(folder, entry));
+    return found.status;
   }
 
   TreeEntry Look(const std::string& path) override {
@@ -51,11 +50,11 @@ class WindowsSourceTree : public SourceTree {
     return entry;
   }
 
-  std::unique_ptr<SourceFile> Open(const std::string& path, Status& status) override {
+  Result<std::unique_ptr<SourceFile>> Open(const std::string& path) override {
     RegularFile file = OpenRegular(AnsiPath(base::InFolder(root_, path)), GENERIC_READ, OPEN_EXISTING,
                                    ShareEverything(), FILE_FLAG_SEQUENTIAL_SCAN);
-    status = file.status;
-    return status.ok() ? std::make_unique<WindowsSourceFile>(std::move(file.handle)) : nullptr;
+    if (!file.status.ok()) return file.status;
+    return std::make_unique<WindowsSourceFile>(std::move(file.handle));
   }
 
  private:
@@ -72,9 +71,9 @@ class WindowsSourceTree : public SourceTree {
   }
 
   static void SetFacts(const AnsiPath& path, TreeEntry& entry) {
-    NativeFacts facts;
-    entry.status = FactsOfPath(path, Links::kFollow, facts);
-    if (entry.status.ok()) TakeFacts(facts, entry);
+    const Result<NativeFacts> facts = FactsOfPath(path, Links::kFollow);
+    entry.status = facts.status;
+    if (facts.ok()) TakeFacts(facts.value, entry);
   }
 
   std::string root_;
@@ -82,12 +81,12 @@ class WindowsSourceTree : public SourceTree {
 
 }  // namespace
 
-std::unique_ptr<SourceTree> OpenSourceTree(std::string_view folder, Status& status) {
+Result<std::unique_ptr<SourceTree>> OpenSourceTree(std::string_view folder) {
   const AnsiPath root(AbsolutePath(folder));
-  NativeFacts facts;
-  status = FactsOfPath(root, Links::kFollow, facts);
-  if (status.ok() && !facts.IsFolder()) status = StatusOf(ERROR_DIRECTORY);
-  return status.ok() ? std::make_unique<WindowsSourceTree>(root.core) : nullptr;
+  const Result<NativeFacts> facts = FactsOfPath(root, Links::kFollow);
+  if (!facts.ok()) return facts.status;
+  if (!facts.value.IsFolder()) return StatusOf(ERROR_DIRECTORY);
+  return std::make_unique<WindowsSourceTree>(root.core);
 }
 
 }  // namespace discwright::host

@@ -30,10 +30,7 @@ class WatchedOutput : public std::stringbuf {
 };
 
 // What the system says about a file that is not there.
-inline std::string Missing() {
-  std::string content;
-  return host::ReadWholeFile(host::testing::TempFolder().Core("missing"), content).cause;
-}
+inline std::string Missing() { return host::ReadWholeFile(host::testing::TempFolder().Core("missing")).status.cause; }
 
 class DflTest : public ::testing::Test {
  protected:

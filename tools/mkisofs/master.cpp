@@ -54,9 +54,9 @@ class Run {
   }
 
   bool ReadAll() {
-    host::Status status;
-    source_ = host::OpenSourceTree(host::PathFromNative(options_.tree), status);
-    if (source_ == nullptr) return Refuse(options_.tree, status.cause);
+    auto opened = host::OpenSourceTree(host::PathFromNative(options_.tree));
+    if (!opened.ok()) return Refuse(options_.tree, opened.status.cause);
+    source_ = std::move(opened.value);
     tree_ = ReadTree(*source_, options_, problems_);
     return problems_.empty();
   }
@@ -82,18 +82,17 @@ class Run {
   }
 
   bool Write() {
-    host::Status status;
     const std::uint64_t size = std::uint64_t{layout_.sectors} * kSectorSize;
-    const auto file = host::CreatePartFile(host::PathFromNative(options_.output), size, status);
-    if (file == nullptr) return Refuse(options_.output, TextOf(status));
+    const auto file = host::CreatePartFile(host::PathFromNative(options_.output), size);
+    if (!file.ok()) return Refuse(options_.output, TextOf(file.status));
     Progress progress(messages_, size);
     const ImagePlan plan{options_, tree_, layout_, dates_, surroundings_.stopped};
-    std::string problem = WriteImage(plan, *source_, *file, progress);
+    std::string problem = WriteImage(plan, *source_, *file.value, progress);
     if (!problem.empty()) {
       problems_.Add(std::move(problem));
       return false;
     }
-    status = file->Commit();
+    const host::Status status = file.value->Commit();
     if (!status.ok()) return Refuse(options_.output, TextOf(status));
     progress.ShowEnd(layout_.sectors);
     return true;

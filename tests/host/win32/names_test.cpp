@@ -16,8 +16,7 @@ TEST(ShortPath, LongName_HasAFormOfEightAndThreeThatLeadsToTheSameFile) {
   folder.Write("A long file name.text", "content");
   const std::string shortened = ShortPath(folder.Core("A long file name.text"));
   EXPECT_EQ(shortened.find(' '), shortened.npos);
-  std::string content;
-  EXPECT_TRUE(ReadWholeFile(shortened, content).ok());
+  const std::string content = ReadWholeFile(shortened).value;
   EXPECT_EQ(content, "content");
 }
 

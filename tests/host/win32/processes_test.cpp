@@ -46,8 +46,7 @@ class Processes : public testing::Launching {
  protected:
   // A batch file in the test's folder; its command line.
   std::string Script(const std::string& lines, const std::string& name = "script.bat") const {
-    std::string bytes;  // the tests' own path in it need not be ASCII
-    EXPECT_TRUE(ScriptBytes("@echo off\r\n" + lines + "\r\n", bytes).ok());
+    const std::string bytes = ScriptBytes("@echo off\r\n" + lines + "\r\n").value;
     folder_.Write(name, bytes);
     return folder_.Core(name);
   }
