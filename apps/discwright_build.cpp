@@ -6,9 +6,9 @@
 #include "desktop/console/console_user.h"
 #include "desktop/console/headless_build.h"
 #include "forms/user_actions.h"
-#include "host/arguments.h"
 #include "host/console.h"
-#include "host/system.h"
+#include "host/names.h"
+#include "host/native_text.h"
 #include "wizard/navigation.h"
 
 namespace {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace discwright::host {
 
@@ -22,5 +23,9 @@ std::string DecodeText(std::string_view bytes);  // reads as UTF-8 what base::Is
 // way out "?" or a similar character stands for what the code page lacks: for texts to be read, not for names.
 std::string TextFromNative(std::string_view native);
 std::string TextToNative(std::string_view text);
+
+// The words behind the program's name as UTF-8, from what main() was given. A path among them is still as the user
+// spells it: see PathFromNative.
+std::vector<std::string> Arguments(int argc, char** argv);
 
 }  // namespace discwright::host

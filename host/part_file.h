@@ -23,7 +23,7 @@ class PartFile {
 // A NAME.part that another run has left or is still writing is replaced, and that run's Commit then fails (kExists);
 // one that is being written is a failure of its own on Windows 95, 98 and Me (kAccessDenied). A NAME that is no regular
 // file is a failure (kWrongKind). Room for `size` bytes is set aside where the file system can, so that a full disk
-// (kDiskFull) is known at once. Null with the reason in `status` on failure.
-std::unique_ptr<PartFile> CreatePartFile(std::string_view path, std::uint64_t size, Status& status);
+// (kDiskFull) is known at once.
+Result<std::unique_ptr<PartFile>> CreatePartFile(std::string_view path, std::uint64_t size);
 
 }  // namespace discwright::host

@@ -96,7 +96,7 @@ bool AddTool(steps::Context& context, const Tool& tool, const std::string& locat
 // One name after the other: some shells leave a folder behind, without a word, when the destination has one of its
 // name, and some stop at a file whose place a folder has.
 void MoveWhatIsLeft(steps::Context& context, const std::string& from, const std::string& to) {
-  for (const host::Entry& left : host::ListFolder(from, "*.*").entries) {
+  for (const host::Entry& left : host::ListFolder(from, "*.*").value) {
     const std::string source = from + "\\" + left.name;
     const std::optional<host::Entry> there = host::Look(to + "\\" + left.name);
     if (there && there->kind != left.kind) continue;
@@ -114,7 +114,7 @@ void MoveToTree(steps::Context& context) {
   const std::string answer = MoveWithShell(context.main().window, util::PathOf(Item::kStaging) + "\\*.*",
                                            util::PathOf(Item::kWorkspace), 0, "");
   if (answer != "Aborted") MoveWhatIsLeft(context, util::PathOf(Item::kStaging), util::PathOf(Item::kWorkspace));
-  for (const host::Entry& left : host::ListFolder(util::PathOf(Item::kStaging), "*.*").entries) {
+  for (const host::Entry& left : host::ListFolder(util::PathOf(Item::kStaging), "*.*").value) {
     context.notes.Add(util::PathOf(Item::kStaging) + "\\" + left.name,
                       "could not be moved onto the CD" + Reason(answer));
   }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/files.h"
+#include "host/names.h"
 #include "host/native_text.h"
 #include "host/system.h"
 #include "util/paths.h"
@@ -97,10 +98,10 @@ std::string WithReplacements(const std::string& bytes, const Pattern& pattern) {
 // Reads a file, lets `change` work on its bytes and writes them back. `change` clears them to have nothing written.
 host::Status Rewrite(const std::string& file, const std::function<host::Status(std::string& bytes)>& change) {
   if (host::Status status = host::ClearAttributes(file); !status.ok()) return status;
-  std::string bytes;
-  if (host::Status status = host::ReadWholeFile(file, bytes); !status.ok()) return status;
-  if (host::Status status = change(bytes); !status.ok() || bytes.empty()) return status;
-  return host::WriteWholeFile(file, bytes, host::FileTimes::kKept);
+  host::Result<std::string> bytes = host::ReadWholeFile(file);
+  if (!bytes.ok()) return bytes.status;
+  if (host::Status status = change(bytes.value); !status.ok() || bytes.value.empty()) return status;
+  return host::WriteWholeFile(file, bytes.value, host::FileTimes::kKept);
 }
 
 void ShowPatchingError(steps::Context& context, const std::string& file, const std::string& mode,

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "host/files.h"
+#include "host/names.h"
 #include "host/processes.h"
 #include "host/system.h"
 #include "integration/file_operations.h"
@@ -24,14 +25,13 @@ namespace {
 // Every program for Windows begins with the two bytes "MZ". A file that cannot be looked into is left to the system,
 // which says why when it cannot start it.
 bool IsNoWindowsProgram(const std::string& SP_exe) {
-  host::Status status;
-  const auto file = host::OpenBinary(util::StripQuotes(SP_exe), host::OpenMode::kRead, status);
-  if (file == nullptr) return false;
+  const auto file = host::OpenBinary(util::StripQuotes(SP_exe), host::OpenMode::kRead);
+  if (!file.ok()) return false;
   constexpr std::array<std::byte, 2> kProgramStart = {std::byte{'M'}, std::byte{'Z'}};
   std::array<std::byte, kProgramStart.size()> start{};
-  const std::int64_t length = file->Length();
-  if (length >= 0 && length < static_cast<std::int64_t>(start.size())) return true;
-  return file->ReadAt(0, start).ok() && start != kProgramStart;
+  const host::Result<std::int64_t> length = file.value->Length();
+  if (length.ok() && length.value < static_cast<std::int64_t>(start.size())) return true;
+  return file.value->ReadAt(0, start).ok() && start != kProgramStart;
 }
 
 // The build goes on without the service pack, which the CD is then missing: a note as well as a box.

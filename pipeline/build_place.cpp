@@ -2,6 +2,7 @@
 #include "pipeline/build_place.h"
 
 #include "host/files.h"
+#include "host/names.h"
 #include "host/system.h"
 #include "util/program_folder.h"
 
@@ -22,9 +23,8 @@ std::string WhyNotClaimed(const std::string& folder, std::shared_ptr<void>& clai
 std::string WhyNotBuiltHere(std::shared_ptr<void>& claim) {
   const std::string folder = host::ProgramFolder();
   const std::string attempt = util::PathOf(util::Item::kWriteTest);
-  host::Status status;
-  const bool is_made = host::OpenBinary(attempt, host::OpenMode::kCreateEmpty, status) != nullptr;
-  if (is_made) host::RemoveFile(attempt);
+  const host::Status status = host::OpenBinary(attempt, host::OpenMode::kCreateEmpty).status;
+  if (status.ok()) host::RemoveFile(attempt);
   // Any other failure, a full disk for one, is told by the step that meets it: another folder would not help.
   if (status.error != host::ErrorClass::kAccessDenied) return WhyNotClaimed(folder, claim);
   return "The program folder " + host::PathToNative(folder) + " cannot be written to: " + status.cause +

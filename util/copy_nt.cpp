@@ -1,5 +1,5 @@
 // The copy engine of the NT family: the platform's own file copy, which calls back with the bytes moved so far.
-#include "host/system.h"
+#include "host/names.h"
 #include "util/copy_engines.h"
 #include "util/copy_entries.h"
 #include "util/paths.h"
@@ -23,7 +23,7 @@ std::optional<std::int32_t> CountedSize(const std::string& folder, const host::E
 void NoteNothingCopied(Notes& notes, std::string_view source) {
   const host::Listing listing = host::ListFolder(source, "*.*");
   if (notes.Check(listing.status, std::string(source), "nothing was copied, the folder could not be listed") &&
-      !listing.entries.empty()) {
+      !listing.value.empty()) {
     notes.Add(std::string(source),
               "nothing was copied, no file with anything in it was found in this folder (files and folders whose names "
               "begin with a dot do not count)");
@@ -65,7 +65,7 @@ std::optional<std::int32_t> FolderSizeByFind(std::string_view folder) {
   std::string path(folder);
   AddBackslash(path);
   std::int32_t total = 0;
-  for (const host::Entry& entry : host::ListFolder(path, "*.*").entries) {
+  for (const host::Entry& entry : host::ListFolder(path, "*.*").value) {
     const std::optional<std::int32_t> size = CountedSize(path, entry);
     if (!size || !AddSize(total, *size)) return std::nullopt;
   }
@@ -97,7 +97,7 @@ bool CopyTreeByFind(CopyRun& run, std::string source, std::string destination) {
   // Not a reason to stop: the first file that has no place to go is.
   run.notes.Check(host::MakeFolders(destination), destination, "could not be created");
   EntryFilter filter(run.notes, source);
-  for (const host::Entry& entry : listing.entries) {
+  for (const host::Entry& entry : listing.value) {
     if (!CopyEntry(run, filter, entry, source, destination)) return false;
     run.user.DoEvents(0);
   }

@@ -1,7 +1,9 @@
 // Path strings, and questions about files, folders and drives.
 #include "util/paths.h"
 
+#include "host/desktop.h"
 #include "host/files.h"
+#include "host/names.h"
 #include "host/system.h"
 
 namespace discwright::util {
@@ -21,7 +23,7 @@ bool AnyMatch(std::string_view pattern_path) {
   std::string pattern;
   SplitPath(pattern_path, folder, pattern);
   // The root of a drive is a folder only with its separator.
-  return !pattern.empty() && !host::ListFolder(folder + "\\", pattern).entries.empty();
+  return !pattern.empty() && !host::ListFolder(folder + "\\", pattern).value.empty();
 }
 
 }  // namespace

@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "host/files.h"
-#include "host/system.h"
+#include "host/names.h"
 #include "util/paths.h"
 
 namespace discwright::wizard {
@@ -21,16 +21,14 @@ constexpr std::string_view kProbeLine = "Test\r\n";
 // Creating a file through such a link would leave the link's target behind when the link is removed again.
 bool IsBrokenLink(const std::string& folder, const std::string& file) {
   const host::Listing listing = host::ListFolder(folder, file);
-  return std::any_of(listing.entries.begin(), listing.entries.end(),
-                     [](const host::Entry& entry) { return entry.broken; });
+  return std::any_of(listing.value.begin(), listing.value.end(), [](const host::Entry& entry) { return entry.broken; });
 }
 
 host::Status TryToCreate(const std::string& path) {
-  host::Status status;
-  std::unique_ptr<host::BinaryFile> probe = host::OpenBinary(path, host::OpenMode::kCreateEmpty, status);
-  if (probe == nullptr) return status;
-  status = probe->WriteAt(0, std::as_bytes(std::span(kProbeLine)));
-  probe.reset();
+  auto probe = host::OpenBinary(path, host::OpenMode::kCreateEmpty);
+  if (!probe.ok()) return probe.status;
+  const host::Status status = probe.value->WriteAt(0, std::as_bytes(std::span(kProbeLine)));
+  probe.value.reset();
   const host::Status removed = host::RemoveFile(path);
   return status.ok() ? removed : status;
 }
@@ -80,11 +78,10 @@ bool HoldsSomethingElse(const std::string& text) {
   const std::string path = util::NamedFile(text);
   const std::optional<host::Entry> entry = host::Look(path);
   if (!entry || entry->kind != host::EntryKind::kFile || entry->size == 0) return false;
-  host::Status status;
-  const std::unique_ptr<host::BinaryFile> file = host::OpenBinary(path, host::OpenMode::kRead, status);
+  const auto file = host::OpenBinary(path, host::OpenMode::kRead);
   std::array<char, kMark.size()> mark{};
-  const bool has_mark = file != nullptr && entry->size >= kMarkAt + static_cast<std::int64_t>(mark.size()) &&
-                        file->ReadAt(kMarkAt, std::as_writable_bytes(std::span(mark))).ok() &&
+  const bool has_mark = file.ok() && entry->size >= kMarkAt + static_cast<std::int64_t>(mark.size()) &&
+                        file.value->ReadAt(kMarkAt, std::as_writable_bytes(std::span(mark))).ok() &&
                         std::string_view(mark.data(), mark.size()) == kMark;
   return !has_mark;
 }

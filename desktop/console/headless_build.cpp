@@ -13,6 +13,7 @@
 #include "forms/user_actions.h"
 #include "host/console.h"
 #include "host/files.h"
+#include "host/names.h"
 #include "host/native_text.h"
 #include "host/system.h"
 #include "pipeline/build_place.h"
@@ -41,8 +42,10 @@ std::string ReadPassword(const std::string& file, std::string& password) {
   std::string content;
   if (file == "-") {
     std::getline(std::cin, content);
-  } else if (const host::Status status = host::ReadWholeFile(host::PathFromNative(file), content); !status.ok()) {
-    return status.cause;
+  } else {
+    const host::Result<std::string> read = host::ReadWholeFile(host::PathFromNative(file));
+    if (!read.ok()) return read.status.cause;
+    content = read.value;
   }
   if (base::IsUtf16File(content)) return "is Unicode text of two bytes per character; please save it as plain text";
   password = host::DecodeText(content.substr(0, content.find_first_of("\r\n")));

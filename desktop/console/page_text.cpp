@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "forms/user_actions.h"
-#include "host/system.h"
+#include "host/names.h"
 #include "util/paths.h"
 #include "wizard/choices.h"
 #include "wizard/layout.h"

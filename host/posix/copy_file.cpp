@@ -1,6 +1,4 @@
 // Copies files through the kernel, with progress after every piece.
-#include "host/posix/copy_file.h"
-
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -8,6 +6,7 @@
 #include <cerrno>
 #include <memory>
 
+#include "host/files.h"
 #include "host/posix/case_lookup.h"
 #include "host/posix/errors.h"
 #include "host/posix/native_path.h"
@@ -88,7 +87,7 @@ Status StartTarget(NewFile& target, const std::string& to, const struct stat& so
   if (created.error != ErrorClass::kExists || on_existing == OnExisting::kRefuse) return created;
   struct stat existing {};
   if (stat(to.c_str(), &existing) == 0) {
-    if (!S_ISREG(existing.st_mode)) return NotARegularFile(S_ISDIR(existing.st_mode));
+    if (Status status = CheckRegular(existing); !status.ok()) return status;
     if (existing.st_dev == source.st_dev && existing.st_ino == source.st_ino) {
       return Status::Failure(ErrorClass::kOther, "Source and target are the same file");
     }

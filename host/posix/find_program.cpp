@@ -9,11 +9,11 @@
 #include <cstdlib>
 
 #include "host/command_line.h"
+#include "host/names.h"
 #include "host/posix/case_lookup.h"
 #include "host/posix/errors.h"
 #include "host/posix/native_path.h"
 #include "host/processes.h"
-#include "host/system.h"
 
 namespace discwright::host {
 namespace {

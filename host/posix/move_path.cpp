@@ -1,23 +1,27 @@
 // Moves by renaming where the system can, and by copying where it cannot.
 #include "host/posix/move_path.h"
 
+#include <fcntl.h>
+#include <linux/fs.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
 #include <unordered_map>
 
 #include "host/files.h"
+#include "host/names.h"
 #include "host/posix/case_lookup.h"
 #include "host/posix/errors.h"
+#include "host/posix/folder_reader.h"
 #include "host/posix/native_path.h"
-#include "host/posix/native_tree.h"
 #include "host/posix/new_file.h"
-#include "host/system.h"
 
 namespace discwright::host {
 namespace {
@@ -46,6 +50,82 @@ bool IsBelow(const std::string& native, const struct stat& folder) {
 int RenameOver(const std::string& from, const std::string& to) {
   const int result = std::rename(from.c_str(), to.c_str());
   if (result == 0 || errno != ENOTDIR || !IsLink(to) || unlink(to.c_str()) != 0) return result;
+  return std::rename(from.c_str(), to.c_str());
+}
+
+// Copies a file, a link or a folder with all below it to a name that is free, with times and modes, and with owners
+// where the system lets them be given. Links are never followed. Devices, sockets and pipes are a failure. A failure
+// leaves a part of the copy.
+Status CopyTree(const std::string& from, const std::string& to);
+
+Status CopyLink(const std::string& from, const std::string& to) {
+  std::array<char, PATH_MAX> target{};
+  const ssize_t length = readlink(from.c_str(), target.data(), target.size());
+  if (length < 0) return LastFailure();
+  const std::string text(target.data(), static_cast<std::size_t>(length));
+  return StatusOfResult(symlink(text.c_str(), to.c_str()));
+}
+
+Status CopyFolder(const std::string& from, const std::string& to) {
+  // Its own mode comes last: it may not let anything be made in it.
+  Status status = StatusOfResult(mkdir(to.c_str(), S_IRWXU));
+  if (!status.ok()) return status;
+  const Result<std::vector<std::string>> names = NamesIn(from);
+  for (const std::string& name : names.value) {
+    status = CopyTree(NativeJoin(from, name), NativeJoin(to, name));
+    if (!status.ok()) return status;
+  }
+  return names.status;
+}
+
+Status CopyOfKind(const std::string& from, const std::string& to, mode_t mode) {
+  if (S_ISDIR(mode)) return CopyFolder(from, to);
+  if (S_ISLNK(mode)) return CopyLink(from, to);
+  return S_ISREG(mode) ? CopyToFreeName(from, to) : NotARegularFile(false);
+}
+
+// Owner, mode and times of the original, what must not be given away coming first.
+Status TakeOver(const std::string& to, const struct stat& original) {
+  const bool is_same_owner = lchown(to.c_str(), original.st_uid, original.st_gid) == 0;
+  // A program that runs as its owner must not do so as another.
+  const mode_t kept = is_same_owner ? 07777 : 0777;
+  if (!S_ISLNK(original.st_mode) && chmod(to.c_str(), original.st_mode & kept) != 0) return LastFailure();
+  // A file system that has no room for the times does not spoil the copy.
+  const std::array<timespec, 2> times{original.st_atim, original.st_mtim};
+  static_cast<void>(utimensat(AT_FDCWD, to.c_str(), times.data(), AT_SYMLINK_NOFOLLOW));
+  return Status::Success();
+}
+
+Status CopyTree(const std::string& from, const std::string& to) {
+  struct stat original {};
+  if (lstat(from.c_str(), &original) != 0) return LastFailure();
+  Status status = CopyOfKind(from, to, original.st_mode);
+  return status.ok() ? TakeOver(to, original) : status;
+}
+
+// Removes a file, a link or a folder with all below it, folders without the right to write to them included.
+Status RemoveTree(const std::string& native) {
+  struct stat facts {};
+  if (lstat(native.c_str(), &facts) != 0) return LastFailure();
+  if (!S_ISDIR(facts.st_mode)) return StatusOfResult(unlink(native.c_str()));
+  // When this is not permitted, neither is what follows.
+  if ((facts.st_mode & S_IRWXU) != S_IRWXU) static_cast<void>(chmod(native.c_str(), S_IRWXU));
+  const Result<std::vector<std::string>> names = NamesIn(native);
+  for (const std::string& name : names.value) {
+    if (Status status = RemoveTree(NativeJoin(native, name)); !status.ok()) return status;
+  }
+  return names.ok() ? StatusOfResult(rmdir(native.c_str())) : names.status;
+}
+
+// rename() that refuses an existing target, also on file systems that cannot do so in one step.
+int RenameToFreeName(const std::string& from, const std::string& to) {
+  const int result = renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE);
+  if (result == 0 || (errno != EINVAL && errno != ENOSYS)) return result;
+  struct stat facts {};
+  if (lstat(to.c_str(), &facts) == 0) {
+    errno = EEXIST;
+    return -1;
+  }
   return std::rename(from.c_str(), to.c_str());
 }
 
@@ -112,9 +192,9 @@ bool IsInTheWay(const Status& status) {
 }
 
 Status JoinFolder(const std::string& from, const std::string& to) {
-  std::vector<std::string> names;
-  Status status = NamesIn(from, names);
-  if (status.ok()) status = MoveNames(from, names, to);
+  const Result<std::vector<std::string>> names = NamesIn(from);
+  if (!names.ok()) return names.status;
+  Status status = MoveNames(from, names.value, to);
   return status.ok() ? StatusOfResult(rmdir(from.c_str())) : status;
 }
 
@@ -139,17 +219,28 @@ Status MovePath(const std::string& from, const std::string& to) {
 }
 
 Status MoveNames(const std::string& from, const std::vector<std::string>& names, const std::string& to) {
-  std::vector<std::string> there;
-  Status status = NamesIn(to, there);
-  if (!status.ok()) return status;
-  const std::vector<std::string> places = PlacesFor(names, there);
+  const Result<std::vector<std::string>> there = NamesIn(to);
+  if (!there.ok()) return there.status;
+  const std::vector<std::string> places = PlacesFor(names, there.value);
   Status in_the_way;
   for (std::size_t i = 0; i < names.size(); ++i) {
-    status = MovePath(NativeJoin(from, names[i]), NativeJoin(to, places[i]));
+    Status status = MovePath(NativeJoin(from, names[i]), NativeJoin(to, places[i]));
     if (!status.ok() && !IsInTheWay(status)) return status;
     if (!status.ok() && in_the_way.ok()) in_the_way = status;
   }
   return in_the_way;
+}
+
+Status RenameFile(std::string_view from, std::string_view to) {
+  const std::string source = RealPath(from);
+  const std::string target = RealPath(to);
+  if (RenameToFreeName(source, target) == 0) {
+    NoteCreated(target);
+    return Status::Success();
+  }
+  if (errno != EXDEV) return LastFailure();
+  const Status copied = CopyToFreeName(source, target);
+  return copied.ok() ? StatusOfResult(unlink(source.c_str())) : copied;
 }
 
 }  // namespace discwright::host

@@ -41,4 +41,7 @@ class NewFile {
   std::string passing_name_;  // what it is called while being written; empty when there is nothing to discard
 };
 
+// Copies a file to a name that is free, without progress; kExists when the name is taken. In copy_file.cpp.
+Status CopyToFreeName(const std::string& from, const std::string& to);
+
 }  // namespace discwright::host

@@ -23,6 +23,6 @@ struct FoundEntry {
 };
 
 // Everything in a folder without "." and "..", sorted by name byte by byte.
-Status FindEntries(std::string_view folder, std::vector<FoundEntry>& entries);
+Result<std::vector<FoundEntry>> FindEntries(std::string_view folder);
 
 }  // namespace discwright::host

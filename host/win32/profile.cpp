@@ -5,11 +5,11 @@
 #include <windows.h>
 
 #include "base/ini_text.h"
+#include "base/paths.h"
 #include "base/utf8.h"
 #include "host/files.h"
+#include "host/names.h"
 #include "host/native_text.h"
-#include "host/system.h"
-#include "host/text_profile.h"
 #include "host/win32/errors.h"
 #include "host/win32/native_path.h"
 
@@ -28,9 +28,9 @@ struct NativeKey {
 
 // The full path. The calls look for a name without a folder in that of Windows.
 std::string PlaceOf(std::string_view file) {
-  const bool is_bare = !file.empty() && NameOf(file) == file;
+  const bool is_bare = !file.empty() && base::NameOf(file) == file;
   const std::string windows = is_bare ? WindowsFolder() : "";
-  return windows.empty() ? PathFromNative(file) : InFolder(windows, file);
+  return windows.empty() ? PathFromNative(file) : base::InFolder(windows, file);
 }
 
 // Nothing when the ANSI code page cannot hold one of them.
@@ -50,12 +50,12 @@ void DropKeptProfile(const std::string& file) { WritePrivateProfileStringA(nullp
 std::optional<std::string> ReadProfileValue(std::string_view file_name, std::string_view section,
                                             std::string_view key) {
   const std::string file = PlaceOf(file_name);
-  std::string bytes;
-  if (!ReadWholeFile(file, bytes).ok()) return std::nullopt;
+  const Result<std::string> bytes = ReadWholeFile(file);
+  if (!bytes.ok()) return std::nullopt;
   const std::optional<NativeKey> native = ToNative(file, section, key);
-  if (!native || base::IsUtf8File(bytes)) return ReadTextProfile(file, section, key);
+  if (!native || base::IsUtf8File(bytes.value)) return ReadTextProfile(file, section, key);
   DropKeptProfile(native->file);
-  std::string value(bytes.size() + 3, '\0');  // no value is longer; room for what is given when there is none
+  std::string value(bytes.value.size() + 3, '\0');  // no value is longer; room for what is given when there is none
   value.resize(GetPrivateProfileStringA(native->section.c_str(), native->key.c_str(), kNoValue, value.data(),
                                         static_cast<DWORD>(value.size()), native->file.c_str()));
   return value == kNoValue ? std::nullopt : std::optional(TextOfCodePage(value));
@@ -64,13 +64,12 @@ std::optional<std::string> ReadProfileValue(std::string_view file_name, std::str
 Status WriteProfileValue(std::string_view file_name, std::string_view section, std::string_view key,
                          std::string_view value) {
   const std::string file = PlaceOf(file_name);
-  std::string bytes;
-  Status status = ReadWholeFile(file, bytes);
-  if (!status.ok() && status.error != ErrorClass::kNotFound) return status;
+  const Result<std::string> bytes = ReadWholeFile(file);
+  if (!bytes.ok() && bytes.status.error != ErrorClass::kNotFound) return bytes.status;
   const std::optional<NativeKey> native = ToNative(file, section, key);
   const std::optional<std::string> native_value = CodePageBytes(base::OneLine(value));
   // Nor may the value's own bytes make UTF-8 of the file by chance.
-  if (!native || !native_value || base::IsUtf8File(bytes) || base::IsUtf8File(*native_value)) {
+  if (!native || !native_value || base::IsUtf8File(bytes.value) || base::IsUtf8File(*native_value)) {
     return WriteTextProfile(file, section, key, value);
   }
   Status written = StatusOfResult(WritePrivateProfileStringA(native->section.c_str(), native->key.c_str(),

@@ -1,5 +1,5 @@
 // Reads the registry.
-#include "host/registry.h"
+#include "host/profile.h"
 
 #include <windows.h>
 

@@ -11,7 +11,8 @@
 #include <string_view>
 #include <vector>
 
-#include "host/links.h"
+#include "host/hard_links.h"
+#include "host/system.h"
 #include "tests/host/temp_folder.h"
 #include "tools/dfl/dfl.h"
 

@@ -5,8 +5,8 @@
 
 #include "base/ini_text.h"
 #include "host/files.h"
+#include "host/names.h"
 #include "host/native_text.h"
-#include "host/system.h"
 #include "tools/createdsk/disk_image.h"
 
 namespace discwright::tools {
@@ -25,7 +25,7 @@ Result FindProfileFolder(std::string_view disks, const std::string& profile, std
   if (found && found->kind == host::EntryKind::kFolder) return Result::Success();
 
   std::string names;
-  for (const host::Entry& entry : host::ListFolder(disks, "*.*").entries) {
+  for (const host::Entry& entry : host::ListFolder(disks, "*.*").value) {
     if (entry.kind == host::EntryKind::kFolder) names += (names.empty() ? "" : ", ") + entry.name;
   }
   if (names.empty()) return Result::Failure("There are no disk profiles in " + Shown(disks) + "; put them there.");
@@ -35,9 +35,9 @@ Result FindProfileFolder(std::string_view disks, const std::string& profile, std
 
 Result ReadProfile(const std::string& folder, bool selection, Profile& profile) {
   const std::string path = folder + "/disk.ini";
-  std::string text;
-  if (const host::Status status = host::ReadWholeFile(path, text); !status.ok()) return CannotRead(path, status);
-  const Result result = ParseProfile(host::DecodeText(text), selection, profile);
+  const host::Result<std::string> text = host::ReadWholeFile(path);
+  if (!text.ok()) return CannotRead(path, text.status);
+  const Result result = ParseProfile(host::DecodeText(text.value), selection, profile);
   return result.ok() ? result : Result::Failure(Shown(path) + ": " + result.failure);
 }
 
@@ -58,7 +58,9 @@ Result ReadOfSize(const std::string& path, const std::string& key, std::size_t s
   std::int64_t found_size = 0;
   if (Result result = FindSource(path, key, found_size); !result.ok()) return result;
   if (found_size == static_cast<std::int64_t>(size)) {
-    if (const host::Status status = host::ReadWholeFile(path, content); !status.ok()) return CannotRead(path, status);
+    host::Result<std::string> read = host::ReadWholeFile(path);
+    if (!read.ok()) return CannotRead(path, read.status);
+    content = std::move(read.value);
     found_size = static_cast<std::int64_t>(content.size());
   }
   if (found_size == static_cast<std::int64_t>(size)) return Result::Success();
@@ -102,8 +104,9 @@ Result MakeImage(const Profile& profile, const std::string& folder, const DiskFo
 
   const auto read_content = [&](const ProfileFile& file, std::string& content) {
     const std::string path = folder + "/" + file.source;
-    const host::Status status = host::ReadWholeFile(path, content);
-    return status.ok() ? Result::Success() : CannotRead(path, status);
+    host::Result<std::string> read = host::ReadWholeFile(path);
+    content = std::move(read.value);
+    return read.ok() ? Result::Success() : CannotRead(path, read.status);
   };
   const Result result = FillDisk(request, read_content, image);
   return result.ok() ? result : Result::Failure(Shown(folder + "/disk.ini") + ": " + result.failure);

@@ -2,8 +2,9 @@
 #include <string>
 #include <vector>
 
-#include "host/arguments.h"
-#include "host/print_stream.h"
+#include "host/console.h"
+#include "host/names.h"
+#include "host/native_text.h"
 #include "host/system.h"
 #include "tools/createdsk/arguments.h"
 #include "tools/createdsk/create_disk.h"

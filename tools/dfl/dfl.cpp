@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "host/system.h"
+#include "host/names.h"
 #include "host/threads.h"
 #include "tools/dfl/compare.h"
 #include "tools/dfl/digest.h"

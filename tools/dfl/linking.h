@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/links.h"
+#include "host/hard_links.h"
 #include "host/threads.h"
 #include "tools/dfl/problems.h"
 #include "tools/dfl/tree.h"

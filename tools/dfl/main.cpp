@@ -1,6 +1,6 @@
 // dfl: replaces duplicate files by hard links, so that mastering stores their content once.
-#include "host/arguments.h"
-#include "host/print_stream.h"
+#include "host/console.h"
+#include "host/native_text.h"
 #include "tools/dfl/dfl.h"
 
 int main(int argc, char** argv) {

@@ -5,7 +5,7 @@
 #include <mutex>
 #include <tuple>
 
-#include "host/system.h"
+#include "host/names.h"
 
 namespace discwright::tools::dfl {
 namespace {

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-#include "host/links.h"
+#include "host/hard_links.h"
 
 namespace discwright::tools::dfl {
 namespace {
@@ -25,8 +25,12 @@ std::span<const std::byte> Reader::Read(std::int64_t position, std::int64_t end,
   const std::int64_t left = std::min(end, file_->facts.size) - position;
   const auto size = static_cast<std::size_t>(std::clamp<std::int64_t>(left, 0, kPieceSize));
   const std::span<std::byte> bytes = std::span(memory).first(size);
-  if (open_ == nullptr && status_.ok())
-    open_ = host::OpenUnchanged(tree_->Path(file_->names[0]), file_->facts, status_);
+  if (open_ == nullptr && status_.ok()) {
+    host::Result<std::unique_ptr<host::BinaryFile>> opened =
+        host::OpenUnchanged(tree_->Path(file_->names[0]), file_->facts);
+    open_ = std::move(opened.value);
+    status_ = std::move(opened.status);
+  }
   if (status_.ok()) status_ = open_->ReadAt(position, bytes);
   return status_.ok() ? bytes : std::span<std::byte>();
 }

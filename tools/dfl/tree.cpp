@@ -38,14 +38,14 @@ Tree::Tree(std::string_view folder, Problems& problems) {
 }
 
 void Tree::Walk(std::string folder, Problems& problems) {
-  host::FactsListing listing = host::ListFacts(folder);
+  host::Result<std::vector<host::NamedFacts>> listing = host::ListFacts(folder);
   if (!listing.status.ok()) {
     problems.Add(names_.size(), folder, "cannot be listed", listing.status);
     return;
   }
   const std::size_t index = folders_.size();
   folders_.push_back(std::move(folder));
-  for (host::NamedFacts& entry : listing.entries) {
+  for (host::NamedFacts& entry : listing.value) {
     if (entry.is_folder) {
       Walk(folders_[index] + entry.name + "\\", problems);
     } else if (entry.facts.size > 0) {

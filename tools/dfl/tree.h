@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/links.h"
+#include "host/hard_links.h"
 #include "tools/dfl/problems.h"
 
 namespace discwright::tools::dfl {

@@ -92,22 +92,22 @@ class Writer {
 
   bool WriteFile(const Node& node, const std::string& path) {
     if (!MoveTo(node.extent)) return false;
-    host::Status status;
-    const std::unique_ptr<host::SourceFile> file = source_.Open(path, status);
-    if (file == nullptr) return Fail(path, CauseOf(status));
+    const auto file = source_.Open(path);
+    if (!file.ok()) return Fail(path, CauseOf(file.status));
     std::uint64_t left = node.size;
     while (left > 0) {
       const std::span<std::uint8_t> room = stream_.Room();
       // Asks for one byte beyond the planned size: if it comes, the file has grown since the tree was read.
       const std::size_t wanted = static_cast<std::size_t>(std::min<std::uint64_t>(room.size(), left + 1));
-      std::size_t count = 0;
-      status = file->Read(room.first(wanted), count);
-      if (!status.ok()) return Fail(path, CauseOf(status));
+      const host::Result<std::size_t> read = file.value->Read(room.first(wanted));
+      if (!read.ok()) return Fail(path, CauseOf(read.status));
+      const std::size_t count = read.value;
       if (count > left) return Fail(path, "the file has grown while it was read");
       if (count < std::min<std::uint64_t>(wanted, left)) return Fail(path, "the file has shrunk while it was read");
       stream_.Fill(count);
       left -= count;
-      if (left == 0 && wanted == count && !IsAtEnd(*file)) return Fail(path, "the file has grown while it was read");
+      if (left == 0 && wanted == count && !IsAtEnd(*file.value))
+        return Fail(path, "the file has grown while it was read");
       if (MustStop()) return false;
     }
     stream_.PadToSector();
@@ -116,8 +116,8 @@ class Writer {
 
   static bool IsAtEnd(host::SourceFile& file) {
     std::array<std::uint8_t, 1> byte{};
-    std::size_t count = 0;
-    return file.Read(byte, count).ok() && count == 0;
+    const host::Result<std::size_t> read = file.Read(byte);
+    return read.ok() && read.value == 0;
   }
 
   // Parts are only ever appended, so the stream must already be at `sector`. The check finds a disagreement between the

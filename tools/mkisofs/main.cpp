@@ -6,9 +6,8 @@
 #include <vector>
 
 #include "base/source_date.h"
-#include "host/arguments.h"
 #include "host/console.h"
-#include "host/print_stream.h"
+#include "host/native_text.h"
 #include "tools/mkisofs/master.h"
 
 int main(int argc, char** argv) {

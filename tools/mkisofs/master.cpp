@@ -6,10 +6,10 @@
 #include <optional>
 
 #include "base/source_date.h"
+#include "host/names.h"
 #include "host/native_text.h"
 #include "host/part_file.h"
 #include "host/source_tree.h"
-#include "host/system.h"
 #include "tools/mkisofs/dates.h"
 #include "tools/mkisofs/image_writer.h"
 #include "tools/mkisofs/layout.h"
@@ -58,9 +58,9 @@ class Run {
 
   // What is wrong with single files goes to problems_, so that one run names them all.
   Result ReadSource() {
-    host::Status status;
-    source_ = host::OpenSourceTree(host::PathFromNative(options_.tree), status);
-    if (source_ == nullptr) return FailureAt(options_.tree, status.cause);
+    auto source = host::OpenSourceTree(host::PathFromNative(options_.tree));
+    if (!source.ok()) return FailureAt(options_.tree, source.status.cause);
+    source_ = std::move(source.value);
     tree_ = ReadTree(*source_, options_, problems_);
     return Result::Success();
   }
@@ -88,14 +88,13 @@ class Run {
   }
 
   Result Write() {
-    host::Status status;
     const std::uint64_t size = std::uint64_t{layout_.sectors} * kSectorSize;
-    const auto file = host::CreatePartFile(host::PathFromNative(options_.output), size, status);
-    if (file == nullptr) return FailureAt(options_.output, CauseOf(status));
+    const auto file = host::CreatePartFile(host::PathFromNative(options_.output), size);
+    if (!file.ok()) return FailureAt(options_.output, CauseOf(file.status));
     Progress progress(messages_, size);
     const ImagePlan plan{options_, tree_, layout_, dates_, surroundings_.stopped};
-    if (Result result = WriteImage(plan, *source_, *file, progress); !result.ok()) return result;
-    status = file->Commit();
+    if (Result result = WriteImage(plan, *source_, *file.value, progress); !result.ok()) return result;
+    const host::Status status = file.value->Commit();
     if (!status.ok()) return FailureAt(options_.output, CauseOf(status));
     progress.ShowEnd(layout_.sectors);
     return Result::Success();

@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "host/system.h"
+#include "host/names.h"
 
 namespace discwright::tools::mkisofs {
 namespace {

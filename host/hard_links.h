@@ -34,21 +34,15 @@ struct NamedFacts {
   FileFacts facts;  // of files only
 };
 
-struct FactsListing {
-  Status status;  // not ok: the folder could not be listed, entries are empty
-  std::vector<NamedFacts> entries;
-};
-
 // The folders and regular files in `folder`, sorted by name byte by byte. Symbolic links and special files are left
 // out.
-FactsListing ListFacts(std::string_view folder);
+Result<std::vector<NamedFacts>> ListFacts(std::string_view folder);
 
 // The facts of a regular file; nothing when there is none under this name. A symbolic link is not followed.
 std::optional<FileFacts> FactsOf(std::string_view path);
 
-// Opens a file for reading if it is still what its facts say, never following a link; null with the reason in `status`
-// otherwise.
-std::unique_ptr<BinaryFile> OpenUnchanged(std::string_view path, const FileFacts& facts, Status& status);
+// Opens a file for reading if it is still what its facts say; otherwise that is the failure. A link is not followed.
+Result<std::unique_ptr<BinaryFile>> OpenUnchanged(std::string_view path, const FileFacts& facts);
 
 enum class LinkEnd {
   kMade,

@@ -1,9 +1,13 @@
-// Calls that not every Windows has: looked up while the program runs, so that it loads everywhere.
+// Which Windows this is, and calls that not every Windows has: they are looked up while the program runs, so that it
+// loads everywhere.
 #pragma once
 
 #include <windows.h>
 
 namespace discwright::host {
+
+// False on Windows 95, 98 and Me, which have no links, no opening of folders and no renaming over a file.
+bool IsNtFamily();
 
 // The call `name` of a library of the system ("kernel32.dll"), or null where this Windows lacks it. The library stays
 // loaded. Give the type of the declared call: NewerCall<decltype(CopyFileExA)>("kernel32.dll", "CopyFileExA").

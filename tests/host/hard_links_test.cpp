@@ -1,10 +1,11 @@
 // Hard links and the facts about files.
-#include "host/links.h"
+#include "host/hard_links.h"
 
 #include <gmock/gmock.h>
 
 #include <array>
 
+#include "host/system.h"
 #include "tests/host/temp_folder.h"
 
 namespace discwright::host {
@@ -14,9 +15,9 @@ using ::testing::ElementsAre;
 using testing::SmallDisk;
 using testing::TempFolder;
 
-std::vector<std::string> NamesOf(const FactsListing& listing) {
+std::vector<std::string> NamesOf(const Result<std::vector<NamedFacts>>& listing) {
   std::vector<std::string> names;
-  for (const NamedFacts& entry : listing.entries) names.push_back(entry.name + (entry.is_folder ? "\\" : ""));
+  for (const NamedFacts& entry : listing.value) names.push_back(entry.name + (entry.is_folder ? "\\" : ""));
   return names;
 }
 
@@ -24,7 +25,7 @@ TEST(ListFacts, FilesAndFolders_AreListedByNameByteByByte) {
   const TempFolder folder;
   for (const char* name : {"b", "C", "a b", "\xC3\xA4"}) folder.Write(name, "x");
   folder.MakeFolder("a");
-  const FactsListing listing = ListFacts(folder.Core());
+  const Result<std::vector<NamedFacts>> listing = ListFacts(folder.Core());
   EXPECT_TRUE(listing.status.ok());
   EXPECT_THAT(NamesOf(listing), ElementsAre("C", "a\\", "a b", "b", "\xC3\xA4"));
 }
@@ -34,11 +35,11 @@ TEST(ListFacts, NamesOfOneFile_HaveTheFactsThatLookingThemUpGives) {
   const TempFolder folder;
   folder.Write("file", "12345");
   folder.MakeHardLink("file", "second");
-  const FactsListing listing = ListFacts(folder.Core());
-  ASSERT_EQ(listing.entries.size(), 2u);
-  EXPECT_TRUE(listing.entries[0].facts.IsUnchanged(*FactsOf(folder.Core("second"))));
-  EXPECT_TRUE(listing.entries[1].facts.IsUnchanged(*FactsOf(folder.Core("file"))));
-  EXPECT_EQ(listing.entries[0].facts.links, 2u);
+  const Result<std::vector<NamedFacts>> listing = ListFacts(folder.Core());
+  ASSERT_EQ(listing.value.size(), 2u);
+  EXPECT_TRUE(listing.value[0].facts.IsUnchanged(*FactsOf(folder.Core("second"))));
+  EXPECT_TRUE(listing.value[1].facts.IsUnchanged(*FactsOf(folder.Core("file"))));
+  EXPECT_EQ(listing.value[0].facts.links, 2u);
 }
 
 TEST(ListFacts, MissingFolderOrFile_IsAFailure) {
@@ -81,11 +82,10 @@ TEST(FileFacts, OtherSizeTimeOrFile_IsAChange) {
 TEST(OpenUnchanged, FileAsItWasListed_IsReadWithoutTouchingItsTimes) {
   const TempFolder folder;
   folder.Write("file", "content");
-  Status status;
-  const auto file = OpenUnchanged(folder.Core("file"), *FactsOf(folder.Core("file")), status);
-  ASSERT_TRUE(file) << status.cause;
+  const auto file = OpenUnchanged(folder.Core("file"), *FactsOf(folder.Core("file")));
+  ASSERT_TRUE(file.ok()) << file.status.cause;
   std::array<std::byte, 7> bytes{};
-  EXPECT_TRUE(file->ReadAt(0, bytes).ok());
+  EXPECT_TRUE(file.value->ReadAt(0, bytes).ok());
   EXPECT_EQ(std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()), "content");
 }
 
@@ -93,12 +93,9 @@ TEST(OpenUnchanged, ChangedOrMissingFile_IsRefused) {
   const TempFolder folder;
   folder.Write("file", "content");
   const FileFacts facts = *FactsOf(folder.Core("file"));
-  Status status;
   folder.Write("file", "longer content");
-  EXPECT_EQ(OpenUnchanged(folder.Core("file"), facts, status), nullptr);
-  EXPECT_FALSE(status.ok());
-  EXPECT_EQ(OpenUnchanged(folder.Core("missing"), facts, status), nullptr);
-  EXPECT_EQ(status.error, ErrorClass::kNotFound);
+  EXPECT_FALSE(OpenUnchanged(folder.Core("file"), facts).ok());
+  EXPECT_EQ(OpenUnchanged(folder.Core("missing"), facts).status.error, ErrorClass::kNotFound);
 }
 
 TEST(MakeHardLink, FreeName_BecomesASecondName) {

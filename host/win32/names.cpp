@@ -1,12 +1,19 @@
-// Text without letter case, for comparing names.
+// How the system spells names and paths, and text without letter case.
+#include "host/names.h"
+
 #include <windows.h>
+
+#include <array>
 
 #include "base/utf8.h"
 #include "host/native_text.h"
-#include "host/system.h"
+#include "host/win32/native_path.h"
+#include "host/win32/native_text.h"
 
 namespace discwright::host {
 namespace {
+
+constexpr std::size_t kShortPathBuffer = 300;
 
 bool IsAscii(char character) { return static_cast<unsigned char>(character) < 0x80; }
 
@@ -35,6 +42,20 @@ std::string FoldCase(std::string_view text) {
     }
   }
   return folded;
+}
+
+std::string NameOnDisc(std::string_view name) { return std::string(name); }
+
+std::string PathFromNative(std::string_view native) { return AbsolutePath(native); }
+
+std::string PathToNative(std::string_view path) { return AbsolutePath(path); }
+
+std::string ShortPath(std::string_view path) {
+  const AnsiPath ansi(path);
+  if (!ansi.status.ok()) return {};
+  std::array<char, kShortPathBuffer> shortened{};
+  return TextOfBuffer(shortened,
+                      GetShortPathNameA(ansi.c_str(), shortened.data(), static_cast<DWORD>(shortened.size())));
 }
 
 }  // namespace discwright::host

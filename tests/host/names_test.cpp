@@ -1,7 +1,7 @@
 // Text without letter case.
 #include <gtest/gtest.h>
 
-#include "host/system.h"
+#include "host/names.h"
 
 namespace discwright::host {
 namespace {

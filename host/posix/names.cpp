@@ -1,9 +1,10 @@
-// Letter case: text without it, for comparing names, and the names of discs that the system shows in lower case.
+// Letter case: finding names in any, text without it, and the names of discs that the system shows in lower case.
 #include <clocale>
 #include <cwctype>
 
 #include "base/utf8.h"
-#include "host/system.h"
+#include "host/names.h"
+#include "host/posix/case_lookup.h"
 
 namespace discwright::host {
 namespace {
@@ -54,5 +55,9 @@ std::string NameOnDisc(std::string_view name) {
   const bool has_upper_case = FoldCase(name) != name;
   return has_upper_case ? std::string(name) : Changed(name, Upper);
 }
+
+std::string PathToNative(std::string_view path) { return RealPath(path); }
+
+std::string ShortPath(std::string_view) { return {}; }
 
 }  // namespace discwright::host

@@ -1,19 +1,17 @@
 // Hard links and what is known of them.
-#include "host/links.h"
+#include "host/hard_links.h"
 
 #include <windows.h>
 
 #include <functional>
 
-#include "host/win32/attributes.h"
-#include "host/win32/binary_file.h"
+#include "base/paths.h"
 #include "host/win32/errors.h"
-#include "host/win32/family.h"
 #include "host/win32/file_facts.h"
 #include "host/win32/find_entries.h"
 #include "host/win32/new_file.h"
-#include "host/win32/newer_call.h"
 #include "host/win32/regular_file.h"
+#include "host/win32/windows_version.h"
 
 namespace discwright::host {
 namespace {
@@ -30,37 +28,36 @@ FileFacts ToFacts(const NativeFacts& facts) {
   return {facts.volume, facts.number, static_cast<std::int64_t>(facts.size), facts.ModifiedNanoseconds(), facts.links};
 }
 
-bool IsListed(const FoundEntry& found) { return !IsLink(found.data) && !IsDevicePath(found.name); }
+bool IsListed(const FoundEntry& found) { return !IsLink(found.data) && !base::IsDevicePath(found.name); }
 
 // What cannot be opened is listed with the little that is known of it, as one more file of its folder's volume: reading
 // it tells why.
 NamedFacts Describe(std::string_view folder, const FoundEntry& found, FileFacts unknown) {
   NamedFacts entry{found.name, found.IsFolder(), {}};
   if (entry.is_folder) return entry;
-  NativeFacts facts;
-  const DoorPath path(InFolder(folder, found.name));
-  if (FactsOfPath(path, Links::kTake, facts).ok()) {
-    entry.facts = ToFacts(facts);
+  const Result<NativeFacts> facts = FactsOfPath(AnsiPath(base::InFolder(folder, found.name)), Links::kTake);
+  if (facts.ok()) {
+    entry.facts = ToFacts(facts.value);
   } else {
     entry.facts = unknown;
-    entry.facts.size = (std::int64_t{found.data.nFileSizeHigh} << 32) | found.data.nFileSizeLow;
+    entry.facts.size = static_cast<std::int64_t>(SizeOf(found.data));
   }
   return entry;
 }
 
 // A refused link may be the fault of this one file (protected, not ours) or of the file system; only trying tells.
-bool FolderTakesLinks(const DoorPath& fresh) {
-  const DoorPath probe(PassingName(fresh));
+bool FolderTakesLinks(const AnsiPath& fresh) {
+  const AnsiPath probe(PassingName(fresh));
   const RegularFile file = OpenRegular(probe, GENERIC_WRITE, CREATE_NEW, ShareEverything());
   if (!file.status.ok()) return true;  // nothing is known; the file's own failure is the better message
-  const DoorPath second(PassingName(fresh));
+  const AnsiPath second(PassingName(fresh));
   const bool takes = FindLinkCall()(second.c_str(), probe.c_str(), nullptr) != 0;
   if (takes) DeleteFileA(second.c_str());
   DeleteFileA(probe.c_str());
   return takes;
 }
 
-LinkEnd EndOf(DWORD error, const DoorPath& fresh) {
+LinkEnd EndOf(DWORD error, const AnsiPath& fresh) {
   switch (error) {
     case ERROR_FILE_EXISTS:
     case ERROR_ALREADY_EXISTS:
@@ -81,47 +78,44 @@ LinkAnswer Failed(Status status) { return {LinkEnd::kFailed, std::move(status)};
 
 }  // namespace
 
-FactsListing ListFacts(std::string_view folder) {
-  FactsListing listing;
-  std::vector<FoundEntry> found;
-  listing.status = FindEntries(folder, found);
-  NativeFacts facts;
-  FactsOfPath(DoorPath(folder), Links::kFollow, facts);
-  for (const FoundEntry& entry : found) {
+Result<std::vector<NamedFacts>> ListFacts(std::string_view folder) {
+  const Result<std::vector<FoundEntry>> found = FindEntries(folder);
+  if (!found.ok()) return found.status;
+  const std::uint64_t volume = FactsOfPath(AnsiPath(folder), Links::kFollow).value.volume;
+  std::vector<NamedFacts> entries;
+  for (const FoundEntry& entry : found.value) {
     // A number that no file is likely to have.
-    const std::string place = std::string(folder) + "\\" + std::to_string(listing.entries.size());
-    const FileFacts unknown{facts.volume, std::hash<std::string>()(place)};
-    if (IsListed(entry)) listing.entries.push_back(Describe(folder, entry, unknown));
+    const std::string place = std::string(folder) + "\\" + std::to_string(entries.size());
+    const FileFacts unknown{volume, std::hash<std::string>()(place)};
+    if (IsListed(entry)) entries.push_back(Describe(folder, entry, unknown));
   }
-  return listing;
+  return entries;
 }
 
 std::optional<FileFacts> FactsOf(std::string_view path) {
-  const DoorPath door(path);
-  NativeFacts facts;
-  if (!FactsOfPath(door, Links::kTake, facts).ok() || facts.IsFolder() || IsLink(door)) return std::nullopt;
-  return ToFacts(facts);
+  const AnsiPath ansi(path);
+  const Result<NativeFacts> facts = FactsOfPath(ansi, Links::kTake);
+  if (!facts.ok() || facts.value.IsFolder() || IsLink(ansi)) return std::nullopt;
+  return ToFacts(facts.value);
 }
 
-std::unique_ptr<BinaryFile> OpenUnchanged(std::string_view path, const FileFacts& facts, Status& status) {
-  const DoorPath door(path);
+Result<std::unique_ptr<BinaryFile>> OpenUnchanged(std::string_view path, const FileFacts& facts) {
+  const AnsiPath ansi(path);
   const std::optional<FileFacts> named = FactsOf(path);
   const DWORD flags = IsNtFamily() ? FILE_FLAG_OPEN_REPARSE_POINT : 0;
-  RegularFile file = OpenRegular(door, GENERIC_READ, OPEN_EXISTING, ShareEverything(), flags);
-  status = file.status;
-  if (!status.ok()) return nullptr;
-  // On the NT family the open file itself is asked: another one may have taken its name just now.
-  NativeFacts opened;
-  const bool is_known = IsNtFamily() ? FactsOfHandle(file.handle.get(), opened).ok() : named.has_value();
-  const FileFacts now = IsNtFamily() || !named ? ToFacts(opened) : *named;
-  if (named && is_known && now.IsUnchanged(facts)) return WrapBinaryFile(std::move(file.handle));
-  status = Status::Failure(ErrorClass::kOther, "The file has changed");
-  return nullptr;
+  RegularFile file = OpenRegular(ansi, GENERIC_READ, OPEN_EXISTING, ShareEverything(), flags);
+  if (!file.status.ok()) return file.status;
+  if (named) {
+    // On the NT family the open file itself is asked: another one may have taken its name just now.
+    const FileFacts now = IsNtFamily() ? ToFacts(FactsOfHandle(file.handle.get()).value) : *named;
+    if (now.IsUnchanged(facts)) return WrapBinaryFile(std::move(file.handle));
+  }
+  return Status::Failure(ErrorClass::kOther, "The file has changed");
 }
 
 LinkAnswer MakeHardLink(std::string_view existing, std::string_view fresh) {
-  const DoorPath from(existing);
-  const DoorPath to(fresh);
+  const AnsiPath from(existing);
+  const AnsiPath to(fresh);
   if (!from.status.ok()) return Failed(from.status);
   if (!to.status.ok()) return Failed(to.status);
   if (FindLinkCall() == nullptr) return {LinkEnd::kUnsupported, StatusOf(ERROR_NOT_SUPPORTED)};
@@ -131,9 +125,9 @@ LinkAnswer MakeHardLink(std::string_view existing, std::string_view fresh) {
 }
 
 Status MoveOver(std::string_view from, std::string_view to) {
-  const DoorPath source(from);
-  const DoorPath target(to);
-  for (const DoorPath* path : {&source, &target}) {
+  const AnsiPath source(from);
+  const AnsiPath target(to);
+  for (const AnsiPath* path : {&source, &target}) {
     if (!path->status.ok()) return path->status;
     if (!IsThere(*path)) return LastFailure();
   }
@@ -142,7 +136,7 @@ Status MoveOver(std::string_view from, std::string_view to) {
 
 bool RemoveSpareName(std::string_view path) {
   const std::optional<FileFacts> facts = FactsOf(path);
-  return facts && facts->links > 1 && DeleteForSure(DoorPath(path)).ok();
+  return facts && facts->links > 1 && DeleteForSure(AnsiPath(path)).ok();
 }
 
 }  // namespace discwright::host

@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "base/utf8.h"
-#include "host/system.h"
+#include "host/names.h"
 
 namespace discwright::host {
 namespace {
@@ -49,6 +49,8 @@ TEST(NameOnDisc, DigitsBytesThatAreNotUtf8AndNothing_StayAsTheyAre) {
   EXPECT_EQ(NameOnDisc("a\xC4z"), "A\xC4Z");
   EXPECT_EQ(NameOnDisc(""), "");
 }
+
+TEST(ShortPath, ExistingPath_HasNone) { EXPECT_EQ(ShortPath("\\"), ""); }
 
 }  // namespace
 }  // namespace discwright::host

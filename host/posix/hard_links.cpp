@@ -1,7 +1,6 @@
 // Hard links and what is known of them.
-#include "host/links.h"
+#include "host/hard_links.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <linux/fs.h>
 #include <sys/stat.h>
@@ -10,11 +9,11 @@
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
-#include <memory>
 
-#include "host/posix/binary_file.h"
 #include "host/posix/errors.h"
+#include "host/posix/folder_reader.h"
 #include "host/posix/native_path.h"
+#include "host/posix/regular_file.h"
 #include "host/posix/unique_fd.h"
 
 namespace discwright::host {
@@ -34,18 +33,6 @@ std::optional<NamedFacts> Describe(int folder_fd, const dirent& found) {
   if (S_ISDIR(facts.st_mode)) return NamedFacts{CoreName(found.d_name), true, {}};
   if (!S_ISREG(facts.st_mode)) return std::nullopt;
   return NamedFacts{CoreName(found.d_name), false, ToFacts(facts)};
-}
-
-Status ReadFacts(DIR* stream, std::vector<NamedFacts>& entries) {
-  for (;;) {
-    errno = 0;
-    const dirent* found = readdir(stream);
-    if (found == nullptr) return errno == 0 ? Status::Success() : LastFailure();
-    const std::string_view name = found->d_name;
-    if (name == "." || name == "..") continue;
-    std::optional<NamedFacts> entry = Describe(dirfd(stream), *found);
-    if (entry) entries.push_back(std::move(*entry));
-  }
 }
 
 UniqueFd OpenQuietly(const std::string& native) {
@@ -96,20 +83,16 @@ LinkEnd EndOf(int error, const std::string& existing, const std::string& fresh) 
 
 }  // namespace
 
-FactsListing ListFacts(std::string_view folder) {
-  FactsListing listing;
-  UniqueFd fd(open(NativePath(folder).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  const std::unique_ptr<DIR, int (*)(DIR*)> stream(fd.valid() ? fdopendir(fd.get()) : nullptr, closedir);
-  if (stream == nullptr) {
-    listing.status = LastFailure();
-    return listing;
+Result<std::vector<NamedFacts>> ListFacts(std::string_view folder) {
+  std::vector<NamedFacts> entries;
+  FolderReader reader(NativePath(folder));
+  while (const dirent* found = reader.Next()) {
+    std::optional<NamedFacts> entry = Describe(reader.fd(), *found);
+    if (entry) entries.push_back(std::move(*entry));
   }
-  fd.Release();
-  listing.status = ReadFacts(stream.get(), listing.entries);
-  if (!listing.status.ok()) listing.entries.clear();
-  std::sort(listing.entries.begin(), listing.entries.end(),
-            [](const NamedFacts& a, const NamedFacts& b) { return a.name < b.name; });
-  return listing;
+  if (!reader.status().ok()) return reader.status();
+  std::sort(entries.begin(), entries.end(), [](const NamedFacts& a, const NamedFacts& b) { return a.name < b.name; });
+  return entries;
 }
 
 std::optional<FileFacts> FactsOf(std::string_view path) {
@@ -118,16 +101,12 @@ std::optional<FileFacts> FactsOf(std::string_view path) {
   return ToFacts(facts);
 }
 
-std::unique_ptr<BinaryFile> OpenUnchanged(std::string_view path, const FileFacts& facts, Status& status) {
+Result<std::unique_ptr<BinaryFile>> OpenUnchanged(std::string_view path, const FileFacts& facts) {
   UniqueFd fd = OpenQuietly(NativePath(path));
   struct stat now {};
-  if (!fd.valid() || fstat(fd.get(), &now) != 0) {
-    status = LastFailure();
-    return nullptr;
-  }
+  if (!fd.valid() || fstat(fd.get(), &now) != 0) return LastFailure();
   if (S_ISREG(now.st_mode) && ToFacts(now).IsUnchanged(facts)) return WrapBinaryFile(std::move(fd));
-  status = Status::Failure(ErrorClass::kOther, "The file has changed");
-  return nullptr;
+  return Status::Failure(ErrorClass::kOther, "The file has changed");
 }
 
 LinkAnswer MakeHardLink(std::string_view existing, std::string_view fresh) {
