@@ -1,4 +1,4 @@
-// Puts the recovery tools onto the CD.
+// Copies the recovery tools into the workspace.
 #include "integration/advanced_tools.h"
 
 #include <map>
@@ -19,12 +19,12 @@ namespace {
 
 using util::Item;
 
-constexpr const char* kLoader = "\\I386\\SETUPLDR.BIN";  // below the staging folder
+constexpr const char* kLoader = "\\I386\\SETUPLDR.BIN";  // both relative to the staging folder
 constexpr const char* kScript = "\\I386\\TXTSETUP.SIF";
 
 struct Patch {
   Item folder;
-  const char* file;  // below the folder
+  const char* file;  // relative to the folder
   const char* find;
   const char* replace;
 };
@@ -44,7 +44,8 @@ constexpr Patch kErdCPatches[] = {
     {Item::kWorkspace, "\\boot\\images\\erdc.bin", "I386", "ERDC"},
 };
 
-// A loader that names its folder in upper case only stays as it is, unlike that of ERD Commander: meant.
+// Unlike for ERD Commander, a loader that contains the folder name only in upper case is not patched. Kept as it has
+// always been; PatchFolderName notes it.
 constexpr Patch kBConPatches[] = {
     {Item::kStaging, kLoader, "i386", "oobc"},
     {Item::kStaging, kScript, "i386", "oobc"},
@@ -54,7 +55,7 @@ constexpr Patch kBConPatches[] = {
 constexpr Tool kErdC = {"ERD Commander", "Adding ERD Commander 2002/2003 Files", "erdc.bin", "\\ERDC", kErdCPatches};
 constexpr Tool kBCon = {"O&O BlueCon", "Adding O&&O BlueCon XXL Files", "oobc.bin", "\\OOBC", kBConPatches};
 
-// What no patch has reached still names I386, or is not there: the step goes on, and the CD will not do what was meant.
+// Notes every file in which no patch replaced anything: it is missing, or it still contains the name I386.
 void PatchFolderName(steps::Context& context, const Tool& tool) {
   std::map<std::string, bool> patched;
   for (const Patch& patch : tool.patches) {
@@ -65,13 +66,13 @@ void PatchFolderName(steps::Context& context, const Tool& tool) {
   for (const auto& [file, replaced] : patched) {
     if (replaced) continue;
     const std::string name = tool.name;
-    context.notes.Add(file, host::Look(file) ? "was not given the new name of its folder: on the CD " + name +
-                                                   " may find the files of Windows Setup instead"
-                                             : "is missing, and " + name + " cannot be started from the CD");
+    context.notes.Add(file, host::Look(file) ? "was not patched to use the new folder name: on the CD, " + name +
+                                                   " may start with the files of Windows Setup"
+                                             : "is missing: " + name + " cannot be started from the CD");
   }
 }
 
-std::string Reason(const std::string& answer) { return answer.empty() ? "" : " (" + answer + ")"; }
+std::string InParentheses(const std::string& answer) { return answer.empty() ? "" : " (" + answer + ")"; }
 
 bool AddTool(steps::Context& context, const Tool& tool, const std::string& location) {
   forms::FrmDiscwright& main = context.main();
@@ -85,7 +86,7 @@ bool AddTool(steps::Context& context, const Tool& tool, const std::string& locat
   if (answer.empty()) return true;
   context.notes.Add(setup_folder, std::string("could not be renamed to ")
                                       .append(tool.folder + 1)
-                                      .append(Reason(answer))
+                                      .append(InParentheses(answer))
                                       .append(": ")
                                       .append(tool.name)
                                       .append(" cannot be started from the CD, and its files may have replaced those "
@@ -93,30 +94,30 @@ bool AddTool(steps::Context& context, const Tool& tool, const std::string& locat
   return true;
 }
 
-// One name after the other: some shells leave a folder behind, without a word, when the destination has one of its
-// name, and some stop at a file whose place a folder has.
-void MoveWhatIsLeft(steps::Context& context, const std::string& from, const std::string& to) {
-  for (const host::Entry& left : host::ListFolder(from, "*.*").value) {
-    const std::string source = from + "\\" + left.name;
-    const std::optional<host::Entry> there = host::Look(to + "\\" + left.name);
-    if (there && there->kind != left.kind) continue;
-    if (there && left.kind == host::EntryKind::kFolder) {
-      MoveWhatIsLeft(context, source, to + "\\" + left.name);
-      host::RemoveEmptyFolder(source);  // stays where something is left in it
+// Moves the entries that the shell left in the staging folder, one by one. Some shells silently skip a folder if the
+// destination contains a folder of the same name. Others stop at a file whose name a folder in the destination has.
+void MoveRemaining(steps::Context& context, const std::string& from, const std::string& to) {
+  for (const host::Entry& entry : host::ListFolder(from, "*.*").value) {
+    const std::string source = from + "\\" + entry.name;
+    const std::optional<host::Entry> existing = host::Look(to + "\\" + entry.name);
+    if (existing && existing->kind != entry.kind) continue;
+    if (existing && entry.kind == host::EntryKind::kFolder) {
+      MoveRemaining(context, source, to + "\\" + entry.name);
+      host::RemoveEmptyFolder(source);  // fails, as it should, if something could not be moved out of the folder
     } else {
       MoveWithShell(context.main().window, source, to, 0, "");
     }
   }
 }
 
-// What is left goes with the staging folder, whatever the shell's answer was.
+// Entries that could not be moved are noted and then deleted together with the staging folder.
 void MoveToTree(steps::Context& context) {
   const std::string answer = MoveWithShell(context.main().window, util::PathOf(Item::kStaging) + "\\*.*",
                                            util::PathOf(Item::kWorkspace), 0, "");
-  if (answer != "Aborted") MoveWhatIsLeft(context, util::PathOf(Item::kStaging), util::PathOf(Item::kWorkspace));
-  for (const host::Entry& left : host::ListFolder(util::PathOf(Item::kStaging), "*.*").value) {
-    context.notes.Add(util::PathOf(Item::kStaging) + "\\" + left.name,
-                      "could not be moved onto the CD" + Reason(answer));
+  if (answer != "Aborted") MoveRemaining(context, util::PathOf(Item::kStaging), util::PathOf(Item::kWorkspace));
+  for (const host::Entry& entry : host::ListFolder(util::PathOf(Item::kStaging), "*.*").value) {
+    context.notes.Add(util::PathOf(Item::kStaging) + "\\" + entry.name,
+                      "could not be moved onto the CD" + InParentheses(answer));
   }
   util::DelTree(util::PathOf(Item::kStaging), &context.notes);
 }
@@ -127,7 +128,7 @@ void AddAdvTools(steps::Context& context, const ToolChoices& choices) {
   if (!choices.GetErdC && !choices.GetBCon) return;
   if ((choices.GetErdC && !AddTool(context, kErdC, choices.ErdCLoc)) ||
       (choices.GetBCon && !AddTool(context, kBCon, choices.BConLoc))) {
-    // Users and their documents know this text. It names Windows Setup although a tool has failed, and is kept.
+    // The text names Windows Setup although a tool has failed. It is kept because users and documents know it.
     HaltIntegration(context, "Windows 2000/XP installation");
     return;
   }

@@ -1,5 +1,4 @@
-// Copying by pattern, boot sectors, moving and renaming, and the end of a build that a step of this room cannot go on
-// with.
+// Copies files by pattern, moves and renames them, and ends the build when an integration step fails.
 #include "integration/file_operations.h"
 
 #include "host/files.h"
@@ -33,7 +32,7 @@ bool CopyMatchingFiles(util::Notes& notes, const std::string& SourceSpec, const 
   util::AddBackslash(to);
   util::EntryFilter filter(notes, from);
   const host::Listing listing = host::ListFolder(from, pattern);
-  // A folder that is not there has no such files, and the callers say what they miss.
+  // A missing folder contains no such files. If a caller needs one, it notes the missing file itself.
   const bool is_missing = listing.status.error == host::ErrorClass::kNotFound;
   if (!is_missing && !notes.Check(listing.status, from, "could not be listed")) return false;
   for (const host::Entry& entry : listing.value) {
@@ -44,7 +43,7 @@ bool CopyMatchingFiles(util::Notes& notes, const std::string& SourceSpec, const 
                                                            [](host::CopyEvent, std::int64_t) { return true; });
     const bool is_last = &entry == &listing.value.back();
     const std::string what =
-        is_last ? "could not be copied" : "could not be copied, nor was any of " + pattern + " after it";
+        is_last ? "could not be copied" : "could not be copied, nor were the files after it that match " + pattern;
     if (!notes.Check(status, from + entry.name, what)) return false;
   }
   return true;
@@ -52,7 +51,9 @@ bool CopyMatchingFiles(util::Notes& notes, const std::string& SourceSpec, const 
 
 std::string MoveWithShell(void* OwnerWindow, const std::string& Source, const std::string& Destination,
                           std::uint16_t Flags, const std::string& Title) {
-  const auto flags = static_cast<std::uint16_t>(Flags + kWithoutQuestions);  // added, not joined bit by bit: meant
+  // The flags are added and not combined with "|", so a flag that is given twice becomes another one. Kept as it has
+  // always been.
+  const auto flags = static_cast<std::uint16_t>(Flags + kWithoutQuestions);
   return Answer(host::RunShellOperation({host::ShellVerb::kMove, OwnerWindow, Source, Destination, flags, Title}));
 }
 
@@ -66,7 +67,7 @@ void CopyBootSector(steps::Context& context, const std::string& name) {
   const std::string source = util::PathOf(util::Item::kBootSectors) + "\\" + name;
   CopyMatchingFiles(context.notes, source, util::PathOf(util::Item::kWorkspace) + "\\boot\\images\\" + name);
   if (util::FileExists(source)) return;
-  context.notes.Add(source, "is missing, and what it starts cannot be started from the CD");
+  context.notes.Add(source, "is missing: the system that this boot sector starts cannot be started from the CD");
 }
 
 void HaltIntegration(steps::Context& context, const std::string& what) {

@@ -1,4 +1,4 @@
-// The file operations that the integration steps share. Copying whole folders is steps::CopyToTree.
+// File operations that several integration steps use. To copy a whole folder, use steps::CopyToTree.
 #pragma once
 
 #include <cstdint>
@@ -9,23 +9,26 @@
 
 namespace discwright::integration {
 
-// Copies the files that match `SourceSpec`, whose last name may have wildcards, into the folder of `DestSpec`, whose
-// last name is ignored; hidden and system files too. The first file that fails ends it, as does a folder that cannot be
-// listed, but not one that is missing: false, and noted.
+// Copies the files that match `SourceSpec` into the folder of `DestSpec`. The last name of `SourceSpec` may contain
+// wildcards; the last name of `DestSpec` is ignored. Hidden and system files are copied too. The copy ends at the first
+// file that cannot be copied, or if the folder cannot be listed: the result is false, and the failure is noted. A
+// missing folder is not a failure.
 bool CopyMatchingFiles(util::Notes& notes, const std::string& SourceSpec, const std::string& DestSpec,
                        util::CopiedNames names = util::CopiedNames::kAsListed);
 
-// Moves (the last name of `Source` may have wildcards) or renames as the desktop's shell does it, without questions.
-// The answer is empty, "Aborted", or the shell's number for what went wrong. `Flags` are the shell's.
+// Moves or renames with the shell of the desktop, without asking the user. The last name of `Source` may contain
+// wildcards. `Flags` are those of the shell. The result is empty after a success. Otherwise it is "Aborted", or the
+// error number of the shell.
 std::string MoveWithShell(void* OwnerWindow, const std::string& Source, const std::string& Destination,
                           std::uint16_t Flags, const std::string& Title);
 std::string RenameWithShell(void* OwnerWindow, const std::string& OldName, const std::string& NewName,
                             const std::string& Title);
 
-// Copies "files\bootsect\`name`" to "boot\images" of the CD's tree; one that is missing is noted.
+// Copies the boot sector `name` from "files\bootsect" of the program folder to "boot\images" of the workspace. A
+// missing boot sector is noted.
 void CopyBootSector(steps::Context& context, const std::string& name);
 
-// Ends the build with the box of a fatal error while integrating `what`.
+// Ends the build with the message "A fatal Error occured while integrating the ..."; `what` completes the sentence.
 void HaltIntegration(steps::Context& context, const std::string& what);
 
 }  // namespace discwright::integration

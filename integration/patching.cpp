@@ -1,4 +1,4 @@
-// Patching files in place.
+// Replaces bytes or text in files.
 #include "integration/patching.h"
 
 #include <algorithm>
@@ -16,7 +16,7 @@ namespace discwright::integration {
 
 namespace {
 
-// The hourglass, for as long as it lives.
+// Shows the busy pointer during its lifetime.
 class BusyPointer {
  public:
   explicit BusyPointer(forms::Form& form) : form_(form) { form_.busy = true; }
@@ -28,7 +28,7 @@ class BusyPointer {
   forms::Form& form_;
 };
 
-// Find and replacement in bytes, one for each character.
+// The text to find and its replacement, in bytes of the code page.
 struct Pattern {
   std::string find;
   std::string replace;
@@ -41,27 +41,28 @@ std::optional<Pattern> InCodePage(std::string_view FindText, std::string_view Re
 }
 
 host::Status PastTheEnd() {
-  return host::Status::Failure(host::ErrorClass::kOther, "the place to patch reaches past the end of the file");
+  return host::Status::Failure(host::ErrorClass::kOther, "the bytes to replace reach past the end of the file");
 }
 
 host::Status NotInCodePage() {
   return host::Status::Failure(host::ErrorClass::kOther,
-                               "a text to find or to write has characters that the system's code page lacks");
+                               "the text to find or its replacement has characters that the system's code page lacks");
 }
 
-// Whether the pattern stands at a place; nothing when only the end of the file stops the comparison.
-std::optional<bool> StandsAt(std::string_view bytes, std::size_t place, std::string_view find) {
+// Whether `find` occurs at this position. Returns nothing when the file ends before the comparison is decided.
+std::optional<bool> OccursAt(std::string_view bytes, std::size_t place, std::string_view find) {
   const std::string_view here = bytes.substr(place, find.size());
   if (!find.starts_with(here)) return false;
   return here.size() == find.size() ? std::optional(true) : std::nullopt;
 }
 
-// Goes on behind the first byte of what it has just written, and fails where it would have to look or write beyond the
-// end: both are meant.
+// Two rules are kept as they have always been. The search continues at the byte after the start of a replacement, so it
+// also examines bytes that were just written. And if the search or a replacement would reach past the end of the file,
+// the whole patch fails.
 host::Status ReplaceBytes(std::string& bytes, const Pattern& pattern, bool& replaced) {
-  if (pattern.find.empty()) return host::Status::Failure(host::ErrorClass::kOther, "there is nothing to find");
+  if (pattern.find.empty()) return host::Status::Failure(host::ErrorClass::kOther, "the text to find is empty");
   for (std::size_t place = 0; place < bytes.size(); ++place) {
-    const std::optional<bool> found = StandsAt(bytes, place, pattern.find);
+    const std::optional<bool> found = OccursAt(bytes, place, pattern.find);
     if (!found) return PastTheEnd();
     if (!*found) continue;
     if (pattern.replace.size() > bytes.size() - place) return PastTheEnd();
@@ -71,8 +72,8 @@ host::Status ReplaceBytes(std::string& bytes, const Pattern& pattern, bool& repl
   return host::Status::Success();
 }
 
-// Every character as it is compared. Each byte is one: where the code page has characters of two bytes, equal ones have
-// equal bytes all the same.
+// Each byte as a text with its letter case folded. Characters of two bytes, which some code pages have, are compared
+// byte by byte; equal characters have equal bytes.
 std::vector<std::string> WithoutLetterCase(std::string_view bytes) {
   std::vector<std::string> characters;
   characters.reserve(bytes.size());
@@ -95,7 +96,7 @@ std::string WithReplacements(const std::string& bytes, const Pattern& pattern) {
   }
 }
 
-// Reads a file, lets `change` work on its bytes and writes them back. `change` clears them to have nothing written.
+// Reads a file, passes its bytes to `change`, and writes them back. If `change` leaves no bytes, nothing is written.
 host::Status Rewrite(const std::string& file, const std::function<host::Status(std::string& bytes)>& change) {
   if (host::Status status = host::ClearAttributes(file); !status.ok()) return status;
   host::Result<std::string> bytes = host::ReadWholeFile(file);
@@ -127,7 +128,7 @@ bool PatchBinaryFile(steps::Context& context, const std::string& FileName, std::
     });
   }
   if (!status.ok()) ShowPatchingError(context, FileName, " in Hex mode", status);
-  // True after a replacement in memory even when nothing was written: meant.
+  // Also true when bytes were replaced in memory but the file could not be written. Kept as it has always been.
   return replaced;
 }
 

@@ -1,4 +1,4 @@
-// Patching files in place: bytes of a program, or text of a script.
+// Patches files in place: PatchBinaryFile replaces bytes in a program, PatchTextFile replaces text in a script.
 #pragma once
 
 #include <string>
@@ -8,15 +8,15 @@
 
 namespace discwright::integration {
 
-// Replaces the bytes of `FindText` wherever they stand, letter case and all, by those of `ReplaceText` (both in the
-// code page); the file keeps its length and its times. True when at least one place was replaced. A missing or empty
-// file is none; a failure is shown ("Patching Error") and noted, and leaves the file as it was.
+// Overwrites each occurrence of `FindText` with `ReplaceText`, both as bytes of the code page. Letter case matters. The
+// file keeps its length and its times. Returns whether at least one occurrence was overwritten; false for a missing or
+// empty file. A failure is shown ("Patching Error") and noted, and the file stays as it was.
 bool PatchBinaryFile(steps::Context& context, const std::string& FileName, std::string_view FindText,
                      std::string_view ReplaceText);
 
-// Replaces `FindText` wherever it stands, in any letter case, by `ReplaceText`, and ends the file with one more line
-// end. Always false: no caller asks whether a place was replaced. A missing file is no failure; a failure is shown and
-// noted as above.
+// Replaces each occurrence of `FindText` by `ReplaceText`. Letter case does not matter. Each call adds a line end at
+// the end of the file. A missing file is not a failure; any other failure is shown and noted as above. The result is
+// always false, and no caller uses it. The line end and the result are kept as they have always been.
 bool PatchTextFile(steps::Context& context, const std::string& FileName, std::string_view FindText,
                    std::string_view ReplaceText);
 

@@ -1,4 +1,4 @@
-// The tag files of the Windows 2000/XP setup CDs, and the verdict that they add up to.
+// The tables of the tag files on Windows 2000/XP setup CDs.
 #include "integration/source_identification.h"
 
 #include <span>
@@ -21,8 +21,8 @@ struct ServicePack {
 };
 
 struct WindowsFamily {
-  std::span<const Edition> editions;           // the last one found wins
-  std::span<const ServicePack> service_packs;  // highest first; the first one found wins
+  std::span<const Edition> editions;           // if several are found, the last one counts
+  std::span<const ServicePack> service_packs;  // highest first; the first one found counts
   std::int16_t build_num;
   std::int16_t major_ver;
   std::int16_t minor_ver;
@@ -33,7 +33,8 @@ constexpr Edition kXpEditions[] = {
     {"\\WIN51IC", "Microsoft Windows XP Home Edition"},
 };
 
-// Only the Professional tag names, on purpose: a Home Edition is shown without its service pack.
+// These are the tag files of the Professional edition only, so a Home Edition is shown without its service pack. Kept
+// as it has always been.
 constexpr ServicePack kXpServicePacks[] = {
     {"\\WIN51IP.SP3", " SP3"},
     {"\\WIN51IP.SP2", " SP2"},
@@ -80,8 +81,8 @@ const ServicePack* FindServicePack(const WindowsFamily& family, std::string_view
 void IdentifyWinVer(forms::FrmDiscwright& main, std::string_view Source, std::int16_t& BuildNum, std::int16_t& MajorVer,
                     std::int16_t& MinorVer) {
   std::string caption = "Unknown Windows Version";
-  // One for both families: a Windows XP service pack also blocks the suffix of a Windows 2000 found beside it,
-  // although its own goes with the overwritten caption. Meant.
+  // Both families share this variable. If a folder has the tag files of both, Windows 2000 replaces the caption and is
+  // shown without a service pack once one of Windows XP was found. Kept as it has always been.
   const ServicePack* service_pack = nullptr;
   for (const WindowsFamily& family : kFamilies) {
     const Edition* edition = FindEdition(family, Source);

@@ -1,4 +1,5 @@
-// Which Windows 2000/XP edition and service pack a setup CD holds, told by its tag files.
+// Recognises the Windows 2000/XP edition and the service pack on a setup CD by its tag files. Call ShowWinVer when the
+// user has chosen a CD.
 #pragma once
 
 #include <cstdint>
@@ -9,12 +10,12 @@
 
 namespace discwright::integration {
 
-// Examines the root of a setup CD (no trailing separator) and shows the verdict in LblWin2KOSVer. The three numbers
-// are set only when an edition is recognised.
+// Examines the root folder of a setup CD, given without a separator at its end, and shows the edition in LblWin2KOSVer.
+// Sets the three numbers only if it recognises an edition, for example 2600, 5 and 1 for Windows XP.
 void IdentifyWinVer(forms::FrmDiscwright& main, std::string_view Source, std::int16_t& BuildNum, std::int16_t& MajorVer,
                     std::int16_t& MinorVer);
 
-// The same, for callers that do not need the numbers.
+// Shows the edition in LblWin2KOSVer.
 void ShowWinVer(forms::FrmDiscwright& main, const std::string& Source);
 
 }  // namespace discwright::integration

@@ -1,4 +1,4 @@
-// Copies the utilities folder and the additional files onto the CD tree.
+// Copies the utilities folder and the additional files into the workspace.
 #include "integration/vexa_files.h"
 
 #include <string>
@@ -33,7 +33,8 @@ bool CopyAdditionalFiles(steps::Context& context, std::string_view AddFiles_Loc)
 void AddVexa_Files(steps::Context& context, const FileChoices& choices) {
   const bool complete = (!choices.AddUtils || CopyUtilities(context, choices.Utils_Loc)) &&
                         (!choices.AddAddFiles || CopyAdditionalFiles(context, choices.AddFiles_Loc));
-  // The text names the utilities also when the additional files have failed. Users know it so, and it is kept.
+  // The text names the utilities even if the additional files have failed. It is kept because users and documents know
+  // it.
   if (!complete) HaltIntegration(context, "Vexa Utilities");
 }
 

@@ -1,4 +1,4 @@
-// The utilities folder and the additional files on the CD tree.
+// Adds the utilities folder and the user's additional files to the CD. Call AddVexa_Files once per build.
 #pragma once
 
 #include <string>
@@ -10,10 +10,11 @@ namespace discwright::integration {
 struct FileChoices {
   bool AddUtils = false;
   bool AddAddFiles = false;
-  std::string Utils_Loc = {};     // goes to the CD's folder "vexa"
-  std::string AddFiles_Loc = {};  // goes to the CD's root
+  std::string Utils_Loc = {};     // the source of the CD's folder "vexa"
+  std::string AddFiles_Loc = {};  // its contents are copied to the root of the CD
 };
 
+// Copies the chosen folders into the workspace. A failure that ends the build is shown.
 void AddVexa_Files(steps::Context& context, const FileChoices& choices);
 
 }  // namespace discwright::integration

@@ -1,4 +1,4 @@
-// Puts Windows 2000/XP/2003 Setup onto the CD.
+// Copies the setup files of Windows 2000/XP/2003 into the workspace.
 #include "integration/win2k.h"
 
 #include <array>
@@ -22,8 +22,8 @@ namespace discwright::integration {
 
 namespace {
 
-// Every program for Windows begins with the two bytes "MZ". A file that cannot be looked into is left to the system,
-// which says why when it cannot start it.
+// Every Windows program begins with the two bytes "MZ". The result is false for a file that cannot be read: when the
+// system fails to start it, the system gives a better reason.
 bool IsNoWindowsProgram(const std::string& SP_exe) {
   const auto file = host::OpenBinary(util::StripQuotes(SP_exe), host::OpenMode::kRead);
   if (!file.ok()) return false;
@@ -34,36 +34,35 @@ bool IsNoWindowsProgram(const std::string& SP_exe) {
   return file.value->ReadAt(0, start).ok() && start != kProgramStart;
 }
 
-// The build goes on without the service pack, which the CD is then missing: a note as well as a box.
-void GoOnWithoutServicePack(steps::Context& context, const std::string& SP_exe, const std::string& why) {
+// The build continues without the service pack. The message tells the user at once; the note is for the final report.
+void SkipServicePack(steps::Context& context, const std::string& SP_exe, const std::string& why) {
   context.notes.Add(SP_exe, "was not slipstreamed");
   context.user.ShowMessage({why, "Can't Slipstream Service Pack", host::MessageIcon::kExclamation});
 }
 
 void Slipstream(steps::Context& context, const std::string& SP_exe) {
   if (!util::IsWinNT()) {
-    GoOnWithoutServicePack(context, SP_exe,
-                           "Can't integrate the Windows Service Pack if running in a Windows 9x environment");
+    SkipServicePack(context, SP_exe, "Can't integrate the Windows Service Pack if running in a Windows 9x environment");
     return;
   }
   context.main().LblSub_Step.caption = "Slipstreaming Windows 2000/XP Service Pack";
-  if (!util::FileExists(SP_exe)) {  // no message: meant
+  // A note, but no message: the wizard has checked the path before the build. Kept as it has always been.
+  if (!util::FileExists(SP_exe)) {
     context.notes.Add(SP_exe, "was not slipstreamed: there is no such file");
     return;
   }
   if (IsNoWindowsProgram(SP_exe)) {
-    GoOnWithoutServicePack(
-        context, SP_exe,
-        "Can't integrate the Windows Service Pack: " + host::PathToNative(util::StripQuotes(SP_exe)) +
-            " is no Windows program, and a service pack's installer is one");
+    SkipServicePack(context, SP_exe,
+                    "Can't integrate the Windows Service Pack: " + host::PathToNative(util::StripQuotes(SP_exe)) +
+                        " is not a Windows program, so it cannot be the installer of a service pack");
     return;
   }
   const std::optional<std::string> command_line =
       host::WindowsProgramLine(SP_exe, "-s:", util::GetShortPath(util::PathOf(util::Item::kWorkspace)));
   if (!command_line) {
-    GoOnWithoutServicePack(context, SP_exe,
-                           "Can't integrate the Windows Service Pack: its installer is a Windows program, and there is "
-                           "no command \"wine\" to start it with");
+    SkipServicePack(context, SP_exe,
+                    "Can't integrate the Windows Service Pack: its installer is a Windows program, and the command "
+                    "\"wine\", which runs Windows programs, was not found");
     return;
   }
   steps::ASyncShell(context, *command_line);
@@ -83,7 +82,7 @@ void RemoveLanguages(steps::Context& context) {
   util::DelTree(util::PathOf(util::Item::kWorkspace) + "\\I386\\LANG", &context.notes);
 }
 
-// False after a fatal error.
+// Returns false after a failure that must end the build.
 bool AddSetupFiles(steps::Context& context, const std::string& Source) {
   context.main().LblSub_Step.caption = "Copying Windows 2000/XP Files";
   CopyBootSector(context, "w2ksect.bin");
@@ -92,7 +91,7 @@ bool AddSetupFiles(steps::Context& context, const std::string& Source) {
     return false;
   if (!util::FileExists(util::PathOf(util::Item::kWorkspace) + "\\I386\\SETUPLDR.BIN")) {
     context.notes.Add(Source + "\\SETUPLDR.BIN",
-                      "did not come to the CD, and Windows Setup cannot be started from there");
+                      "was not copied to the CD: Windows Setup cannot be started from the CD");
   }
   CopyMatchingFiles(context.notes, Source + "\\..\\win51*.*", util::PathOf(util::Item::kWorkspace) + "\\WIN51*.*",
                     util::CopiedNames::kAsOnDisc);

@@ -1,4 +1,4 @@
-// The setup files of Windows 2000/XP/2003 on the CD.
+// Adds the setup files of Windows 2000/XP/2003 to the CD. Call AddWin2K once per build.
 #pragma once
 
 #include <string>
@@ -9,13 +9,13 @@ namespace discwright::integration {
 
 struct Win2KChoices {
   std::string Source = {};          // the folder "I386" of a setup CD
-  bool DelTreeLang = false;         // the folder of further languages is left out
-  std::string SP_exe = {};          // the self-extracting installer of a service pack; empty: none
-  bool AddInfo_toUnattend = false;  // WINNT.SIF gets the user's answers
+  bool DelTreeLang = false;         // leave out the folder of further languages
+  std::string SP_exe = {};          // the installer of a service pack to slipstream; empty: none
+  bool AddInfo_toUnattend = false;  // write the user's answers to WINNT.SIF
 };
 
-// Copies the setup folder and the CD's tag files, slipstreams the service pack, writes the user's answers and deletes
-// the folder of further languages.
+// Copies the setup folder and the tag files into the workspace, slipstreams the service pack, writes the user's
+// answers, and deletes the folder of further languages. A failure that ends the build is shown.
 void AddWin2K(steps::Context& context, const Win2KChoices& choices);
 
 }  // namespace discwright::integration

@@ -1,4 +1,4 @@
-// Puts Windows 98/98SE/Me Setup onto the CD.
+// Copies the setup files of Windows 98/98SE/Me into the workspace.
 #include "integration/win9x.h"
 
 #include <string>
@@ -21,7 +21,7 @@ struct SetupFolder {
   const char* name;
 };
 
-// The last one found wins.
+// If a folder has both cabinet files, the last one decides.
 constexpr SetupFolder kSetupFolders[] = {{"\\base4.cab", "WIN98"}, {"\\base2.cab", "WINME"}};
 
 std::string SetupFolderName(const std::string& Source) {

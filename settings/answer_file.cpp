@@ -1,4 +1,5 @@
-// Made in memory and written once, so that no half-filled answer file is left for Setup.
+// Makes answer files for Windows Setup. An answer file is made in memory and written once, so that a failure never
+// leaves Setup an incomplete one.
 #include "settings/answer_file.h"
 
 #include <algorithm>
@@ -24,18 +25,19 @@ std::string Windows1252Bytes(std::string_view text) {
   return bytes;
 }
 
-// The text as it is once it has been through Windows-1252; `what` names it in the note on what is lost.
-std::string Narrowed(util::Notes& notes, const std::string& text, const std::string& place, const std::string& what) {
-  std::string narrowed = base::FromWindows1252(Windows1252Bytes(text));
-  if (narrowed != text) {
-    notes.Add(place, what + " has characters that Windows Setup cannot read; they became question marks.");
+// Replaces every character that Windows-1252 lacks by "?", and notes that under the name of the key.
+std::string InWindows1252(util::Notes& notes, const std::string& text, const std::string& place,
+                          const std::string& key) {
+  std::string limited = base::FromWindows1252(Windows1252Bytes(text));
+  if (limited != text) {
+    notes.Add(place, key + " has characters that Windows Setup cannot read; they became question marks.");
   }
-  return narrowed;
+  return limited;
 }
 
-// Outside quotes Setup takes ";" for the start of a comment, "," for a separator, "%" for that of a string's name and
-// "\" at a line's end for its continuation.
-std::string AsSetupReadsIt(const std::string& value) {
+// Quotes a value where Setup would misread it. Outside quotes, ";" begins a comment, "," separates values, "%" encloses
+// the name of a string, and "\" at the end of a line continues the line.
+std::string QuotedForSetup(const std::string& value) {
   constexpr std::string_view blanks = " \t";
   if (value.empty()) return value;
   const bool has_blank_end =
@@ -49,12 +51,12 @@ std::string ValueOf(util::Notes& notes, const AnswerFile& answer_file, const Ans
   if (answer.key_file_key == nullptr) return answer.value;
   const INIFile& key_file = answer_file.key_file;
   const std::string value = key_file.GetINIKey(notes, answer_file.key_section, answer.key_file_key);
-  return Narrowed(notes, value, key_file.FileName, answer.key_file_key);
+  return InWindows1252(notes, value, key_file.FileName, answer.key_file_key);
 }
 
 }  // namespace
 
-bool HasAnswers(util::Notes& notes, const std::string& key_file) {
+bool CheckKeyFile(util::Notes& notes, const std::string& key_file) {
   if (util::FileExists(key_file)) return true;
   notes.Add(key_file, "is missing or cannot be read, and Windows Setup gets no answers from the CD");
   return false;
@@ -62,7 +64,7 @@ bool HasAnswers(util::Notes& notes, const std::string& key_file) {
 
 bool DeleteAnswerFile(util::Notes& notes, const std::string& file) {
   if (!util::FileExists(file)) return true;
-  host::ClearAttributes(file);  // where that fails, deleting does and says why
+  host::ClearAttributes(file);  // if this fails, RemoveFile fails too, and its status gives the reason
   return notes.Check(host::RemoveFile(file), file, "could not be deleted");
 }
 
@@ -81,11 +83,11 @@ bool WriteAnswerFile(util::Notes& notes, const AnswerFile& answer_file) {
   }
   if (base::HasUtf8Mark(bytes)) {
     notes.Add(template_file,
-              "begins with the mark of UTF-8, which Windows Setup takes for a part of its first line; "
+              "begins with a UTF-8 byte order mark, which Windows Setup takes for a part of the first line; "
               "please save it as plain text");
   }
   for (const Answer& answer : answer_file.answers) {
-    const std::string value = AsSetupReadsIt(ValueOf(notes, answer_file, answer));
+    const std::string value = QuotedForSetup(ValueOf(notes, answer_file, answer));
     bytes = base::WithIniValue(bytes, answer.section, answer.key, Windows1252Bytes(value));
   }
   const host::Status written = host::WriteWholeFile(answer_file.file, bytes);

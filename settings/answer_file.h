@@ -1,4 +1,5 @@
-// Answer files of Windows Setup: a template with the answers of a key file in it.
+// Makes answer files for Windows Setup: copies a template and sets the answers of a key file in it. Call
+// CheckKeyFile, DeleteAnswerFile and WriteAnswerFile in this order.
 #pragma once
 
 #include <span>
@@ -9,32 +10,34 @@
 
 namespace discwright::settings {
 
-// One value that is written into the template.
+// One value of an answer file.
 struct Answer {
   const char* section = "";
   const char* key = "";
-  const char* key_file_key = nullptr;  // where the value comes from; null: it is `value`
+  const char* key_file_key = nullptr;  // the key of the key file whose value is written; null: `value` is written
   const char* value = "";
 };
 
 struct AnswerFile {
-  std::string file;  // what is written
-  std::string template_file;
+  std::string file;           // the path of the answer file
+  std::string template_file;  // the path of the template
   INIFile key_file;
-  const char* key_section = "";
+  const char* key_section = "";     // the section of the key file
   std::span<const Answer> answers;  // in the order in which they are written
 };
 
-// Whether there is a key file to take answers from; notes that there is none.
-bool HasAnswers(util::Notes& notes, const std::string& key_file);
+// Whether the key file exists and can be opened. If not, notes that Windows Setup gets no answers.
+bool CheckKeyFile(util::Notes& notes, const std::string& key_file);
 
-// Deletes an answer file, read-only or not; a file that is not there is a success. False, with a note, when it stays.
+// Deletes an answer file, even if it is read-only. A missing file counts as deleted. Returns false, with a note, when
+// the file still exists.
 bool DeleteAnswerFile(util::Notes& notes, const std::string& file);
 
-// Writes the file as a whole: the template's bytes as they are, with the values in Windows-1252, which is what Setup
-// reads, and CR LF behind new lines. A character that Windows-1252 lacks becomes "?", a value is cut at 99 characters;
-// both are noted, and so is a template with the mark of UTF-8. One in UTF-16 is noted and gives no file. False, with a
-// note and without a file, when template or key file cannot be read or the file cannot be written.
+// Writes the answer file in one piece. The bytes of the template stay as they are. Values are written in Windows-1252,
+// because Setup reads that; new lines end in CR LF.
+// Noted: values that are cut at 99 characters, characters that Windows-1252 lacks and that become "?", and a template
+// with a byte order mark. A template in UTF-16 is noted too, and no file is written; the result is still true.
+// Returns false, with a note, when the template or the key file cannot be read or the answer file cannot be written.
 bool WriteAnswerFile(util::Notes& notes, const AnswerFile& answer_file);
 
 }  // namespace discwright::settings

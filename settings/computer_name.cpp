@@ -1,5 +1,6 @@
-// The rules stand in Microsoft's articles Q188997 (names up to Windows 98 and NT 4.0), Q170846 (MSBATCH.INF), Q204032
-// and Q244412 (blanks and digits in Windows 2000) and 909264 (names from Windows 2000 on). No Setup was tried.
+// The rules for computer and workgroup names. They come from Microsoft's articles Q188997 (names up to Windows 98 and
+// NT 4.0), Q170846 (MSBATCH.INF), Q204032 and Q244412 (blanks and digits in Windows 2000), and 909264 (names since
+// Windows 2000).
 #include "settings/computer_name.h"
 
 #include <algorithm>
@@ -15,12 +16,12 @@ namespace {
 constexpr std::size_t kLongestName = 15;
 constexpr std::string_view kDigits = "0123456789";
 
-// Refused in every kind of name by every system.
-constexpr std::string_view kRefusedSigns = "\"/\\[]:|<>+=;,?*";
-// Windows 98 lists the signs that it takes; of ASCII this is the one that is left.
+// Every system refuses these in computer and workgroup names.
+constexpr std::string_view kRefusedCharacters = "\"/\\[]:|<>+=;,?*";
+// The article on Windows 98 lists the characters that are accepted. This is the only ASCII character in neither list.
 constexpr std::string_view kRefusedBy9x = "`";
 
-enum class Blanks { kRefused, kTaken };
+enum class Blanks { kRefused, kAccepted };
 
 bool IsControlCharacter(char character) {
   const auto byte = static_cast<unsigned char>(character);
@@ -31,21 +32,21 @@ std::string WithCause(std::string_view kind, std::string_view name, std::string_
   return std::string(kind).append(" '").append(name).append("' ").append(cause);
 }
 
-// Why a name cannot stand as what `kind` calls it; empty when it can. `name` is trimmed.
-std::string WhyNotNamed(std::string_view kind, std::string_view name, SetupFamily family, Blanks blanks) {
+// The rules that both kinds of names share. `kind` is "the computer name" or "the workgroup name"; `name` is trimmed.
+std::string WhyNoName(std::string_view kind, std::string_view name, SetupFamily family, Blanks blanks) {
   if (base::FirstCharacters(name, kLongestName).size() < name.size()) {
     return WithCause(kind, name, "is longer than 15 characters");
   }
   if (std::ranges::any_of(name, IsControlCharacter)) {
-    return WithCause(kind, name, "has a character in it that cannot be printed");
+    return WithCause(kind, name, "contains a character that cannot be printed");
   }
   if (blanks == Blanks::kRefused && name.find(' ') != std::string_view::npos) {
-    return WithCause(kind, name, "has a blank in it");
+    return WithCause(kind, name, "contains a blank");
   }
-  const std::string refused = std::string(kRefusedSigns).append(family == SetupFamily::kWin9x ? kRefusedBy9x : "");
-  const std::size_t sign = name.find_first_of(refused);
-  if (sign != std::string_view::npos) {
-    return WithCause(kind, name, std::string("has a sign in it that Windows Setup refuses: ") + name[sign]);
+  const std::string refused = std::string(kRefusedCharacters).append(family == SetupFamily::kWin9x ? kRefusedBy9x : "");
+  const std::size_t position = name.find_first_of(refused);
+  if (position != std::string_view::npos) {
+    return WithCause(kind, name, std::string("contains a character that Windows Setup refuses: ") + name[position]);
   }
   return "";
 }
@@ -57,7 +58,7 @@ std::string WhyNoComputerName(std::string_view name, SetupFamily family) {
   const std::string trimmed = util::Trim(name);
   const bool is_2k = family == SetupFamily::kWin2K;
   if (trimmed.empty() || (is_2k && trimmed == "*")) return "";
-  std::string why = WhyNotNamed(kind, trimmed, family, Blanks::kRefused);
+  std::string why = WhyNoName(kind, trimmed, family, Blanks::kRefused);
   if (!why.empty() || !is_2k) return why;
   if (trimmed.starts_with('.')) return WithCause(kind, trimmed, "begins with a period");
   if (trimmed.find_first_not_of(kDigits) == std::string::npos) {
@@ -67,8 +68,8 @@ std::string WhyNoComputerName(std::string_view name, SetupFamily family) {
 }
 
 std::string WhyNoWorkgroupName(std::string_view name, SetupFamily family) {
-  const Blanks blanks = family == SetupFamily::kWin9x ? Blanks::kRefused : Blanks::kTaken;
-  return WhyNotNamed("the workgroup name", util::Trim(name), family, blanks);
+  const Blanks blanks = family == SetupFamily::kWin9x ? Blanks::kRefused : Blanks::kAccepted;
+  return WhyNoName("the workgroup name", util::Trim(name), family, blanks);
 }
 
 }  // namespace discwright::settings

@@ -1,4 +1,4 @@
-// INIFile: each call goes to the file.
+// INIFile: reads and writes single keys of an INI file.
 #include "settings/ini_file.h"
 
 #include <charconv>
@@ -15,7 +15,7 @@ namespace discwright::settings {
 
 namespace {
 
-// The system's profile reader got a buffer of 100 characters, one of them for the end.
+// Earlier versions read values into a buffer of 100 characters, one of which is the terminating NUL.
 constexpr std::size_t kLongestValue = 99;
 
 std::string Cut(std::string_view value) { return util::Trim(base::FirstCharacters(value, kLongestValue)); }

@@ -1,4 +1,4 @@
-// Single keys of a classic INI profile file, straight from and to the disk.
+// Reads and writes single keys of an INI file. Each call goes to the disk: INIFile("C:\\a.ini").GetINIKey("Main", "x").
 #pragma once
 
 #include <string>
@@ -10,40 +10,43 @@
 
 namespace discwright::settings {
 
-// Section and key names ignore letter case. Order, comments and unknown text survive a write. Files are CR LF and in
-// the code page on disk (UTF-8 with a mark where that cannot hold a value); text here is UTF-8.
-// What cannot be read is empty.
+// Letter case does not matter in the names of sections and keys. A write keeps the order, the comments and all unknown
+// text of the file. Arguments and results are UTF-8. Files are in the code page of the system, or in UTF-8 with a byte
+// order mark when a value needs that; new lines end in CR LF.
+// A value that is missing or cannot be read is an empty string.
 class INIFile {
  public:
   INIFile() = default;
   explicit INIFile(std::string file_name) : FileName(std::move(file_name)) {}
 
-  std::string FileName;  // full path; assigning it touches nothing on disk
+  std::string FileName;  // the full path; assigning it does nothing on the disk
 
-  // FileName becomes folder and file name joined by exactly one backslash. Creates nothing.
+  // Sets FileName to the folder and the file name, joined by exactly one backslash. Creates no file.
   void CreateIni(std::string_view folder, std::string_view file_name);
 
-  // Replaces the key's value in place, or appends key, section or file. A CR, LF or NUL in it becomes a blank. A value
-  // that stands in quotes keeps them.
+  // Replaces the value of the key. Adds the key, the section or the file if it is missing. A CR, LF or NUL in the value
+  // becomes a blank. GetINIKey removes one pair of quotes, so a value in quotes is written with a second pair.
   host::Status SetINIKey(std::string_view section, std::string_view key, std::string_view value) const;
 
-  // The trimmed value, without one pair of quotes around it, cut at 99 characters; empty when there is none.
+  // The value without blanks and one pair of quotes around it, cut at 99 characters. Key files and sessions of earlier
+  // versions were read with this limit.
   std::string GetINIKey(std::string_view section, std::string_view key) const;
 
-  // The same, with a note when the value is longer than what is given of it.
+  // The same value. If it was cut, that is noted.
   std::string GetINIKey(util::Notes& notes, std::string_view section, std::string_view key) const;
 
-  // Whether the file can be read at all, and why not.
+  // A success when the file can be read.
   host::Status Readable() const;
 
  private:
   std::string WholeValue(std::string_view section, std::string_view key) const;
 };
 
-// Whether GetINIKey gives only the start of this value.
+// Whether GetINIKey would cut this value.
 bool IsCutWhenRead(std::string_view value);
 
-// The number that a value starts with, after an optional sign; 0 when there is none, the nearest int when too large.
+// The number at the start of a value, with an optional sign. 0 when the value does not start with a number; the nearest
+// int when the number is too large.
 int WholeNumber(std::string_view value);
 
 }  // namespace discwright::settings

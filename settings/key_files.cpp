@@ -1,4 +1,4 @@
-// Copying installation details from the working store to the build copy.
+// Copies the answers for Windows Setup from the working store to the build copy.
 #include "settings/key_files.h"
 
 #include <initializer_list>
@@ -21,7 +21,8 @@ void FillKeyFile(util::Notes& notes, const ChosenSections& chosen) {
   const INIFile source(util::PathOf(util::Item::kWorkingKeyFile));
   if (!util::FileExists(source.FileName)) return;
   if (!notes.Check(source.Readable(), source.FileName, "could not be read")) return;
-  // A long path of the template is told by whoever looks for it, because the program's own is none to miss.
+  // A path of the template that is too long is not noted here. FillSetupDataFromKeyFileToUnattend notes it, unless it
+  // is the program's own template, which is used in that case anyway.
   const auto value = [&](const char* section, const std::string& key) {
     return key == kTemplateKey ? source.GetINIKey(section, key) : source.GetINIKey(notes, section, key);
   };

@@ -1,4 +1,4 @@
-// Reading and writing the session settings file.
+// Reads and writes session files.
 #include "settings/session.h"
 
 #include <algorithm>
@@ -20,14 +20,14 @@ namespace discwright::settings {
 
 namespace {
 
-// Touching a control of a dialog loads it.
+// A dialog fills its fields when it is loaded. Loading it later would replace the values of the session.
 void LoadDialogs(forms::Windows& windows) {
   LoadWin2KInfo(windows.win2k_info);
   LoadWin9xInfo(windows.win9x_info);
 }
 
-// The file's order, but for the choice of the domain, which is read before its name.
-std::vector<SessionKey> KeysAsRead() {
+// The keys in the order of the file, except that JoinDomain is read before Workgroup.
+std::vector<SessionKey> KeysInReadingOrder() {
   std::vector<SessionKey> keys = SessionKeys();
   const auto join_domain = std::find_if(
       keys.begin(), keys.end(), [](const SessionKey& key) { return key.line->encoding == ValueEncoding::kJoinDomain; });
@@ -35,8 +35,9 @@ std::vector<SessionKey> KeysAsRead() {
   return keys;
 }
 
-// The writer stores a word, which is no number: every saved session comes back with the workgroup chosen, only a
-// number entered by hand chooses the domain. That is meant.
+// The writer stores "True" or "False", but the reader expects a number and takes both words for 0. So every saved
+// session reopens with the workgroup chosen; only a number that was entered by hand chooses the domain. The program has
+// always done this, and existing session files rely on it.
 void ReadJoinDomain(forms::FrmWin2KInfo& dialog, std::string_view value) {
   const int number = WholeNumber(value);
   (number == 0 ? dialog.OptJoinWorkgroup : dialog.OptJoinDomain).value = true;
@@ -48,7 +49,7 @@ void ReadValue(forms::Windows& windows, const SessionLine& line, const std::stri
   if (line.encoding == ValueEncoding::kJoinDomain) ReadJoinDomain(windows.win2k_info, value);
 }
 
-// The path in the box of the service pack is none of the choices while its tick is clear.
+// The path of the service pack is not part of the session while its check box is clear.
 std::string TextAsWritten(forms::Windows& windows, const SessionLine& line) {
   const forms::TextBox& box = line.text_box(windows);
   if (&box == &windows.main.TxtSP_exe && !windows.main.ChkSlipstream.checked()) return "";
@@ -81,7 +82,7 @@ std::string SessionText(forms::Windows& windows) {
   return text;
 }
 
-void NoteWhatWillBeCut(util::Notes& notes, const std::string& file_name, std::string_view text) {
+void NoteLongValues(util::Notes& notes, const std::string& file_name, std::string_view text) {
   for (const SessionKey& key : SessionKeys()) {
     if (!IsCutWhenRead(base::FindIniValue(text, key.section, key.key).value_or(""))) continue;
     notes.Add(file_name, "The value of " + std::string(key.key) + " in section " + std::string(key.section) +
@@ -94,11 +95,11 @@ void NoteWhatWillBeCut(util::Notes& notes, const std::string& file_name, std::st
 void ReadSession(forms::Windows& windows, util::Notes& notes, const std::string& file_name) {
   LoadDialogs(windows);
   const INIFile ini(file_name);
-  for (const SessionKey& key : KeysAsRead()) {
+  for (const SessionKey& key : KeysInReadingOrder()) {
     ReadValue(windows, *key.line, ini.GetINIKey(notes, key.section, key.key));
   }
   if (windows.main.TxtSP_exe.text.get().empty()) windows.main.ChkSlipstream.value = 0;
-  windows.main.ChkGet_Vexadisks.value = 1;  // the boot disks cannot be left out of a CD, whatever a file says
+  windows.main.ChkGet_Vexadisks.value = 1;  // every CD has the boot disks, even if the file says 0
 }
 
 void ReadVexaCDINI(forms::Windows& windows, util::Notes& notes, const std::string& file_name) {
@@ -116,7 +117,7 @@ bool HoldsChoices(const std::string& file_name) {
 void WriteVexaCDINI(forms::Windows& windows, util::Notes& notes) {
   forms::FrmDiscwright& main = windows.main;
   LoadDialogs(windows);
-  if (!main.ChkSlipstream.checked()) main.TxtSP_exe.text = "";  // no stale service pack in the next session
+  if (!main.ChkSlipstream.checked()) main.TxtSP_exe.text = "";  // the next session must not offer an unused path
   const std::string file_name = util::PathOf(util::Item::kSession);
   notes.Check(host::WriteWholeFile(file_name, host::EncodeText(SessionText(windows))), file_name,
               "The settings could not be saved");
@@ -125,7 +126,7 @@ void WriteVexaCDINI(forms::Windows& windows, util::Notes& notes) {
 host::Status WriteSession(forms::Windows& windows, util::Notes& notes, const std::string& file_name) {
   const std::string text = SessionText(windows);
   host::Status written = host::WriteWholeFile(file_name, host::EncodeText(text));
-  if (written.ok()) NoteWhatWillBeCut(notes, file_name, text);
+  if (written.ok()) NoteLongValues(notes, file_name, text);
   return written;
 }
 

@@ -1,4 +1,5 @@
-// The session settings file: every choice of the wizard, kept from one run to the next.
+// Reads and writes session files. A session file keeps every choice of the wizard for the next run. ReadVexaCDINI and
+// WriteVexaCDINI are for the window, ReadSession and WriteSession for files that the user names.
 #pragma once
 
 #include <string>
@@ -9,23 +10,24 @@
 
 namespace discwright::settings {
 
-// Loads a session file into the controls; keys it lacks untick or empty theirs, but the boot disks stay chosen. Loads
-// both dialogs hidden. Values that were cut at 99 characters are noted. Writes nothing.
+// Sets every control to its value in a session file. If a key is missing, its check box is cleared or its text is
+// emptied; the boot disks stay chosen. Loads both dialogs without showing them. Notes values that were cut at 99
+// characters. Writes nothing.
 void ReadSession(forms::Windows& windows, util::Notes& notes, const std::string& file_name);
 
-// The same, and refreshes "keyfile2.txt" from it.
+// Calls ReadSession, then writes the answers for Windows 98/Me to "keyfile2.txt".
 void ReadVexaCDINI(forms::Windows& windows, util::Notes& notes, const std::string& file_name);
 
-// Whether a file holds any of a session's choices: one in UTF-16, for one, is read as if it held none.
+// Whether a file contains at least one key of a session. A file in UTF-16 is read as if it contained none.
 bool HoldsChoices(const std::string& file_name);
 
-// Rewrites the program folder's own session file from the controls as a whole, loading dialogs that are not loaded yet;
-// a failure is noted and leaves the old file as it was.
+// Writes the session file in the program folder from the controls. Loads the dialogs if they are not loaded yet. A
+// failure is noted, and the old file stays as it was.
 void WriteVexaCDINI(forms::Windows& windows, util::Notes& notes);
 
-// Writes a session file of the controls as they are: changes none of them, loads no dialog. The service pack is written
-// as empty while it is not chosen. Notes each value that will be cut at 99 characters when the file is read. A failure
-// leaves an old file as it was.
+// Writes a session file from the controls. Changes no control and loads no dialog. The path of the service pack is
+// written as empty if no service pack is chosen. Notes each value that will be cut at 99 characters when the file is
+// read. After a failure the old file stays as it was.
 host::Status WriteSession(forms::Windows& windows, util::Notes& notes, const std::string& file_name);
 
 }  // namespace discwright::settings

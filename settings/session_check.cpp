@@ -1,4 +1,4 @@
-// Compares each line of a session file with the table of its keys.
+// Compares each line of a session file with the table of session keys.
 #include "settings/session_check.h"
 
 #include <algorithm>
@@ -31,11 +31,12 @@ bool IsNumber(std::string_view text) {
   return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
+// 2 is a greyed check box, which the program itself can save.
 bool IsCheckBoxState(std::string_view text) { return text == "0" || text == "1" || text == "2"; }
 
 bool IsJoinDomain(std::string_view text) { return SameName(text, "True") || SameName(text, "False") || IsNumber(text); }
 
-bool IsTaken(ValueEncoding encoding, std::string_view value) {
+bool IsAccepted(ValueEncoding encoding, std::string_view value) {
   switch (encoding) {
     case ValueEncoding::kCheckBox:
     case ValueEncoding::kQuotedCheckBox:
@@ -55,8 +56,8 @@ class Check {
   std::vector<SessionProblem> Run(std::string_view text) {
     for (const base::IniLine& line : base::IniLines(text)) {
       ++line_;
-      if (line.kind == base::IniLineKind::kSection) TakeSection(line.name);
-      if (line.kind == base::IniLineKind::kKey) TakeKey(line.name, line.value);
+      if (line.kind == base::IniLineKind::kSection) CheckSectionLine(line.name);
+      if (line.kind == base::IniLineKind::kKey) CheckKeyLine(line.name, line.value);
       if (line.kind == base::IniLineKind::kOther) {
         Add(InQuotes(line.name) + " is neither a section nor a key with a value; a comment begins with ';'");
       }
@@ -69,25 +70,25 @@ class Check {
 
   void Add(std::string cause) { problems_.push_back({line_, std::move(cause)}); }
 
-  void TakeSection(std::string_view name) {
+  void CheckSectionLine(std::string_view name) {
     const auto key = std::find_if(keys_.begin(), keys_.end(),
                                   [&](const SessionKey& known) { return SameName(known.section, name); });
     place_ = key == keys_.end() ? Place::kUnknownSection : Place::kKnownSection;
     if (place_ == Place::kUnknownSection) {
-      Add("there is no section " + InBrackets(name) + Meant(InBrackets(name), SectionsInBrackets()));
+      Add("there is no section " + InBrackets(name) + DidYouMean(InBrackets(name), SectionsInBrackets()));
       return;
     }
     section_ = key->section;
     if (!sections_seen_.insert(section_).second) {
-      Add("section " + InBrackets(section_) + " stands here again; only the first one is read");
+      Add("section " + InBrackets(section_) + " appears again; only the first one is read");
     }
   }
 
-  // The keys of an unknown section are not reported one by one: the section was.
-  void TakeKey(std::string_view name, std::string_view value) {
+  // The keys of an unknown section are not reported, because the section has been.
+  void CheckKeyLine(std::string_view name, std::string_view value) {
     if (place_ == Place::kUnknownSection) return;
     if (place_ == Place::kBeforeAnySection) {
-      Add("the key " + std::string(name) + " stands before any section");
+      Add("the key " + std::string(name) + " comes before the first section");
       return;
     }
     const auto key = std::find_if(keys_.begin(), keys_.end(), [&](const SessionKey& known) {
@@ -96,7 +97,7 @@ class Check {
     if (key == keys_.end()) {
       AddUnknownKey(name);
     } else if (!keys_seen_.insert(&*key).second) {
-      Add("the key " + std::string(key->key) + " stands here again; only the first one is read");
+      Add("the key " + std::string(key->key) + " appears again; only the first one is read");
     } else {
       CheckValue(*key, util::Trim(value));
     }
@@ -104,8 +105,9 @@ class Check {
 
   void CheckValue(const SessionKey& key, std::string_view value) {
     const ValueEncoding encoding = key.line->encoding;
-    if (IsTaken(encoding, value)) return;
-    Add(std::string(key.key).append(" takes ").append(WhatItTakes(encoding)).append(", not ").append(InQuotes(value)));
+    if (IsAccepted(encoding, value)) return;
+    const std::string_view accepted = AcceptedValues(encoding);
+    Add(std::string(key.key).append(" takes ").append(accepted).append(", not ").append(InQuotes(value)));
   }
 
   void AddUnknownKey(std::string_view name) {
@@ -113,14 +115,14 @@ class Check {
     const auto elsewhere =
         std::find_if(keys_.begin(), keys_.end(), [&](const SessionKey& key) { return SameName(key.key, name); });
     if (elsewhere == keys_.end()) {
-      cause += Meant(name, KeysOfSection());
+      cause += DidYouMean(name, KeysOfSection());
     } else {
       cause += "; it belongs in section " + InBrackets(elsewhere->section);
     }
     Add(std::move(cause));
   }
 
-  static std::string Meant(std::string_view name, const std::vector<std::string>& candidates) {
+  static std::string DidYouMean(std::string_view name, const std::vector<std::string>& candidates) {
     const std::vector<std::string_view> names(candidates.begin(), candidates.end());
     const std::optional<std::string_view> closest = util::Closest(name, names);
     return closest ? "; did you mean " + std::string(*closest) + "?" : "";

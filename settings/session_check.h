@@ -1,4 +1,5 @@
-// A strict reading of a session file that was written by hand: it tells every line that the reader would pass over.
+// Checks a session file that was written by hand: CheckSession reports every line that ReadSession would ignore or
+// misread.
 #pragma once
 
 #include <cstddef>
@@ -8,15 +9,15 @@
 namespace discwright::settings {
 
 struct SessionProblem {
-  std::size_t line = 0;  // 1-based; 0: the whole file
+  std::size_t line = 0;  // counted from 1; 0: the problem concerns the whole file
   std::string cause;
 
-  std::string Sentence() const;  // "line 7: ", if there is a line, and the cause
+  std::string Sentence() const;  // the cause, with "line 7: " before it if there is a line
 };
 
-// The problems of a session file in the order of its lines: unknown sections and keys, lines that are neither, sections
-// and keys that stand there a second time (the reader takes the first), values that their key does not take. A missing
-// key is no problem. A file that cannot be read, or is in UTF-16, has one problem.
+// The problems of a session file in the order of its lines: unknown sections and keys; lines that are neither; sections
+// and keys that appear again (only the first is read); values that the key does not accept. A missing key is no
+// problem. For a file in UTF-16, or one that cannot be read, the result is this one problem.
 std::vector<SessionProblem> CheckSession(const std::string& file_name);
 
 }  // namespace discwright::settings

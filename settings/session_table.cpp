@@ -1,4 +1,4 @@
-// The lines of the session settings file with the controls that their values come from and go back to.
+// The lines of a session file, each with the control whose value it keeps.
 #include "settings/session_table.h"
 
 namespace discwright::settings {
@@ -43,7 +43,7 @@ constexpr SessionLine QuotedText(std::string_view literal, TextBoxOf box) {
 
 }  // namespace
 
-// The odd columns of some equals signs are the file's layout.
+// Not all equals signs are in one column. The layout of the file is kept as it has always been.
 constexpr std::array<SessionLine, kSessionLineCount> kSessionLines = {
     Plain("[Main]"),
     Check("BootDisks      = ", Main<&FrmDiscwright::ChkGet_Vexadisks>),
@@ -94,7 +94,7 @@ constexpr std::array<SessionLine, kSessionLineCount> kSessionLines = {
     QuotedText("ERDCmdr_Dir   = ", Main<&FrmDiscwright::TxtERDC>),
 };
 
-std::string_view WhatItTakes(ValueEncoding encoding) {
+std::string_view AcceptedValues(ValueEncoding encoding) {
   switch (encoding) {
     case ValueEncoding::kCheckBox:
     case ValueEncoding::kQuotedCheckBox:

@@ -1,4 +1,5 @@
-// The session settings file's lines: one table for its writer, its reader and its tests.
+// The table of the lines of a session file. The writer and the tests use kSessionLines; everything that looks for keys
+// uses SessionKeys().
 #pragma once
 
 #include <array>
@@ -10,33 +11,33 @@
 namespace discwright::settings {
 
 enum class ValueEncoding {
-  kNone,            // a section's header or a blank line
-  kCheckBox,        // the state as a number
-  kQuotedCheckBox,  // the state as a number in double quotes
+  kNone,            // the line of a section, or an empty line
+  kCheckBox,        // the state as a number: 0 clear, 1 checked, 2 greyed
+  kQuotedCheckBox,  // the same number in double quotes
   kText,            // the trimmed text
   kQuotedText,      // the trimmed text in double quotes
   kJoinDomain,      // OptJoinDomain as "True" or "False" in double quotes
 };
 
 struct SessionLine {
-  std::string_view literal;  // the line as it stands in the file, up to the value
+  std::string_view literal;  // the text of the line up to the value
   ValueEncoding encoding = ValueEncoding::kNone;
-  forms::CheckBox& (*check_box)(forms::Windows& windows) = nullptr;  // of the two encodings of check boxes
-  forms::TextBox& (*text_box)(forms::Windows& windows) = nullptr;    // of the two encodings of texts
+  forms::CheckBox& (*check_box)(forms::Windows& windows) = nullptr;  // for kCheckBox and kQuotedCheckBox
+  forms::TextBox& (*text_box)(forms::Windows& windows) = nullptr;    // for kText and kQuotedText
 };
 
 inline constexpr std::size_t kSessionLineCount = 47;
 extern const std::array<SessionLine, kSessionLineCount> kSessionLines;
 
-// A line with a value, and where it stands; the names are parts of the table's literals.
+// A line with a value. The names are parts of the table's literals.
 struct SessionKey {
   std::string_view section;
   std::string_view key;
   const SessionLine* line = nullptr;
 };
 
-// What a value must be, for the user: "0 or 1", "True, False or a number", "any text"; empty where there is no value.
-std::string_view WhatItTakes(ValueEncoding encoding);
+// The accepted values as a text for the user: "0 or 1", "True, False or a number" or "any text"; empty for kNone.
+std::string_view AcceptedValues(ValueEncoding encoding);
 
 // All keys in the order of the table.
 std::vector<SessionKey> SessionKeys();

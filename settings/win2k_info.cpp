@@ -1,4 +1,4 @@
-// The Windows 2000/XP/2003 installation info dialog, its setup script and its section of the key files.
+// The behaviour of the Windows 2000/XP/2003 installation info dialog.
 #include "settings/win2k_info.h"
 
 #include <array>
@@ -24,7 +24,7 @@ struct Field {
   forms::TextBox forms::FrmWin2KInfo::*text_box;
 };
 
-// In the order in which they are written and read back; the choice of the domain follows them.
+// In the order in which they are written and read. JoinDomain follows them.
 constexpr std::array<Field, 5> kFields = {{{kTemplateKey, &forms::FrmWin2KInfo::TxtTemplate},
                                            {"OwnerName", &forms::FrmWin2KInfo::TxtOwner},
                                            {"Organization", &forms::FrmWin2KInfo::TxtOrg},
@@ -36,7 +36,7 @@ constexpr std::array<Answer, 5> kAnswers = {{{"Data", "MsDosInitiated", nullptr,
                                              {"UserData", "FullName", "OwnerName"},
                                              {"UserData", "OrgName", "Organization"},
                                              {"UserData", "ComputerName", "ComputerName"}}};
-// Behind them one of these pairs; an empty name takes the other choice out of the template.
+// One of these pairs follows kAnswers. The empty value removes the other choice from the template.
 constexpr std::array<Answer, 2> kWorkgroupAnswers = {
     {{"Identification", "JoinWorkgroup", "Workgroup"}, {"Identification", "JoinDomain", nullptr, ""}}};
 constexpr std::array<Answer, 2> kDomainAnswers = {
@@ -50,11 +50,12 @@ std::string TemplateFor(util::Notes& notes, const INIFile& key_file) {
   std::string own = util::PathOf(util::Item::kWin2KTemplate);
   std::string script = util::StripQuotes(key_file.GetINIKey(kWin2KSection, kTemplateKey));
   if (util::FileExists(script)) return script;
-  // Where the program folder's path is long, the key files hold only the start of the template's.
+  // If the path of the program folder is long, the key file contains only the start of the path of the program's own
+  // template. That is not a failure.
   if (!own.starts_with(script)) {
     notes.Add(script,
-              "could not be opened (the program keeps 99 characters of a path); the answer file is made of the "
-              "program's own template");
+              "could not be opened (paths are cut at 99 characters); the answer file is made from the program's own "
+              "template");
   }
   return own;
 }
@@ -76,8 +77,8 @@ void FillSetupDataFromUnattend(forms::FrmWin2KInfo& dialog, const std::string& s
   dialog.TxtPCName.text = ini.GetINIKey("UserData", "ComputerName");
   const std::string workgroup = util::TrimNull(ini.GetINIKey("Identification", "JoinWorkgroup"));
   const std::string domain = util::TrimNull(ini.GetINIKey("Identification", "JoinDomain"));
-  // Two tests, not an alternative: a script with neither name ends with the domain chosen and an empty name, one with
-  // both changes nothing.
+  // Both conditions are tested. A script without either name therefore ends with the domain chosen and an empty name; a
+  // script with both names changes nothing. Kept as it has always been.
   if (domain.empty()) {
     ChooseDomain(dialog, false);
     dialog.TxtWorkgroup.text = workgroup;
@@ -108,12 +109,14 @@ void FillSetupDataFromKeyFile(forms::FrmWin2KInfo& dialog, const std::string& ke
 }
 
 bool FillSetupDataFromKeyFileToUnattend(util::Notes& notes, const std::string& KeyFile, const std::string& Unattend) {
-  if (!HasAnswers(notes, KeyFile)) return true;  // a success: meant
+  // The CD can be made without an answer file, so a missing key file is not a failure.
+  if (!CheckKeyFile(notes, KeyFile)) return true;
   if (!DeleteAnswerFile(notes, Unattend)) return false;
   const INIFile key_file(KeyFile);
   const std::string template_file = TemplateFor(notes, key_file);
-  // The dialog stores a word, which is no number: its choice of a domain still joins a workgroup, only a number entered
-  // by hand chooses the domain. That is meant.
+  // The dialog stores "True" or "False", but a number is expected here and both words count as 0. So Setup joins a
+  // workgroup even if the user chose a domain; only a number that was entered by hand chooses the domain. The program
+  // has always done this, and existing key files rely on it.
   const bool domain = WholeNumber(key_file.GetINIKey(kWin2KSection, kJoinDomainKey)) != 0;
   const auto& names = domain ? kDomainAnswers : kWorkgroupAnswers;
   std::vector<Answer> answers(kAnswers.begin(), kAnswers.end());

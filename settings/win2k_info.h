@@ -1,4 +1,5 @@
-// What the Windows 2000/XP/2003 installation info dialog does with its fields.
+// The behaviour of the Windows 2000/XP/2003 installation info dialog, and the answer file that is made from its fields.
+// Call BindWin2KInfo once, and LoadWin2KInfo before the dialog or its fields are used.
 #pragma once
 
 #include <string>
@@ -10,28 +11,30 @@
 
 namespace discwright::settings {
 
-// Loads the dialog: chooses the template script and fills the fields from it. Happens once per run; a dialog that is
-// loaded already stays as it is.
+// Chooses the setup script and fills the fields from it. Does nothing if the dialog has been loaded in this run.
 void LoadWin2KInfo(forms::FrmWin2KInfo& dialog);
 
-// Fills the fields from an unattended setup script; nothing when there is no such file.
+// Fills the fields from the script of an unattended setup. Does nothing when the file cannot be opened.
 void FillSetupDataFromUnattend(forms::FrmWin2KInfo& dialog, const std::string& script);
 
-// Writes section "Win2KInfo" of the key file, the first failure being returned, and reads it back (nothing when there
-// is no such file).
+// Writes the fields to section Win2KInfo of the key file. Returns the first failure.
 host::Status FillSetupDataToKeyFile(const forms::FrmWin2KInfo& dialog, const std::string& key_file);
+
+// Fills the fields from section Win2KInfo of the key file. Does nothing when the file cannot be opened.
 void FillSetupDataFromKeyFile(forms::FrmWin2KInfo& dialog, const std::string& key_file);
 
-// Makes the answer file of Windows 2000/XP/2003 Setup from the key file and the user's script, or the template where
-// that is not there; nothing but a note when there is no such key file. False, with a note, when it could not be made.
+// Makes the answer file of Windows 2000/XP/2003 Setup. The answers come from the key file. The template is the user's
+// setup script, or the program's own template when there is none. Without a key file there is only a note, and the
+// result is true. Returns false, with a note, when the answer file could not be made.
 bool FillSetupDataFromKeyFileToUnattend(util::Notes& notes, const std::string& KeyFile, const std::string& Unattend);
 
 // Binds the three buttons to the handlers below.
 void BindWin2KInfo(forms::FrmWin2KInfo& dialog, host::UserInterface& user);
 
-// Lets the user choose a script and fills the fields from it; a user who cancels changes nothing.
+// Lets the user choose a script and fills the fields from it. Changes nothing if the user cancels.
 void CmdBrwUnattend_Click(forms::FrmWin2KInfo& dialog, host::UserInterface& user);
-void CmdOK_Click(forms::FrmWin2KInfo& dialog);      // saves the fields
-void CmdCancel_Click(forms::FrmWin2KInfo& dialog);  // saves nothing; edited fields stay for the rest of the run
+void CmdOK_Click(forms::FrmWin2KInfo& dialog);  // writes the fields to "keyfile2.txt"
+void CmdCancel_Click(
+    forms::FrmWin2KInfo& dialog);  // writes nothing; edited fields keep their texts until the program ends
 
 }  // namespace discwright::settings

@@ -1,4 +1,4 @@
-// The Windows 98/Me installation info dialog and its section of the key files.
+// The behaviour of the Windows 98/Me installation info dialog.
 #include "settings/win9x_info.h"
 
 #include <array>
@@ -16,7 +16,7 @@ namespace discwright::settings {
 
 namespace {
 
-constexpr int kWindows9x = 1;  // the platform's number
+constexpr int kWindows9x = 1;  // see util::GetPlatformId
 
 constexpr const char* kOSTypeKey = "OptimizedFor";
 
@@ -57,9 +57,9 @@ constexpr std::array<Answer, 4> kAnswers = {{{"NameAndOrg", "Name", "OwnerName"}
 
 void LoadWin9xInfo(forms::FrmWin9xInfo& dialog) {
   if (std::exchange(dialog.loaded, true)) return;
-  // The program folder is asked whether the file exists, but what is read is a file of that bare name: meant. Where a
-  // bare name leads is the system's affair: to the folder of its profile functions on Windows, to the current folder
-  // elsewhere.
+  // The file must exist in the program folder, but it is opened by its name without a folder. The system decides where
+  // it looks for that name: on Windows the profile functions have a folder of their own, elsewhere it is the current
+  // folder. Kept as it has always been.
   if (util::FileExists(util::PathOf(util::Item::kWorkingKeyFile))) {
     FillSetupDataFromKeyFile(dialog, "KeyFile2.txt");
   } else if (util::FileExists(util::PathOf(util::Item::kBuildKeyFile))) {
@@ -92,11 +92,12 @@ host::Status FillSetupDataToKeyFile(const forms::FrmWin9xInfo& dialog) {
 }
 
 bool FillSetupDataFromKeyFileToMSBatch(util::Notes& notes, const std::string& KeyFile, const std::string& MSBatch) {
-  if (!HasAnswers(notes, KeyFile)) return true;  // a success: meant
+  // The CD can be made without an answer file, so a missing key file is not a failure.
+  if (!CheckKeyFile(notes, KeyFile)) return true;
   if (!DeleteAnswerFile(notes, MSBatch)) return false;
   const INIFile key_file(KeyFile);
-  // FillKeyFile does not copy this key: a build copy that nobody has edited makes the file of Windows Me. That is
-  // meant.
+  // FillKeyFile does not copy this key. With a new build copy the template is therefore that of Windows Me, whatever
+  // the dialog says. Kept as it has always been; a value that was written to "keyfile.txt" by hand is used.
   const bool is_98 = key_file.GetINIKey(notes, kWin9xSection, kOSTypeKey).find("98") != std::string::npos;
   const std::string template_file = util::PathOf(is_98 ? util::Item::kWin98Template : util::Item::kWinMeTemplate);
   return WriteAnswerFile(notes, {MSBatch, template_file, key_file, kWin9xSection, kAnswers});

@@ -1,4 +1,5 @@
-// What the Windows 98/Me installation info dialog does with its fields.
+// The behaviour of the Windows 98/Me installation info dialog, and the answer file that is made from its fields. Call
+// BindWin9xInfo once, and LoadWin9xInfo before the dialog or its fields are used.
 #pragma once
 
 #include <string>
@@ -9,27 +10,29 @@
 
 namespace discwright::settings {
 
-// Loads the dialog: fills the fields from a key file of the program folder, on Windows 95, 98 and Me from the registry
-// where there is none, or not at all. Happens once per run; a dialog that is loaded already stays as it is.
+// Fills the fields from a key file. If there is none, Windows 95, 98 and Me fill them from the registry; on all other
+// systems they keep their defaults. Does nothing if the dialog has been loaded in this run.
 void LoadWin9xInfo(forms::FrmWin9xInfo& dialog);
 
-// Fills the fields from section "Win9xInfo" of the file; nothing when there is no such file.
+// Fills the fields from section Win9xInfo of the key file. Does nothing when the file cannot be opened.
 void FillSetupDataFromKeyFile(forms::FrmWin9xInfo& dialog, const std::string& key_file);
 
-// Fills the fields from what the running Windows 95, 98 or Me was installed with; what it does not tell is empty.
+// Fills the fields from the registry of the running Windows 95, 98 or Me. A missing value empties its field.
 void FillSetupDataFromReg(forms::FrmWin9xInfo& dialog);
 
-// Writes section "Win9xInfo" of the program folder's "keyfile2.txt"; returns the first failure.
+// Writes the fields to section Win9xInfo of "keyfile2.txt" in the program folder. Returns the first failure.
 host::Status FillSetupDataToKeyFile(const forms::FrmWin9xInfo& dialog);
 
-// Makes the batch file of Windows 98/Me Setup from the key file and the template of the one or the other; nothing but
-// a note when there is no such key file. False, with a note, when it could not be made.
+// Makes the answer file of Windows 98/Me Setup from the key file and one of the program's two templates. Without a key
+// file there is only a note, and the result is true. Returns false, with a note, when the answer file could not be
+// made.
 bool FillSetupDataFromKeyFileToMSBatch(util::Notes& notes, const std::string& KeyFile, const std::string& MSBatch);
 
 // Binds the two buttons to the handlers below.
 void BindWin9xInfo(forms::FrmWin9xInfo& dialog);
 
-void CmdOK_Click(forms::FrmWin9xInfo& dialog);      // saves the fields
-void CmdCancel_Click(forms::FrmWin9xInfo& dialog);  // saves nothing; edited fields stay for the rest of the run
+void CmdOK_Click(forms::FrmWin9xInfo& dialog);  // writes the fields to "keyfile2.txt"
+void CmdCancel_Click(
+    forms::FrmWin9xInfo& dialog);  // writes nothing; edited fields keep their texts until the program ends
 
 }  // namespace discwright::settings

@@ -1,4 +1,5 @@
-// What came of a build. Every face turns this into words; no face reads the labels of the window to find it out.
+// The result of a build. pipeline::FinishApp returns it. A user interface words its final message from this result, and
+// not from the labels of the window.
 #pragma once
 
 #include <cstdint>
@@ -8,21 +9,21 @@
 namespace discwright::steps {
 
 enum class BuildEnd {
-  kNone,  // there was no build yet
-  kMade,
-  kMadeWithNotes,  // there is an image, but something named in a note is missing from it or was left behind
+  kNone,           // no build has run yet
+  kMade,           // the image is complete
+  kMadeWithNotes,  // the image was made, but the notes name failures
   kFailed,
   kCancelled,  // by the user
 };
 
 struct BuildResult {
   BuildEnd end = BuildEnd::kNone;
-  std::string image;                  // the path of the image that was made, or was to be made, without quotes
-  std::int64_t size = 0;              // of the image that was made, in bytes
-  std::string sha256;                 // its digest, in lower-case hexadecimal; empty when it was not asked for
-  std::string why;                    // of a failure: sentences for the user
-  std::string log;                    // of a failed mastering: the path of its log
-  std::vector<std::string> log_tail;  // and the last lines of it, as UTF-8
+  std::string image;      // the path of the image, without quotes; also after a build that made none
+  std::int64_t size = 0;  // the size of the finished image in bytes
+  std::string sha256;     // the SHA-256 of the finished image in lower-case hexadecimal; empty if it was not wanted
+  std::string why;        // why the build failed, as sentences for the user
+  std::string log;        // the path of the mastering log; empty unless the mastering failed
+  std::vector<std::string> log_tail;  // the last lines of this log, as UTF-8
 };
 
 }  // namespace discwright::steps

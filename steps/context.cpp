@@ -1,11 +1,11 @@
-// Ending a build that cannot go on.
+// Ends a build that cannot continue.
 #include "steps/context.h"
 
 namespace discwright::steps {
 
-void Context::Halt(const host::Message& box) {
-  user.ShowMessage(box);
-  if (failure.empty()) failure = box.text;
+void Context::Halt(const host::Message& message) {
+  user.ShowMessage(message);
+  if (failure.empty()) failure = message.text;
   CancelApp();
 }
 

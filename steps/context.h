@@ -1,5 +1,5 @@
-// What every build step and every page works on: the windows, the user, the programs that are run, the notes, and the
-// state of the build. main() makes one Context, and everything above this room gets it as its first argument.
+// The objects and the state that build steps and pages share: the windows, the user interface, the running programs,
+// the notes, and the state of the build. main() makes one Context and passes it to every function that needs it.
 #pragma once
 
 #include <functional>
@@ -20,26 +20,25 @@ struct Context {
   host::ProgramRunner& programs;
   util::Notes& notes;
 
-  // Procedures of rooms above the one that needs them; bound once when the program is put together.
+  // Functions of pipeline/ and wizard/ that rooms below those call. wizard::Bind sets both.
   std::function<void()> CancelApp = {};
   std::function<void(int intStep, bool ForceShow)> ShowHelp = {};
 
-  // The program that a step waits for, and the mastering; null while there is none.
-  std::unique_ptr<host::Launcher> ASyncApp = nullptr;
-  std::unique_ptr<host::Launcher> LaunchApp = nullptr;
-  host::ProcessEnd mastering_end = {};  // how the last mastering ended
+  std::unique_ptr<host::Launcher> ASyncApp = nullptr;   // the program that a step waits for; null when there is none
+  std::unique_ptr<host::Launcher> LaunchApp = nullptr;  // the running mastering; null when there is none
+  host::ProcessEnd mastering_end = {};                  // how the last mastering ended
 
   bool cancelled_by_user = false;
-  bool closing = false;      // the main window goes when the build that is being cancelled has returned
-  std::string failure = {};  // what halted the build; empty while nothing has
-  bool wants_digest = true;  // whether the result of a build is to hold the image's SHA-256
-  BuildResult result = {};   // of the last build
+  bool closing = false;      // hide the main window as soon as the cancelled build has returned
+  std::string failure = {};  // why a step halted the build; empty when none has
+  bool wants_digest = true;  // whether a build computes the SHA-256 of its image
+  BuildResult result = {};   // the result of the last build
 
   forms::FrmDiscwright& main() const { return windows.main; }
 
-  // Ends the build for a step that cannot go on: shows `box`, keeps its text as the reason of the failure, and cancels
-  // the build. The step then returns.
-  void Halt(const host::Message& box);
+  // Ends the build when a step cannot continue: shows `message`, keeps its text as the reason of the failure, and
+  // cancels the build. The step must return afterwards. If several steps call it, the first reason is kept.
+  void Halt(const host::Message& message);
 };
 
 }  // namespace discwright::steps

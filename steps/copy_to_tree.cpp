@@ -1,4 +1,4 @@
-// A copy's progress on the label and the bar of the running step.
+// Shows a copy on the label and the progress bar of the running step.
 #include "steps/copy_to_tree.h"
 
 #include <string>

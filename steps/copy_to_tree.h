@@ -1,4 +1,5 @@
-// Copying a folder onto the CD's tree, shown on the progress page.
+// Copies a folder into the workspace, the folder tree that becomes the CD, and shows the copy on the progress page. A
+// build step calls CopyToTree.
 #pragma once
 
 #include <string_view>
@@ -8,8 +9,9 @@
 
 namespace discwright::steps {
 
-// Shows a copy on the label and the bar of the running step. The bar becomes visible for the time of the copy and keeps
-// its value afterwards; the Cancel button is enabled and stays so, whatever it was before.
+// Shows a copy on the label and the progress bar of the running step. The bar is visible during the copy and keeps its
+// value afterwards. The copy enables the Cancel button and leaves it enabled, even if it was disabled before. Kept as
+// it has always been.
 class StepProgress : public util::Progress {
  public:
   explicit StepProgress(forms::FrmDiscwright& main) : main_(main) {}
@@ -28,8 +30,8 @@ class StepProgress : public util::Progress {
   bool was_visible_ = false;
 };
 
-// Copies a folder onto the CD's tree with the step's label and bar. False only for what ends the step: an ordinary
-// failure of the copy does not, the copy has noted it.
+// Copies a folder and shows the copy on the step's label and bar. Returns false only when the step must end, which is
+// after CopyEnd::kRuntimeFailure. After any other failure the copy has noted the missing files, and the result is true.
 bool CopyToTree(Context& context, std::string_view source, std::string_view destination,
                 util::CopiedNames names = util::CopiedNames::kAsListed);
 

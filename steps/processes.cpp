@@ -1,4 +1,4 @@
-// Programs that a build step runs, and what becomes of the build when one cannot be started.
+// Runs programs for a build step, and cancels the build when a program cannot be started.
 #include "steps/processes.h"
 
 #include <string>
@@ -11,9 +11,9 @@ namespace {
 constexpr int kASyncPollInterval = 1000;  // milliseconds
 
 void NoteEnd(util::Notes& notes, const std::string& command_line, const host::ProcessEnd& end,
-             const std::string& last_words) {
+             const std::string& output_tail) {
   if (end.Succeeded()) return;
-  notes.Add(command_line, last_words.empty() ? end.Text() : end.Text() + ": " + last_words);
+  notes.Add(command_line, output_tail.empty() ? end.Text() : end.Text() + ": " + output_tail);
 }
 
 }  // namespace
@@ -29,11 +29,11 @@ bool StartLauncher(Context& context, std::unique_ptr<host::Launcher>& launcher, 
 }
 
 void ASyncShell(Context& context, std::string_view command_line) {
-  const auto last_words = std::make_shared<util::LastWords>();
-  const auto received = [last_words](std::string_view text) { last_words->Add(text); };
-  const auto ended = [&context, last_words, command = std::string(command_line)] {
+  const auto output = std::make_shared<util::OutputTail>();
+  const auto received = [output](std::string_view text) { output->Add(text); };
+  const auto ended = [&context, output, command = std::string(command_line)] {
     context.main().ASyncAppRunning = false;
-    NoteEnd(context.notes, command, context.ASyncApp->End(), last_words->Text());
+    NoteEnd(context.notes, command, context.ASyncApp->End(), output->Text());
   };
   if (StartLauncher(context, context.ASyncApp, command_line, kASyncPollInterval, {received, ended})) {
     context.main().ASyncAppRunning = true;

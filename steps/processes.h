@@ -1,4 +1,4 @@
-// Programs that a build step runs. Start one with ASyncShell, then wait for it with WaitForASyncApp.
+// Runs programs for a build step. Start a program with ASyncShell, then wait for its end with WaitForASyncApp.
 #pragma once
 
 #include <memory>
@@ -9,16 +9,16 @@
 
 namespace discwright::steps {
 
-// Starts `command_line` in `launcher`. When that is not possible, tells the user, notes the cause, cancels the build
-// and returns false with `launcher` empty. `poll_interval` is in milliseconds.
+// Starts `command_line` in `launcher`. If that fails, shows a message, notes the cause, cancels the build and returns
+// false; `launcher` is then empty. `poll_interval` is in milliseconds.
 bool StartLauncher(Context& context, std::unique_ptr<host::Launcher>& launcher, std::string_view command_line,
                    int poll_interval, util::ProgramEvents events);
 
-// Starts a program without waiting; ASyncAppRunning is true until it has ended. A program that fails is noted with the
-// end of its output. A program that cannot be started cancels the build.
+// Starts a program and returns at once. ASyncAppRunning of the main form is true until the program has ended. If the
+// program fails, the note contains the end of its output. If it cannot be started, the build is cancelled.
 void ASyncShell(Context& context, std::string_view command_line);
 
-// Waits until the program that ASyncShell started has ended; the user interface stays alive.
+// Waits until the program that ASyncShell started has ended. The user interface handles its events meanwhile.
 void WaitForASyncApp(Context& context);
 
 }  // namespace discwright::steps

@@ -1,4 +1,4 @@
-// Copying folder trees: choosing the engine, the display that the engines share, and the copy without display.
+// Chooses the copy engine, and contains what both engines use and the copy that shows no progress.
 #include "util/copy.h"
 
 #include <algorithm>
@@ -42,12 +42,12 @@ void ShowBytes(CopyRun& run, std::int64_t bytes) { run.progress.ShowBytes(std::m
 
 bool IsOwnDestination(CopyRun& run, const std::string& source_folder) {
   if (run.own_destination.empty() || !host::SameFolder(source_folder, run.own_destination)) return false;
-  run.notes.Add(source_folder, "not copied: it is the folder that is being copied to.");
+  run.notes.Add(source_folder, "not copied: it is the destination of the copy");
   return true;
 }
 
 CopyEnd TreeTooLarge(CopyRun& run, std::string_view source) {
-  run.notes.Add(std::string(source), "nothing was copied, the files in this folder add up to 2 GB or more");
+  run.notes.Add(std::string(source), "nothing was copied: the files in this folder add up to 2 GB or more");
   return CopyEnd::kRuntimeFailure;
 }
 
@@ -55,9 +55,9 @@ std::string NameInCopy(const std::string& name, CopiedNames names) {
   return names == CopiedNames::kAsOnDisc ? host::NameOnDisc(name) : name;
 }
 
-CopyEnd CopyPathWithProgress(const CopySurroundings& surroundings, std::string_view source,
-                             std::string_view destination, CopiedNames names) {
-  const auto& [user, notes, progress] = surroundings;
+CopyEnd CopyPathWithProgress(const CopyContext& context, std::string_view source, std::string_view destination,
+                             CopiedNames names) {
+  const auto& [user, notes, progress] = context;
   progress.Prepare();
   CopyRun run{user, notes, progress, std::string(destination), names};
   const CopyEnd end =

@@ -1,4 +1,4 @@
-// Copying folder trees. CopyPathWithProgress is the one way to copy onto the CD; CopyFolderTree copies without display.
+// Copies folder trees. Use CopyPathWithProgress for everything that goes onto the CD. CopyFolderTree shows no progress.
 #pragma once
 
 #include <string>
@@ -10,29 +10,33 @@
 
 namespace discwright::util {
 
-// How a tree copy ended. kFailed is the ordinary "false" that most callers do not look at; kRuntimeFailure (the tree
-// holds 2 GB or more, which overflows the 32-bit byte count) must end the build step like any fatal error.
-enum class CopyEnd { kComplete, kFailed, kRuntimeFailure };
+// How the copy of a tree ended.
+enum class CopyEnd {
+  kComplete,
+  kFailed,          // files are missing and noted; the build goes on
+  kRuntimeFailure,  // the tree is 2 GB or larger, which overflows the 32-bit byte count; the build must end
+};
 
+// The names that the files and folders get in the copy.
 enum class CopiedNames {
-  kAsListed,
-  kAsOnDisc,  // of a setup or tool CD: see host::NameOnDisc
+  kAsListed,  // the names that the source folder lists
+  kAsOnDisc,  // for the CD of a Windows Setup or a tool: see host::NameOnDisc
 };
 
 std::string NameInCopy(const std::string& name, CopiedNames names);
 
-// What a copy works with.
-struct CopySurroundings {
-  host::UserInterface& user;  // is let in between two files, and during a large one
-  Notes& notes;               // get whatever is left out
+// The objects that a copy uses.
+struct CopyContext {
+  host::UserInterface& user;  // handles its events between two files and while a large file is copied
+  Notes& notes;               // receives a note for everything that is not copied
   Progress& progress;
 };
 
-// Copies `source` into `destination` with all folders, by the engine of the running platform.
-CopyEnd CopyPathWithProgress(const CopySurroundings& surroundings, std::string_view source,
-                             std::string_view destination, CopiedNames names = CopiedNames::kAsListed);
+// Copies `source` with all its folders into `destination`. Uses the copy engine of the running platform.
+CopyEnd CopyPathWithProgress(const CopyContext& context, std::string_view source, std::string_view destination,
+                             CopiedNames names = CopiedNames::kAsListed);
 
-// The same tree without any display; false after a file-system failure, which is noted.
+// Copies a tree without showing progress. Returns false after a failure of the file system, which is noted.
 bool CopyFolderTree(Notes& notes, std::string_view source, std::string_view destination);
 
 }  // namespace discwright::util

@@ -1,4 +1,5 @@
-// The copy engine of Windows 95/98/Me: files are moved in pieces of 16384 bytes so that the bar moves within them.
+// The copy engine of Windows 95, 98 and Me. It copies files in chunks of 16384 bytes, so that the progress bar moves
+// while a large file is copied.
 #include <algorithm>
 #include <cstddef>
 #include <memory>
@@ -36,16 +37,17 @@ bool CopyEntry(CopyRun& run, EntryFilter& filter, const host::Entry& entry, cons
   return CheckOrStop(run.notes, CopyFileChunked(run, from, to), from, "could not be copied", Wording::kWithShortText);
 }
 
-// Positions count from 1, and the bar shows positions: each file adds one more than its length.
+// Positions count from 1, and the bar shows the position. Each file therefore adds one byte more than its length to the
+// bar. Kept as it has always been.
 host::Status CopyChunks(CopyRun& run, host::BinaryFile& from, host::BinaryFile& to, std::int64_t length) {
   const std::int64_t start = run.progress.ShownBytes();
   std::vector<std::byte> chunk(static_cast<std::size_t>(std::min(length, kChunk)));
   std::int64_t position = 1;
-  bool rest = false;
-  while (!rest) {
-    const std::int64_t left = length + 1 - position;
-    rest = left < kChunk;
-    const std::span<std::byte> bytes(chunk.data(), static_cast<std::size_t>(std::min(left, kChunk)));
+  bool is_last = false;
+  while (!is_last) {
+    const std::int64_t remaining = length + 1 - position;
+    is_last = remaining < kChunk;
+    const std::span<std::byte> bytes(chunk.data(), static_cast<std::size_t>(std::min(remaining, kChunk)));
     if (host::Status status = from.ReadAt(position - 1, bytes); !status.ok()) return status;
     if (host::Status status = to.WriteAt(position - 1, bytes); !status.ok()) return status;
     position += static_cast<std::int64_t>(bytes.size());
@@ -54,7 +56,7 @@ host::Status CopyChunks(CopyRun& run, host::BinaryFile& from, host::BinaryFile& 
   return host::Status::Success();
 }
 
-// Both files are closed again when it returns.
+// Closes both files before it returns, because CopyFileChunked handles the user's events after this.
 host::Status CopyOpened(CopyRun& run, const std::string& source_file, const std::string& dest_file) {
   const auto from = host::OpenBinary(source_file, host::OpenMode::kRead);
   if (!from.ok()) return from.status;

@@ -1,4 +1,5 @@
-// The two engines behind CopyPathWithProgress: the platform's own copy (NT family) and a chunked one (Windows 9x).
+// The two engines behind CopyPathWithProgress: the system's own file copy (NT family), and a copy in chunks (Windows
+// 9x). Call CopyPathWithProgress of util/copy.h, which chooses one of them.
 #pragma once
 
 #include <cstdint>
@@ -11,41 +12,44 @@
 
 namespace discwright::util {
 
-// One copy under way.
+// The state of a running copy.
 struct CopyRun {
   host::UserInterface& user;
   Notes& notes;
   Progress& progress;
-  std::string own_destination = {};  // of the whole copy; while it is empty, no folder is taken for it
+  std::string own_destination = {};  // the destination folder of the whole copy; empty: IsOwnDestination is never true
   CopiedNames names = CopiedNames::kAsListed;
-  std::int64_t total = 0;        // bytes
-  std::int64_t start_value = 0;  // NT family: the bytes that were shown when the file in hand began
+  std::int64_t total = 0;        // in bytes
+  std::int64_t start_value = 0;  // NT family: the bytes that were shown when the current file began
 };
 
-// Used by both engines.
+// Functions of both engines.
 void SetTotal(CopyRun& run, std::int64_t bytes);
-void ShowBytes(CopyRun& run, std::int64_t bytes);  // never more than the total
-// Whether a source folder is what the whole copy goes to, which is then noted: a copy into a folder below its own
-// source would go on for ever.
+void ShowBytes(CopyRun& run, std::int64_t bytes);  // shows at most the total
+// Whether `source_folder` is the destination of the whole copy; notes it if so. Such a folder must be skipped, because
+// copying it into itself would never end.
 bool IsOwnDestination(CopyRun& run, const std::string& source_folder);
-// Notes that `source` is too large for a 32-bit byte count.
+// Notes that the files of `source` are too large for a 32-bit byte count. Returns kRuntimeFailure.
 CopyEnd TreeTooLarge(CopyRun& run, std::string_view source);
 
-// The bytes of a tree, links followed unless they loop; nothing when the 32-bit signed sum overflows. A folder that
-// cannot be listed counts 0. ByFind takes the low 32 bits of each size, and passes over every name that begins with a
-// dot; ByDir takes all, and yields to `user` after every entry.
+// The bytes of all files in a tree. Links are followed unless they loop. A folder that cannot be listed counts as 0.
+// Returns nothing when the 32-bit signed sum overflows.
+// ByFind (NT family) adds the low 32 bits of each size, and ignores every name that begins with a dot.
+// ByDir (Windows 9x) adds whole sizes and counts all names. It lets `user` handle its events after every entry.
 std::optional<std::int32_t> FolderSizeByFind(std::string_view folder);
 std::optional<std::int32_t> FolderSizeByDir(host::UserInterface& user, std::string_view folder);
 
-// NT family. CopyTreeByFind copies one folder with all below it; false when it stopped.
+// The engine of the NT family. CopyTreeByFind copies one folder with everything below it; it returns false when the
+// copy stopped early.
 CopyEnd CopyTreeWithProgress(CopyRun& run, std::string_view source, std::string_view destination);
 bool CopyTreeByFind(CopyRun& run, std::string source, std::string destination);
 host::Status CopyOneFile(CopyRun& run, const std::string& source_file, const std::string& dest_file);
-// Called by the platform during each file. Always true ("go on"): a copy of this family runs to its end, whatever the
-// user presses.
+// The system calls this while it copies a file. The result is always true, which means "continue": Cancel does not
+// interrupt a copy. The build driver tests for a cancellation between two steps.
 bool CopyProgress(CopyRun& run, host::CopyEvent event, std::int64_t transferred);
 
-// Windows 9x. CopyFileChunked does not truncate a longer destination, and counts one byte more than the file's length.
+// The engine of Windows 9x. CopyFileChunked does not shorten an existing destination file that is longer than the
+// source. It counts one byte more than the file's length. Both are kept as they have always been.
 bool CopyTreeChunked(CopyRun& run, std::string source, std::string destination);
 host::Status CopyFileChunked(CopyRun& run, const std::string& source_file, const std::string& dest_file);
 

@@ -1,4 +1,4 @@
-// Judging the entries of a source folder, and the notes of what is left out.
+// Decides which entries of a source folder are copied, and words the notes on those that are not.
 #include "util/copy_entries.h"
 
 #include <algorithm>
@@ -53,12 +53,12 @@ Verdict EntryFilter::Stop(const host::Entry& entry, std::string_view cause) {
 
 Verdict EntryFilter::Decide(const host::Entry& entry) {
   if (entry.kind == host::EntryKind::kSpecial) {
-    notes_.Add(source_ + entry.name, "not copied, it is a device, a socket or a pipe");
+    notes_.Add(source_ + entry.name, "not copied: it is a device, a socket or a pipe");
     return Verdict::kSkip;
   }
-  if (entry.loops) return Stop(entry, "not copied, it is a link back to one of its own parent folders");
-  if (entry.broken) return Stop(entry, "could not be copied, it is a link whose target is missing");
-  if (!taken_.insert(host::FoldCase(entry.name)).second) {
+  if (entry.loops) return Stop(entry, "not copied: it is a link back to one of its own parent folders");
+  if (entry.broken) return Stop(entry, "could not be copied: it is a link whose target is missing");
+  if (!earlier_names_.insert(host::FoldCase(entry.name)).second) {
     notes_.Add(source_ + entry.name, "not copied: another name in this folder differs from it only in letter case");
     return Verdict::kSkip;
   }
@@ -66,7 +66,8 @@ Verdict EntryFilter::Decide(const host::Entry& entry) {
 }
 
 bool EnterFolder(Notes& notes, const std::string& source, const std::string& destination, host::Listing& listing) {
-  // Listed first: a destination that is made inside the source must not be copied into itself without end.
+  // The source is listed before the destination is created. Otherwise a destination inside the source would be listed,
+  // and copied into itself without end.
   listing = host::ListFolder(source, "*.*");
   return CheckOrStop(notes, host::MakeFolders(destination), destination, "could not be created",
                      Wording::kWithShortText) &&

@@ -1,4 +1,5 @@
-// What every tree copy decides about an entry before copying it, and the notes of what it leaves out.
+// Decides which entries of a source folder are copied, and words the notes on those that are not. Make one EntryFilter
+// for each source folder and ask it about every entry.
 #pragma once
 
 #include <cstdint>
@@ -11,16 +12,17 @@
 
 namespace discwright::util {
 
+// What to do with an entry. kStop ends the copy of the folder.
 enum class Verdict { kCopy, kSkip, kStop };
 
-// Decides about the entries of one source folder one after the other; whatever is not to be copied is noted.
 class EntryFilter {
  public:
   // `source` ends in a separator.
   EntryFilter(Notes& notes, std::string source) : notes_(notes), source_(std::move(source)) {}
 
-  // kSkip for a device, socket or pipe, and for a name that an earlier entry has taken in another letter case: on the
-  // CD one would overwrite the other. kStop, a failed file, for a link that loops or whose target is missing.
+  // kSkip for a device, a socket or a pipe. kSkip also for a name that differs from an earlier one only in letter case:
+  // on the CD one file would overwrite the other. kStop for a link that loops or whose target is missing. Every entry
+  // that is not copied is noted.
   Verdict Decide(const host::Entry& entry);
 
  private:
@@ -28,22 +30,22 @@ class EntryFilter {
 
   Notes& notes_;
   std::string source_;
-  std::unordered_set<std::string> taken_;
+  std::unordered_set<std::string> earlier_names_;  // with their letter case folded
 };
 
-// How a failure is worded in its note. kWithShortText puts "Disk Full", "Permission denied", "Disk Not Ready" or
-// "Path Not found" before the system's reason where one of them fits.
-enum class Wording { kSystemsReason, kWithShortText };
+// How a note words a failure. kWithShortText puts one of the texts "Disk Full", "Permission denied", "Disk Not Ready"
+// and "Path Not found" before the system's reason when one of them fits.
+enum class Wording { kSystemReason, kWithShortText };
 
-// Unless the status is a success, notes that the copy ended at `place`: `what` happened ("could not be copied"), why,
-// and what that means for the files behind it. Returns whether the status was a success.
+// Returns true when the status is a success. Otherwise notes that the copy stopped at the path `place`: what happened
+// (`what`, for example "could not be copied"), the reason, and that the files after it are missing too.
 bool CheckOrStop(Notes& notes, const host::Status& status, const std::string& place, const std::string& what,
-                 Wording wording = Wording::kSystemsReason);
+                 Wording wording = Wording::kSystemReason);
 
-// Lists `source`, then makes `destination` with all missing folders. False after a failure, which is noted.
+// Lists `source`, then creates `destination` with all missing folders. Returns false after a failure, which is noted.
 bool EnterFolder(Notes& notes, const std::string& source, const std::string& destination, host::Listing& listing);
 
-// Adds to a 32-bit signed sum of sizes; false when that overflows.
+// Adds a size to a 32-bit signed sum, both in bytes. Returns false, and leaves the sum alone, when it would overflow.
 bool AddSize(std::int32_t& sum, std::int64_t size);
 
 }  // namespace discwright::util

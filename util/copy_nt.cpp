@@ -1,4 +1,4 @@
-// The copy engine of the NT family: the platform's own file copy, which calls back with the bytes moved so far.
+// The copy engine of the NT family. The system copies each file and reports the bytes copied so far.
 #include "host/names.h"
 #include "util/copy_engines.h"
 #include "util/copy_entries.h"
@@ -8,9 +8,12 @@ namespace discwright::util {
 
 namespace {
 
+// A file whose name begins with a dot is copied but not counted. A folder whose name begins with a dot is not copied,
+// which is noted. Kept as it has always been.
 bool BeginsWithDot(const host::Entry& entry) { return entry.name.starts_with('.'); }
 
-// Of a size beyond 4 GB only the low half is looked at, as signed number.
+// The low 32 bits of a file's size as a signed number. A size of 4 GB or more is therefore counted wrong. Kept as it
+// has always been.
 std::int32_t LowHalf(std::int64_t size) { return static_cast<std::int32_t>(static_cast<std::uint32_t>(size)); }
 
 std::optional<std::int32_t> CountedSize(const std::string& folder, const host::Entry& entry) {
@@ -19,18 +22,18 @@ std::optional<std::int32_t> CountedSize(const std::string& folder, const host::E
   return LowHalf(entry.size);
 }
 
-// The count came to 0 without a message to the user; what is left out is noted all the same.
+// The user sees no message when the counted size is 0. The note keeps the missing files from going unnoticed.
 void NoteNothingCopied(Notes& notes, std::string_view source) {
   const host::Listing listing = host::ListFolder(source, "*.*");
-  if (notes.Check(listing.status, std::string(source), "nothing was copied, the folder could not be listed") &&
+  if (notes.Check(listing.status, std::string(source), "nothing was copied: the folder could not be listed") &&
       !listing.value.empty()) {
     notes.Add(std::string(source),
-              "nothing was copied, no file with anything in it was found in this folder (files and folders whose names "
-              "begin with a dot do not count)");
+              "nothing was copied: this folder contains only empty files, or names that begin with a dot");
   }
 }
 
-// A folder as the host spells it. A name behind its last separator keeps that one from being taken away.
+// A folder as the host spells it, with its last separator. PathToNative removes a separator at the end of a path, so
+// the path is converted with a name behind it.
 std::string ShownFolder(const std::string& folder) {
   std::string shown = host::PathToNative(folder + "x");
   shown.pop_back();
@@ -48,7 +51,7 @@ bool CopyEntry(CopyRun& run, EntryFilter& filter, const host::Entry& entry, cons
                const std::string& destination) {
   const bool folder = entry.kind == host::EntryKind::kFolder;
   if (folder && BeginsWithDot(entry)) {
-    run.notes.Add(source + entry.name, "not copied, a folder whose name begins with a dot is passed over");
+    run.notes.Add(source + entry.name, "not copied: folders whose names begin with a dot are skipped");
     return true;
   }
   const Verdict verdict = filter.Decide(entry);
@@ -74,7 +77,7 @@ std::optional<std::int32_t> FolderSizeByFind(std::string_view folder) {
 
 CopyEnd CopyTreeWithProgress(CopyRun& run, std::string_view source, std::string_view destination) {
   const std::optional<std::int32_t> total = FolderSizeByFind(source);
-  // A single file between 2 and 4 GB makes the sum negative, which no progress bar takes as its maximum.
+  // A single file between 2 and 4 GB makes the sum negative. A progress bar cannot have a negative maximum.
   if (!total || *total < 0) return TreeTooLarge(run, source);
   if (*total == 0) {
     NoteNothingCopied(run.notes, source);
@@ -94,7 +97,7 @@ bool CopyTreeByFind(CopyRun& run, std::string source, std::string destination) {
         {"Source folder \"" + ShownFolder(source) + "\" not found.", "Vexa Discwright", host::MessageIcon::kNone});
     return false;
   }
-  // Not a reason to stop: the first file that has no place to go is.
+  // The copy goes on after this failure. It stops at the first file that cannot be written into the missing folder.
   run.notes.Check(host::MakeFolders(destination), destination, "could not be created");
   EntryFilter filter(run.notes, source);
   for (const host::Entry& entry : listing.value) {

@@ -1,4 +1,4 @@
-// Deleting a folder with everything under it.
+// Deletes a folder with everything in it.
 #include "host/files.h"
 #include "util/paths.h"
 
@@ -12,13 +12,12 @@ bool Removed(const host::Status& status, const std::string& path, Notes* notes) 
   return notes == nullptr ? status.ok() : notes->Check(status, path, kNotDeleted);
 }
 
-bool RemoveLeaf(const std::string& path, Notes* notes) {
+bool RemoveFileOrLink(const std::string& path, Notes* notes) {
   host::ClearAttributes(path);
   return Removed(host::RemoveFile(path), path, notes);
 }
 
-// One listing serves a whole folder: a listing here is a copy that nested deletions cannot disturb, and going through
-// it once ends even when something cannot be deleted.
+// The folder is listed once, before anything in it is deleted. So the loop ends even if something cannot be deleted.
 bool RemoveTree(const std::string& folder, Notes* notes) {
   host::ClearAttributes(folder);
   const host::Listing listing = host::ListFolder(folder, "*.*");
@@ -26,16 +25,17 @@ bool RemoveTree(const std::string& folder, Notes* notes) {
   for (const host::Entry& entry : listing.value) {
     const std::string path = folder + "\\" + entry.name;
     const bool real_folder = entry.kind == host::EntryKind::kFolder && !entry.is_link;
-    emptied = (real_folder ? RemoveTree(path, notes) : RemoveLeaf(path, notes)) && emptied;
+    emptied = (real_folder ? RemoveTree(path, notes) : RemoveFileOrLink(path, notes)) && emptied;
   }
   const host::Status status = host::RemoveEmptyFolder(folder);
   if (status.ok()) return true;
-  // A folder that stays because of what stays in it is no news.
+  // If something in the folder could not be deleted, that has been noted. The folder itself needs no second note.
   if (emptied) Removed(listing.status.ok() ? status : listing.status, folder, notes);
   return false;
 }
 
-// A separator at the end would lead through a link to its target; the root of a drive keeps its own.
+// With a separator at its end, the path of a link would mean the link's target. The root of a drive needs its
+// separator.
 std::string WithoutLastSeparator(std::string path) {
   while (path.size() > 1 && IsPathSeparator(path.back()) && path[path.size() - 2] != ':') path.pop_back();
   return path;
@@ -48,7 +48,7 @@ bool DelTree(std::string_view path, Notes* notes) {
   const std::string folder = WithoutLastSeparator(std::string(path));
   const std::optional<host::Entry> entry = host::Look(folder);
   if (!entry || entry->kind != host::EntryKind::kFolder) return true;
-  entry->is_link ? RemoveLeaf(folder, notes) : RemoveTree(folder, notes);
+  entry->is_link ? RemoveFileOrLink(folder, notes) : RemoveTree(folder, notes);
   return !FolderExists(folder);
 }
 

@@ -1,4 +1,4 @@
-// The list of what went wrong without stopping the build.
+// The list of the failures that did not stop the build.
 #include "util/notes.h"
 
 #include <utility>

@@ -1,4 +1,5 @@
-// What went wrong without stopping the build: copies, deletions and moves that a step passes over.
+// The notes of a build: every failure that does not stop it, for example a file that could not be copied. Call Check
+// with the status of an operation, or Add.
 #pragma once
 
 #include <functional>
@@ -12,24 +13,26 @@
 namespace discwright::util {
 
 struct Note {
-  std::string place;  // the file, folder or program, in the core's spelling
-  std::string cause;  // what happened to it, to be read behind the place and a colon
+  std::string place;  // the file, folder or command line, as the core spells it
+  std::string cause;  // what happened to it; shown after the place and a colon
 };
 
-// A build's notes in the order they came. Nothing may be missing from a CD without a note here.
+// The notes of one build in the order in which they were added. If anything is missing from the CD, there must be a
+// note that says so.
 class Notes {
  public:
-  // What is noted already is not noted again: several steps read the same answers.
+  // Adds a note, unless the same note exists: several steps read the same values and would note them again.
   void Add(std::string place, std::string cause);
-  // Adds a note unless the status is a success; returns whether it was.
+  // Returns whether the status is a success. Otherwise adds a note: `what` happened (for example "could not be
+  // copied"), and the reason that the status gives.
   bool Check(const host::Status& status, const std::string& place, const std::string& what);
 
   const std::vector<Note>& all() const { return all_; }
-  std::function<void(const Note&)> added;  // hears every new note; may be empty
+  std::function<void(const Note&)> added;  // is called with every new note; may be empty
 
  private:
   std::vector<Note> all_;
-  std::set<std::pair<std::string, std::string>> known_;  // place and cause
+  std::set<std::pair<std::string, std::string>> known_;  // the place and the cause of every note
 };
 
 }  // namespace discwright::util

@@ -1,4 +1,4 @@
-// Path strings, and questions about files, folders and drives.
+// Helper functions for path strings, files, folders and drives.
 #include "util/paths.h"
 
 #include "host/desktop.h"
@@ -22,7 +22,7 @@ bool AnyMatch(std::string_view pattern_path) {
   std::string folder;
   std::string pattern;
   SplitPath(pattern_path, folder, pattern);
-  // The root of a drive is a folder only with its separator.
+  // Without the separator, "D:" would mean the current folder of that drive and not its root.
   return !pattern.empty() && !host::ListFolder(folder + "\\", pattern).value.empty();
 }
 
@@ -61,7 +61,7 @@ std::string Quoted(std::string_view text) {
 std::string TrimNull(std::string_view text) { return std::string(text.substr(0, text.find('\0'))); }
 
 void SplitPath(std::string_view full_path, std::string& folder, std::string& file) {
-  const std::string path(full_path);  // an output may be what the input views
+  const std::string path(full_path);  // a copy, because a caller may pass the same string as input and output
   const std::size_t separator = path.find_last_of("\\/");
   if (separator == std::string::npos) {
     folder = host::CurrentFolder();

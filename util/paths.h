@@ -1,5 +1,5 @@
-// Small stateless functions on path strings, files, folders and drives. None shows a message: every failure becomes
-// false, an empty string or an unchanged input.
+// Helper functions for path strings, files, folders and drives. None of them shows a message: after a failure they
+// return false, an empty string or their input.
 #pragma once
 
 #include <string>
@@ -11,53 +11,55 @@ namespace discwright::util {
 
 bool IsPathSeparator(char character);
 
-std::string Trim(std::string_view text);  // without leading and trailing blanks (U+0020 only)
+std::string Trim(std::string_view text);  // removes leading and trailing blanks (U+0020 only)
 
-// Appends "\" to a path that, trimmed of blanks, does not end in a separator; trailing blanks go then. Otherwise the
-// path stays as it is, blanks included.
+// Removes trailing blanks and appends "\", unless the last character that is not a blank is a separator. In that case
+// the path does not change, and keeps its trailing blanks.
 void AddBackslash(std::string& path);
 
-// Trimmed text; one pair of double quotes around it goes.
+// Removes blanks around the text, and then one pair of double quotes around it.
 std::string StripQuotes(std::string_view text);
 
-// The file that a text means: without blanks and one pair of double quotes around it, and without one trailing "\".
+// The path of the file that the user has entered as `text`: StripQuotes, and one "\" removed from its end.
 std::string NamedFile(std::string_view text);
 
-// Trimmed text in double quotes, unless it already starts and ends with one. The counterpart of StripQuotes.
+// Removes blanks around the text and encloses it in double quotes, unless it already begins and ends with one.
 std::string Quoted(std::string_view text);
 
 // The text before its first NUL.
 std::string TrimNull(std::string_view text);
 
-// Splits at the last separator. Without one the folder is the current directory; when the separator is the last
-// character neither output changes.
+// Splits a path at its last separator. Without a separator, `folder` becomes the current folder. When the separator is
+// the last character, neither output changes; callers rely on this.
 void SplitPath(std::string_view full_path, std::string& folder, std::string& file);
 
-// The folder in which a file or folder stands, without a separator at its end; a drive, or a name alone, is its own.
+// The folder that contains a file or folder, without a separator at its end. For a drive, and for a name without a
+// folder, the result is the input.
 std::string ParentOf(std::string path);
 
-// A path as the user would type it into a field: in the system's spelling, except where that would be read as another
-// path, because a name in it holds a backslash.
+// A path in the spelling in which a user would type it into a field: the system's spelling. The result is the input
+// when the system's spelling contains a backslash, because the field would take that for a separator.
 std::string AsTyped(const std::string& path);
 
-bool FolderExists(std::string_view path);  // empty or blank: false, without touching the disk
+bool FolderExists(std::string_view path);  // false for an empty or blank path, without looking at the disk
 
-// Whether the NamedFile can be opened. With a "*" in it: whether anything matches. A folder without a wildcard gives
-// false.
+// Whether the file can be opened for reading. If the path contains "*", whether any file or folder matches it. False
+// for a folder without a wildcard. See NamedFile for quotes and blanks.
 bool FileExists(std::string_view path);
 
-bool MakePath(std::string_view path);  // creates every missing folder
+bool MakePath(std::string_view path);  // creates every missing folder of the path
 
-// Deletes a folder with everything under it, read-only, hidden and system files too; links are removed, never
-// followed. True when the folder is gone afterwards; what could not be deleted is added to `notes` when given.
+// Deletes a folder with everything in it, including read-only, hidden and system files. Links are deleted, their
+// targets are not. Returns true when the folder does not exist afterwards. Notes what could not be deleted, if `notes`
+// is given.
 bool DelTree(std::string_view path, Notes* notes = nullptr);
 
-// The 8.3 form of an existing path; otherwise the input.
+// The short (8.3) form of a path. Returns the input when there is none.
 std::string GetShortPath(std::string_view path);
 
-std::string FirstCDROMDrive();  // of the first optical drive ("D:"), or ""
+std::string FirstCDROMDrive();  // the first optical drive, for example "D:"; empty when there is none
 
-int GetPlatformId();  // 1 Windows 95/98/Me, 2 NT family and every other system
-bool IsWinNT();
+int GetPlatformId();  // 1 for Windows 95, 98 and Me; 2 for the NT family and all other systems
+bool IsWinNT();       // also true for all systems other than Windows
 
 }  // namespace discwright::util

@@ -1,4 +1,4 @@
-// Running other programs: waiting for one, or following its output as events.
+// Starts other programs, waits for them, and delivers their output.
 #include "util/processes.h"
 
 #include <algorithm>
@@ -9,7 +9,7 @@ namespace discwright::util {
 namespace {
 
 constexpr int kNoCreationFlags = 0;
-constexpr std::size_t kMostLastWords = 500;  // bytes
+constexpr std::size_t kLongestTail = 500;  // bytes
 
 }  // namespace
 
@@ -34,21 +34,22 @@ host::Status StartLauncher(host::ProgramRunner& programs, host::UserInterface& u
 
 void WaitWhile(host::UserInterface& user, const bool& running, std::unique_ptr<host::Launcher>& launcher,
                int poll_interval) {
-  // A program that ended before the wait is still to be delivered; without a launcher no end can come any more.
+  // Deliver also reports the end of a program that ended before this wait. Without a launcher nothing would ever set
+  // `running` to false.
   while (running && launcher) {
     user.DoEvents(poll_interval);
     if (running && launcher) launcher->Deliver();
   }
 }
 
-void LastWords::Add(std::string_view output) {
+void OutputTail::Add(std::string_view output) {
   text_.append(output);
-  if (text_.size() <= kMostLastWords) return;
-  text_.erase(0, text_.size() - kMostLastWords);
+  if (text_.size() <= kLongestTail) return;
+  text_.erase(0, text_.size() - kLongestTail);
   is_cut_ = true;
 }
 
-std::string LastWords::Text() const {
+std::string OutputTail::Text() const {
   std::string text = text_;
   text.erase(text.find_last_not_of("\r\n ") + 1);
   if (!is_cut_) return text;

@@ -1,4 +1,4 @@
-// What stands in the program folder, who makes it, and who removes it.
+// The table of the program folder.
 #include "util/program_folder.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-// The program folder as one table: every file and folder that ships in it, is made in it, or may be found there.
-// PathOf(Item::kWorkspace) is the path of one of them.
+// A table of all files and folders in the program folder: those that ship with the program, and those that it makes.
+// PathOf(Item::kWorkspace), for example, is the path of the workspace.
 #pragma once
 
 #include <array>
@@ -9,7 +9,7 @@
 namespace discwright::util {
 
 enum class Item {
-  // What ships.
+  // Ships with the program.
   kTemplateTree,
   kBootSectors,
   kWin2KTemplate,
@@ -19,10 +19,10 @@ enum class Item {
   kDfl,
   kMkisofs,
   kHelpFile,
-  // What the user chose.
+  // Holds the user's choices.
   kSession,
   kWorkingKeyFile,
-  // What a build makes.
+  // Made by a build.
   kBuildKeyFile,
   kWriteTest,
   kWorkspace,
@@ -39,15 +39,15 @@ enum class Item {
 
 struct FolderItem {
   Item item;
-  std::string_view path;        // below the program folder, beginning with a separator
-  std::string_view made_by;     // the procedure that makes it; empty: it ships with the program
-  std::string_view deleted_by;  // the procedure that removes it; empty: it stays
+  std::string_view path;        // relative to the program folder, with a separator at its start
+  std::string_view made_by;     // the function that makes the item; empty when the item ships with the program
+  std::string_view deleted_by;  // the function that deletes the item; empty when the program never deletes it
 };
 
-// In the order of the enumeration.
+// One row for each Item, in the same order.
 extern const std::array<FolderItem, static_cast<std::size_t>(Item::kCount)> kProgramFolder;
 
 std::string PathOf(Item item);             // the full path
-std::string_view NameInFolder(Item item);  // the path below the program folder, without a separator before it
+std::string_view NameInFolder(Item item);  // the path relative to the program folder, without a separator at its start
 
 }  // namespace discwright::util

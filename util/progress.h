@@ -1,5 +1,5 @@
-// What a copy shows of its progress. The copy calls Prepare first and End last; the bar of a window, a line on a
-// terminal or nothing at all stands behind it.
+// The interface through which a copy shows its progress, so that util/ knows no window. The copy calls Prepare first
+// and End last; steps::StepProgress shows it on the progress page.
 #pragma once
 
 #include <cstdint>
@@ -11,13 +11,14 @@ class Progress {
  public:
   virtual ~Progress() = default;
 
-  virtual void Prepare() = 0;  // the bytes of the copy are about to be counted
+  virtual void Prepare() = 0;  // called before the files are counted
   virtual void SetTotal(std::int64_t bytes) = 0;
-  virtual void ShowFile(std::string_view name) = 0;  // the name, without a folder, of the file that is copied now
-  virtual void ShowBytes(std::int64_t bytes) = 0;    // copied so far, at most the total
-  // The bytes that are shown now. An earlier copy may have left some there, and a new one counts on from them.
+  virtual void ShowFile(std::string_view name) = 0;  // the current file's name, without its folder
+  virtual void ShowBytes(std::int64_t bytes) = 0;    // the bytes copied so far, at most the total
+  // The bytes that are shown now. They may be those of an earlier copy: nothing resets them, and a new copy adds its
+  // bytes to them.
   virtual std::int64_t ShownBytes() const = 0;
-  virtual void End() = 0;  // also after a copy that failed
+  virtual void End() = 0;  // called at the end of every copy, also of one that failed
 };
 
 }  // namespace discwright::util

@@ -1,4 +1,5 @@
-// The optimal string alignment distance: insertions, deletions, replacements and swaps of neighbours.
+// Compares names by their optimal string alignment distance: the number of insertions, deletions, replacements and
+// swaps of neighbouring characters that turn one name into the other.
 #include "util/spelling.h"
 
 #include <algorithm>
@@ -21,7 +22,8 @@ bool AreTooFarApart(std::string_view a, std::string_view b, std::size_t most) {
   return std::max(a.size(), b.size()) - std::min(a.size(), b.size()) > most;
 }
 
-// The table of distances has a row for each start of `a`. Only the last three rows are kept, no other is looked at.
+// Row i of the distance table belongs to the first i characters of `a`. Each row needs only the two rows before it, so
+// only these are kept.
 std::size_t Distance(std::string_view a, std::string_view b) {
   std::vector<std::size_t> before_last;
   std::vector<std::size_t> last(b.size() + 1);

@@ -54,7 +54,7 @@ TEST_F(BootChain, LoadersThatNameTheirFolderInUpperCaseOnly_ArePatchedForErdComm
   }
   const Outcome outcome = Build(discs.Choices());
   EXPECT_EQ(outcome.exit_code, 4);
-  EXPECT_THAT(outcome.err, HasSubstr("SETUPLDR.BIN: was not given the new name of its folder"));
+  EXPECT_THAT(outcome.err, HasSubstr("SETUPLDR.BIN: was not patched to use the new folder name"));
   ExpectStarts("erdc.bin", "erdc");
   ExpectStarts("oobc.bin", "I386");
 }

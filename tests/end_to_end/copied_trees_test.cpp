@@ -207,7 +207,7 @@ TEST_F(CopiedTrees, FolderWhoseNameBeginsWithADot_IsLeftOutWithAWarning) {
   WriteFile(utilities / ".hidden" / "in hidden.txt", "hidden");
   WriteFile(utilities / "visible.txt", "visible");
   const Outcome outcome = BuildWithWarnings();
-  ExpectOneWarning(outcome, utilities / ".hidden", "name begins with a dot");
+  ExpectOneWarning(outcome, utilities / ".hidden", "begin with a dot are skipped");
   ASSERT_THAT(Vexa(), SizeIs(1));
   EXPECT_TRUE(Vexa().contains("visible.txt"));
 }
@@ -266,7 +266,7 @@ TEST_F(CopiedTrees, ProgramFolderBelowTheChosenFolder_WorkspaceIsNotCopiedIntoIt
   WriteFile(utilities / "a.txt", "a");
   const Outcome outcome = Build(Utilities(place.path()));
   EXPECT_EQ(outcome.exit_code, 4) << outcome.err;
-  ExpectOneWarning(outcome, program / "vexacd" / "vexa", "it is the folder that is being copied to");
+  ExpectOneWarning(outcome, program / "vexacd" / "vexa", "it is the destination of the copy");
   const Contents disc = Vexa();
   EXPECT_TRUE(disc.contains("my utilities/a.txt"));
   EXPECT_TRUE(disc.contains("program/vexacd/boot"));
@@ -277,7 +277,7 @@ TEST_F(CopiedTrees, LinkToTheProgramFolder_WorkspaceIsNotCopiedIntoItself) {
   WriteFile(utilities / "a.txt", "a");
   fs::create_directory_symlink(program.folder(), utilities / "link");
   const fs::path workspace = utilities / "link" / "vexacd" / "vexa";
-  ExpectOneWarning(BuildWithWarnings(), workspace, "it is the folder that is being copied to");
+  ExpectOneWarning(BuildWithWarnings(), workspace, "it is the destination of the copy");
   EXPECT_TRUE(Vexa().contains("link/vexacd/boot"));
 }
 
@@ -295,7 +295,8 @@ TEST_F(CopiedTrees, UtilitiesAndAdditionalFilesBothWithTrouble_AreBothTold) {
 
 TEST_F(CopiedTrees, FolderWithoutAByteInIt_IsToldToBeMissing) {
   WriteFile(utilities / "empty.txt", "");
-  ExpectOneWarning(BuildWithWarnings(), utilities, "no file with anything in it was found");
+  ExpectOneWarning(BuildWithWarnings(), utilities,
+                   "this folder contains only empty files, or names that begin with a dot");
 }
 
 TEST_F(CopiedTrees, FolderGivenInAnotherLetterCase_IsFound) {

@@ -71,7 +71,7 @@ TEST_F(Remarks, NameThatSetupRefuses_IsTold) {
   const std::vector<std::string> xp = {"--set", "ChkGet_Win2k=1",      "--set", "Txt_i386_Loc=" + Xp().string(),
                                        "--set", "ChkWin2KInfo_Assis=1"};
   EXPECT_THAT(RemarksOf(Join(xp, {"--set", "FrmWin2KInfo.TxtPCName=MY OLD PC"})),
-              ElementsAre("remark: FrmWin2KInfo.TxtPCName: the computer name 'MY OLD PC' has a blank in it"));
+              ElementsAre("remark: FrmWin2KInfo.TxtPCName: the computer name 'MY OLD PC' contains a blank"));
 }
 
 TEST_F(Remarks, AnswersOfAnEarlierBuild_AreTold) {

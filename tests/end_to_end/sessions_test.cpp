@@ -47,9 +47,9 @@ TEST_F(Sessions, KeysThatMeanNothing_AreToldWithTheirLines) {
                     at + "4: Windows2K takes 0 or 1, not 'yes'\n" +                                 //
                     at +
                     "6: 'CleanSession 1' is neither a section nor a key with a value; a comment begins with ';'\n" +
-                    at + "8: the key CleanSession stands here again; only the first one is read\n" +  //
-                    at + "9: there is no section [Mian]; did you mean [Main]?\n" +                    //
-                    at + "11: section [Main] stands here again; only the first one is read");
+                    at + "8: the key CleanSession appears again; only the first one is read\n" +  //
+                    at + "9: there is no section [Mian]; did you mean [Main]?\n" +                //
+                    at + "11: section [Main] appears again; only the first one is read");
   EXPECT_FALSE(fs::exists(program / "keyfile2.txt"));
 }
 

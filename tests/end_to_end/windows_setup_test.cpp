@@ -254,7 +254,7 @@ TEST_F(WindowsSetup, ServicePackThatIsNoWindowsProgram_IsToldAndNothingIsStarted
   WriteFile(place / "my packs" / "Pack 1.exe", "PK");
   const Outcome outcome = BuildEverything(choices, {.environment = {path}});
   EXPECT_EQ(outcome.exit_code, 4);
-  EXPECT_THAT(outcome.err, HasSubstr((place / "my packs" / "Pack 1.exe").string() + " is no Windows program"));
+  EXPECT_THAT(outcome.err, HasSubstr((place / "my packs" / "Pack 1.exe").string() + " is not a Windows program"));
   EXPECT_FALSE(fs::exists(place / "begun"));
   EXPECT_EQ(discs.DifferenceToImage(image, program.folder()), "");
 }

@@ -56,7 +56,7 @@ TEST_F(CopyMatchingFilesTest, FirstFailure_EndsItSilentlyWithANote) {
   EXPECT_TRUE(host.Exists("C:\\to\\WIN51"));
   EXPECT_FALSE(host.Exists("C:\\to\\WIN51IP.SP2"));
   ASSERT_THAT(notes.all(), SizeIs(1));
-  EXPECT_EQ(notes.all()[0].cause, "could not be copied, nor was any of win51*.* after it: scratched");
+  EXPECT_EQ(notes.all()[0].cause, "could not be copied, nor were the files after it that match win51*.*: scratched");
   EXPECT_THAT(user.messages, IsEmpty());
 }
 

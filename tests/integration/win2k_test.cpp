@@ -181,7 +181,7 @@ TEST_F(AddWin2KTest, ServicePackThatIsNoWindowsProgram_IsToldBeforeAnythingIsSta
     Add();
     ASSERT_THAT(user.messages, SizeIs(1)) << content;
     EXPECT_EQ(user.messages[0].title, "Can't Slipstream Service Pack");
-    EXPECT_THAT(user.messages[0].text, HasSubstr("my pack.exe is no Windows program"));
+    EXPECT_THAT(user.messages[0].text, HasSubstr("my pack.exe is not a Windows program"));
     EXPECT_EQ(user.messages[0].icon, host::MessageIcon::kExclamation);
     EXPECT_THAT(programs.started, IsEmpty());
     EXPECT_FALSE(host.Exists("C:\\Discwright\\vexacd\\I386\\LANG"));
@@ -199,7 +199,7 @@ TEST_F(AddWin2KTest, ServicePackInQuotes_IsLookedIntoToo) {
   Add();
   EXPECT_THAT(programs.started, SizeIs(1));
   ASSERT_THAT(user.messages, SizeIs(1));
-  EXPECT_THAT(user.messages[0].text, HasSubstr(std::string(": ") + kServicePack + " is no Windows program"));
+  EXPECT_THAT(user.messages[0].text, HasSubstr(std::string(": ") + kServicePack + " is not a Windows program"));
 }
 
 TEST_F(AddWin2KTest, ServicePackThatCannotBeLookedInto_IsLeftToTheSystem) {
@@ -352,7 +352,7 @@ TEST_F(AddWin2KTest, SourceWithoutALoader_IsNoted) {
   source = "F:\\I386";
   Add();
   EXPECT_EQ(Notes(),
-            "F:\\I386\\SETUPLDR.BIN: did not come to the CD, and Windows Setup cannot be started from there\n");
+            "F:\\I386\\SETUPLDR.BIN: was not copied to the CD. Windows Setup cannot be started from it\n");
   EXPECT_EQ(cancelled, 0);
 }
 

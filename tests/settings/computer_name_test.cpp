@@ -31,9 +31,9 @@ TEST(ComputerName, LongerThan15Characters_IsRefused) {
 }
 
 TEST(ComputerName, Blank_IsRefusedButInAWorkgroupOfWindows2000) {
-  EXPECT_EQ(WhyNoComputerName("OLD PC", SetupFamily::kWin2K), "the computer name 'OLD PC' has a blank in it");
-  EXPECT_EQ(WhyNoComputerName("OLD PC", SetupFamily::kWin9x), "the computer name 'OLD PC' has a blank in it");
-  EXPECT_EQ(WhyNoWorkgroupName("MY HOME", SetupFamily::kWin9x), "the workgroup name 'MY HOME' has a blank in it");
+  EXPECT_EQ(WhyNoComputerName("OLD PC", SetupFamily::kWin2K), "the computer name 'OLD PC' contains a blank");
+  EXPECT_EQ(WhyNoComputerName("OLD PC", SetupFamily::kWin9x), "the computer name 'OLD PC' contains a blank");
+  EXPECT_EQ(WhyNoWorkgroupName("MY HOME", SetupFamily::kWin9x), "the workgroup name 'MY HOME' contains a blank");
   EXPECT_EQ(WhyNoWorkgroupName("MY HOME", SetupFamily::kWin2K), "");
 }
 
@@ -42,7 +42,7 @@ TEST(ComputerName, SignsThatEverySystemRefuses_AreNamed) {
     for (const char sign : std::string("\"/\\[]:|<>+=;,?*")) {
       const std::string name = std::string("A") + sign + "B";
       EXPECT_THAT(WhyNoComputerName(name, family),
-                  HasSubstr(std::string("has a sign in it that Windows Setup refuses: ") + sign));
+                  HasSubstr(std::string("contains a character that Windows Setup refuses: ") + sign));
       EXPECT_THAT(WhyNoWorkgroupName(name, family), HasSubstr("refuses: ")) << name;
     }
   }

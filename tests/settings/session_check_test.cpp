@@ -69,7 +69,8 @@ TEST_F(SessionCheck, UnknownSection_IsNamedOnceWithoutItsKeys) {
 }
 
 TEST_F(SessionCheck, KeyBeforeAnySection_IsAProblem) {
-  EXPECT_THAT(Problems("Windows2K=1\n[Main]\n"), ElementsAre("line 1: the key Windows2K stands before any section"));
+  EXPECT_THAT(Problems("Windows2K=1\n[Main]\n"),
+              ElementsAre("line 1: the key Windows2K comes before the first section"));
 }
 
 TEST_F(SessionCheck, LineThatIsNothing_IsAProblem) {
@@ -81,8 +82,8 @@ TEST_F(SessionCheck, LineThatIsNothing_IsAProblem) {
 
 TEST_F(SessionCheck, KeyOrSectionThatStandsThereAgain_IsAProblem) {
   EXPECT_THAT(Problems("[Main]\nWindows2K=1\nwindows2k=yes\n[Locations]\n[MAIN]\nWindows9x=1\n"),
-              ElementsAre("line 3: the key Windows2K stands here again; only the first one is read",
-                          "line 5: section [Main] stands here again; only the first one is read"));
+              ElementsAre("line 3: the key Windows2K appears again; only the first one is read",
+                          "line 5: section [Main] appears again; only the first one is read"));
 }
 
 TEST_F(SessionCheck, CheckBox_TakesZeroToTwoInQuotesAndBlanks) {

@@ -84,8 +84,8 @@ TEST_F(ShippedSession, TableOfKeys_IsThatOfTheProgram) {
   std::string expected = kTableHead + TableLine("Section", "Key", "Takes", "Control", "Caption");
   for (const SessionKey& key : SessionKeys()) {
     const forms::Control& control = ControlOf(windows, *key.line);
-    expected +=
-        TableLine(key.section, key.key, WhatItTakes(key.line->encoding), NameOf(control, windows), CaptionOf(control));
+    expected += TableLine(key.section, key.key, AcceptedValues(key.line->encoding), NameOf(control, windows),
+                          CaptionOf(control));
   }
   EXPECT_EQ(WithoutCarriageReturns(ReadShipped("session_keys.txt")), expected)
       << "files/sessions/session_keys.txt must be:\n"
@@ -98,7 +98,7 @@ TEST_F(ShippedSession, Example_HasEveryKeyAndPassesTheStrictCheck) {
   for (const SessionKey& key : SessionKeys()) {
     EXPECT_TRUE(base::FindIniValue(example, key.section, key.key))
         << "the example lacks " << key.key << " in [" << key.section << "], which takes "
-        << WhatItTakes(key.line->encoding);
+        << AcceptedValues(key.line->encoding);
   }
 }
 

@@ -33,7 +33,7 @@ TEST_F(CheckOrStopTest, ShortTexts_StandBeforeTheSystemsReason) {
   for (const auto& [error, text] : cases) {
     EXPECT_EQ(Noted(error, "why", Wording::kWithShortText), "C:\\a: could not be copied: " + text + " (why)");
     EXPECT_EQ(Noted(error, "", Wording::kWithShortText), "C:\\a: could not be copied: " + text);
-    EXPECT_EQ(Noted(error, "why", Wording::kSystemsReason), "C:\\a: could not be copied: why");
+    EXPECT_EQ(Noted(error, "why", Wording::kSystemReason), "C:\\a: could not be copied: why");
   }
 }
 

@@ -135,14 +135,14 @@ TEST_F(CopyTreeWithProgressTest, TreeOfEmptyFiles_CopiesNothingAndIsNoted) {
   EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kFailed);
   EXPECT_FALSE(host.Exists("C:\\dst"));
   EXPECT_TRUE(user.messages.empty());
-  ExpectOneNote("C:\\src", "nothing was copied, no file with anything in it was found");
+  ExpectOneNote("C:\\src", "nothing was copied: this folder contains only empty files");
 }
 
 TEST_F(CopyTreeWithProgressTest, TreeOfDotFilesOnly_CopiesNothing) {
   host.AddFile("C:\\src\\.file", "x");
   EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kFailed);
   EXPECT_FALSE(host.Exists("C:\\dst"));
-  ExpectOneNote("C:\\src", "names begin with a dot do not count");
+  ExpectOneNote("C:\\src", "names that begin with a dot");
   EXPECT_THAT(notes.all()[0].cause, ::testing::Not(::testing::HasSubstr("bytes")));
 }
 
@@ -226,7 +226,7 @@ TEST_F(CopyTreeByFindTest, DotFile_IsCopiedAndDotFolderIsPassedOverAndNoted) {
   EXPECT_EQ(host.Content("C:\\dst\\.file"), "x");
   EXPECT_EQ(host.Content("C:\\dst\\z"), "x");
   EXPECT_FALSE(host.Exists("C:\\dst\\.folder"));
-  ExpectOneNote("C:\\src\\.folder", "begins with a dot");
+  ExpectOneNote("C:\\src\\.folder", "begin with a dot are skipped");
 }
 
 TEST_F(CopyTreeByFindTest, EveryFile_IsNamedAndRepaintedInListingOrder) {

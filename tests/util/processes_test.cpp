@@ -64,32 +64,32 @@ TEST_F(ShellAndWaitTest, ProgramThatCannotBeStarted_IsFalseWithoutWaiting) {
   EXPECT_TRUE(programs.waits.empty());
 }
 
-std::string LastWordsOf(const std::vector<std::string>& pieces) {
-  LastWords last_words;
-  for (const std::string& piece : pieces) last_words.Add(piece);
-  return last_words.Text();
+std::string TailOf(const std::vector<std::string>& pieces) {
+  OutputTail tail;
+  for (const std::string& piece : pieces) tail.Add(piece);
+  return tail.Text();
 }
 
-TEST(LastWords, OfManyLines_BeginWithAWholeLine) {
+TEST(OutputTail, ManyLines_BeginsWithACompleteLine) {
   std::string lines;
   for (int i = 10; i < 60; ++i) lines += "window " + std::to_string(i) + ", but no driver\n";
-  const std::string last = LastWordsOf({lines, "the end\r\n"});
+  const std::string last = TailOf({lines, "the end\r\n"});
   EXPECT_THAT(last, ::testing::StartsWith("... window 4"));
   EXPECT_THAT(last, ::testing::EndsWith("window 59, but no driver\nthe end"));
   EXPECT_GT(last.size(), 420U);
 }
 
-TEST(LastWords, OfOneLine_BeginWithAWholeWord) {
-  EXPECT_EQ(LastWordsOf({"START" + std::string(1000, 'a') + " and then", " the end"}), "... and then the end");
+TEST(OutputTail, OneLine_BeginsWithACompleteWord) {
+  EXPECT_EQ(TailOf({"START" + std::string(1000, 'a') + " and then", " the end"}), "... and then the end");
 }
 
-TEST(LastWords, OfOneWord_AreItsEnd) {
-  EXPECT_EQ(LastWordsOf({std::string(1000, 'a')}), "... " + std::string(500, 'a'));
+TEST(OutputTail, OneWord_IsItsLastCharacters) {
+  EXPECT_EQ(TailOf({std::string(1000, 'a')}), "... " + std::string(500, 'a'));
 }
 
-TEST(LastWords, OfExactlyWhatIsKept_AreWhole) {
-  EXPECT_EQ(LastWordsOf({std::string(500, 'a')}), std::string(500, 'a'));
-  EXPECT_EQ(LastWordsOf({}), "");
+TEST(OutputTail, UpToTheLimit_IsTheWholeOutput) {
+  EXPECT_EQ(TailOf({std::string(500, 'a')}), std::string(500, 'a'));
+  EXPECT_EQ(TailOf({}), "");
 }
 
 TEST_F(StartLauncherTest, PiecesAndEnd_ArriveInOrderAndTheEndOnceAndLast) {

@@ -302,11 +302,11 @@ TEST_F(Choices, NamesThatSetupRefuses_AreRemarkedOnWhereTheyAreWanted) {
   EXPECT_EQ(Make(names), "");
   EXPECT_THAT(RemarksOn(windows, {}, true), IsEmpty());
   EXPECT_THAT(Remarks(wanted),
-              ElementsAre("FrmWin9xInfo.TxtPCName: the computer name 'old pc' has a blank in it",
-                          "FrmWin9xInfo.TxtWorkgroup: the workgroup name 'work group' has a blank in it",
+              ElementsAre("FrmWin9xInfo.TxtPCName: the computer name 'old pc' contains a blank",
+                          "FrmWin9xInfo.TxtWorkgroup: the workgroup name 'work group' contains a blank",
                           "FrmWin2KInfo.TxtPCName: the computer name '12345' consists of digits only, which Windows "
                           "2000 and later refuse",
-                          "FrmWin2KInfo.TxtWorkgroup: the workgroup name 'a?b' has a sign in it that Windows Setup "
+                          "FrmWin2KInfo.TxtWorkgroup: the workgroup name 'a?b' contains a character that Windows Setup "
                           "refuses: ?"));
 }
 
