@@ -1,4 +1,4 @@
-// Text at the door of the system: UTF-8 in the program, the system's code page in its files and at its calls.
+// Translates text between the program, which uses UTF-8, and the system, whose files and calls use its code page.
 // Settings files go through EncodeText and DecodeText, everything that another program printed through TextFromNative.
 #pragma once
 

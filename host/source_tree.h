@@ -35,7 +35,7 @@ class SourceFile {
 };
 
 // Paths are relative to the tree's root, made of names as List gives them with "/" in between; "" is the root itself.
-// They have any length, but on Windows, where a whole path ends at 259 bytes, what is longer has a status that says so.
+// They may have any length, except on Windows: there a whole path has at most 259 bytes, and a longer one is a failure.
 // Links are followed.
 class SourceTree {
  public:

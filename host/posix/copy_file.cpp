@@ -39,7 +39,7 @@ class ContentCopy {
       if (moved < 0) return LastFailure();
       transferred_ += moved;
       const bool is_end = moved == 0 || transferred_ == size;
-      // A file whose end shows only by an empty read was told about already, unless it is empty.
+      // An empty read at the end is no news, unless the whole file is empty.
       if ((moved > 0 || transferred_ == 0) && !Tell(CopyEvent::kChunkFinished)) return Stopped();
       if (is_end) return Status::Success();
     }
@@ -53,7 +53,7 @@ class ContentCopy {
     if (by_kernel_) {
       const ssize_t moved = copy_file_range(from_, nullptr, to_, nullptr, kCopyPiece, 0);
       if (moved > 0 || (moved < 0 && !KernelCannotCopy(errno) && errno != EINTR)) return moved;
-      // Also after "nothing to copy": the kernel says so of files it makes up as they are read.
+      // Also after 0, which the kernel returns for files that it makes up while they are read.
       by_kernel_ = false;
     }
     return MoveByHand();
@@ -95,7 +95,7 @@ Status StartTarget(NewFile& target, const std::string& to, const struct stat& so
   return target.CreateBeside(to, mode);
 }
 
-// A file system that has no room for the time does not spoil the copy.
+// A file system that cannot store the time is no reason to fail.
 void KeepTime(int fd, const struct stat& source) {
   const std::array<timespec, 2> times{timespec{0, UTIME_OMIT}, source.st_mtim};
   static_cast<void>(futimens(fd, times.data()));

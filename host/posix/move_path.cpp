@@ -84,13 +84,14 @@ Status CopyOfKind(const std::string& from, const std::string& to, mode_t mode) {
   return S_ISREG(mode) ? CopyToFreeName(from, to) : NotARegularFile(false);
 }
 
-// Owner, mode and times of the original, what must not be given away coming first.
+// Gives a copy the owner, mode and times of the original. Changing the owner may clear bits of the mode, so it is
+// first.
 Status TakeOver(const std::string& to, const struct stat& original) {
   const bool is_same_owner = lchown(to.c_str(), original.st_uid, original.st_gid) == 0;
-  // A program that runs as its owner must not do so as another.
+  // Without the owner, the set-user-ID and set-group-ID bits are left out: the program would run as somebody else.
   const mode_t kept = is_same_owner ? 07777 : 0777;
   if (!S_ISLNK(original.st_mode) && chmod(to.c_str(), original.st_mode & kept) != 0) return LastFailure();
-  // A file system that has no room for the times does not spoil the copy.
+  // A file system that cannot store the times is no reason to fail.
   const std::array<timespec, 2> times{original.st_atim, original.st_mtim};
   static_cast<void>(utimensat(AT_FDCWD, to.c_str(), times.data(), AT_SYMLINK_NOFOLLOW));
   return Status::Success();
@@ -129,13 +130,13 @@ int RenameToFreeName(const std::string& from, const std::string& to) {
   return std::rename(from.c_str(), to.c_str());
 }
 
-// By way of a passing name: nothing is ever seen in part under its own.
+// Copies to a temporary name first: nobody ever sees half a copy under the final name.
 Status MoveAcross(const std::string& from, const std::string& to) {
-  const std::string passing = PassingName(to);
-  Status status = CopyTree(from, passing);
-  if (status.ok()) status = StatusOfResult(RenameOver(passing, to));
+  const std::string temporary = TemporaryName(to);
+  Status status = CopyTree(from, temporary);
+  if (status.ok()) status = StatusOfResult(RenameOver(temporary, to));
   if (status.ok()) return RemoveTree(from);
-  static_cast<void>(RemoveTree(passing));
+  static_cast<void>(RemoveTree(temporary));
   return status;
 }
 
@@ -153,23 +154,24 @@ Status PutAt(const std::string& from, const std::string& to) {
 }
 
 // Both paths are one file: two names of it, which become one, or one name whose letter case the file system ignores.
-// The system takes either for nothing to do.
+// rename() alone would do nothing in either case.
 Status MoveOntoItself(const std::string& from, const std::string& to) {
   if (from == to) return Status::Success();
-  const std::string passing = PassingName(to);
-  if (std::rename(from.c_str(), passing.c_str()) != 0) return LastFailure();
-  Status status = StatusOfResult(std::rename(passing.c_str(), to.c_str()));
+  const std::string temporary = TemporaryName(to);
+  if (std::rename(from.c_str(), temporary.c_str()) != 0) return LastFailure();
+  Status status = StatusOfResult(std::rename(temporary.c_str(), to.c_str()));
   if (status.ok()) {
-    unlink(passing.c_str());  // still there if it was the second name
+    unlink(temporary.c_str());  // still there if it was the second name
   } else {
-    std::rename(passing.c_str(), from.c_str());
+    std::rename(temporary.c_str(), from.c_str());
   }
   NoteChanged(NativeFolder(to));
   return status;
 }
 
-// Under which name each of `names` comes into a folder that has the names `there`; both are sorted. A name in another
-// letter case is used once, and not when what has it exactly is coming, too.
+// The name that each of `names` gets in a folder that has the names `there`; both are sorted. It is a name there that
+// differs only in letter case, if there is one. Such a name is used once, and not when exactly this name is one of
+// `names`, too.
 std::vector<std::string> PlacesFor(const std::vector<std::string>& names, const std::vector<std::string>& there) {
   std::unordered_map<std::string, std::string> others;
   for (const std::string& name : there) {
@@ -185,8 +187,8 @@ std::vector<std::string> PlacesFor(const std::vector<std::string>& names, const 
   return places;
 }
 
-// Only this one name cannot be moved, because what stands at its place is of another kind: the shell of Windows goes on
-// with the next.
+// Whether only this one name cannot be moved, because a file is in the place of a folder or the other way round. The
+// shell of Windows then goes on with the next name.
 bool IsInTheWay(const Status& status) {
   return status.error == ErrorClass::kWrongKind || status.error == ErrorClass::kExists;
 }

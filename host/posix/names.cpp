@@ -1,4 +1,4 @@
-// Letter case: finding names in any, text without it, and the names of discs that the system shows in lower case.
+// How the system spells names and paths, and text without letter case.
 #include <clocale>
 #include <cwctype>
 

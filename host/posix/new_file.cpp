@@ -41,13 +41,14 @@ Status TakeOver(int fd, const struct stat& replaced) {
   return StatusOfResult(fchmod(fd, replaced.st_mode & 07777u));
 }
 
-// A file system that has no room for the times does not spoil the content.
+// A file system that cannot store the times is no reason to fail.
 void KeepTimes(int fd, const struct stat& replaced) {
   const std::array<timespec, 2> times{replaced.st_atim, replaced.st_mtim};
   static_cast<void>(futimens(fd, times.data()));
 }
 
-// Whether the existing file may be replaced; its folder alone would allow that even for a read-only file.
+// Whether the existing file may be replaced. The system would only ask whether its folder may be changed, and so
+// replace a read-only file.
 Status MayReplace(const std::string& native, const struct stat& facts) {
   const Status status = CheckRegular(facts);
   return status.ok() ? StatusOfResult(access(native.c_str(), W_OK)) : status;
@@ -55,7 +56,7 @@ Status MayReplace(const std::string& native, const struct stat& facts) {
 
 }  // namespace
 
-std::string PassingName(const std::string& native) {
+std::string TemporaryName(const std::string& native) {
   static std::atomic<unsigned> counter = 0;
   const std::string name = ".discwright-" + std::to_string(getpid()) + "-" + std::to_string(counter++);
   return NativeJoin(NativeFolder(native), name);
@@ -64,7 +65,7 @@ std::string PassingName(const std::string& native) {
 Status NewFile::Create(const std::string& native, mode_t mode) {
   fd_ = UniqueFd(open(native.c_str(), kCreateFlags, mode));
   if (!fd_.valid()) return LastFailure();
-  name_ = passing_name_ = native;
+  name_ = temporary_name_ = native;
   // At once and not in Commit: what others do in the folder while this file is written must be noticed.
   NoteCreated(native);
   return Status::Success();
@@ -72,28 +73,28 @@ Status NewFile::Create(const std::string& native, mode_t mode) {
 
 Status NewFile::CreateBeside(const std::string& native, mode_t mode) {
   do {
-    passing_name_ = PassingName(native);
-    fd_ = UniqueFd(open(passing_name_.c_str(), kCreateFlags, mode));
+    temporary_name_ = TemporaryName(native);
+    fd_ = UniqueFd(open(temporary_name_.c_str(), kCreateFlags, mode));
   } while (!fd_.valid() && errno == EEXIST);
   name_ = native;
   if (fd_.valid()) return Status::Success();
-  passing_name_.clear();
+  temporary_name_.clear();
   return LastFailure();
 }
 
 Status NewFile::Commit() {
   if (fd_.Close() != 0) return LastFailure();
-  if (passing_name_ != name_) {
-    if (std::rename(passing_name_.c_str(), name_.c_str()) != 0) return LastFailure();
+  if (temporary_name_ != name_) {
+    if (std::rename(temporary_name_.c_str(), name_.c_str()) != 0) return LastFailure();
     NoteCreated(name_);
   }
-  passing_name_.clear();
+  temporary_name_.clear();
   return Status::Success();
 }
 
 void NewFile::Discard() {
-  if (!passing_name_.empty()) unlink(passing_name_.c_str());
-  passing_name_.clear();
+  if (!temporary_name_.empty()) unlink(temporary_name_.c_str());
+  temporary_name_.clear();
 }
 
 Status WriteWholeFile(std::string_view path, std::string_view content, FileTimes times) {

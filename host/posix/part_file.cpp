@@ -48,8 +48,8 @@ class PosixPartFile : public PartFile {
     if (!written.valid()) return LastFailure();
     std::swap(fd_, written);
     if (written.Close() != 0) return LastFailure();
-    // Another run may put its own file under the part's name at any time; under a name that no other run uses it can
-    // be told whose it is before it becomes the finished file.
+    // Another run may put its own file under the part's name at any time. So the part first gets a name that no other
+    // run uses, and there it is checked whose file it is.
     const std::string mine = NativeJoin(NativeFolder(name_), ".discwright-" + std::to_string(getpid()) + ".part");
     if (std::rename(part_.c_str(), mine.c_str()) != 0) return errno == ENOENT ? Replaced() : LastFailure();
     if (!IsAt(fd_.get(), mine)) {

@@ -1,4 +1,4 @@
-// The system knows neither profile files nor a registry: the former are text.
+// Profile files are plain text here, and there is no registry.
 #include "host/profile.h"
 
 namespace discwright::host {

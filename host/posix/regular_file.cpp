@@ -112,7 +112,7 @@ Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode m
   const bool writes = mode != OpenMode::kRead;
   RegularFile file = OpenRegular(native, writes ? O_RDWR : O_RDONLY);
   if (writes && file.status.error == ErrorClass::kNotFound) file = CreateRegular(native);
-  // Emptied only now: whatever was opened is known to be a file.
+  // Emptied only now, when it is known to be a file.
   if (file.status.ok() && mode == OpenMode::kCreateEmpty && file.facts.st_size > 0) {
     file.status = StatusOfResult(ftruncate(file.fd.get(), 0));
   }

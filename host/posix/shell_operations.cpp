@@ -21,7 +21,7 @@ namespace {
 
 // The service's number for a path that it cannot take.
 constexpr int kInvalidFiles = 0x7C;
-// The system's own for a new name that something has: the service renames onto nothing.
+// The system's own number for a new name that is taken: the service replaces nothing when it renames.
 constexpr int kAlreadyThere = 183;
 
 struct Number {

@@ -17,7 +17,8 @@ namespace discwright::host {
 namespace {
 
 constexpr int kFolderFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
-// Whatever took a file's place since it was listed must neither block nor become the terminal.
+// A pipe or terminal may have taken a file's place since it was listed. It must not block, nor become the program's
+// own terminal.
 constexpr int kFileFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
 
 // openat() for paths of any length: what the system cannot take at once is gone through folder by folder.

@@ -27,7 +27,7 @@ std::string CurrentFolder() { return PathFromNative("."); }
 
 std::shared_ptr<void> ClaimFolder(std::string_view folder) {
   const auto claim = std::make_shared<UniqueFd>(open(NativePath(folder).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  // A file system that knows no locks keeps nobody out.
+  // On a file system without locks every claim succeeds.
   if (flock(claim->get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return nullptr;
   return claim;
 }

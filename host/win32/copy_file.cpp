@@ -17,7 +17,7 @@ using SystemCopy = decltype(CopyFileExA);
 
 Status Stopped() { return StatusOf(ERROR_REQUEST_ABORTED); }
 
-// What the routine was told so far.
+// Tells the routine of the progress, and remembers what it was told.
 class Teller {
  public:
   explicit Teller(const CopyRoutine& routine) : routine_(routine) {}
@@ -70,7 +70,7 @@ Status CopyBytes(HANDLE from, HANDLE to, Teller& teller) {
   return Status::Success();
 }
 
-// A file system that has no room for the time does not spoil the copy.
+// A file system that cannot store the time is no reason to fail.
 void KeepTime(HANDLE from, HANDLE to) {
   FILETIME modified{};
   if (GetFileTime(from, nullptr, nullptr, &modified) != 0) SetFileTime(to, nullptr, nullptr, &modified);
@@ -126,7 +126,7 @@ Status CopyFileWithProgress(std::string_view from, std::string_view to, const Co
   if (!status.ok()) return status;
   // What is replaced stays until the copy is whole.
   const bool replaces = IsThere(target);
-  const AnsiPath copy(replaces ? PassingName(target) : target.core);
+  const AnsiPath copy(replaces ? TemporaryName(target) : target.core);
   status = copy.status;
   if (!status.ok()) return status;
   status = FindSystemCopy() != nullptr ? CopyBySystem(source, copy, routine) : CopyByHand(source, copy, routine);

@@ -44,8 +44,8 @@ Result<NativeFacts> FactsOfHandle(HANDLE file);
 
 enum class Links { kFollow, kTake };  // kTake: the link itself
 
-// Windows 95, 98 and Me, and an NT that does not let the file be looked at, cannot say which file it is; what stands in
-// for that are numbers made of its path.
+// Windows 95, 98 and Me cannot say which file it is, nor can the NT family when it denies access. Volume and number are
+// then made from the path.
 Result<NativeFacts> FactsOfPath(const AnsiPath& path, Links links);
 
 // What the listing says of one file or folder; not of the root of a drive.

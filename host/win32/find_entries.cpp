@@ -29,8 +29,8 @@ class Search {
   HANDLE handle_;
 };
 
-// In place of a character that the code page lacks the system may give a similar one, also one that no name can have;
-// and names that end in a dot or a blank are opened without it.
+// For a character that the code page lacks, the system may give a similar one, even one that no name can have. Names
+// that end in a dot or a blank are opened without it.
 std::string NameWithMarks(const char* listed) {
   std::string name = TextOfCodePage(listed);
   for (char& character : name) {

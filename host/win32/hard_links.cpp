@@ -30,8 +30,8 @@ FileFacts ToFacts(const NativeFacts& facts) {
 
 bool IsListed(const FoundEntry& found) { return !IsLink(found.data) && !base::IsDevicePath(found.name); }
 
-// What cannot be opened is listed with the little that is known of it, as one more file of its folder's volume: reading
-// it tells why.
+// A file that cannot be opened is listed with the little that is known of it, as one more file on its folder's volume.
+// Reading it later tells why.
 NamedFacts Describe(std::string_view folder, const FoundEntry& found, FileFacts unknown) {
   NamedFacts entry{found.name, found.IsFolder(), {}};
   if (entry.is_folder) return entry;
@@ -47,10 +47,10 @@ NamedFacts Describe(std::string_view folder, const FoundEntry& found, FileFacts 
 
 // A refused link may be the fault of this one file (protected, not ours) or of the file system; only trying tells.
 bool FolderTakesLinks(const AnsiPath& fresh) {
-  const AnsiPath probe(PassingName(fresh));
+  const AnsiPath probe(TemporaryName(fresh));
   const RegularFile file = OpenRegular(probe, GENERIC_WRITE, CREATE_NEW, ShareEverything());
   if (!file.status.ok()) return true;  // nothing is known; the file's own failure is the better message
-  const AnsiPath second(PassingName(fresh));
+  const AnsiPath second(TemporaryName(fresh));
   const bool takes = FindLinkCall()(second.c_str(), probe.c_str(), nullptr) != 0;
   if (takes) DeleteFileA(second.c_str());
   DeleteFileA(probe.c_str());

@@ -1,4 +1,8 @@
-// Paths at the door of the system's ANSI calls.
+// Paths as the system's ANSI calls take them.
+//
+//   const AnsiPath path(core_path);
+//   if (!path.status.ok()) return path.status;
+//   DeleteFileA(path.c_str());
 #pragma once
 
 #include <optional>
@@ -9,12 +13,12 @@
 
 namespace discwright::host {
 
-// A core path as the ANSI calls take it: "\" between names, otherwise as given. Nothing when the code page cannot hold
-// it, or when it has "?" or "*", which the system gives for characters that its code page lacks and would take for
-// wildcards.
+// A core path in the ANSI code page: "\" between names, otherwise as given. Nothing when the code page cannot hold it,
+// or when it has "?" or "*". The system lists these in place of characters that its code page lacks, and would take
+// them for wildcards.
 std::optional<std::string> NativePath(std::string_view path);
 
-// A core path on its way to the system's calls.
+// A core path that was translated and checked.
 struct AnsiPath {
   explicit AnsiPath(std::string_view path);
 

@@ -13,9 +13,9 @@ namespace discwright::host {
 namespace {
 
 // Windows 95, 98 and Me cannot rename over a file. The old one steps aside first: a crash in between leaves the name
-// free, the old content and the new under passing names, and loses neither.
+// free, the old content and the new under temporary names, and loses neither.
 Status StepAside(const AnsiPath& from, const AnsiPath& to) {
-  const AnsiPath aside(PassingName(to));
+  const AnsiPath aside(TemporaryName(to));
   if (!aside.status.ok()) return aside.status;
   if (MoveFileA(to.c_str(), aside.c_str()) == 0) return LastFailure();
   if (MoveFileA(from.c_str(), to.c_str()) == 0) {
@@ -34,7 +34,7 @@ const FILETIME* OrNone(const FILETIME& time) {
   return time.dwHighDateTime != 0 || time.dwLowDateTime != 0 ? &time : nullptr;
 }
 
-// A file system that has no room for the times does not spoil the content.
+// A file system that cannot store the times is no reason to fail.
 void KeepTimes(HANDLE file, const AnsiPath& path) {
   WIN32_FIND_DATAA replaced{};
   if (!FindOne(path.native, replaced)) return;
@@ -44,12 +44,12 @@ void KeepTimes(HANDLE file, const AnsiPath& path) {
 
 }  // namespace
 
-std::string PassingName(const AnsiPath& path) {
+std::string TemporaryName(const AnsiPath& path) {
   static std::atomic<unsigned> counter = 0;
   for (;;) {
     const std::string name = ".discwright-" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(counter++);
-    std::string passing = base::SiblingOf(path.core, name);
-    if (!IsThere(AnsiPath(passing))) return passing;
+    std::string temporary = base::SiblingOf(path.core, name);
+    if (!IsThere(AnsiPath(temporary))) return temporary;
   }
 }
 
@@ -66,25 +66,25 @@ Status DeleteForSure(const AnsiPath& path) {
   return StatusOfResult(DeleteFileA(path.c_str()));
 }
 
-NewFile::NewFile(const AnsiPath& path) : path_(path), passing_(PassingName(path)), status_(passing_.status) {
+NewFile::NewFile(const AnsiPath& path) : path_(path), temporary_(TemporaryName(path)), status_(temporary_.status) {
   if (!status_.ok()) return;
-  handle_ =
-      OwnedHandle(CreateFileA(passing_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+  handle_ = OwnedHandle(
+      CreateFileA(temporary_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!handle_.valid()) status_ = LastFailure();
 }
 
 NewFile::~NewFile() {
   if (!handle_.valid() && !status_.ok()) return;
   handle_.Close();
-  if (!is_whole_) DeleteFileA(passing_.c_str());
+  if (!is_whole_) DeleteFileA(temporary_.c_str());
 }
 
 Status NewFile::Commit(DWORD attributes) {
   // A crash after the renaming must not find the content still on its way to the disk.
   if (FlushFileBuffers(handle_.get()) == 0) return LastFailure();
   handle_.Close();
-  if (SetFileAttributesA(passing_.c_str(), attributes) == 0) return LastFailure();
-  Status moved = MoveOver(passing_, path_);
+  if (SetFileAttributesA(temporary_.c_str(), attributes) == 0) return LastFailure();
+  Status moved = MoveOver(temporary_, path_);
   is_whole_ = moved.ok();
   return moved;
 }

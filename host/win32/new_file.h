@@ -12,7 +12,7 @@ namespace discwright::host {
 
 // A name beside `path` that nothing has: short, and independent of the final name, which may be as long as the system
 // allows.
-std::string PassingName(const AnsiPath& path);
+std::string TemporaryName(const AnsiPath& path);
 
 // Moves a file over what may have the name `to`, in one step where the system can. A read-only file there is replaced.
 Status MoveOver(const AnsiPath& from, const AnsiPath& to);
@@ -23,7 +23,7 @@ Status DeleteForSure(const AnsiPath& path);
 // Unless Commit succeeds, the destructor removes what was written, and a file that had the name stays as it was.
 class NewFile {
  public:
-  // Creates a file under a passing name beside `path`; see status().
+  // Creates a file under a temporary name beside `path`; see status().
   explicit NewFile(const AnsiPath& path);
   NewFile(const NewFile&) = delete;
   NewFile& operator=(const NewFile&) = delete;
@@ -37,7 +37,7 @@ class NewFile {
 
  private:
   AnsiPath path_;
-  AnsiPath passing_;
+  AnsiPath temporary_;
   OwnedHandle handle_;
   Status status_;
   bool is_whole_ = false;

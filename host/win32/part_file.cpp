@@ -19,8 +19,8 @@ namespace {
 
 Status Replaced() { return Status::Failure(ErrorClass::kExists, "Another run has replaced the unfinished file"); }
 
-// Whether `file` is what stands at `path`, both in one folder and so on one volume (which Wine forgets of a file that
-// is renamed while it is open). Windows 95, 98 and Me let nobody rename or delete what is open.
+// Whether `file` is what stands at `path`. Both are in one folder, so the volumes are not compared: Wine forgets the
+// volume of a file that is renamed while it is open. Windows 95, 98 and Me let nobody rename or delete an open file.
 bool IsAt(HANDLE file, const AnsiPath& path) {
   if (!IsNtFamily()) return true;
   const Result<NativeFacts> opened = FactsOfHandle(file);
@@ -59,10 +59,10 @@ class WindowsPartFile : public PartFile {
   }
 
  private:
-  // Another run may put its own file under the part's name at any time; under a name that no other run uses it can be
-  // told whose it is before it becomes the finished file.
+  // Another run may put its own file under the part's name at any time. So the part first gets a name that no other run
+  // uses, and there it is checked whose file it is.
   Status CommitWhileOpen() {
-    const AnsiPath mine(PassingName(name_));
+    const AnsiPath mine(TemporaryName(name_));
     if (!mine.status.ok()) return mine.status;
     if (!IsAt(file_.get(), part_)) return Replaced();
     if (MoveFileA(part_.c_str(), mine.c_str()) == 0)
@@ -90,14 +90,14 @@ class WindowsPartFile : public PartFile {
   bool is_unfinished_ = true;
 };
 
-// What is there is not written into: a run that was left behind may still have it open. On the NT family it keeps its
-// name while that run goes on, so it gets another first.
+// Removes an old part. It is not reused, because another run may still have it open. On the NT family a deleted file
+// keeps its name until it is closed, so it is renamed first.
 Status Clear(const AnsiPath& part) {
   Status status = OnlyRegular(part);
   if (!status.ok()) return status;
   if (!IsThere(part)) return Status::Success();
   if (!IsNtFamily()) return DeleteForSure(part);
-  const AnsiPath aside(PassingName(part));
+  const AnsiPath aside(TemporaryName(part));
   if (!aside.status.ok()) return aside.status;
   if (MoveFileA(part.c_str(), aside.c_str()) == 0) return LastFailure();
   return DeleteForSure(aside);
@@ -113,8 +113,8 @@ bool DiskIsTooSmall(const AnsiPath& file, std::uint64_t size) {
   return look != nullptr && look((folder.native + "\\").c_str(), &room, nullptr, nullptr) != 0 && room.QuadPart < size;
 }
 
-// A file system that has no such thing as room set aside does not matter; a disk that is too small does. It is asked
-// first, because some only take note of a size.
+// Only a disk that is too small is a failure, not a file system that cannot set room aside. The disk is asked first,
+// because some file systems only record the size.
 Status SetAside(HANDLE file, const AnsiPath& path, std::uint64_t size) {
   if (DiskIsTooSmall(path, size)) return StatusOf(ERROR_DISK_FULL);
   const Status status = size == 0 ? Status::Success() : SetSize(file, size);

@@ -36,7 +36,8 @@ class WindowsBinaryFile : public BinaryFile {
   }
 
  private:
-  // Between its end and what is written behind it a file of Windows 95, 98 and Me would show what the disk held before.
+  // Windows 95, 98 and Me do not clear the gap between a file's end and what is written behind it: it would show what
+  // the disk held before.
   Status FillUpTo(std::int64_t position) {
     static constexpr std::array<std::byte, 4096> kZeros{};
     const Result<std::int64_t> length = Length();
@@ -120,7 +121,7 @@ Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode m
   const bool writes = mode != OpenMode::kRead;
   const DWORD access = writes ? GENERIC_READ | GENERIC_WRITE : GENERIC_READ;
   RegularFile file = OpenRegular(AnsiPath(path), access, writes ? OPEN_ALWAYS : OPEN_EXISTING, ShareEverything());
-  // Emptied only now: whatever was opened is known to be a file. And CREATE_ALWAYS refuses hidden ones.
+  // Emptied only now, when it is known to be a file. Besides, CREATE_ALWAYS refuses hidden files.
   if (file.status.ok() && mode == OpenMode::kCreateEmpty) file.status = SetSize(file.handle.get(), 0);
   if (!file.status.ok()) return file.status;
   return WrapBinaryFile(std::move(file.handle));

@@ -57,7 +57,7 @@ std::string ScriptPath(std::string_view path) {
 
 std::string_view ScriptLineEnd() { return "\r\n"; }
 
-// Both shells read scripts in the code page of DOS, not in the one of windows: any other would be another name there.
+// Both shells read scripts in the OEM code page. In the ANSI code page a name beyond ASCII would be another name there.
 Result<std::string> ScriptBytes(std::string_view text) {
   std::optional<std::string> bytes = BytesInCodePage(text, CP_OEMCP);
   if (!bytes) return NameNotInCodePage();

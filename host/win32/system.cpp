@@ -35,11 +35,11 @@ std::string CurrentFolder() {
 
 std::shared_ptr<void> ClaimFolder(std::string_view folder) {
   std::string name = "Discwright " + AnsiPath(FoldCase(AbsolutePath(folder))).native;
-  std::replace(name.begin(), name.end(), '\\', '/');  // which no name of a mutex can have
+  std::replace(name.begin(), name.end(), '\\', '/');  // no name of a mutex can have a backslash
   SetLastError(ERROR_SUCCESS);
   OwnedHandle mutex(CreateMutexA(nullptr, FALSE, name.c_str()));
   const DWORD error = GetLastError();
-  // That of another user is there but does not let itself be opened.
+  // A mutex of another user exists, but must not be opened.
   if (error == ERROR_ALREADY_EXISTS || error == ERROR_ACCESS_DENIED) return nullptr;
   return std::make_shared<OwnedHandle>(std::move(mutex));
 }

@@ -15,7 +15,7 @@ template <typename Call>
 Call* NewerCall(const char* library, const char* name) {
   const HMODULE loaded = LoadLibraryA(library);
   if (loaded == nullptr) return nullptr;
-  // Through a pointer to a function of no type in particular, which may become one of any other.
+  // By way of void (*)(), from which the compiler lets a pointer become one to any other type of function.
   return reinterpret_cast<Call*>(reinterpret_cast<void (*)()>(GetProcAddress(loaded, name)));
 }
 
