@@ -31,10 +31,7 @@ class WatchedOutput : public std::stringbuf {
 };
 
 // The system's sentence for a missing file.
-inline std::string Missing() {
-  std::string content;
-  return host::ReadWholeFile(host::testing::TempFolder().Core("missing"), content).cause;
-}
+inline std::string Missing() { return host::ReadWholeFile(host::testing::TempFolder().Core("missing")).status.cause; }
 
 class DflTest : public ::testing::Test {
  protected:

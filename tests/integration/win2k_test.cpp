@@ -352,7 +352,7 @@ TEST_F(AddWin2KTest, SourceWithoutALoader_IsNoted) {
   source = "F:\\I386";
   Add();
   EXPECT_EQ(Notes(),
-            "F:\\I386\\SETUPLDR.BIN: was not copied to the CD. Windows Setup cannot be started from it\n");
+            "F:\\I386\\SETUPLDR.BIN: was not copied to the CD: Windows Setup cannot be started from the CD\n");
   EXPECT_EQ(cancelled, 0);
 }
 
