@@ -203,7 +203,7 @@ TEST_F(AddAdvToolsTest, RenameOrMoveThatFails_IsNotedAndTheStepGoesOn) {
 }
 
 TEST_F(AddAdvToolsTest, MoveThatLeavesFilesAndSaysNothing_IsNoted) {
-  host.shell_answers.assign(10, {0, false});  // also where it is asked once more
+  host.shell_answers.assign(10, {0, false});  // for all further calls
   Add(true, false);
   EXPECT_THAT(Notes(), HasSubstr("advtemp\\AUTORUN.INF: could not be moved onto the CD\n"));
 }
