@@ -1,4 +1,4 @@
-// discwright-build: the wizard's headless twin.
+// discwright-build: makes a rescue CD without a window. Connects the rooms and runs one build.
 #include <clocale>
 #include <cstdlib>
 #include <vector>
@@ -6,9 +6,9 @@
 #include "desktop/console/console_user.h"
 #include "desktop/console/headless_build.h"
 #include "forms/user_actions.h"
-#include "host/arguments.h"
 #include "host/console.h"
-#include "host/system.h"
+#include "host/names.h"
+#include "host/native_text.h"
 #include "wizard/navigation.h"
 
 namespace {
@@ -17,7 +17,9 @@ using namespace discwright;
 
 int Build(const desktop::Options& options) {
   forms::Windows windows;
-  desktop::Terminal terminal(windows.main, host::StandardErrorIsTerminal(), options.quiet);
+  using Progress = desktop::Terminal::Progress;
+  const Progress progress = host::StandardErrorIsTerminal() ? Progress::kLiveLine : Progress::kLinePerStep;
+  desktop::Terminal terminal(windows.main, options.quiet ? Progress::kNone : progress);
   util::Notes notes;
   const auto programs = host::SystemProgramRunner();
   const auto interrupted = [&](int count) {
@@ -34,7 +36,7 @@ int Build(const desktop::Options& options) {
   desktop::ConsoleUser user(terminal, interrupted);
   steps::Context context{windows, user, *programs, notes, {}, {}, nullptr, nullptr};
   notes.added = [&](const util::Note& note) {
-    // A line that starts a program begins with a quote, and is no path.
+    // A place that begins with a quote is the command line of a program, not a path.
     const bool is_path = !note.place.starts_with('"');
     terminal.PrintLine("warning: " + (is_path ? host::PathToNative(note.place) : note.place) + ": " + note.cause);
   };
@@ -46,7 +48,7 @@ int Build(const desktop::Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::setlocale(LC_TIME, "");  // the summary's day names follow the system's language
+  std::setlocale(LC_TIME, "");  // the summary shows day names in the language of the system
   const std::vector<std::string> arguments = host::Arguments(argc, argv);
   const desktop::Options options = desktop::ParseOptions(arguments);
   if (!options.error.empty()) {

@@ -1,7 +1,7 @@
 // The build's tree copy with progress as a program of its own, to be measured: bench_copy_tree SOURCE DESTINATION.
 #include <iostream>
 
-#include "host/system.h"
+#include "host/names.h"
 #include "host/user_interface.h"
 #include "util/copy.h"
 #include "util/notes.h"

@@ -1,4 +1,4 @@
-// The program's three windows together, and their controls by name.
+// The program's three windows, and what scripts and faces ask of their controls: by name, as a value, as shown text.
 #pragma once
 
 #include <array>
@@ -20,27 +20,27 @@ struct Windows {
   std::array<Form*, 3> All() { return {&main, &win2k_info, &win9x_info}; }
 };
 
-// The controls that a script means by `name`, letter case ignored: "FrmWin9xInfo.TxtOwner", or without a window the
-// main window's control of that name, or those of the dialogs where it has none.
+// Finds the controls with a name such as "TxtOwner" or "FrmWin9xInfo.TxtOwner", in any letter case. A name without a
+// window finds the control of the main window, or the controls of both dialogs when the main window has none.
 std::vector<Control*> FindControls(Windows& windows, std::string_view name);
 
-// Gives a control a value as a script writes it, whether or not a user could do that at the moment: check boxes take 0,
-// 1 or 2, option buttons 0, 1, True or False, text boxes any text. Returns what is wrong, as a sentence for the user,
-// or the empty string.
+// Sets a control to a value from a script: check boxes take 0, 1 or 2, option buttons 0, 1, True or False, text boxes
+// any text. Works on a disabled control, too. Returns a sentence for the user when the value is wrong, or the empty
+// string.
 std::string Assign(Control& control, std::string_view value);
 
-// The value as Assign takes it, or the caption of a control that has none.
+// The value in the form that Assign takes, or the shown caption of a control without a value.
 std::string ValueText(const Control& control);
 
-// What is read on the control: the caption without the ampersand that marks its access key, and with one ampersand
-// where two stand together.
+// The caption as a window shows it: without the ampersand that marks the access key, and with "&" for "&&".
 std::string ShownText(const Captioned& control);
 
-// What names the control to the user: a field's label, or its own caption. Empty for a bar or a picture.
+// The text by which a user knows the control: its own caption, or the label of a text box. Empty for a bar or a
+// picture.
 std::string NamingText(const Control& control);
 
-// The letter that is pressed together with Alt, as it stands in the caption; 0 when there is none. A field has the key
-// of its label.
+// The letter to press together with Alt, in the letter case of the caption; 0 when there is none. A text box and a link
+// have the key of their label.
 char AccessKey(const Control& control);
 
 }  // namespace discwright::forms

@@ -1,4 +1,4 @@
-// Controls and forms.
+// Registers controls with their form, finds them, and reports their changes.
 #include "forms/control.h"
 
 #include <algorithm>
@@ -22,7 +22,7 @@ Subscription Control::Listen(Listener listener) { return form_->listeners_.Add(t
 
 void Control::Notify(Facet facet, By by) {
   Changed(facet, by);
-  form_->listeners_.Tell(*this, facet, by);
+  form_->listeners_.NotifyAll(*this, facet, by);
 }
 
 Form::Form(std::string name, std::string caption_text)

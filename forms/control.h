@@ -1,4 +1,5 @@
-// The kinds of control that a window is made of: plain records that tell their listeners what changed.
+// The kinds of control that a window is made of. A window of the program is a struct with one member for each control;
+// a face shows the members and listens to their changes.
 #pragma once
 
 #include <array>
@@ -15,10 +16,11 @@ namespace discwright::forms {
 
 class Form;
 
-// Whether two control or window names are one: letter case does not matter in them.
+// Whether two names of controls or windows are equal. Letter case does not matter.
 bool SameName(std::string_view a, std::string_view b);
 
-// A value of a control. Giving it a different one tells the listeners; a plain assignment is the program's doing.
+// A value of a control. A change is reported to the listeners; an assignment with "=" counts as a change by the
+// program.
 template <typename T>
 class Property {
  public:
@@ -32,7 +34,7 @@ class Property {
   void Set(T value, By by);
 
   const T& get() const { return value_; }
-  operator const T&() const { return value_; }  // NOLINT(google-explicit-constructor): reads like the value it is
+  operator const T&() const { return value_; }  // NOLINT(google-explicit-constructor): used like a T
 
  private:
   Control& owner_;
@@ -42,19 +44,19 @@ class Property {
 
 using TextProperty = Property<std::string>;
 
-// In place of a letter: the caption marks the letter itself, by an ampersand before it.
+// A value of Placing::key: the access key is the letter after the ampersand in the caption.
 inline constexpr char kKeyInCaption = '&';
 
-// How a control stands on its page. Faces make coordinates of it; the records know none.
+// The place of a control on its page, without coordinates. Each face computes its own coordinates from it.
 struct Placing {
-  char key = 0;         // the access key, a letter of the caption; a label's key leads to the field that it names
-  bool beside = false;  // in the row of the control declared before it; otherwise it begins a row
-  bool heads = false;   // a check box that is the title of the frame on which it stands
+  char key = 0;         // the access key, a letter of the caption; the key of a label moves the focus to its field
+  bool beside = false;  // the control continues the row of the control declared before it
+  bool heads = false;   // the control is a check box in the title of its frame
 };
 
 class Control {
  public:
-  // `container` is the form, or the frame on which the control stands.
+  // `container` is the form or the frame that contains the control.
   Control(Control& container, std::string name, Placing placing = {});
   virtual ~Control() = default;
   Control(const Control&) = delete;
@@ -63,10 +65,10 @@ class Control {
   const std::string& name() const { return name_; }
   Control* container() const { return container_; }  // null for a form
   Form& form() const { return *form_; }
-  int index() const { return index_; }  // place in its control array; -1 outside one
+  int index() const { return index_; }  // in its ControlArray; -1 outside one
   const Placing& placing() const { return placing_; }
 
-  // The listener hears this control alone; see also Form::Listen.
+  // `listener` is called for changes of this control only; see also Form::Listen.
   [[nodiscard]] Subscription Listen(Listener listener);
   void Notify(Facet facet, By by);
   void Refresh() { Notify(Facet::kRepaint, By::kProgram); }
@@ -81,7 +83,7 @@ class Control {
   friend class ControlArray;
 
  private:
-  // Called before the listeners are told, for what a new value changes in other controls.
+  // Called before the listeners, so that a new value can change other controls.
   virtual void Changed(Facet, By) {}
 
   std::string name_;
@@ -100,28 +102,29 @@ void Property<T>::Set(T value, By by) {
 
 class CommandButton;
 
-// A window. Knows all its controls in the order of their declaration, which is the order in which they are read and
-// reached with the Tab key. It is hidden until somebody shows it; while a dialog runs over it, it is disabled.
+// A window. The order of its controls is that of their declaration, and that of the Tab key. A form is hidden at first.
+// It is disabled while a dialog runs over it.
 class Form : public Control {
  public:
   Form(std::string name, std::string caption);
 
   const std::vector<Control*>& controls() const { return controls_; }
-  // The first control of that name, letter case ignored (in a control array: the one of that index); null when none.
+  // The first control with this name, in any letter case, and with this index in its ControlArray; -1 stands for any
+  // index. Null when there is none.
   Control* Find(std::string_view name, int index = -1) const;
-  // The listener hears the form itself and every control of it.
+  // `listener` is called for changes of the form itself and of each of its controls.
   [[nodiscard]] Subscription Listen(Listener listener) { return listeners_.Add(nullptr, std::move(listener)); }
   std::size_t listener_count() const { return listeners_.count(); }
 
   TextProperty caption;
   Property<bool> busy{*this, Facet::kValue, false};  // the mouse pointer is an hourglass
-  void* window = nullptr;                            // the handle of the window that shows the form; null: none does
-  bool loaded = false;  // what the window does when it is loaded has been done; it is done once per run
+  void* window = nullptr;                            // handle of the window that shows the form; null without one
+  bool loaded = false;                               // the load handler of the window has run; it runs once
 
-  // Pressed by Enter and by Esc; null: no such button. Of several default buttons the visible one is pressed.
+  // Enter presses the visible default button, Esc the cancel button. Null when the form has no cancel button.
   std::vector<CommandButton*> default_buttons;
   CommandButton* cancel_button = nullptr;
-  std::function<void()> asked_to_close;  // what the program does when the user closes the window
+  std::function<void()> asked_to_close;  // called when the user closes the window
 
  private:
   friend class Control;
@@ -148,23 +151,23 @@ class Label : public Captioned {
       : Captioned(container, std::move(name), std::move(caption_text), placing) {}
   Property<bool> bold{*this, Facet::kEmphasis, false};
   Property<int> fore_color{*this, Facet::kEmphasis, 0};  // red + 256 x green + 65536 x blue
-  bool symbol_font = false;                              // its characters are glyphs of a symbol font
-  bool heading = false;                                  // the title line of a page
+  bool symbol_font = false;                              // the caption is shown in a symbol font
+  bool heading = false;                                  // the label is the title line of a page
 };
 
-// A line that opens the web address that it shows.
+// A line with a web address. Following it opens the address.
 class Link : public Label {
  public:
   Link(Control& container, std::string name, Label& above, std::string address)
       : Label(container, std::move(name), std::move(address)), label(&above) {}
-  Label* label;                 // says where the link leads
+  Label* label;                 // the text above the link
   std::function<void()> click;  // see CommandButton::click
 };
 
 class CommandButton : public Captioned {
  public:
   using Captioned::Captioned;
-  std::function<void()> click;  // what the program does on a click; bound by the room that owns the logic
+  std::function<void()> click;  // called on a click; empty until the wizard sets it
 };
 
 class CheckBox : public Captioned {
@@ -175,7 +178,7 @@ class CheckBox : public Captioned {
   Property<int> value;  // 0 clear, 1 checked, 2 greyed
 };
 
-// One of several: choosing it, whoever does, clears the other option buttons on the same frame or form.
+// One of several options. Choosing it clears the other option buttons with the same container.
 class OptionButton : public Captioned {
  public:
   OptionButton(Control& container, std::string name, std::string caption_text, Placing placing = {},
@@ -189,7 +192,7 @@ class OptionButton : public Captioned {
 
 class TextBox : public Control {
  public:
-  // `above` is the label that names the field, whether it stands above or beside it.
+  // `above` is the label that names the field. It may also stand beside the field.
   TextBox(Control& container, std::string name, Captioned& above, std::string initial = "", Placing placing = {})
       : Control(container, std::move(name), placing), label(&above), text(*this, Facet::kText, std::move(initial)) {}
   Captioned* label;
@@ -212,7 +215,7 @@ class Picture : public Control {
   using Control::Control;
 };
 
-// The common open/save dialog of a form. The name that was chosen last is the one it opens with next.
+// The open and save dialog of a form. It opens with the file name that was chosen last.
 class FileDialog : public Control {
  public:
   using Control::Control;
@@ -221,7 +224,7 @@ class FileDialog : public Control {
   std::string file_name;
 };
 
-// Controls of one kind and one name, told apart by their index from 0.
+// N controls of one kind with one name. Their index counts from 0.
 template <typename T, std::size_t N>
 class ControlArray {
  public:

@@ -1,4 +1,4 @@
-// The main window's start state beyond captions and texts.
+// Sets what the declarations of the main window cannot say: hidden, disabled, read-only and password controls.
 #include "forms/frm_discwright.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// The main window as data: state, eleven stacked pages, every control with its caption and default.
+// The main window as data: its state and its eleven pages, each control with its name, caption and first value.
 #pragma once
 
 #include <cstdint>
@@ -15,21 +15,20 @@ inline constexpr std::size_t kPageCount = 11;
 inline constexpr std::size_t kFinishPage = 9;
 inline constexpr std::size_t kProgressPage = 10;
 
-// The web addresses of the finish page. They are placeholders until the project has pages of its own.
+// The web addresses on the finish page: placeholders until the project has a web site.
 inline constexpr const char* kHomePage = "https://discwright.example.org/";
 inline constexpr const char* kCdShellPage = "https://cdshell.example.org/";
 inline constexpr const char* kBootableCdsPage = "https://bootable-cds.example.org/";
 
-// The order of the declarations is the order in which a page is read. Controls that the design leaves nameless
-// (headings, notes, group frames) have names of our own, so that every face shows the same ones.
+// The order of the declarations is the order of the controls on a page and the order of the Tab key.
 struct FrmDiscwright : Form {
   FrmDiscwright();
 
-  std::int16_t Step = 0;         // the page in view, 0 to 10; after a cancellation the page on which Cancel was pressed
-  bool Finished = false;         // the build ended or was cancelled: Finish ends the program
-  bool CancelCopy = false;       // the build is cancelled
-  bool MKISOFSRunning = false;   // the mastering runs
-  bool ASyncAppRunning = false;  // an external program runs
+  std::int16_t Step = 0;         // the page shown, 0 to 10; after a cancellation the page on which Cancel was pressed
+  bool Finished = false;         // the build has ended or was cancelled; Finish now ends the program
+  bool CancelCopy = false;       // the user has cancelled the build
+  bool MKISOFSRunning = false;   // the mastering program is running
+  bool ASyncAppRunning = false;  // an external program is running
 
   Picture PicSideImage{*this, "PicSideImage"};
   FileDialog DlgOpen{*this, "DlgOpen"};
@@ -159,7 +158,7 @@ struct FrmDiscwright : Form {
   Label LblVisit_Third{FraMain[9], "LblVisit_Third", "For more about creating bootable CD-ROMs, visit :", {.key = 'm'}};
   Link LblLink_Third{FraMain[9], "LblLink_Third", LblVisit_Third, kBootableCdsPage};
 
-  // 10: progress; each line's mark stands beside it
+  // 10: progress, one line for each step of the build with its mark beside it
   Label LblWait{FraMain[10], "LblWait", "  Please Wait ... Creating the ISO file"};
   Label LblMsg1{FraMain[10], "LblMsg1", "Creating Vexa Boot Disks"};
   Label LblRight1{FraMain[10], "LblRight1", "", {.beside = true}};
@@ -179,9 +178,10 @@ struct FrmDiscwright : Form {
   CommandButton CmdCancel{*this, "CmdCancel", "&Cancel", {.key = kKeyInCaption, .beside = true}};
   CommandButton CmdBack{*this, "CmdBack", "< &Back", {.key = kKeyInCaption, .beside = true}};
   CommandButton CmdNext{*this, "CmdNext", "&Next >", {.key = kKeyInCaption, .beside = true}};
-  CommandButton CmdFinish{*this, "CmdFinish", "&Finish", {.key = kKeyInCaption, .beside = true}};  // in Next's place
+  CommandButton CmdFinish{
+      *this, "CmdFinish", "&Finish", {.key = kKeyInCaption, .beside = true}};  // shown instead of CmdNext
 
-  // The title line of a page, in the order of FraMain.
+  // The title line of a page. `page` is an index into FraMain.
   const Label& Heading(std::size_t page) const;
 };
 

@@ -1,5 +1,5 @@
-// The list of listeners. An entry that has ended is only marked while a change is being told, and swept out after it:
-// a listener may end itself, and its function must not be destroyed while it runs.
+// The list of listeners. While a listener runs, an entry that has ended is only marked: the listener may have ended
+// itself, and its function object must not be destroyed while it is running. Sweep() removes marked entries later.
 #include "forms/listeners.h"
 
 #include <algorithm>
@@ -14,10 +14,10 @@ struct Subscription::Entry {
 
 struct Subscription::List {
   std::vector<std::shared_ptr<Entry>> entries;
-  int telling = 0;  // how many changes are being told at the moment, one inside the other
+  int notifying = 0;  // nested calls of NotifyAll: a listener may make a further change
 
   void Sweep() {
-    if (telling > 0) return;
+    if (notifying > 0) return;
     std::erase_if(entries, [](const std::shared_ptr<Entry>& entry) { return entry->ended; });
   }
 };
@@ -46,16 +46,17 @@ Subscription Listeners::Add(const Control* only, Listener listener) {
   return {list_, entry};
 }
 
-void Listeners::Tell(Control& control, Facet facet, By by) {
+void Listeners::NotifyAll(Control& control, Facet facet, By by) {
   const std::shared_ptr<Subscription::List> list = list_;
-  ++list->telling;
-  // By index and with an own reference to each entry: a listener may add others, and the vector then moves.
+  ++list->notifying;
+  // Uses indexes and holds a reference to the entry, because a listener may add entries and the vector then
+  // reallocates.
   for (std::size_t i = 0, count = list->entries.size(); i < count; ++i) {
     const std::shared_ptr<Subscription::Entry> entry = list->entries[i];
     const bool hears = entry->only == nullptr || entry->only == &control;
     if (hears && !entry->ended) entry->listener(control, facet, by);
   }
-  --list->telling;
+  --list->notifying;
   list->Sweep();
 }
 

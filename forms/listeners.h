@@ -1,4 +1,5 @@
-// Who is told of a form's changes. Listening and ending it are safe at any time, also while a change is being told.
+// The listeners of a form. Control::Listen and Form::Listen return a Subscription, which ends the listening when it is
+// destroyed. A listener may begin or end subscriptions while it is called.
 #pragma once
 
 #include <functional>
@@ -15,18 +16,18 @@ enum class Facet {
   kText,      // the caption, or the text of a field
   kValue,     // of a check box, an option button or a bar; of a form: the mouse pointer
   kVisible,   // shown or hidden
-  kEnabled,   // can be used or not
-  kRange,     // of a bar
+  kEnabled,   // enabled or disabled
+  kRange,     // minimum or maximum of a bar
   kEmphasis,  // bold, colour
-  kRepaint,   // none; the control asks that earlier changes are drawn at once
+  kRepaint,   // nothing has changed; a face should draw earlier changes now
 };
 
-// Who made the change. A face ignores notices of what its own user did, because its widget shows that already.
+// Who made the change. A face ignores changes by its own user, because its widget shows them already.
 enum class By { kProgram, kUser };
 
 using Listener = std::function<void(Control& control, Facet facet, By by)>;
 
-// A listener hears of changes until its Subscription ends. A Subscription can be moved, and it may outlive the form.
+// Keeps a listener alive. Can be moved, and may outlive the form.
 class Subscription {
  public:
   struct Entry;
@@ -53,11 +54,11 @@ class Listeners {
  public:
   Listeners();
 
-  // `only` is the one control that the listener hears; null: all of them.
+  // `only` limits the listener to one control; null stands for all.
   [[nodiscard]] Subscription Add(const Control* only, Listener listener);
-  // Tells every listener that was there when the change was made. One that begins to listen meanwhile hears of the next
-  // change.
-  void Tell(Control& control, Facet facet, By by);
+  // Calls every listener that was registered before the call. A listener added during the call hears of later changes
+  // only.
+  void NotifyAll(Control& control, Facet facet, By by);
   std::size_t count() const;
 
  private:

@@ -1,4 +1,4 @@
-// Carries out what a user does to a control, if the control can be used.
+// Checks that a control can be used, then changes its value or calls its handler.
 #include "forms/user_actions.h"
 
 #include <functional>
@@ -9,7 +9,7 @@ namespace {
 
 bool Click(const Control& control, const std::function<void()>& click) {
   if (!CanBeUsed(control)) return false;
-  // A copy, because what it does may bind another function in its place.
+  // Calls a copy, because the handler may replace `click` while it runs.
   if (const std::function<void()> handler = click) handler();
   return true;
 }

@@ -1,4 +1,4 @@
-// What a user can do to a control: the calls that every face makes, and tests make in the user's place.
+// What a user can do to a control. Every face calls these functions for its user, and so do tests.
 #pragma once
 
 #include <string_view>
@@ -7,22 +7,23 @@
 
 namespace discwright::forms {
 
-// Whether a user can do something to the control once its page is in view: it is visible, and neither it nor a frame
-// on which it stands nor its form is disabled.
+// Whether a user can use the control while its page is shown: the control is visible, and the control, its frames and
+// its form are enabled.
 bool CanBeUsed(const Control& control);
 
-// Whether the control is one that a user gives something to: a button, box, field or link.
+// Whether the control takes input: a button, a check box, an option button, a link, or a text box that is not
+// read-only.
 bool TakesInput(const Control& control);
 
 // Each of these does nothing and returns false when the control cannot be used.
 bool Press(CommandButton& button);
 bool Toggle(CheckBox& box, bool on);
 bool Choose(OptionButton& option);
-bool Type(TextBox& field, std::string_view text);  // the whole new text; not into a field that is read only
+bool Type(TextBox& field, std::string_view text);  // `text` replaces the old text; false for a read-only field
 bool Follow(Link& link);
 
-// For the cross of a window, and for the system's request to close it. The program decides what happens then: the form
-// may stay open.
+// For the close button of a window, and for a request of the system to close it. The program decides whether the form
+// is closed.
 void AskToClose(Form& form);
 
 }  // namespace discwright::forms

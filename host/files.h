@@ -27,10 +27,7 @@ struct Entry {
   bool broken = false;    // a link whose target is missing; listed as a file of size 0
 };
 
-struct Listing {
-  Status status;  // not ok: the folder could not be listed, entries are empty
-  std::vector<Entry> entries;
-};
+using Listing = Result<std::vector<Entry>>;
 
 // The entries of `folder` that match the DOS wildcard `pattern` ("*.*" matches every name), hidden and system files
 // and folders included, without "." and "..", sorted by name byte by byte so that every run does the same.
@@ -60,7 +57,7 @@ Status RemoveEmptyFolder(std::string_view path);
 // Moves a file, also across volumes. An existing target is an error (kExists) and stays as it is.
 Status RenameFile(std::string_view from, std::string_view to);
 
-Status ReadWholeFile(std::string_view path, std::string& content);
+Result<std::string> ReadWholeFile(std::string_view path);
 
 enum class FileTimes {
   kNew,   // of the moment of writing
@@ -89,18 +86,22 @@ enum class OpenMode {
 class BinaryFile {
  public:
   virtual ~BinaryFile() = default;
-  virtual std::int64_t Length() = 0;  // bytes; -1 on failure
+  virtual Result<std::int64_t> Length() = 0;  // bytes
   // Fills `bytes` from `position` (0-based). A short file is a failure.
   virtual Status ReadAt(std::int64_t position, std::span<std::byte> bytes) = 0;
   virtual Status WriteAt(std::int64_t position, std::span<const std::byte> bytes) = 0;
 };
 
-// Opens a regular file; null with the reason in `status` otherwise. Devices, sockets and pipes are never opened.
-std::unique_ptr<BinaryFile> OpenBinary(std::string_view path, OpenMode mode, Status& status);
+// Opens a regular file. Folders, devices, sockets and pipes are never opened: they are a failure (kWrongKind).
+Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode mode);
 
-// The lower-case hexadecimal SHA-256 of a file's content; empty with the reason in `status` on failure. `go_on`, when
-// given, is asked between two pieces of the file; false ends the reading as a failure.
-std::string Sha256OfFile(std::string_view path, Status& status, const std::function<bool()>& go_on = {});
+// Reads a regular file from its start to its end and gives each piece to `take`. False from there stops the reading,
+// which then is the failure StoppedReading().
+Status ReadInPieces(std::string_view path, const std::function<bool(std::span<const std::byte> bytes)>& take);
 inline Status StoppedReading() { return Status::Failure(ErrorClass::kOther, "the reading was stopped"); }
+
+// The lower-case hexadecimal SHA-256 of a file's content. `go_on`, when given, is asked after each piece of the file;
+// false is the failure StoppedReading().
+Result<std::string> Sha256OfFile(std::string_view path, const std::function<bool()>& go_on = {});
 
 }  // namespace discwright::host

@@ -1,4 +1,4 @@
-// The bytes of settings files, on every system.
+// What is alike on every system: the bytes of settings files, and the words of the command line.
 #include "host/native_text.h"
 
 #include "base/utf8.h"
@@ -17,6 +17,12 @@ std::string DecodeText(std::string_view bytes) {
   if (!base::IsUtf8File(bytes)) return TextOfCodePage(bytes);
   if (base::HasUtf8Mark(bytes)) bytes.remove_prefix(base::kUtf8Mark.size());
   return std::string(bytes);
+}
+
+std::vector<std::string> Arguments(int argc, char** argv) {
+  std::vector<std::string> words;
+  for (int i = 1; i < argc; ++i) words.push_back(TextFromNative(argv[i]));
+  return words;
 }
 
 }  // namespace discwright::host

@@ -1,10 +1,11 @@
-// Text at the door of the system: UTF-8 in the program, the system's code page in its files and at its calls.
+// Translates text between the program, which uses UTF-8, and the system, whose files and calls use its code page.
 // Settings files go through EncodeText and DecodeText, everything that another program printed through TextFromNative.
 #pragma once
 
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace discwright::host {
 
@@ -22,5 +23,9 @@ std::string DecodeText(std::string_view bytes);  // reads as UTF-8 what base::Is
 // way out "?" or a similar character stands for what the code page lacks: for texts to be read, not for names.
 std::string TextFromNative(std::string_view native);
 std::string TextToNative(std::string_view text);
+
+// The words behind the program's name as UTF-8, from what main() was given. A path among them is still as the user
+// spells it: see PathFromNative.
+std::vector<std::string> Arguments(int argc, char** argv);
 
 }  // namespace discwright::host

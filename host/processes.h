@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -53,6 +54,7 @@ class Process {
   virtual bool Wait(int milliseconds, bool wait_for_idle) = 0;
 };
 
+// Used by one thread, with all that it gives.
 class ProgramRunner {
  public:
   virtual ~ProgramRunner() = default;
@@ -62,8 +64,8 @@ class ProgramRunner {
   virtual std::unique_ptr<Process> StartProcess(std::string_view command_line, int window_style,
                                                 int creation_flags) = 0;
 
-  // A fresh launcher; `wake` is called from another thread whenever there is something to deliver. Null when the
-  // system cannot run programs.
+  // A fresh launcher; `wake` is called from another thread whenever there is something to deliver, and must not use the
+  // launcher. Null when the system cannot run programs.
   virtual std::unique_ptr<Launcher> CreateLauncher(std::function<void()> wake) = 0;
 
   // Ends every launched program that still runs, with all that it started.
@@ -72,5 +74,10 @@ class ProgramRunner {
 
 // The running system's own.
 std::unique_ptr<ProgramRunner> SystemProgramRunner();
+
+// The command line that starts the Windows program at the core path `program` with one argument: `option` and, without
+// a blank between, the core path `path` as that program spells it. On Windows nothing is quoted; elsewhere the command
+// "wine" starts it. Nothing when the system has no such command.
+std::optional<std::string> WindowsProgramLine(std::string_view program, std::string_view option, std::string_view path);
 
 }  // namespace discwright::host

@@ -21,6 +21,6 @@ std::string ScriptPath(std::string_view path);
 std::string_view ScriptLineEnd();
 
 // The script's text in the bytes that the shell reads; fails when these cannot hold a character of it.
-Status ScriptBytes(std::string_view text, std::string& bytes);
+Result<std::string> ScriptBytes(std::string_view text);
 
 }  // namespace discwright::host

@@ -30,12 +30,12 @@ struct TreeEntry {
 class SourceFile {
  public:
   virtual ~SourceFile() = default;
-  // Reads the next bytes. `count` becomes how many; less than there is room for only at the end of the file.
-  virtual Status Read(std::span<std::uint8_t> bytes, std::size_t& count) = 0;
+  // Reads the next bytes and gives their number, which is less than there is room for only at the end of the file.
+  virtual Result<std::size_t> Read(std::span<std::uint8_t> bytes) = 0;
 };
 
 // Paths are relative to the tree's root, made of names as List gives them with "/" in between; "" is the root itself.
-// They have any length, but on Windows, where a whole path ends at 259 bytes, what is longer has a status that says so.
+// They may have any length, except on Windows: there a whole path has at most 259 bytes, and a longer one is a failure.
 // Links are followed.
 class SourceTree {
  public:
@@ -44,11 +44,11 @@ class SourceTree {
   virtual Status List(const std::string& path, const std::function<void(const TreeEntry&)>& visit) = 0;
   // The entry of `path` itself, with an empty name.
   virtual TreeEntry Look(const std::string& path) = 0;
-  // Null with the reason in `status` on failure. Devices and pipes that took a file's place do not block.
-  virtual std::unique_ptr<SourceFile> Open(const std::string& path, Status& status) = 0;
+  // Opens a file. Devices and pipes that took its place do not block.
+  virtual Result<std::unique_ptr<SourceFile>> Open(const std::string& path) = 0;
 };
 
-// The tree below a folder (a core's path); null with the reason in `status` on failure.
-std::unique_ptr<SourceTree> OpenSourceTree(std::string_view folder, Status& status);
+// The tree below a folder, which is a core path.
+Result<std::unique_ptr<SourceTree>> OpenSourceTree(std::string_view folder);
 
 }  // namespace discwright::host

@@ -1,6 +1,8 @@
-// What a call into the operating system came to, folded into the few classes that a user can act on.
+// How calls of the host fail: they return a Status, or a Result when they also give something. Failures are sorted into
+// the few classes that a user can act on.
 #pragma once
 
+#include <concepts>
 #include <string>
 #include <utility>
 
@@ -26,6 +28,25 @@ struct Status {
   bool ok() const { return error == ErrorClass::kNone; }
   static Status Success() { return {}; }
   static Status Failure(ErrorClass error, std::string cause) { return {error, std::move(cause)}; }
+};
+
+// What a call that gives something and can fail gives back:
+//
+//   const Result<std::string> content = ReadWholeFile(path);
+//   if (!content.ok()) return content.status;
+//   Use(content.value);
+template <typename T>
+struct [[nodiscard]] Result {
+  T value{};      // without content, null or 0 after a failure
+  Status status;  // not ok: why there is no value
+
+  Result() = default;
+  Result(Status failure) : status(std::move(failure)) {}  // NOLINT(google-explicit-constructor): for "return failure;"
+  template <typename Given>
+  requires std::convertible_to<Given, T> Result(Given&& given)
+      : value(std::forward<Given>(given)) {}  // NOLINT(google-explicit-constructor): "return value;"
+
+  bool ok() const { return status.ok(); }
 };
 
 }  // namespace discwright::host

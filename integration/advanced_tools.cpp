@@ -97,7 +97,7 @@ bool AddTool(steps::Context& context, const Tool& tool, const std::string& locat
 // Moves the entries that the shell left in the staging folder, one by one. Some shells silently skip a folder if the
 // destination contains a folder of the same name. Others stop at a file whose name a folder in the destination has.
 void MoveRemaining(steps::Context& context, const std::string& from, const std::string& to) {
-  for (const host::Entry& entry : host::ListFolder(from, "*.*").entries) {
+  for (const host::Entry& entry : host::ListFolder(from, "*.*").value) {
     const std::string source = from + "\\" + entry.name;
     const std::optional<host::Entry> existing = host::Look(to + "\\" + entry.name);
     if (existing && existing->kind != entry.kind) continue;
@@ -115,7 +115,7 @@ void MoveToTree(steps::Context& context) {
   const std::string answer = MoveWithShell(context.main().window, util::PathOf(Item::kStaging) + "\\*.*",
                                            util::PathOf(Item::kWorkspace), 0, "");
   if (answer != "Aborted") MoveRemaining(context, util::PathOf(Item::kStaging), util::PathOf(Item::kWorkspace));
-  for (const host::Entry& entry : host::ListFolder(util::PathOf(Item::kStaging), "*.*").entries) {
+  for (const host::Entry& entry : host::ListFolder(util::PathOf(Item::kStaging), "*.*").value) {
     context.notes.Add(util::PathOf(Item::kStaging) + "\\" + entry.name,
                       "could not be moved onto the CD" + InParentheses(answer));
   }

@@ -35,13 +35,13 @@ bool CopyMatchingFiles(util::Notes& notes, const std::string& SourceSpec, const 
   // A missing folder contains no such files. If a caller needs one, it notes the missing file itself.
   const bool is_missing = listing.status.error == host::ErrorClass::kNotFound;
   if (!is_missing && !notes.Check(listing.status, from, "could not be listed")) return false;
-  for (const host::Entry& entry : listing.entries) {
+  for (const host::Entry& entry : listing.value) {
     const util::Verdict verdict = filter.Decide(entry);
     if (verdict == util::Verdict::kStop) return false;
     if (verdict == util::Verdict::kSkip) continue;
     const host::Status status = host::CopyFileWithProgress(from + entry.name, to + util::NameInCopy(entry.name, names),
                                                            [](host::CopyEvent, std::int64_t) { return true; });
-    const bool is_last = &entry == &listing.entries.back();
+    const bool is_last = &entry == &listing.value.back();
     const std::string what =
         is_last ? "could not be copied" : "could not be copied, nor were the files after it that match " + pattern;
     if (!notes.Check(status, from + entry.name, what)) return false;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/files.h"
+#include "host/names.h"
 #include "host/native_text.h"
 #include "host/system.h"
 #include "util/paths.h"
@@ -98,10 +99,10 @@ std::string WithReplacements(const std::string& bytes, const Pattern& pattern) {
 // Reads a file, passes its bytes to `change`, and writes them back. If `change` leaves no bytes, nothing is written.
 host::Status Rewrite(const std::string& file, const std::function<host::Status(std::string& bytes)>& change) {
   if (host::Status status = host::ClearAttributes(file); !status.ok()) return status;
-  std::string bytes;
-  if (host::Status status = host::ReadWholeFile(file, bytes); !status.ok()) return status;
-  if (host::Status status = change(bytes); !status.ok() || bytes.empty()) return status;
-  return host::WriteWholeFile(file, bytes, host::FileTimes::kKept);
+  host::Result<std::string> bytes = host::ReadWholeFile(file);
+  if (!bytes.ok()) return bytes.status;
+  if (host::Status status = change(bytes.value); !status.ok() || bytes.value.empty()) return status;
+  return host::WriteWholeFile(file, bytes.value, host::FileTimes::kKept);
 }
 
 void ShowPatchingError(steps::Context& context, const std::string& file, const std::string& mode,

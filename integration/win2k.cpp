@@ -7,8 +7,9 @@
 #include <optional>
 
 #include "host/files.h"
+#include "host/names.h"
+#include "host/processes.h"
 #include "host/system.h"
-#include "host/windows_programs.h"
 #include "integration/file_operations.h"
 #include "settings/key_files.h"
 #include "settings/win2k_info.h"
@@ -24,14 +25,13 @@ namespace {
 // Every Windows program begins with the two bytes "MZ". The result is false for a file that cannot be read: when the
 // system fails to start it, the system gives a better reason.
 bool IsNoWindowsProgram(const std::string& SP_exe) {
-  host::Status status;
-  const auto file = host::OpenBinary(util::StripQuotes(SP_exe), host::OpenMode::kRead, status);
-  if (file == nullptr) return false;
+  const auto file = host::OpenBinary(util::StripQuotes(SP_exe), host::OpenMode::kRead);
+  if (!file.ok()) return false;
   constexpr std::array<std::byte, 2> kProgramStart = {std::byte{'M'}, std::byte{'Z'}};
   std::array<std::byte, kProgramStart.size()> start{};
-  const std::int64_t length = file->Length();
-  if (length >= 0 && length < static_cast<std::int64_t>(start.size())) return true;
-  return file->ReadAt(0, start).ok() && start != kProgramStart;
+  const host::Result<std::int64_t> length = file.value->Length();
+  if (length.ok() && length.value < static_cast<std::int64_t>(start.size())) return true;
+  return file.value->ReadAt(0, start).ok() && start != kProgramStart;
 }
 
 // The build continues without the service pack. The message tells the user at once; the note is for the final report.

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "host/files.h"
+#include "host/names.h"
 #include "host/system.h"
 #include "settings/key_files.h"
 #include "steps/processes.h"

@@ -17,10 +17,10 @@ namespace {
 constexpr const char* kRequest = "Set PasswordRequest=1";
 
 bool IsProtected(const std::string& script, const std::string& password_line) {
-  std::string text;
+  const host::Result<std::string> text = host::ReadWholeFile(script);
   const std::optional<std::string> line = host::CodePageBytes(password_line);
-  return host::ReadWholeFile(script, text).ok() && line && text.find(kRequest) != text.npos &&
-         text.find(*line) != text.npos;
+  return text.ok() && line && text.value.find(kRequest) != std::string::npos &&
+         text.value.find(*line) != std::string::npos;
 }
 
 }  // namespace

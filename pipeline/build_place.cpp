@@ -2,6 +2,7 @@
 #include "pipeline/build_place.h"
 
 #include "host/files.h"
+#include "host/names.h"
 #include "host/system.h"
 #include "util/program_folder.h"
 
@@ -22,9 +23,8 @@ std::string WhyNotClaimed(const std::string& folder, std::shared_ptr<void>& clai
 std::string WhyNotBuiltHere(std::shared_ptr<void>& claim) {
   const std::string folder = host::ProgramFolder();
   const std::string test_file = util::PathOf(util::Item::kWriteTest);
-  host::Status status;
-  const bool is_made = host::OpenBinary(test_file, host::OpenMode::kCreateEmpty, status) != nullptr;
-  if (is_made) host::RemoveFile(test_file);
+  const host::Status status = host::OpenBinary(test_file, host::OpenMode::kCreateEmpty).status;
+  if (status.ok()) host::RemoveFile(test_file);
   // Only a refused access is reported here, because the advice is to use another folder. Other failures, for example a
   // full disk, are noted by the build step in which they occur.
   if (status.error != host::ErrorClass::kAccessDenied) return WhyNotClaimed(folder, claim);

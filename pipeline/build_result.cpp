@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "host/files.h"
+#include "host/names.h"
 #include "host/native_text.h"
 #include "host/system.h"
 #include "pipeline/mastering.h"
@@ -32,10 +33,10 @@ std::vector<std::string> LastLines(const std::string& text, std::size_t count) {
 
 void AddLog(steps::BuildResult& result) {
   const std::string path = util::PathOf(util::Item::kMasteringLog);
-  std::string content;
-  if (!host::ReadWholeFile(path, content).ok()) return;
+  const host::Result<std::string> content = host::ReadWholeFile(path);
+  if (!content.ok()) return;
   result.log = path;
-  result.log_tail = LastLines(host::TextFromNative(content), kLogLines);
+  result.log_tail = LastLines(host::TextFromNative(content.value), kLogLines);
 }
 
 steps::BuildResult Failed(steps::BuildResult result, const std::string& why) {
@@ -59,10 +60,12 @@ steps::BuildResult MasteringFailed(const steps::Context& context, steps::BuildRe
 steps::BuildResult Made(steps::Context& context, steps::BuildResult result) {
   host::Status status;
   if (context.wants_digest) {
-    result.sha256 = host::Sha256OfFile(result.image, status, [&context] {
+    const host::Result<std::string> digest = host::Sha256OfFile(result.image, [&context] {
       context.user.DoEvents(0);
       return !context.cancelled_by_user;
     });
+    result.sha256 = digest.value;
+    status = digest.status;
   }
   if (context.cancelled_by_user) {
     result.end = steps::BuildEnd::kCancelled;

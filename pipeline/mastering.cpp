@@ -37,9 +37,9 @@ constexpr const char* kMasteringArguments =
 class MasteringLog {
  public:
   explicit MasteringLog(util::Notes& notes) : path_(util::PathOf(util::Item::kMasteringLog)), notes_(notes) {
-    host::Status status;
-    file_ = host::OpenBinary(path_, host::OpenMode::kCreateEmpty, status);
-    notes_.Check(status, path_, "the mastering log could not be created");
+    auto file = host::OpenBinary(path_, host::OpenMode::kCreateEmpty);
+    file_ = std::move(file.value);
+    notes_.Check(file.status, path_, "the mastering log could not be created");
   }
 
   void AddLine(std::string_view text) {
@@ -160,10 +160,10 @@ bool WriteScript(util::Notes& notes, const std::string& path, std::string_view I
   std::string text;
   for (const std::string& line : MasteringScript(ISOLocation, OptimizeISO))
     text += line + std::string(host::ScriptLineEnd());
-  std::string bytes;
-  return notes.Check(host::ScriptBytes(text, bytes), util::NamedFile(ISOLocation),
+  const host::Result<std::string> bytes = host::ScriptBytes(text);
+  return notes.Check(bytes.status, util::NamedFile(ISOLocation),
                      "the path of the image cannot be written to the mastering script") &&
-         notes.Check(host::WriteWholeFile(path, bytes), path, "could not be written");
+         notes.Check(host::WriteWholeFile(path, bytes.value), path, "could not be written");
 }
 
 }  // namespace

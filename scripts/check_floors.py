@@ -5,14 +5,15 @@ import re
 
 import sources
 
-# From the ground up. Rooms of one floor do not include one another; every room includes itself.
+# From the ground up. A room includes itself and the rooms of all floors below it, none of its own floor.
 FLOORS = [["base", "forms"], ["host"], ["util"], ["settings", "steps"], ["integration"], ["pipeline"], ["wizard"], ["desktop"], ["apps"]]
 # Rooms below that a room does not know either: copying and asking the system know no windows.
 UNKNOWN = {"host": {"forms"}, "util": {"forms"}}
-# What stands beside the floors: each of these rooms includes itself and the rooms named here.
+# Rooms beside the floors: each of them includes itself and the rooms named here. A folder of tools/ is a program: it
+# includes its own files and the headers that stand directly in tools/, but no other program's.
 BESIDE = {"tools": {"host", "base"}, "bench": {"util", "host"}, "boot": set()}
-TESTS = "tests"  # includes everything
-BACK_ROOMS = [("host", "posix"), ("host", "win32")]  # reached through the headers of host/ only
+TESTS = "tests"  # may include every room
+BACK_ROOMS = [("host", "posix"), ("host", "win32")]  # included by their own files and by tests only
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 
@@ -43,7 +44,7 @@ def objection(file, included):
     room, other = file.parts[0], included.parts[0]
     if not room_allows(room, other):
         return f"{room} must not include {other}"
-    if room == "tools" and other == "tools" and file.parts[1] != included.parts[1]:
+    if room == other == "tools" and len(included.parts) > 2 and file.parts[1] != included.parts[1]:
         return f"tools/{file.parts[1]} must not include tools/{included.parts[1]}"
     if room != TESTS and included.parts[:2] in BACK_ROOMS and included.parts[:2] != file.parts[:2]:
         return f"{'/'.join(included.parts[:2])} is reached through the headers of host/ only"
@@ -51,7 +52,7 @@ def objection(file, included):
 
 
 def resolve(root, file, name):
-    """The included file, looked up from the includer's folder upwards; None when there is none below the root."""
+    """The included file, looked up in the includer's folder and those above it; None when there is none below `root`."""
     for folder in (root / file).parents:
         candidate = (folder / name).resolve()
         if candidate.is_file() and candidate.is_relative_to(root):
@@ -70,7 +71,7 @@ def includes_of(root, file):
 
 
 def find_circle(graph):
-    """One circle of a {file: [files]} graph as a list whose first and last entry are the same; None without one."""
+    """One circle of a {file: [files]} graph as a list whose first and last entry are equal; None when there is none."""
     done = set()
 
     def visit(file, way):
@@ -98,7 +99,7 @@ def check(root):
         graph[file] = []
         for line, name, included in includes_of(root, file):
             if included is None:
-                problems.append(f'{file}:{line}: "{name}" names no file of the house')
+                problems.append(f'{file}:{line}: "{name}" is not a file of this repository')
                 continue
             graph[file].append(included)
             reason = objection(file, included)

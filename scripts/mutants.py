@@ -63,16 +63,17 @@ def compile_arguments(build):
 
 
 def all_places(tree, build, names):
-    """The places of the named files and folders; a header is read as the sources of its folder are."""
+    """The places of the named files, folders and lines; a header is read as the sources of its folder are."""
     arguments = compile_arguments(build)
     of_folder = {str(Path(path).parent): given for path, given in arguments.items()}
     places = []
-    for name in git_files("--", *names):
+    for name in git_files("--", *(name.split(":")[0] for name in names)):
         path = tree / name
         given = arguments.get(str(path)) if path.suffix == ".cpp" else of_folder.get(str(path.parent))
         if path.suffix in (".cpp", ".h") and given:
             places += find_places(path, given)
-    return places
+    lines = {str(tree / name) for name in names if ":" in name}
+    return [place for place in places if not lines or f"{place.path}:{place.line}" in lines]
 
 
 def draw(places, tree, kind, seed):
@@ -163,7 +164,7 @@ def try_places(workshop, drawn, count):
 
 def arguments():
     parser = argparse.ArgumentParser(prog="mutants.sh", description=__doc__)
-    parser.add_argument("names", nargs="+", metavar="FILE_OR_FOLDER", help="in the checkout, such as pipeline")
+    parser.add_argument("names", nargs="+", metavar="NAME", help="folder, file or FILE:LINE, such as pipeline")
     parser.add_argument("--kind", choices=KINDS, default="random", help="swaps: swapped arguments, dropped statements")
     parser.add_argument("--count", type=int, default=60, help="how many changes that compile (default 60)")
     parser.add_argument("--seed", type=int, default=1, help="another seed draws other changes (default 1)")

@@ -72,8 +72,9 @@ bool WriteAnswerFile(util::Notes& notes, const AnswerFile& answer_file) {
   const std::string& key_file = answer_file.key_file.FileName;
   if (!notes.Check(answer_file.key_file.Readable(), key_file, "could not be read")) return false;
   const std::string& template_file = answer_file.template_file;
-  std::string bytes;
-  if (!notes.Check(host::ReadWholeFile(template_file, bytes), template_file, "could not be read")) return false;
+  const host::Result<std::string> content = host::ReadWholeFile(template_file);
+  if (!notes.Check(content.status, template_file, "could not be read")) return false;
+  std::string bytes = content.value;
   if (base::IsUtf16File(bytes)) {
     notes.Add(template_file,
               "is Unicode text of two bytes per character, and Windows Setup gets no answers from the CD; please save "

@@ -45,10 +45,7 @@ std::string INIFile::GetINIKey(util::Notes& notes, std::string_view section, std
   return Cut(value);
 }
 
-host::Status INIFile::Readable() const {
-  std::string content;
-  return host::ReadWholeFile(FileName, content);
-}
+host::Status INIFile::Readable() const { return host::ReadWholeFile(FileName).status; }
 
 std::string INIFile::WholeValue(std::string_view section, std::string_view key) const {
   return host::ReadProfileValue(FileName, section, key).value_or("");

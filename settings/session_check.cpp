@@ -10,8 +10,8 @@
 #include "base/ini_text.h"
 #include "base/utf8.h"
 #include "host/files.h"
+#include "host/names.h"
 #include "host/native_text.h"
-#include "host/system.h"
 #include "settings/session_table.h"
 #include "util/paths.h"
 #include "util/spelling.h"
@@ -161,13 +161,12 @@ std::string SessionProblem::Sentence() const {
 }
 
 std::vector<SessionProblem> CheckSession(const std::string& file_name) {
-  std::string bytes;
-  const host::Status status = host::ReadWholeFile(file_name, bytes);
-  if (!status.ok()) return {{0, "the file could not be read: " + status.cause}};
-  if (base::IsUtf16File(bytes)) {
+  const host::Result<std::string> bytes = host::ReadWholeFile(file_name);
+  if (!bytes.ok()) return {{0, "the file could not be read: " + bytes.status.cause}};
+  if (base::IsUtf16File(bytes.value)) {
     return {{0, "the file is Unicode text of two bytes per character; please save it as plain text"}};
   }
-  return Check().Run(host::DecodeText(bytes));
+  return Check().Run(host::DecodeText(bytes.value));
 }
 
 }  // namespace discwright::settings

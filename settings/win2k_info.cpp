@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/names.h"
 #include "host/system.h"
 #include "settings/answer_file.h"
 #include "settings/ini_file.h"

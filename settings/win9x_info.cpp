@@ -4,7 +4,7 @@
 #include <array>
 #include <utility>
 
-#include "host/registry.h"
+#include "host/profile.h"
 #include "host/system.h"
 #include "settings/answer_file.h"
 #include "settings/ini_file.h"

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "host/system.h"
+#include "host/names.h"
 #include "util/copy_engines.h"
 #include "util/copy_entries.h"
 #include "util/paths.h"
@@ -74,7 +74,7 @@ bool CopyFolderTree(Notes& notes, std::string_view source, std::string_view dest
   host::Listing listing;
   if (!EnterFolder(notes, from, to, listing)) return false;
   EntryFilter filter(notes, from);
-  return std::all_of(listing.entries.begin(), listing.entries.end(),
+  return std::all_of(listing.value.begin(), listing.value.end(),
                      [&](const host::Entry& entry) { return CopyPlainEntry(notes, filter, entry, from, to); });
 }
 

@@ -58,14 +58,13 @@ host::Status CopyChunks(CopyRun& run, host::BinaryFile& from, host::BinaryFile& 
 
 // Closes both files before it returns, because CopyFileChunked handles the user's events after this.
 host::Status CopyOpened(CopyRun& run, const std::string& source_file, const std::string& dest_file) {
-  host::Status status;
-  const std::unique_ptr<host::BinaryFile> from = host::OpenBinary(source_file, host::OpenMode::kRead, status);
-  if (!from) return status;
-  const std::unique_ptr<host::BinaryFile> to = host::OpenBinary(dest_file, host::OpenMode::kReadWrite, status);
-  if (!to) return status;
-  const std::int64_t length = from->Length();
-  if (length < 0) return host::Status::Failure(host::ErrorClass::kNotReady, "its length cannot be read");
-  return CopyChunks(run, *from, *to, length);
+  const auto from = host::OpenBinary(source_file, host::OpenMode::kRead);
+  if (!from.ok()) return from.status;
+  const auto to = host::OpenBinary(dest_file, host::OpenMode::kReadWrite);
+  if (!to.ok()) return to.status;
+  const host::Result<std::int64_t> length = from.value->Length();
+  if (!length.ok()) return length.status;
+  return CopyChunks(run, *from.value, *to.value, length.value);
 }
 
 }  // namespace
@@ -74,7 +73,7 @@ std::optional<std::int32_t> FolderSizeByDir(host::UserInterface& user, std::stri
   std::string path(folder);
   AddBackslash(path);
   std::int32_t total = 0;
-  for (const host::Entry& entry : host::ListFolder(path, "*.*").entries) {
+  for (const host::Entry& entry : host::ListFolder(path, "*.*").value) {
     const std::optional<std::int32_t> size = CountedSize(user, path, entry);
     if (!size || !AddSize(total, *size)) return std::nullopt;
     user.DoEvents(0);
@@ -89,7 +88,7 @@ bool CopyTreeChunked(CopyRun& run, std::string source, std::string destination) 
   if (!EnterFolder(run.notes, source, destination, listing)) return false;
   EntryFilter filter(run.notes, source);
   for (const bool folders : {false, true}) {
-    for (const host::Entry& entry : listing.entries) {
+    for (const host::Entry& entry : listing.value) {
       if ((entry.kind == host::EntryKind::kFolder) != folders) continue;
       if (!CopyEntry(run, filter, entry, source, destination)) return false;
       if (folders) run.user.DoEvents(0);

@@ -5,7 +5,7 @@
 #include <array>
 #include <limits>
 
-#include "host/system.h"
+#include "host/names.h"
 
 namespace discwright::util {
 

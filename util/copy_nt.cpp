@@ -1,5 +1,5 @@
 // The copy engine of the NT family. The system copies each file and reports the bytes copied so far.
-#include "host/system.h"
+#include "host/names.h"
 #include "util/copy_engines.h"
 #include "util/copy_entries.h"
 #include "util/paths.h"
@@ -26,7 +26,7 @@ std::optional<std::int32_t> CountedSize(const std::string& folder, const host::E
 void NoteNothingCopied(Notes& notes, std::string_view source) {
   const host::Listing listing = host::ListFolder(source, "*.*");
   if (notes.Check(listing.status, std::string(source), "nothing was copied: the folder could not be listed") &&
-      !listing.entries.empty()) {
+      !listing.value.empty()) {
     notes.Add(std::string(source),
               "nothing was copied: this folder contains only empty files, or names that begin with a dot");
   }
@@ -68,7 +68,7 @@ std::optional<std::int32_t> FolderSizeByFind(std::string_view folder) {
   std::string path(folder);
   AddBackslash(path);
   std::int32_t total = 0;
-  for (const host::Entry& entry : host::ListFolder(path, "*.*").entries) {
+  for (const host::Entry& entry : host::ListFolder(path, "*.*").value) {
     const std::optional<std::int32_t> size = CountedSize(path, entry);
     if (!size || !AddSize(total, *size)) return std::nullopt;
   }
@@ -100,7 +100,7 @@ bool CopyTreeByFind(CopyRun& run, std::string source, std::string destination) {
   // The copy goes on after this failure. It stops at the first file that cannot be written into the missing folder.
   run.notes.Check(host::MakeFolders(destination), destination, "could not be created");
   EntryFilter filter(run.notes, source);
-  for (const host::Entry& entry : listing.entries) {
+  for (const host::Entry& entry : listing.value) {
     if (!CopyEntry(run, filter, entry, source, destination)) return false;
     run.user.DoEvents(0);
   }

@@ -22,7 +22,7 @@ bool RemoveTree(const std::string& folder, Notes* notes) {
   host::ClearAttributes(folder);
   const host::Listing listing = host::ListFolder(folder, "*.*");
   bool emptied = true;
-  for (const host::Entry& entry : listing.entries) {
+  for (const host::Entry& entry : listing.value) {
     const std::string path = folder + "\\" + entry.name;
     const bool real_folder = entry.kind == host::EntryKind::kFolder && !entry.is_link;
     emptied = (real_folder ? RemoveTree(path, notes) : RemoveFileOrLink(path, notes)) && emptied;

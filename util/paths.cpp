@@ -1,7 +1,9 @@
 // Helper functions for path strings, files, folders and drives.
 #include "util/paths.h"
 
+#include "host/desktop.h"
 #include "host/files.h"
+#include "host/names.h"
 #include "host/system.h"
 
 namespace discwright::util {
@@ -21,7 +23,7 @@ bool AnyMatch(std::string_view pattern_path) {
   std::string pattern;
   SplitPath(pattern_path, folder, pattern);
   // Without the separator, "D:" would mean the current folder of that drive and not its root.
-  return !pattern.empty() && !host::ListFolder(folder + "\\", pattern).entries.empty();
+  return !pattern.empty() && !host::ListFolder(folder + "\\", pattern).value.empty();
 }
 
 }  // namespace

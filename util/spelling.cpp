@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "host/system.h"
+#include "host/names.h"
 
 namespace discwright::util {
 

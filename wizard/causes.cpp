@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "host/files.h"
-#include "host/system.h"
+#include "host/names.h"
 #include "util/paths.h"
 #include "wizard/known_files.h"
 
@@ -30,7 +30,7 @@ std::string WhyNotUsable(const std::string& text) {
   if (entry->kind != host::EntryKind::kFolder) return host::PathToNative(text) + " is a file: enter a folder.";
   const host::Listing listing = host::ListFolder(text, "*.*");
   if (!listing.status.ok()) return host::PathToNative(text) + " cannot be read: " + listing.status.cause + ".";
-  return listing.entries.empty() ? host::PathToNative(text) + " is empty." : "";
+  return listing.value.empty() ? host::PathToNative(text) + " is empty." : "";
 }
 
 std::string Below(const std::string& folder, std::string_view name) {
@@ -82,8 +82,7 @@ std::string WhyNoServicePack(const std::string& text) {
   if (entry->kind != host::EntryKind::kFile) {
     return host::PathToNative(file) + " is not a file: enter the path of the installer.";
   }
-  host::Status status;
-  host::OpenBinary(file, host::OpenMode::kRead, status);
+  const host::Status status = host::OpenBinary(file, host::OpenMode::kRead).status;
   return host::PathToNative(file) + " cannot be read: " + status.cause + ".";
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "forms/user_actions.h"
+#include "host/names.h"
 #include "host/system.h"
 #include "settings/computer_name.h"
 #include "settings/key_files.h"

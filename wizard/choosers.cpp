@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "host/desktop.h"
-#include "host/system.h"
+#include "host/names.h"
 #include "integration/source_identification.h"
 #include "util/paths.h"
 #include "util/processes.h"

@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "host/files.h"
-#include "host/system.h"
+#include "host/names.h"
 #include "util/paths.h"
 
 namespace discwright::wizard {
@@ -21,16 +21,14 @@ constexpr std::string_view kTestLine = "Test\r\n";
 // A test file that is created through such a link would remain, because deleting it deletes only the link.
 bool IsBrokenLink(const std::string& folder, const std::string& file) {
   const host::Listing listing = host::ListFolder(folder, file);
-  return std::any_of(listing.entries.begin(), listing.entries.end(),
-                     [](const host::Entry& entry) { return entry.broken; });
+  return std::any_of(listing.value.begin(), listing.value.end(), [](const host::Entry& entry) { return entry.broken; });
 }
 
 host::Status TryToCreate(const std::string& path) {
-  host::Status status;
-  std::unique_ptr<host::BinaryFile> test_file = host::OpenBinary(path, host::OpenMode::kCreateEmpty, status);
-  if (test_file == nullptr) return status;
-  status = test_file->WriteAt(0, std::as_bytes(std::span(kTestLine)));
-  test_file.reset();  // closes the file
+  auto test_file = host::OpenBinary(path, host::OpenMode::kCreateEmpty);
+  if (!test_file.ok()) return test_file.status;
+  const host::Status status = test_file.value->WriteAt(0, std::as_bytes(std::span(kTestLine)));
+  test_file.value.reset();  // closes the file
   const host::Status removed = host::RemoveFile(path);
   return status.ok() ? removed : status;
 }
@@ -82,11 +80,10 @@ bool HoldsSomethingElse(const std::string& text) {
   const std::string path = util::NamedFile(text);
   const std::optional<host::Entry> entry = host::Look(path);
   if (!entry || entry->kind != host::EntryKind::kFile || entry->size == 0) return false;
-  host::Status status;
-  const std::unique_ptr<host::BinaryFile> file = host::OpenBinary(path, host::OpenMode::kRead, status);
+  const auto file = host::OpenBinary(path, host::OpenMode::kRead);
   std::array<char, kMark.size()> mark{};
-  const bool has_mark = file != nullptr && entry->size >= kMarkAt + static_cast<std::int64_t>(mark.size()) &&
-                        file->ReadAt(kMarkAt, std::as_writable_bytes(std::span(mark))).ok() &&
+  const bool has_mark = file.ok() && entry->size >= kMarkAt + static_cast<std::int64_t>(mark.size()) &&
+                        file.value->ReadAt(kMarkAt, std::as_writable_bytes(std::span(mark))).ok() &&
                         std::string_view(mark.data(), mark.size()) == kMark;
   return !has_mark;
 }

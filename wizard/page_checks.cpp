@@ -6,6 +6,7 @@
 #include <string>
 
 #include "host/files.h"
+#include "host/names.h"
 #include "host/system.h"
 #include "integration/advanced_tools.h"
 #include "util/paths.h"

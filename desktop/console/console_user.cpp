@@ -1,4 +1,4 @@
-// Message boxes as lines, and waiting.
+// Prints message boxes as lines, and waits for programs and Ctrl-C.
 #include "desktop/console/console_user.h"
 
 #include "host/console.h"

@@ -1,4 +1,4 @@
-// The user of the headless program: reads messages on standard error, answers nothing, presses Ctrl-C.
+// The user interface of the headless program: prints message boxes on standard error, gives no answers, reports Ctrl-C.
 #pragma once
 
 #include <functional>
@@ -10,8 +10,8 @@ namespace discwright::desktop {
 
 class ConsoleUser : public host::UserInterface {
  public:
-  // `terminal` must outlive this object. `interrupted` is called on the program's thread once for each Ctrl-C,
-  // with the count so far.
+  // `terminal` must outlive this object. DoEvents calls `interrupted` once for each Ctrl-C, with the number of Ctrl-C
+  // so far.
   ConsoleUser(Terminal& terminal, std::function<void(int count)> interrupted)
       : terminal_(terminal), interrupted_(std::move(interrupted)) {}
 

@@ -1,4 +1,5 @@
-// Pressing the wizard's buttons, and saying what came of it.
+// Prepares a build, presses the wizard's buttons and reports the result. A function that checks something returns a
+// sentence for the user when it fails, and the empty string on success.
 #include "desktop/console/headless_build.h"
 
 #include <cstdlib>
@@ -12,6 +13,7 @@
 #include "forms/user_actions.h"
 #include "host/console.h"
 #include "host/files.h"
+#include "host/names.h"
 #include "host/native_text.h"
 #include "host/system.h"
 #include "pipeline/build_place.h"
@@ -35,14 +37,15 @@ int UsageError(Terminal& terminal, const std::string& error) {
   return kExitUsage;
 }
 
-// Reads the first line of the file or of standard input. Returns what is wrong with it, or the empty string. An empty
-// line is refused: it would be no password.
+// Reads the password from the first line of the file, or of standard input for "-". Refuses an empty line.
 std::string ReadPassword(const std::string& file, std::string& password) {
   std::string content;
   if (file == "-") {
     std::getline(std::cin, content);
-  } else if (const host::Status status = host::ReadWholeFile(host::PathFromNative(file), content); !status.ok()) {
-    return status.cause;
+  } else {
+    const host::Result<std::string> read = host::ReadWholeFile(host::PathFromNative(file));
+    if (!read.ok()) return read.status.cause;
+    content = read.value;
   }
   if (base::IsUtf16File(content)) return "is Unicode text of two bytes per character; please save it as plain text";
   password = host::DecodeText(content.substr(0, content.find_first_of("\r\n")));
@@ -59,7 +62,7 @@ std::string ApplyPassword(forms::FrmDiscwright& main, const std::string& file) {
   return "";
 }
 
-// A password on the command line could be read by every user of the machine.
+// Whether --set names a password field. Every user of a machine can read the command lines of its programs.
 bool ChoosesPassword(forms::Windows& windows, const Options& options) {
   for (const wizard::Choice& choice : options.choices) {
     for (const forms::Control* control : forms::FindControls(windows, choice.control)) {
@@ -70,8 +73,8 @@ bool ChoosesPassword(forms::Windows& windows, const Options& options) {
   return false;
 }
 
-// Returns why the session file cannot be used, or the empty string. A file given on the command line is checked line by
-// line; of the program's own file only whether it is a session at all.
+// Why the session file cannot be used. A file named on the command line is checked line by line, because a slip in it
+// would be lost silently. The program's own file is only checked for being a session.
 std::string WhyNoSession(const std::string& session, const Options& options) {
   const std::string shown = options.session.empty() ? host::PathToNative(session) : options.session;
   if (!host::CanRead(session)) {
@@ -88,7 +91,7 @@ std::string WhyNoSession(const std::string& session, const Options& options) {
   return problems;
 }
 
-// Applies the command line to the controls. Returns what is wrong with it, or the empty string.
+// Sets the controls as the command line says.
 std::string ApplyOptions(steps::Context& context, const Options& options) {
   forms::FrmDiscwright& main = context.main();
   if (ChoosesPassword(context.windows, options)) {
@@ -100,7 +103,7 @@ std::string ApplyOptions(steps::Context& context, const Options& options) {
   return options.password_file.empty() ? "" : ApplyPassword(main, options.password_file);
 }
 
-// Whether both are one file, or would be: a file that is not there yet is known by its folder and its name.
+// Whether two paths name one file. Paths of files that do not exist yet are compared by folder and name.
 bool IsOneFile(const std::string& a, const std::string& b) {
   if (host::SameFile(a, b)) return true;
   std::string folder_a;
@@ -112,6 +115,7 @@ bool IsOneFile(const std::string& a, const std::string& b) {
   return host::FoldCase(name_a) == host::FoldCase(name_b) && host::SameFolder(folder_a, folder_b);
 }
 
+// The files that this run reads or writes itself.
 std::vector<std::string> OwnFiles(const std::string& session, const Options& options) {
   std::vector<std::string> files = {session, util::PathOf(util::Item::kWorkingKeyFile),
                                     util::PathOf(util::Item::kBuildKeyFile)};
@@ -120,68 +124,67 @@ std::vector<std::string> OwnFiles(const std::string& session, const Options& opt
   return files;
 }
 
-// Nothing may be written over a file that this run needs, or unasked over a file of another kind. Returns why `path` is
-// refused, or the empty string.
-std::string WhyNotReplaced(const std::string& path, bool holds_something_else, const std::string& session,
+// Why the file `path` must not be replaced. A file that this run needs is never replaced, a file of another kind only
+// with
+// --force.
+std::string WhyNotReplaced(const std::string& path, bool is_other_kind, const std::string& session,
                            const Options& options) {
   const std::string shown = host::PathToNative(path);
   for (const std::string& own : OwnFiles(session, options)) {
     if (IsOneFile(path, own)) return shown + " is a file that this run needs: choose another name";
   }
-  if (!holds_something_else || options.force) return "";
-  return shown + " holds something else, and would be lost: choose another name, or add --force to replace it";
+  if (!is_other_kind || options.force) return "";
+  return shown + " is a file of another kind: choose another name, or add --force to replace it";
 }
 
+// Why the image or the kept session cannot be written to its place.
 std::string WhyNotWritten(const steps::Context& context, const std::string& session, const Options& options) {
   const std::string destination = context.main().TxtISOLoc.text;
   const std::string image = util::NamedFile(destination);
   std::string why = WhyNotReplaced(image, wizard::HoldsSomethingElse(destination), session, options);
   if (!why.empty() || options.save_session.empty()) return why;
   const std::string kept = host::PathFromNative(options.save_session);
-  if (IsOneFile(kept, session)) return "";  // last month's choices, with one thing changed
-  const bool is_other_file = host::CanRead(kept) && !settings::HoldsChoices(kept);
-  why = WhyNotReplaced(kept, is_other_file, session, options);
+  if (IsOneFile(kept, session)) return "";  // saving over the session that was loaded is allowed
+  const bool is_other_kind = host::CanRead(kept) && !settings::HoldsChoices(kept);
+  why = WhyNotReplaced(kept, is_other_kind, session, options);
   return why.empty() && IsOneFile(kept, image)
-             ? host::PathToNative(kept) + " is the place of the image: choose another name for the session"
+             ? host::PathToNative(kept) + " is the name of the image: choose another name for the session"
              : why;
 }
 
-// Returns the exit code when the choices could not be kept.
-std::optional<int> SaveSession(steps::Context& context, Terminal& terminal, const Options& options) {
-  if (options.save_session.empty()) return std::nullopt;
+// Saves the choices if the command line asks for it.
+std::string SaveSession(steps::Context& context, Terminal& terminal, const Options& options) {
+  if (options.save_session.empty()) return "";
   const std::string file = host::PathFromNative(options.save_session);
   const host::Status status = settings::WriteSession(context.windows, context.notes, file);
-  if (!status.ok()) {
-    terminal.PrintLine(options.save_session + ": the choices could not be kept: " + status.cause);
-    return kExitFailed;
-  }
+  if (!status.ok()) return options.save_session + ": the choices could not be saved: " + status.cause;
   if (context.main().ChkSlipstream.checked()) {
-    terminal.PrintLine(
-        "remark: A session file does not keep ChkSlipstream: add --set ChkSlipstream=1 to its next use.");
+    terminal.PrintLine("remark: A session file cannot hold ChkSlipstream: add --set ChkSlipstream=1 when you use it.");
   }
-  return std::nullopt;
+  return "";
 }
 
-int Refused(const forms::FrmDiscwright& main, Terminal& terminal) {
+// The Report functions print the end of a run and return its exit code.
+int ReportRefusal(const forms::FrmDiscwright& main, Terminal& terminal) {
   const auto page = static_cast<std::size_t>(main.Step);
   const bool lacks_destination = page == wizard::kIsoPage && util::StripQuotes(main.TxtISOLoc.text.get()).empty();
-  if (lacks_destination) terminal.PrintLine("Use -o FILE.iso to say where.");
+  if (lacks_destination) terminal.PrintLine("Use -o FILE.iso to name the image file.");
   terminal.PrintLine("The page \"" + util::Trim(main.Heading(page).caption.get()) + "\" did not accept its choices.");
   return kExitPageCheck;
 }
 
-int Failed(const steps::Context& context, Terminal& terminal) {
+int ReportFailure(const steps::Context& context, Terminal& terminal) {
   const steps::BuildResult& result = context.result;
   if (!result.log.empty()) {
     terminal.PrintLine("The end of " + host::PathToNative(result.log) + ":");
     for (const std::string& line : result.log_tail) terminal.PrintLine("  " + line);
   }
-  const bool was_shown = result.why == context.failure;  // in the box of the step that failed
+  const bool was_shown = result.why == context.failure;  // by the message box of the step that failed
   if (!was_shown) terminal.PrintLine(result.why);
   return kExitFailed;
 }
 
-int Made(const steps::Context& context, Terminal& terminal) {
+int ReportImage(const steps::Context& context, Terminal& terminal) {
   const steps::BuildResult& result = context.result;
   if (!result.sha256.empty()) {
     host::Print(host::Stream::kOutput, "Image:   " + host::PathToNative(result.image) + "\nSize:    " +
@@ -194,24 +197,24 @@ int Made(const steps::Context& context, Terminal& terminal) {
   return kExitMadeWithWarnings;
 }
 
-int Cancelled(Terminal& terminal) {
+int ReportCancellation(Terminal& terminal) {
   terminal.PrintLine("Cancelled.");
   return kExitCancelled;
 }
 
-int TellResult(steps::Context& context, Terminal& terminal) {
+int ReportResult(steps::Context& context, Terminal& terminal) {
   terminal.ClearLiveLine();
   switch (context.result.end) {
     case steps::BuildEnd::kMade:
     case steps::BuildEnd::kMadeWithNotes:
-      return Made(context, terminal);
+      return ReportImage(context, terminal);
     case steps::BuildEnd::kFailed:
-      return Failed(context, terminal);
+      return ReportFailure(context, terminal);
     case steps::BuildEnd::kNone:
     case steps::BuildEnd::kCancelled:
       break;
   }
-  return Cancelled(terminal);
+  return ReportCancellation(terminal);
 }
 
 int ListControls(forms::Windows& windows, Terminal& terminal, const std::string& page) {
@@ -224,15 +227,18 @@ int ListControls(forms::Windows& windows, Terminal& terminal, const std::string&
   return kExitMade;
 }
 
-// From the loaded choices to the image.
+// Makes the image from the choices in the controls.
 int BuildWith(steps::Context& context, Terminal& terminal, const Options& options) {
   if (!wizard::WalkToTheSummary(context)) {
-    return host::InterruptCount() > 0 ? Cancelled(terminal) : Refused(context.main(), terminal);
+    return host::InterruptCount() > 0 ? ReportCancellation(terminal) : ReportRefusal(context.main(), terminal);
   }
-  if (const std::optional<int> exit_code = SaveSession(context, terminal, options)) return *exit_code;
+  if (const std::string problem = SaveSession(context, terminal, options); !problem.empty()) {
+    terminal.PrintLine(problem);
+    return kExitFailed;
+  }
   context.wants_digest = !options.quiet;
   forms::Press(context.main().CmdFinish);
-  return TellResult(context, terminal);
+  return ReportResult(context, terminal);
 }
 
 }  // namespace
@@ -252,7 +258,7 @@ int RunBuild(steps::Context& context, Terminal& terminal, const Options& options
     }
   }
   const bool has_session = host::CanRead(session);
-  // Listing the controls writes nothing into the program folder, because a build may be under way there.
+  // Listing the controls must write nothing into the program folder, because a build may be running there.
   wizard::Form_Load(context, options.controls ? "" : session);
   if (options.controls && has_session) settings::ReadSession(context.windows, context.notes, session);
   problem = ApplyOptions(context, options);

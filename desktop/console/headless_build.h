@@ -1,4 +1,4 @@
-// One build without a window: the wizard's own handlers pressed one after the other.
+// One build without a window: RunBuild presses the wizard's buttons one after the other and returns the exit code.
 #pragma once
 
 #include "desktop/console/options.h"
@@ -7,7 +7,7 @@
 
 namespace discwright::desktop {
 
-// Exit codes of the headless program.
+// The exit codes of the program.
 inline constexpr int kExitMade = 0;
 inline constexpr int kExitFailed = 1;
 inline constexpr int kExitUsage = 2;
@@ -15,8 +15,9 @@ inline constexpr int kExitPageCheck = 3;
 inline constexpr int kExitMadeWithWarnings = 4;
 inline constexpr int kExitCancelled = 130;
 
-// Loads the session, applies the options, presses Next until the summary, then Finish, or lists the controls. Prints
-// what happened; the result on standard output. `context` must be bound (wizard::Bind). Returns the exit code.
+// Loads the session and applies the options. Then lists the controls if the options ask for it; otherwise presses Next
+// up to the summary, and Finish. Prints messages on standard error and the result on standard output. wizard::Bind must
+// have been called for `context`.
 int RunBuild(steps::Context& context, Terminal& terminal, const Options& options);
 
 }  // namespace discwright::desktop

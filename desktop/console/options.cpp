@@ -1,4 +1,4 @@
-// Parsing the headless program's command line.
+// The table of options, and the code that reads a command line with it.
 #include "desktop/console/options.h"
 
 #include <array>
@@ -10,8 +10,8 @@ namespace {
 
 struct OptionRow {
   const char* name;
-  const char* short_name;  // empty: none
-  const char* value;       // what stands for the value in the help, in brackets when it may be left out; null: none
+  const char* short_name;  // empty when the option has none
+  const char* value;       // what the help calls its value, in brackets when it is optional; null when it takes none
   const char* help;
   void (*apply)(Options& options, const std::string& value);
 };
@@ -33,16 +33,16 @@ constexpr std::array<OptionRow, 10> kOptions = {{
     {"--output", "-o", "FILE.iso", "the image to make",
      [](Options& options, const std::string& value) { options.output = value; }},
     {"--set", "", "CONTROL=VALUE", "one choice, by the name of its control; may be repeated", AddAssignment},
-    {"--password-file", "", "FILE", "protect the boot menu by the first line of FILE (-: of standard input)",
+    {"--password-file", "", "FILE", "protect the boot menu; the password is the first line of FILE (-: standard input)",
      [](Options& options, const std::string& value) { options.password_file = value; }},
     {"--controls", "", "[PAGE]", "list the controls with their values, of one page or all; build nothing",
      [](Options& options, const std::string& value) { options.controls = value; }},
-    {"--force", "", nullptr, "replace files that hold something else than what is written",
+    {"--force", "", nullptr, "replace files of another kind, too",
      [](Options& options, const std::string&) { options.force = true; }},
     {"--quiet", "", nullptr, "print only messages and warnings",
      [](Options& options, const std::string&) { options.quiet = true; }},
-    {"--help", "", nullptr, "print this and end", [](Options& options, const std::string&) { options.help = true; }},
-    {"--version", "", nullptr, "print the version and end",
+    {"--help", "", nullptr, "print this help", [](Options& options, const std::string&) { options.help = true; }},
+    {"--version", "", nullptr, "print the version",
      [](Options& options, const std::string&) { options.version = true; }},
 }};
 
@@ -65,7 +65,7 @@ Argument Split(const std::string& argument) {
   return {argument.substr(0, equals), argument.substr(equals + 1)};
 }
 
-bool MayBeLeftOut(const OptionRow& row) { return *row.value == '['; }
+bool IsOptional(const OptionRow& row) { return *row.value == '['; }
 
 void Apply(Options& options, const OptionRow& row, const Argument& argument) {
   if (row.value == nullptr) {
@@ -73,9 +73,9 @@ void Apply(Options& options, const OptionRow& row, const Argument& argument) {
     row.apply(options, "");
     return;
   }
-  // An empty one is missing, too: what a script's unset variable leaves must not pass for an option that was not given.
+  // An empty value counts as missing. A script with an unset variable passes one, and must not run without the option.
   const std::string value = argument.value.value_or("");
-  if (value.empty() && !MayBeLeftOut(row)) {
+  if (value.empty() && !IsOptional(row)) {
     options.error = argument.name + " needs " + row.value;
   } else {
     row.apply(options, value);
@@ -94,7 +94,7 @@ Options ParseOptions(std::span<const std::string> arguments) {
       break;
     }
     if (row->value != nullptr && !argument.value && i + 1 < arguments.size()) {
-      const bool is_next_option = MayBeLeftOut(*row) && arguments[i + 1].starts_with("-");
+      const bool is_next_option = IsOptional(*row) && arguments[i + 1].starts_with("-");
       if (!is_next_option) argument.value = arguments[++i];
     }
     Apply(options, *row, argument);
@@ -106,7 +106,7 @@ std::string UsageText() {
   constexpr std::size_t kColumn = 26;
   std::string text =
       "usage: discwright-build [options]\n\n"
-      "Makes a rescue CD image without a window, of the choices that it is given.\n\n";
+      "Makes a rescue CD image without a window, from a session file and the options below.\n\n";
   for (const OptionRow& row : kOptions) {
     std::string line = "  " + std::string(row.short_name) + (*row.short_name != '\0' ? ", " : "") + row.name;
     if (row.value != nullptr) line += " " + std::string(row.value);

@@ -1,4 +1,4 @@
-// The command line of the headless program.
+// The command line of the headless program: main() calls ParseOptions and looks at `error` first.
 #pragma once
 
 #include <optional>
@@ -11,23 +11,23 @@
 namespace discwright::desktop {
 
 struct Options {
-  std::string session;                  // empty: the program folder's own
-  std::string save_session;             // empty: the choices are not kept
-  std::string output;                   // empty: as the session says
-  std::string password_file;            // empty: none; "-": standard input
-  std::vector<wizard::Choice> choices;  // in the order given
-  std::optional<std::string> controls;  // list controls and build nothing; the page, or empty for all pages
-  bool force = false;                   // replace files that are something else than what is written
+  std::string session;                  // empty: the session file in the program folder
+  std::string save_session;             // empty: the choices are not saved
+  std::string output;                   // empty: the place that the session names
+  std::string password_file;            // empty: no password is set; "-": standard input
+  std::vector<wizard::Choice> choices;  // from --set, in the order of the command line
+  std::optional<std::string> controls;  // list the controls of this page, or of all pages when empty; build nothing
+  bool force = false;                   // replace files of another kind, too
   bool quiet = false;
   bool help = false;
   bool version = false;
-  std::string error;  // what is wrong with the command line; empty when nothing is
+  std::string error;  // why the command line is wrong; empty on success
 };
 
-// `arguments` without the program's own name. Paths stay as the user spelled them.
+// `arguments` lack the program's name. Paths stay as the user spells them.
 Options ParseOptions(std::span<const std::string> arguments);
 
-// What --help prints.
+// The text of --help.
 std::string UsageText();
 
 }  // namespace discwright::desktop

@@ -1,10 +1,10 @@
-// One line for each control, in the order in which the page is read.
+// Formats the lines, in the order of the controls on the page.
 #include "desktop/console/page_text.h"
 
 #include <vector>
 
 #include "forms/user_actions.h"
-#include "host/system.h"
+#include "host/names.h"
 #include "util/paths.h"
 #include "wizard/choices.h"
 #include "wizard/layout.h"
@@ -41,8 +41,8 @@ bool HasValue(const Control& control) {
          dynamic_cast<const forms::Link*>(&control) == nullptr;
 }
 
-// The boxes that have to be checked before the control can be used; of several joined by "or", one.
-std::string Needs(forms::Windows& windows, const Control& control) {
+// The boxes that must be checked before the control can be used. Of boxes joined by "or" one is enough.
+std::string NeededBoxes(forms::Windows& windows, const Control& control) {
   std::string text;
   for (const auto& boxes : wizard::MissingFor(windows, control)) {
     text += text.empty() ? "needs " : ", ";
@@ -51,7 +51,7 @@ std::string Needs(forms::Windows& windows, const Control& control) {
   return text;
 }
 
-// A dialog is opened by a button, which needs the same boxes: they stand in the dialog's title.
+// Whether a user could use the control now. A control of a dialog needs the boxes of the button that opens the dialog.
 bool CanBeUsedNow(forms::Windows& windows, const Control& control) {
   return forms::CanBeUsed(control) && wizard::MissingFor(windows, control).empty();
 }
@@ -73,7 +73,7 @@ std::string LineOf(forms::Windows& windows, const Control& control) {
   if (HasValue(control)) line += " = " + ValueOf(control);
   const char key = takes_input ? forms::AccessKey(control) : '\0';
   if (key != 0) line += std::string("  [Alt+") + static_cast<char>(key & ~0x20) + "]";
-  const std::string needs = &control.form() == &windows.main ? Needs(windows, control) : "";
+  const std::string needs = &control.form() == &windows.main ? NeededBoxes(windows, control) : "";
   if (takes_input && !needs.empty()) line += "  (" + needs + ")";
   line.erase(line.find_last_not_of(' ') + 1);
   return line + "\n";
@@ -86,7 +86,7 @@ std::string TitleOf(forms::Windows& windows, const wizard::Layout& layout) {
       is_page ? "Page " + std::to_string(layout.page) + ": " + util::Trim(layout.heading->caption.get())
               : layout.form->name() + ": " + layout.form->caption.get();
   const forms::CheckBox* content = is_page ? wizard::ContentOf(windows.main, layout.page) : nullptr;
-  const std::string needs = is_page ? "" : Needs(windows, *wizard::ControlsOf(layout).front());
+  const std::string needs = is_page ? "" : NeededBoxes(windows, *wizard::ControlsOf(layout).front());
   if (content != nullptr) return title + "  (only with " + content->name() + "=1)";
   return needs.empty() ? title : title + "  (" + needs + ")";
 }
@@ -104,7 +104,7 @@ std::string TextOf(forms::Windows& windows, const wizard::Layout& layout) {
   return text;
 }
 
-bool IsMeant(const forms::Windows& windows, const wizard::Layout& layout, std::string_view page) {
+bool IsAskedFor(const forms::Windows& windows, const wizard::Layout& layout, std::string_view page) {
   if (page.empty()) return true;
   if (layout.page >= 0) return page == std::to_string(layout.page);
   return layout.form != &windows.main && forms::SameName(layout.form->name(), page);
@@ -115,7 +115,7 @@ bool IsMeant(const forms::Windows& windows, const wizard::Layout& layout, std::s
 std::string PageText(forms::Windows& windows, std::string_view page) {
   std::string text;
   for (const wizard::Layout& layout : wizard::AllLayouts(windows)) {
-    if (IsMeant(windows, layout, page)) text += (text.empty() ? "" : "\n") + TextOf(windows, layout);
+    if (IsAskedFor(windows, layout, page)) text += (text.empty() ? "" : "\n") + TextOf(windows, layout);
   }
   return text;
 }

@@ -1,4 +1,4 @@
-// Pages and dialogs as text: the face of the wizard that draws nothing.
+// Pages and dialogs as text, for --controls: PageText().
 #pragma once
 
 #include <string>
@@ -8,9 +8,10 @@
 
 namespace discwright::desktop {
 
-// The controls of a page, one line each: name, kind, whether a user can give it something now ("yes" or "no"; nothing
-// for what only shows something), caption, value, access key, and the boxes that have to be checked first. `page`: the
-// number of a page or the name of a dialog; empty: all of them. Empty when there is no such page.
+// One line for each control of a page: its name, its kind, whether a user can change or press it now ("yes" or "no";
+// blank for a control without input), its caption, its value, its access key, and the boxes that must be checked first.
+// `page` is the number of a page or the name of a dialog, or empty for all of them. The text is empty when there is no
+// such page.
 std::string PageText(forms::Windows& windows, std::string_view page);
 
 }  // namespace discwright::desktop

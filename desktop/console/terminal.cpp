@@ -1,4 +1,4 @@
-// Progress lines of the headless program.
+// Prints the lines and draws the live line.
 #include "desktop/console/terminal.h"
 
 #include <array>
@@ -10,7 +10,8 @@ namespace discwright::desktop {
 
 namespace {
 
-constexpr auto kRedrawInterval = std::chrono::milliseconds(50);  // a terminal is slower than a copy of small files
+constexpr auto kRedrawInterval =
+    std::chrono::milliseconds(50);  // drawing more often would slow down a copy of small files
 constexpr std::size_t kStepCount = 5;
 
 struct Line {
@@ -28,7 +29,7 @@ std::array<Line, kStepCount> Lines(const forms::FrmDiscwright& main) {
 
 void Print(std::string_view text) { host::Print(host::Stream::kError, text); }
 
-// Cut to `columns` characters, never inside one.
+// Cuts a text to `columns` characters. Never cuts inside a UTF-8 character.
 std::string CutToWidth(std::string_view text, std::size_t columns) {
   std::size_t characters = 0;
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -38,7 +39,7 @@ std::string CutToWidth(std::string_view text, std::size_t columns) {
   return std::string(text);
 }
 
-// File names may hold anything; on a terminal control characters would act.
+// Replaces control characters, which a file name can contain and which a terminal would obey.
 std::string Printable(std::string_view text) {
   std::string printable(text);
   for (char& character : printable) {
@@ -49,8 +50,8 @@ std::string Printable(std::string_view text) {
 
 }  // namespace
 
-Terminal::Terminal(forms::FrmDiscwright& main, bool live, bool quiet) : main_(main), live_(live), quiet_(quiet) {
-  if (quiet_) return;
+Terminal::Terminal(forms::FrmDiscwright& main, Progress progress) : main_(main), progress_(progress) {
+  if (progress_ == Progress::kNone) return;
   listening_ = main_.Listen([this](forms::Control& control, forms::Facet facet, forms::By) {
     if (facet == forms::Facet::kRepaint) {
       Update(Pace::kLimited);
@@ -81,16 +82,17 @@ void Terminal::ClearLiveLine() {
 }
 
 void Terminal::OnChange(const forms::Control& control) {
-  has_changed_ = live_;
+  const bool is_live = progress_ == Progress::kLiveLine;
+  has_changed_ = is_live;
   const auto lines = Lines(main_);
   for (std::size_t step = 0; step < lines.size(); ++step) {
     const std::string title =
         std::to_string(step + 1) + "/" + std::to_string(kStepCount) + " " + lines[step].message->caption.get();
-    if (&control == lines[step].message && lines[step].message->bold && !live_) PrintLine(title);
+    if (&control == lines[step].message && lines[step].message->bold && !is_live) PrintLine(title);
     if (&control == lines[step].mark && lines[step].mark->caption.get() == forms::kCross) {
       PrintLine(title + ": not chosen");
     }
-    if (&control == lines[step].mark && live_ && lines[step].mark->caption.get() == forms::kTick) PrintLine(title);
+    if (&control == lines[step].mark && is_live && lines[step].mark->caption.get() == forms::kTick) PrintLine(title);
   }
 }
 

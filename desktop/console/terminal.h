@@ -1,4 +1,5 @@
-// What the headless program shows: lines on standard error, and one live line on a terminal.
+// The output of the headless program on standard error: lines, and on a terminal one live line with the progress.
+// Construct one for the main window, then print everything through PrintLine.
 #pragma once
 
 #include <chrono>
@@ -9,20 +10,20 @@
 
 namespace discwright::desktop {
 
-// Prints lines and keeps the live progress line below them. The live line is drawn between two steps of the program's
-// work and not while something changes, so that its text and its percentage belong together.
+// Listens to the main window. The live line stands below all other lines. It is not drawn at once when a control
+// changes, but at the next Update, so that its text and its percentage belong together.
 class Terminal {
  public:
-  // `live`: standard error is a terminal; otherwise one line per step is printed. `quiet`: no progress at all.
-  Terminal(forms::FrmDiscwright& main, bool live, bool quiet);
+  enum class Progress { kLiveLine, kLinePerStep, kNone };
+  Terminal(forms::FrmDiscwright& main, Progress progress);
 
-  // One or more lines (CR LF or LF between them), above the live line.
+  // Prints one or more lines, which end in CR LF or LF, above the live line.
   void PrintLine(std::string_view text);
 
-  // Draws what has changed: at once, or not more often than a terminal can take.
+  // Draws the live line if it has changed. With kLimited not more often than a terminal can keep up with.
   enum class Pace { kAtOnce, kLimited };
   void Update(Pace pace);
-  // Removes the live line, with its last state drawn; the next change of the window brings it back.
+  // Draws the last state of the live line, then removes the line. The next change of the window brings it back.
   void ClearLiveLine();
 
  private:
@@ -30,8 +31,7 @@ class Terminal {
   std::string LiveText() const;
 
   forms::FrmDiscwright& main_;
-  bool live_;
-  bool quiet_;
+  Progress progress_;
   bool has_changed_ = false;
   bool live_line_shown_ = false;
   std::chrono::steady_clock::time_point drawn_at_;

@@ -1,8 +1,6 @@
 // Looks names up ignoring letter case, with the names of the last few folders kept in memory.
 #include "host/posix/case_lookup.h"
 
-#include <dirent.h>
-#include <fcntl.h>
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -14,9 +12,9 @@
 #include <optional>
 #include <unordered_map>
 
+#include "host/names.h"
+#include "host/posix/folder_reader.h"
 #include "host/posix/native_path.h"
-#include "host/posix/unique_fd.h"
-#include "host/system.h"
 
 namespace discwright::host {
 namespace {
@@ -59,19 +57,13 @@ struct Snapshot {
   }
 };
 
-std::optional<Snapshot> ReadFolder(const std::string& folder) {
-  UniqueFd fd(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+std::optional<Snapshot> TakeSnapshot(const std::string& folder) {
+  FolderReader reader(folder);
   struct stat facts {};
   // The stamp is taken before the names: a change in between makes the snapshot stale, never wrongly fresh.
-  if (!fd.valid() || fstat(fd.get(), &facts) != 0) return std::nullopt;
-  const std::unique_ptr<DIR, int (*)(DIR*)> stream(fdopendir(fd.get()), closedir);
-  if (stream == nullptr) return std::nullopt;
-  fd.Release();
+  if (!reader.status().ok() || fstat(reader.fd(), &facts) != 0) return std::nullopt;
   Snapshot snapshot{Stamp(facts), {}, {}};
-  while (const dirent* entry = readdir(stream.get())) {
-    const std::string_view name = entry->d_name;
-    if (name != "." && name != "..") snapshot.Add(name);
-  }
+  while (const dirent* entry = reader.Next()) snapshot.Add(entry->d_name);
   return snapshot;
 }
 
@@ -134,7 +126,7 @@ class FolderCache {
     auto place = Place(stamp);
     const bool known = place != folders_.end();
     if (!known || reload || !(*place)->stamp.SameTimes(stamp)) {
-      std::optional<Snapshot> names = ReadFolder(folder);
+      std::optional<Snapshot> names = TakeSnapshot(folder);
       if (!names) return nullptr;
       if (!known) place = LeastUsed();
       *place = std::make_unique<Snapshot>(std::move(*names));

@@ -1,105 +1,192 @@
-// Starts and reaps child processes.
-#include "host/posix/child.h"
+// Child processes in process groups of their own: started, read, ended with their group, and never left as zombies.
+#include "host/child.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <spawn.h>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <mutex>
+#include <string>
+#include <system_error>
+#include <thread>
+#include <vector>
 
 #include "host/posix/errors.h"
+#include "host/posix/find_program.h"
+#include "host/posix/regular_file.h"
+#include "host/posix/unique_fd.h"
 
 namespace discwright::host {
 namespace {
 
-class SpawnSettings {
- public:
-  explicit SpawnSettings(int output) {
-    posix_spawn_file_actions_init(&actions_);
-    posix_spawnattr_init(&attributes_);
-    // Standard input comes last: `output` itself may have its number when the parent was started without one.
-    if (output >= 0) {
-      posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO);
-      posix_spawn_file_actions_adddup2(&actions_, output, STDERR_FILENO);
-    }
-    posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    sigset_t signals;
-    sigfillset(&signals);
-    posix_spawnattr_setsigdefault(&attributes_, &signals);
-    sigemptyset(&signals);
-    posix_spawnattr_setsigmask(&attributes_, &signals);
-    posix_spawnattr_setpgroup(&attributes_, 0);
-    posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
-  }
-  SpawnSettings(const SpawnSettings&) = delete;
-  SpawnSettings& operator=(const SpawnSettings&) = delete;
-  ~SpawnSettings() {
-    posix_spawnattr_destroy(&attributes_);
-    posix_spawn_file_actions_destroy(&actions_);
-  }
+using namespace std::chrono_literals;
 
-  // 0 or an errno value.
-  int Spawn(pid_t& pid, std::vector<char*>& arguments) {
-    return posix_spawn(&pid, arguments.front(), &actions_, &attributes_, arguments.data(), environ);
+// Starts `arguments` in a process group of its own, with default signal handlers; 0 or an errno value. Its standard
+// output and error is `output`, below 0 the parent's.
+int Spawn(std::vector<char*>& arguments, int output, pid_t& pid) {
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  if (output >= 0) {
+    posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
+    posix_spawn_file_actions_adddup2(&actions, output, STDERR_FILENO);
   }
-
- private:
-  posix_spawn_file_actions_t actions_;
-  posix_spawnattr_t attributes_;
-};
+  // Standard input comes last: `output` itself may have its number when the parent was started without one.
+  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  posix_spawnattr_t attributes;
+  posix_spawnattr_init(&attributes);
+  sigset_t signals;
+  sigfillset(&signals);
+  posix_spawnattr_setsigdefault(&attributes, &signals);
+  sigemptyset(&signals);
+  posix_spawnattr_setsigmask(&attributes, &signals);
+  posix_spawnattr_setpgroup(&attributes, 0);
+  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
+  const int error = posix_spawn(&pid, arguments.front(), &actions, &attributes, arguments.data(), environ);
+  posix_spawnattr_destroy(&attributes);
+  posix_spawn_file_actions_destroy(&actions);
+  return error;
+}
 
 std::string SignalName(int signal) {
   const char* name = sigabbrev_np(signal);
   return name != nullptr ? std::string("SIG") + name : "signal " + std::to_string(signal);
 }
 
-}  // namespace
+class PosixChild : public Child {
+ public:
+  PosixChild(pid_t pid, UniqueFd pipe) : pid_(pid), pipe_(std::move(pipe)) {}
 
-std::shared_ptr<Child> Child::Start(const std::vector<std::string>& arguments, int output, Status& status) {
-  std::vector<std::string> texts = arguments;  // the system asks for writable ones
+  std::size_t Read(std::span<char> buffer, int milliseconds) override {
+    if (pipe_.valid()) {
+      pollfd waiting{pipe_.get(), POLLIN, 0};
+      if (poll(&waiting, 1, milliseconds) <= 0) return 0;
+      const long count = ReadSome(pipe_.get(), buffer.data(), buffer.size());
+      if (count > 0) return static_cast<std::size_t>(count);
+      pipe_.Close();  // nobody can write any more
+    }
+    WaitForEnd(milliseconds);
+    return 0;
+  }
+
+  std::size_t Waiting() override {
+    int count = 0;
+    return pipe_.valid() && ioctl(pipe_.get(), FIONREAD, &count) == 0 ? static_cast<std::size_t>(count) : 0;
+  }
+
+  bool WaitForEnd(int milliseconds) override {
+    siginfo_t info{};
+    // Waits without reaping the child and without the lock: another thread may signal it meanwhile.
+    while (milliseconds < 0 && !Reap()) waitid(P_PID, static_cast<id_t>(pid_), &info, WEXITED | WNOWAIT);
+    // There is no such call with a time limit.
+    const auto last_moment = Clock::now() + std::chrono::milliseconds(milliseconds);
+    for (auto pause = 1ms; !Reap(); pause = std::min(2 * pause, 16ms)) {
+      if (Clock::now() >= last_moment) return false;
+      std::this_thread::sleep_for(pause);
+    }
+    return true;
+  }
+
+  ProcessEnd End() override {
+    const std::lock_guard lock(mutex_);
+    if (WIFSIGNALED(wait_status_)) return {0, SignalName(WTERMSIG(wait_status_))};
+    return {WEXITSTATUS(wait_status_), ""};
+  }
+
+  bool RequestEnd() override {
+    const std::lock_guard lock(mutex_);
+    return !is_reaped_ && kill(-pid_, SIGTERM) == 0;
+  }
+
+  void WaitUntilGone(Clock::time_point last_moment) override {
+    // A child that has ended but was not reaped would count as one that is there.
+    while (Reap(), kill(-pid_, 0) == 0) {
+      if (Clock::now() >= last_moment) {
+        kill(-pid_, SIGKILL);
+        return;
+      }
+      std::this_thread::sleep_for(20ms);
+    }
+  }
+
+ private:
+  bool Reap() {
+    const std::lock_guard lock(mutex_);
+    if (is_reaped_) return true;
+    const pid_t result = waitpid(pid_, &wait_status_, WNOHANG);
+    // Without a child to wait for (somebody ignores SIGCHLD) its end cannot be learnt any better.
+    is_reaped_ = result == pid_ || (result < 0 && errno == ECHILD);
+    return is_reaped_;
+  }
+
+  const pid_t pid_;
+  UniqueFd pipe_;
+  std::mutex mutex_;  // the pid is only the child's own until it is reaped
+  bool is_reaped_ = false;
+  int wait_status_ = 0;
+};
+
+class PosixProcess : public Process {
+ public:
+  explicit PosixProcess(std::shared_ptr<Child> child) : child_(std::move(child)) {}
+
+  // Nothing tells when a program is ready for input, so one that runs counts as ready.
+  bool Wait(int milliseconds, bool wait_for_idle) override {
+    return wait_for_idle || child_->WaitForEnd(milliseconds >= 1 ? milliseconds : -1);
+  }
+
+ private:
+  std::shared_ptr<Child> child_;
+};
+
+// Null with the reason in `status` on failure. `pipe` is what the child's output is read from.
+std::shared_ptr<Child> Start(std::string_view command_line, int output, UniqueFd pipe, Status& status) {
+  Command command = ParseCommandLine(command_line);
+  status = command.status;
+  if (!status.ok()) return nullptr;
   std::vector<char*> pointers;
-  pointers.reserve(texts.size() + 1);
-  for (std::string& text : texts) pointers.push_back(text.data());
+  for (std::string& argument : command.arguments) pointers.push_back(argument.data());
   pointers.push_back(nullptr);
   pid_t pid = 0;
-  const int error = SpawnSettings(output).Spawn(pid, pointers);
-  status = error == 0 ? Status::Success() : StatusOf(error);
-  return error == 0 ? std::make_shared<Child>(pid) : nullptr;
+  const int error = Spawn(pointers, output, pid);
+  if (error == 0) return std::make_shared<PosixChild>(pid, std::move(pipe));
+  status = StatusOf(error);
+  return nullptr;
 }
 
-bool Child::Reap(int options) {
-  const std::lock_guard lock(mutex_);
-  if (reaped_) return true;
-  const pid_t result = waitpid(pid_, &wait_status_, options);
-  // Without a child to wait for (somebody ignores SIGCHLD) its end cannot be learnt any better.
-  reaped_ = result == pid_ || (result < 0 && errno == ECHILD);
-  return reaped_;
+}  // namespace
+
+std::shared_ptr<Child> StartCaptured(std::string_view command_line, Status& status) {
+  int ends[2] = {-1, -1};
+  if (pipe2(ends, O_CLOEXEC) != 0) {
+    status = LastFailure();
+    return nullptr;
+  }
+  UniqueFd read_end(ends[0]);
+  const UniqueFd write_end(ends[1]);
+  return Start(command_line, write_end.get(), std::move(read_end), status);
 }
 
-bool Child::LookEnded() { return Reap(WNOHANG); }
-
-void Child::WaitForEnd() {
-  // Waits without taking the child away and without the lock: others may signal it meanwhile.
-  siginfo_t info{};
-  while (!LookEnded()) waitid(P_PID, static_cast<id_t>(pid_), &info, WEXITED | WNOWAIT);
+std::unique_ptr<Process> StartUncaptured(std::string_view command_line, int, int) {
+  Status status;
+  const std::shared_ptr<Child> child = Start(command_line, -1, UniqueFd(), status);
+  if (!child) return nullptr;
+  try {
+    // Reaps the child, also when the caller has closed the process before.
+    std::thread([child] { child->WaitForEnd(-1); }).detach();
+  } catch (const std::system_error&) {
+    child->RequestEnd();
+    child->WaitUntilGone(Child::Clock::now());
+    child->WaitForEnd(-1);
+    return nullptr;
+  }
+  return std::make_unique<PosixProcess>(child);
 }
-
-ProcessEnd Child::End() const {
-  const std::lock_guard lock(mutex_);
-  if (WIFSIGNALED(wait_status_)) return {0, SignalName(WTERMSIG(wait_status_))};
-  return {WEXITSTATUS(wait_status_), ""};
-}
-
-bool Child::SignalGroup(int signal) {
-  const std::lock_guard lock(mutex_);
-  return !reaped_ && kill(-pid_, signal) == 0;
-}
-
-bool Child::GroupIsAlive() const { return kill(-pid_, 0) == 0; }
-
-void Child::SignalWhatIsLeft(int signal) const { kill(-pid_, signal); }
 
 }  // namespace discwright::host

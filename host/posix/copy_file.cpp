@@ -1,6 +1,4 @@
 // Copies files through the kernel, with progress after every piece.
-#include "host/posix/copy_file.h"
-
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -8,6 +6,7 @@
 #include <cerrno>
 #include <memory>
 
+#include "host/files.h"
 #include "host/posix/case_lookup.h"
 #include "host/posix/errors.h"
 #include "host/posix/native_path.h"
@@ -40,7 +39,7 @@ class ContentCopy {
       if (moved < 0) return LastFailure();
       transferred_ += moved;
       const bool is_end = moved == 0 || transferred_ == size;
-      // A file whose end shows only by an empty read was told about already, unless it is empty.
+      // An empty read at the end is no news, unless the whole file is empty.
       if ((moved > 0 || transferred_ == 0) && !Tell(CopyEvent::kChunkFinished)) return Stopped();
       if (is_end) return Status::Success();
     }
@@ -54,7 +53,7 @@ class ContentCopy {
     if (by_kernel_) {
       const ssize_t moved = copy_file_range(from_, nullptr, to_, nullptr, kCopyPiece, 0);
       if (moved > 0 || (moved < 0 && !KernelCannotCopy(errno) && errno != EINTR)) return moved;
-      // Also after "nothing to copy": the kernel says so of files it makes up as they are read.
+      // Also after 0, which the kernel returns for files that it makes up while they are read.
       by_kernel_ = false;
     }
     return MoveByHand();
@@ -88,7 +87,7 @@ Status StartTarget(NewFile& target, const std::string& to, const struct stat& so
   if (created.error != ErrorClass::kExists || on_existing == OnExisting::kRefuse) return created;
   struct stat existing {};
   if (stat(to.c_str(), &existing) == 0) {
-    if (!S_ISREG(existing.st_mode)) return NotARegularFile(S_ISDIR(existing.st_mode));
+    if (Status status = CheckRegular(existing); !status.ok()) return status;
     if (existing.st_dev == source.st_dev && existing.st_ino == source.st_ino) {
       return Status::Failure(ErrorClass::kOther, "Source and target are the same file");
     }
@@ -96,7 +95,7 @@ Status StartTarget(NewFile& target, const std::string& to, const struct stat& so
   return target.CreateBeside(to, mode);
 }
 
-// A file system that has no room for the time does not spoil the copy.
+// A file system that cannot store the time is no reason to fail.
 void KeepTime(int fd, const struct stat& source) {
   const std::array<timespec, 2> times{timespec{0, UTIME_OMIT}, source.st_mtim};
   static_cast<void>(futimens(fd, times.data()));

@@ -1,4 +1,4 @@
-// The one root, the home folder, and the file manager that the desktop's own command starts.
+// The one root, optical discs, the home folder, and the file manager that the desktop's own command starts.
 #include "host/desktop.h"
 
 #include <pwd.h>
@@ -7,9 +7,10 @@
 #include <cerrno>
 #include <cstdlib>
 
+#include "host/names.h"
 #include "host/posix/case_lookup.h"
-#include "host/posix/installed_program.h"
-#include "host/system.h"
+#include "host/posix/find_program.h"
+#include "host/posix/mounts.h"
 
 namespace discwright::host {
 namespace {
@@ -35,6 +36,12 @@ std::string HomeOfUser() {
 }  // namespace
 
 std::vector<std::string> DriveRoots() { return {"\\"}; }
+
+std::vector<std::string> OpticalDrives() {
+  std::vector<std::string> drives = OpticalMountPoints("/proc/self/mounts");
+  for (std::string& drive : drives) drive = PathFromNative(drive);
+  return drives;
+}
 
 std::string HomeFolder() {
   const char* const named = std::getenv("HOME");

@@ -1,18 +1,15 @@
-// Looking at, making, moving and removing files and folders.
+// Makes and removes files and folders, and tells whether two paths are one.
 #include "host/files.h"
 
 #include <fcntl.h>
-#include <linux/fs.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 
 #include "host/posix/case_lookup.h"
-#include "host/posix/copy_file.h"
 #include "host/posix/errors.h"
 #include "host/posix/native_path.h"
-#include "host/posix/regular_file.h"
 
 namespace discwright::host {
 namespace {
@@ -36,38 +33,26 @@ Status MakeNativeFolders(const std::string& native) {
   return status.ok() ? MakeFolder(native) : status;
 }
 
-// rename() that refuses an existing target, also on file systems that cannot do so in one step.
-int RenameToFreeName(const std::string& from, const std::string& to) {
-  const int result = renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE);
-  if (result == 0 || (errno != EINVAL && errno != ENOSYS)) return result;
-  struct stat facts {};
-  if (lstat(to.c_str(), &facts) == 0) {
-    errno = EEXIST;
-    return -1;
-  }
-  return std::rename(from.c_str(), to.c_str());
-}
-
-// Whether both paths lead to the same file or folder. If so, `facts` describes it.
-bool LeadToOne(std::string_view a, std::string_view b, struct stat& facts) {
+// The facts of the one file or folder that both paths lead to; nothing when they lead to two or to nothing.
+std::optional<struct stat> FactsOfBoth(std::string_view a, std::string_view b) {
+  struct stat first {};
   struct stat second {};
-  return stat(RealPath(a).c_str(), &facts) == 0 && stat(RealPath(b).c_str(), &second) == 0 &&
-         facts.st_dev == second.st_dev && facts.st_ino == second.st_ino;
+  const bool is_one = stat(RealPath(a).c_str(), &first) == 0 && stat(RealPath(b).c_str(), &second) == 0 &&
+                      first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+  return is_one ? std::optional(first) : std::nullopt;
 }
 
 }  // namespace
 
 bool SameFolder(std::string_view a, std::string_view b) {
-  struct stat facts {};
-  return LeadToOne(a, b, facts) && S_ISDIR(facts.st_mode);
+  const std::optional<struct stat> facts = FactsOfBoth(a, b);
+  return facts && S_ISDIR(facts->st_mode);
 }
 
 bool SameFile(std::string_view a, std::string_view b) {
-  struct stat facts {};
-  return LeadToOne(a, b, facts) && !S_ISDIR(facts.st_mode);
+  const std::optional<struct stat> facts = FactsOfBoth(a, b);
+  return facts && !S_ISDIR(facts->st_mode);
 }
-
-bool CanRead(std::string_view path) { return OpenRegular(RealPath(path), O_RDONLY).status.ok(); }
 
 Status MakeFolders(std::string_view path) { return MakeNativeFolders(RealPath(path)); }
 
@@ -83,17 +68,5 @@ Status ClearAttributes(std::string_view path) {
 Status RemoveFile(std::string_view path) { return StatusOfResult(unlink(RealPath(path).c_str())); }
 
 Status RemoveEmptyFolder(std::string_view path) { return StatusOfResult(rmdir(RealPath(path).c_str())); }
-
-Status RenameFile(std::string_view from, std::string_view to) {
-  const std::string source = RealPath(from);
-  const std::string target = RealPath(to);
-  if (RenameToFreeName(source, target) == 0) {
-    NoteCreated(target);
-    return Status::Success();
-  }
-  if (errno != EXDEV) return LastFailure();
-  const Status copied = CopyToFreeName(source, target);
-  return copied.ok() ? StatusOfResult(unlink(source.c_str())) : copied;
-}
 
 }  // namespace discwright::host

@@ -1,44 +1,25 @@
-// Finds optical discs in the mount table.
+// Reads the mount table.
 #include "host/posix/mounts.h"
 
+#include <mntent.h>
+
 #include <algorithm>
-#include <sstream>
+#include <array>
+#include <cstdio>
+#include <memory>
+#include <string_view>
 
 namespace discwright::host {
-namespace {
 
-bool IsOctal(char character) { return character >= '0' && character <= '7'; }
-
-// The table writes blanks, tabs, line ends and backslashes inside a field as "\" and three octal digits.
-std::string DecodeOctal(std::string_view field) {
-  std::string text;
-  for (std::size_t i = 0; i < field.size(); ++i) {
-    const bool is_escape =
-        field[i] == '\\' && i + 3 < field.size() && std::all_of(&field[i + 1], &field[i + 4], IsOctal);
-    if (is_escape) {
-      text += static_cast<char>((field[i + 1] - '0') * 64 + (field[i + 2] - '0') * 8 + (field[i + 3] - '0'));
-      i += 3;
-    } else {
-      text += field[i];
-    }
-  }
-  return text;
-}
-
-}  // namespace
-
-std::vector<std::string> OpticalMountPoints(std::string_view table) {
+std::vector<std::string> OpticalMountPoints(const std::string& table_file) {
   std::vector<std::string> points;
-  std::istringstream lines{std::string(table)};
-  for (std::string line; std::getline(lines, line);) {
-    std::istringstream fields(line);
-    std::string device;
-    std::string point;
-    std::string file_system;
-    fields >> device >> point >> file_system;
+  const std::unique_ptr<FILE, int (*)(FILE*)> table(setmntent(table_file.c_str(), "re"), endmntent);
+  std::array<char, 32768> text{};  // holds one line, in which each byte of a path may be written as four
+  mntent row{};
+  while (table != nullptr && getmntent_r(table.get(), &row, text.data(), text.size()) != nullptr) {
+    const std::string_view file_system = row.mnt_type;
     if (file_system != "iso9660" && file_system != "udf") continue;
-    std::string decoded = DecodeOctal(point);
-    if (std::find(points.begin(), points.end(), decoded) == points.end()) points.push_back(std::move(decoded));
+    if (std::find(points.begin(), points.end(), row.mnt_dir) == points.end()) points.emplace_back(row.mnt_dir);
   }
   return points;
 }

@@ -1,23 +1,27 @@
 // Moves by renaming where the system can, and by copying where it cannot.
 #include "host/posix/move_path.h"
 
+#include <fcntl.h>
+#include <linux/fs.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
 #include <unordered_map>
 
 #include "host/files.h"
+#include "host/names.h"
 #include "host/posix/case_lookup.h"
 #include "host/posix/errors.h"
+#include "host/posix/folder_reader.h"
 #include "host/posix/native_path.h"
-#include "host/posix/native_tree.h"
 #include "host/posix/new_file.h"
-#include "host/system.h"
 
 namespace discwright::host {
 namespace {
@@ -49,13 +53,90 @@ int RenameOver(const std::string& from, const std::string& to) {
   return std::rename(from.c_str(), to.c_str());
 }
 
-// By way of a passing name: nothing is ever seen in part under its own.
+// Copies a file, a link or a folder with all below it to a name that is free, with times and modes, and with owners
+// where the system lets them be given. Links are never followed. Devices, sockets and pipes are a failure. A failure
+// leaves a part of the copy.
+Status CopyTree(const std::string& from, const std::string& to);
+
+Status CopyLink(const std::string& from, const std::string& to) {
+  std::array<char, PATH_MAX> target{};
+  const ssize_t length = readlink(from.c_str(), target.data(), target.size());
+  if (length < 0) return LastFailure();
+  const std::string text(target.data(), static_cast<std::size_t>(length));
+  return StatusOfResult(symlink(text.c_str(), to.c_str()));
+}
+
+Status CopyFolder(const std::string& from, const std::string& to) {
+  // Its own mode comes last: it may not let anything be made in it.
+  Status status = StatusOfResult(mkdir(to.c_str(), S_IRWXU));
+  if (!status.ok()) return status;
+  const Result<std::vector<std::string>> names = NamesIn(from);
+  for (const std::string& name : names.value) {
+    status = CopyTree(NativeJoin(from, name), NativeJoin(to, name));
+    if (!status.ok()) return status;
+  }
+  return names.status;
+}
+
+Status CopyOfKind(const std::string& from, const std::string& to, mode_t mode) {
+  if (S_ISDIR(mode)) return CopyFolder(from, to);
+  if (S_ISLNK(mode)) return CopyLink(from, to);
+  return S_ISREG(mode) ? CopyToFreeName(from, to) : NotARegularFile(false);
+}
+
+// Gives a copy the owner, mode and times of the original. Changing the owner may clear bits of the mode, so it is
+// first.
+Status TakeOver(const std::string& to, const struct stat& original) {
+  const bool is_same_owner = lchown(to.c_str(), original.st_uid, original.st_gid) == 0;
+  // Without the owner, the set-user-ID and set-group-ID bits are left out: the program would run as somebody else.
+  const mode_t kept = is_same_owner ? 07777 : 0777;
+  if (!S_ISLNK(original.st_mode) && chmod(to.c_str(), original.st_mode & kept) != 0) return LastFailure();
+  // A file system that cannot store the times is no reason to fail.
+  const std::array<timespec, 2> times{original.st_atim, original.st_mtim};
+  static_cast<void>(utimensat(AT_FDCWD, to.c_str(), times.data(), AT_SYMLINK_NOFOLLOW));
+  return Status::Success();
+}
+
+Status CopyTree(const std::string& from, const std::string& to) {
+  struct stat original {};
+  if (lstat(from.c_str(), &original) != 0) return LastFailure();
+  Status status = CopyOfKind(from, to, original.st_mode);
+  return status.ok() ? TakeOver(to, original) : status;
+}
+
+// Removes a file, a link or a folder with all below it, folders without the right to write to them included.
+Status RemoveTree(const std::string& native) {
+  struct stat facts {};
+  if (lstat(native.c_str(), &facts) != 0) return LastFailure();
+  if (!S_ISDIR(facts.st_mode)) return StatusOfResult(unlink(native.c_str()));
+  // When this is not permitted, neither is what follows.
+  if ((facts.st_mode & S_IRWXU) != S_IRWXU) static_cast<void>(chmod(native.c_str(), S_IRWXU));
+  const Result<std::vector<std::string>> names = NamesIn(native);
+  for (const std::string& name : names.value) {
+    if (Status status = RemoveTree(NativeJoin(native, name)); !status.ok()) return status;
+  }
+  return names.ok() ? StatusOfResult(rmdir(native.c_str())) : names.status;
+}
+
+// rename() that refuses an existing target, also on file systems that cannot do so in one step.
+int RenameToFreeName(const std::string& from, const std::string& to) {
+  const int result = renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE);
+  if (result == 0 || (errno != EINVAL && errno != ENOSYS)) return result;
+  struct stat facts {};
+  if (lstat(to.c_str(), &facts) == 0) {
+    errno = EEXIST;
+    return -1;
+  }
+  return std::rename(from.c_str(), to.c_str());
+}
+
+// Copies to a temporary name first: nobody ever sees half a copy under the final name.
 Status MoveAcross(const std::string& from, const std::string& to) {
-  const std::string passing = PassingName(to);
-  Status status = CopyTree(from, passing);
-  if (status.ok()) status = StatusOfResult(RenameOver(passing, to));
+  const std::string temporary = TemporaryName(to);
+  Status status = CopyTree(from, temporary);
+  if (status.ok()) status = StatusOfResult(RenameOver(temporary, to));
   if (status.ok()) return RemoveTree(from);
-  static_cast<void>(RemoveTree(passing));
+  static_cast<void>(RemoveTree(temporary));
   return status;
 }
 
@@ -73,23 +154,24 @@ Status PutAt(const std::string& from, const std::string& to) {
 }
 
 // Both paths are one file: two names of it, which become one, or one name whose letter case the file system ignores.
-// The system takes either for nothing to do.
+// rename() alone would do nothing in either case.
 Status MoveOntoItself(const std::string& from, const std::string& to) {
   if (from == to) return Status::Success();
-  const std::string passing = PassingName(to);
-  if (std::rename(from.c_str(), passing.c_str()) != 0) return LastFailure();
-  Status status = StatusOfResult(std::rename(passing.c_str(), to.c_str()));
+  const std::string temporary = TemporaryName(to);
+  if (std::rename(from.c_str(), temporary.c_str()) != 0) return LastFailure();
+  Status status = StatusOfResult(std::rename(temporary.c_str(), to.c_str()));
   if (status.ok()) {
-    unlink(passing.c_str());  // still there if it was the second name
+    unlink(temporary.c_str());  // still there if it was the second name
   } else {
-    std::rename(passing.c_str(), from.c_str());
+    std::rename(temporary.c_str(), from.c_str());
   }
   NoteChanged(NativeFolder(to));
   return status;
 }
 
-// Under which name each of `names` comes into a folder that has the names `there`; both are sorted. A name in another
-// letter case is used once, and not when what has it exactly is coming, too.
+// The name that each of `names` gets in a folder that has the names `there`; both are sorted. It is a name there that
+// differs only in letter case, if there is one. Such a name is used once, and not when exactly this name is one of
+// `names`, too.
 std::vector<std::string> PlacesFor(const std::vector<std::string>& names, const std::vector<std::string>& there) {
   std::unordered_map<std::string, std::string> others;
   for (const std::string& name : there) {
@@ -105,16 +187,16 @@ std::vector<std::string> PlacesFor(const std::vector<std::string>& names, const 
   return places;
 }
 
-// Only this one name cannot be moved, because what stands at its place is of another kind: the shell of Windows goes on
-// with the next.
+// Whether only this one name cannot be moved, because a file is in the place of a folder or the other way round. The
+// shell of Windows then goes on with the next name.
 bool IsInTheWay(const Status& status) {
   return status.error == ErrorClass::kWrongKind || status.error == ErrorClass::kExists;
 }
 
 Status JoinFolder(const std::string& from, const std::string& to) {
-  std::vector<std::string> names;
-  Status status = NamesIn(from, names);
-  if (status.ok()) status = MoveNames(from, names, to);
+  const Result<std::vector<std::string>> names = NamesIn(from);
+  if (!names.ok()) return names.status;
+  Status status = MoveNames(from, names.value, to);
   return status.ok() ? StatusOfResult(rmdir(from.c_str())) : status;
 }
 
@@ -139,17 +221,28 @@ Status MovePath(const std::string& from, const std::string& to) {
 }
 
 Status MoveNames(const std::string& from, const std::vector<std::string>& names, const std::string& to) {
-  std::vector<std::string> there;
-  Status status = NamesIn(to, there);
-  if (!status.ok()) return status;
-  const std::vector<std::string> places = PlacesFor(names, there);
+  const Result<std::vector<std::string>> there = NamesIn(to);
+  if (!there.ok()) return there.status;
+  const std::vector<std::string> places = PlacesFor(names, there.value);
   Status in_the_way;
   for (std::size_t i = 0; i < names.size(); ++i) {
-    status = MovePath(NativeJoin(from, names[i]), NativeJoin(to, places[i]));
+    Status status = MovePath(NativeJoin(from, names[i]), NativeJoin(to, places[i]));
     if (!status.ok() && !IsInTheWay(status)) return status;
     if (!status.ok() && in_the_way.ok()) in_the_way = status;
   }
   return in_the_way;
+}
+
+Status RenameFile(std::string_view from, std::string_view to) {
+  const std::string source = RealPath(from);
+  const std::string target = RealPath(to);
+  if (RenameToFreeName(source, target) == 0) {
+    NoteCreated(target);
+    return Status::Success();
+  }
+  if (errno != EXDEV) return LastFailure();
+  const Status copied = CopyToFreeName(source, target);
+  return copied.ok() ? StatusOfResult(unlink(source.c_str())) : copied;
 }
 
 }  // namespace discwright::host

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <array>
 
-#include "host/system.h"
+#include "host/names.h"
 
 namespace discwright::host {
 namespace {

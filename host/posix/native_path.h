@@ -1,4 +1,4 @@
-// The spelling of names and paths at the door between the core and the system, and letter case of names.
+// Translates paths between the core's spelling and the system's. Nothing is looked up on the disk.
 //
 // The core separates with "\" or "/". The system separates with "/" and allows "\" inside a name; the core sees such a
 // character as U+F05C, so that no name can be mistaken for a path.

@@ -12,7 +12,7 @@ namespace discwright::host {
 
 // A name beside `native` that nothing of this program's has: short, and independent of the final name, which may be as
 // long as the system allows.
-std::string PassingName(const std::string& native);
+std::string TemporaryName(const std::string& native);
 
 // Unless Commit succeeds, the destructor removes what was written, and a file that had the name stays as it was.
 class NewFile {
@@ -25,7 +25,7 @@ class NewFile {
   // Creates the file under its own name; kExists when that is taken.
   Status Create(const std::string& native, mode_t mode);
 
-  // Creates it under a passing name in the same folder; Commit then renames it over what has the name.
+  // Creates it under a temporary name in the same folder; Commit then renames it over what has the name.
   Status CreateBeside(const std::string& native, mode_t mode);
 
   int fd() const { return fd_.get(); }
@@ -37,8 +37,11 @@ class NewFile {
   void Discard();
 
   UniqueFd fd_;
-  std::string name_;          // the final native path
-  std::string passing_name_;  // what it is called while being written; empty when there is nothing to discard
+  std::string name_;            // the final native path
+  std::string temporary_name_;  // what it is called while being written; empty when there is nothing to discard
 };
+
+// Copies a file to a name that is free, without progress; kExists when the name is taken. In copy_file.cpp.
+Status CopyToFreeName(const std::string& from, const std::string& to);
 
 }  // namespace discwright::host

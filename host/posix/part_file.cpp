@@ -39,14 +39,7 @@ class PosixPartFile : public PartFile {
   }
 
   Status WriteAt(std::uint64_t position, std::span<const std::uint8_t> bytes) override {
-    while (!bytes.empty()) {
-      const ssize_t done = pwrite(fd_.get(), bytes.data(), bytes.size(), static_cast<off_t>(position));
-      if (done < 0 && errno != EINTR) return LastFailure();
-      if (done <= 0) continue;
-      bytes = bytes.subspan(static_cast<std::size_t>(done));
-      position += static_cast<std::uint64_t>(done);
-    }
-    return Status::Success();
+    return host::WriteAt(fd_.get(), static_cast<std::int64_t>(position), std::as_bytes(bytes));
   }
 
   Status Commit() override {
@@ -55,8 +48,8 @@ class PosixPartFile : public PartFile {
     if (!written.valid()) return LastFailure();
     std::swap(fd_, written);
     if (written.Close() != 0) return LastFailure();
-    // Another run may put its own file under the part's name at any time; under a name that no other run uses it can
-    // be told whose it is before it becomes the finished file.
+    // Another run may put its own file under the part's name at any time. So the part first gets a name that no other
+    // run uses, and there it is checked whose file it is.
     const std::string mine = NativeJoin(NativeFolder(name_), ".discwright-" + std::to_string(getpid()) + ".part");
     if (std::rename(part_.c_str(), mine.c_str()) != 0) return errno == ENOENT ? Replaced() : LastFailure();
     if (!IsAt(fd_.get(), mine)) {
@@ -77,8 +70,7 @@ class PosixPartFile : public PartFile {
 
 Status OnlyRegular(const std::string& native) {
   struct stat facts {};
-  if (stat(native.c_str(), &facts) != 0) return Status::Success();
-  return S_ISREG(facts.st_mode) ? Status::Success() : NotARegularFile(S_ISDIR(facts.st_mode));
+  return stat(native.c_str(), &facts) == 0 ? CheckRegular(facts) : Status::Success();
 }
 
 // The size itself is left alone: some file systems would write zeros up to it.
@@ -90,24 +82,22 @@ Status SetAside(int fd, std::uint64_t size) {
 
 }  // namespace
 
-std::unique_ptr<PartFile> CreatePartFile(std::string_view path, std::uint64_t size, Status& status) {
+Result<std::unique_ptr<PartFile>> CreatePartFile(std::string_view path, std::uint64_t size) {
   const std::string name = RealPath(path);
   const std::string part = name + ".part";
-  status = OnlyRegular(name);
-  if (!status.ok()) return nullptr;
+  if (Status status = OnlyRegular(name); !status.ok()) return status;
   UniqueFd fd;
   do {
     // What is there is not written into: a run that was left behind may still have it open.
     if (unlink(part.c_str()) != 0 && errno != ENOENT) break;
     fd = UniqueFd(open(part.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
   } while (!fd.valid() && errno == EEXIST);
-  if (!fd.valid()) {
-    status = LastFailure();
-    return nullptr;
-  }
-  status = SetAside(fd.get(), size);
+  if (!fd.valid()) return LastFailure();
+  Status status = SetAside(fd.get(), size);
+  // On a failure its end removes the file again.
   auto file = std::make_unique<PosixPartFile>(std::move(fd), name, part);
-  return status.ok() ? std::move(file) : nullptr;
+  if (!status.ok()) return status;
+  return file;
 }
 
 }  // namespace discwright::host

@@ -1,7 +1,5 @@
-// The system knows no profile files: they are text.
+// Profile files are plain text here, and there is no registry.
 #include "host/profile.h"
-
-#include "host/text_profile.h"
 
 namespace discwright::host {
 
@@ -13,5 +11,7 @@ Status WriteProfileValue(std::string_view file, std::string_view section, std::s
                          std::string_view value) {
   return WriteTextProfile(file, section, key, value);
 }
+
+std::optional<std::string> LocalMachineText(std::string_view, std::string_view) { return std::nullopt; }
 
 }  // namespace discwright::host

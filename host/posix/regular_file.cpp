@@ -1,14 +1,63 @@
-// Opens regular files and moves their bytes.
+// Opens regular files and moves their bytes, also for the core.
 #include "host/posix/regular_file.h"
 
 #include <cerrno>
 
+#include "host/posix/case_lookup.h"
 #include "host/posix/errors.h"
 
 namespace discwright::host {
 namespace {
 
 RegularFile Refused(Status status) { return {UniqueFd(), {}, std::move(status)}; }
+
+// Moves on by what a call has done; false when it failed for good.
+template <typename Bytes>
+bool Advance(ssize_t done, std::int64_t& position, Bytes& bytes) {
+  if (done < 0) return errno == EINTR;
+  position += done;
+  bytes = bytes.subspan(static_cast<std::size_t>(done));
+  return true;
+}
+
+class PosixBinaryFile : public BinaryFile {
+ public:
+  explicit PosixBinaryFile(UniqueFd fd) : fd_(std::move(fd)) {}
+
+  Result<std::int64_t> Length() override {
+    struct stat facts {};
+    if (fstat(fd_.get(), &facts) != 0) return LastFailure();
+    return facts.st_size;
+  }
+
+  Status ReadAt(std::int64_t position, std::span<std::byte> bytes) override {
+    while (!bytes.empty()) {
+      const ssize_t done = pread(fd_.get(), bytes.data(), bytes.size(), position);
+      if (done == 0) return Status::Failure(ErrorClass::kOther, "Unexpected end of file");
+      if (!Advance(done, position, bytes)) return LastFailure();
+    }
+    return Status::Success();
+  }
+
+  Status WriteAt(std::int64_t position, std::span<const std::byte> bytes) override {
+    return host::WriteAt(fd_.get(), position, bytes);
+  }
+
+ private:
+  UniqueFd fd_;
+};
+
+// A file that does not exist yet.
+RegularFile CreateRegular(const std::string& native) {
+  RegularFile file;
+  file.fd = UniqueFd(open(native.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666));
+  if (!file.fd.valid() || fstat(file.fd.get(), &file.facts) != 0) {
+    file.status = LastFailure();
+  } else if (file.status = CheckRegular(file.facts); file.status.ok()) {
+    NoteCreated(native);
+  }
+  return file;
+}
 
 }  // namespace
 
@@ -17,10 +66,10 @@ RegularFile OpenRegular(const std::string& native, int flags) {
   // Asked before opening, because opening a device may already do something; and without waiting for the other end,
   // should a pipe take the name's place in between.
   if (stat(native.c_str(), &file.facts) != 0) return Refused(LastFailure());
-  if (!S_ISREG(file.facts.st_mode)) return Refused(NotARegularFile(S_ISDIR(file.facts.st_mode)));
+  if (Status status = CheckRegular(file.facts); !status.ok()) return Refused(std::move(status));
   file.fd = UniqueFd(open(native.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
   if (!file.fd.valid() || fstat(file.fd.get(), &file.facts) != 0) return Refused(LastFailure());
-  if (!S_ISREG(file.facts.st_mode)) return Refused(NotARegularFile(S_ISDIR(file.facts.st_mode)));
+  if (Status status = CheckRegular(file.facts); !status.ok()) return Refused(std::move(status));
   return file;
 }
 
@@ -42,6 +91,52 @@ int WriteAll(int fd, const char* bytes, std::size_t count) {
     }
   }
   return 0;
+}
+
+Status CheckRegular(const struct stat& facts) {
+  return S_ISREG(facts.st_mode) ? Status::Success() : NotARegularFile(S_ISDIR(facts.st_mode));
+}
+
+Status WriteAt(int fd, std::int64_t position, std::span<const std::byte> bytes) {
+  while (!bytes.empty()) {
+    const ssize_t done = pwrite(fd, bytes.data(), bytes.size(), position);
+    if (!Advance(done, position, bytes)) return LastFailure();
+  }
+  return Status::Success();
+}
+
+std::unique_ptr<BinaryFile> WrapBinaryFile(UniqueFd fd) { return std::make_unique<PosixBinaryFile>(std::move(fd)); }
+
+Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode mode) {
+  const std::string native = RealPath(path);
+  const bool writes = mode != OpenMode::kRead;
+  RegularFile file = OpenRegular(native, writes ? O_RDWR : O_RDONLY);
+  if (writes && file.status.error == ErrorClass::kNotFound) file = CreateRegular(native);
+  // Emptied only now, when it is known to be a file.
+  if (file.status.ok() && mode == OpenMode::kCreateEmpty && file.facts.st_size > 0) {
+    file.status = StatusOfResult(ftruncate(file.fd.get(), 0));
+  }
+  if (!file.status.ok()) return file.status;
+  return WrapBinaryFile(std::move(file.fd));
+}
+
+bool CanRead(std::string_view path) { return OpenRegular(RealPath(path), O_RDONLY).status.ok(); }
+
+Result<std::string> ReadWholeFile(std::string_view path) {
+  const RegularFile file = OpenRegular(RealPath(path), O_RDONLY);
+  if (!file.status.ok()) return file.status;
+  // The size is only a hint: files that the kernel makes up have none. One byte more leaves room to see the end.
+  std::string content(static_cast<std::size_t>(file.facts.st_size) + 1, '\0');
+  std::size_t filled = 0;
+  for (;;) {
+    const long got = ReadSome(file.fd.get(), content.data() + filled, content.size() - filled);
+    if (got < 0) return LastFailure();
+    filled += static_cast<std::size_t>(got);
+    if (got == 0) break;
+    if (filled == content.size()) content.resize(content.size() + kReadPiece);
+  }
+  content.resize(filled);
+  return content;
 }
 
 }  // namespace discwright::host

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cctype>
 
-#include "host/system.h"
+#include "host/names.h"
 
 namespace discwright::host {
 namespace {
@@ -45,9 +45,6 @@ std::string ScriptPath(std::string_view path) { return Quoted(PathToNative(path)
 
 std::string_view ScriptLineEnd() { return "\n"; }
 
-Status ScriptBytes(std::string_view text, std::string& bytes) {
-  bytes = text;
-  return Status::Success();
-}
+Result<std::string> ScriptBytes(std::string_view text) { return std::string(text); }
 
 }  // namespace discwright::host

@@ -9,19 +9,19 @@
 
 #include "base/wildcard.h"
 #include "host/files.h"
+#include "host/names.h"
 #include "host/posix/case_lookup.h"
 #include "host/posix/errors.h"
+#include "host/posix/folder_reader.h"
 #include "host/posix/move_path.h"
 #include "host/posix/native_path.h"
-#include "host/posix/native_tree.h"
-#include "host/system.h"
 
 namespace discwright::host {
 namespace {
 
 // The service's number for a path that it cannot take.
 constexpr int kInvalidFiles = 0x7C;
-// The system's own for a new name that something has: the service renames onto nothing.
+// The system's own number for a new name that is taken: the service replaces nothing when it renames.
 constexpr int kAlreadyThere = 183;
 
 struct Number {
@@ -48,15 +48,15 @@ int NumberOf(ErrorClass error) {
 
 Status MoveMatches(std::string_view folder, std::string_view pattern, std::string_view destination) {
   const std::string from = RealPath(folder.empty() ? "." : folder);
-  std::vector<std::string> names;
   // Listed first: a destination that is made inside the folder is not one of its own sources.
-  Status status = NamesIn(from, names);
+  Result<std::vector<std::string>> names = NamesIn(from);
+  if (!names.ok()) return names.status;
   const std::string folded = FoldCase(pattern);
-  std::erase_if(names,
+  std::erase_if(names.value,
                 [&](const std::string& name) { return !base::MatchesWildcard(FoldCase(CoreName(name)), folded); });
-  if (status.ok() && names.empty()) status = StatusOf(ENOENT);
-  if (status.ok()) status = MakeFolders(destination);
-  return status.ok() ? MoveNames(from, names, RealPath(destination)) : status;
+  if (names.value.empty()) return StatusOf(ENOENT);
+  Status status = MakeFolders(destination);
+  return status.ok() ? MoveNames(from, names.value, RealPath(destination)) : status;
 }
 
 // Into a folder that is there, or else to a new name.

@@ -1,7 +1,6 @@
 // Reads folder trees relative to one open folder, so that no path is too long for the system.
 #include "host/source_tree.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -10,6 +9,7 @@
 
 #include "host/posix/case_lookup.h"
 #include "host/posix/errors.h"
+#include "host/posix/folder_reader.h"
 #include "host/posix/regular_file.h"
 #include "host/posix/unique_fd.h"
 
@@ -17,7 +17,8 @@ namespace discwright::host {
 namespace {
 
 constexpr int kFolderFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
-// Whatever took a file's place since it was listed must neither block nor become the terminal.
+// A pipe or terminal may have taken a file's place since it was listed. It must not block, nor become the program's
+// own terminal.
 constexpr int kFileFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
 
 // openat() for paths of any length: what the system cannot take at once is gone through folder by folder.
@@ -64,13 +65,12 @@ TreeEntry LookAt(int folder, const dirent& found) {
   return entry;
 }
 
-bool IsSelfOrParent(std::string_view name) { return name == "." || name == ".."; }
-
 class PosixSourceFile : public SourceFile {
  public:
   explicit PosixSourceFile(UniqueFd fd) : fd_(std::move(fd)) {}
-  Status Read(std::span<std::uint8_t> bytes, std::size_t& count) override {
-    for (count = 0; count < bytes.size();) {
+  Result<std::size_t> Read(std::span<std::uint8_t> bytes) override {
+    std::size_t count = 0;
+    while (count < bytes.size()) {
       const ssize_t got = read(fd_.get(), bytes.data() + count, bytes.size() - count);
       if (got < 0 && errno == EINTR) continue;
       if (got < 0) return LastFailure();
@@ -79,7 +79,7 @@ class PosixSourceFile : public SourceFile {
       // A regular file gives less than asked only at its end; asking again would be a system call for each file.
       if (count < bytes.size()) break;
     }
-    return Status::Success();
+    return count;
   }
 
  private:
@@ -91,16 +91,9 @@ class PosixSourceTree : public SourceTree {
   explicit PosixSourceTree(UniqueFd root) : root_(std::move(root)) {}
 
   Status List(const std::string& path, const std::function<void(const TreeEntry&)>& visit) override {
-    UniqueFd fd = OpenBelow(root_.get(), path, kFolderFlags);
-    const std::unique_ptr<DIR, int (*)(DIR*)> stream(fd.valid() ? fdopendir(fd.get()) : nullptr, closedir);
-    if (stream == nullptr) return LastFailure();
-    fd.Release();
-    for (;;) {
-      errno = 0;
-      const dirent* found = readdir(stream.get());
-      if (found == nullptr) return errno == 0 ? Status::Success() : LastFailure();
-      if (!IsSelfOrParent(found->d_name)) visit(LookAt(dirfd(stream.get()), *found));
-    }
+    FolderReader reader(OpenBelow(root_.get(), path, kFolderFlags));
+    while (const dirent* found = reader.Next()) visit(LookAt(reader.fd(), *found));
+    return reader.status();
   }
 
   TreeEntry Look(const std::string& path) override {
@@ -112,10 +105,10 @@ class PosixSourceTree : public SourceTree {
     return entry;
   }
 
-  std::unique_ptr<SourceFile> Open(const std::string& path, Status& status) override {
+  Result<std::unique_ptr<SourceFile>> Open(const std::string& path) override {
     UniqueFd fd = OpenBelow(root_.get(), path, kFileFlags);
-    status = fd.valid() ? Status::Success() : LastFailure();
-    return fd.valid() ? std::make_unique<PosixSourceFile>(std::move(fd)) : nullptr;
+    if (!fd.valid()) return LastFailure();
+    return std::make_unique<PosixSourceFile>(std::move(fd));
   }
 
  private:
@@ -124,10 +117,10 @@ class PosixSourceTree : public SourceTree {
 
 }  // namespace
 
-std::unique_ptr<SourceTree> OpenSourceTree(std::string_view folder, Status& status) {
+Result<std::unique_ptr<SourceTree>> OpenSourceTree(std::string_view folder) {
   UniqueFd root(open(RealPath(folder).c_str(), kFolderFlags));
-  status = root.valid() ? Status::Success() : LastFailure();
-  return root.valid() ? std::make_unique<PosixSourceTree>(std::move(root)) : nullptr;
+  if (!root.valid()) return LastFailure();
+  return std::make_unique<PosixSourceTree>(std::move(root));
 }
 
 }  // namespace discwright::host

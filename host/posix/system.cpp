@@ -1,5 +1,6 @@
 // Facts about the machine and the running program.
 #include "host/system.h"
+#include "host/names.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -9,11 +10,7 @@
 #include <array>
 #include <cerrno>
 #include <ctime>
-#include <fstream>
-#include <sstream>
 
-#include "host/posix/case_lookup.h"
-#include "host/posix/mounts.h"
 #include "host/posix/native_path.h"
 #include "host/posix/unique_fd.h"
 
@@ -30,22 +27,12 @@ std::string CurrentFolder() { return PathFromNative("."); }
 
 std::shared_ptr<void> ClaimFolder(std::string_view folder) {
   const auto claim = std::make_shared<UniqueFd>(open(NativePath(folder).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  // A file system that knows no locks keeps nobody out.
+  // On a file system without locks every claim succeeds.
   if (flock(claim->get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return nullptr;
   return claim;
 }
 
 int PlatformId() { return 2; }
-
-std::vector<std::string> OpticalDrives() {
-  std::ostringstream table;
-  table << std::ifstream("/proc/self/mounts").rdbuf();
-  std::vector<std::string> drives = OpticalMountPoints(table.str());
-  for (std::string& drive : drives) drive = PathFromNative(drive);
-  return drives;
-}
-
-std::string ShortPath(std::string_view) { return {}; }
 
 Date Today() {
   const std::time_t now = std::time(nullptr);
@@ -55,7 +42,5 @@ Date Today() {
   const std::size_t length = std::strftime(weekday.data(), weekday.size(), "%a", &local);
   return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, std::string(weekday.data(), length)};
 }
-
-std::string PathToNative(std::string_view path) { return RealPath(path); }
 
 }  // namespace discwright::host

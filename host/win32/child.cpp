@@ -1,15 +1,23 @@
-// Starts, watches and ends processes.
-#include "host/win32/child.h"
+// Processes without a window: started with a pipe, read, and ended with what they have started.
+#include "host/child.h"
 
+#include <windows.h>
+// After it, because it needs its types.
+#include <tlhelp32.h>
+
+#include <algorithm>
 #include <array>
 #include <cstdio>
-#include <mutex>
+#include <string>
+#include <vector>
 
-#include "host/threads.h"
+#include "host/command_line.h"
+#include "host/native_text.h"
+#include "host/win32/command_interpreter.h"
 #include "host/win32/errors.h"
 #include "host/win32/family.h"
 #include "host/win32/newer_call.h"
-#include "host/win32/process_tree.h"
+#include "host/win32/owned_handle.h"
 
 namespace discwright::host {
 namespace {
@@ -19,26 +27,39 @@ constexpr DWORD kEndedByUs = 0xC000013A;  // what the system gives a program tha
 // Of an exception that nobody caught the system makes such an exit code.
 bool IsException(DWORD exit_code) { return exit_code >> 28 == 0xC; }
 
-// A copy of a handle that programs started next inherit.
-OwnedHandle Inheritable(const OwnedHandle& handle) {
-  HANDLE copy = nullptr;
-  const HANDLE self = GetCurrentProcess();
-  DuplicateHandle(self, handle.get(), self, &copy, 0, TRUE, DUPLICATE_SAME_ACCESS);
-  return OwnedHandle(copy);
+// The processes of the system; none where it does not list them (Windows NT 4).
+std::vector<PROCESSENTRY32> Processes() {
+  static auto* const create = NewerCall<decltype(CreateToolhelp32Snapshot)>("kernel32.dll", "CreateToolhelp32Snapshot");
+  static auto* const first = NewerCall<decltype(Process32First)>("kernel32.dll", "Process32First");
+  static auto* const next = NewerCall<decltype(Process32Next)>("kernel32.dll", "Process32Next");
+  if (create == nullptr || first == nullptr || next == nullptr) return {};
+  const OwnedHandle snapshot(create(TH32CS_SNAPPROCESS, 0));
+  std::vector<PROCESSENTRY32> processes;
+  PROCESSENTRY32 process{};
+  process.dwSize = sizeof(process);
+  for (BOOL found = first(snapshot.get(), &process); found != 0; found = next(snapshot.get(), &process)) {
+    processes.push_back(process);
+    process.dwSize = sizeof(process);
+  }
+  return processes;
 }
 
-// A pipe's two ends, neither inherited.
-bool MakePipe(OwnedHandle& read_end, OwnedHandle& write_end) {
-  constexpr DWORD kRoom = 65536;  // bytes; a program that writes much seldom waits for its reader
-  HANDLE reading = nullptr;
-  HANDLE writing = nullptr;
-  if (CreatePipe(&reading, &writing, nullptr, kRoom) == 0) return false;
-  read_end = OwnedHandle(reading);
-  write_end = OwnedHandle(writing);
-  return true;
+// Ends what the process `id` has started and what these have started, as far as their parents still run.
+void TerminateDescendants(DWORD id) {
+  const std::vector<PROCESSENTRY32> processes = Processes();
+  std::vector<DWORD> family = {id};
+  for (std::size_t i = 0; i < family.size(); ++i) {
+    for (const PROCESSENTRY32& process : processes) {
+      const bool is_known = std::find(family.begin(), family.end(), process.th32ProcessID) != family.end();
+      if (process.th32ParentProcessID != family[i] || is_known) continue;
+      family.push_back(process.th32ProcessID);
+      const OwnedHandle descendant(OpenProcess(PROCESS_TERMINATE, FALSE, process.th32ProcessID));
+      if (descendant.valid()) TerminateProcess(descendant.get(), kEndedByUs);
+    }
+  }
 }
 
-// None on systems without jobs: Windows 95 to Me, and NT 4.
+// A job, which holds a program and all that it starts. None on systems without jobs: Windows 95 to Me, and NT 4.
 OwnedHandle MakeJob() {
   static auto* const create = NewerCall<decltype(CreateJobObjectA)>("kernel32.dll", "CreateJobObjectA");
   return OwnedHandle(create == nullptr || !IsNtFamily() ? nullptr : create(nullptr, nullptr));
@@ -50,83 +71,167 @@ bool PutIntoJob(const OwnedHandle& job, HANDLE process) {
   return assign != nullptr && assign(job.get(), process) != 0;
 }
 
-// Windows 95 to Me know no program without a window: there it gets a console of its own, and the start-up record hides
-// that.
-DWORD CreationFlags(bool has_job) {
-  const DWORD window = IsNtFamily() ? CREATE_NO_WINDOW : CREATE_NEW_CONSOLE;
-  // It must not start anything before it is in its job.
-  return window | (has_job ? CREATE_SUSPENDED : 0);
+bool TerminateJob(const OwnedHandle& job) {
+  static auto* const terminate = NewerCall<decltype(TerminateJobObject)>("kernel32.dll", "TerminateJobObject");
+  return job.valid() && terminate != nullptr && terminate(job.get(), kEndedByUs) != 0;
 }
 
-// Ends what a program that was just ended has left; what it was starting at that moment is only seen by another look.
-void TerminateDescendants(DWORD id) {
-  constexpr int kLooks = 3;
-  for (int look = 0; look < kLooks; ++look) {
-    for (const DWORD descendant : DescendantsOf(id)) {
-      const OwnedHandle process(OpenProcess(PROCESS_TERMINATE, FALSE, descendant));
-      if (process.valid()) TerminateProcess(process.get(), kEndedByUs);
+class WindowsChild : public Child {
+ public:
+  WindowsChild(const PROCESS_INFORMATION& started, OwnedHandle job, OwnedHandle pipe)
+      : process_(started.hProcess), id_(started.dwProcessId), job_(std::move(job)), pipe_(std::move(pipe)) {}
+
+  std::size_t Read(std::span<char> buffer, int milliseconds) override {
+    // A pipe without a name cannot be waited for together with a process on every Windows, so it is looked at again and
+    // again. Output seldom comes alone: the first looks follow soon.
+    constexpr int kLongestPause = 500;
+    for (int pause = 2; milliseconds >= 0 && Waiting() == 0; pause = std::min(2 * pause, kLongestPause)) {
+      pause = std::min(pause, milliseconds);
+      if (pause == 0 || WaitForEnd(pause)) return 0;
+      milliseconds -= pause;
     }
+    DWORD count = 0;
+    // A program that writes no bytes makes a read return without any.
+    while (ReadFile(pipe_.get(), buffer.data(), static_cast<DWORD>(buffer.size()), &count, nullptr) != 0 &&
+           count == 0) {
+    }
+    return count;
   }
-}
 
-}  // namespace
-
-std::shared_ptr<Child> Child::Start(std::string command_line, OwnedHandle& output, Status& status) {
-  // No other program that is started at the same time may inherit this one's end of the pipe.
-  static Mutex starting;
-  const std::lock_guard lock(starting);
-  OwnedHandle write_end;
-  if (!MakePipe(output, write_end)) {
-    status = LastFailure();
-    return nullptr;
+  std::size_t Waiting() override {
+    DWORD count = 0;
+    return PeekNamedPipe(pipe_.get(), nullptr, 0, nullptr, &count, nullptr) != 0 ? count : 0;
   }
-  const OwnedHandle nothing(
-      CreateFileA("NUL", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
-  const OwnedHandle in = Inheritable(nothing);
-  const OwnedHandle out = Inheritable(write_end);
+
+  bool WaitForEnd(int milliseconds) override {
+    const DWORD limit = milliseconds < 0 ? INFINITE : static_cast<DWORD>(milliseconds);
+    return WaitForSingleObject(process_.get(), limit) == WAIT_OBJECT_0;
+  }
+
+  ProcessEnd End() override {
+    DWORD code = 0;
+    GetExitCodeProcess(process_.get(), &code);
+    if (code == kEndedByUs) return {0, "Ctrl-C"};
+    if (!IsException(code)) return {static_cast<int>(code), ""};
+    std::array<char, 32> name{};
+    std::snprintf(name.data(), name.size(), "exception %08lX", static_cast<unsigned long>(code));
+    return {0, name.data()};
+  }
+
+  bool RequestEnd() override {
+    if (WaitForEnd(0)) return false;
+    if (TerminateJob(job_)) return true;
+    // The program itself first: a script would go on with its next line when what it runs ends.
+    TerminateProcess(process_.get(), kEndedByUs);
+    // What was being started at that moment is only seen by another look.
+    for (int look = 0; look < 3; ++look) TerminateDescendants(id_);
+    return true;
+  }
+
+  // The system ends a program that is writing a little later.
+  void WaitUntilGone(Clock::time_point last_moment) override {
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(last_moment - Clock::now());
+    WaitForEnd(static_cast<int>(std::max<std::chrono::milliseconds::rep>(left.count(), 0)));
+  }
+
+ private:
+  OwnedHandle process_;
+  DWORD id_;
+  OwnedHandle job_;  // none on systems without jobs
+  OwnedHandle pipe_;
+};
+
+class WindowsProcess : public Process {
+ public:
+  explicit WindowsProcess(HANDLE process) : process_(process) {}
+
+  // WaitForInputIdle fails for programs without windows; that is no readiness.
+  bool Wait(int milliseconds, bool wait_for_idle) override {
+    const DWORD limit = milliseconds >= 1 ? static_cast<DWORD>(milliseconds) : INFINITE;
+    return (wait_for_idle ? WaitForInputIdle(process_.get(), limit) : WaitForSingleObject(process_.get(), limit)) == 0;
+  }
+
+ private:
+  OwnedHandle process_;
+};
+
+// Starts a native line whose standard handles are both inheritable; `pipe` is what its output is read from. Null with
+// the reason in `status` on failure.
+std::shared_ptr<Child> Start(std::string line, HANDLE input, HANDLE output, OwnedHandle pipe, Status& status) {
   STARTUPINFOA startup{};
   startup.cb = sizeof(startup);
   startup.dwFlags = STARTF_USESHOWWINDOW | STARTF_USESTDHANDLES;
   startup.wShowWindow = SW_HIDE;
-  startup.hStdInput = in.get();
-  startup.hStdOutput = out.get();
-  startup.hStdError = out.get();
+  startup.hStdInput = input;
+  startup.hStdOutput = output;
+  startup.hStdError = output;
   OwnedHandle job = MakeJob();
+  // Windows 95 to Me know no program without a window: there it gets a console of its own, which the start-up record
+  // hides. A program that gets a job must not start anything before it is in it.
+  const DWORD window = IsNtFamily() ? CREATE_NO_WINDOW : CREATE_NEW_CONSOLE;
+  const DWORD flags = window | (job.valid() ? CREATE_SUSPENDED : 0);
   PROCESS_INFORMATION started{};
-  const BOOL result = CreateProcessA(nullptr, command_line.data(), nullptr, nullptr, TRUE, CreationFlags(job.valid()),
-                                     nullptr, nullptr, &startup, &started);
-  status = StatusOfResult(result);
-  if (result == 0) return nullptr;
+  status = StatusOfResult(
+      CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, flags, nullptr, nullptr, &startup, &started));
+  if (!status.ok()) return nullptr;
   const OwnedHandle thread(started.hThread);
   if (job.valid()) {
     if (!PutIntoJob(job, started.hProcess)) job.Close();
     ResumeThread(thread.get());
   }
-  return std::make_shared<Child>(started, std::move(job));
+  return std::make_shared<WindowsChild>(started, std::move(job), std::move(pipe));
 }
 
-bool Child::WaitForEnd(DWORD milliseconds) const {
-  return WaitForSingleObject(process_.get(), milliseconds) == WAIT_OBJECT_0;
+}  // namespace
+
+std::shared_ptr<Child> StartCaptured(std::string_view command_line, Status& status) {
+  const std::optional<std::string> native = CodePageBytes(command_line);
+  if (!native) {
+    status = NameNotInCodePage();
+    return nullptr;
+  }
+  SECURITY_ATTRIBUTES inherited{sizeof(inherited), nullptr, TRUE};
+  HANDLE reading = nullptr;
+  HANDLE writing = nullptr;
+  constexpr DWORD kRoom = 65536;  // bytes; a program that writes much seldom waits for its reader
+  if (CreatePipe(&reading, &writing, &inherited, kRoom) == 0) {
+    status = LastFailure();
+    return nullptr;
+  }
+  const OwnedHandle output(writing);
+  // The program does not inherit this end: with it, it would wait for ever on a full pipe when this program has gone.
+  HANDLE own = nullptr;
+  const HANDLE self = GetCurrentProcess();
+  DuplicateHandle(self, reading, self, &own, 0, FALSE, DUPLICATE_SAME_ACCESS | DUPLICATE_CLOSE_SOURCE);
+  const OwnedHandle input(
+      CreateFileA("NUL", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited, OPEN_EXISTING, 0, nullptr));
+  std::shared_ptr<Child> child = Start(RunnableLine(*native), input.get(), output.get(), OwnedHandle(own), status);
+  if (!child) status.cause.append(": ").append(LeadingParts(command_line).front().program);
+  return child;
 }
 
-ProcessEnd Child::End() const {
-  DWORD code = 0;
-  GetExitCodeProcess(process_.get(), &code);
-  if (code == kEndedByUs) return {0, "Ctrl-C"};
-  if (!IsException(code)) return {static_cast<int>(code), ""};
-  std::array<char, 32> name{};
-  std::snprintf(name.data(), name.size(), "exception %08lX", static_cast<unsigned long>(code));
-  return {0, name.data()};
+std::unique_ptr<Process> StartUncaptured(std::string_view command_line, int window_style, int creation_flags) {
+  std::optional<std::string> native = CodePageBytes(command_line);
+  if (!native) return nullptr;
+  STARTUPINFOA startup{};
+  startup.cb = sizeof(startup);
+  if (window_style != 0) {
+    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.wShowWindow = static_cast<WORD>(window_style);
+  }
+  PROCESS_INFORMATION started{};
+  if (CreateProcessA(nullptr, native->data(), nullptr, nullptr, TRUE, static_cast<DWORD>(creation_flags), nullptr,
+                     nullptr, &startup, &started) == 0)
+    return nullptr;
+  CloseHandle(started.hThread);
+  return std::make_unique<WindowsProcess>(started.hProcess);
 }
 
-bool Child::Terminate() const {
-  static auto* const terminate_job = NewerCall<decltype(TerminateJobObject)>("kernel32.dll", "TerminateJobObject");
-  if (WaitForEnd(0)) return false;
-  if (job_.valid() && terminate_job(job_.get(), kEndedByUs) != 0) return true;
-  // The program itself first: a script would go on with its next line when what it runs ends.
-  TerminateProcess(process_.get(), kEndedByUs);
-  TerminateDescendants(id_);
-  return true;
+// Windows programs are programs like any other here. There are no quotes around paths with blanks: the start looks for
+// the shortest leading part that names a file, and the program takes all that follows its option for one path.
+std::optional<std::string> WindowsProgramLine(std::string_view program, std::string_view option,
+                                              std::string_view path) {
+  return std::string(program).append(" ").append(option).append(path);
 }
 
 }  // namespace discwright::host

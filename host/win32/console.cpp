@@ -25,7 +25,7 @@ HANDLE WakeEvent() {
 BOOL WINAPI OnInterrupt(DWORD event) {
   ++interrupts;
   SetWakeUp();
-  // The system ends the program as soon as this returns, unless it was a key; until then the program can end by itself.
+  // A closed window or a logoff ends the program as soon as this returns. Until then it can end by itself.
   if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) Sleep(INFINITE);
   return TRUE;
 }

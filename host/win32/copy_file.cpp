@@ -1,15 +1,12 @@
 // Copies files with progress.
-#include "host/win32/copy_file.h"
-
 #include <memory>
 
-#include "host/win32/attributes.h"
+#include "host/files.h"
 #include "host/win32/errors.h"
-#include "host/win32/family.h"
 #include "host/win32/file_facts.h"
 #include "host/win32/new_file.h"
-#include "host/win32/newer_call.h"
 #include "host/win32/regular_file.h"
+#include "host/win32/windows_version.h"
 
 namespace discwright::host {
 namespace {
@@ -20,7 +17,7 @@ using SystemCopy = decltype(CopyFileExA);
 
 Status Stopped() { return StatusOf(ERROR_REQUEST_ABORTED); }
 
-// What the routine was told so far.
+// Tells the routine of the progress, and remembers what it was told.
 class Teller {
  public:
   explicit Teller(const CopyRoutine& routine) : routine_(routine) {}
@@ -63,50 +60,51 @@ Status CopyBytes(HANDLE from, HANDLE to, Teller& teller) {
   const auto bytes = std::make_unique<std::array<std::byte, kCopyPiece>>();
   std::int64_t transferred = 0;
   for (std::size_t count = kCopyPiece; count == kCopyPiece;) {
-    Status status = ReadSome(from, *bytes, count);
-    if (status.ok()) status = WriteAll(to, std::span(*bytes).first(count));
-    if (!status.ok()) return status;
+    const Result<std::size_t> got = ReadSome(from, *bytes);
+    if (!got.ok()) return got.status;
+    count = got.value;
+    if (Status status = WriteAll(to, std::span(*bytes).first(count)); !status.ok()) return status;
     transferred += static_cast<std::int64_t>(count);
     if ((count > 0 || transferred == 0) && !teller.Tell(CopyEvent::kChunkFinished, transferred)) return Stopped();
   }
   return Status::Success();
 }
 
-// A file system that has no room for the time does not spoil the copy.
+// A file system that cannot store the time is no reason to fail.
 void KeepTime(HANDLE from, HANDLE to) {
   FILETIME modified{};
   if (GetFileTime(from, nullptr, nullptr, &modified) != 0) SetFileTime(to, nullptr, nullptr, &modified);
 }
 
-Status CheckSource(const DoorPath& from, NativeFacts& facts) {
-  Status status = FactsOfPath(from, Links::kFollow, facts);
-  return status.ok() && facts.IsFolder() ? NotARegularFile() : status;
+Result<NativeFacts> FactsOfSource(const AnsiPath& from) {
+  Result<NativeFacts> facts = FactsOfPath(from, Links::kFollow);
+  return facts.ok() && facts.value.IsFolder() ? NotARegularFile() : facts;
 }
 
 // The target is refused when it is the source under another name.
-Status CheckTarget(const DoorPath& to, const NativeFacts& source) {
-  NativeFacts facts;
-  Status status = OnlyRegular(to);
-  if (status.ok() && FactsOfPath(to, Links::kFollow, facts).ok() && facts.IsSameFile(source))
+Status CheckTarget(const AnsiPath& to, const NativeFacts& source) {
+  if (Status status = OnlyRegular(to); !status.ok()) return status;
+  const Result<NativeFacts> facts = FactsOfPath(to, Links::kFollow);
+  if (facts.ok() && facts.value.IsSameFile(source))
     return Status::Failure(ErrorClass::kOther, "Source and target are the same file");
-  return status;
+  return Status::Success();
 }
 
-}  // namespace
-
-Status CopyBySystem(const DoorPath& from, const DoorPath& to, const CopyRoutine& routine) {
+// As CopyByHand, by the system itself.
+Status CopyBySystem(const AnsiPath& from, const AnsiPath& to, const CopyRoutine& routine) {
   Teller teller(routine);
   BOOL cancel = FALSE;
   const BOOL copied =
       FindSystemCopy()(from.c_str(), to.c_str(), TellOfSystemCopy, &teller, &cancel, COPY_FILE_RESTARTABLE);
   if (copied == 0) return LastFailure();
-  NativeFacts facts;
-  Status status = FactsOfPath(to, Links::kFollow, facts);
-  if (!status.ok()) return status;
-  return teller.TellTheRest(static_cast<std::int64_t>(facts.size)) ? Status::Success() : Stopped();
+  const Result<NativeFacts> facts = FactsOfPath(to, Links::kFollow);
+  if (!facts.ok()) return facts.status;
+  return teller.TellTheRest(static_cast<std::int64_t>(facts.value.size)) ? Status::Success() : Stopped();
 }
 
-Status CopyByHand(const DoorPath& from, const DoorPath& to, const CopyRoutine& routine) {
+}  // namespace
+
+Status CopyByHand(const AnsiPath& from, const AnsiPath& to, const CopyRoutine& routine) {
   Teller teller(routine);
   const RegularFile source = OpenRegular(from, GENERIC_READ, OPEN_EXISTING, ShareEverything());
   if (!source.status.ok()) return source.status;
@@ -120,15 +118,15 @@ Status CopyByHand(const DoorPath& from, const DoorPath& to, const CopyRoutine& r
 }
 
 Status CopyFileWithProgress(std::string_view from, std::string_view to, const CopyRoutine& routine) {
-  const DoorPath source(from);
-  const DoorPath target(to);
-  NativeFacts facts;
-  Status status = CheckSource(source, facts);
-  if (status.ok()) status = CheckTarget(target, facts);
+  const AnsiPath source(from);
+  const AnsiPath target(to);
+  const Result<NativeFacts> facts = FactsOfSource(source);
+  if (!facts.ok()) return facts.status;
+  Status status = CheckTarget(target, facts.value);
   if (!status.ok()) return status;
   // What is replaced stays until the copy is whole.
   const bool replaces = IsThere(target);
-  const DoorPath copy(replaces ? PassingName(target) : target.core);
+  const AnsiPath copy(replaces ? TemporaryName(target) : target.core);
   status = copy.status;
   if (!status.ok()) return status;
   status = FindSystemCopy() != nullptr ? CopyBySystem(source, copy, routine) : CopyByHand(source, copy, routine);

@@ -1,10 +1,11 @@
-// The drives, the folder of Windows and its file manager.
+// The drives, and the file manager of Windows.
 #include "host/desktop.h"
 
 #include <windows.h>
 
 #include <array>
 
+#include "base/paths.h"
 #include "host/win32/native_path.h"
 
 namespace discwright::host {
@@ -22,10 +23,18 @@ std::vector<std::string> DriveRoots() {
   return roots;
 }
 
+std::vector<std::string> OpticalDrives() {
+  std::vector<std::string> drives;
+  for (const std::string& root : DriveRoots()) {
+    if (GetDriveTypeA(root.c_str()) == DRIVE_CDROM) drives.push_back(root.substr(0, 2));
+  }
+  return drives;
+}
+
 std::string HomeFolder() { return {}; }
 
 std::string FileManagerLine(std::string_view folder) {
-  return InFolder(WindowsFolder(), "explorer.exe ").append(folder);
+  return base::InFolder(WindowsFolder(), "explorer.exe ").append(folder);
 }
 
 }  // namespace discwright::host

@@ -1,12 +1,13 @@
-// Looks at files through handles on the NT family, and through listings elsewhere.
+// Looks at files through handles on the NT family, and through listings on Windows 95, 98 and Me.
 #include "host/win32/file_facts.h"
 
 #include <array>
 
-#include "host/native_text.h"
-#include "host/system.h"
+#include "base/paths.h"
+#include "host/names.h"
 #include "host/win32/errors.h"
-#include "host/win32/family.h"
+#include "host/win32/native_text.h"
+#include "host/win32/windows_version.h"
 
 namespace discwright::host {
 namespace {
@@ -26,20 +27,21 @@ std::uint64_t Hash(std::string_view text) {
 }
 
 // One text for all spellings of a path: short names, which every file of Windows 95, 98 and Me has.
-std::string CanonicalPath(const DoorPath& path) {
+std::string CanonicalPath(const AnsiPath& path) {
   const std::string absolute = AbsolutePath(path.core);
-  const DoorPath full(absolute);
+  const AnsiPath full(absolute);
   std::array<char, MAX_PATH> shortened{};
   const DWORD length = GetShortPathNameA(full.c_str(), shortened.data(), static_cast<DWORD>(shortened.size()));
-  const bool fits = length > 0 && length < shortened.size();
-  return FoldCase(fits ? TextOfCodePage({shortened.data(), length}) : absolute);
+  const std::string text = TextOfBuffer(shortened, length);
+  return FoldCase(text.empty() ? absolute : text);
 }
 
-Status FactsByName(const DoorPath& path, NativeFacts& facts) {
+Result<NativeFacts> FactsByName(const AnsiPath& path) {
+  NativeFacts facts;
   WIN32_FIND_DATAA found{};
   if (FindOne(path.native, found)) {
     facts.attributes = found.dwFileAttributes;
-    facts.size = Join(found.nFileSizeHigh, found.nFileSizeLow);
+    facts.size = SizeOf(found);
     facts.modified = Join(found.ftLastWriteTime);
   } else {
     // A root, which stands in no listing and has no time.
@@ -50,10 +52,25 @@ Status FactsByName(const DoorPath& path, NativeFacts& facts) {
   const std::string canonical = CanonicalPath(path);
   facts.volume = Hash(canonical.substr(0, canonical.find('\\')));
   facts.number = Hash(canonical);
-  return Status::Success();
+  return facts;
 }
 
 }  // namespace
+
+bool IsThere(const AnsiPath& path) { return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
+
+bool IsFolder(const AnsiPath& path) {
+  const DWORD attributes = GetFileAttributesA(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+Status MakeWritable(const AnsiPath& path) {
+  if (!path.status.ok()) return path.status;
+  const DWORD attributes = GetFileAttributesA(path.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) return LastFailure();
+  if ((attributes & FILE_ATTRIBUTE_READONLY) == 0) return Status::Success();
+  return StatusOfResult(SetFileAttributesA(path.c_str(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY}));
+}
 
 std::int64_t NativeFacts::ModifiedSeconds() const {
   const std::int64_t ticks = static_cast<std::int64_t>(modified) - static_cast<std::int64_t>(kUnixEpoch);
@@ -70,35 +87,36 @@ DWORD ShareEverything() {
   return IsNtFamily() ? kShare | FILE_SHARE_DELETE : kShare;
 }
 
-std::int64_t SizeOf(HANDLE file) {
+Result<std::int64_t> SizeOf(HANDLE file) {
   DWORD high = 0;
   SetLastError(NO_ERROR);
   const DWORD low = GetFileSize(file, &high);
-  if (low == INVALID_FILE_SIZE && GetLastError() != NO_ERROR) return -1;
+  if (low == INVALID_FILE_SIZE && GetLastError() != NO_ERROR) return LastFailure();
   return static_cast<std::int64_t>(Join(high, low));
 }
 
-Status FactsOfHandle(HANDLE file, NativeFacts& facts) {
+Result<NativeFacts> FactsOfHandle(HANDLE file) {
   BY_HANDLE_FILE_INFORMATION info{};
   if (GetFileInformationByHandle(file, &info) == 0) return LastFailure();
+  NativeFacts facts;
   facts.attributes = info.dwFileAttributes;
   facts.size = Join(info.nFileSizeHigh, info.nFileSizeLow);
   facts.modified = Join(info.ftLastWriteTime);
   facts.volume = info.dwVolumeSerialNumber;
   facts.number = Join(info.nFileIndexHigh, info.nFileIndexLow);
   facts.links = info.nNumberOfLinks;
-  return Status::Success();
+  return facts;
 }
 
-Status FactsOfPath(const DoorPath& path, Links links, NativeFacts& facts) {
+Result<NativeFacts> FactsOfPath(const AnsiPath& path, Links links) {
   if (!path.status.ok()) return path.status;
-  if (IsDevicePath(path.core)) return NotARegularFile();
-  if (!IsNtFamily()) return FactsByName(path, facts);
+  if (base::IsDevicePath(path.core)) return NotARegularFile();
+  if (!IsNtFamily()) return FactsByName(path);
   const DWORD flags = FILE_FLAG_BACKUP_SEMANTICS | (links == Links::kTake ? FILE_FLAG_OPEN_REPARSE_POINT : 0);
   const OwnedHandle handle(
       CreateFileA(path.c_str(), FILE_READ_ATTRIBUTES, ShareEverything(), nullptr, OPEN_EXISTING, flags, nullptr));
-  Status status = handle.valid() ? FactsOfHandle(handle.get(), facts) : LastFailure();
-  return status.error == ErrorClass::kAccessDenied ? FactsByName(path, facts) : status;
+  Result<NativeFacts> facts = handle.valid() ? FactsOfHandle(handle.get()) : LastFailure();
+  return facts.status.error == ErrorClass::kAccessDenied ? FactsByName(path) : facts;
 }
 
 bool FindOne(const std::string& native, WIN32_FIND_DATAA& found) {
@@ -108,6 +126,8 @@ bool FindOne(const std::string& native, WIN32_FIND_DATAA& found) {
   return true;
 }
 
+std::uint64_t SizeOf(const WIN32_FIND_DATAA& found) { return Join(found.nFileSizeHigh, found.nFileSizeLow); }
+
 bool IsLink(const WIN32_FIND_DATAA& found) {
   if ((found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return false;
   const DWORD tag = found.dwReserved0;
@@ -115,7 +135,7 @@ bool IsLink(const WIN32_FIND_DATAA& found) {
   return tag == IO_REPARSE_TAG_SYMLINK || tag == IO_REPARSE_TAG_MOUNT_POINT || tag == IO_REPARSE_TAG_RESERVED_ZERO;
 }
 
-bool IsLink(const DoorPath& path) {
+bool IsLink(const AnsiPath& path) {
   WIN32_FIND_DATAA found{};
   return path.status.ok() && FindOne(path.native, found) && IsLink(found);
 }

@@ -1,4 +1,4 @@
-// What the system says of a file or folder beyond its listing: which one it is, and how many names it has.
+// What the system says of files and folders: whether something is there, what it is, and which file it is.
 #pragma once
 
 #include <windows.h>
@@ -11,6 +11,14 @@
 #include "host/win32/owned_handle.h"
 
 namespace discwright::host {
+
+// Whether anything stands at the path, be it a link that leads nowhere.
+bool IsThere(const AnsiPath& path);
+
+bool IsFolder(const AnsiPath& path);
+
+// Clears the read-only mark and no other. It keeps a file from being written, replaced or deleted.
+Status MakeWritable(const AnsiPath& path);
 
 struct NativeFacts {
   DWORD attributes = 0;
@@ -29,22 +37,24 @@ struct NativeFacts {
 // What others may do meanwhile to a file that is opened: everything that this Windows lets them.
 DWORD ShareEverything();
 
-// The size of an open file; -1 on failure.
-std::int64_t SizeOf(HANDLE file);
+// The size of an open file in bytes.
+Result<std::int64_t> SizeOf(HANDLE file);
 
-Status FactsOfHandle(HANDLE file, NativeFacts& facts);
+Result<NativeFacts> FactsOfHandle(HANDLE file);
 
 enum class Links { kFollow, kTake };  // kTake: the link itself
 
-// Windows 95, 98 and Me, and an NT that does not let the file be looked at, cannot say which file it is; what stands in
-// for that are numbers made of its path.
-Status FactsOfPath(const DoorPath& path, Links links, NativeFacts& facts);
+// Windows 95, 98 and Me cannot say which file it is, nor can the NT family when it denies access. Volume and number are
+// then made from the path.
+Result<NativeFacts> FactsOfPath(const AnsiPath& path, Links links);
 
 // What the listing says of one file or folder; not of the root of a drive.
 bool FindOne(const std::string& native, WIN32_FIND_DATAA& found);
 
+std::uint64_t SizeOf(const WIN32_FIND_DATAA& found);  // bytes
+
 // Whether what was listed is a symbolic link or junction. Other reparse points are files and folders like any other.
 bool IsLink(const WIN32_FIND_DATAA& found);
-bool IsLink(const DoorPath& path);
+bool IsLink(const AnsiPath& path);
 
 }  // namespace discwright::host

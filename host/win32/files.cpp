@@ -3,13 +3,13 @@
 
 #include <windows.h>
 
-#include "host/win32/attributes.h"
+#include "base/paths.h"
 #include "host/win32/errors.h"
 #include "host/win32/file_facts.h"
 #include "host/win32/native_path.h"
 #include "host/win32/new_file.h"
-#include "host/win32/newer_call.h"
 #include "host/win32/regular_file.h"
+#include "host/win32/windows_version.h"
 
 namespace discwright::host {
 namespace {
@@ -17,71 +17,68 @@ namespace {
 using MakePathCall = BOOL WINAPI(const char*);
 
 // The system's own way. It does not say why it failed.
-bool MakeAtOnce(const DoorPath& path) {
+bool MakeAtOnce(const AnsiPath& path) {
   static MakePathCall* const make = NewerCall<MakePathCall>("imagehlp.dll", "MakeSureDirectoryPathExists");
   const std::string with_separator = path.native + "\\";
   return make != nullptr && with_separator.size() < MAX_PATH && make(with_separator.c_str()) != 0 && IsFolder(path);
 }
 
-Status MakeOneByOne(const DoorPath& path) {
+Status MakeOneByOne(const AnsiPath& path) {
   if (!path.status.ok()) return path.status;
   if (CreateDirectoryA(path.c_str(), nullptr) != 0) return Status::Success();
   const DWORD error = GetLastError();
   if (IsFolder(path)) return Status::Success();
-  const std::string parent = ParentFolder(path.core);
+  const std::string parent = base::ParentFolder(path.core);
   if (error != ERROR_PATH_NOT_FOUND || parent == path.core) return StatusOf(error);
-  Status status = MakeOneByOne(DoorPath(parent));
+  Status status = MakeOneByOne(AnsiPath(parent));
   return status.ok() ? StatusOfResult(CreateDirectoryA(path.c_str(), nullptr)) : status;
 }
 
-// Whether both paths lead to the same file or folder. If so, `facts` describes it.
-bool LeadToOne(std::string_view a, std::string_view b, NativeFacts& facts) {
-  NativeFacts second;
-  return FactsOfPath(DoorPath(a), Links::kFollow, facts).ok() &&
-         FactsOfPath(DoorPath(b), Links::kFollow, second).ok() && facts.IsSameFile(second);
+// The facts of the one file or folder that both paths lead to; nothing when they lead to two or to nothing.
+std::optional<NativeFacts> FactsOfBoth(std::string_view a, std::string_view b) {
+  const Result<NativeFacts> first = FactsOfPath(AnsiPath(a), Links::kFollow);
+  const Result<NativeFacts> second = FactsOfPath(AnsiPath(b), Links::kFollow);
+  if (!first.ok() || !second.ok() || !first.value.IsSameFile(second.value)) return std::nullopt;
+  return first.value;
 }
 
 }  // namespace
 
 bool SameFolder(std::string_view a, std::string_view b) {
-  NativeFacts facts;
-  return LeadToOne(a, b, facts) && facts.IsFolder();
+  const std::optional<NativeFacts> facts = FactsOfBoth(a, b);
+  return facts && facts->IsFolder();
 }
 
 bool SameFile(std::string_view a, std::string_view b) {
-  NativeFacts facts;
-  return LeadToOne(a, b, facts) && !facts.IsFolder();
-}
-
-bool CanRead(std::string_view path) {
-  return OpenRegular(DoorPath(path), GENERIC_READ, OPEN_EXISTING, ShareEverything()).status.ok();
+  const std::optional<NativeFacts> facts = FactsOfBoth(a, b);
+  return facts && !facts->IsFolder();
 }
 
 Status MakeFolders(std::string_view path) {
-  const DoorPath door(path);
-  if (!door.status.ok()) return door.status;
-  const DoorPath absolute(AbsolutePath(door.core));
+  const AnsiPath ansi(path);
+  if (!ansi.status.ok()) return ansi.status;
+  const AnsiPath absolute(AbsolutePath(ansi.core));
   return absolute.status.ok() && MakeAtOnce(absolute) ? Status::Success() : MakeOneByOne(absolute);
 }
 
 // Only the read-only mark stands in the way of deleting.
-Status ClearAttributes(std::string_view path) { return MakeWritable(DoorPath(path)); }
+Status ClearAttributes(std::string_view path) { return MakeWritable(AnsiPath(path)); }
 
 Status RemoveFile(std::string_view path) {
-  const DoorPath door(path);
-  if (!door.status.ok()) return door.status;
-  if (IsFolder(door)) return IsLink(door) ? StatusOfResult(RemoveDirectoryA(door.c_str())) : NotARegularFile();
-  return StatusOfResult(DeleteFileA(door.c_str()));
+  const AnsiPath ansi(path);
+  if (!ansi.status.ok()) return ansi.status;
+  if (IsFolder(ansi)) return IsLink(ansi) ? StatusOfResult(RemoveDirectoryA(ansi.c_str())) : NotARegularFile();
+  return StatusOfResult(DeleteFileA(ansi.c_str()));
 }
 
 Status RemoveEmptyFolder(std::string_view path) {
-  const DoorPath door(path);
-  return door.status.ok() ? StatusOfResult(RemoveDirectoryA(door.c_str())) : door.status;
+  const AnsiPath ansi(path);
+  return ansi.status.ok() ? StatusOfResult(RemoveDirectoryA(ansi.c_str())) : ansi.status;
 }
 
 Status RenameFile(std::string_view from, std::string_view to) {
-  const DoorPath source(from);
-  const DoorPath target(to);
+  const AnsiPath source(from);
+  const AnsiPath target(to);
   if (!source.status.ok()) return source.status;
   if (!target.status.ok()) return target.status;
   const bool was_free = !IsThere(target);

@@ -4,8 +4,9 @@
 #include <algorithm>
 #include <cstring>
 
+#include "base/paths.h"
+#include "host/names.h"
 #include "host/native_text.h"
-#include "host/system.h"
 #include "host/win32/errors.h"
 #include "host/win32/native_path.h"
 
@@ -28,8 +29,8 @@ class Search {
   HANDLE handle_;
 };
 
-// In place of a character that the code page lacks the system may give a similar one, also one that no name can have;
-// and names that end in a dot or a blank are opened without it.
+// For a character that the code page lacks, the system may give a similar one, even one that no name can have. Names
+// that end in a dot or a blank are opened without it.
 std::string NameWithMarks(const char* listed) {
   std::string name = TextOfCodePage(listed);
   for (char& character : name) {
@@ -47,7 +48,7 @@ void MarkAllButOne(std::string_view folder, std::vector<FoundEntry>::iterator fi
   for (auto entry = first; entry != last; ++entry) {
     if (!entry->IsReachable()) continue;
     WIN32_FIND_DATAA data{};
-    const DoorPath path(InFolder(folder, entry->name));
+    const AnsiPath path(base::InFolder(folder, entry->name));
     const bool is_new = std::find(taken.begin(), taken.end(), entry->name) == taken.end();
     if (is_new && path.status.ok() && FindOne(path.native, data) && TextOfCodePage(data.cFileName) == entry->name) {
       taken.push_back(entry->name);
@@ -69,7 +70,7 @@ void MarkEqualNames(std::string_view folder, std::vector<FoundEntry>& entries) {
   }
 }
 
-Status WhyNotListed(const DoorPath& folder) {
+Status WhyNotListed(const AnsiPath& folder) {
   const DWORD error = GetLastError();
   const DWORD attributes = GetFileAttributesA(folder.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) return StatusOf(error);
@@ -80,13 +81,13 @@ Status WhyNotListed(const DoorPath& folder) {
 
 }  // namespace
 
-Status FindEntries(std::string_view folder, std::vector<FoundEntry>& entries) {
-  entries.clear();
-  const DoorPath path(folder);
+Result<std::vector<FoundEntry>> FindEntries(std::string_view folder) {
+  const AnsiPath path(folder);
   if (!path.status.ok()) return path.status;
   // By hand, because the root keeps its separator and "C:" is the current folder of its drive.
-  const std::string pattern = *CodePageBytes(InFolder(path.core, "*.*"));
+  const std::string pattern = *CodePageBytes(base::InFolder(path.core, "*.*"));
   if (pattern.size() >= MAX_PATH) return StatusOf(ERROR_FILENAME_EXCED_RANGE);
+  std::vector<FoundEntry> entries;
   FoundEntry entry;
   Search search(pattern, entry.data);
   if (!search.started()) return WhyNotListed(path);
@@ -96,13 +97,10 @@ Status FindEntries(std::string_view folder, std::vector<FoundEntry>& entries) {
     if (listed != "." && listed != "..") entries.push_back(entry);
   } while (search.Next(entry.data));
   const DWORD error = GetLastError();
-  if (error != ERROR_NO_MORE_FILES) {
-    entries.clear();
-    return StatusOf(error);
-  }
+  if (error != ERROR_NO_MORE_FILES) return StatusOf(error);
   MarkEqualNames(path.core, entries);
   std::sort(entries.begin(), entries.end(), [](const FoundEntry& a, const FoundEntry& b) { return a.name < b.name; });
-  return Status::Success();
+  return entries;
 }
 
 }  // namespace discwright::host

@@ -1,4 +1,5 @@
-// The raw listing of a folder, which knows the names that cannot be opened under what they are listed as.
+// Lists folders through the system, and marks the names under which no file can be opened. The one loop over
+// FindNextFile, which all others use.
 #pragma once
 
 #include <windows.h>
@@ -23,6 +24,6 @@ struct FoundEntry {
 };
 
 // Everything in a folder without "." and "..", sorted by name byte by byte.
-Status FindEntries(std::string_view folder, std::vector<FoundEntry>& entries);
+Result<std::vector<FoundEntry>> FindEntries(std::string_view folder);
 
 }  // namespace discwright::host

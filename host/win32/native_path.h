@@ -1,4 +1,8 @@
-// Paths at the door of the system's ANSI calls.
+// Paths as the system's ANSI calls take them.
+//
+//   const AnsiPath path(core_path);
+//   if (!path.status.ok()) return path.status;
+//   DeleteFileA(path.c_str());
 #pragma once
 
 #include <optional>
@@ -9,14 +13,14 @@
 
 namespace discwright::host {
 
-// A core path as the ANSI calls take it: "\" between names, otherwise as given. Nothing when the code page cannot hold
-// it, or when it has "?" or "*", which the system gives for characters that its code page lacks and would take for
-// wildcards.
+// A core path in the ANSI code page: "\" between names, otherwise as given. Nothing when the code page cannot hold it,
+// or when it has "?" or "*". The system lists these in place of characters that its code page lacks, and would take
+// them for wildcards.
 std::optional<std::string> NativePath(std::string_view path);
 
-// A core path on its way to the system's calls.
-struct DoorPath {
-  explicit DoorPath(std::string_view path);
+// A core path that was translated and checked.
+struct AnsiPath {
+  explicit AnsiPath(std::string_view path);
 
   std::string core;    // UTF-8, with "\" only
   std::string native;  // for the calls; empty unless the status is ok
@@ -24,22 +28,11 @@ struct DoorPath {
   const char* c_str() const { return native.c_str(); }
 };
 
-// Both take and give paths of the core. They cut in UTF-8, where no second byte of a character looks like a separator.
-std::string_view NameOf(std::string_view path);                       // what follows the last separator
-std::string SiblingOf(std::string_view path, std::string_view name);  // `name` in the same folder
-std::string InFolder(std::string_view folder, std::string_view name);
-
 // The path as the system takes it from here on, whatever the current folder becomes: without a separator at its end,
 // unless it is a root. What the system cannot be asked about only gets its separators.
 std::string AbsolutePath(std::string_view path);
 
-// The folder of an absolute path; a root is its own.
-std::string ParentFolder(std::string_view absolute);
-
 // The folder of Windows; empty when the system does not tell.
 std::string WindowsFolder();
-
-// Whether the system takes the path for a device, whatever its folder and extension: "nul", "C:\aux.txt", "\\.\X".
-bool IsDevicePath(std::string_view path);
 
 }  // namespace discwright::host

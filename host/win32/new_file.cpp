@@ -1,20 +1,21 @@
-// Creates files that are either finished or removed.
+// Creates files that are either finished or removed, and replaces the content of files as a whole.
 #include "host/win32/new_file.h"
 
 #include <atomic>
 
-#include "host/win32/attributes.h"
+#include "base/paths.h"
 #include "host/win32/errors.h"
-#include "host/win32/family.h"
-#include "host/win32/newer_call.h"
+#include "host/win32/file_facts.h"
+#include "host/win32/regular_file.h"
+#include "host/win32/windows_version.h"
 
 namespace discwright::host {
 namespace {
 
 // Windows 95, 98 and Me cannot rename over a file. The old one steps aside first: a crash in between leaves the name
-// free, the old content and the new under passing names, and loses neither.
-Status StepAside(const DoorPath& from, const DoorPath& to) {
-  const DoorPath aside(PassingName(to));
+// free, the old content and the new under temporary names, and loses neither.
+Status StepAside(const AnsiPath& from, const AnsiPath& to) {
+  const AnsiPath aside(TemporaryName(to));
   if (!aside.status.ok()) return aside.status;
   if (MoveFileA(to.c_str(), aside.c_str()) == 0) return LastFailure();
   if (MoveFileA(from.c_str(), to.c_str()) == 0) {
@@ -25,18 +26,34 @@ Status StepAside(const DoorPath& from, const DoorPath& to) {
   return DeleteForSure(aside);
 }
 
+// Marks that the replacing file takes over.
+constexpr DWORD kKeptMarks = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
+
+// A time that the file system does not keep is zero, which is no time to set.
+const FILETIME* OrNone(const FILETIME& time) {
+  return time.dwHighDateTime != 0 || time.dwLowDateTime != 0 ? &time : nullptr;
+}
+
+// A file system that cannot store the times is no reason to fail.
+void KeepTimes(HANDLE file, const AnsiPath& path) {
+  WIN32_FIND_DATAA replaced{};
+  if (!FindOne(path.native, replaced)) return;
+  SetFileTime(file, OrNone(replaced.ftCreationTime), OrNone(replaced.ftLastAccessTime),
+              OrNone(replaced.ftLastWriteTime));
+}
+
 }  // namespace
 
-std::string PassingName(const DoorPath& path) {
+std::string TemporaryName(const AnsiPath& path) {
   static std::atomic<unsigned> counter = 0;
   for (;;) {
     const std::string name = ".discwright-" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(counter++);
-    std::string passing = SiblingOf(path.core, name);
-    if (!IsThere(DoorPath(passing))) return passing;
+    std::string temporary = base::SiblingOf(path.core, name);
+    if (!IsThere(AnsiPath(temporary))) return temporary;
   }
 }
 
-Status MoveOver(const DoorPath& from, const DoorPath& to) {
+Status MoveOver(const AnsiPath& from, const AnsiPath& to) {
   using Call = decltype(MoveFileExA);
   static Call* const move = IsNtFamily() ? NewerCall<Call>("kernel32.dll", "MoveFileExA") : nullptr;
   if (move == nullptr) return IsThere(to) ? StepAside(from, to) : StatusOfResult(MoveFileA(from.c_str(), to.c_str()));
@@ -44,32 +61,46 @@ Status MoveOver(const DoorPath& from, const DoorPath& to) {
   return StatusOfResult(move(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING));
 }
 
-Status DeleteForSure(const DoorPath& path) {
+Status DeleteForSure(const AnsiPath& path) {
   MakeWritable(path);
   return StatusOfResult(DeleteFileA(path.c_str()));
 }
 
-NewFile::NewFile(const DoorPath& path) : path_(path), passing_(PassingName(path)), status_(passing_.status) {
+NewFile::NewFile(const AnsiPath& path) : path_(path), temporary_(TemporaryName(path)), status_(temporary_.status) {
   if (!status_.ok()) return;
-  handle_ =
-      OwnedHandle(CreateFileA(passing_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+  handle_ = OwnedHandle(
+      CreateFileA(temporary_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!handle_.valid()) status_ = LastFailure();
 }
 
 NewFile::~NewFile() {
   if (!handle_.valid() && !status_.ok()) return;
   handle_.Close();
-  if (!is_whole_) DeleteFileA(passing_.c_str());
+  if (!is_whole_) DeleteFileA(temporary_.c_str());
 }
 
 Status NewFile::Commit(DWORD attributes) {
   // A crash after the renaming must not find the content still on its way to the disk.
   if (FlushFileBuffers(handle_.get()) == 0) return LastFailure();
   handle_.Close();
-  if (SetFileAttributesA(passing_.c_str(), attributes) == 0) return LastFailure();
-  Status moved = MoveOver(passing_, path_);
+  if (SetFileAttributesA(temporary_.c_str(), attributes) == 0) return LastFailure();
+  Status moved = MoveOver(temporary_, path_);
   is_whole_ = moved.ok();
   return moved;
+}
+
+Status WriteWholeFile(std::string_view path, std::string_view content, FileTimes times) {
+  const AnsiPath ansi(path);
+  Status status = OnlyRegular(ansi);
+  if (!status.ok()) return status;
+  const DWORD replaced = GetFileAttributesA(ansi.c_str());
+  const bool exists = replaced != INVALID_FILE_ATTRIBUTES;
+  if (exists && (replaced & FILE_ATTRIBUTE_READONLY) != 0) return StatusOf(ERROR_ACCESS_DENIED);
+  NewFile file(ansi);
+  status = file.status();
+  if (status.ok()) status = WriteAll(file.handle(), std::as_bytes(std::span(content)));
+  if (status.ok() && exists && times == FileTimes::kKept) KeepTimes(file.handle(), ansi);
+  return status.ok() ? file.Commit(exists ? replaced & kKeptMarks : DWORD{FILE_ATTRIBUTE_ARCHIVE}) : status;
 }
 
 }  // namespace discwright::host

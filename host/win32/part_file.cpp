@@ -6,33 +6,31 @@
 #include <algorithm>
 #include <mutex>
 
+#include "base/paths.h"
 #include "host/threads.h"
-#include "host/win32/attributes.h"
 #include "host/win32/errors.h"
-#include "host/win32/family.h"
 #include "host/win32/file_facts.h"
 #include "host/win32/new_file.h"
-#include "host/win32/newer_call.h"
 #include "host/win32/regular_file.h"
+#include "host/win32/windows_version.h"
 
 namespace discwright::host {
 namespace {
 
 Status Replaced() { return Status::Failure(ErrorClass::kExists, "Another run has replaced the unfinished file"); }
 
-// Whether `file` is what stands at `path`, both in one folder and so on one volume (which Wine forgets of a file that
-// is renamed while it is open). Windows 95, 98 and Me let nobody rename or delete what is open.
-bool IsAt(HANDLE file, const DoorPath& path) {
+// Whether `file` is what stands at `path`. Both are in one folder, so the volumes are not compared: Wine forgets the
+// volume of a file that is renamed while it is open. Windows 95, 98 and Me let nobody rename or delete an open file.
+bool IsAt(HANDLE file, const AnsiPath& path) {
   if (!IsNtFamily()) return true;
-  NativeFacts opened;
-  NativeFacts named;
-  return FactsOfHandle(file, opened).ok() && FactsOfPath(path, Links::kTake, named).ok() &&
-         opened.number == named.number;
+  const Result<NativeFacts> opened = FactsOfHandle(file);
+  const Result<NativeFacts> named = FactsOfPath(path, Links::kTake);
+  return opened.ok() && named.ok() && opened.value.number == named.value.number;
 }
 
 class WindowsPartFile : public PartFile {
  public:
-  WindowsPartFile(OwnedHandle file, const DoorPath& name, const DoorPath& part)
+  WindowsPartFile(OwnedHandle file, const AnsiPath& name, const AnsiPath& part)
       : file_(std::move(file)), name_(name), part_(part) {}
   WindowsPartFile(const WindowsPartFile&) = delete;
   WindowsPartFile& operator=(const WindowsPartFile&) = delete;
@@ -61,10 +59,10 @@ class WindowsPartFile : public PartFile {
   }
 
  private:
-  // Another run may put its own file under the part's name at any time; under a name that no other run uses it can be
-  // told whose it is before it becomes the finished file.
+  // Another run may put its own file under the part's name at any time. So the part first gets a name that no other run
+  // uses, and there it is checked whose file it is.
   Status CommitWhileOpen() {
-    const DoorPath mine(PassingName(name_));
+    const AnsiPath mine(TemporaryName(name_));
     if (!mine.status.ok()) return mine.status;
     if (!IsAt(file_.get(), part_)) return Replaced();
     if (MoveFileA(part_.c_str(), mine.c_str()) == 0)
@@ -86,38 +84,38 @@ class WindowsPartFile : public PartFile {
 
   Mutex mutex_;  // between moving to a position and writing there
   OwnedHandle file_;
-  DoorPath name_;
-  DoorPath part_;  // where it stands until it has its name
+  AnsiPath name_;
+  AnsiPath part_;  // where it stands until it has its name
   std::uint64_t end_ = 0;
   bool is_unfinished_ = true;
 };
 
-// What is there is not written into: a run that was left behind may still have it open. On the NT family it keeps its
-// name while that run goes on, so it gets another first.
-Status Clear(const DoorPath& part) {
+// Removes an old part. It is not reused, because another run may still have it open. On the NT family a deleted file
+// keeps its name until it is closed, so it is renamed first.
+Status Clear(const AnsiPath& part) {
   Status status = OnlyRegular(part);
   if (!status.ok()) return status;
   if (!IsThere(part)) return Status::Success();
   if (!IsNtFamily()) return DeleteForSure(part);
-  const DoorPath aside(PassingName(part));
+  const AnsiPath aside(TemporaryName(part));
   if (!aside.status.ok()) return aside.status;
   if (MoveFileA(part.c_str(), aside.c_str()) == 0) return LastFailure();
   return DeleteForSure(aside);
 }
 
 // False where nothing is known, as on the first Windows 95.
-bool DiskIsTooSmall(const DoorPath& file, std::uint64_t size) {
+bool DiskIsTooSmall(const AnsiPath& file, std::uint64_t size) {
   using Call = decltype(GetDiskFreeSpaceExA);
   static Call* const look = NewerCall<Call>("kernel32.dll", "GetDiskFreeSpaceExA");
-  const DoorPath folder(ParentFolder(AbsolutePath(file.core)));
+  const AnsiPath folder(base::ParentFolder(AbsolutePath(file.core)));
   ULARGE_INTEGER room{};
   // A share of another computer is only known with a separator at its end.
   return look != nullptr && look((folder.native + "\\").c_str(), &room, nullptr, nullptr) != 0 && room.QuadPart < size;
 }
 
-// A file system that has no such thing as room set aside does not matter; a disk that is too small does. It is asked
-// first, because some only take note of a size.
-Status SetAside(HANDLE file, const DoorPath& path, std::uint64_t size) {
+// Only a disk that is too small is a failure, not a file system that cannot set room aside. The disk is asked first,
+// because some file systems only record the size.
+Status SetAside(HANDLE file, const AnsiPath& path, std::uint64_t size) {
   if (DiskIsTooSmall(path, size)) return StatusOf(ERROR_DISK_FULL);
   const Status status = size == 0 ? Status::Success() : SetSize(file, size);
   return status.error == ErrorClass::kDiskFull ? status : Status::Success();
@@ -125,23 +123,22 @@ Status SetAside(HANDLE file, const DoorPath& path, std::uint64_t size) {
 
 }  // namespace
 
-std::unique_ptr<PartFile> CreatePartFile(std::string_view path, std::uint64_t size, Status& status) {
-  const DoorPath name(path);
-  status = OnlyRegular(name);
-  if (!status.ok()) return nullptr;
-  const DoorPath part(name.core + ".part");
+Result<std::unique_ptr<PartFile>> CreatePartFile(std::string_view path, std::uint64_t size) {
+  const AnsiPath name(path);
+  if (Status status = OnlyRegular(name); !status.ok()) return status;
+  const AnsiPath part(name.core + ".part");
   const DWORD share = IsNtFamily() ? FILE_SHARE_READ | FILE_SHARE_DELETE : FILE_SHARE_READ;
   RegularFile file;
   do {
-    status = Clear(part);
-    if (!status.ok()) return nullptr;
+    if (Status status = Clear(part); !status.ok()) return status;
     file = OpenRegular(part, GENERIC_WRITE, CREATE_NEW, share);
   } while (file.status.error == ErrorClass::kExists);
-  status = file.status;
-  if (!status.ok()) return nullptr;
-  status = SetAside(file.handle.get(), part, size);
+  if (!file.status.ok()) return file.status;
+  Status status = SetAside(file.handle.get(), part, size);
+  // On a failure its end removes the file again.
   auto made = std::make_unique<WindowsPartFile>(std::move(file.handle), name, part);
-  return status.ok() ? std::move(made) : nullptr;
+  if (!status.ok()) return status;
+  return made;
 }
 
 }  // namespace discwright::host

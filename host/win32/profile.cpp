@@ -1,22 +1,22 @@
-// The system's profile calls. A file in UTF-8, which they do not know, is read and written as text, and so is a value
-// that the ANSI code page cannot hold.
+// The system's calls for profile files and the registry. Profile files in UTF-8, which these calls do not know, are
+// read and written as text. So are values that the ANSI code page cannot hold.
 #include "host/profile.h"
 
 #include <windows.h>
 
 #include "base/ini_text.h"
+#include "base/paths.h"
 #include "base/utf8.h"
 #include "host/files.h"
+#include "host/names.h"
 #include "host/native_text.h"
-#include "host/system.h"
-#include "host/text_profile.h"
 #include "host/win32/errors.h"
 #include "host/win32/native_path.h"
 
 namespace discwright::host {
 namespace {
 
-// What no value can be: given for a key that is not there.
+// The default given to the call. No value can be this, so it means that there is no such key.
 constexpr const char* kNoValue = "\n";
 
 // The arguments of the system's calls.
@@ -26,11 +26,11 @@ struct NativeKey {
   std::string key;
 };
 
-// The full path. The calls look for a name without a folder in that of Windows.
+// The full path. The calls look for a name without a folder in the folder of Windows.
 std::string PlaceOf(std::string_view file) {
-  const bool is_bare = !file.empty() && NameOf(file) == file;
+  const bool is_bare = !file.empty() && base::NameOf(file) == file;
   const std::string windows = is_bare ? WindowsFolder() : "";
-  return windows.empty() ? PathFromNative(file) : InFolder(windows, file);
+  return windows.empty() ? PathFromNative(file) : base::InFolder(windows, file);
 }
 
 // Nothing when the ANSI code page cannot hold one of them.
@@ -45,17 +45,34 @@ std::optional<NativeKey> ToNative(std::string_view file, std::string_view sectio
 // Windows 95 to Me keep the last used profile in memory; others write these files too.
 void DropKeptProfile(const std::string& file) { WritePrivateProfileStringA(nullptr, nullptr, nullptr, file.c_str()); }
 
+// A key that is closed by its owner's end; null when it could not be opened.
+class OpenKey {
+ public:
+  explicit OpenKey(const std::string& sub_key) {
+    if (RegOpenKeyA(HKEY_LOCAL_MACHINE, sub_key.c_str(), &key_) != ERROR_SUCCESS) key_ = nullptr;
+  }
+  OpenKey(const OpenKey&) = delete;
+  OpenKey& operator=(const OpenKey&) = delete;
+  ~OpenKey() {
+    if (key_ != nullptr) RegCloseKey(key_);
+  }
+  HKEY get() const { return key_; }
+
+ private:
+  HKEY key_ = nullptr;
+};
+
 }  // namespace
 
 std::optional<std::string> ReadProfileValue(std::string_view file_name, std::string_view section,
                                             std::string_view key) {
   const std::string file = PlaceOf(file_name);
-  std::string bytes;
-  if (!ReadWholeFile(file, bytes).ok()) return std::nullopt;
+  const Result<std::string> bytes = ReadWholeFile(file);
+  if (!bytes.ok()) return std::nullopt;
   const std::optional<NativeKey> native = ToNative(file, section, key);
-  if (!native || base::IsUtf8File(bytes)) return ReadTextProfile(file, section, key);
+  if (!native || base::IsUtf8File(bytes.value)) return ReadTextProfile(file, section, key);
   DropKeptProfile(native->file);
-  std::string value(bytes.size() + 3, '\0');  // no value is longer; room for what is given when there is none
+  std::string value(bytes.value.size() + 3, '\0');  // no value is longer; and room for the default
   value.resize(GetPrivateProfileStringA(native->section.c_str(), native->key.c_str(), kNoValue, value.data(),
                                         static_cast<DWORD>(value.size()), native->file.c_str()));
   return value == kNoValue ? std::nullopt : std::optional(TextOfCodePage(value));
@@ -64,19 +81,36 @@ std::optional<std::string> ReadProfileValue(std::string_view file_name, std::str
 Status WriteProfileValue(std::string_view file_name, std::string_view section, std::string_view key,
                          std::string_view value) {
   const std::string file = PlaceOf(file_name);
-  std::string bytes;
-  Status status = ReadWholeFile(file, bytes);
-  if (!status.ok() && status.error != ErrorClass::kNotFound) return status;
+  const Result<std::string> bytes = ReadWholeFile(file);
+  if (!bytes.ok() && bytes.status.error != ErrorClass::kNotFound) return bytes.status;
   const std::optional<NativeKey> native = ToNative(file, section, key);
   const std::optional<std::string> native_value = CodePageBytes(base::OneLine(value));
   // Nor may the value's own bytes make UTF-8 of the file by chance.
-  if (!native || !native_value || base::IsUtf8File(bytes) || base::IsUtf8File(*native_value)) {
+  if (!native || !native_value || base::IsUtf8File(bytes.value) || base::IsUtf8File(*native_value)) {
     return WriteTextProfile(file, section, key, value);
   }
   Status written = StatusOfResult(WritePrivateProfileStringA(native->section.c_str(), native->key.c_str(),
                                                              native_value->c_str(), native->file.c_str()));
   DropKeptProfile(native->file);
   return written;
+}
+
+std::optional<std::string> LocalMachineText(std::string_view sub_key, std::string_view value_name) {
+  const std::optional<std::string> native_key = CodePageBytes(sub_key);
+  const std::optional<std::string> native_name = CodePageBytes(value_name);
+  if (!native_key || !native_name) return std::nullopt;
+  const OpenKey key(*native_key);
+  DWORD type = 0;
+  DWORD size = 0;
+  if (key.get() == nullptr || RegQueryValueExA(key.get(), native_name->c_str(), nullptr, &type, nullptr, &size) != 0 ||
+      (type != REG_SZ && type != REG_EXPAND_SZ))
+    return std::nullopt;
+  std::string bytes(size, '\0');
+  auto* const buffer = reinterpret_cast<BYTE*>(bytes.data());
+  if (RegQueryValueExA(key.get(), native_name->c_str(), nullptr, &type, buffer, &size) != 0) return std::nullopt;
+  bytes.resize(size);
+  // Most programs store a value with a NUL at its end, but not all.
+  return TextOfCodePage(std::string_view(bytes).substr(0, bytes.find('\0')));
 }
 
 }  // namespace discwright::host

@@ -1,10 +1,12 @@
-// Opens regular files and moves their bytes.
+// Opens regular files and moves their bytes, also for the core.
 #include "host/win32/regular_file.h"
 
 #include <algorithm>
+#include <array>
 
-#include "host/win32/attributes.h"
+#include "base/paths.h"
 #include "host/win32/errors.h"
+#include "host/win32/file_facts.h"
 
 namespace discwright::host {
 namespace {
@@ -14,14 +16,54 @@ constexpr std::size_t kLargestCall = std::size_t{16} << 20;
 
 DWORD CallSize(std::size_t left) { return static_cast<DWORD>(std::min(left, kLargestCall)); }
 
+class WindowsBinaryFile : public BinaryFile {
+ public:
+  explicit WindowsBinaryFile(OwnedHandle file) : file_(std::move(file)) {}
+
+  Result<std::int64_t> Length() override { return SizeOf(file_.get()); }
+
+  Status ReadAt(std::int64_t position, std::span<std::byte> bytes) override {
+    if (Status status = MoveTo(file_.get(), static_cast<std::uint64_t>(position)); !status.ok()) return status;
+    const Result<std::size_t> count = ReadSome(file_.get(), bytes);
+    if (!count.ok() || count.value == bytes.size()) return count.status;
+    return Status::Failure(ErrorClass::kOther, "Unexpected end of file");
+  }
+
+  Status WriteAt(std::int64_t position, std::span<const std::byte> bytes) override {
+    Status status = bytes.empty() ? Status::Success() : FillUpTo(position);
+    if (status.ok()) status = MoveTo(file_.get(), static_cast<std::uint64_t>(position));
+    return status.ok() ? WriteAll(file_.get(), bytes) : status;
+  }
+
+ private:
+  // Windows 95, 98 and Me do not clear the gap between a file's end and what is written behind it: it would show what
+  // the disk held before.
+  Status FillUpTo(std::int64_t position) {
+    static constexpr std::array<std::byte, 4096> kZeros{};
+    const Result<std::int64_t> length = Length();
+    if (!length.ok()) return length.status;
+    std::int64_t end = length.value;
+    if (end >= position) return Status::Success();
+    Status status = MoveTo(file_.get(), static_cast<std::uint64_t>(end));
+    while (status.ok() && end < position) {
+      const std::int64_t count = std::min<std::int64_t>(position - end, kZeros.size());
+      status = WriteAll(file_.get(), std::span(kZeros).first(static_cast<std::size_t>(count)));
+      end += count;
+    }
+    return status;
+  }
+
+  OwnedHandle file_;
+};
+
 }  // namespace
 
-Status OnlyRegular(const DoorPath& path) {
+Status OnlyRegular(const AnsiPath& path) {
   if (!path.status.ok()) return path.status;
-  return IsFolder(path) || IsDevicePath(path.core) ? NotARegularFile() : Status::Success();
+  return IsFolder(path) || base::IsDevicePath(path.core) ? NotARegularFile() : Status::Success();
 }
 
-RegularFile OpenRegular(const DoorPath& path, DWORD access, DWORD disposition, DWORD share, DWORD flags) {
+RegularFile OpenRegular(const AnsiPath& path, DWORD access, DWORD disposition, DWORD share, DWORD flags) {
   RegularFile file;
   // Asked before opening, because opening a device may already do something.
   file.status = OnlyRegular(path);
@@ -37,14 +79,15 @@ RegularFile OpenRegular(const DoorPath& path, DWORD access, DWORD disposition, D
   return file;
 }
 
-Status ReadSome(HANDLE file, std::span<std::byte> bytes, std::size_t& count) {
-  for (count = 0; count < bytes.size();) {
+Result<std::size_t> ReadSome(HANDLE file, std::span<std::byte> bytes) {
+  std::size_t count = 0;
+  while (count < bytes.size()) {
     DWORD got = 0;
     if (ReadFile(file, bytes.data() + count, CallSize(bytes.size() - count), &got, nullptr) == 0) return LastFailure();
     if (got == 0) break;
     count += got;
   }
-  return Status::Success();
+  return count;
 }
 
 Status WriteAll(HANDLE file, std::span<const std::byte> bytes) {
@@ -68,6 +111,36 @@ Status MoveTo(HANDLE file, std::uint64_t position) {
 Status SetSize(HANDLE file, std::uint64_t size) {
   const Status moved = MoveTo(file, size);
   return moved.ok() ? StatusOfResult(SetEndOfFile(file)) : moved;
+}
+
+std::unique_ptr<BinaryFile> WrapBinaryFile(OwnedHandle file) {
+  return std::make_unique<WindowsBinaryFile>(std::move(file));
+}
+
+Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode mode) {
+  const bool writes = mode != OpenMode::kRead;
+  const DWORD access = writes ? GENERIC_READ | GENERIC_WRITE : GENERIC_READ;
+  RegularFile file = OpenRegular(AnsiPath(path), access, writes ? OPEN_ALWAYS : OPEN_EXISTING, ShareEverything());
+  // Emptied only now, when it is known to be a file. Besides, CREATE_ALWAYS refuses hidden files.
+  if (file.status.ok() && mode == OpenMode::kCreateEmpty) file.status = SetSize(file.handle.get(), 0);
+  if (!file.status.ok()) return file.status;
+  return WrapBinaryFile(std::move(file.handle));
+}
+
+bool CanRead(std::string_view path) {
+  return OpenRegular(AnsiPath(path), GENERIC_READ, OPEN_EXISTING, ShareEverything()).status.ok();
+}
+
+Result<std::string> ReadWholeFile(std::string_view path) {
+  const RegularFile file = OpenRegular(AnsiPath(path), GENERIC_READ, OPEN_EXISTING, ShareEverything());
+  if (!file.status.ok()) return file.status;
+  const Result<std::int64_t> size = SizeOf(file.handle.get());
+  if (!size.ok()) return size.status;
+  std::string content(static_cast<std::size_t>(size.value), '\0');
+  const Result<std::size_t> count = ReadSome(file.handle.get(), std::as_writable_bytes(std::span(content)));
+  if (!count.ok()) return count.status;
+  content.resize(count.value);
+  return content;
 }
 
 }  // namespace discwright::host

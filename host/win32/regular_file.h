@@ -1,12 +1,14 @@
-// Opening, reading and writing regular files only: a device behind a name must never be touched.
+// Opens, reads and writes regular files only: a device behind a name must never be touched.
 #pragma once
 
 #include <windows.h>
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 
+#include "host/files.h"
 #include "host/status.h"
 #include "host/win32/native_path.h"
 #include "host/win32/owned_handle.h"
@@ -20,13 +22,13 @@ struct RegularFile {
 
 // Opens a file, links followed. `access` and `disposition` (OPEN_EXISTING, OPEN_ALWAYS, CREATE_NEW) as for
 // CreateFileA; `share` what others may do meanwhile, `flags` what else CreateFileA is told.
-RegularFile OpenRegular(const DoorPath& path, DWORD access, DWORD disposition, DWORD share, DWORD flags = 0);
+RegularFile OpenRegular(const AnsiPath& path, DWORD access, DWORD disposition, DWORD share, DWORD flags = 0);
 
 // Success unless something stands at the path that is no regular file.
-Status OnlyRegular(const DoorPath& path);
+Status OnlyRegular(const AnsiPath& path);
 
-// The next bytes of an open file; less than there is room for only at its end.
-Status ReadSome(HANDLE file, std::span<std::byte> bytes, std::size_t& count);
+// Reads the next bytes of an open file and gives their number, which is less than there is room for only at its end.
+Result<std::size_t> ReadSome(HANDLE file, std::span<std::byte> bytes);
 Status WriteAll(HANDLE file, std::span<const std::byte> bytes);
 
 // Where the next bytes are read or written. Windows 95, 98 and Me know no other way to read or write at a position.
@@ -34,5 +36,8 @@ Status MoveTo(HANDLE file, std::uint64_t position);
 
 // Cuts or extends a file.
 Status SetSize(HANDLE file, std::uint64_t size);
+
+// An open regular file as the core reads and writes it.
+std::unique_ptr<BinaryFile> WrapBinaryFile(OwnedHandle file);
 
 }  // namespace discwright::host

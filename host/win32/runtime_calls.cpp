@@ -1,7 +1,7 @@
 // Calls that the compiler's runtime imports and that Windows 95 and 98 lack or only fail: made here from older ones.
 //
 // The runtime calls through pointers with the names below, which the linker takes from an import library only when no
-// object file has them. Each is for what the runtime does with it, not for all that the system's own can do.
+// object file has them. Each does only what the runtime needs of it.
 #include <sys/stat.h>
 #include <windows.h>
 
@@ -34,8 +34,8 @@ HMODULE WINAPI ModuleHandle(const wchar_t* name) { return GetModuleHandleA(Narro
 
 HMODULE WINAPI Load(const wchar_t* name) { return LoadLibraryA(NarrowName(name).get()); }
 
-// Asked to keep the library loaded that a thread's objects belong to. Here that is the program itself, and "none" is
-// what the runtime then does not let go of.
+// The runtime asks for the library that a thread's objects belong to, to keep it loaded. Here that is the program
+// itself, which stays loaded anyway. The runtime releases nothing when it gets null.
 BOOL WINAPI ModuleOfAddress(DWORD, const wchar_t*, HMODULE* module) {
   *module = nullptr;
   return TRUE;

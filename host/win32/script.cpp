@@ -3,10 +3,8 @@
 
 #include <windows.h>
 
-#include <algorithm>
-
+#include "host/names.h"
 #include "host/native_text.h"
-#include "host/system.h"
 #include "host/win32/errors.h"
 #include "host/win32/native_text.h"
 
@@ -15,14 +13,6 @@ namespace {
 
 // What separates arguments or means something to a shell. Beyond ASCII nothing does.
 constexpr std::string_view kSpecial = " \t&()^;,=%!|<>";
-
-// By the system's own rule for its code page; what that lacks stays as it is.
-std::string LowerCase(std::string_view text) {
-  std::optional<std::string> native = CodePageBytes(text);
-  if (!native) return std::string(text);
-  CharLowerBuffA(native->data(), static_cast<DWORD>(native->size()));
-  return TextOfCodePage(*native);
-}
 
 // The short form of an absolute path; of one that is not there yet, that of its folder with its own name.
 std::string Shortened(const std::string& path) {
@@ -62,17 +52,16 @@ std::array<std::string, 3> ScriptPrologue(std::string_view folder) {
 std::string ScriptProgram(std::string_view name) { return Argument(std::string(name)); }
 
 std::string ScriptPath(std::string_view path) {
-  return Argument(LowerCase(Shortened(PathFromNative(WithoutQuotes(path)))));
+  return Argument(FoldCase(Shortened(PathFromNative(WithoutQuotes(path)))));
 }
 
 std::string_view ScriptLineEnd() { return "\r\n"; }
 
-// Both shells read scripts in the code page of DOS, not in the one of windows: any other would be another name there.
-Status ScriptBytes(std::string_view text, std::string& bytes) {
-  std::optional<std::string> native = BytesInCodePage(text, CP_OEMCP);
-  if (!native) return NameNotInCodePage();
-  bytes = std::move(*native);
-  return Status::Success();
+// Both shells read scripts in the OEM code page. In the ANSI code page a name beyond ASCII would be another name there.
+Result<std::string> ScriptBytes(std::string_view text) {
+  std::optional<std::string> bytes = BytesInCodePage(text, CP_OEMCP);
+  if (!bytes) return NameNotInCodePage();
+  return std::move(*bytes);
 }
 
 }  // namespace discwright::host

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include "base/paths.h"
 #include "host/win32/errors.h"
 #include "host/win32/file_facts.h"
 #include "host/win32/find_entries.h"
@@ -24,8 +25,8 @@ void TakeFacts(const NativeFacts& facts, TreeEntry& entry) {
 class WindowsSourceFile : public SourceFile {
  public:
   explicit WindowsSourceFile(OwnedHandle file) : file_(std::move(file)) {}
-  Status Read(std::span<std::uint8_t> bytes, std::size_t& count) override {
-    return ReadSome(file_.get(), std::as_writable_bytes(bytes), count);
+  Result<std::size_t> Read(std::span<std::uint8_t> bytes) override {
+    return ReadSome(file_.get(), std::as_writable_bytes(bytes));
   }
 
  private:
@@ -37,24 +38,23 @@ class WindowsSourceTree : public SourceTree {
   explicit WindowsSourceTree(std::string root) : root_(std::move(root)) {}
 
   Status List(const std::string& path, const std::function<void(const TreeEntry&)>& visit) override {
-    const std::string folder = InFolder(root_, path);
-    std::vector<FoundEntry> found;
-    Status status = FindEntries(folder, found);
-    for (const FoundEntry& entry : found) visit(LookAt(folder, entry));
-    return status;
+    const std::string folder = base::InFolder(root_, path);
+    const Result<std::vector<FoundEntry>> found = FindEntries(folder);
+    for (const FoundEntry& entry : found.value) visit(LookAt(folder, entry));
+    return found.status;
   }
 
   TreeEntry Look(const std::string& path) override {
     TreeEntry entry;
-    SetFacts(DoorPath(InFolder(root_, path)), entry);
+    SetFacts(AnsiPath(base::InFolder(root_, path)), entry);
     return entry;
   }
 
-  std::unique_ptr<SourceFile> Open(const std::string& path, Status& status) override {
-    RegularFile file = OpenRegular(DoorPath(InFolder(root_, path)), GENERIC_READ, OPEN_EXISTING, ShareEverything(),
-                                   FILE_FLAG_SEQUENTIAL_SCAN);
-    status = file.status;
-    return status.ok() ? std::make_unique<WindowsSourceFile>(std::move(file.handle)) : nullptr;
+  Result<std::unique_ptr<SourceFile>> Open(const std::string& path) override {
+    RegularFile file = OpenRegular(AnsiPath(base::InFolder(root_, path)), GENERIC_READ, OPEN_EXISTING,
+                                   ShareEverything(), FILE_FLAG_SEQUENTIAL_SCAN);
+    if (!file.status.ok()) return file.status;
+    return std::make_unique<WindowsSourceFile>(std::move(file.handle));
   }
 
  private:
@@ -62,18 +62,18 @@ class WindowsSourceTree : public SourceTree {
     TreeEntry entry;
     entry.name = found.name;
     entry.is_link = IsLink(found.data);
-    if (IsDevicePath(found.name)) {
+    if (base::IsDevicePath(found.name)) {
       entry.kind = EntryKind::kSpecial;
     } else {
-      SetFacts(DoorPath(InFolder(folder, found.name)), entry);
+      SetFacts(AnsiPath(base::InFolder(folder, found.name)), entry);
     }
     return entry;
   }
 
-  static void SetFacts(const DoorPath& path, TreeEntry& entry) {
-    NativeFacts facts;
-    entry.status = FactsOfPath(path, Links::kFollow, facts);
-    if (entry.status.ok()) TakeFacts(facts, entry);
+  static void SetFacts(const AnsiPath& path, TreeEntry& entry) {
+    const Result<NativeFacts> facts = FactsOfPath(path, Links::kFollow);
+    entry.status = facts.status;
+    if (facts.ok()) TakeFacts(facts.value, entry);
   }
 
   std::string root_;
@@ -81,12 +81,12 @@ class WindowsSourceTree : public SourceTree {
 
 }  // namespace
 
-std::unique_ptr<SourceTree> OpenSourceTree(std::string_view folder, Status& status) {
-  const DoorPath root(AbsolutePath(folder));
-  NativeFacts facts;
-  status = FactsOfPath(root, Links::kFollow, facts);
-  if (status.ok() && !facts.IsFolder()) status = StatusOf(ERROR_DIRECTORY);
-  return status.ok() ? std::make_unique<WindowsSourceTree>(root.core) : nullptr;
+Result<std::unique_ptr<SourceTree>> OpenSourceTree(std::string_view folder) {
+  const AnsiPath root(AbsolutePath(folder));
+  const Result<NativeFacts> facts = FactsOfPath(root, Links::kFollow);
+  if (!facts.ok()) return facts.status;
+  if (!facts.value.IsFolder()) return StatusOf(ERROR_DIRECTORY);
+  return std::make_unique<WindowsSourceTree>(root.core);
 }
 
 }  // namespace discwright::host

@@ -21,8 +21,8 @@ Mutex::~Mutex() { DeleteCriticalSection(&state_->section); }
 void Mutex::lock() { EnterCriticalSection(&state_->section); }
 void Mutex::unlock() { LeaveCriticalSection(&state_->section); }
 
-// A thread that waits is counted under a lock of the condition's own, and every count that a notice takes away is one
-// release of the semaphore: no notice is lost, and none is kept for a thread that comes later.
+// Waiting threads are counted under the condition's own lock. A notice takes one off the count and releases the
+// semaphore once, so no notice is lost, and none is kept for a thread that comes later.
 struct Condition::State {
   CRITICAL_SECTION section;
   HANDLE semaphore = nullptr;

@@ -1,4 +1,4 @@
-// The command line of CreateDsk.
+// Tests of the command line.
 #include "tools/createdsk/arguments.h"
 
 #include <gmock/gmock.h>
@@ -51,8 +51,8 @@ TEST_P(WrongArguments, WrongUsage_NamesWhatIsWrong) {
 INSTANTIATE_TEST_SUITE_P(
     All, WrongArguments,
     ::testing::Values(WrongUsage{{}, "-t 144 or -t 288"}, WrongUsage{{"winsetup"}, "-t 144 or -t 288"},
-                      WrongUsage{{"-t", "144"}, "name of the profile"}, WrongUsage{{"winsetup", "-t"}, "-t needs"},
-                      WrongUsage{{"-t", "720", "winsetup"}, "-t needs"}, WrongUsage{{"-t", "", "winsetup"}, "-t needs"},
+                      WrongUsage{{"-t", "144"}, "name of the profile"}, WrongUsage{{"winsetup", "-t"}, "-t must be followed by"},
+                      WrongUsage{{"-t", "720", "winsetup"}, "-t must be followed by"}, WrongUsage{{"-t", "", "winsetup"}, "-t must be followed by"},
                       WrongUsage{{"-t", "144", "-t", "288", "winsetup"}, "twice"},
                       WrongUsage{{"-t", "144", "one", "two"}, "\"one\" and \"two\""},
                       WrongUsage{{"-t", "144", "winsetup", "-x"}, "\"-x\""},

@@ -1,4 +1,4 @@
-// The boot sector's bytes.
+// Tests of the boot sector, byte by byte.
 #include "tools/createdsk/boot_sector.h"
 
 #include <gtest/gtest.h>

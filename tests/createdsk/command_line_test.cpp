@@ -1,4 +1,4 @@
-// The program CreateDsk itself, run in a folder of its own.
+// Tests of the real program, run in a temporary program folder.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// Images made from profile folders, looked at with the file system tools of the machine.
+// Tests of images made from profile folders. fsck.fat and mtools look at the images.
 #include "tools/createdsk/create_disk.h"
 
 #include <gmock/gmock.h>
@@ -21,7 +21,7 @@ using testing::WriteFile;
 
 constexpr std::size_t k144Space = 2847UL * 512;
 constexpr std::size_t k288Space = 2863UL * 1024;
-// Around the sizes of sector and cluster, and one over many clusters.
+// Sizes around those of a sector and a cluster, and one of many clusters.
 constexpr std::size_t kSizes[] = {0, 1, 511, 512, 513, 1023, 1024, 1025, 70000};
 
 class CreateDiskTest : public ::testing::TestWithParam<const DiskFormat*> {
@@ -36,7 +36,7 @@ class CreateDiskTest : public ::testing::TestWithParam<const DiskFormat*> {
   }
   std::string Failure() { return FailureWith(kDiskFormats[0]); }
 
-  // Makes the disk and lets fsck.fat look for errors.
+  // Makes the disk and checks it with fsck.fat.
   void MakeSound(const DiskFormat& format) {
     ASSERT_EQ(FailureWith(format), "");
     ExpectSound();
@@ -47,7 +47,7 @@ class CreateDiskTest : public ::testing::TestWithParam<const DiskFormat*> {
     EXPECT_EQ(end.exit_code, 0) << end.output;
   }
 
-  // Makes a base "base.img" in the profile with mkfs.fat and mtools.
+  // Makes the base image "base.img" in the profile with mkfs.fat and mtools.
   void MakeBase(const DiskFormat& format, const std::string& files) {
     std::filesystem::create_directories(folder_.Profile());
     const std::string image = testing::ShellPath(folder_.Profile() / "base.img");
@@ -154,7 +154,7 @@ TEST_F(CreateDiskTest, MadeTwice_HasTheSameBytes) {
   folder_.AddDiskIni("[Files]\r\nDOS\\A.TXT=a.txt\r\n");
   ASSERT_EQ(Failure(), "");
   const std::string first = ReadFile(folder_.Image());
-  folder_.Add("a.txt", "text");  // written again: its time is another
+  folder_.Add("a.txt", "text");  // written again, so that its time changes
   ASSERT_EQ(Failure(), "");
   EXPECT_TRUE(ReadFile(folder_.Image()) == first);
 }

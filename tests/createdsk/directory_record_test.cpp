@@ -1,4 +1,4 @@
-// The directory entry's bytes.
+// Tests of directory entries, byte by byte.
 #include "tools/createdsk/directory_record.h"
 
 #include <gtest/gtest.h>

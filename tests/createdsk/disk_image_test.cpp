@@ -1,4 +1,4 @@
-// Filling disks: where the bytes go, what fits, and what a base keeps.
+// Tests of filling disks: the place of every byte, what fits, and what of a base image stays.
 #include "tools/createdsk/disk_image.h"
 
 #include <gmock/gmock.h>
@@ -33,7 +33,7 @@ std::string FailureOf(const DiskFormat& format, const Files& files) {
   return Fill(ProfileOf(files), files, image).failure;
 }
 
-// What a base of such files becomes when `files` are added.
+// Makes a base image from `base_files` and returns it after `files` were added.
 Image Extended(const Files& base_files, const Files& files) {
   Image image = DiskOf(Format144(), base_files);
   Profile profile = ProfileOf(files);
@@ -108,7 +108,7 @@ Files EmptyFiles(int count, const std::string& folder = "") {
 }
 
 TEST(DiskImage, WithAFullRootFolder_TakesNoMoreFiles) {
-  EXPECT_EQ(FailureOf(Format144(), EmptyFiles(223)), "");  // and the label
+  EXPECT_EQ(FailureOf(Format144(), EmptyFiles(223)), "");  // the label takes the last of the 224 entries
   EXPECT_THAT(FailureOf(Format144(), EmptyFiles(224)), AllOf(HasSubstr("224 entries"), HasSubstr("F223")));
   EXPECT_EQ(FailureOf(Format288(), EmptyFiles(239)), "");
   EXPECT_THAT(FailureOf(Format288(), EmptyFiles(240)), HasSubstr("240 entries"));
@@ -170,7 +170,7 @@ TEST(DiskImage, OnABase_KeepsBootSectorAndOtherFiles) {
   Profile profile = ProfileOf({{"NEW", ""}});
   profile.base = "base.img";
   profile.label.reset();
-  base[62] = 0xF4;  // a base with code of its own
+  base[62] = 0xF4;  // stands for boot code of the base
   const std::string sector = Text(base, 0, 512);
   Image image = base;
   ASSERT_TRUE(Fill(profile, {{"NEW", "new"}}, image).ok());
@@ -208,7 +208,7 @@ TEST(DiskImage, OnABaseOfAnOldSystem_LeavesTheCodeWhereTheLabelWouldBe) {
 TEST(DiskImage, OnABaseWithBootSectorOfTheProfile_KeepsTheLayoutOfTheBase) {
   Image image = DiskOf(Format144(), {});
   image[21] = 0xF0;
-  image[24] = 21;  // a layout of its own
+  image[24] = 21;  // a layout that differs from the format's
   Profile profile = ProfileOf({});
   profile.base = "base.img";
   profile.label.reset();

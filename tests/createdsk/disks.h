@@ -1,4 +1,4 @@
-// Floppy images made in memory for the tests of CreateDsk.
+// Makes floppy images in memory for the tests of CreateDsk.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,7 @@ inline const tools::DiskFormat& Format288() { return tools::kDiskFormats[1]; }
 
 using Files = std::vector<std::pair<std::string, std::string>>;  // name on the disk, content
 
-// A profile of such files with the label TESTDISK.
+// A profile with these files and the label TESTDISK.
 inline tools::Profile ProfileOf(const Files& files) {
   std::string text = "[Disk]\nImage=test.img\nLabel=TESTDISK\n[Files]\n";
   for (const auto& [name, content] : files) text += name + "=" + name + "\n";
@@ -44,7 +44,7 @@ inline tools::Image DiskOf(const tools::DiskFormat& format, const Files& files) 
   return image;
 }
 
-// Content that differs from byte to byte and from sector to sector.
+// A content in which neighbouring bytes and sectors differ.
 inline std::string Pattern(std::size_t size) {
   std::string text(size, '\0');
   for (std::size_t i = 0; i < size; ++i) text[i] = static_cast<char>((i * 7 + i / 512 * 13) & 0xFF);

@@ -1,4 +1,4 @@
-// FAT12 entries and chains.
+// Tests of FAT12 entries and cluster chains.
 #include "tools/createdsk/fat_table.h"
 
 #include <gmock/gmock.h>

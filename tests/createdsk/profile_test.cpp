@@ -1,4 +1,4 @@
-// Reading disk.ini.
+// Tests of reading disk.ini.
 #include "tools/createdsk/profile.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// A temporary program folder with disk profiles, and the tools that look at floppy images.
+// A temporary program folder with a disk profile: add files to the profile, make the image, read it with mtools.
 #pragma once
 
 #include <filesystem>
@@ -26,7 +26,7 @@ inline void WriteFile(const std::filesystem::path& path, const std::string& cont
   std::ofstream(path, std::ios::binary) << content;
 }
 
-// Made anew for each test and removed with it. Its name has blanks and umlauts, as users' folders do.
+// Made by the constructor, removed by the destructor. Its name has blanks and umlauts, because users' folders do.
 class ProgramFolder {
  public:
   ProgramFolder() {
@@ -42,12 +42,12 @@ class ProgramFolder {
   ProgramFolder& operator=(const ProgramFolder&) = delete;
 
   const std::filesystem::path& path() const { return path_; }
-  std::string Text() const { return host::testing::TextOf(path_); }  // of the folder's path
+  std::string Text() const { return host::testing::TextOf(path_); }  // the path of the folder
   std::filesystem::path Disks() const { return path_ / "files" / "disks"; }
   std::filesystem::path Profile() const { return Disks() / "mine"; }
   std::filesystem::path Image() const { return path_ / "mine.img"; }
 
-  // Writes a file of the profile "mine"; its disk.ini with an image "mine.img" and the label MINE.
+  // Both write into the profile "mine". Its disk.ini names the image "mine.img" and the label MINE.
   void Add(const std::string& name, const std::string& content) const {
     WriteFile(Profile() / host::testing::PathOf(name), content);
   }
@@ -55,7 +55,7 @@ class ProgramFolder {
     Add("disk.ini", "[Disk]\r\nImage=mine.img\r\nLabel=MINE\r\n" + more);
   }
 
-  // What stands in the program folder itself.
+  // The names in the program folder.
   std::vector<std::string> Names() const {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(path_))
@@ -63,12 +63,12 @@ class ProgramFolder {
     return names;
   }
 
-  // Runs a line of the shell in a folder that is not the program's.
+  // Runs a command line of the shell in another folder than the program's.
   ShellEnd Run(const std::string& command) const {
     return RunShell("PATH=$PATH:/usr/sbin:/sbin; export PATH; cd " + ShellPath(top_) + " && { " + command + "; }");
   }
 
-  // The content of a file on the image, read by mtools.
+  // The content of a file in the image, read with mtools.
   std::string OnDisk(const std::string& name) const {
     const std::filesystem::path copy = top_ / "copy";
     std::filesystem::remove(copy);

@@ -1,4 +1,4 @@
-// 8.3 names and volume labels.
+// Tests of 8.3 names and volume labels.
 #include "tools/createdsk/short_name.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// Reading a volume's layout from its boot sector.
+// Tests of reading a volume's layout from its boot sector.
 #include "tools/createdsk/volume_layout.h"
 
 #include <gmock/gmock.h>

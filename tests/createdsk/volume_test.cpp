@@ -1,4 +1,4 @@
-// Reading volumes, sound and damaged.
+// Tests of reading sound and damaged volumes.
 #include "tools/createdsk/volume.h"
 
 #include <gmock/gmock.h>
@@ -25,8 +25,9 @@ constexpr std::size_t kRecord = kRecordBytes;
 constexpr std::size_t kStart = 26;  // DIR_FstClusLO
 constexpr std::size_t kSize = 28;   // DIR_FileSize
 
-// Record 0 of the root is the label, 1 A.BIN in clusters 2 to 4, 2 the folder SUB in cluster 6, which has the empty
-// file E and B.BIN in cluster 5.
+// A volume with three records in its root: 0 is the label, 1 is A.BIN in clusters 2 to 4, 2 is the folder SUB in
+// cluster
+// 6. SUB contains the empty file E and B.BIN in cluster 5.
 Image SoundDisk() {
   return DiskOf(Format144(), {{"A.BIN", Pattern(1400)}, {"SUB\\E", ""}, {"SUB\\B.BIN", Pattern(9)}});
 }
@@ -123,7 +124,7 @@ TEST(Volume, WithAFolderWithoutClusters_IsDamaged) {
 
 TEST(Volume, WithRubbishBehindTheEndOfAFolder_ReadsItAsZero) {
   Image image = SoundDisk();
-  image[kRoot + 4 * kRecord] = 'X';  // record 3 is the end
+  image[kRoot + 4 * kRecord] = 'X';  // after record 3, which ends the folder
   Volume volume;
   ASSERT_TRUE(ReadVolume(image, volume).ok());
   EXPECT_EQ(KindOf(volume.root.records[4]), RecordKind::kEnd);
@@ -151,11 +152,11 @@ TEST(Volume, With33NestedFolders_LiesTooDeep) {
   EXPECT_THAT(FailureOf(DiskOf(Format144(), {{NestedFolders(33), "x"}})), HasSubstr("too deep"));
 }
 
-// Damages a few bytes of boot sector, FATs, folders and files, in both FAT copies alike so that it gets past their
-// comparison.
+// Changes a few bytes anywhere in the image. Both copies of the FAT get the same change, because a difference between
+// them would be refused before anything else is read.
 void Damage(Image& image, std::mt19937& random) {
   for (std::uint32_t count = random() % 4 + 1; count > 0; --count) {
-    const bool in_start = random() % 2 == 0;  // boot sector and first FAT entries, or anywhere
+    const bool in_start = random() % 2 == 0;  // half of the changes hit the boot sector and the first FAT entries
     const std::size_t offset = random() % (in_start ? kFat + 100 : image.size());
     const auto value = static_cast<std::uint8_t>(random());
     image[offset] = value;
@@ -164,7 +165,7 @@ void Damage(Image& image, std::mt19937& random) {
 }
 
 TEST(Volume, DamagedInTwoThousandWays_IsRefusedOrStillFilled) {
-  constexpr DiskFormat kSmall = {"", 90, 1, 32, 18};  // so that most of the image is structure
+  constexpr DiskFormat kSmall = {"", 90, 1, 32, 18};  // small, so that most bytes belong to a structure
   testing::Files files = {{"A.BIN", Pattern(5000)}, {"SUB\\DEEP\\B.BIN", Pattern(600)}, {"SUB\\C", ""}};
   for (int i = 0; i < 24; ++i) files.emplace_back("SUB\\F" + std::to_string(i), "x");
   const Image sound = DiskOf(kSmall, files);
@@ -172,7 +173,7 @@ TEST(Volume, DamagedInTwoThousandWays_IsRefusedOrStillFilled) {
   Profile profile = testing::ProfileOf(added);
   profile.base = "base.img";
 
-  std::mt19937 random(20000101);  // always the same bytes
+  std::mt19937 random(20000101);  // a fixed seed: every run makes the same changes
   int filled = 0;
   for (int round = 0; round < 2000; ++round) {
     Image image = sound;

@@ -1,4 +1,4 @@
-// The functions of host/console.h on a console that is only kept in memory.
+// The functions of host/console.h, on the FakeConsole of the running test.
 #include "tests/desktop/fake_console.h"
 
 #include <stdexcept>

@@ -1,4 +1,4 @@
-// The console of the host for tests: what is printed is kept, and nobody sleeps.
+// A console of the host in memory: keeps what is printed, and returns from every wait at once.
 #pragma once
 
 #include <functional>
@@ -7,7 +7,7 @@
 
 namespace discwright::testing {
 
-// Construct one at the start of each test.
+// Construct one at the start of each test. It replaces the functions of host/console.h until it is destroyed.
 class FakeConsole {
  public:
   FakeConsole();
@@ -15,15 +15,15 @@ class FakeConsole {
   FakeConsole(const FakeConsole&) = delete;
   FakeConsole& operator=(const FakeConsole&) = delete;
 
-  std::string error;  // on standard error; "<erased>" where the rest of a line was
+  std::string error;  // standard error; "<erased>" stands for EraseRestOfLine()
   std::string output;
-  std::vector<int> sleeps;         // the milliseconds of each
-  std::function<void()> on_sleep;  // what happens meanwhile
+  std::vector<int> sleeps;         // milliseconds of each wait
+  std::function<void()> on_sleep;  // called during each wait
   int wake_ups = 0;
   int interrupts = 0;
   int width = 80;
 
-  // What was printed on standard error since the last call.
+  // Returns what was printed on standard error since the last call.
   std::string TakeError();
 };
 

@@ -1,4 +1,4 @@
-// Pages and dialogs as text.
+// Tests of the pages and dialogs as text.
 #include "desktop/console/page_text.h"
 
 #include <gmock/gmock.h>
@@ -131,7 +131,7 @@ TEST_F(PageTexts, AllPages_AreEachPageAfterTheOtherWithABlankLineBetween) {
       all, ::testing::EndsWith("\n\n" + PageText(windows, "FrmWin2KInfo") + "\n" + PageText(windows, "FrmWin9xInfo")));
 }
 
-// Headings and frames stand there as titles; the side picture and the file dialogs are on no page.
+// Headings and frames are titles in the text. The side picture and the file dialogs are on no page.
 TEST_F(PageTexts, EveryControl_StandsThereOnce) {
   const std::string all = PageText(windows, "");
   for (forms::Form* form : windows.All()) {

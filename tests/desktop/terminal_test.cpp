@@ -1,4 +1,4 @@
-// The live line and the lines above it, and when they are drawn.
+// Tests of the live line and of the lines above it.
 #include "desktop/console/terminal.h"
 
 #include <gmock/gmock.h>
@@ -21,9 +21,9 @@ constexpr auto kInterval = std::chrono::milliseconds(50);
 
 class Terminals : public ::testing::Test {
  protected:
-  enum class Kind { kLive, kFile, kQuiet };
-  Terminal& Open(Kind kind) {
-    terminal_ = std::make_unique<Terminal>(main, kind != Kind::kFile, kind == Kind::kQuiet);
+  using Progress = Terminal::Progress;
+  Terminal& Open(Progress progress) {
+    terminal_ = std::make_unique<Terminal>(main, progress);
     return *terminal_;
   }
   void ShowProgress(const std::string& text, int percent) {
@@ -42,7 +42,7 @@ class Terminals : public ::testing::Test {
 };
 
 TEST_F(Terminals, SeveralChanges_AreDrawnTogether) {
-  Terminal& terminal = Open(Kind::kLive);
+  Terminal& terminal = Open(Progress::kLiveLine);
   ShowProgress("first.txt", 10);
   ShowProgress("second.txt", 20);
   EXPECT_EQ(console.TakeError(), "");
@@ -53,7 +53,7 @@ TEST_F(Terminals, SeveralChanges_AreDrawnTogether) {
 }
 
 TEST_F(Terminals, StepThatRuns_StandsBeforeWhatItDoes) {
-  Terminal& terminal = Open(Kind::kLive);
+  Terminal& terminal = Open(Progress::kLiveLine);
   main.LblMsg4.bold = true;
   ShowProgress("a.txt", 50);
   terminal.Update(Terminal::Pace::kAtOnce);
@@ -65,7 +65,7 @@ TEST_F(Terminals, StepThatRuns_StandsBeforeWhatItDoes) {
 }
 
 TEST_F(Terminals, RangeOfTheBar_IsShownInPercent) {
-  Terminal& terminal = Open(Kind::kLive);
+  Terminal& terminal = Open(Progress::kLiveLine);
   ShowProgress("large.bin", 0);
   main.BarSub_Step.min = 4'000'000'000;
   main.BarSub_Step.max = 12'000'000'000;
@@ -78,7 +78,7 @@ TEST_F(Terminals, RangeOfTheBar_IsShownInPercent) {
 }
 
 TEST_F(Terminals, LineAboveTheLiveLine_IsPrintedAfterItsLastState) {
-  Terminal& terminal = Open(Kind::kLive);
+  Terminal& terminal = Open(Progress::kLiveLine);
   ShowProgress("first.txt", 10);
   terminal.Update(Terminal::Pace::kAtOnce);
   ShowProgress("last.txt", 99);
@@ -93,7 +93,7 @@ TEST_F(Terminals, LineAboveTheLiveLine_IsPrintedAfterItsLastState) {
 }
 
 TEST_F(Terminals, LiveLineRemovedAtTheEnd_HasShownItsLastState) {
-  Terminal& terminal = Open(Kind::kLive);
+  Terminal& terminal = Open(Progress::kLiveLine);
   ShowProgress("last.txt", 99);
   terminal.ClearLiveLine();
   EXPECT_EQ(console.TakeError(), Drawn("99%  last.txt") + Removed());
@@ -101,9 +101,9 @@ TEST_F(Terminals, LiveLineRemovedAtTheEnd_HasShownItsLastState) {
   EXPECT_EQ(console.TakeError(), "");
 }
 
-// Said only of a machine that was fast enough to try it.
+// A machine that needs longer than the interval between two drawings cannot make this test fail.
 TEST_F(Terminals, LimitedPace_LeavesTimeBetweenTwoDrawings) {
-  Terminal& terminal = Open(Kind::kLive);
+  Terminal& terminal = Open(Progress::kLiveLine);
   bool tried = false;
   for (int attempt = 0; attempt < 100 && !tried; ++attempt) {
     ShowProgress("first " + std::to_string(attempt), 10);
@@ -124,7 +124,7 @@ TEST_F(Terminals, LimitedPace_LeavesTimeBetweenTwoDrawings) {
 }
 
 TEST_F(Terminals, RepaintedRecord_IsDrawn) {
-  Open(Kind::kLive);
+  Open(Progress::kLiveLine);
   main.LblSub_Step.caption = "Cleaning";
   EXPECT_EQ(console.TakeError(), "");
   main.LblSub_Step.Refresh();
@@ -132,7 +132,7 @@ TEST_F(Terminals, RepaintedRecord_IsDrawn) {
 }
 
 TEST_F(Terminals, LongLine_IsCutBeforeTheLastColumnAndNeverInsideACharacter) {
-  Terminal& terminal = Open(Kind::kLive);
+  Terminal& terminal = Open(Progress::kLiveLine);
   console.width = 11;
   main.LblSub_Step.caption =
       "\xC3\xBC\xC3\xBC"
@@ -144,7 +144,7 @@ TEST_F(Terminals, LongLine_IsCutBeforeTheLastColumnAndNeverInsideACharacter) {
 }
 
 TEST_F(Terminals, ControlCharacters_AreNotSentToTheTerminal) {
-  Terminal& terminal = Open(Kind::kLive);
+  Terminal& terminal = Open(Progress::kLiveLine);
   main.LblSub_Step.caption = "a\x1b[2J\x07\x7F\tz";
   terminal.Update(Terminal::Pace::kAtOnce);
   EXPECT_EQ(console.TakeError(), Drawn("a?[2J???z"));
@@ -153,13 +153,13 @@ TEST_F(Terminals, ControlCharacters_AreNotSentToTheTerminal) {
 }
 
 TEST_F(Terminals, TextOfSeveralLines_IsPrintedLineByLine) {
-  Terminal& terminal = Open(Kind::kFile);
+  Terminal& terminal = Open(Progress::kLinePerStep);
   terminal.PrintLine("one\r\ntwo\n\nthree");
   EXPECT_EQ(console.TakeError(), "one\ntwo\n\nthree\n");
 }
 
 TEST_F(Terminals, StepOnATerminal_IsALineWhenItIsDone) {
-  Open(Kind::kLive);
+  Open(Progress::kLiveLine);
   main.LblMsg1.bold = true;
   main.LblMsg1.bold = false;
   EXPECT_EQ(console.TakeError(), "");
@@ -172,7 +172,7 @@ TEST_F(Terminals, StepOnATerminal_IsALineWhenItIsDone) {
 }
 
 TEST_F(Terminals, StepInAFile_IsALineWhenItBegins) {
-  Terminal& terminal = Open(Kind::kFile);
+  Terminal& terminal = Open(Progress::kLinePerStep);
   main.LblMsg5.bold = true;
   ShowProgress("a.txt", 10);
   main.LblSub_Step.Refresh();
@@ -184,7 +184,7 @@ TEST_F(Terminals, StepInAFile_IsALineWhenItBegins) {
 }
 
 TEST_F(Terminals, Quiet_ShowsLinesAndNoProgress) {
-  Terminal& terminal = Open(Kind::kQuiet);
+  Terminal& terminal = Open(Progress::kNone);
   main.LblMsg1.bold = true;
   ShowProgress("a.txt", 10);
   main.LblSub_Step.Refresh();
@@ -198,7 +198,7 @@ TEST_F(Terminals, Quiet_ShowsLinesAndNoProgress) {
 }
 
 TEST_F(Terminals, ProgramThatGoesToSleep_DrawsAtOnceBefore) {
-  Terminal& terminal = Open(Kind::kLive);
+  Terminal& terminal = Open(Progress::kLiveLine);
   ConsoleUser user(terminal, [](int) {});
   ShowProgress("first.txt", 10);
   terminal.Update(Terminal::Pace::kAtOnce);
@@ -213,7 +213,7 @@ TEST_F(Terminals, ProgramThatGoesToSleep_DrawsAtOnceBefore) {
 
 TEST_F(Terminals, EachCtrlC_IsToldOnce) {
   std::vector<int> counts;
-  ConsoleUser user(Open(Kind::kLive), [&](int count) { counts.push_back(count); });
+  ConsoleUser user(Open(Progress::kLiveLine), [&](int count) { counts.push_back(count); });
   user.DoEvents(0);
   EXPECT_THAT(counts, IsEmpty());
   console.interrupts = 2;
@@ -228,7 +228,7 @@ TEST_F(Terminals, EachCtrlC_IsToldOnce) {
 }
 
 TEST_F(Terminals, MessageBox_IsItsTitleItsTextAndWhatItIsAbout) {
-  ConsoleUser user(Open(Kind::kFile), [](int) {});
+  ConsoleUser user(Open(Progress::kLinePerStep), [](int) {});
   host::Message box{"It is wrong !\r\nChoose again", "Error"};
   user.ShowMessage(box);
   EXPECT_EQ(console.TakeError(), "Error: It is wrong !\nChoose again\n");

@@ -1,4 +1,5 @@
-// A folder to link in, and what a run of the duplicate file linker says about it.
+// The fixture for tests of dfl: write files into a temporary folder, call Run(), look at the links and the printed
+// lines.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -10,25 +11,26 @@
 #include <string_view>
 #include <vector>
 
-#include "host/links.h"
+#include "host/hard_links.h"
+#include "host/system.h"
 #include "tests/host/temp_folder.h"
 #include "tools/dfl/dfl.h"
 
 namespace discwright::tools::dfl::testing {
 
-// Calls a function each time a line is sent off, so that a test can change the disk in the middle of a run.
+// An output that calls `flushed` each time it is flushed, so that a test can change the disk in the middle of a run.
 class WatchedOutput : public std::stringbuf {
  public:
-  std::function<void(const std::string& text)> sent;
+  std::function<void(const std::string& text)> flushed;
 
  protected:
   int sync() override {
-    if (sent) sent(str());
+    if (flushed) flushed(str());
     return 0;
   }
 };
 
-// What the system says about a file that is not there.
+// The system's sentence for a missing file.
 inline std::string Missing() {
   std::string content;
   return host::ReadWholeFile(host::testing::TempFolder().Core("missing"), content).cause;
@@ -45,15 +47,15 @@ class DflTest : public ::testing::Test {
   bool AreLinked(std::string_view a, std::string_view b) const {
     return std::filesystem::equivalent(folder_.Path(a), folder_.Path(b));
   }
-  // The path of a file of the folder as messages show it.
+  // The path of a file in the folder, as messages show it.
   std::string Shown(std::string_view name) const { return host::PathToNative(folder_.Core(name)); }
-  // By the shared facts: the C++ library of Windows counts one link always.
+  // Asks the host, because the C++ library of Windows always counts one link.
   std::uint64_t LinksOf(std::string_view name) const {
     const auto facts = host::FactsOf(folder_.Core(name));
     return facts ? facts->links : 0;
   }
 
-  // Runs on the folder; the exit code.
+  // Runs dfl on the folder and returns its exit code.
   int Run() {
     std::ostream output(&output_);
     std::ostringstream errors;
@@ -68,9 +70,9 @@ class DflTest : public ::testing::Test {
     return text.substr(text.rfind('\n', text.size() - 2) + 1);
   }
 
-  // Does something once, when the line that starts a step has been printed.
+  // Calls `action` once, when `line`, which begins a step of the run, has been printed.
   void AtLine(std::string_view line, const std::function<void()>& action) {
-    output_.sent = [line = std::string(line), action, done = false](const std::string& text) mutable {
+    output_.flushed = [line = std::string(line), action, done = false](const std::string& text) mutable {
       if (done || text.find(line) == text.npos) return;
       done = true;
       action();

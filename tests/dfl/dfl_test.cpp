@@ -1,4 +1,4 @@
-// The duplicate file linker as a whole: what a run does to a folder and what it prints.
+// Tests of whole runs: what they change in a folder and what they print.
 #include "tools/dfl/dfl.h"
 
 #include <ctime>

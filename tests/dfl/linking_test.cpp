@@ -1,4 +1,4 @@
-// What stands in the way of linking: other volumes, limits, a changing disk, a crash.
+// Tests of linking when it fails: link limits, file systems without links, files that change, an interrupted run.
 #include "tools/dfl/linking.h"
 
 #include "tests/dfl/dfl_fixture.h"
@@ -18,7 +18,7 @@ class LinkingTest : public DflTest {
  protected:
   LinkingTest() { machine_.processors = 1; }
 
-  // Makes the links of a run fail as on a file system where a file has at most `most` names.
+  // Makes links fail as on a file system where a file can have at most `most` names.
   void LimitLinks(std::uint64_t most) {
     machine_.calls.make_link = [most](std::string_view existing, std::string_view fresh) {
       if (host::FactsOf(existing)->links < most) return host::MakeHardLink(existing, fresh);
@@ -30,7 +30,7 @@ class LinkingTest : public DflTest {
       return LinkAnswer{end, Status::Failure(error, cause)};
     };
   }
-  // Does something just before the first link is made.
+  // Calls a function just before the first link is made.
   void BeforeFirstLink(const std::function<void()>& action) {
     machine_.calls.make_link = [action, done = std::make_shared<std::once_flag>()](std::string_view existing,
                                                                                    std::string_view fresh) {
@@ -84,7 +84,7 @@ TEST_F(LinkingTest, LinkThatFails_IsNamedAndTheRestGoesOn) {
   EXPECT_TRUE(AreLinked("a", "c"));
 }
 
-// The monitor takes the system's sentence for the end of the image, which is still to be made.
+// The monitor would take the system's sentence for a full disk as a failure of the mastering, which comes later.
 TEST_F(LinkingTest, FullDisk_IsNotSaidInTheSystemsWords) {
   Write("a", "content");
   Write("b", "content");
@@ -93,7 +93,7 @@ TEST_F(LinkingTest, FullDisk_IsNotSaidInTheSystemsWords) {
   EXPECT_EQ(errors_, "dfl: " + Shown("b") + " cannot be linked: the disk is full\n");
 }
 
-TEST_F(LinkingTest, ReplacementThatFails_LeavesTheFileAndNoPassingName) {
+TEST_F(LinkingTest, ReplacementThatFails_LeavesTheFileAndNoTemporaryName) {
   Write("a", "content");
   Write("b", "content");
   machine_.calls.replace = [](std::string_view, std::string_view) {
@@ -105,7 +105,7 @@ TEST_F(LinkingTest, ReplacementThatFails_LeavesTheFileAndNoPassingName) {
   EXPECT_FALSE(AreLinked("a", "b"));
 }
 
-TEST_F(LinkingTest, TakenPassingName_IsPassedOver) {
+TEST_F(LinkingTest, TakenTemporaryName_IsSkipped) {
   Write("a", "content");
   Write("b", "content");
   folder_.MakeFolder(".dfl-link-0");
@@ -117,14 +117,14 @@ TEST_F(LinkingTest, TakenPassingName_IsPassedOver) {
 TEST_F(LinkingTest, KillInTheMiddleOfTheReplacement_LosesNothingAndTheNextRunCleansUp) {
   Write("a", "content");
   MakeLink("a", "b");
-  Write(".dfl-link-7", "content");  // what was b, under the name that was to be removed
+  Write(".dfl-link-7", "content");  // the link that replaces b, under its temporary name
   EXPECT_EQ(Run(), kExitDone) << errors_;
   EXPECT_THAT(folder_.Names(), ElementsAre("a", "b"));
   EXPECT_TRUE(AreLinked("a", "b"));
   EXPECT_EQ(folder_.Read("a"), "content");
 }
 
-TEST_F(LinkingTest, NamesThatOnlyLookLikePassingOnes_Stay) {
+TEST_F(LinkingTest, NamesThatResembleTemporaryOnes_Stay) {
   const std::vector<std::string> names = {".dfl-link-", ".dfl-link-1x", ".dfl-link-2", "dfl-link-3"};
   Write(names[0], "content");
   MakeLink(names[0], names[1]);

@@ -134,7 +134,7 @@ TEST_F(Causes, PlaceOfTheImage) {
     EXPECT_FALSE(fs::exists(program / "vexacd"));
   };
   refused({"--set", "TxtISOLoc="}, "The field is empty: enter the path of the image.",
-          "Use -o FILE.iso to say where.\n");
+          "Use -o FILE.iso to name the image file.\n");
   refused({"--set", "TxtISOLoc=~/cd.iso"}, "~/cd.iso begins with \"~\", which is not expanded: write the whole path.");
   refused({"-o", At("empty")}, At("empty") + " is a folder: add the name of the image.");
   refused({"-o", At("empty") + "/"}, At("empty") + " is a folder: add the name of the image.");

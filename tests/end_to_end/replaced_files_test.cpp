@@ -22,7 +22,7 @@ class ReplacedFiles : public BuildTest {
   }
   void ExpectHoldsSomethingElse(const fs::path& file) const {
     ExpectRefused(Output(file), file.string() +
-                                    " holds something else, and would be lost: choose another name, or add --force to "
+                                    " is a file of another kind: choose another name, or add --force to "
                                     "replace it");
   }
   // With --force, too. `shown`: the file's name as the disk has it.
@@ -127,7 +127,7 @@ TEST_F(ReplacedFiles, AnswersGivenInARefusedRun_AreNotKeptForTheNext) {
   ExpectRefused(
       Join(Output(place / "notes.txt"), {"--set", "ChkWin9xInfo_MSBatch=1", "--set", "FrmWin9xInfo.TxtOwner=Ann"}),
       (place / "notes.txt").string() +
-          " holds something else, and would be lost: choose another name, or add "
+          " is a file of another kind: choose another name, or add "
           "--force to replace it");
   EXPECT_FALSE(fs::exists(program / "keyfile2.txt"));
 }

@@ -117,7 +117,7 @@ TEST_F(Sessions, KeptOverAnOlderSession_ReplacesItUnasked) {
 TEST_F(Sessions, KeptOverAForeignFile_IsRefusedAndWithForceDone) {
   WriteFile(kept, "dear diary");
   ExpectRefused(Keep(kept), kept.string() +
-                                " holds something else, and would be lost: choose another name, or add "
+                                " is a file of another kind: choose another name, or add "
                                 "--force to replace it");
   EXPECT_EQ(ReadFile(kept), "dear diary");
   ASSERT_EQ(Build(Join(Keep(kept), {"--force"})).exit_code, 0);
@@ -138,14 +138,14 @@ TEST_F(Sessions, KeptOverAFileThatTheRunNeeds_IsRefusedWithForceToo) {
 }
 
 TEST_F(Sessions, KeptAtThePlaceOfTheImage_IsRefusedHoweverBothAreWritten) {
-  const std::string why = image.string() + " is the place of the image: choose another name for the session";
+  const std::string why = image.string() + " is the name of the image: choose another name for the session";
   for (const auto& force : {std::vector<std::string>{}, {"--force"}}) ExpectRefused(Join(Keep(image), force), why);
   ExpectRefused(Keep(place / "RESCUE.ISO"),
-                (place / "RESCUE.ISO").string() + " is the place of the image: choose another name for the session");
+                (place / "RESCUE.ISO").string() + " is the name of the image: choose another name for the session");
   fs::create_symlink(place.path(), place / "link");
   ExpectRefused(
       Keep(place / "link" / "rescue.iso"),
-      (place / "link" / "rescue.iso").string() + " is the place of the image: choose another name for the session");
+      (place / "link" / "rescue.iso").string() + " is the name of the image: choose another name for the session");
   const Outcome relative =
       program.Build(Join(Keep("rescue.iso"), {"--set", "TxtISOLoc=rescue.iso"}), {.working_folder = place.path()});
   EXPECT_EQ(relative.exit_code, 2);
@@ -165,7 +165,7 @@ TEST_F(Sessions, FolderThatIsMissingOrAFolderItself_IsToldAndNothingIsBuilt) {
     const Outcome outcome = Build(Keep(file));
     EXPECT_EQ(outcome.exit_code, 1);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.err, file.string() + ": the choices could not be kept: " + cause + "\n");
+    EXPECT_EQ(outcome.err, file.string() + ": the choices could not be saved: " + cause + "\n");
     EXPECT_TRUE(NoImageAt(image));
     EXPECT_FALSE(fs::exists(program / "vexacd"));
   }
@@ -181,7 +181,7 @@ TEST_F(Sessions, FullOrReadOnlyDisk_IsToldAndTheOldChoicesStay) {
   const auto expect_lost_nothing = [&](const std::string& cause) {
     const Outcome outcome = Build(Keep(kept));
     EXPECT_EQ(outcome.exit_code, 1);
-    EXPECT_EQ(outcome.err, kept.string() + ": the choices could not be kept: " + cause + "\n");
+    EXPECT_EQ(outcome.err, kept.string() + ": the choices could not be saved: " + cause + "\n");
     EXPECT_EQ(ReadFile(kept), "[Main]\r\nCleanSession = 1\r\n");
     EXPECT_THAT(PartsOf(kept), IsEmpty());
     EXPECT_TRUE(NoImageAt(image));
@@ -211,8 +211,8 @@ TEST_F(Sessions, ServicePack_IsToldToBeMissingFromKeptChoices) {
       Keep(kept), {"--quiet", "--set", "ChkGet_Win2k=1", "--set", "Txt_i386_Loc=" + (place / "xp" / "I386").string(),
                    "--set", "ChkSlipstream=1", "--set", "TxtSP_exe=" + (place / "pack.exe").string()}));
   EXPECT_THAT(LinesWith(outcome.err, "remark: "),
-              ::testing::ElementsAre("remark: A session file does not keep ChkSlipstream: add --set ChkSlipstream=1 to "
-                                     "its next use."));
+              ::testing::ElementsAre("remark: A session file cannot hold ChkSlipstream: add --set ChkSlipstream=1 when "
+                                     "you use it."));
   EXPECT_THAT(ReadFile(kept), HasSubstr("SP_exe         = \"" + (place / "pack.exe").string() + "\"\r\n"));
 }
 

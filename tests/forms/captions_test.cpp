@@ -1,4 +1,4 @@
-// Every control of the windows and the text that it starts with, written out once more: a slip in a record fails here.
+// Tests of every control and its first text. The texts stand here a second time, so that a slip in a record fails.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -21,7 +21,7 @@ constexpr const char* kWin9x = "FrmWin9xInfo";
 struct TextRow {
   const char* window;
   const char* control;
-  const char* text;  // of a text box what it holds, of every other control its caption
+  const char* text;  // the value of a text box, the caption of every other control
 };
 
 constexpr TextRow kTexts[] = {
@@ -150,7 +150,7 @@ constexpr TextRow kTexts[] = {
     {kWin9x, "CmdCancel", "Cancel"},
 };
 
-// Controls with a text that the program or the user fills in later.
+// Controls whose first text is empty: the program or the user fills them in later.
 constexpr std::pair<const char*, const char*> kStartEmpty[] = {
     {kMain, "FraMain"},      {kMain, "Txt_i386_Loc"}, {kMain, "FraSP_Loc"},       {kMain, "FraHotfix"},
     {kMain, "TxtWin9x_Loc"}, {kMain, "TxtERDC"},      {kMain, "TxtBCon"},         {kMain, "FraUtils"},
@@ -173,7 +173,7 @@ enum class Kind {
   kPicture
 };
 
-constexpr int kNoPage = -1;  // it stands on the window itself
+constexpr int kNoPage = -1;  // the control is on the window itself
 
 struct KindRow {
   const char* window;
@@ -182,7 +182,7 @@ struct KindRow {
   int page = kNoPage;
 };
 
-// The controls whose names other parts of the program, its settings file and its users' scripts rely on.
+// The controls whose names are used by other parts of the program, by session files and by users' scripts.
 constexpr KindRow kNamedControls[] = {
     {kMain, "PicSideImage", Kind::kPicture},
     {kMain, "CmdHelp", Kind::kCommandButton},
@@ -310,14 +310,14 @@ const std::type_info& TypeOf(Kind kind) {
   return typeid(void);
 }
 
-// The page that a control stands on, whatever frames are between.
+// The page that contains the control, directly or in a frame.
 int PageOf(const Control& control) {
   const Control* place = &control;
   while (place->container() != nullptr && place->index() < 0) place = place->container();
   return place->index();
 }
 
-// Null for a control that shows no text of its own.
+// The text of a control; null for a control without one.
 const std::string* TextOf(const Control& control) {
   if (const auto* captioned = dynamic_cast<const Captioned*>(&control)) return &captioned->caption.get();
   if (const auto* box = dynamic_cast<const TextBox*>(&control)) return &box->text.get();
@@ -326,7 +326,7 @@ const std::string* TextOf(const Control& control) {
 
 class CaptionsTest : public ::testing::Test {
  protected:
-  // Exactly as it is spelled; null when there is none.
+  // The control with exactly this name, in this letter case; null when there is none.
   Control* Find(std::string_view window, std::string_view name) {
     for (Form* form : windows_.All()) {
       Control* const control = form->name() == window ? form->Find(name) : nullptr;
@@ -435,7 +435,7 @@ TEST_F(CaptionsTest, FileDialogs_StartWithTheirTexts) {
   EXPECT_EQ(script.title, "Unattended setup information file");
   EXPECT_EQ(script.file_name, "unattend.txt");
   EXPECT_EQ(script.filter, "Text file (*.txt; *.sif)|*.txt; *.sif");
-  // Two buttons share this one: each sets it for itself.
+  // Two buttons share this file dialog. Each of them sets the title when it is pressed.
   const FileDialog& shared = windows_.main.DlgOpen;
   EXPECT_EQ(shared.title + shared.file_name + shared.filter, "");
 }

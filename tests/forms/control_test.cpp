@@ -1,4 +1,4 @@
-// Records tell their listeners; windows find their controls.
+// Tests of controls, their listeners, and finding and setting them by name.
 #include "forms/control.h"
 
 #include <gmock/gmock.h>
@@ -11,7 +11,7 @@
 namespace discwright::forms {
 namespace {
 
-// What a listener has heard, as "Control facet by".
+// Records the calls of a listener as texts "Control facet by".
 class Heard {
  public:
   Listener Hear() {
@@ -201,7 +201,7 @@ TEST(Dialogs, AtStart_HaveTheirDefaults) {
   EXPECT_FALSE(windows.win2k_info.visible);
 }
 
-// The control of that name gets the value; what is wrong with it otherwise.
+// Assigns a value to the control with this name. Returns the sentence of a failure.
 std::string Assigned(Windows& windows, std::string_view name, std::string_view value) {
   const std::vector<Control*> found = FindControls(windows, name);
   return found.size() == 1 ? Assign(*found[0], value) : std::to_string(found.size()) + " controls";

@@ -1,4 +1,4 @@
-// What a user can do to the records, and what is out of a user's reach.
+// Tests of what a user can do to a control, and of controls that cannot be used.
 #include "forms/user_actions.h"
 
 #include <gtest/gtest.h>
@@ -55,7 +55,7 @@ TEST_F(UserActions, FrameOrFormDisabled_PutsItsControlsOutOfReach) {
   EXPECT_FALSE(CanBeUsed(main.Txt_i386_Loc));
 }
 
-// Which page is in view is the wizard's affair; --controls and the rules ask about pages that are not.
+// The page that is shown does not matter, because --controls and the rules also ask about hidden pages.
 TEST_F(UserActions, PageNotInView_LeavesItsControlsUsable) { EXPECT_TRUE(CanBeUsed(main.ChkGet_Win2k)); }
 
 TEST_F(UserActions, Toggle_ChecksAndClearsInTheUsersName) {

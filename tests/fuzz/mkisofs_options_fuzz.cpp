@@ -35,7 +35,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
   }
   Options options;
-  if (!discwright::tools::mkisofs::ParseOptions(words, options).empty()) return 0;
+  if (!discwright::tools::mkisofs::ParseOptions(words, options).ok()) return 0;
   Require(!options.output.empty() && !options.tree.empty());
   Require(options.volume_id.size() <= discwright::tools::mkisofs::kVolumeIdSize);
   for (const std::string* text : {&options.preparer, &options.publisher, &options.application_id})

@@ -6,12 +6,14 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "host/processes.h"
 #include "host/threads.h"
+#include "tests/host/child_program.h"
 #include "tests/host/temp_folder.h"
 #include "tests/host/waiting.h"
 
@@ -63,6 +65,12 @@ class Launching : public ::testing::Test {
     return launcher;
   }
 
+  // A batch file `name` in the test's folder; its command line.
+  std::string BatchFile(const std::vector<std::string>& lines, const std::string& name = "script.bat") const {
+    folder_.Write(name, BatchFileBytes(lines));
+    return folder_.Core(name);
+  }
+
   ProcessEnd RunToEnd(Launcher& launcher, const std::string& command_line) {
     const Status status = launcher.Start(command_line);
     EXPECT_TRUE(status.ok()) << status.cause;
@@ -89,6 +97,17 @@ class Launching : public ::testing::Test {
     std::string output;
     for (const std::string& piece : pieces_) output += piece;
     return output;
+  }
+
+  // Without the line ends, which differ between systems, and blanks before these.
+  std::vector<std::string> OutputLines() const {
+    std::vector<std::string> lines;
+    std::istringstream output(Output());
+    for (std::string line; std::getline(output, line);) {
+      line.erase(line.find_last_not_of(" \r") + 1);
+      lines.push_back(line);
+    }
+    return lines;
   }
 
   TempFolder folder_;

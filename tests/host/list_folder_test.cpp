@@ -12,7 +12,7 @@ using testing::TempFolder;
 
 std::vector<std::string> NamesOf(const Listing& listing) {
   std::vector<std::string> names;
-  for (const Entry& entry : listing.entries) names.push_back(entry.name);
+  for (const Entry& entry : listing.value) names.push_back(entry.name);
   return names;
 }
 
@@ -30,12 +30,12 @@ TEST(ListFolder, FilesAndFolders_HaveKindAndSize) {
   folder.MakeFolder("folder");
   const Listing listing = ListFolder(folder.Core(), "*");
   ASSERT_TRUE(listing.status.ok());
-  ASSERT_EQ(listing.entries.size(), 2u);
-  EXPECT_EQ(listing.entries[0].kind, EntryKind::kFile);
-  EXPECT_EQ(listing.entries[0].size, 5);
-  EXPECT_EQ(listing.entries[1].kind, EntryKind::kFolder);
-  EXPECT_EQ(listing.entries[1].size, 0);
-  EXPECT_FALSE(listing.entries[0].is_link || listing.entries[1].is_link);
+  ASSERT_EQ(listing.value.size(), 2u);
+  EXPECT_EQ(listing.value[0].kind, EntryKind::kFile);
+  EXPECT_EQ(listing.value[0].size, 5);
+  EXPECT_EQ(listing.value[1].kind, EntryKind::kFolder);
+  EXPECT_EQ(listing.value[1].size, 0);
+  EXPECT_FALSE(listing.value[0].is_link || listing.value[1].is_link);
 }
 
 TEST(ListFolder, Pattern_IsMatchedInAnyCase) {
@@ -56,7 +56,7 @@ TEST(ListFolder, EmptyFolder_IsAnEmptySuccess) {
   const TempFolder folder;
   const Listing listing = ListFolder(folder.Core(), "*.*");
   EXPECT_TRUE(listing.status.ok());
-  EXPECT_TRUE(listing.entries.empty());
+  EXPECT_TRUE(listing.value.empty());
 }
 
 TEST(ListFolder, MissingFolderOrFile_IsNotFound) {

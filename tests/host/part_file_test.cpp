@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include "host/system.h"
 #include "host/threads.h"
 #include "tests/host/temp_folder.h"
 
@@ -18,10 +19,9 @@ std::span<const std::uint8_t> Bytes(std::string_view text) {
 }
 
 std::unique_ptr<PartFile> Create(const TempFolder& folder, const std::string& name = "file") {
-  Status status;
-  auto file = CreatePartFile(folder.Core(name), 0, status);
-  EXPECT_TRUE(status.ok()) << status.cause;
-  return file;
+  auto file = CreatePartFile(folder.Core(name), 0);
+  EXPECT_TRUE(file.ok()) << file.status.cause;
+  return std::move(file.value);
 }
 
 TEST(PartFileTest, Committed_HasItsNameAndContent) {
@@ -56,12 +56,11 @@ TEST(PartFileTest, Committed_ReplacesAnEarlierFile) {
 
 TEST(PartFileTest, PartsInAnyOrder_MakeTheWholeFile) {
   const TempFolder folder;
-  Status status;
-  const auto file = CreatePartFile(folder.Core("file"), 10, status);
-  ASSERT_NE(file, nullptr);
-  EXPECT_TRUE(file->WriteAt(5, Bytes("56789")).ok());
-  EXPECT_TRUE(file->WriteAt(0, Bytes("01234")).ok());
-  EXPECT_EQ(file->Commit().cause, "");
+  const auto file = CreatePartFile(folder.Core("file"), 10);
+  ASSERT_TRUE(file.ok()) << file.status.cause;
+  EXPECT_TRUE(file.value->WriteAt(5, Bytes("56789")).ok());
+  EXPECT_TRUE(file.value->WriteAt(0, Bytes("01234")).ok());
+  EXPECT_EQ(file.value->Commit().cause, "");
   EXPECT_EQ(folder.Read("file"), "0123456789");
 }
 
@@ -111,20 +110,15 @@ TEST(PartFileTest, EarlierRunBehindAFinishedOne_DoesNotTouchItsFile) {
 TEST(PartFileTest, FolderWithItsName_IsAFailure) {
   const TempFolder folder;
   folder.MakeFolder("folder");
-  Status status;
-  EXPECT_EQ(CreatePartFile(folder.Core("folder"), 0, status), nullptr);
-  EXPECT_EQ(status.error, ErrorClass::kWrongKind);
+  EXPECT_EQ(CreatePartFile(folder.Core("folder"), 0).status.error, ErrorClass::kWrongKind);
   EXPECT_THAT(folder.Names(), ElementsAre("folder"));
 }
 
 TEST(PartFileTest, PlaceThatCannotHoldIt_IsAFailure) {
   const TempFolder folder;
   folder.MakeFolder("taken.part");
-  Status status;
-  EXPECT_EQ(CreatePartFile(folder.Core("missing\\file"), 0, status), nullptr);
-  EXPECT_EQ(status.error, ErrorClass::kNotFound);
-  EXPECT_EQ(CreatePartFile(folder.Core("taken"), 0, status), nullptr);
-  EXPECT_FALSE(status.ok());
+  EXPECT_EQ(CreatePartFile(folder.Core("missing\\file"), 0).status.error, ErrorClass::kNotFound);
+  EXPECT_FALSE(CreatePartFile(folder.Core("taken"), 0).ok());
 }
 
 TEST(PartFileTest, FullDisk_IsToldAndLeavesNothing) {
@@ -141,19 +135,16 @@ TEST(PartFileTest, FullDisk_IsToldAndLeavesNothing) {
 TEST(PartFileTest, RoomThatTheDiskDoesNotHave_IsToldAtOnce) {
   const SmallDisk disk;
   if (!disk.mounted()) GTEST_SKIP() << "mounting is not permitted";
-  Status status;
-  EXPECT_EQ(CreatePartFile(disk.folder().Core("file"), 2000000, status), nullptr);
-  EXPECT_EQ(status.error, ErrorClass::kDiskFull);
+  EXPECT_EQ(CreatePartFile(disk.folder().Core("file"), 2000000).status.error, ErrorClass::kDiskFull);
   EXPECT_THAT(disk.folder().Names(), ElementsAre());
 }
 
 TEST(PartFileTest, RoomSetAside_IsNotPartOfTheFile) {
   const TempFolder folder;
-  Status status;
-  const auto file = CreatePartFile(folder.Core("file"), 1000000, status);
-  ASSERT_NE(file, nullptr);
-  EXPECT_TRUE(file->WriteAt(0, Bytes("short")).ok());
-  EXPECT_EQ(file->Commit().cause, "");
+  const auto file = CreatePartFile(folder.Core("file"), 1000000);
+  ASSERT_TRUE(file.ok()) << file.status.cause;
+  EXPECT_TRUE(file.value->WriteAt(0, Bytes("short")).ok());
+  EXPECT_EQ(file.value->Commit().cause, "");
   EXPECT_EQ(folder.Read("file"), "short");
 }
 

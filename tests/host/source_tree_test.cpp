@@ -6,6 +6,7 @@
 #include <chrono>
 #include <map>
 
+#include "host/system.h"
 #include "tests/host/temp_folder.h"
 
 namespace discwright::host {
@@ -31,10 +32,9 @@ std::map<std::string, Seen> List(SourceTree& tree, const std::string& path = "")
 class SourceTreeTest : public ::testing::Test {
  protected:
   std::unique_ptr<SourceTree> Open() {
-    Status status;
-    auto tree = OpenSourceTree(folder.Core(), status);
-    EXPECT_TRUE(status.ok()) << status.cause;
-    return tree;
+    auto tree = OpenSourceTree(folder.Core());
+    EXPECT_TRUE(tree.ok()) << tree.status.cause;
+    return std::move(tree.value);
   }
   TempFolder folder;
 };
@@ -99,16 +99,15 @@ TEST_F(SourceTreeTest, Look_TellsOfTheRootAndOfEntries) {
 TEST_F(SourceTreeTest, Files_AreReadToTheirEnd) {
   folder.Write("sub/file", BytesOfSize(100));
   const auto tree = Open();
-  Status status;
-  const auto file = tree->Open("sub/file", status);
-  ASSERT_NE(file, nullptr);
+  const auto file = tree->Open("sub/file");
+  ASSERT_TRUE(file.ok()) << file.status.cause;
   std::vector<std::uint8_t> bytes(64);
-  std::size_t count = 0;
   std::string content;
   for (const std::size_t expected : {64u, 36u, 0u}) {
-    ASSERT_TRUE(file->Read(bytes, count).ok());
-    EXPECT_EQ(count, expected);
-    content.append(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(count));
+    const Result<std::size_t> count = file.value->Read(bytes);
+    ASSERT_TRUE(count.ok());
+    EXPECT_EQ(count.value, expected);
+    content.append(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(count.value));
   }
   EXPECT_EQ(content, BytesOfSize(100));
 }
@@ -116,24 +115,19 @@ TEST_F(SourceTreeTest, Files_AreReadToTheirEnd) {
 TEST_F(SourceTreeTest, WhatIsNotThere_IsAFailure) {
   folder.Write("file", "");
   const auto tree = Open();
-  Status status;
-  EXPECT_EQ(tree->Open("missing", status), nullptr);
-  EXPECT_EQ(status.error, ErrorClass::kNotFound);
+  EXPECT_EQ(tree->Open("missing").status.error, ErrorClass::kNotFound);
   EXPECT_FALSE(tree->List("missing", [](const TreeEntry&) {}).ok());
   EXPECT_FALSE(tree->List("file", [](const TreeEntry&) {}).ok());
-  EXPECT_EQ(OpenSourceTree(folder.Core("missing"), status), nullptr);
-  EXPECT_EQ(status.error, ErrorClass::kNotFound);
-  EXPECT_EQ(OpenSourceTree(folder.Core("file"), status), nullptr);
+  EXPECT_EQ(OpenSourceTree(folder.Core("missing")).status.error, ErrorClass::kNotFound);
+  EXPECT_FALSE(OpenSourceTree(folder.Core("file")).ok());
 }
 
 TEST_F(SourceTreeTest, FolderReadAsAFile_IsAFailure) {
   folder.MakeFolder("sub");
   const auto tree = Open();
-  Status status;
-  const auto file = tree->Open("sub", status);
+  const auto file = tree->Open("sub");
   std::vector<std::uint8_t> bytes(10);
-  std::size_t count = 0;
-  EXPECT_TRUE(file == nullptr || !file->Read(bytes, count).ok());
+  EXPECT_TRUE(!file.ok() || !file.value->Read(bytes).ok());
 }
 
 }  // namespace

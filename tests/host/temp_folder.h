@@ -19,7 +19,7 @@
 #include <vector>
 
 #include "host/files.h"
-#include "host/system.h"
+#include "host/names.h"
 
 namespace discwright::host::testing {
 

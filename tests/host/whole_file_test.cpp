@@ -18,23 +18,22 @@ TEST(ReadWholeFile, EmptySmallAndLargeFiles_AreReadWhole) {
   const TempFolder folder;
   for (const std::size_t size : {0u, 1u, 4096u, 3000001u}) {
     folder.Write("file", BytesOfSize(size));
-    std::string content = "before";
-    EXPECT_TRUE(ReadWholeFile(folder.Core("FILE"), content).ok());
-    EXPECT_EQ(content, BytesOfSize(size));
+    const Result<std::string> content = ReadWholeFile(folder.Core("FILE"));
+    EXPECT_TRUE(content.ok());
+    EXPECT_EQ(content.value, BytesOfSize(size));
   }
 }
 
 TEST(ReadWholeFile, Folder_IsOfTheWrongKind) {
   const TempFolder folder;
-  std::string content = "before";
-  EXPECT_EQ(ReadWholeFile(folder.Core(), content).error, ErrorClass::kWrongKind);
-  EXPECT_EQ(content, "");
+  const Result<std::string> content = ReadWholeFile(folder.Core());
+  EXPECT_EQ(content.status.error, ErrorClass::kWrongKind);
+  EXPECT_EQ(content.value, "");
 }
 
 TEST(ReadWholeFile, MissingFile_IsNotFound) {
   const TempFolder folder;
-  std::string content;
-  EXPECT_EQ(ReadWholeFile(folder.Core("missing"), content).error, ErrorClass::kNotFound);
+  EXPECT_EQ(ReadWholeFile(folder.Core("missing")).status.error, ErrorClass::kNotFound);
 }
 
 TEST(WriteWholeFile, NewFile_HasTheContentAndNothingElseIsLeft) {

@@ -105,7 +105,9 @@ TEST_F(AddAdvToolsTest, LoaderThatNamesItsFolderInUpperCaseOnly_StaysForBlueConA
   Add(false, true);
   EXPECT_EQ(OnCd("OOBC\\SETUPLDR.BIN"), "loader of I386");
   EXPECT_THAT(user.messages, IsEmpty());
-  EXPECT_THAT(Notes(), HasSubstr("SETUPLDR.BIN"));
+  EXPECT_EQ(Notes(),
+            "C:\\Discwright\\advtemp\\I386\\SETUPLDR.BIN: was not given the new name of its folder: on the CD O&O "
+            "BlueCon may find the files of Windows Setup instead\n");
 }
 
 TEST_F(AddAdvToolsTest, FileNamedLikeOneOfTheCd_OverwritesItWithoutAQuestion) {
@@ -214,7 +216,10 @@ TEST_F(AddAdvToolsTest, MissingBootSector_IsNotedAndThePatchDoesNothing) {
   EXPECT_EQ(OnCd("boot\\images\\erdc.bin"), "<missing>");
   EXPECT_EQ(OnCd("ERDC\\SETUPLDR.BIN"), "loader of erdc and erdc");
   EXPECT_THAT(user.messages, IsEmpty());
-  EXPECT_THAT(Notes(), HasSubstr("erdc.bin"));
+  EXPECT_EQ(Notes(),
+            "C:\\Discwright\\files\\bootsect\\erdc.bin: is missing, and what it starts cannot be started from the CD\n"
+            "C:\\Discwright\\vexacd\\boot\\images\\erdc.bin: is missing, and ERD Commander cannot be started from the "
+            "CD\n");
 }
 
 TEST_F(AddAdvToolsTest, MissingLoader_IsNotedAndTheStepGoesOn) {
@@ -222,7 +227,9 @@ TEST_F(AddAdvToolsTest, MissingLoader_IsNotedAndTheStepGoesOn) {
   Add(true, false);
   EXPECT_EQ(OnCd("ERDC\\TXTSETUP.SIF"), "path = \\erdc, \\I386");
   EXPECT_THAT(user.messages, IsEmpty());
-  EXPECT_THAT(Notes(), HasSubstr("SETUPLDR.BIN"));
+  EXPECT_EQ(Notes(),
+            "C:\\Discwright\\advtemp\\I386\\SETUPLDR.BIN: is missing, and ERD Commander cannot be started "
+            "from the CD\n");
   EXPECT_EQ(cancelled, 0);
 }
 
@@ -234,7 +241,10 @@ TEST_F(AddAdvToolsTest, LoaderThatCannotBePatched_ShowsThePatchersBoxAndTheStepG
   EXPECT_EQ(OnCd("OOBC\\SETUPLDR.BIN"), "i386 at the end: i3");
   EXPECT_EQ(OnCd("OOBC\\TXTSETUP.SIF"), "path = \\oobc, \\I386");
   EXPECT_EQ(cancelled, 0);
-  EXPECT_FALSE(notes.all().empty());
+  EXPECT_EQ(
+      Notes(),
+      "C:\\Discwright\\advtemp\\I386\\SETUPLDR.BIN: could not be patched: the place to patch reaches past the end "
+      "of the file\n");
 }
 
 TEST_F(AddAdvToolsTest, ToolOfTwoGigabytes_EndsWithTheTextOfWindows2000AndLeavesTheStagingFolder) {

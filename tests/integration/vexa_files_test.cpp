@@ -96,7 +96,7 @@ TEST_F(AddVexaFilesTest, UtilitiesFolderCannotBeMade_IsAFatalErrorWithItsCauseNo
   ExpectFatalError("Vexa Utilities");
   ASSERT_EQ(notes.all().size(), 1U);
   EXPECT_EQ(notes.all()[0].place, "C:\\Discwright\\vexacd\\vexa");
-  EXPECT_THAT(notes.all()[0].cause, ::testing::HasSubstr("No space left on device"));
+  EXPECT_EQ(notes.all()[0].cause, "could not be created: No space left on device");
   EXPECT_EQ(OnCd("music\\song.mid"), "<missing>");
 }
 

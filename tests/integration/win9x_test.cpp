@@ -119,6 +119,7 @@ TEST_F(AddWin9xTest, FolderThatCannotBeMade_IsAFatalError) {
   host.AddFile("C:\\Discwright\\vexacd\\WINSETUP", "a file");
   Add();
   ExpectFatalError("Windows 98/Me installation");
+  EXPECT_EQ(Notes(), "C:\\Discwright\\vexacd\\WINSETUP: could not be created: File exists\n");
 }
 
 TEST_F(AddWin9xTest, SourceOfTwoGigabytes_IsAFatalError) {

@@ -1,4 +1,4 @@
-// Boot record and boot catalogue byte by byte.
+// Tests of the boot record and the boot catalogue, byte by byte.
 #include "tools/mkisofs/boot_catalogue.h"
 
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ TEST(BootRecord, NamesTheSpecificationAndTheCatalogue) {
 }
 
 TEST(BootCatalogue, HasAValidationAndADefaultEntry) {
-  // 0001 + "Ab" 6241 + key AA55 sum up to 0C97; F369 makes that 10000.
+  // 0001 + "Ab" 6241 + key AA55 = 0C97 in 16 bits; the checksum F369 makes the sum 0.
   EXPECT_EQ(Hex(BytesOf(MakeBootCatalogue("Ab", 4, 0x15))),
             "01000000"
             "4162" +

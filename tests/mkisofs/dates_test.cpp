@@ -1,4 +1,4 @@
-// Recorded dates.
+// Tests of the date fields.
 #include "tools/mkisofs/dates.h"
 
 #include <gmock/gmock.h>

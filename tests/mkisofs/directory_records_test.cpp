@@ -1,4 +1,4 @@
-// Directory records byte by byte, and what happens at the borders of sectors.
+// Tests of directories: their records byte by byte, and records at the border of a sector.
 #include "tools/mkisofs/directory_records.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ std::vector<std::uint8_t> Directory(const Tree& tree, FolderIndex folder = 0, Ti
   return bytes;
 }
 
-// A root whose files have names of these lengths.
+// A root folder with one file for each length of a name.
 Tree TreeWithNames(std::initializer_list<std::size_t> lengths) {
   TreeBuilder builder;
   builder.Open(0);
@@ -119,7 +119,7 @@ TEST(Directory, HiddenNames_AreNotInIt) {
   EXPECT_EQ(bytes[kSelfAndParent + 34], 0);
 }
 
-// 68 + 8 x 240 + 60 = 2048.
+// The root and its parent take 68 bytes, eight records 240 each, the last one 60: together exactly 2048.
 TEST(Directory, RecordThatEndsAtTheBorder_StaysInTheSector) {
   const auto bytes = Directory(TreeWithNames({207, 207, 207, 207, 207, 207, 207, 207, 27}));
   EXPECT_EQ(bytes.size(), kSectorSize);

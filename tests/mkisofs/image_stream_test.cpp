@@ -1,4 +1,4 @@
-// The image as a stream.
+// Tests of the stream that writes an image.
 #include "tools/mkisofs/image_stream.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@
 namespace discwright::tools::mkisofs {
 namespace {
 
-// Keeps what is written; fails from a given byte on.
+// A file in memory that is full after `room` bytes.
 class MemoryFile : public host::PartFile {
  public:
   explicit MemoryFile(std::size_t room = SIZE_MAX) : room_(room) {}

@@ -51,7 +51,7 @@ struct DirectoryRecord {
 };
 
 struct OpenFolder {
-  std::size_t entry;  // in IsoImage::entries
+  std::size_t entry;  // its index in IsoImage::entries
   std::uint32_t parent_extent, parent_size;
 };
 
@@ -75,7 +75,7 @@ class Reader {
     return right;
   }
 
-  // Empty when it is not within the image.
+  // The bytes from a sector on; empty, with a problem, when they reach past the end of the image.
   Bytes At(std::uint64_t sector, std::uint64_t size, const std::string& what) {
     const bool inside = sector * kSector <= bytes_.size() && size <= bytes_.size() - sector * kSector;
     Check(inside, what + " reaches past the end of the image");
@@ -188,7 +188,7 @@ class Reader {
     image_.boot = boot;
   }
 
-  // Walks level by level, as the path tables do.
+  // Reads the directories level by level, which is the order of the path tables.
   void ReadDirectories() {
     const IsoEntry root = image_.entries.front();
     std::deque<OpenFolder> open = {{0, root.extent, root.size}};
@@ -253,7 +253,7 @@ class Reader {
     image_.entries.push_back(std::move(entry));
   }
 
-  // The record at `at`, which moves behind it.
+  // Reads the record at `at` and moves `at` past it.
   std::optional<DirectoryRecord> ReadRecord(Bytes bytes, std::size_t& at) {
     const std::size_t length = bytes[at];
     const std::size_t left = std::min<std::size_t>(bytes.size() - at, kSector - at % kSector);
@@ -288,7 +288,7 @@ class Reader {
       return;
     for (std::size_t i = 0; i < little.size(); ++i) {
       const std::string name = i == 0 ? std::string(1, '\0') : path_records_[i].name;
-      // Folders are met level by level and in order, which is what the tables' order is defined by.
+      // ReadDirectories() has met the folders in the order that the standard defines for path tables.
       Check(little[i].name == name && little[i].extent == path_records_[i].extent,
             "path table record " + std::to_string(i + 1) + " is not the folder that it should be");
       CheckParent(little, i);
@@ -299,7 +299,7 @@ class Reader {
     const std::size_t parent = table[i].parent;
     const std::string which = "path table record " + std::to_string(i + 1);
     if (!Check(parent >= 1 && parent <= (i == 0 ? 1 : i), which + " stands before its parent")) return;
-    // Its own directory names the parent's extent in its second record.
+    // The second record of a directory holds the extent of its parent.
     const Bytes own = At(table[i].extent, kSector, which);
     if (own.size() < kSector) return;
     const std::size_t second = own[0];
@@ -327,7 +327,7 @@ class Reader {
     extents_.push_back({start, sectors, owner});
   }
 
-  // Nothing overlaps, except names of one file, which share the whole.
+  // No two extents may overlap. Hard links of one file share the whole extent.
   void CheckExtents() {
     std::sort(extents_.begin(), extents_.end(), [](const Extent& a, const Extent& b) {
       return a.start != b.start ? a.start < b.start : a.sectors < b.sectors;

@@ -1,4 +1,5 @@
-// A strict reader of the images that mkisofs makes: reads them, and objects to everything that the standards forbid.
+// A strict reader of the images that mkisofs makes: ReadIso() returns their content, and a problem for everything that
+// ECMA-119, ISO 9660:1999 and El Torito forbid.
 #pragma once
 
 #include <array>
@@ -11,7 +12,7 @@
 namespace discwright::testing {
 
 struct IsoEntry {
-  std::string path;  // "/" between names; "" is the root
+  std::string path;  // "/" between names; the path of the root is ""
   bool is_folder = false;
   std::uint32_t extent = 0;  // sector
   std::uint32_t size = 0;    // bytes
@@ -32,12 +33,12 @@ struct IsoImage {
   std::uint32_t path_table_l = 0, path_table_m = 0;  // sectors
   std::optional<IsoBoot> boot;
   std::vector<IsoEntry> entries;      // the root first; a folder's entries in their order on the disc
-  std::vector<std::string> problems;  // what is wrong with the image; reading goes on as far as it makes sense
+  std::vector<std::string> problems;  // a sentence for each error of the image; reading goes on after most of them
 
   const IsoEntry* Find(const std::string& path) const;
 };
 
-// Never reads outside `bytes` and ends for every input, in time linear in its size.
+// Never reads outside `bytes`. Takes time that is linear in the size of any input.
 IsoImage ReadIso(std::span<const std::uint8_t> bytes);
 
 }  // namespace discwright::testing

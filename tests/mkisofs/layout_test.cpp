@@ -1,4 +1,4 @@
-// Where everything is placed.
+// Tests of the sizing pass.
 #include "tools/mkisofs/layout.h"
 
 #include <gmock/gmock.h>
@@ -9,13 +9,12 @@ namespace discwright::tools::mkisofs {
 namespace {
 
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 using testing::TreeBuilder;
 
 Layout Placed(Tree& tree, std::optional<NodeIndex> boot_image = std::nullopt) {
   Layout layout;
   layout.boot_image = boot_image;
-  EXPECT_THAT(PlaceEverything(tree, layout), IsEmpty());
+  EXPECT_EQ(PlaceEverything(tree, layout).failure, "");
   return layout;
 }
 
@@ -96,7 +95,7 @@ TEST(Layout, MoreSectorsThanAVolumeHas_AreRefused) {
   // 2048 files of 4 GiB are 2^32 sectors.
   for (int i = 0; i < 2048; ++i) builder.AddFile("f" + std::to_string(i), 0xFFFFFFFF);
   Layout layout;
-  EXPECT_THAT(PlaceEverything(builder.tree, layout), HasSubstr("larger than an image can be"));
+  EXPECT_THAT(PlaceEverything(builder.tree, layout).failure, HasSubstr("larger than an image can be"));
 }
 
 }  // namespace

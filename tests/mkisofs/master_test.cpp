@@ -1,4 +1,4 @@
-// Whole runs on real folders, with the images read back by a strict reader of our own.
+// Tests of whole runs on real folders. A strict reader of our own reads the images.
 #include <chrono>
 #include <set>
 
@@ -73,7 +73,7 @@ TEST_F(MasterTree, FilesAroundTheSectorSize_AreStoredWhole) {
   for (const std::size_t size : sizes) EXPECT_EQ(Content(iso.Find(std::to_string(size))), BytesOfSize(size)) << size;
 }
 
-// The buffers between reading and writing change over inside or right behind files of every alignment.
+// With so many sizes, buffers become full inside a file, at its end and in the padding after it.
 TEST_F(MasterTree, ManyFilesOfManySizes_AreStoredWhole) {
   for (std::size_t i = 0; i < 400; ++i) folder.Write("tree/" + std::to_string(i), BytesOfSize(i * 37 % 9000));
   const IsoImage iso = MasteredImage();
@@ -218,7 +218,7 @@ TEST_F(MasterTree, StoppedByTheUser_LeavesNoImage) {
   ExpectNoImage();
 }
 
-// The question whether to stop is asked after each file, which is the moment to change another one.
+// `stopped` is called after each file, so a test can change the next file there.
 TEST_F(MasterTree, FileThatShrinksOrGrowsMeanwhile_IsAnErrorThatNamesIt) {
   folder.Write("tree/a", "first");
   for (const std::size_t size : {99u, 101u, 4096u, 262144u, 0u}) {
@@ -232,7 +232,7 @@ TEST_F(MasterTree, FileThatShrinksOrGrowsMeanwhile_IsAnErrorThatNamesIt) {
 
 TEST_F(MasterTree, FileThatGrowsPastAFullBuffer_IsAnError) {
   folder.Write("tree/a", "first");
-  // The system area, three descriptors, path tables, root and "a" are 23 sectors.
+  // The system area, three descriptors, two path tables, the root directory and "a" take 23 sectors.
   const std::size_t rest_of_buffer = 262144 - 23 * 2048;
   folder.Write("tree/b", BytesOfSize(rest_of_buffer));
   EXPECT_EQ(Content(MasteredImage().Find("b")), BytesOfSize(rest_of_buffer));
@@ -287,7 +287,7 @@ TEST_F(MasterTree, SourceDate_MakesTreesOfEqualContentEqualImages) {
   const IsoImage iso = MasteredImage({"-b", "loader.bin", "-no-emul-boot"});
   const std::string first = image;
   EXPECT_THAT(iso.Find("a")->recorded, ElementsAre(101, 9, 9, 1, 46, 40, 0));
-  // Other inodes, another order in the folders, other times after the source date.
+  // The second tree has other inodes, another order in its folders, and other times after the source date.
   std::filesystem::rename(folder.Path("tree"), folder.Path("old"));
   for (auto name = names.rbegin(); name != names.rend(); ++name) folder.Write("tree/" + *name, *name);
   MasteredImage({"-no-emul-boot", "-b", "loader.bin"});
@@ -321,6 +321,21 @@ TEST_F(MasterTree, Progress_IsShownForLargeImagesAlone) {
   EXPECT_EQ(number[0], ' ');
   EXPECT_EQ(number[3], '.');
   EXPECT_THAT(messages, Not(HasSubstr("100")));
+}
+
+#ifdef _WIN32  // Wine searches the whole folder for each new name
+constexpr int kSiblings = 300;
+#else
+constexpr int kSiblings = 3000;
+#endif
+
+TEST_F(MasterTree, ManySiblingFolders_AreAllStored) {
+  for (int i = 0; i < kSiblings; ++i) folder.MakeFolder("tree/folder" + std::to_string(i) + "/below");
+  const std::string last = "folder" + std::to_string(kSiblings - 1) + "/below/file";
+  folder.Write("tree/" + last, "x");
+  const IsoImage iso = MasteredImage();
+  EXPECT_EQ(iso.entries.size(), 1u + 2u * kSiblings + 1u);
+  EXPECT_EQ(Content(iso.Find(last)), "x");
 }
 
 }  // namespace

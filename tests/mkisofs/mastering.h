@@ -1,4 +1,4 @@
-// A folder with a tree to master, and the image that comes of it.
+// The fixture for tests of whole runs: write files below "tree", call Master() or MasteredImage(), look at the image.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -20,7 +20,7 @@ class Mastering : public ::testing::Test {
  protected:
   Mastering() { folder.MakeFolder("tree"); }
 
-  // Everything that the product's script passes, except for the file and the tree.
+  // The options of the build's mastering script, without -output and the tree.
   static std::vector<std::string> ScriptWords() {
     return {"-volid",          "VEXA_RESCUE",   "-preparer",       "Brennick",   "-publisher",
             "KORVANE LTD",     "-appid",        "Vexa CD Creator", "-iso-level", "4",
@@ -37,7 +37,7 @@ class Mastering : public ::testing::Test {
     return result;
   }
 
-  // Masters and reads the image, which must be free of problems.
+  // Masters the tree and reads the image; expects that the strict reader finds no problem.
   IsoImage MasteredImage(const std::vector<std::string>& words = {"-follow-links", "-cache-inodes"}) {
     EXPECT_EQ(Master(words), 0) << messages;
     image = folder.Read("image.iso");
@@ -46,7 +46,7 @@ class Mastering : public ::testing::Test {
     return iso;
   }
 
-  // The bytes of a file of the last image.
+  // The bytes of a file in the last image.
   std::string Content(const IsoEntry* entry) const {
     return entry == nullptr ? "<missing>" : image.substr(std::size_t{entry->extent} * 2048, entry->size);
   }
@@ -57,7 +57,7 @@ class Mastering : public ::testing::Test {
     return paths;
   }
 
-  // Nothing of the image is there, finished or not.
+  // Expects that neither an image nor a part of one was left.
   void ExpectNoImage() const { EXPECT_THAT(folder.Names(), ::testing::ElementsAre("tree")); }
 
   host::testing::TempFolder folder;

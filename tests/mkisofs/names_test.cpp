@@ -1,4 +1,4 @@
-// Rules for names.
+// Tests of the rules for names.
 #include "tools/mkisofs/names.h"
 
 #include <gmock/gmock.h>

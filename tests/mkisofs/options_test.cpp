@@ -1,4 +1,4 @@
-// The command line of mkisofs.
+// Tests of the command line.
 #include "tools/mkisofs/options.h"
 
 #include <gmock/gmock.h>
@@ -15,13 +15,13 @@ using Words = std::vector<std::string>;
 
 Options Parsed(const Words& words) {
   Options options;
-  EXPECT_THAT(ParseOptions(words, options), IsEmpty());
+  EXPECT_EQ(ParseOptions(words, options).failure, "");
   return options;
 }
 
 std::string Problem(const Words& words) {
   Options options;
-  return ParseOptions(words, options);
+  return ParseOptions(words, options).failure;
 }
 
 Words With(Words words) {
@@ -44,7 +44,7 @@ void ExpectScriptOptions(const Options& options) {
   EXPECT_EQ(options.tree, "vexacd");
 }
 
-// Every option with its value, and the tree.
+// The words of the build's mastering script, each option together with its value.
 const std::vector<Words> kScriptParts = {{"-volid", "VEXA_RESCUE"},
                                          {"-preparer", "Brennick"},
                                          {"-publisher", "KORVANE LTD"},
@@ -107,7 +107,7 @@ TEST(Options, PathsBelowTheTree_LoseEmptyAndSelfParts) {
 
 struct Wrong {
   Words words;
-  std::string problem;  // part of the sentence
+  std::string problem;  // a part of the expected sentence
 };
 
 class WrongOptions : public ::testing::TestWithParam<Wrong> {};
@@ -123,7 +123,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Wrong{With({"-joliet"}), "unknown option -joliet"}, Wrong{With({"-"}), "unknown option -"},
                       Wrong{With({"--volid", "X"}), "unknown option --volid"},
                       Wrong{{"tree", "-output"}, "-output needs a value"},
-                      Wrong{With({"-iso-level", "3"}), "-iso-level: only level 4 is made, not 3"},
+                      Wrong{With({"-iso-level", "3"}), "-iso-level: only level 4 is supported, not 3"},
                       Wrong{With({"-V", std::string(33, 'v')}), "-V: the text is longer than 32 bytes"},
                       Wrong{With({"-p", std::string(129, 'p')}), "-p: the text is longer than 128 bytes"},
                       Wrong{With({"-publisher", std::string(129, 'p')}), "longer than 128 bytes"},
@@ -133,9 +133,9 @@ INSTANTIATE_TEST_SUITE_P(
                       Wrong{With({"-boot-load-size", "4x"}), "not a number from 1 to 65535"},
                       Wrong{With({"-boot-load-size", ""}), "not a number from 1 to 65535"},
                       Wrong{With({"-b", "b.bin"}), "needs -no-emul-boot"},
-                      Wrong{With({"-no-emul-boot"}), "without -eltorito-boot"},
-                      Wrong{With({"-c", "b.cat"}), "without -eltorito-boot"},
-                      Wrong{With({"-boot-load-size", "4"}), "without -eltorito-boot"},
+                      Wrong{With({"-no-emul-boot"}), "need -eltorito-boot"},
+                      Wrong{With({"-c", "b.cat"}), "need -eltorito-boot"},
+                      Wrong{With({"-boot-load-size", "4"}), "need -eltorito-boot"},
                       Wrong{With({"-b", "../b.bin", "-no-emul-boot"}), "the path leads out of the tree"},
                       Wrong{With({"-b", "/", "-no-emul-boot"}), "the path names no file"}));
 

@@ -1,4 +1,4 @@
-// Path table records byte by byte.
+// Tests of the path tables, byte by byte.
 #include "tools/mkisofs/path_tables.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@ namespace {
 using testing::Hex;
 using testing::TreeBuilder;
 
-// The root with "AB" and "abc", and "x" in the latter.
+// The root contains the folders "AB" and "abc"; "abc" contains the folder "x".
 Tree ThreeFolders() {
   TreeBuilder builder;
   builder.Open(0);

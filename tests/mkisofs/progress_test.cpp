@@ -1,4 +1,4 @@
-// What the program says while it works.
+// Tests of the progress lines.
 #include "tools/mkisofs/progress.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The real program, and its images read by programs that are not ours.
+// Runs the real program and reads its images with other programs: bsdtar, xorriso, 7z, isoinfo and the kernel.
 #include <map>
 
 #include "tests/mkisofs/mastering.h"
@@ -35,16 +35,16 @@ class Readers : public Mastering {
     ASSERT_EQ(Run(Command(words)), 0) << Said();
   }
   std::string Iso() const { return folder.Native("image.iso"); }
-  // The same for a reader.
+  // The path of the image as a word for the shell.
   std::string IsoWord() const { return ShellPath(folder.Path("image.iso")); }
   std::string Word(const std::string& name) const { return ShellPath(folder.Path(name)); }
 
-  // Short, so that what differs can be read.
+  // Stands for the content of a file, so that the message of a failed comparison stays short.
   static std::string Digest(const std::string& content) {
     return std::to_string(content.size()) + " bytes, hash " + std::to_string(std::hash<std::string>()(content));
   }
 
-  // Every file and folder below a folder; folders have no content.
+  // {path: digest of the content} of everything below a folder.
   std::map<std::string, std::string> Contents(const std::string& name) const {
     std::map<std::string, std::string> contents;
     for (const auto& entry :
@@ -61,8 +61,8 @@ class Readers : public Mastering {
     return contents;
   }
 
-  // What every reader shows under its own name. Trailing periods, ";1" and names beyond ASCII have tests of their own:
-  // readers change them.
+  // Only names that every reader extracts unchanged. Readers change trailing periods, ";1" and names beyond ASCII,
+  // which have tests of their own.
   void MakeTree() const {
     folder.Write("tree/boot/loader.bin", BytesOfSize(40000));
     folder.Write("tree/boot/menu/menu.ini", "[menu]");
@@ -112,7 +112,7 @@ TEST_F(Readers, SevenZip_ExtractsEverything) {
   MakeTree();
   RunProgram();
   ASSERT_EQ(Run("7z x -y -o" + Word("out") + " " + IsoWord()), 0) << Said();
-  // It shows what the BIOS loads as a file of a folder that is not in the tree.
+  // 7z adds the sectors that the BIOS loads as a file in a folder [BOOT], which is not in the tree.
   EXPECT_EQ(folder.Read("out/[BOOT]/Boot-NoEmul.img"), BytesOfSize(40000).substr(0, 2048));
   fs::remove_all(folder.Path("out/[BOOT]"));
   EXPECT_EQ(Contents("out"), Expected());

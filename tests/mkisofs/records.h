@@ -1,4 +1,5 @@
-// Small trees made by hand, and bytes as texts that a failed comparison shows readably.
+// For tests of single records: TreeBuilder makes small trees, Hex() turns bytes into text that a failure shows
+// readably.
 #pragma once
 
 #include <cstdint>
@@ -21,7 +22,7 @@ inline std::string Hex(std::span<const std::uint8_t> bytes) {
   return text;
 }
 
-// Builds trees folder by folder, as they are read.
+// Builds a tree folder by folder, in the order in which ReadTree reads them.
 class TreeBuilder {
  public:
   TreeBuilder() {
@@ -30,7 +31,8 @@ class TreeBuilder {
     tree.folders.push_back({.number = 1});
   }
 
-  // What stands in a folder, in order; each folder must be filled before those that follow it.
+  // Begins the entries of a folder, which are added in the order of their names. Each folder must be filled before the
+  // folders that were added after it.
   void Open(FolderIndex folder) {
     folder_ = folder;
     tree.folders[folder].first = static_cast<NodeIndex>(tree.nodes.size());

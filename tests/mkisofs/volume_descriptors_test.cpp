@@ -1,4 +1,4 @@
-// Volume descriptors byte by byte.
+// Tests of the volume descriptors, byte by byte.
 #include "tools/mkisofs/volume_descriptors.h"
 
 #include <gmock/gmock.h>
@@ -50,7 +50,7 @@ class VolumeDescriptors : public ::testing::Test {
   Layout layout;
 };
 
-// All 2048 bytes, field by field in the order of the standard.
+// The 2048 bytes of a descriptor, field by field in the order of the standard.
 std::string Expected(int type, int version, int structure_version) {
   const std::string date = "2000022912345600" + Bytes({0});
   return Bytes({type}) + "CD001" + Bytes({version, 0}) + Padded("", 32) + Padded("VEXA_RESCUE", 32) +

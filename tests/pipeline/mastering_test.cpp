@@ -199,6 +199,14 @@ TEST_F(Mastering, UnwritableLog_IsNotedOnceAndTheRunGoesOn) {
   EXPECT_EQ(host.Content("C:\\out\\Rescue.iso"), "image");
 }
 
+TEST_F(Mastering, LogThatMissedALine_GetsNoFurtherOnes) {
+  host.FailOn("WriteAt", "mkisofs.log", host::ErrorClass::kDiskFull, "No space left on device", 1);
+  mastering_output = {"one\n", "two\n"};
+  Run();
+  EXPECT_EQ(host.Content("C:\\Discwright\\mkisofs.log"), "");
+  EXPECT_EQ(notes.all().size(), 1U);
+}
+
 TEST_F(Mastering, LogThatCannotBeCreated_IsNotedOnceAndTheRunGoesOn) {
   host.FailOn("OpenBinary", "mkisofs.log", host::ErrorClass::kAccessDenied, "refused");
   mastering_output = {"one\n", "two\n"};

@@ -99,18 +99,18 @@ TEST_F(FillKeyFileTest, FailedWrite_IsNotedForEachKey) {
   FillKeyFile(notes, {.AddInfo_toWin9xSetup = true});
   ASSERT_THAT(notes.all(), SizeIs(1));
   EXPECT_EQ(notes.all()[0].place, kBuild);
-  EXPECT_THAT(notes.all()[0].cause, HasSubstr("OwnerName"));
-  EXPECT_THAT(notes.all()[0].cause, HasSubstr("No space left on device"));
+  EXPECT_EQ(notes.all()[0].cause, "OwnerName could not be written: No space left on device");
   EXPECT_EQ(INIFile(kBuild).GetINIKey("Win9xInfo", "Workgroup"), "GROUP9");
 }
 
 TEST_F(FillKeyFileTest, WorkingStoreThatCannotBeRead_IsNotedAndLeavesTheBuildCopy) {
   host.AddFile(kWorking, kWin9xKeys);
   host.AddFile(kBuild, kWin9xCopied);
-  host.FailOn("ReadWholeFile", "keyfile2.txt", host::ErrorClass::kNotReady);
+  host.FailOn("ReadWholeFile", "keyfile2.txt", host::ErrorClass::kNotReady, "the disk is gone");
   FillKeyFile(notes, {.AddInfo_toWin9xSetup = true});
   ASSERT_THAT(notes.all(), SizeIs(1));
   EXPECT_EQ(notes.all()[0].place, kWorking);
+  EXPECT_EQ(notes.all()[0].cause, "could not be read: the disk is gone");
   EXPECT_EQ(host.Content(kBuild), kWin9xCopied);
 }
 

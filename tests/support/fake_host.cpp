@@ -9,11 +9,10 @@
 #include <stdexcept>
 
 #include "base/windows_1252.h"
+#include "host/names.h"
 #include "host/native_text.h"
 #include "host/profile.h"
-#include "host/registry.h"
 #include "host/script.h"
-#include "host/text_profile.h"
 
 namespace discwright::testing {
 
@@ -279,7 +278,7 @@ class FakeFile : public BinaryFile {
  public:
   FakeFile(std::string path, FakeHost::Node& node) : path_(std::move(path)), node_(node) {}
 
-  std::int64_t Length() override { return static_cast<std::int64_t>(node_.content.size()); }
+  Result<std::int64_t> Length() override { return static_cast<std::int64_t>(node_.content.size()); }
 
   Status ReadAt(std::int64_t position, std::span<std::byte> bytes) override {
     if (Status status = Fake().Enter("ReadAt", path_); !status.ok()) return status;
@@ -306,24 +305,19 @@ class FakeFile : public BinaryFile {
 }  // namespace
 
 Listing ListFolder(std::string_view folder, std::string_view pattern) {
-  Listing listing;
-  listing.status = Fake().Enter("ListFolder", folder);
-  if (!listing.status.ok()) return listing;
+  if (Status status = Fake().Enter("ListFolder", folder); !status.ok()) return status;
   const FakeHost::Node* node = Following(folder);
-  if (node == nullptr || node->kind != EntryKind::kFolder) {
-    listing.status = testing::Missing();
-    return listing;
-  }
+  if (node == nullptr || node->kind != EntryKind::kFolder) return testing::Missing();
+  std::vector<Entry> entries;
   std::string prefix = testing::Resolve(Fake(), FakeHost::Key(folder), true);
   if (!prefix.empty()) prefix += "\\";  // empty: the root of a system without drives
   for (auto child = Fake().nodes.lower_bound(prefix); child != Fake().nodes.end() && child->first.starts_with(prefix);
        ++child) {
     if (child->first == prefix || child->first.find('\\', prefix.size()) != std::string::npos) continue;
-    if (testing::Matches(child->second.name, pattern)) listing.entries.push_back(testing::EntryOf(child->second));
+    if (testing::Matches(child->second.name, pattern)) entries.push_back(testing::EntryOf(child->second));
   }
-  std::sort(listing.entries.begin(), listing.entries.end(),
-            [](const Entry& a, const Entry& b) { return a.name < b.name; });
-  return listing;
+  std::sort(entries.begin(), entries.end(), [](const Entry& a, const Entry& b) { return a.name < b.name; });
+  return entries;
 }
 
 std::optional<Entry> Look(std::string_view path) {
@@ -401,13 +395,12 @@ Status RenameFile(std::string_view from, std::string_view to) {
   return Status::Success();
 }
 
-Status ReadWholeFile(std::string_view path, std::string& content) {
+Result<std::string> ReadWholeFile(std::string_view path) {
   if (Status status = Fake().Enter("ReadWholeFile", path); !status.ok()) return status;
   const FakeHost::Node* node = Following(path);
   if (node == nullptr) return testing::Missing();
   if (node->kind != EntryKind::kFile) return Status::Failure(ErrorClass::kWrongKind, "Is a directory");
-  content = node->content;
-  return Status::Success();
+  return node->content;
 }
 
 Status WriteWholeFile(std::string_view path, std::string_view content, FileTimes times) {
@@ -431,9 +424,9 @@ Status CopyFileWithProgress(std::string_view from, std::string_view to, const Co
   return Store(to, source->content, source->size_override);
 }
 
-std::unique_ptr<BinaryFile> OpenBinary(std::string_view path, OpenMode mode, Status& status) {
-  status = Fake().Enter("OpenBinary", path, path);
-  if (!status.ok()) return nullptr;
+Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode mode) {
+  Status status = Fake().Enter("OpenBinary", path, path);
+  if (!status.ok()) return status;
   FakeHost::Node* node = Following(path);
   if (mode == OpenMode::kRead && node == nullptr) status = testing::Missing();
   if (node != nullptr && node->kind != EntryKind::kFile) {
@@ -444,15 +437,16 @@ std::unique_ptr<BinaryFile> OpenBinary(std::string_view path, OpenMode mode, Sta
   } else if (mode == OpenMode::kReadWrite && status.ok() && node->read_only) {
     status = Status::Failure(ErrorClass::kAccessDenied, "Permission denied");
   }
-  if (!status.ok()) return nullptr;
+  if (!status.ok()) return status;
   return std::make_unique<FakeFile>(std::string(path), *Following(path));
 }
 
-std::string Sha256OfFile(std::string_view path, Status& status, const std::function<bool()>& go_on) {
-  status = Fake().Enter("Sha256OfFile", path);
+Result<std::string> Sha256OfFile(std::string_view path, const std::function<bool()>& go_on) {
+  Status status = Fake().Enter("Sha256OfFile", path);
   if (status.ok() && Following(path) == nullptr) status = testing::Missing();
   if (status.ok() && go_on && !go_on()) status = StoppedReading();
-  return status.ok() ? "digest-of-" + std::string(path) : "";
+  if (!status.ok()) return status;
+  return "digest-of-" + std::string(path);
 }
 
 std::string ProgramFolder() { return Fake().program_folder; }
@@ -535,9 +529,9 @@ std::string ScriptPath(std::string_view path) {
 }
 
 std::string_view ScriptLineEnd() { return "\r\n"; }
-Status ScriptBytes(std::string_view text, std::string& bytes) {
-  bytes = text;
-  return Fake().Enter("ScriptBytes", text);
+Result<std::string> ScriptBytes(std::string_view text) {
+  if (Status status = Fake().Enter("ScriptBytes", text); !status.ok()) return status;
+  return std::string(text);
 }
 
 }  // namespace discwright::host

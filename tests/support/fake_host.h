@@ -16,8 +16,8 @@
 namespace discwright::testing {
 
 // The one fake behind all functions of host/files.h, host/system.h, host/desktop.h, host/script.h, host/profile.h,
-// host/code_page.h, host/registry.h, host/shell_operations.h and host/windows_programs.h. Construct one at the start of
-// each test (a member of the fixture): it starts empty, with the folder C:\Discwright as program folder.
+// host/code_page.h, host/registry.h, host/shell_operations.h and WindowsProgramLine. Construct one at the start of each
+// test (a member of the fixture): it starts empty, with the folder C:\Discwright as program folder.
 class FakeHost {
  public:
   FakeHost();

@@ -1,6 +1,6 @@
 // The in-memory host's shell operations and its way of starting Windows programs.
+#include "host/processes.h"
 #include "host/shell_operations.h"
-#include "host/windows_programs.h"
 #include "tests/support/fake_host.h"
 
 namespace discwright::host {
@@ -76,10 +76,10 @@ int Move(const ShellOperation& operation) {
     return MoveNodes(operation.source, operation.destination, LastName(operation.destination));
   }
   const Listing listing = ListFolder(folder, pattern);
-  if (listing.entries.empty()) return kFileNotFound;
+  if (listing.value.empty()) return kFileNotFound;
   FakeHost::Current().AddFolder(operation.destination);
   int first_number = 0;
-  for (const Entry& entry : listing.entries) {
+  for (const Entry& entry : listing.value) {
     const bool joins = FakeHost::Current().shell_joins_folders;
     const std::string to = operation.destination + "\\" + entry.name;
     if (!joins && FakeHost::Current().Exists(to) && entry.kind == EntryKind::kFolder) continue;

@@ -42,6 +42,9 @@ TEST_F(Spelling, ThirdOfALongWord_MayBeWrongAndNotMore) {
 TEST_F(Spelling, ShortWords_MayHaveFewerMistakes) {
   EXPECT_EQ(Meant("Wim"), "Win");
   EXPECT_EQ(Meant("Wx"), "nothing");
+  constexpr std::array<std::string_view, 1> kTwoLetters = {"ab"};
+  EXPECT_EQ(Closest("b", kTwoLetters), "ab");
+  EXPECT_EQ(Closest("x", kTwoLetters), std::nullopt);
   EXPECT_EQ(Meant("XhkXRDC"), "ChkERDC");
   EXPECT_EQ(Meant("XhXXRDC"), "nothing");
 }

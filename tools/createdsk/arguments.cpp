@@ -1,4 +1,4 @@
-// The command line of CreateDsk.
+// Reads the command line word by word.
 #include "tools/createdsk/arguments.h"
 
 namespace discwright::tools {
@@ -12,7 +12,7 @@ Result ParseArguments(std::span<const std::string> words, Arguments& arguments) 
     } else if (word == "-t") {
       if (arguments.format != nullptr) return Result::Failure("-t is given twice.");
       arguments.format = i + 1 < words.size() ? FindDiskFormat(words[++i]) : nullptr;
-      if (arguments.format == nullptr) return Result::Failure("-t needs 144 (1.44 MB) or 288 (2.88 MB) behind it.");
+      if (arguments.format == nullptr) return Result::Failure("-t must be followed by 144 (1.44 MB) or 288 (2.88 MB).");
     } else if (word.empty() || word.front() == '-') {
       return Result::Failure("\"" + word + "\" is not an option.");
     } else if (!arguments.profile.empty()) {

@@ -1,23 +1,23 @@
-// The command line of CreateDsk.
+// The command line of CreateDsk: main() calls ParseArguments, and prints kUsage when it fails.
 #pragma once
 
 #include <span>
 #include <string>
 
 #include "tools/createdsk/disk_format.h"
-#include "tools/createdsk/result.h"
+#include "tools/result.h"
 
 namespace discwright::tools {
 
 inline constexpr const char* kUsage = "Usage: CreateDsk -t 144|288 PROFILE [-sel]";
 
 struct Arguments {
-  const DiskFormat* format = nullptr;
+  const DiskFormat* format = nullptr;  // never null after success
   std::string profile;
-  bool selection = false;  // "-sel": the drivers are selected when the disk starts
+  bool selection = false;  // "-sel": the files of [Selection] are stored, too
 };
 
-// Reads the words behind the program's name, in any order. The failure is a sentence to show above the usage line.
+// Reads the command line without the program's name; its words may stand in any order.
 Result ParseArguments(std::span<const std::string> words, Arguments& arguments);
 
 }  // namespace discwright::tools

@@ -1,4 +1,4 @@
-// The boot sector of a FAT12 floppy: the parameter block, and the code of a disk that holds no system.
+// Fills in, loads and stores the parameter block, and holds the code for disks without a system.
 #include "tools/createdsk/boot_sector.h"
 
 #include <algorithm>
@@ -16,8 +16,8 @@ constexpr std::size_t kSignatureOffset = 510;
 
 constexpr std::string_view kMessage = "This disk holds no system. Remove it and press a key to restart.\r\n";
 
-// 16-bit code, loaded at linear address 7C00h. Some firmware starts it as 07C0:0000 and some as 0000:7C00, so only
-// relative jumps are used and DS is set before the message is read.
+// 16-bit code, loaded at linear address 7C00h. Some BIOSes start it as 07C0:0000, others as 0000:7C00. So the code uses
+// relative jumps only, and sets DS before it reads the message.
 constexpr std::uint8_t kCode[] = {
     0x31, 0xC0,        // 3E        xor  ax, ax
     0x8E, 0xD8,        // 40        mov  ds, ax
@@ -34,7 +34,7 @@ constexpr std::uint8_t kCode[] = {
     0xEB, 0xF3,        // 56        jmp  next
     0x98,              // 58 wait:  cbw                     ; AL is 0: AH = 0, read a key
     0xCD, 0x16,        // 59        int  16h
-    0xCD, 0x19,        // 5B        int  19h                ; start again
+    0xCD, 0x19,        // 5B        int  19h                ; restart
 };                     // 5D message
 static_assert(kCodeOffset + sizeof(kCode) == 0x5D);
 static_assert(kCodeOffset + sizeof(kCode) + kMessage.size() < kSignatureOffset);

@@ -1,4 +1,5 @@
-// The boot sector of a FAT12 floppy: the parameter block, and the code of a disk that holds no system.
+// The boot sector of a FAT12 floppy: its BIOS parameter block (BPB), and a sector for disks without a system.
+// LoadParameterBlock and StoreParameterBlock move the block between a struct and the bytes of a sector.
 #pragma once
 
 #include <array>
@@ -12,7 +13,7 @@ namespace discwright::tools {
 
 using BootSector = std::array<std::uint8_t, kSectorBytes>;
 
-// Bytes 3 to 61 of the boot sector (FAT specification 1.03, "Boot Sector and BPB"), behind BS_jmpBoot.
+// Bytes 3 to 61 of the boot sector, after the field BS_jmpBoot (FAT specification 1.03, "Boot Sector and BPB").
 struct ParameterBlock {
   std::array<std::uint8_t, 8> oem_name;           // BS_OEMName
   std::array<std::uint8_t, 2> bytes_per_sector;   // BPB_BytsPerSec
@@ -36,26 +37,27 @@ struct ParameterBlock {
 };
 static_assert(sizeof(ParameterBlock) == 59);
 
-inline constexpr std::uint8_t kExtendedSignature = 0x29;
+inline constexpr std::uint8_t kExtendedSignature = 0x29;  // the serial number, the label and the file system are valid
 
-// The parameter block of a fresh disk, without a serial number and with no label.
+// The parameter block of an empty disk. Its serial number is 0, its label "NO NAME".
 ParameterBlock MakeParameterBlock(const DiskFormat& format);
 
-// Gives a block that ends with BPB_TotSec32 (disks of old systems) the fields behind it; any other stays as it is.
+// Sets the fields after BPB_TotSec32 in the block of an old system, which lacks them. Leaves a complete block
+// unchanged.
 void CompleteParameterBlock(ParameterBlock& block);
 
-// `sector` is at least 512 bytes here and below; the jump and the code around the block stay as they are.
+// `sector` has at least 512 bytes here and below. Storing changes the block only, not the jump and the code around it.
 ParameterBlock LoadParameterBlock(std::span<const std::uint8_t> sector);
 void StoreParameterBlock(const ParameterBlock& block, std::span<std::uint8_t> sector);
 
 // True when the sector ends with the signature 55 AA.
 bool HasBootSignature(std::span<const std::uint8_t> sector);
 
-// A boot sector, its parameter block still zero, that says that the disk holds no system, waits for a key and starts
-// the machine again.
+// A boot sector for a disk without a system: its code shows a message, waits for a key and restarts the machine. The
+// parameter block is zero.
 BootSector NoSystemBootSector();
 
-// A serial number that is the same for the same bytes (FNV-1a).
+// A serial number for a volume: a hash (FNV-1a) of `bytes`, so that equal bytes give equal disks.
 std::uint32_t SerialOf(std::span<const std::uint8_t> bytes);
 
 }  // namespace discwright::tools

@@ -1,12 +1,12 @@
-// Makes one floppy image file from a profile folder below the program folder.
+// Reads the files that a profile names, makes the image in memory and writes it.
 #include "tools/createdsk/create_disk.h"
 
 #include <algorithm>
 
 #include "base/ini_text.h"
 #include "host/files.h"
+#include "host/names.h"
 #include "host/native_text.h"
-#include "host/system.h"
 #include "tools/createdsk/disk_image.h"
 
 namespace discwright::tools {
@@ -25,7 +25,7 @@ Result FindProfileFolder(std::string_view disks, const std::string& profile, std
   if (found && found->kind == host::EntryKind::kFolder) return Result::Success();
 
   std::string names;
-  for (const host::Entry& entry : host::ListFolder(disks, "*.*").entries) {
+  for (const host::Entry& entry : host::ListFolder(disks, "*.*").value) {
     if (entry.kind == host::EntryKind::kFolder) names += (names.empty() ? "" : ", ") + entry.name;
   }
   if (names.empty()) return Result::Failure("There are no disk profiles in " + Shown(disks) + "; put them there.");
@@ -35,13 +35,13 @@ Result FindProfileFolder(std::string_view disks, const std::string& profile, std
 
 Result ReadProfile(const std::string& folder, bool selection, Profile& profile) {
   const std::string path = folder + "/disk.ini";
-  std::string text;
-  if (const host::Status status = host::ReadWholeFile(path, text); !status.ok()) return CannotRead(path, status);
-  const Result result = ParseProfile(host::DecodeText(text), selection, profile);
+  const host::Result<std::string> text = host::ReadWholeFile(path);
+  if (!text.ok()) return CannotRead(path, text.status);
+  const Result result = ParseProfile(host::DecodeText(text.value), selection, profile);
   return result.ok() ? result : Result::Failure(Shown(path) + ": " + result.failure);
 }
 
-// The size of a file that disk.ini names under `key`.
+// Finds the size of a file that disk.ini names under `key`.
 Result FindSource(const std::string& path, const std::string& key, std::int64_t& size) {
   const auto found = host::Look(path);
   if (!found) return Result::Failure(Shown(path) + " is missing; put it there, or take " + key + " out of disk.ini.");
@@ -52,13 +52,15 @@ Result FindSource(const std::string& path, const std::string& key, std::int64_t&
   return Result::Success();
 }
 
-// Reads a file that has to have exactly `size` bytes; `wrong_size` is what to say of any other.
+// Reads a file that must have exactly `size` bytes. `wrong_size` ends the sentence for a file of another size.
 Result ReadOfSize(const std::string& path, const std::string& key, std::size_t size, const std::string& wrong_size,
                   std::string& content) {
   std::int64_t found_size = 0;
   if (Result result = FindSource(path, key, found_size); !result.ok()) return result;
   if (found_size == static_cast<std::int64_t>(size)) {
-    if (const host::Status status = host::ReadWholeFile(path, content); !status.ok()) return CannotRead(path, status);
+    host::Result<std::string> read = host::ReadWholeFile(path);
+    if (!read.ok()) return CannotRead(path, read.status);
+    content = std::move(read.value);
     found_size = static_cast<std::int64_t>(content.size());
   }
   if (found_size == static_cast<std::int64_t>(size)) return Result::Success();
@@ -102,8 +104,9 @@ Result MakeImage(const Profile& profile, const std::string& folder, const DiskFo
 
   const auto read_content = [&](const ProfileFile& file, std::string& content) {
     const std::string path = folder + "/" + file.source;
-    const host::Status status = host::ReadWholeFile(path, content);
-    return status.ok() ? Result::Success() : CannotRead(path, status);
+    host::Result<std::string> read = host::ReadWholeFile(path);
+    content = std::move(read.value);
+    return read.ok() ? Result::Success() : CannotRead(path, read.status);
   };
   const Result result = FillDisk(request, read_content, image);
   return result.ok() ? result : Result::Failure(Shown(folder + "/disk.ini") + ": " + result.failure);

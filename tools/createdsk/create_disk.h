@@ -1,16 +1,17 @@
-// Makes one floppy image file from a profile folder below the program folder.
+// A whole run of CreateDsk: main() calls CreateDisk to make one floppy image file from a profile folder.
 #pragma once
 
 #include <string>
 #include <string_view>
 
 #include "tools/createdsk/arguments.h"
-#include "tools/createdsk/result.h"
+#include "tools/result.h"
 
 namespace discwright::tools {
 
-// Reads files/disks/<profile>/ of the program folder and writes the image that its disk.ini names into the program
-// folder; `image_path` is its path then. After a failure an older image is as it was, and no part of a new one is left.
+// Reads the folder files/disks/<profile>/ of the program folder and writes the image into the program folder, under the
+// name that disk.ini gives it. Sets `image_path` to its path. After a failure an older image is as it was, and no part
+// of a new one is left.
 Result CreateDisk(const Arguments& arguments, std::string_view program_folder, std::string& image_path);
 
 }  // namespace discwright::tools

@@ -1,4 +1,4 @@
-// The directory entry of a FAT volume.
+// Fills in and classifies directory entries.
 #include "tools/createdsk/directory_record.h"
 
 #include "base/byte_order.h"

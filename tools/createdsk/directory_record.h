@@ -1,4 +1,4 @@
-// The directory entry of a FAT volume.
+// The directory entry of a FAT volume, 32 bytes. MakeRecord and SetContent fill one in, KindOf classifies one.
 #pragma once
 
 #include <array>
@@ -10,7 +10,7 @@
 
 namespace discwright::tools {
 
-// FAT specification 1.03, "FAT Directory Structure".
+// The bytes of an entry (FAT specification 1.03, "FAT Directory Structure").
 struct DirectoryRecord {
   ShortName name;                                  // DIR_Name
   std::uint8_t attributes;                         // DIR_Attr
@@ -31,26 +31,27 @@ inline constexpr std::uint8_t kVolumeLabelAttribute = 0x08;
 inline constexpr std::uint8_t kFolderAttribute = 0x10;
 inline constexpr std::uint8_t kArchiveAttribute = 0x20;
 
-// The date of everything that CreateDsk writes, 2000-01-01 0:00, so that equal profiles give equal images.
+// The date of every entry that CreateDsk writes: 2000-01-01 0:00. A fixed date makes equal profiles give equal images.
 inline constexpr std::uint16_t kRecordDate = 20 << 9 | 1 << 5 | 1;
 
 inline constexpr ShortName kDot = {'.', ' ', ' ', ' ', ' ', ' ', ' ', ' ', ' ', ' ', ' '};
 inline constexpr ShortName kDotDot = {'.', '.', ' ', ' ', ' ', ' ', ' ', ' ', ' ', ' ', ' '};
 
 enum class RecordKind {
-  kEnd,  // never used, nor any behind it
+  kEnd,  // the first entry that was never used; all after it are unused, too
   kDeleted,
   kFile,
   kFolder,
   kLabel,
-  kLongName,  // a part of the long name of an entry further on
+  kLongName,  // a part of the long name of a later entry
 };
 RecordKind KindOf(const DirectoryRecord& record);
 
-// A record without clusters or size yet.
+// A record without clusters, of size 0.
 DirectoryRecord MakeRecord(const ShortName& name, std::uint8_t attributes);
 
-// Points a record at its content. `first` is 0 for an empty file and for the root folder; `size` is 0 for folders.
+// Sets the first cluster and the size in bytes. `first` is 0 for an empty file and for the root folder, `size` is 0 for
+// every folder.
 void SetContent(DirectoryRecord& record, Cluster first, std::uint32_t size);
 
 }  // namespace discwright::tools

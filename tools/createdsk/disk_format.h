@@ -1,4 +1,4 @@
-// The two floppy formats that CreateDsk makes.
+// The two floppy formats that CreateDsk makes. FindDiskFormat looks one up by its name on the command line.
 #pragma once
 
 #include <array>
@@ -11,7 +11,7 @@ namespace discwright::tools {
 inline constexpr std::size_t kSectorBytes = 512;
 
 struct DiskFormat {
-  std::string_view type;  // as "-t" names it
+  std::string_view type;  // its name after "-t"
   std::uint16_t total_sectors;
   std::uint8_t sectors_per_cluster;
   std::uint16_t root_entries;
@@ -27,14 +27,14 @@ inline constexpr std::array<DiskFormat, 2> kDiskFormats = {{
 static_assert(kDiskFormats[0].ImageBytes() == 1'474'560);
 static_assert(kDiskFormats[1].ImageBytes() == 2'949'120);
 
-// The same on both.
+// Fields of the parameter block that are the same in both formats.
 inline constexpr std::uint8_t kFatCount = 2;
 inline constexpr std::uint16_t kFatSectors = 9;
 inline constexpr std::uint16_t kReservedSectors = 1;
 inline constexpr std::uint16_t kHeads = 2;
 inline constexpr std::uint8_t kMedia = 0xF0;
 
-// The format that "-t" names; null for any other word.
+// The format with this name after "-t"; null when there is none.
 constexpr const DiskFormat* FindDiskFormat(std::string_view type) {
   for (const DiskFormat& format : kDiskFormats) {
     if (format.type == type) return &format;

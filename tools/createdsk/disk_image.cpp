@@ -1,4 +1,4 @@
-// Makes the image of a floppy from a profile: a fresh or ready-made volume, the profile's files, the boot sector.
+// Formats disks, adds the files of a profile and completes the boot sector.
 #include "tools/createdsk/disk_image.h"
 
 #include <algorithm>
@@ -8,8 +8,9 @@
 namespace discwright::tools {
 namespace {
 
-// The layout always stays that of the image. A base keeps its own boot sector, apart from the label in it, which
-// systems expect to equal the label in the root folder.
+// The layout fields always stay those of the image, whatever the profile's boot sector says. A base without a boot
+// sector from the profile keeps its own. Only the label in it changes, because systems expect it to equal the label in
+// the root folder.
 void FinishBootSector(const DiskRequest& request, Image& image) {
   const Profile& profile = request.profile;
   ParameterBlock block = LoadParameterBlock(image);

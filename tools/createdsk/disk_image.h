@@ -1,4 +1,4 @@
-// Makes the image of a floppy from a profile: a fresh or ready-made volume, the profile's files, the boot sector.
+// Makes the image of a floppy in memory: take FormatDisk or a base image of the user, then call FillDisk.
 #pragma once
 
 #include <cstdint>
@@ -18,14 +18,15 @@ using Image = std::vector<std::uint8_t>;
 // An empty FAT12 volume whose boot sector says that the disk holds no system.
 Image FormatDisk(const DiskFormat& format);
 
+// What goes on a disk.
 struct DiskRequest {
   const Profile& profile;
-  std::vector<std::int64_t> sizes;        // in bytes, of the profile's files in their order
-  std::optional<BootSector> boot_sector;  // of the profile; its bytes 3 to 61 are not looked at
+  std::vector<std::int64_t> sizes;        // bytes of the profile's files, in the same order
+  std::optional<BootSector> boot_sector;  // the profile's own; its parameter block (bytes 3 to 61) is ignored
 };
 
-// Turns `image`, a fresh disk or the user's base, into the disk of the profile. The failure names the file or folder
-// of the disk, or says of the base what it "is"; the image is not to be used then.
+// Turns `image`, an empty disk or the user's base image, into the disk of the profile. Fails with a sentence that names
+// the file, the folder or the base at fault. After a failure the content of `image` is undefined.
 Result FillDisk(const DiskRequest& request, const ContentReader& read_content, Image& image);
 
 }  // namespace discwright::tools

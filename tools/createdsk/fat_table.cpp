@@ -1,4 +1,4 @@
-// The file allocation table of a FAT12 volume: its packed entries, its chains, its free clusters.
+// Packs and unpacks FAT12 entries, follows and resizes chains.
 #include "tools/createdsk/fat_table.h"
 
 #include <algorithm>

@@ -1,4 +1,5 @@
-// The file allocation table of a FAT12 volume: its packed entries, its chains, its free clusters.
+// The file allocation table of a FAT12 volume. FatTable unpacks it, follows and resizes cluster chains, and packs it
+// again.
 #pragma once
 
 #include <cstddef>
@@ -6,19 +7,19 @@
 #include <span>
 #include <vector>
 
-#include "tools/createdsk/result.h"
+#include "tools/result.h"
 
 namespace discwright::tools {
 
-using Cluster = std::uint16_t;       // 2 is the first of the data area
+using Cluster = std::uint16_t;       // number of a cluster; the data area begins with 2
 using Chain = std::vector<Cluster>;  // the clusters of a file or folder in order
 
 inline constexpr Cluster kFreeCluster = 0x000;
-inline constexpr Cluster kFirstEndOfChain = 0xFF8;  // this and all above
-inline constexpr Cluster kEndOfChain = 0xFFF;
+inline constexpr Cluster kFirstEndOfChain = 0xFF8;  // this value and all above it end a chain
+inline constexpr Cluster kEndOfChain = 0xFFF;       // the value that CreateDsk writes
 
-// FAT specification 1.03, "FAT Data Structure": entry N stands in the 12 bits from byte N * 3 / 2 on, the low bits of
-// the 16-bit word there when N is even and the high ones when it is odd.
+// FAT specification 1.03, "FAT Data Structure": entry N is in the 16-bit word at byte N * 3 / 2, in its low 12 bits
+// when N is even and in its high 12 bits when N is odd.
 Cluster LoadFatEntry(std::span<const std::uint8_t> fat, std::size_t cluster);
 void StoreFatEntry(std::span<std::uint8_t> fat, std::size_t cluster, Cluster value);
 
@@ -28,17 +29,16 @@ class FatTable {
   // `fat` holds at least cluster_count + 2 packed entries.
   FatTable(std::span<const std::uint8_t> fat, std::size_t cluster_count);
 
-  // Follows a chain. Fails, with the reason, when it leaves the disk, meets itself or another chain read before, or
-  // does not end.
+  // Follows the chain that begins at `first`. Fails when the chain leaves the disk, or meets itself or a chain claimed
+  // before.
   Result ClaimChain(Cluster first, Chain& chain);
 
   std::size_t FreeClusters() const;
 
-  // Shortens a chain, freeing its last clusters, or lengthens it with the first free ones, of which there must be
-  // enough.
+  // Makes a chain `clusters` long: frees its last clusters, or adds the first free ones, of which there must be enough.
   void Resize(Chain& chain, std::size_t clusters);
 
-  // Packs all entries; bits of `fat` behind the last one stay.
+  // Packs all entries into `fat`. Leaves the bits after the last entry unchanged.
   void Store(std::span<std::uint8_t> fat) const;
 
   const std::vector<Cluster>& entries() const { return entries_; }

@@ -1,9 +1,10 @@
-// CreateDsk: makes a FAT12 floppy image in its own folder from one of the disk profiles beside it.
+// CreateDsk: makes a FAT12 floppy image from one of the disk profiles in files/disks beside the program.
 #include <string>
 #include <vector>
 
-#include "host/arguments.h"
-#include "host/print_stream.h"
+#include "host/console.h"
+#include "host/names.h"
+#include "host/native_text.h"
 #include "host/system.h"
 #include "tools/createdsk/arguments.h"
 #include "tools/createdsk/create_disk.h"

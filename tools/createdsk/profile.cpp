@@ -1,4 +1,4 @@
-// A disk profile: what the file disk.ini of a profile folder says.
+// Reads disk.ini and checks every value in it.
 #include "tools/createdsk/profile.h"
 
 #include <algorithm>
@@ -28,7 +28,7 @@ std::vector<std::string_view> SplitAtSeparators(std::string_view path) {
   }
 }
 
-// A profile is copied between machines, so it may only name files of its own folder.
+// Users copy a profile folder to other machines, so a profile may only name files in its own folder.
 bool StaysInside(std::string_view source) { return std::ranges::all_of(SplitAtSeparators(source), IsBareName); }
 
 Result SourceFailure(std::string_view section, std::string_view key, std::string_view source) {
@@ -94,7 +94,8 @@ Result ParseFiles(std::string_view text, std::string_view section, std::vector<P
     ProfileFile file;
     if (Result result = ParseFile(section, entry, file); !result.ok()) return result;
     if (FindPath(files, file) != files.end()) {
-      return Result::Failure("[" + std::string(section) + "] " + file.DiskPath() + " is there twice; remove one.");
+      return Result::Failure("[" + std::string(section) + "] " + file.DiskPath() +
+                             " stands there twice; remove one of the lines.");
     }
     files.push_back(std::move(file));
   }

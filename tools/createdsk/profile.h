@@ -1,4 +1,4 @@
-// A disk profile: what the file disk.ini of a profile folder says.
+// A disk profile: the content of the file disk.ini of a profile folder, which ParseProfile reads.
 #pragma once
 
 #include <optional>
@@ -6,15 +6,15 @@
 #include <string_view>
 #include <vector>
 
-#include "tools/createdsk/result.h"
 #include "tools/createdsk/short_name.h"
+#include "tools/result.h"
 
 namespace discwright::tools {
 
-// One line of [Files] or [Selection]: a file on the disk and where its content comes from.
+// One line of [Files] or [Selection]: a file on the disk, and the file that holds its content.
 struct ProfileFile {
-  std::vector<ShortName> path;  // the folders from the root on, then the file's own name
-  std::string source;           // relative to the profile folder
+  std::vector<ShortName> path;  // the folders from the root down, then the file's own name
+  std::string source;           // path below the profile folder
 
   const ShortName& name() const { return path.back(); }
   std::string DiskPath() const;  // "DOS\KEYB.COM"
@@ -22,17 +22,17 @@ struct ProfileFile {
 
 struct Profile {
   std::string image;               // the image's file name in the program folder
-  std::optional<ShortName> label;  // only a profile with a base can be without
-  std::string boot_sector;         // relative to the profile folder, as is `base`; empty when the profile has none
-  std::string base;
+  std::optional<ShortName> label;  // may be missing only in a profile with a base
+  std::string boot_sector;         // path below the profile folder; empty when the profile has none
+  std::string base;                // path of a base image below the profile folder; empty when the profile has none
   std::vector<ProfileFile> files;  // in the order of disk.ini, no path twice
 };
 
-// Reads the text of a disk.ini; with `selection` the files of [Selection] replace or follow those of [Files]. The
-// failure names section and key.
+// Reads the text of a disk.ini. With `selection` it also reads [Selection]: a file there replaces the file of [Files]
+// with the same path, or is added. Fails with a sentence that names the section and the key.
 Result ParseProfile(std::string_view text, bool selection, Profile& profile);
 
-// Whether the text is one plain file or folder name, with nothing in it that leads to another folder.
+// Whether the text is the name of one file or folder, without separators, "..", wildcards or a drive letter.
 bool IsBareName(std::string_view name);
 
 }  // namespace discwright::tools

@@ -1,4 +1,4 @@
-// Names on a FAT disk: 8.3 file names and volume labels.
+// Checks and pads names for a FAT disk.
 #include "tools/createdsk/short_name.h"
 
 #include <algorithm>
@@ -13,7 +13,7 @@ char ToCapital(char character) {
   return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A') : character;
 }
 
-// Bytes above 7Fh mean another letter in every code page of DOS, so a profile cannot use them.
+// Bytes above 7Fh stand for different letters in different DOS code pages, so names in a profile must not have them.
 bool IsPlain(char character) {
   constexpr std::string_view kForbidden = "\"*+,./:;<=>?[\\]|";
   return character >= ' ' && character <= '~' && kForbidden.find(character) == std::string_view::npos;

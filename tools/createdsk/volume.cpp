@@ -1,4 +1,4 @@
-// Reads a FAT12 volume from its image, trusting nothing in it.
+// Reads a FAT12 volume from its image and checks every number in it before it is used.
 #include "tools/createdsk/volume.h"
 
 #include <algorithm>
@@ -9,7 +9,7 @@
 namespace discwright::tools {
 namespace {
 
-// DOS cannot reach deeper folders: its paths end at 66 characters.
+// The longest path of DOS has 66 characters, so DOS cannot reach a deeper folder.
 constexpr int kDeepestFolder = 32;
 
 class VolumeReader {
@@ -45,7 +45,7 @@ class VolumeReader {
     std::memcpy(&folder.records[first], bytes.data(), bytes.size());
   }
 
-  // `depth` is that of `folder`; the root has 0.
+  // `depth` is the number of folders above `folder`; 0 for the root.
   Result ReadEntries(Folder& folder, int depth) {
     const auto end = std::ranges::find(folder.records, RecordKind::kEnd, KindOf);
     std::fill(end, folder.records.end(), DirectoryRecord{});

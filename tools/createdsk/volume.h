@@ -1,4 +1,5 @@
-// A FAT12 volume in memory: its layout, its allocation table and its tree of folders, read from an image.
+// A FAT12 volume in memory: its layout, its allocation table and its tree of folders. ReadVolume reads it from an
+// image.
 #pragma once
 
 #include <cstdint>
@@ -10,18 +11,18 @@
 
 #include "tools/createdsk/directory_record.h"
 #include "tools/createdsk/fat_table.h"
-#include "tools/createdsk/result.h"
 #include "tools/createdsk/volume_layout.h"
+#include "tools/result.h"
 
 namespace discwright::tools {
 
-// A folder with all its directory entries, used or not, as many as its clusters hold. Files and folders are known by
-// the index of their record.
+// A folder with all directory entries that its clusters hold, used or not. The keys of `files` and `folders` are
+// indexes into `records`.
 struct Folder {
-  std::string path;  // "DOS\TOOLS" for messages; empty for the root
+  std::string path;  // for messages, such as "DOS\TOOLS"; empty for the root
   Chain chain;       // empty for the root, and for a new folder that has no clusters yet
   std::vector<DirectoryRecord> records;
-  std::map<std::size_t, Chain> files;
+  std::map<std::size_t, Chain> files;  // the clusters of each file
   std::map<std::size_t, std::unique_ptr<Folder>> folders;
 };
 
@@ -34,9 +35,9 @@ struct Volume {
 // "DOS" and "KEYB.COM" give "DOS\KEYB.COM".
 std::string PathOf(const Folder& folder, const ShortName& name);
 
-// Reads and checks a whole volume. Fails, naming the file at fault, when a chain is broken, crossed or of another
-// length than the file, when a folder does not lead back to its parent, or when the copies of the FAT differ. What
-// stands behind the end of a folder counts as zero.
+// Reads and checks a whole volume. Fails with a sentence, without its subject, that names the file at fault when a
+// cluster chain is broken, meets another one or has not the length of its file, when a folder does not name its parent,
+// or when the copies of the FAT differ. Entries after the end of a folder are read as zeros, as DOS does.
 Result ReadVolume(std::span<const std::uint8_t> image, Volume& volume);
 
 }  // namespace discwright::tools

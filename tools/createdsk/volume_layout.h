@@ -1,4 +1,4 @@
-// Where the parts of a FAT12 volume lie in its image, as its parameter block tells.
+// The place of every part of a FAT12 volume in its image. ReadLayout takes it from the parameter block.
 #pragma once
 
 #include <cstddef>
@@ -7,13 +7,13 @@
 
 #include "tools/createdsk/boot_sector.h"
 #include "tools/createdsk/disk_format.h"
-#include "tools/createdsk/result.h"
+#include "tools/result.h"
 
 namespace discwright::tools {
 
-inline constexpr std::size_t kRecordBytes = 32;  // of a directory entry
+inline constexpr std::size_t kRecordBytes = 32;  // size of a directory entry
 
-// Counts in sectors and entries, offsets in bytes from the start of the image.
+// The fields count sectors, copies and entries. The offsets are in bytes from the start of the image.
 struct VolumeLayout {
   std::size_t sectors_per_cluster = 0;
   std::size_t reserved_sectors = 0;
@@ -29,14 +29,14 @@ struct VolumeLayout {
   std::size_t RootOffset() const { return FatOffset(fat_count); }
   std::size_t FirstDataSector() const;
   std::size_t ClusterCount() const;
-  // `cluster` counts from 2, as in the FAT.
+  // The first cluster of the data area has the number 2, as in the FAT.
   std::size_t ClusterOffset(std::size_t cluster) const {
     return (FirstDataSector() + (cluster - 2) * sectors_per_cluster) * kSectorBytes;
   }
 };
 
 // Reads the layout from the boot sector. Fails when the parameter block does not describe a FAT12 volume that fills
-// `image` exactly; after success every offset above lies within the image.
+// `image` exactly. After success every offset above is inside the image. The failure lacks its subject, the image.
 Result ReadLayout(std::span<const std::uint8_t> image, VolumeLayout& layout);
 
 }  // namespace discwright::tools

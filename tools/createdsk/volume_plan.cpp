@@ -1,4 +1,4 @@
-// The sizing pass: where the files of a profile go on a volume, and whether they fit.
+// Adds entries to the folders of a volume and counts the clusters that they need.
 #include "tools/createdsk/volume_plan.h"
 
 #include <algorithm>
@@ -22,7 +22,7 @@ Result DoesNotFit(const std::string& what, std::size_t missing) {
                          (missing == 1 ? " byte is" : " bytes are") + " missing. Leave out or shorten files.");
 }
 
-// Takes what the new and longer folders need from `left`, a number of clusters.
+// Subtracts the clusters that new and longer folders need from `left`, the number of free clusters.
 Result CheckFolders(const VolumeLayout& layout, const Folder& parent, std::size_t& left) {
   for (const auto& [index, folder] : parent.folders) {
     const std::size_t needed = ClustersFor(layout, *folder) - folder->chain.size();
@@ -81,7 +81,7 @@ Result VolumePlan::CheckSpace() const {
   return Result::Success();
 }
 
-// Enters the folder `name` of `folder`, which it adds when it is not there.
+// Replaces `folder` by its subfolder `name`, which is added when it is missing.
 Result VolumePlan::EnterFolder(const ShortName& name, Folder*& folder) {
   std::optional<std::size_t> record = FindRecord(*folder, name);
   if (!record) {

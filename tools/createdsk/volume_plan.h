@@ -1,4 +1,5 @@
-// The sizing pass: where the files of a profile go on a volume, and whether they fit. Nothing is written.
+// The sizing pass: decides where the files of a profile go on a volume. Add the label and all files to a VolumePlan,
+// then call CheckSpace; WriteVolume carries the plan out.
 #pragma once
 
 #include <cstdint>
@@ -6,32 +7,32 @@
 #include <vector>
 
 #include "tools/createdsk/profile.h"
-#include "tools/createdsk/result.h"
 #include "tools/createdsk/volume.h"
+#include "tools/result.h"
 
 namespace discwright::tools {
 
-// A file that the writing pass has to store: its record and chain in a folder of the volume.
+// A file that the writing pass has to store, and its place in the volume.
 struct Placement {
   const ProfileFile* file = nullptr;
   std::int64_t size = 0;  // bytes
   Folder* folder = nullptr;
-  std::size_t record = 0;
+  std::size_t record = 0;  // index into the records and the key into the files of `folder`
 };
 
-// Plans on a volume, which it changes in memory: records and folders are added there, clusters are not yet given.
+// Adds records and folders to a volume in memory. Clusters are assigned later, by the writing pass.
 class VolumePlan {
  public:
   // `volume` must outlive the plan.
   explicit VolumePlan(Volume& volume) : volume_(volume) {}
 
-  // Gives the root folder its label entry, or renames the one it has.
+  // Adds a label entry to the root folder, or renames the one that is there.
   Result SetLabel(const ShortName& label);
 
-  // Adds a file with its folders, or takes the place of a file of the same name. `file` must outlive the plan.
+  // Adds a file and the folders of its path, or replaces the file with the same path. `file` must outlive the plan.
   Result AddFile(const ProfileFile& file, std::int64_t size);
 
-  // Fails, naming the first folder or file that does not fit and the bytes that are missing for it.
+  // Fails with a sentence that names the first folder or file that does not fit, and the number of bytes it lacks.
   Result CheckSpace() const;
 
   const std::vector<Placement>& placements() const { return placements_; }
@@ -44,7 +45,7 @@ class VolumePlan {
   std::vector<Placement> placements_;
 };
 
-// The clusters that so many bytes, or the records of a folder other than the root, fill.
+// The number of clusters that a content of `bytes`, or the records of a folder other than the root, take.
 std::size_t ClustersFor(const VolumeLayout& layout, std::int64_t bytes);
 std::size_t ClustersFor(const VolumeLayout& layout, const Folder& folder);
 

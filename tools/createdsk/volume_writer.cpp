@@ -1,4 +1,4 @@
-// The writing pass: puts planned files into the image of a volume.
+// Assigns clusters and writes contents, folders and FATs.
 #include "tools/createdsk/volume_writer.h"
 
 #include <algorithm>
@@ -13,7 +13,8 @@ class VolumeWriter {
  public:
   VolumeWriter(Volume& volume, std::span<std::uint8_t> image) : volume_(volume), image_(image) {}
 
-  // A shortened file keeps its first clusters: systems start only from a file that begins where it always has.
+  // A shortened file keeps its first clusters. The boot sectors of some systems load their system file from the cluster
+  // where it was when the disk was made.
   void ReleaseClusters(const Placement& placement) {
     Chain& chain = placement.folder->files.at(placement.record);
     volume_.fat.Resize(chain, std::min(chain.size(), ClustersFor(volume_.layout, placement.size)));
@@ -46,7 +47,7 @@ class VolumeWriter {
  private:
   static Cluster FirstOf(const Chain& chain) { return chain.empty() ? Cluster{0} : chain.front(); }
 
-  // The rest of the last cluster becomes zero, so that nothing of an earlier file stays there.
+  // Fills the rest of the last cluster with zeros, so that no bytes of an older file stay there.
   void StoreInClusters(const Chain& chain, const void* bytes, std::size_t size) {
     const std::size_t cluster_bytes = volume_.layout.ClusterBytes();
     const auto* const source = static_cast<const std::uint8_t*>(bytes);

@@ -1,4 +1,4 @@
-// Reads files side by side for as long as they are alike.
+// Reads the files of a group at the same time, piece by piece, for as long as their bytes are equal.
 #include "tools/dfl/compare.h"
 
 #include <algorithm>
@@ -23,7 +23,7 @@ class Comparison {
  public:
   explicit Comparison(Problems& problems) : problems_(problems) {}
 
-  // Sets of files whose starts are alike. Opens them all and leaves them open.
+  // Splits the files into sets with equal first bytes. Opens all files and leaves them open.
   std::vector<Candidates> SplitByStart(Candidates files) {
     std::map<Digest, Candidates> sets;
     for (Candidate& file : files) {
@@ -76,7 +76,7 @@ class Comparison {
     std::size_t alike = others.size();
     for (std::int64_t position = 0; alike > 0;) {
       const std::span<const std::byte> bytes = first.reader.Read(position, INT64_MAX, 0);
-      if (bytes.empty()) return;  // its end, or it cannot be read, which the caller looks at
+      if (bytes.empty()) return;  // at its end, or after a failure, which the caller checks
       for (Candidate& other : others) {
         if (other.differs) continue;
         const std::span<const std::byte> theirs = other.reader.Read(position, INT64_MAX, 1);
@@ -98,7 +98,8 @@ std::vector<Group> EqualFiles(Group group, const Tree& tree, Problems& problems)
   for (File& file : group) files.push_back({&file, Reader(tree, file)});
   Comparison comparison(problems);
   std::vector<Group> equal;
-  // Two are compared at once. The starts of many have been digested before; they would be too many to be open.
+  // Two files are compared without a digest. SplitByDigest has digested the first bytes of many files before, and they
+  // are too many to be open at once.
   if (files.size() == 2 || files.size() > kSideBySide) {
     comparison.AppendEqual(std::move(files), equal);
     return equal;

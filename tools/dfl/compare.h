@@ -1,4 +1,4 @@
-// Proving byte by byte which files are equal.
+// Finds the equal files of a group by comparing them byte by byte: EqualFiles().
 #pragma once
 
 #include <cstddef>
@@ -9,11 +9,12 @@
 
 namespace discwright::tools::dfl {
 
-// So many files are read side by side and stay open meanwhile. A larger group is better split by digests before.
+// The largest number of files that are open and compared at once. SplitByDigest makes larger groups smaller first.
 inline constexpr std::size_t kSideBySide = 32;
 
-// The sets of two and more files of a group that are equal to their set's first file, as far as that did not change in
-// between. The order of the files inside a set is the group's. What cannot be read becomes a problem and is left out.
+// Splits a group into sets of two or more equal files, each in the order of the group. Files equal to no other are left
+// out. A file that cannot be read becomes a problem and is left out, too. The sets are reliable only while their first
+// file stays unchanged.
 std::vector<Group> EqualFiles(Group group, const Tree& tree, Problems& problems);
 
 }  // namespace discwright::tools::dfl

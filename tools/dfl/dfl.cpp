@@ -1,9 +1,9 @@
-// The steps of a run and what it prints.
+// The steps of a run: scan, digest, compare and link, with the lines that they print.
 #include "tools/dfl/dfl.h"
 
 #include <algorithm>
 
-#include "host/system.h"
+#include "host/names.h"
 #include "host/threads.h"
 #include "tools/dfl/compare.h"
 #include "tools/dfl/digest.h"
@@ -17,7 +17,7 @@ constexpr std::string_view kUsage =
     "usage: dfl FOLDER link\n"
     "Makes files of equal content below FOLDER hard links of one another.\n";
 
-// Linking waits for the disk as often as it reads.
+// More threads than processors, because linking often waits for the disk.
 constexpr unsigned kThreadsPerProcessor = 4;
 
 void PrintWithoutLinks(const std::vector<std::string>& folders, std::ostream& output) {
@@ -26,10 +26,10 @@ void PrintWithoutLinks(const std::vector<std::string>& folders, std::ostream& ou
   }
 }
 
-// What interrupted runs left: whatever still has such a name and is a file that also has another is not needed.
-void RemovePassingNames(const Tree& tree) {
+// Removes the temporary links of interrupted runs. RemoveSpareName keeps a file whose only name this is.
+void RemoveTemporaryNames(const Tree& tree) {
   for (std::size_t place = 0; place < tree.names().size(); ++place) {
-    if (IsPassingName(tree.names()[place].name)) host::RemoveSpareName(tree.Path(place));
+    if (IsTemporaryName(tree.names()[place].name)) host::RemoveSpareName(tree.Path(place));
   }
 }
 
@@ -43,19 +43,20 @@ int RunDfl(const std::vector<std::string>& arguments, std::ostream& output, std:
   }
   const unsigned processors = machine.processors != 0 ? machine.processors : host::ProcessorCount();
   Problems problems;
-  // Every line is sent off at once: the monitor shows the one that it read last.
+  // Each line is flushed at once, because the monitor shows the last line that it has read.
   const std::string folder = host::PathFromNative(arguments[0]);
   output << "Scanning " << arguments[0] << std::endl;
   const Tree tree(folder, problems);
+  // The monitor looks for this text, although the digests are not MD5 but the faster XXH3.
   output << "Calculating MD5 digests" << std::endl;
   const std::vector<Group> groups = SplitByDigest(tree.GroupsOfEqualSize(), kSideBySide, tree, processors, problems);
   output << "Finding duplicate files" << std::endl;
   Linking linking(tree, machine.calls, problems);
   const Saving saving = linking.Run(groups, kThreadsPerProcessor * processors);
-  RemovePassingNames(tree);
+  RemoveTemporaryNames(tree);
   PrintWithoutLinks(linking.FoldersWithoutLinks(), output);
   problems.Print(errors);
-  // Whoever cannot see the exit code tells a complete run by this line: it ends otherwise where files were left alone.
+  // The build does not see the exit code of this program. It takes the run for complete when this line ends in "saved".
   output << saving.linked << " files linked, " << saving.bytes << " bytes saved"
          << (problems.empty() ? "" : ", some files were left alone") << std::endl;
   return problems.empty() ? kExitDone : kExitProblems;

@@ -1,4 +1,4 @@
-// Digests files, on all threads, and sorts them.
+// Computes the digests on several threads and groups the files by them.
 #include "tools/dfl/digest.h"
 
 #include <algorithm>
@@ -18,7 +18,7 @@ struct DigestedFile {
   std::optional<Digest> digest;
 };
 
-// Appends the groups of equal digest among files of one group; their order inside a group stays.
+// Splits the files of one group by their digests and appends the new groups. The order of the files stays.
 void AppendGroups(std::span<DigestedFile> files, std::vector<Group>& groups) {
   std::stable_sort(files.begin(), files.end(),
                    [](const DigestedFile& a, const DigestedFile& b) { return a.digest < b.digest; });
@@ -33,7 +33,8 @@ void AppendGroups(std::span<DigestedFile> files, std::vector<Group>& groups) {
   }
 }
 
-// Where a round of digests looks: at the first `length` bytes of files that are larger than `known`.
+// One round of digests: over the first `length` bytes of files of more than `known` bytes. Smaller files need no
+// digest, because an earlier round has digested all of them.
 struct Round {
   std::int64_t length;
   std::int64_t known;

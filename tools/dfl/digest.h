@@ -1,4 +1,4 @@
-// Sorting many files by digests of their content.
+// Splits groups of many files by digests of their content, so that fewer files must be compared byte by byte.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +13,7 @@
 
 namespace discwright::tools::dfl {
 
-inline constexpr std::int64_t kStart = 4096;  // bytes that tell most files apart
+inline constexpr std::int64_t kStart = 4096;  // the first bytes, in which most files differ
 
 struct Digest {
   std::uint64_t high = 0;
@@ -22,11 +22,11 @@ struct Digest {
   bool operator<(const Digest& other) const { return std::tie(high, low) < std::tie(other.high, other.low); }
 };
 
-// Of the first `length` bytes; nothing when they cannot be read, which becomes a problem.
+// The digest of the first `length` bytes. No value, and a problem, when they cannot be read.
 std::optional<Digest> DigestOf(Reader& reader, std::int64_t length, Problems& problems);
 
-// Splits groups of more than `few` files by digests, first of the files' starts, then of what is still alike as a
-// whole. What cannot be read becomes a problem and leaves its group; groups of one disappear.
+// Splits every group of more than `few` files: first by the digest of the first bytes, then by that of the whole
+// content. A file that cannot be read becomes a problem and leaves its group. Groups of one file are removed.
 std::vector<Group> SplitByDigest(std::vector<Group> groups, std::size_t few, const Tree& tree, unsigned threads,
                                  Problems& problems);
 

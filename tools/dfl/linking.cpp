@@ -1,4 +1,4 @@
-// Compares, links, and holds back where the disk is no longer what it was.
+// Compares files and replaces names by links, unless a file has changed since the scan.
 #include "tools/dfl/linking.h"
 
 #include <algorithm>
@@ -13,7 +13,7 @@ namespace {
 
 std::int64_t BytesOf(const Group& group) { return group[0].facts.size * static_cast<std::int64_t>(group.size()); }
 
-// The numbers of the groups, most bytes first.
+// The indexes of the groups, those with the most bytes first.
 std::vector<std::size_t> LargestFirst(const std::vector<Group>& groups) {
   std::vector<std::size_t> order(groups.size());
   std::iota(order.begin(), order.end(), std::size_t{0});
@@ -60,7 +60,7 @@ Saving Linking::LinkGroup(Group group) {
   return saving;
 }
 
-// Links what is equal to the first file; the result must be compared anew, because a file that was to stay changed.
+// Links the equal files to the first one. Returns the files that must be compared again because a keeper has changed.
 Group Linking::LinkEqual(Group equal, Saving& saving) {
   std::vector<File> keepers = {std::move(equal[0])};
   for (std::size_t index = 1; index < equal.size(); ++index) {
@@ -81,7 +81,7 @@ Group Linking::LinkEqual(Group equal, Saving& saving) {
   return {};
 }
 
-// Names that could be linked, or failed to be, are the file's no longer.
+// Links the names of a file one after the other. Removes from `file` the names that were linked or have failed.
 Linking::Outcome Linking::LinkToOneOf(const std::vector<File>& keepers, File& file, Saving& saving) {
   std::size_t done = 0;
   std::size_t linked = 0;
@@ -98,7 +98,7 @@ Linking::Outcome Linking::LinkToOneOf(const std::vector<File>& keepers, File& fi
   return outcome;
 }
 
-// All keepers equal the first one, and so one another only as long as that is what it was when they were compared.
+// Each keeper was compared with the first one only. So they are equal as long as the first one is unchanged.
 Linking::Outcome Linking::LinkName(const std::vector<File>& keepers, std::size_t place) {
   if (!IsUnchanged(keepers[0].names[0])) return Outcome::kKeeperChanged;
   if (!IsUnchanged(place)) return Outcome::kFailed;
@@ -113,13 +113,13 @@ Linking::Outcome Linking::LinkName(const std::vector<File>& keepers, std::size_t
 }
 
 Linking::Outcome Linking::LinkOver(const File& keeper, std::size_t place) {
-  std::string passing;
-  const host::LinkAnswer answer = MakePassingLink(keeper, place, passing);
+  std::string temporary;
+  const host::LinkAnswer answer = MakeTemporaryLink(keeper, place, temporary);
   switch (answer.end) {
     case host::LinkEnd::kMade:
       break;
     case host::LinkEnd::kTooManyLinks:
-    case host::LinkEnd::kOtherVolume:  // one volume mounted at two places: its files know no links between these
+    case host::LinkEnd::kOtherVolume:  // one volume mounted twice: links between the two mounts fail
       return Outcome::kKeeperFull;
     case host::LinkEnd::kUnsupported:
       NoteWithoutLinks(keeper.facts.volume);
@@ -129,24 +129,24 @@ Linking::Outcome Linking::LinkOver(const File& keeper, std::size_t place) {
       problems_.Add(place, tree_.Path(place), "cannot be linked", answer.status);
       return Outcome::kFailed;
   }
-  const host::Status replaced = calls_.replace(passing, tree_.Path(place));
+  const host::Status replaced = calls_.replace(temporary, tree_.Path(place));
   if (replaced.ok()) return Outcome::kLinked;
-  host::RemoveSpareName(passing);
+  host::RemoveSpareName(temporary);
   problems_.Add(place, tree_.Path(place), "cannot be linked", replaced);
   return Outcome::kFailed;
 }
 
-// A name that somebody has taken is passed over, whoever it was.
-host::LinkAnswer Linking::MakePassingLink(const File& keeper, std::size_t place, std::string& passing) {
+// Makes a link to the keeper under a temporary name. Tries further names when another run or program has taken one.
+host::LinkAnswer Linking::MakeTemporaryLink(const File& keeper, std::size_t place, std::string& temporary) {
   const std::string existing = tree_.Path(keeper.names[0]);
   for (;;) {
-    passing = PassingName(tree_.FolderOf(place), passing_number_++);
-    host::LinkAnswer answer = calls_.make_link(existing, passing);
+    temporary = TemporaryName(tree_.FolderOf(place), temporary_number_++);
+    host::LinkAnswer answer = calls_.make_link(existing, temporary);
     if (answer.end != host::LinkEnd::kNameTaken) return answer;
   }
 }
 
-// Whether the file is what the scan saw, and so what was compared; otherwise it becomes a problem.
+// Whether the file is the one that the scan saw, and that was compared. Otherwise it becomes a problem.
 bool Linking::IsUnchanged(std::size_t place) {
   const std::string path = tree_.Path(place);
   const std::optional<host::FileFacts> facts = host::FactsOf(path);

@@ -1,4 +1,4 @@
-// Makes files of equal content hard links of one another.
+// Replaces files of equal content by hard links to one of them: call Linking::Run once.
 #pragma once
 
 #include <atomic>
@@ -9,22 +9,22 @@
 #include <string_view>
 #include <vector>
 
-#include "host/links.h"
+#include "host/hard_links.h"
 #include "host/threads.h"
 #include "tools/dfl/problems.h"
 #include "tools/dfl/tree.h"
 
 namespace discwright::tools::dfl {
 
-// The two calls that change the disk; tests put others in their place.
+// The two calls that change the disk. Tests replace them to make them fail.
 struct LinkCalls {
   std::function<host::LinkAnswer(std::string_view existing, std::string_view fresh)> make_link = host::MakeHardLink;
   std::function<host::Status(std::string_view from, std::string_view to)> replace = host::MoveOver;
 };
 
 struct Saving {
-  std::size_t linked = 0;  // names that are now links
-  std::int64_t bytes = 0;  // of the files that lost all their names to them
+  std::size_t linked = 0;  // names that were replaced by links
+  std::int64_t bytes = 0;  // sizes of the files that have no names left
 };
 
 class Linking {
@@ -32,14 +32,15 @@ class Linking {
   Linking(const Tree& tree, const LinkCalls& calls, Problems& problems)
       : tree_(tree), calls_(calls), problems_(problems) {}
 
-  // Compares the files of each group and links those that are equal; the one that stands first in the tree stays and
-  // gives the others its time and attributes. A file that has changed since the scan is left alone, with a problem.
+  // Compares the files of each group and links the equal ones to the first of them in the tree, whose time and
+  // attributes they get. A file that has changed since the scan becomes a problem and is not linked.
   Saving Run(const std::vector<Group>& groups, unsigned threads);
 
-  // A folder on each volume that has no hard links, in order of the tree.
+  // One folder for each volume whose file system has no hard links, in the order of the tree.
   std::vector<std::string> FoldersWithoutLinks() const;
 
  private:
+  // A keeper is a file that stays. A name is replaced by a link to a keeper.
   enum class Outcome { kLinked, kFailed, kKeeperFull, kKeeperChanged, kUnsupported };
 
   Saving LinkGroup(Group group);
@@ -47,7 +48,7 @@ class Linking {
   Outcome LinkToOneOf(const std::vector<File>& keepers, File& file, Saving& saving);
   Outcome LinkName(const std::vector<File>& keepers, std::size_t place);
   Outcome LinkOver(const File& keeper, std::size_t place);
-  host::LinkAnswer MakePassingLink(const File& keeper, std::size_t place, std::string& passing);
+  host::LinkAnswer MakeTemporaryLink(const File& keeper, std::size_t place, std::string& temporary);
   bool IsUnchanged(std::size_t place);
   bool HasLinks(std::uint64_t volume) const;
   void NoteWithoutLinks(std::uint64_t volume);
@@ -55,7 +56,7 @@ class Linking {
   const Tree& tree_;
   const LinkCalls& calls_;
   Problems& problems_;
-  std::atomic<std::size_t> passing_number_ = 0;
+  std::atomic<std::size_t> temporary_number_ = 0;
   mutable host::Mutex mutex_;
   std::set<std::uint64_t> volumes_without_links_;
 };

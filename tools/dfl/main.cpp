@@ -1,6 +1,6 @@
-// dfl: makes duplicate files hard links of one another, so that mastering stores them once.
-#include "host/arguments.h"
-#include "host/print_stream.h"
+// dfl: replaces duplicate files by hard links, so that mastering stores their content once.
+#include "host/console.h"
+#include "host/native_text.h"
 #include "tools/dfl/dfl.h"
 
 int main(int argc, char** argv) {

@@ -1,4 +1,4 @@
-// A counter that threads take their work from.
+// Threads take the numbers of their calls from one counter.
 #include "tools/dfl/parallel.h"
 
 #include <algorithm>
@@ -16,7 +16,7 @@ bool StartThread(std::vector<host::Thread>& threads, const std::function<void()>
     threads.emplace_back(work);
     return true;
   } catch (const std::system_error&) {
-    return false;  // the threads that there are do it all
+    return false;  // the threads that could be started do all the work
   }
 }
 

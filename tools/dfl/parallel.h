@@ -1,4 +1,4 @@
-// One loop on several threads.
+// Runs a loop on several threads: ForEach().
 #pragma once
 
 #include <cstddef>
@@ -6,8 +6,8 @@
 
 namespace discwright::tools::dfl {
 
-// Calls work(0) to work(count - 1), each once, from up to `threads` threads; returns when all are done. They are begun
-// in this order, so the largest piece of work belongs first.
+// Calls work(0) to work(count - 1) once each, from up to `threads` threads, and returns when all calls have ended. They
+// begin in this order, so the longest call should come first.
 void ForEach(std::size_t count, unsigned threads, const std::function<void(std::size_t)>& work);
 
 }  // namespace discwright::tools::dfl

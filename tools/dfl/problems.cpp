@@ -1,17 +1,18 @@
-// Words the problems.
+// Words, sorts and prints the problems.
 #include "tools/dfl/problems.h"
 
 #include <algorithm>
 #include <mutex>
 #include <tuple>
 
-#include "host/system.h"
+#include "host/names.h"
 
 namespace discwright::tools::dfl {
 namespace {
 
-// Whoever watches this program's output together with the mastering's takes the system's own sentence for a full disk
-// as the end of the image; here only a saving is lost.
+// The build's progress monitor reads the output of this program together with that of the mastering. It would take the
+// system's sentence for a full disk ("No space left on device") as a failure of the image, but here only a link is
+// missing.
 std::string CauseOf(const host::Status& status) {
   return status.error == host::ErrorClass::kDiskFull ? "the disk is full" : status.cause;
 }

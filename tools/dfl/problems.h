@@ -1,4 +1,5 @@
-// What went wrong with single files, collected from all threads and told in the order of the tree.
+// Collects what goes wrong with single files, on all threads, and prints it in the order of the tree. A problem does
+// not stop the run.
 #pragma once
 
 #include <cstddef>
@@ -14,11 +15,12 @@ namespace discwright::tools::dfl {
 
 class Problems {
  public:
-  // `place` is where the file stands in the tree; `what` happened to it ("cannot be read"). Thread-safe.
+  // `place` is the file's index in the tree; `what` continues the sentence after the path ("cannot be read"). May be
+  // called from several threads at once.
   void Add(std::size_t place, std::string_view path, std::string_view what, const host::Status& status = {});
 
   bool empty() const { return problems_.empty(); }
-  // One line each.
+  // Prints one line for each problem.
   void Print(std::ostream& output);
 
  private:
@@ -30,7 +32,8 @@ class Problems {
   std::vector<Problem> problems_;
 };
 
-// A path as it is shown on one line of the console.
+// A path as messages show it: with the host's separators, and control characters as "\x0A", so that it fits on one
+// line.
 std::string Shown(std::string_view path);
 
 }  // namespace discwright::tools::dfl

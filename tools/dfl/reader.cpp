@@ -1,15 +1,16 @@
-// Reads into memory that each thread keeps.
+// Reads into buffers that each thread keeps for all its readers.
 #include "tools/dfl/reader.h"
 
 #include <algorithm>
 #include <array>
 
-#include "host/links.h"
+#include "host/hard_links.h"
 
 namespace discwright::tools::dfl {
 namespace {
 
-constexpr std::int64_t kPieceSize = std::int64_t{128} * 1024;  // bytes; two of them fit into a processor's own cache
+constexpr std::int64_t kPieceSize =
+    std::int64_t{128} * 1024;  // bytes; two pieces fit into the cache of a processor core
 using Piece = std::array<std::byte, kPieceSize>;
 
 Piece& Memory(std::size_t which) {
@@ -24,16 +25,20 @@ std::span<const std::byte> Reader::Read(std::int64_t position, std::int64_t end,
   const std::int64_t left = std::min(end, file_->facts.size) - position;
   const auto size = static_cast<std::size_t>(std::clamp<std::int64_t>(left, 0, kPieceSize));
   const std::span<std::byte> bytes = std::span(memory).first(size);
-  if (open_ == nullptr && status_.ok())
-    open_ = host::OpenUnchanged(tree_->Path(file_->names[0]), file_->facts, status_);
+  if (open_ == nullptr && status_.ok()) {
+    host::Result<std::unique_ptr<host::BinaryFile>> opened =
+        host::OpenUnchanged(tree_->Path(file_->names[0]), file_->facts);
+    open_ = std::move(opened.value);
+    status_ = std::move(opened.status);
+  }
   if (status_.ok()) status_ = open_->ReadAt(position, bytes);
   return status_.ok() ? bytes : std::span<std::byte>();
 }
 
 bool Reader::Check(Problems& problems) {
-  if (!status_.ok() && !told_) {
+  if (!status_.ok() && !reported_) {
     problems.Add(file_->names[0], tree_->Path(file_->names[0]), "cannot be read", status_);
-    told_ = true;
+    reported_ = true;
   }
   return status_.ok();
 }

@@ -1,4 +1,4 @@
-// Reading a file piece by piece, with what happened on the way.
+// Reads a file piece by piece and keeps its first failure: call Read() until it returns no bytes, then Check().
 #pragma once
 
 #include <cstddef>
@@ -13,19 +13,20 @@
 
 namespace discwright::tools::dfl {
 
-// Opens its file at the first read; the first failure stays. The tree and the file must outlive it.
+// Opens the file at the first read. The tree and the file must outlive the reader.
 class Reader {
  public:
   Reader(const Tree& tree, const File& file) : tree_(&tree), file_(&file) {}
 
-  // The bytes from `position` to `end` or the file's end, as many as fit into a piece of memory: none at the end or
-  // after a failure. They stay until the thread's next read into the same piece, `which` (0 or 1), by any reader.
+  // The bytes from `position` on, up to `end`, the end of the file or the size of a buffer. No bytes at the end or
+  // after a failure. Each thread has two buffers, `which` 0 and 1, that all its readers share: the bytes are valid
+  // until the thread's next read into the same buffer.
   std::span<const std::byte> Read(std::int64_t position, std::int64_t end, std::size_t which);
 
   // Closes the file until the next read.
   void Close() { open_.reset(); }
 
-  // True when everything could be read so far. A failure becomes a problem, once.
+  // Whether all reads have succeeded so far. Adds a problem at the first call after a failure.
   bool Check(Problems& problems);
 
  private:
@@ -33,7 +34,7 @@ class Reader {
   const File* file_;
   std::unique_ptr<host::BinaryFile> open_;
   host::Status status_;
-  bool told_ = false;
+  bool reported_ = false;
 };
 
 }  // namespace discwright::tools::dfl

@@ -1,4 +1,4 @@
-// Walks the folder and sorts its files by size.
+// Reads the folders and groups the files by size.
 #include "tools/dfl/tree.h"
 
 #include <algorithm>
@@ -8,7 +8,7 @@
 namespace discwright::tools::dfl {
 namespace {
 
-constexpr std::string_view kPassingStart = ".dfl-link-";
+constexpr std::string_view kTemporaryStart = ".dfl-link-";
 
 bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
@@ -22,13 +22,13 @@ void MoveGroup(Group& group, std::vector<Group>& groups) {
 
 }  // namespace
 
-std::string PassingName(std::string_view folder, std::size_t number) {
-  return std::string(folder).append(kPassingStart).append(std::to_string(number));
+std::string TemporaryName(std::string_view folder, std::size_t number) {
+  return std::string(folder).append(kTemporaryStart).append(std::to_string(number));
 }
 
-bool IsPassingName(std::string_view name) {
-  return name.size() > kPassingStart.size() && name.starts_with(kPassingStart) &&
-         std::all_of(name.begin() + kPassingStart.size(), name.end(), IsDigit);
+bool IsTemporaryName(std::string_view name) {
+  return name.size() > kTemporaryStart.size() && name.starts_with(kTemporaryStart) &&
+         std::all_of(name.begin() + kTemporaryStart.size(), name.end(), IsDigit);
 }
 
 Tree::Tree(std::string_view folder, Problems& problems) {
@@ -38,14 +38,14 @@ Tree::Tree(std::string_view folder, Problems& problems) {
 }
 
 void Tree::Walk(std::string folder, Problems& problems) {
-  host::FactsListing listing = host::ListFacts(folder);
+  host::Result<std::vector<host::NamedFacts>> listing = host::ListFacts(folder);
   if (!listing.status.ok()) {
     problems.Add(names_.size(), folder, "cannot be listed", listing.status);
     return;
   }
   const std::size_t index = folders_.size();
   folders_.push_back(std::move(folder));
-  for (host::NamedFacts& entry : listing.entries) {
+  for (host::NamedFacts& entry : listing.value) {
     if (entry.is_folder) {
       Walk(folders_[index] + entry.name + "\\", problems);
     } else if (entry.facts.size > 0) {

@@ -1,4 +1,5 @@
-// The files below a folder: every name once, in the order in which everything else is decided and reported.
+// The files below a folder, read by the constructor of Tree. The order of its names decides which file of several equal
+// ones is kept, and the order of messages.
 #pragma once
 
 #include <cstddef>
@@ -7,39 +8,39 @@
 #include <string_view>
 #include <vector>
 
-#include "host/links.h"
+#include "host/hard_links.h"
 #include "tools/dfl/problems.h"
 
 namespace discwright::tools::dfl {
 
-// One name of a file that is not empty.
+// A name of a file.
 struct FoundName {
   std::size_t folder = 0;  // index into Tree's folders
   std::string name;
-  host::FileFacts facts;  // as the scan saw them
+  host::FileFacts facts;  // of the file at the time of the scan
 };
 
-// One file: the names below the folder that are hard links of one another, first name first.
+// A file with all its names in the tree: its hard links, in the order of the tree.
 struct File {
   host::FileFacts facts;
-  std::vector<std::size_t> names;  // places in the tree; see Tree
+  std::vector<std::size_t> names;  // indexes into Tree::names()
 };
 
-// Files that may have equal content, ordered by their first names.
+// Files that may have equal content, in the order of their first names.
 using Group = std::vector<File>;
 
-// Names stand in the order of a walk that visits each folder's entries by name, byte by byte. A name's index is its
-// place. Symbolic links, special files and empty files are left out.
+// All names below a folder, in the order of a walk that visits the entries of each folder sorted byte by byte. The
+// index of a name is called its place. Symbolic links, devices, pipes, sockets and empty files are left out.
 class Tree {
  public:
-  // Walks the folder. Folders that cannot be listed become problems.
+  // Reads the folder and all folders below it. A folder that cannot be listed becomes a problem.
   Tree(std::string_view folder, Problems& problems);
 
   const std::vector<FoundName>& names() const { return names_; }
   std::string Path(std::size_t place) const;
   const std::string& FolderOf(std::size_t place) const { return folders_[names_[place].folder]; }
 
-  // The files of each volume that share their size with another one: one group per size, in order of their first
+  // The files that share their volume and their size with another file: one group per size, in the order of their first
   // names.
   std::vector<Group> GroupsOfEqualSize() const;
 
@@ -50,9 +51,9 @@ class Tree {
   std::vector<FoundName> names_;
 };
 
-// The name of a link until it takes its target's place, in `folder` (with a separator at the end). Such names belong to
-// this program.
-std::string PassingName(std::string_view folder, std::size_t number);
-bool IsPassingName(std::string_view name);
+// The temporary name of a new link in `folder`, which ends with a separator. The link then replaces a file. Names of
+// this form are reserved for this program, which removes those that an interrupted run has left.
+std::string TemporaryName(std::string_view folder, std::size_t number);
+bool IsTemporaryName(std::string_view name);
 
 }  // namespace discwright::tools::dfl

@@ -47,7 +47,7 @@ std::uint16_t BootLoadSectors(const Options& options, std::uint32_t size) {
   return static_cast<std::uint16_t>(std::min<std::uint32_t>(all, 0xFFFF));
 }
 
-// El Torito 2.2; the entries behind the default one stay zero, which ends the list.
+// El Torito 2.2. The entries after the default one stay zero: that ends the list.
 BootCatalogue MakeBootCatalogue(std::string_view id, std::uint16_t load_sectors, std::uint32_t boot_image) {
   BootCatalogue catalogue{};
   catalogue.validation = MakeValidationEntry(id);

@@ -1,4 +1,5 @@
-// El Torito 1.0: the boot record, which leads to the boot catalogue, which leads to the boot image.
+// El Torito 1.0: the boot record in sector 17 names the sector of the boot catalogue, which names that of the boot
+// image. The image writer stores what MakeBootRecord and MakeBootCatalogue return.
 #pragma once
 
 #include <array>
@@ -16,7 +17,7 @@ struct BootRecord {
   DescriptorHead head;
   std::array<std::uint8_t, 32> boot_system_id;  // "EL TORITO SPECIFICATION"
   std::array<std::uint8_t, 32> unused_27h;
-  std::array<std::uint8_t, 4> catalogue;  // sector
+  std::array<std::uint8_t, 4> catalogue;  // its sector
   std::array<std::uint8_t, 1973> unused_4bh;
 };
 static_assert(sizeof(BootRecord) == kSectorSize);
@@ -28,8 +29,8 @@ struct ValidationEntry {
   std::array<std::uint8_t, 1> header_id;
   std::array<std::uint8_t, 1> platform;  // 0: 80x86
   std::array<std::uint8_t, 2> reserved;
-  std::array<std::uint8_t, 24> id;        // of who made the disc
-  std::array<std::uint8_t, 2> checksum;   // makes the sum of all words zero
+  std::array<std::uint8_t, 24> id;        // manufacturer or developer of the disc
+  std::array<std::uint8_t, 2> checksum;   // makes the sum of all 16-bit words of the entry zero
   std::array<std::uint8_t, 2> key_bytes;  // 55h AAh
 };
 static_assert(sizeof(ValidationEntry) == 32);
@@ -38,11 +39,11 @@ static_assert(sizeof(ValidationEntry) == 32);
 struct DefaultEntry {
   std::array<std::uint8_t, 1> boot_indicator;  // 88h: bootable
   std::array<std::uint8_t, 1> media;           // 0: no emulation
-  std::array<std::uint8_t, 2> load_segment;    // 0: the usual one, 07C0h
+  std::array<std::uint8_t, 2> load_segment;    // 0 stands for the traditional 07C0h
   std::array<std::uint8_t, 1> system_type;
   std::array<std::uint8_t, 1> unused_5;
   std::array<std::uint8_t, 2> load_sectors;  // of 512 bytes
-  std::array<std::uint8_t, 4> boot_image;    // sector
+  std::array<std::uint8_t, 4> boot_image;    // its first sector
   std::array<std::uint8_t, 20> unused_12;
 };
 static_assert(sizeof(DefaultEntry) == 32);
@@ -54,10 +55,12 @@ struct BootCatalogue {
 };
 static_assert(sizeof(BootCatalogue) == kSectorSize);
 
-// How many 512-byte sectors of a boot image of `size` bytes a BIOS loads: what the options say, or else all.
+// How many 512-byte sectors of the boot image a BIOS loads: the number in `options`, or without one the whole image of
+// `size` bytes, which is at least 1.
 std::uint16_t BootLoadSectors(const Options& options, std::uint32_t size);
 
-// `id` is cut to the length of its field.
+// The catalogue of a disc with one boot image, which begins at the sector `boot_image`. An `id` of more than 24 bytes
+// is cut.
 BootCatalogue MakeBootCatalogue(std::string_view id, std::uint16_t load_sectors, std::uint32_t boot_image);
 
 }  // namespace discwright::tools::mkisofs

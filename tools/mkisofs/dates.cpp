@@ -1,4 +1,4 @@
-// Turns seconds into the fields of recorded dates.
+// Converts seconds since 1970 to the date fields of ISO 9660.
 #include "tools/mkisofs/dates.h"
 
 #include <algorithm>
@@ -46,7 +46,7 @@ void StoreDigits(std::span<std::uint8_t> field, unsigned value) {
 
 }  // namespace
 
-// ECMA-119 9.1.5: years since 1900, and the last byte is the zone.
+// ECMA-119 9.1.5: the year counts from 1900; the last byte is the time zone.
 RecordingTime MakeRecordingTime(std::int64_t seconds) {
   const Parts parts = Split(std::clamp(seconds, kFirstRecorded, kLastRecorded));
   const auto byte = [](unsigned value) { return static_cast<std::uint8_t>(value); };
@@ -59,7 +59,7 @@ RecordingTime MakeRecordingTime(std::int64_t seconds) {
           0};
 }
 
-// ECMA-119 8.4.26.1: digits down to hundredths of a second, then the zone as a number.
+// ECMA-119 8.4.26.1: decimal digits down to hundredths of a second, then the time zone as a binary number.
 VolumeTime MakeVolumeTime(std::int64_t seconds) {
   const Parts parts = Split(std::clamp(seconds, kFirstOfVolume, kLastOfVolume));
   VolumeTime time = NoVolumeTime();

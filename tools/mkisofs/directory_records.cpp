@@ -1,4 +1,4 @@
-// Sizes and writes directories.
+// Sizes directories and writes their records.
 #include "tools/mkisofs/directory_records.h"
 
 #include <algorithm>
@@ -13,7 +13,8 @@ namespace {
 constexpr std::uint8_t kDirectoryFlag = 0x02;  // ECMA-119 9.1.6
 constexpr std::uint16_t kOnlyVolume = 1;
 
-// ECMA-119 6.8.1.1: where a record of `length` bytes begins that follows `position` bytes of a directory.
+// The offset in a directory at which a record of `length` bytes begins, after `position` bytes of other records: in the
+// next sector when it would cross into it (ECMA-119 6.8.1.1).
 std::uint64_t RecordStart(std::uint64_t position, std::size_t length) {
   const std::uint64_t used = position % kSectorSize;
   return used + length > kSectorSize ? position - used + kSectorSize : position;
@@ -55,7 +56,7 @@ std::uint64_t DirectorySize(const Tree& tree, const Folder& folder) {
   return SectorsFor(position) * kSectorSize;
 }
 
-// ECMA-119 6.8.2 and 9.3: the folder itself, its parent, then what stands in it.
+// ECMA-119 6.8.2 and 9.3: the folder itself, its parent, then its entries in the order of their names.
 void AppendDirectory(const Tree& tree, const Folder& folder, TimeLimit limit, std::vector<std::uint8_t>& bytes) {
   const std::size_t start = bytes.size();
   AppendRecord(tree.NodeOf(folder), kSelf, limit, start, bytes);

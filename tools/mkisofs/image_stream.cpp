@@ -1,4 +1,4 @@
-// Hands full pieces to the writing thread, or writes them here when it cannot keep up.
+// Hands full pieces to the writing thread, or writes them itself when that thread is behind.
 #include "tools/mkisofs/image_stream.h"
 
 #include <algorithm>
@@ -9,10 +9,10 @@
 namespace discwright::tools::mkisofs {
 namespace {
 
-// Measured: pieces that stay in a processor's cache between being read and being written are the fastest, although
-// larger ones need fewer calls.
+// The fastest size that was measured: a piece of it stays in the processor's cache between reading and writing. Larger
+// pieces need fewer system calls and are slower (see README.md).
 constexpr std::size_t kPieceSize = 262144;
-constexpr std::size_t kPieces = 8;  // at least 3: one is filled, one is written by the other thread, one is left
+constexpr std::size_t kPieces = 8;  // at least 3: one being filled, one being written by the other thread, one free
 
 }  // namespace
 
@@ -93,7 +93,7 @@ void ImageStream::TakeFreePiece() {
   free_.pop_back();
 }
 
-// Pieces may be written in any order; each knows its place. After a failure they are only given back.
+// Pieces may be written in any order, because each holds its position. After a failure they are freed without writing.
 void ImageStream::WriteOne(Lock& lock) {
   const Piece piece = full_.front();
   full_.pop_front();

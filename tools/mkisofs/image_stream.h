@@ -1,4 +1,5 @@
-// The image as a stream of bytes that a second thread helps to write, so that reading files and writing overlap.
+// Writes the image as a stream of bytes. A second thread does the writing, so that it overlaps with reading the files.
+// Call Append, or Room and Fill, for all bytes in order, then Flush once.
 #pragma once
 
 #include <cstddef>
@@ -13,33 +14,34 @@
 
 namespace discwright::tools::mkisofs {
 
-// Small files share a piece; a large one takes many. Used by one thread, which never waits for the other one while
-// there is anything left to do: on a busy machine it writes by itself.
+// The bytes are collected in pieces of a fixed size: small files share a piece, a large file takes many. One thread
+// uses the stream. When the writing thread is behind, because the machine is busy, the using thread writes a piece
+// itself instead of waiting.
 class ImageStream {
  public:
   // `file` must outlive the stream. Throws std::system_error when the system has no thread left.
   explicit ImageStream(host::PartFile& file);
   ImageStream(const ImageStream&) = delete;
   ImageStream& operator=(const ImageStream&) = delete;
-  ~ImageStream();  // what was not flushed may be lost
+  ~ImageStream();  // bytes that were not flushed may be lost
 
-  // Room for the next bytes of the image, never empty; it is the stream's until Fill or any other call.
+  // Memory for the next bytes of the image; never empty. It is valid until the next call of any function.
   std::span<std::uint8_t> Room();
-  void Fill(std::size_t count);  // the first bytes of Room are now part of the image
+  void Fill(std::size_t count);  // appends the first `count` bytes of Room
 
   void Append(std::span<const std::uint8_t> bytes);
   void AppendZeros(std::uint64_t count);
   void PadToSector();
 
   std::uint64_t position() const { return position_; }  // bytes of the image so far
-  bool Failed();                                        // the rest would be written in vain
-  host::Status Flush();                                 // until all is written; the first failure
+  bool Failed();                                        // whether a piece could not be written
+  host::Status Flush();                                 // waits until all is written; returns the first failure
 
  private:
   struct Piece {
-    std::uint8_t* bytes = nullptr;  // null: there is none
+    std::uint8_t* bytes = nullptr;  // null when the using thread holds no piece
     std::size_t used = 0;
-    std::uint64_t position = 0;  // in the image
+    std::uint64_t position = 0;  // of its first byte in the image
   };
   using Lock = std::unique_lock<host::Mutex>;
 
@@ -50,7 +52,7 @@ class ImageStream {
 
   host::PartFile& file_;
   std::vector<std::uint8_t> memory_;
-  Piece current_;  // the using thread's
+  Piece current_;  // the piece that the using thread fills
   std::uint64_t position_ = 0;
 
   host::Mutex mutex_;  // guards everything below

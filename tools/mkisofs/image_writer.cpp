@@ -1,4 +1,4 @@
-// Writes the parts of an image in the order of their places.
+// Writes the parts of an image in the order of their sectors.
 #include "tools/mkisofs/image_writer.h"
 
 #include <algorithm>
@@ -6,28 +6,29 @@
 #include <vector>
 
 #include "tools/mkisofs/boot_catalogue.h"
-#include "tools/mkisofs/failure_text.h"
 #include "tools/mkisofs/image_stream.h"
 #include "tools/mkisofs/path_tables.h"
+#include "tools/mkisofs/problems.h"
 #include "tools/mkisofs/volume_descriptors.h"
 
 namespace discwright::tools::mkisofs {
 namespace {
 
-constexpr std::size_t kDirectoryBytesKept = 65536;  // directories are gathered up to here before they are appended
+constexpr std::size_t kDirectoryBytesKept =
+    65536;  // directories are collected up to this size and then appended at once
 
 class Writer {
  public:
   Writer(const ImagePlan& plan, host::SourceTree& source, host::PartFile& file, Progress& progress)
       : plan_(plan), tree_(plan.tree), layout_(plan.layout), source_(source), progress_(progress), stream_(file) {}
 
-  std::string Write() {
+  Result Write() {
     WriteDescriptors();
     const bool written = WriteBoot() && WriteDirectories() && WriteFiles();
     if (written && MoveTo(layout_.padding)) stream_.AppendZeros(std::uint64_t{kPaddingSectors} * kSectorSize);
     const host::Status status = stream_.Flush();
-    if (!status.ok()) return plan_.options.output + ": " + TextOf(status);
-    return problem_;
+    if (!status.ok()) return Result::Failure(plan_.options.output + ": " + CauseOf(status));
+    return result_;
   }
 
  private:
@@ -38,7 +39,7 @@ class Writer {
     };
     stream_.AppendZeros(std::uint64_t{kSystemAreaSectors} * kSectorSize);
     stream_.Append(make(DescriptorKind::kPrimary));
-    // El Torito 1.2: the boot record is in sector 17, whatever else there is.
+    // El Torito 1.2: the boot record must be in sector 17, so it comes right after the primary descriptor.
     if (layout_.boot_image) stream_.Append(BytesOf(MakeBootRecord(layout_.boot_catalogue)));
     stream_.Append(make(DescriptorKind::kEnhanced));
     stream_.Append(BytesOf(MakeTerminator()));
@@ -91,22 +92,22 @@ class Writer {
 
   bool WriteFile(const Node& node, const std::string& path) {
     if (!MoveTo(node.extent)) return false;
-    host::Status status;
-    const std::unique_ptr<host::SourceFile> file = source_.Open(path, status);
-    if (file == nullptr) return Fail(path, TextOf(status));
+    const auto file = source_.Open(path);
+    if (!file.ok()) return Fail(path, CauseOf(file.status));
     std::uint64_t left = node.size;
     while (left > 0) {
       const std::span<std::uint8_t> room = stream_.Room();
-      // One byte more than there should be: it shows whether the file has grown.
+      // Asks for one byte beyond the planned size: if it comes, the file has grown since the tree was read.
       const std::size_t wanted = static_cast<std::size_t>(std::min<std::uint64_t>(room.size(), left + 1));
-      std::size_t count = 0;
-      status = file->Read(room.first(wanted), count);
-      if (!status.ok()) return Fail(path, TextOf(status));
+      const host::Result<std::size_t> read = file.value->Read(room.first(wanted));
+      if (!read.ok()) return Fail(path, CauseOf(read.status));
+      const std::size_t count = read.value;
       if (count > left) return Fail(path, "the file has grown while it was read");
       if (count < std::min<std::uint64_t>(wanted, left)) return Fail(path, "the file has shrunk while it was read");
       stream_.Fill(count);
       left -= count;
-      if (left == 0 && wanted == count && !IsAtEnd(*file)) return Fail(path, "the file has grown while it was read");
+      if (left == 0 && wanted == count && !IsAtEnd(*file.value))
+        return Fail(path, "the file has grown while it was read");
       if (MustStop()) return false;
     }
     stream_.PadToSector();
@@ -115,14 +116,15 @@ class Writer {
 
   static bool IsAtEnd(host::SourceFile& file) {
     std::array<std::uint8_t, 1> byte{};
-    std::size_t count = 0;
-    return file.Read(byte, count).ok() && count == 0;
+    const host::Result<std::size_t> read = file.Read(byte);
+    return read.ok() && read.value == 0;
   }
 
-  // Everything is appended in the order of its place; that both passes agree on it is worth a look each time.
+  // Parts are only ever appended, so the stream must already be at `sector`. The check finds a disagreement between the
+  // sizing and the writing pass.
   bool MoveTo(std::uint32_t sector) {
     const bool there = stream_.position() == std::uint64_t{sector} * kSectorSize;
-    return there || Fail("", "the image does not follow its own layout");
+    return there || Fail("", "internal error: the image differs from its layout");
   }
 
   bool MustStop() {
@@ -131,8 +133,9 @@ class Writer {
     return plan_.stopped() && !Fail("", "interrupted");
   }
 
+  // Keeps the failure for Write(). `path` is below the tree; the empty path stands for the image.
   bool Fail(const std::string& path, const std::string& cause) {
-    problem_ = (path.empty() ? plan_.options.output : plan_.options.tree + "/" + path) + ": " + cause;
+    result_ = Result::Failure((path.empty() ? plan_.options.output : plan_.options.tree + "/" + path) + ": " + cause);
     return false;
   }
 
@@ -141,13 +144,13 @@ class Writer {
   const Layout& layout_;
   host::SourceTree& source_;
   Progress& progress_;
-  std::string problem_;
+  Result result_;
   ImageStream stream_;
 };
 
 }  // namespace
 
-std::string WriteImage(const ImagePlan& plan, host::SourceTree& source, host::PartFile& file, Progress& progress) {
+Result WriteImage(const ImagePlan& plan, host::SourceTree& source, host::PartFile& file, Progress& progress) {
   return Writer(plan, source, file, progress).Write();
 }
 

@@ -1,9 +1,8 @@
-// The pass that writes an image whose layout is known.
+// The writing pass: WriteImage stores every part of the image at the sectors that the sizing pass gave it.
 #pragma once
 
 #include <cstdint>
 #include <functional>
-#include <string>
 
 #include "host/part_file.h"
 #include "host/source_tree.h"
@@ -12,15 +11,16 @@
 #include "tools/mkisofs/options.h"
 #include "tools/mkisofs/progress.h"
 #include "tools/mkisofs/tree.h"
+#include "tools/result.h"
 
 namespace discwright::tools::mkisofs {
 
 struct ImageDates {
-  std::int64_t created = 0;  // of the volume; seconds since 1970-01-01 00:00 UTC
-  TimeLimit records = kNoTimeLimit;
+  std::int64_t created = 0;          // date of the volume; seconds since 1970-01-01 00:00 UTC
+  TimeLimit records = kNoTimeLimit;  // latest date of a directory record
 };
 
-// Everything that an image is made of. `stopped` is asked from time to time whether the user wants to end the run.
+// What is written. `stopped` returns true when the user wants to end the run; it is called after every piece of a file.
 struct ImagePlan {
   const Options& options;
   const Tree& tree;
@@ -29,7 +29,7 @@ struct ImagePlan {
   std::function<bool()> stopped;
 };
 
-// A sentence that names the file which failed; empty on success.
-std::string WriteImage(const ImagePlan& plan, host::SourceTree& source, host::PartFile& file, Progress& progress);
+// Fails with a sentence that names the file at fault. The caller commits `file` after success only.
+Result WriteImage(const ImagePlan& plan, host::SourceTree& source, host::PartFile& file, Progress& progress);
 
 }  // namespace discwright::tools::mkisofs

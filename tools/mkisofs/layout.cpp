@@ -1,7 +1,10 @@
-// Places descriptors, boot image, path tables, directories and files one behind the other.
+// Places descriptors, boot image, path tables, directories and files one after the other.
 #include "tools/mkisofs/layout.h"
 
+#include <algorithm>
 #include <limits>
+#include <tuple>
+#include <vector>
 
 #include "tools/mkisofs/directory_records.h"
 #include "tools/mkisofs/path_tables.h"
@@ -12,7 +15,21 @@ namespace {
 
 constexpr std::uint64_t kMost = std::numeric_limits<std::uint32_t>::max();
 
-// Hands out sectors in ascending order. Past the end of the largest volume its numbers mean nothing; the end tells.
+// What two names have in common when they are hard links of one file, and the node that carries the name.
+struct FileIdentity {
+  std::uint64_t id;
+  NodeIndex node;
+  std::uint16_t volume;
+  bool operator<(const FileIdentity& other) const {
+    return std::tie(volume, id, node) < std::tie(other.volume, other.id, other.node);
+  }
+  bool IsSameFile(const FileIdentity& other) const { return volume == other.volume && id == other.id; }
+};
+
+bool IsFileOfHost(const Node& node) { return !node.is_folder && !node.is_catalogue; }
+
+// Hands out sectors in ascending order. The numbers wrap around past the end of the largest volume; PlaceEverything
+// looks at next(), which does not, and refuses such a tree.
 class Cursor {
  public:
   std::uint32_t Take(std::uint64_t bytes) {
@@ -26,7 +43,7 @@ class Cursor {
   std::uint64_t next_ = kSystemAreaSectors;
 };
 
-// Old BIOSes fail when catalogue and boot image lie far out, so both come first.
+// The boot catalogue and the boot image come first, because old BIOSes cannot read them from high sectors.
 void PlaceDescriptorsAndBoot(Tree& tree, Layout& layout, Cursor& cursor) {
   const std::uint32_t descriptors = layout.boot_image ? 4 : 3;
   cursor.Take(std::uint64_t{descriptors} * kSectorSize);
@@ -63,9 +80,9 @@ void PlaceFiles(Tree& tree, const Layout& layout, Cursor& cursor) {
   }
 }
 
-// What has no place of its own. An empty file stands at the padding, where no other file's data are and a reader that
-// looks in spite of the size finds zeros within the volume.
-void PlaceTheRest(Tree& tree, const Layout& layout) {
+// Gives hard links the extent of their data, and empty files the first sector of the padding: some readers take the
+// extent for the number of a file, and others read there although the size is 0. They find zeros within the volume.
+void PlaceLinksAndEmptyFiles(Tree& tree, const Layout& layout) {
   for (Node& node : tree.nodes) {
     if (node.is_folder) continue;
     if (node.size == 0) {
@@ -82,16 +99,37 @@ bool IsStoredFile(const Node& node) {
   return !node.is_folder && !node.is_catalogue && !node.data_of_other && node.size > 0;
 }
 
-std::string PlaceEverything(Tree& tree, Layout& layout) {
+void ShareData(Tree& tree) {
+  std::vector<FileIdentity> files;
+  for (NodeIndex index = 0; index < tree.nodes.size(); ++index) {
+    const Node& node = tree.nodes[index];
+    // The host counts hard links only. Symbolic links to one file also give it several names in the tree.
+    if (IsFileOfHost(node) && (tree.has_links || node.has_other_names)) files.push_back({node.id, index, node.volume});
+  }
+  std::sort(files.begin(), files.end());
+  for (std::size_t i = 1, first = 0; i < files.size(); ++i) {
+    if (!files[i].IsSameFile(files[first])) {
+      first = i;
+      continue;
+    }
+    Node& node = tree.nodes[files[i].node];
+    node.data_of_other = true;
+    node.extent = files[first].node;
+    // The sizes differ when the file changed while the tree was read. The writing pass then fails with the file's name.
+    node.size = tree.nodes[files[first].node].size;
+  }
+}
+
+Result PlaceEverything(Tree& tree, Layout& layout) {
   Cursor cursor;
   PlaceDescriptorsAndBoot(tree, layout, cursor);
-  if (!PlaceDirectories(tree, layout, cursor)) return "there are more files than an image can hold";
+  if (!PlaceDirectories(tree, layout, cursor)) return Result::Failure("there are more files than an image can hold");
   PlaceFiles(tree, layout, cursor);
   layout.padding = cursor.Take(std::uint64_t{kPaddingSectors} * kSectorSize);
-  if (cursor.next() > kMost) return "the files are larger than an image can be";
+  if (cursor.next() > kMost) return Result::Failure("the files are larger than an image can be");
   layout.sectors = static_cast<std::uint32_t>(cursor.next());
-  PlaceTheRest(tree, layout);
-  return {};
+  PlaceLinksAndEmptyFiles(tree, layout);
+  return Result::Success();
 }
 
 }  // namespace discwright::tools::mkisofs

@@ -1,34 +1,39 @@
-// Where everything stands in the image: the pass that sizes and places, before the one that writes.
+// The sizing pass: gives every part of the image its sectors before the writing pass begins. Master() calls ShareData,
+// if hard links are to be stored once, and then PlaceEverything.
 #pragma once
 
 #include <cstdint>
 #include <optional>
-#include <string>
 
 #include "tools/mkisofs/tree.h"
+#include "tools/result.h"
 
 namespace discwright::tools::mkisofs {
 
 inline constexpr std::uint32_t kSystemAreaSectors = 16;  // ECMA-119 6.2.1
-inline constexpr std::uint32_t kPaddingSectors = 150;    // for drives that read ahead past the end of a track
+inline constexpr std::uint32_t kPaddingSectors = 150;  // some drives read ahead past the end of a track and fail there
 
-// Sector numbers. The volume descriptors begin behind the system area; files fill what is between and the padding.
+// The sector at which each part of the image begins. The order is: system area, volume descriptors, boot catalogue,
+// boot image, path tables, directories, files, padding.
 struct Layout {
-  std::optional<NodeIndex> boot_image;  // nothing: the disc does not boot
+  std::optional<NodeIndex> boot_image;  // without one the disc does not boot
   std::uint32_t boot_catalogue = 0;
   std::uint32_t path_table_size = 0;  // bytes
   std::uint32_t path_table_l = 0;     // little-endian
   std::uint32_t path_table_m = 0;     // big-endian
   std::uint32_t directories = 0;
   std::uint32_t padding = 0;
-  std::uint32_t sectors = 0;  // of the whole volume
+  std::uint32_t sectors = 0;  // size of the whole volume
 };
 
-// Gives every node of `tree` its extent (and folders their sizes). A sentence when there is too much for an image;
-// empty on success.
-std::string PlaceEverything(Tree& tree, Layout& layout);
+// Finds the hard links in `tree`. The first name of a file keeps the data; the others become data_of_other.
+void ShareData(Tree& tree);
 
-// Whether a node has data of its own among the files of the image.
+// Sets the extent of every node of `tree`, the size of every directory, and `layout`, whose boot image must be chosen.
+// Fails when the tree is too large for a volume.
+Result PlaceEverything(Tree& tree, Layout& layout);
+
+// Whether the data of a node stand among the files of the image. Those of a hard link and of an empty file do not.
 bool IsStoredFile(const Node& node);
 
 }  // namespace discwright::tools::mkisofs

@@ -6,9 +6,8 @@
 #include <vector>
 
 #include "base/source_date.h"
-#include "host/arguments.h"
 #include "host/console.h"
-#include "host/print_stream.h"
+#include "host/native_text.h"
 #include "tools/mkisofs/master.h"
 
 int main(int argc, char** argv) {
@@ -21,7 +20,7 @@ int main(int argc, char** argv) {
     const Surroundings surroundings{std::getenv(discwright::base::kSourceDateVariable), now.time_since_epoch().count(),
                                     [] { return discwright::host::InterruptCount() > 0; }};
     return discwright::tools::mkisofs::Master(words, surroundings, messages);
-  } catch (const std::exception& failure) {  // no memory or no thread left
+  } catch (const std::exception& failure) {  // no memory left, or no thread could be started
     messages << "mkisofs: " << failure.what() << "\n";
     return 1;
   }

@@ -1,4 +1,4 @@
-// Reads the tree, plans the image and writes it.
+// The steps of a run: read the tree, plan the image, write it.
 #include "tools/mkisofs/master.h"
 
 #include <algorithm>
@@ -6,19 +6,17 @@
 #include <optional>
 
 #include "base/source_date.h"
+#include "host/names.h"
 #include "host/native_text.h"
 #include "host/part_file.h"
 #include "host/source_tree.h"
-#include "host/system.h"
 #include "tools/mkisofs/dates.h"
-#include "tools/mkisofs/failure_text.h"
 #include "tools/mkisofs/image_writer.h"
 #include "tools/mkisofs/layout.h"
 #include "tools/mkisofs/options.h"
 #include "tools/mkisofs/problems.h"
 #include "tools/mkisofs/progress.h"
 #include "tools/mkisofs/sector.h"
-#include "tools/mkisofs/shared_data.h"
 #include "tools/mkisofs/tree_reader.h"
 
 namespace discwright::tools::mkisofs {
@@ -33,75 +31,77 @@ class Run {
       : options_(options), surroundings_(surroundings), messages_(messages) {}
 
   int Go() {
-    if (TakeDates() && ReadAll() && Plan() && Write()) return 0;
-    for (const std::string& problem : problems_.kept()) messages_ << "mkisofs: " << problem << "\n";
-    if (problems_.count() > problems_.kept().size())
-      messages_ << "mkisofs: and " << problems_.count() - problems_.kept().size() << " more\n";
-    return kFailed;
+    for (Result (Run::*const step)() : {&Run::ChooseDates, &Run::ReadSource, &Run::PlanImage, &Run::Write}) {
+      if (const Result result = (this->*step)(); !result.ok()) problems_.Add(result.failure);
+      if (!problems_.empty()) return ReportProblems();
+    }
+    return 0;
   }
 
  private:
-  bool TakeDates() {
-    dates_.created = surroundings_.now;
-    if (surroundings_.source_date == nullptr) return true;
-    const std::optional<std::int64_t> date = base::ParseSourceDate(surroundings_.source_date);
-    if (!date) {
-      problems_.Add(host::TextFromNative(base::WhyNoSourceDate(surroundings_.source_date)));
-      return false;
+  int ReportProblems() const {
+    for (const std::string& problem : problems_.kept()) messages_ << "mkisofs: " << problem << "\n";
+    if (problems_.count() > problems_.kept().size()) {
+      messages_ << "mkisofs: and " << problems_.count() - problems_.kept().size() << " more\n";
     }
+    return kFailed;
+  }
+
+  Result ChooseDates() {
+    dates_.created = surroundings_.now;
+    if (surroundings_.source_date == nullptr) return Result::Success();
+    const std::optional<std::int64_t> date = base::ParseSourceDate(surroundings_.source_date);
+    if (!date) return Result::Failure(host::TextFromNative(base::WhyNoSourceDate(surroundings_.source_date)));
     dates_ = {*date, *date};
-    return true;
+    return Result::Success();
   }
 
-  bool ReadAll() {
-    host::Status status;
-    source_ = host::OpenSourceTree(host::PathFromNative(options_.tree), status);
-    if (source_ == nullptr) return Refuse(options_.tree, status.cause);
+  // What is wrong with single files goes to problems_, so that one run names them all.
+  Result ReadSource() {
+    auto source = host::OpenSourceTree(host::PathFromNative(options_.tree));
+    if (!source.ok()) return FailureAt(options_.tree, source.status.cause);
+    source_ = std::move(source.value);
     tree_ = ReadTree(*source_, options_, problems_);
-    return problems_.empty();
+    return Result::Success();
   }
 
-  bool Plan() {
-    if (!options_.boot_image.empty() && !FindBootImage()) return false;
+  Result PlanImage() {
+    if (!options_.boot_image.empty()) {
+      if (Result result = FindBootImage(); !result.ok()) return result;
+    }
     if (options_.store_links_once) ShareData(tree_);
-    const std::string problem = PlaceEverything(tree_, layout_);
-    return problem.empty() || Refuse(options_.tree, problem);
+    const Result result = PlaceEverything(tree_, layout_);
+    return result.ok() ? result : FailureAt(options_.tree, result.failure);
   }
 
-  bool FindBootImage() {
+  Result FindBootImage() {
     const std::string path = options_.tree + "/" + options_.boot_image;
     layout_.boot_image = tree_.Find(options_.boot_image);
-    if (!layout_.boot_image) return Refuse(path, "the boot image is not there");
+    if (!layout_.boot_image) return FailureAt(path, "the boot image is not there");
     const Node& image = tree_.nodes[*layout_.boot_image];
-    if (image.is_folder || image.is_catalogue) return Refuse(path, "the boot image is not a file");
-    if (image.size == 0) return Refuse(path, "the boot image is empty");
+    if (image.is_folder || image.is_catalogue) return FailureAt(path, "the boot image is not a file");
+    if (image.size == 0) return FailureAt(path, "the boot image is empty");
     const bool has_catalogue =
         std::any_of(tree_.nodes.begin(), tree_.nodes.end(), [](const Node& node) { return node.is_catalogue; });
-    return has_catalogue ||
-           Refuse(options_.tree + "/" + options_.boot_catalogue, "the folder of the boot catalogue is not there");
+    if (has_catalogue) return Result::Success();
+    return FailureAt(options_.tree + "/" + options_.boot_catalogue, "the folder of the boot catalogue is not there");
   }
 
-  bool Write() {
-    host::Status status;
+  Result Write() {
     const std::uint64_t size = std::uint64_t{layout_.sectors} * kSectorSize;
-    const auto file = host::CreatePartFile(host::PathFromNative(options_.output), size, status);
-    if (file == nullptr) return Refuse(options_.output, TextOf(status));
+    const auto file = host::CreatePartFile(host::PathFromNative(options_.output), size);
+    if (!file.ok()) return FailureAt(options_.output, CauseOf(file.status));
     Progress progress(messages_, size);
     const ImagePlan plan{options_, tree_, layout_, dates_, surroundings_.stopped};
-    std::string problem = WriteImage(plan, *source_, *file, progress);
-    if (!problem.empty()) {
-      problems_.Add(std::move(problem));
-      return false;
-    }
-    status = file->Commit();
-    if (!status.ok()) return Refuse(options_.output, TextOf(status));
+    if (Result result = WriteImage(plan, *source_, *file.value, progress); !result.ok()) return result;
+    const host::Status status = file.value->Commit();
+    if (!status.ok()) return FailureAt(options_.output, CauseOf(status));
     progress.ShowEnd(layout_.sectors);
-    return true;
+    return Result::Success();
   }
 
-  bool Refuse(std::string_view place, std::string_view cause) {
-    problems_.Add(place, cause);
-    return false;
+  static Result FailureAt(const std::string& place, const std::string& cause) {
+    return Result::Failure(place + ": " + cause);
   }
 
   const Options& options_;
@@ -118,9 +118,9 @@ class Run {
 
 int Master(std::span<const std::string> words, const Surroundings& surroundings, std::ostream& messages) {
   Options options;
-  const std::string problem = ParseOptions(words, options);
-  if (problem.empty()) return Run(options, surroundings, messages).Go();
-  messages << "mkisofs: " << problem << "\n" << UsageText();
+  const Result parsed = ParseOptions(words, options);
+  if (parsed.ok()) return Run(options, surroundings, messages).Go();
+  messages << "mkisofs: " << parsed.failure << "\n" << UsageText();
   return kWrongUsage;
 }
 

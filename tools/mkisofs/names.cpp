@@ -1,11 +1,11 @@
-// Rules for names.
+// Checks, compares and matches names.
 #include "tools/mkisofs/names.h"
 
 #include <algorithm>
 #include <functional>
 #include <string>
 
-#include "host/system.h"
+#include "host/names.h"
 
 namespace discwright::tools::mkisofs {
 namespace {
@@ -18,13 +18,13 @@ bool IsAscii(std::string_view name) {
 
 char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
-// A "[...]" at the start of a pattern.
+// The result of matching a "[...]" at the start of a pattern against a character.
 struct Set {
-  std::size_t length = 0;  // of the pattern's text; 0: it is not closed, so "[" stands for itself
+  std::size_t length = 0;  // of the "[...]" in the pattern; 0 when "]" is missing and "[" stands for itself
   bool matches = false;
 };
 
-// The character at `at`, behind a "\" if there is one; `at` moves past it.
+// The character at `at`, or the one after it when that is a "\". Moves `at` past it.
 unsigned char TakeCharacter(std::string_view pattern, std::size_t& at) {
   if (pattern[at] == '\\' && at + 1 < pattern.size()) ++at;
   return static_cast<unsigned char>(pattern[at++]);
@@ -35,7 +35,7 @@ Set MatchSet(std::string_view pattern, unsigned char character) {
   const bool negated = at < pattern.size() && (pattern[at] == '!' || pattern[at] == '^');
   if (negated) ++at;
   bool found = false;
-  // A "]" at the very start is one of the characters.
+  // A "]" right after the "[" is one of the characters and does not close the set.
   for (const std::size_t first = at; at < pattern.size() && (at == first || pattern[at] != ']');) {
     const unsigned char low = TakeCharacter(pattern, at);
     unsigned char high = low;
@@ -46,7 +46,7 @@ Set MatchSet(std::string_view pattern, unsigned char character) {
   return {at + 1, found != negated};
 }
 
-// How much of a pattern that does not start with "*" its first part takes to match `character`; 0: it does not.
+// The length of the first part of a pattern, which is not "*", when that part matches `character`; 0 when it does not.
 std::size_t MatchOne(std::string_view pattern, char character) {
   if (pattern.front() == '?') return 1;
   if (pattern.front() == '[') {
@@ -61,7 +61,7 @@ std::size_t MatchOne(std::string_view pattern, char character) {
 
 std::string_view WhyNotStorable(std::string_view name) {
   if (name.size() > kLongestName) return "the name is longer than 207 bytes";
-  // These two single bytes are what a folder and its parent are called on the disc (ECMA-119 6.8.2.2).
+  // On the disc these two single bytes name a folder itself and its parent (ECMA-119 6.8.2.2).
   if (name == std::string_view("\0", 1) || name == "\1") return "the name cannot be stored on a CD";
   return name.empty() ? "the name is empty" : "";
 }
@@ -82,7 +82,7 @@ bool DifferOnlyInCase(std::string_view name, std::string_view other) {
 
 bool MatchesPattern(std::string_view pattern, std::string_view name) {
   std::size_t at = 0, in_name = 0;
-  // Where to go on when what follows the last "*" does not match: it takes one character more.
+  // When the text after the last "*" does not match, matching goes on from here: the "*" takes one character more.
   std::size_t after_star = kNowhere, star_end = 0;
   while (in_name < name.size()) {
     if (at < pattern.size() && pattern[at] == '*') {

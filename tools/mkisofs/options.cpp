@@ -1,4 +1,4 @@
-// The table of options and its reader.
+// The table of options, and the code that reads a command line with it.
 #include "tools/mkisofs/options.h"
 
 #include <algorithm>
@@ -11,104 +11,122 @@
 namespace discwright::tools::mkisofs {
 namespace {
 
-// What the words say before the whole is judged.
+// The options read so far, and what CheckWhole needs beside them.
 struct Parsed {
   Options& options;
   bool no_emulation = false;
   bool has_catalogue = false;
 };
 
-// Takes an option's value (empty for one that has none); a sentence when it cannot be.
-using Taker = std::string (*)(Parsed& parsed, std::string_view value);
+// Stores the value of an option, which is empty for an option without one. Fails when the value is wrong.
+using StoreValue = Result (*)(Parsed& parsed, std::string_view value);
 
 struct Option {
   std::string_view name;
-  std::string_view short_name;  // empty: has none
-  std::string_view value;       // what its value is called; empty: has none
+  std::string_view short_name;  // empty when the option has none
+  std::string_view value;       // what the usage text calls its value; empty when it takes none
   std::string_view meaning;
-  Taker take;
+  StoreValue store;
 };
 
-std::string TakeText(std::string& field, std::string_view value, std::size_t most) {
-  if (value.size() > most) return "the text is longer than " + std::to_string(most) + " bytes: " + std::string(value);
+Result StoreText(std::string& field, std::string_view value, std::size_t most) {
+  if (value.size() > most) {
+    return Result::Failure("the text is longer than " + std::to_string(most) + " bytes: " + std::string(value));
+  }
   field = value;
-  return {};
+  return Result::Success();
 }
 
-// A path below the tree without empty and "." parts, so that it compares with what is read there.
-std::string TakePath(std::string& field, std::string_view value) {
+// Stores a path below the tree without its empty and "." parts, so that it equals the path that the tree reader finds.
+Result StorePath(std::string& field, std::string_view value) {
   field.clear();
   for (std::string_view rest = value; !rest.empty();) {
     const std::size_t end = std::min(rest.find('/'), rest.size());
     const std::string_view name = rest.substr(0, end);
-    if (name == "..") return "the path leads out of the tree: " + std::string(value);
+    if (name == "..") return Result::Failure("the path leads out of the tree: " + std::string(value));
     if (!name.empty() && name != ".") field.append(field.empty() ? "" : "/").append(name);
     rest.remove_prefix(std::min(end + 1, rest.size()));
   }
-  return field.empty() ? "the path names no file: " + std::string(value) : std::string();
+  return field.empty() ? Result::Failure("the path names no file: " + std::string(value)) : Result::Success();
 }
 
-std::string TakeLoadSize(Parsed& parsed, std::string_view value) {
+Result StoreLoadSize(Parsed& parsed, std::string_view value) {
   std::uint16_t sectors = 0;
   const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), sectors);
-  if (error != std::errc() || end != value.data() + value.size() || sectors == 0)
-    return "not a number from 1 to 65535: " + std::string(value);
+  if (error != std::errc() || end != value.data() + value.size() || sectors == 0) {
+    return Result::Failure("not a number from 1 to 65535: " + std::string(value));
+  }
   parsed.options.boot_load_sectors = sectors;
-  return {};
+  return Result::Success();
 }
 
-std::string TakeFile(std::string& field, std::string_view value) {
+Result StoreFile(std::string& field, std::string_view value) {
   field = value;
-  return value.empty() ? "the name is empty" : "";
+  return value.empty() ? Result::Failure("the name is empty") : Result::Success();
 }
 
-constexpr auto kOptions = std::to_array<Option>({
-    {"-volid", "-V", "TEXT", "volume identifier",
-     [](Parsed& p, std::string_view v) { return TakeText(p.options.volume_id, v, kVolumeIdSize); }},
-    {"-preparer", "-p", "TEXT", "who prepared the data",
-     [](Parsed& p, std::string_view v) { return TakeText(p.options.preparer, v, kTextSize); }},
-    {"-publisher", "", "TEXT", "who publishes the volume",
-     [](Parsed& p, std::string_view v) { return TakeText(p.options.publisher, v, kTextSize); }},
-    {"-appid", "-A", "TEXT", "application identifier",
-     [](Parsed& p, std::string_view v) { return TakeText(p.options.application_id, v, kTextSize); }},
-    {"-iso-level", "", "4", "names as they are on disk; the only level there is",
-     [](Parsed&, std::string_view v) {
-       return v == "4" ? std::string() : "only level 4 is made, not " + std::string(v);
-     }},
-    {"-omit-period", "", "", "no period is added to names; never is",
-     [](Parsed&, std::string_view) { return std::string(); }},
-    {"-no-emul-boot", "", "", "the boot image is a program, not a floppy image; needed to boot",
-     [](Parsed& p, std::string_view) {
-       p.no_emulation = true;
-       return std::string();
-     }},
-    {"-boot-load-size", "", "COUNT", "how many 512-byte sectors the BIOS loads; all without",
-     [](Parsed& p, std::string_view v) { return TakeLoadSize(p, v); }},
-    {"-eltorito-boot", "-b", "PATH", "boot image, below the tree",
-     [](Parsed& p, std::string_view v) { return TakePath(p.options.boot_image, v); }},
-    {"-eltorito-catalog", "-c", "PATH", "boot catalogue, below the tree; boot.catalog without",
-     [](Parsed& p, std::string_view v) {
-       p.has_catalogue = true;
-       return TakePath(p.options.boot_catalogue, v);
-     }},
-    {"-hide", "", "PATTERN", "stores files of this name without showing them; * ? [ ] as in a shell",
-     [](Parsed& p, std::string_view v) {
-       p.options.hidden.emplace_back(v);
-       return std::string();
-     }},
-    {"-follow-links", "", "", "stores what symbolic links lead to",
-     [](Parsed& p, std::string_view) {
-       p.options.follow_links = true;
-       return std::string();
-     }},
-    {"-cache-inodes", "", "", "stores a file with several names once",
-     [](Parsed& p, std::string_view) {
-       p.options.store_links_once = true;
-       return std::string();
-     }},
-    {"-output", "-o", "FILE", "the image",
-     [](Parsed& p, std::string_view v) { return TakeFile(p.options.output, v); }},
-});
+constexpr auto
+    kOptions =
+        std::
+            to_array<Option>(
+                {
+                    {"-volid", "-V", "TEXT", "volume identifier",
+                     [](Parsed& parsed, std::string_view value) {
+                       return StoreText(parsed.options.volume_id, value, kVolumeIdSize);
+                     }},
+                    {"-preparer", "-p", "TEXT", "who prepared the data",
+                     [](Parsed& parsed, std::string_view value) {
+                       return StoreText(parsed.options.preparer, value, kTextSize);
+                     }},
+                    {"-publisher", "", "TEXT", "who publishes the volume",
+                     [](Parsed& parsed, std::string_view value) {
+                       return StoreText(parsed.options.publisher, value, kTextSize);
+                     }},
+                    {"-appid", "-A", "TEXT", "application identifier",
+                     [](Parsed& parsed, std::string_view value) {
+                       return StoreText(parsed.options.application_id, value, kTextSize);
+                     }},
+                    {"-iso-level", "", "4", "ISO 9660:1999, which stores names unchanged; no other level",
+                     [](Parsed&, std::string_view value) {
+                       return value == "4" ? Result::Success()
+                                           : Result::Failure("only level 4 is supported, not " + std::string(value));
+                     }},
+                    {"-omit-period", "", "", "accepted and ignored: a period is never added to a name",
+                     [](Parsed&, std::string_view) { return Result::Success(); }},
+                    {"-no-emul-boot", "", "", "the boot image is a program; needed with -eltorito-boot",
+                     [](Parsed& parsed, std::string_view) {
+                       parsed.no_emulation = true;
+                       return Result::Success();
+                     }},
+                    {"-boot-load-size", "", "COUNT", "512-byte sectors that the BIOS loads (default: all)",
+                     [](Parsed& parsed, std::string_view value) { return StoreLoadSize(parsed, value); }},
+                    {"-eltorito-boot", "-b", "PATH", "boot image, a path below FOLDER",
+                     [](Parsed& parsed, std::string_view value) {
+                       return StorePath(parsed.options.boot_image, value);
+                     }},
+                    {"-eltorito-catalog", "-c", "PATH", "boot catalogue, below FOLDER (default: boot.catalog)",
+                     [](Parsed& parsed, std::string_view value) {
+                       parsed.has_catalogue = true;
+                       return StorePath(parsed.options.boot_catalogue, value);
+                     }},
+                    {"-hide", "", "PATTERN", "leaves matching names out of the directories; * ? [ ] as in a shell",
+                     [](Parsed& parsed, std::string_view value) {
+                       parsed.options.hidden.emplace_back(value);
+                       return Result::Success();
+                     }},
+                    {"-follow-links", "", "", "stores the targets of symbolic links",
+                     [](Parsed& parsed, std::string_view) {
+                       parsed.options.follow_links = true;
+                       return Result::Success();
+                     }},
+                    {"-cache-inodes", "", "", "stores the data of hard links once",
+                     [](Parsed& parsed, std::string_view) {
+                       parsed.options.store_links_once = true;
+                       return Result::Success();
+                     }},
+                    {"-output", "-o", "FILE", "the image to write",
+                     [](Parsed& parsed, std::string_view value) { return StoreFile(parsed.options.output, value); }},
+                });
 
 const Option* FindOption(std::string_view word) {
   const auto found = std::find_if(kOptions.begin(), kOptions.end(), [word](const Option& option) {
@@ -117,38 +135,42 @@ const Option* FindOption(std::string_view word) {
   return found == kOptions.end() ? nullptr : &*found;
 }
 
-// What is wrong with the command line as a whole.
-std::string Judge(const Parsed& parsed) {
+// Checks what a single option cannot show: missing words, and options that need one another.
+Result CheckWhole(const Parsed& parsed) {
   const Options& options = parsed.options;
-  if (options.output.empty()) return "-output is missing";
-  if (options.tree.empty()) return "the folder to master is missing";
+  if (options.output.empty()) return Result::Failure("-output is missing");
+  if (options.tree.empty()) return Result::Failure("the folder to master is missing");
   if (options.boot_image.empty()) {
     const bool wants_boot = parsed.no_emulation || parsed.has_catalogue || options.boot_load_sectors;
-    return wants_boot ? "an option for booting stands without -eltorito-boot" : "";
+    return wants_boot ? Result::Failure("-no-emul-boot, -boot-load-size and -eltorito-catalog need -eltorito-boot")
+                      : Result::Success();
   }
-  return parsed.no_emulation ? "" : "-eltorito-boot needs -no-emul-boot: floppy and hard disk emulation are not made";
+  if (parsed.no_emulation) return Result::Success();
+  return Result::Failure("-eltorito-boot needs -no-emul-boot: floppy and hard disk emulation are not supported");
 }
 
 }  // namespace
 
-std::string ParseOptions(std::span<const std::string> words, Options& options) {
+Result ParseOptions(std::span<const std::string> words, Options& options) {
   Parsed parsed{options};
   for (std::size_t i = 0; i < words.size(); ++i) {
     const std::string& word = words[i];
     if (!word.starts_with('-')) {
-      if (word.empty()) return "the name of the folder to master is empty";
-      if (!options.tree.empty()) return "more than one folder to master: " + options.tree + " and " + word;
+      if (word.empty()) return Result::Failure("the name of the folder to master is empty");
+      if (!options.tree.empty()) {
+        return Result::Failure("more than one folder to master: " + options.tree + " and " + word);
+      }
       options.tree = word;
       continue;
     }
     const Option* option = FindOption(word);
-    if (option == nullptr) return "unknown option " + word;
+    if (option == nullptr) return Result::Failure("unknown option " + word);
     const bool has_value = !option->value.empty();
-    if (has_value && i + 1 == words.size()) return word + " needs a value";
-    const std::string problem = option->take(parsed, has_value ? std::string_view(words[++i]) : std::string_view());
-    if (!problem.empty()) return std::string(word).append(": ").append(problem);
+    if (has_value && i + 1 == words.size()) return Result::Failure(word + " needs a value");
+    const Result stored = option->store(parsed, has_value ? std::string_view(words[++i]) : std::string_view());
+    if (!stored.ok()) return Result::Failure(word + ": " + stored.failure);
   }
-  return Judge(parsed);
+  return CheckWhole(parsed);
 }
 
 std::string UsageText() {

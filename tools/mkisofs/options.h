@@ -1,4 +1,4 @@
-// The command line: what is mastered, how it is called and how it boots.
+// The command line of mkisofs: Master() calls ParseOptions, and prints UsageText when it fails.
 #pragma once
 
 #include <cstdint>
@@ -7,28 +7,30 @@
 #include <string>
 #include <vector>
 
+#include "tools/result.h"
+
 namespace discwright::tools::mkisofs {
 
 struct Options {
   std::string volume_id;  // at most 32 bytes
-  std::string preparer;   // this and the next two at most 128 bytes
+  std::string preparer;   // like publisher and application_id at most 128 bytes
   std::string publisher;
   std::string application_id;
-  std::string boot_image;  // below the tree, names with "/" in between; empty: the disc does not boot
-  std::string boot_catalogue = "boot.catalog";     // the same
-  std::optional<std::uint16_t> boot_load_sectors;  // of 512 bytes; nothing: the whole boot image
-  std::vector<std::string> hidden;                 // patterns for names, see MatchesPattern
+  std::string boot_image;                       // path below the tree, "/" between names; empty: the disc does not boot
+  std::string boot_catalogue = "boot.catalog";  // path below the tree
+  std::optional<std::uint16_t> boot_load_sectors;  // of 512 bytes; without a value the whole boot image
+  std::vector<std::string> hidden;                 // patterns of names, see MatchesPattern
   bool follow_links = false;
-  bool store_links_once = false;  // names of one file share its data
-  std::string output;             // as the user spells it
-  std::string tree;               // the same
+  bool store_links_once = false;  // hard links share the data of their file
+  std::string output;             // path of the image, as the user spells it
+  std::string tree;               // path of the folder to master, as the user spells it
 };
 
-// Reads the words behind the program's name, in any order. A sentence about the first that is wrong; empty when all
-// is well.
-std::string ParseOptions(std::span<const std::string> words, Options& options);
+// Reads the command line without the program's name; options may stand in any order. Fails with a sentence about the
+// first word that is wrong.
+Result ParseOptions(std::span<const std::string> words, Options& options);
 
-// One line per option, for a wrong command line.
+// The usage line and one line per option.
 std::string UsageText();
 
 }  // namespace discwright::tools::mkisofs

@@ -1,4 +1,4 @@
-// Sizes and writes path tables.
+// Sizes path tables and makes their records.
 #include "tools/mkisofs/path_tables.h"
 
 #include <algorithm>
@@ -10,7 +10,7 @@
 namespace discwright::tools::mkisofs {
 namespace {
 
-// The root's name is a single zero byte: ECMA-119 9.4.5 and 7.6.2.
+// The name of the root is a single zero byte (ECMA-119 9.4.5 and 7.6.2).
 std::string_view NameInTable(const Tree& tree, const Folder& folder) {
   return folder.node == 0 ? kSelf : tree.NameOf(tree.NodeOf(folder));
 }
@@ -18,7 +18,7 @@ std::string_view NameInTable(const Tree& tree, const Folder& folder) {
 PathTableRecordHead MakeHead(const Tree& tree, const Folder& folder, ByteOrder order) {
   PathTableRecordHead head{};
   const std::uint32_t extent = tree.NodeOf(folder).extent;
-  // Reading the tree refuses more folders than a parent's number has bits for.
+  // The cast is safe: ReadTree refuses trees with more parent folders than 16 bits can number.
   const auto parent = static_cast<std::uint16_t>(tree.ParentOf(folder).number);
   head.name_length[0] = static_cast<std::uint8_t>(NameInTable(tree, folder).size());
   if (order == ByteOrder::kLittle) {
@@ -42,7 +42,7 @@ std::uint64_t PathTableSize(const Tree& tree) {
   return size;
 }
 
-// ECMA-119 6.9.1 and 9.4: in the order in which the folders stand in the tree.
+// ECMA-119 6.9.1 and 9.4. The folders of the tree are in the order that the standard asks for.
 std::vector<std::uint8_t> MakePathTable(const Tree& tree, ByteOrder order) {
   std::vector<std::uint8_t> table;
   for (const Folder& folder : tree.folders) {

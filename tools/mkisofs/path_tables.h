@@ -1,4 +1,5 @@
-// Path tables: every folder in one list, so that a reader finds one without walking the directories.
+// Path tables (ECMA-119 6.9): all folders in one list, with which a reader finds a folder without walking the
+// directories. The sizing pass calls PathTableSize, the writing pass MakePathTable for each byte order.
 #pragma once
 
 #include <array>
@@ -9,9 +10,9 @@
 
 namespace discwright::tools::mkisofs {
 
-enum class ByteOrder { kLittle, kBig };  // the L and the M path table
+enum class ByteOrder { kLittle, kBig };  // of the L and the M path table
 
-// ECMA-119 9.4, up to the name.
+// The fixed part of a path table record; the name follows it (ECMA-119 9.4).
 struct PathTableRecordHead {
   std::array<std::uint8_t, 1> name_length;
   std::array<std::uint8_t, 1> extended_attribute_length;
@@ -23,7 +24,7 @@ static_assert(sizeof(PathTableRecordHead) == 8);
 // Bytes of one table, without padding.
 std::uint64_t PathTableSize(const Tree& tree);
 
-// One table, without padding. Everything must have been placed.
+// One table, without padding. PlaceEverything must have set all extents.
 std::vector<std::uint8_t> MakePathTable(const Tree& tree, ByteOrder order);
 
 }  // namespace discwright::tools::mkisofs

@@ -1,4 +1,5 @@
-// What keeps an image from being made, one sentence for each file that is to blame.
+// What keeps an image from being made: Problems collects one sentence for each file at fault, CauseOf() words a failure
+// of the operating system.
 #pragma once
 
 #include <cstddef>
@@ -7,9 +8,11 @@
 #include <utility>
 #include <vector>
 
+#include "host/status.h"
+
 namespace discwright::tools::mkisofs {
 
-// Keeps the first few and counts the others.
+// Keeps the first few problems and counts the others.
 class Problems {
  public:
   static constexpr std::size_t kMostKept = 20;
@@ -27,5 +30,11 @@ class Problems {
   std::vector<std::string> kept_;
   std::size_t count_ = 0;
 };
+
+// The cause of a failure. A full disk always has the same English words, because the build's progress monitor looks for
+// them; the system's own sentence may be in another language.
+inline std::string CauseOf(const host::Status& status) {
+  return status.error == host::ErrorClass::kDiskFull ? "No space left on device" : status.cause;
+}
 
 }  // namespace discwright::tools::mkisofs

@@ -1,4 +1,4 @@
-// The lines of a run.
+// Formats the progress lines.
 #include "tools/mkisofs/progress.h"
 
 #include <array>

@@ -1,4 +1,4 @@
-// What the program says while it works, in the words that a mastering monitor looks for.
+// Prints the progress lines of a run. The build's progress monitor looks for their words, so they must not change.
 #pragma once
 
 #include <cstdint>
@@ -8,12 +8,12 @@ namespace discwright::tools::mkisofs {
 
 class Progress {
  public:
-  // `total`: bytes of the whole image, above 0.
+  // `total` is the size of the whole image in bytes, and above 0.
   Progress(std::ostream& messages, std::uint64_t total) : messages_(messages), total_(total) {}
 
   void ShowBoot(std::uint32_t load_sectors);
-  // A line each time that enough has been written since the last one. Never says 100 %: whoever reads the five
-  // characters before the percent sign would see "00.00".
+  // Prints a line for every 10 MB written. Never prints 100 %: the monitor reads the five characters before the percent
+  // sign, which would be "00.00".
   void Show(std::uint64_t position);
   void ShowEnd(std::uint32_t sectors);
 

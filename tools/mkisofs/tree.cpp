@@ -1,4 +1,4 @@
-// Paths in the tree.
+// Converts between nodes and paths.
 #include "tools/mkisofs/tree.h"
 
 #include <algorithm>

@@ -13,10 +13,10 @@ namespace {
 // ECMA-119 9.4.4: the number of a parent folder in the path tables has 16 bits.
 constexpr std::uint32_t kLastParentNumber = 0xFFFF;
 constexpr std::uint64_t kLargestFile = 0xFFFFFFFF;
-// Offsets and indexes have 32 bits.
+// Offsets and indexes of Tree have 32 bits.
 constexpr std::size_t kMost = std::numeric_limits<std::uint32_t>::max();
 
-// Names and their nodes, for finding two that are one on a system without letter case.
+// A name by its hash without letter case. Two names with one hash may be the same name for DOS and Windows.
 struct FoldedName {
   std::uint64_t hash;
   NodeIndex node;
@@ -129,7 +129,7 @@ class Reader {
     tree_.folders.push_back({.node = node, .number = hidden ? 0 : ++last_number_});
   }
 
-  // Whether a folder is one of those that it stands in.
+  // Whether a folder is one of its own parents, which only a link makes possible.
   bool LeadsBack(NodeIndex index) const {
     const Node& node = tree_.nodes[index];
     for (NodeIndex above = index; above != 0;) {
@@ -147,7 +147,7 @@ class Reader {
     }
     std::sort(folded_.begin(), folded_.end());
     for (std::size_t i = 1; i < folded_.size(); ++i) {
-      // All names of one hash stand together; that two different ones share it is too rare to matter for speed.
+      // Names with equal hashes are neighbours after sorting. Different names share a hash too rarely to cost time.
       for (std::size_t other = i; other > 0 && folded_[other - 1].hash == folded_[i].hash; --other) {
         if (RefuseEqualNames(folded_[other - 1].node, folded_[i].node)) break;
       }

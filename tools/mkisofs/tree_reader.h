@@ -1,4 +1,4 @@
-// Reads the tree to be mastered and finds what an image cannot hold.
+// Reads the tree to be mastered: ReadTree() returns it and adds everything that an image cannot hold to the problems.
 #pragma once
 
 #include "host/source_tree.h"
@@ -8,8 +8,8 @@
 
 namespace discwright::tools::mkisofs {
 
-// Every entry becomes a node or a problem: nothing is left out in silence. With a boot image in `options`, the boot
-// catalogue is one of the nodes.
+// Every entry of the source becomes a node or a problem; none is left out without a message. When `options` have a boot
+// image, the boot catalogue is one of the nodes.
 Tree ReadTree(host::SourceTree& source, const Options& options, Problems& problems);
 
 }  // namespace discwright::tools::mkisofs

@@ -1,4 +1,4 @@
-// Fills volume descriptors.
+// Fills in the fields of volume descriptors.
 #include "tools/mkisofs/volume_descriptors.h"
 
 #include <algorithm>
@@ -21,7 +21,7 @@ void StoreText(std::array<std::uint8_t, kSize>& field, std::string_view text) {
 }
 
 void StoreTexts(const Options& options, VolumeDescriptor& descriptor) {
-  // No system is named for the system area, because it is empty.
+  // The system identifier says which system can use the system area. That area is empty, so the field is blank.
   StoreText(descriptor.system_id, "");
   StoreText(descriptor.volume_id, options.volume_id);
   StoreText(descriptor.volume_set_id, "");
@@ -49,7 +49,7 @@ DescriptorHead MakeDescriptorHead(std::uint8_t type, std::uint8_t version) {
   return {{type}, {'C', 'D', '0', '0', '1'}, {version}};
 }
 
-// ECMA-119 8.4; ISO 9660:1999 8.5: an enhanced descriptor is a supplementary one of version 2.
+// ECMA-119 8.4. An enhanced descriptor is a supplementary descriptor with version 2 (ISO 9660:1999 8.5).
 VolumeDescriptor MakeVolumeDescriptor(DescriptorKind kind, const Options& options, const Tree& tree,
                                       const Layout& layout, std::int64_t created, TimeLimit limit) {
   VolumeDescriptor descriptor{};

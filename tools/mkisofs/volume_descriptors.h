@@ -1,4 +1,5 @@
-// Volume descriptors: what the disc is called, how large it is, and where its root and path tables are.
+// Volume descriptors (ECMA-119 8): the disc's identifiers, its size, and where its root and path tables are.
+// The image writer stores a primary one, an enhanced one and a terminator.
 #pragma once
 
 #include <array>
@@ -13,10 +14,11 @@
 
 namespace discwright::tools::mkisofs {
 
-inline constexpr std::size_t kVolumeIdSize = 32;  // bytes of the fields that a user fills
+// Bytes of the text fields that the command line sets.
+inline constexpr std::size_t kVolumeIdSize = 32;
 inline constexpr std::size_t kTextSize = 128;
 
-// ECMA-119 8.1: how every volume descriptor begins.
+// The start of every volume descriptor (ECMA-119 8.1).
 struct DescriptorHead {
   std::array<std::uint8_t, 1> type;
   std::array<std::uint8_t, 5> standard_id;  // "CD001"
@@ -24,7 +26,8 @@ struct DescriptorHead {
 };
 static_assert(sizeof(DescriptorHead) == 7);
 
-// ECMA-119 8.4 and, with another type and version, ISO 9660:1999 8.5.
+// The primary descriptor (ECMA-119 8.4) and the enhanced one (ISO 9660:1999 8.5), which differ in type and version
+// only.
 struct VolumeDescriptor {
   DescriptorHead head;
   std::array<std::uint8_t, 1> volume_flags;
@@ -63,7 +66,8 @@ static_assert(sizeof(VolumeDescriptor) == kSectorSize);
 
 enum class DescriptorKind { kPrimary, kEnhanced };
 
-// The enhanced descriptor shows the same tree as the primary one and announces its long names.
+// The enhanced descriptor describes the same tree as the primary one. It tells readers that the names are long ones.
+// `created` is the volume's date in seconds since 1970-01-01 00:00 UTC.
 VolumeDescriptor MakeVolumeDescriptor(DescriptorKind kind, const Options& options, const Tree& tree,
                                       const Layout& layout, std::int64_t created, TimeLimit limit);
 

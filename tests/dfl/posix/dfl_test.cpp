@@ -1,4 +1,4 @@
-// Runs over what only some systems have: symbolic links, pipes, odd names, permission bits.
+// Tests of runs on trees that only Linux can make: symbolic links, pipes, odd names, permission bits.
 #include <unistd.h>
 
 #include <iostream>
@@ -42,7 +42,7 @@ TEST_F(OddTrees, Pipes_AreNeverOpened) {
   EXPECT_EQ(LastLine(), "0 files linked, 0 bytes saved\n");
 }
 
-// Run without rights, in a process of its own: permission bits do not stop an administrator.
+// Runs in a process without privileges, because permission bits do not stop an administrator.
 TEST_F(OddTrees, FilesAndFoldersThatCannotBeRead_AreNamedAndTheRestGoesOn) {
   folder_.SetMode("", 0777);
   for (const char* name : {"a", "b", "c", "locked/d"}) Write(name, "content");
@@ -54,7 +54,7 @@ TEST_F(OddTrees, FilesAndFoldersThatCannotBeRead_AreNamedAndTheRestGoesOn) {
     std::cerr << errors_ << LastLine();
     std::_Exit(code);
   };
-  // Files of others may be protected from being linked; then they are named as well.
+  // Some systems forbid links to files of another user. Then these files are named as well.
   EXPECT_EXIT(run_without_rights(), ::testing::ExitedWithCode(kExitProblems),
               "b cannot be read: Permission denied\n(.*\n)*.*locked.* cannot be listed: Permission denied\n");
   folder_.SetMode("locked", 0700);

@@ -1,4 +1,4 @@
-// Linking among mounts, symbolic links and odd names, and a run that is killed.
+// Tests of linking across mounts and symbolic links, with odd names, and of a run that is killed.
 #include <sys/mount.h>
 
 #include "tests/dfl/dfl_fixture.h"
@@ -9,7 +9,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-// Something mounted on a folder of the test.
+// A mount on a folder of the test. The destructor unmounts it.
 class Mounted {
  public:
   Mounted(const std::string& what, const std::string& place, const char* type, unsigned long flags) : place_(place) {

@@ -1,4 +1,4 @@
-// The duplicate file linker where no file has more than one name: Windows 95, 98 and Me.
+// Tests of dfl on Windows 95, 98 and Me, which have no hard links.
 #include "tests/dfl/dfl_fixture.h"
 
 namespace discwright::tools::dfl {

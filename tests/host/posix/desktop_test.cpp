@@ -5,7 +5,7 @@
 #include <pwd.h>
 #include <unistd.h>
 
-#include "host/posix/command_line.h"
+#include "host/posix/find_program.h"
 #include "tests/host/posix/stand_in_program.h"
 
 namespace discwright::host {

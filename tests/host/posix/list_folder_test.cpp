@@ -10,8 +10,8 @@ namespace {
 using testing::TempFolder;
 
 Entry OnlyEntry(const Listing& listing) {
-  EXPECT_EQ(listing.entries.size(), 1u);
-  return listing.entries.empty() ? Entry{} : listing.entries[0];
+  EXPECT_EQ(listing.value.size(), 1u);
+  return listing.value.empty() ? Entry{} : listing.value[0];
 }
 
 TEST(ListFolder, LinkToAFileOrFolder_HasItsTargetsKindAndSize) {
@@ -21,13 +21,13 @@ TEST(ListFolder, LinkToAFileOrFolder_HasItsTargetsKindAndSize) {
   folder.Link(elsewhere.Native("target"), "file");
   folder.Link(elsewhere.native(), "folder");
   const Listing listing = ListFolder(folder.Core(), "*.*");
-  ASSERT_EQ(listing.entries.size(), 2u);
-  EXPECT_EQ(listing.entries[0].kind, EntryKind::kFile);
-  EXPECT_EQ(listing.entries[0].size, 7);
-  EXPECT_TRUE(listing.entries[0].is_link);
-  EXPECT_EQ(listing.entries[1].kind, EntryKind::kFolder);
-  EXPECT_TRUE(listing.entries[1].is_link);
-  EXPECT_FALSE(listing.entries[1].loops);
+  ASSERT_EQ(listing.value.size(), 2u);
+  EXPECT_EQ(listing.value[0].kind, EntryKind::kFile);
+  EXPECT_EQ(listing.value[0].size, 7);
+  EXPECT_TRUE(listing.value[0].is_link);
+  EXPECT_EQ(listing.value[1].kind, EntryKind::kFolder);
+  EXPECT_TRUE(listing.value[1].is_link);
+  EXPECT_FALSE(listing.value[1].loops);
 }
 
 TEST(ListFolder, BrokenLink_IsAFileOfSizeZeroMarkedBroken) {
@@ -52,7 +52,7 @@ TEST(ListFolder, LinkToOneOfItsOwnParents_Loops) {
   folder.Link("../..", "a/b/top");
   folder.Link("/", "a/b/root");
   folder.MakeFolder("a/b/plain");
-  for (const Entry& entry : ListFolder(folder.Core("a\\b"), "*.*").entries) {
+  for (const Entry& entry : ListFolder(folder.Core("a\\b"), "*.*").value) {
     EXPECT_EQ(entry.loops, entry.is_link) << entry.name;
   }
 }
@@ -73,10 +73,10 @@ TEST(ListFolder, PipesAndDevices_AreSpecialAndNeverOpened) {
   folder.Pipe("pipe");
   folder.Link("/dev/zero", "zero");
   const Listing listing = ListFolder(folder.Core(), "*.*");
-  ASSERT_EQ(listing.entries.size(), 2u);
-  EXPECT_EQ(listing.entries[0].kind, EntryKind::kSpecial);
-  EXPECT_EQ(listing.entries[1].kind, EntryKind::kSpecial);
-  EXPECT_TRUE(listing.entries[1].is_link);
+  ASSERT_EQ(listing.value.size(), 2u);
+  EXPECT_EQ(listing.value[0].kind, EntryKind::kSpecial);
+  EXPECT_EQ(listing.value[1].kind, EntryKind::kSpecial);
+  EXPECT_TRUE(listing.value[1].is_link);
 }
 
 TEST(ListFolder, NameThatIsNotUtf8_IsListedAsItsBytesAndCanBeRead) {
@@ -84,8 +84,7 @@ TEST(ListFolder, NameThatIsNotUtf8_IsListedAsItsBytesAndCanBeRead) {
   folder.Write("b\xFCro.txt", "content");
   const Entry entry = OnlyEntry(ListFolder(folder.Core(), "B\xFCRO.*"));
   EXPECT_EQ(entry.name, "b\xFCro.txt");
-  std::string content;
-  EXPECT_TRUE(ReadWholeFile(folder.Core(entry.name), content).ok());
+  const std::string content = ReadWholeFile(folder.Core(entry.name)).value;
   EXPECT_EQ(content, "content");
 }
 
@@ -109,8 +108,8 @@ TEST(ListFolder, NamesThatDifferInCase_AreAllListed) {
   const TempFolder folder;
   for (const char* name : {"b", "B"}) folder.Write(name, "");
   const Listing listing = ListFolder(folder.Core(), "*.*");
-  ASSERT_EQ(listing.entries.size(), 2u);
-  EXPECT_EQ(listing.entries[0].name + listing.entries[1].name, "Bb");
+  ASSERT_EQ(listing.value.size(), 2u);
+  EXPECT_EQ(listing.value[0].name + listing.value[1].name, "Bb");
 }
 
 TEST(Look, PipeOrDevice_IsSpecial) {

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 
+#include "host/names.h"
 #include "host/system.h"
 #include "tests/host/temp_folder.h"
 
@@ -75,10 +76,9 @@ TEST(NativeName, NameWithABackslash_CanBeWrittenListedAndRemoved) {
   const TempFolder folder;
   folder.Write("one\\two", "content");
   const Listing listing = ListFolder(folder.Core(), "*.*");
-  ASSERT_EQ(listing.entries.size(), 1u);
-  const std::string path = folder.Core() + "\\" + listing.entries[0].name;
-  std::string content;
-  EXPECT_TRUE(ReadWholeFile(path, content).ok());
+  ASSERT_EQ(listing.value.size(), 1u);
+  const std::string path = folder.Core() + "\\" + listing.value[0].name;
+  const std::string content = ReadWholeFile(path).value;
   EXPECT_EQ(content, "content");
   EXPECT_FALSE(Look(folder.Core("one\\two")).has_value());
   EXPECT_TRUE(WriteWholeFile(path, "new").ok());
@@ -93,12 +93,10 @@ TEST(NativeName, NameWithTheStandInItself_IsStillFound) {
       "a\xEF\x81\x9C"
       "b",
       "content");
-  std::string content;
-  EXPECT_TRUE(ReadWholeFile(folder.Core("a\xEF\x81\x9C"
-                                        "b"),
-                            content)
-                  .ok());
-  EXPECT_EQ(content, "content");
+  EXPECT_EQ(ReadWholeFile(folder.Core("a\xEF\x81\x9C"
+                                      "b"))
+                .value,
+            "content");
 }
 
 }  // namespace

@@ -16,10 +16,9 @@ std::span<const std::uint8_t> Bytes(std::string_view text) {
 }
 
 std::unique_ptr<PartFile> Create(const TempFolder& folder, const std::string& name) {
-  Status status;
-  auto file = CreatePartFile(folder.Core(name), 0, status);
-  EXPECT_TRUE(status.ok()) << status.cause;
-  return file;
+  auto file = CreatePartFile(folder.Core(name), 0);
+  EXPECT_TRUE(file.ok()) << file.status.cause;
+  return std::move(file.value);
 }
 
 TEST(PartFileTest, LinkUnderThePartsName_IsReplacedNotFollowed) {
@@ -35,9 +34,7 @@ TEST(PartFileTest, LinkUnderThePartsName_IsReplacedNotFollowed) {
 TEST(PartFileTest, PipeWithItsName_IsAFailure) {
   const TempFolder folder;
   folder.Pipe("pipe");
-  Status status;
-  EXPECT_EQ(CreatePartFile(folder.Core("pipe"), 0, status), nullptr);
-  EXPECT_EQ(status.error, ErrorClass::kWrongKind);
+  EXPECT_EQ(CreatePartFile(folder.Core("pipe"), 0).status.error, ErrorClass::kWrongKind);
   EXPECT_THAT(folder.Names(), ElementsAre("pipe"));
 }
 

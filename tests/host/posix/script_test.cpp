@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "host/files.h"
+#include "host/names.h"
 #include "host/system.h"
 #include "tests/host/temp_folder.h"
 
@@ -36,8 +37,7 @@ std::vector<std::string> AwkwardNames() {
 int RunScript(const TempFolder& folder, std::string_view script_folder, const std::string& commands) {
   std::string text;
   for (const std::string& line : ScriptPrologue(script_folder)) text.append(line).append(ScriptLineEnd());
-  std::string bytes;
-  EXPECT_TRUE(ScriptBytes(text + commands + std::string(ScriptLineEnd()), bytes).ok());
+  const std::string bytes = ScriptBytes(text + commands + std::string(ScriptLineEnd())).value;
   folder.Write("script", bytes);
   return std::system(("/bin/sh " + folder.Native("script")).c_str());
 }

@@ -29,10 +29,9 @@ std::map<std::string, Seen> List(SourceTree& tree, const std::string& path = "")
 class SourceTreeLinks : public ::testing::Test {
  protected:
   std::unique_ptr<SourceTree> Open() {
-    Status status;
-    auto tree = OpenSourceTree(folder.Core(), status);
-    EXPECT_TRUE(status.ok()) << status.cause;
-    return tree;
+    auto tree = OpenSourceTree(folder.Core());
+    EXPECT_TRUE(tree.ok()) << tree.status.cause;
+    return std::move(tree.value);
   }
   TempFolder folder;
 };
@@ -78,13 +77,12 @@ TEST_F(SourceTreeLinks, Links_AreToldWithTheirTarget) {
 TEST_F(SourceTreeLinks, PipeInAFilesPlace_DoesNotBlock) {
   folder.Pipe("pipe");
   const auto tree = Open();
-  Status status;
-  const auto file = tree->Open("pipe", status);
-  ASSERT_NE(file, nullptr);
+  const auto file = tree->Open("pipe");
+  ASSERT_TRUE(file.ok()) << file.status.cause;
   std::vector<std::uint8_t> bytes(10);
-  std::size_t count = 1;
-  EXPECT_TRUE(file->Read(bytes, count).ok());
-  EXPECT_EQ(count, 0u);
+  const Result<std::size_t> count = file.value->Read(bytes);
+  EXPECT_TRUE(count.ok());
+  EXPECT_EQ(count.value, 0u);
 }
 
 }  // namespace

@@ -3,16 +3,15 @@
 
 #include <gtest/gtest.h>
 
-#include <condition_variable>
 #include <cstdlib>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "host/processes.h"
+#include "tests/host/launching.h"
 #include "tests/host/temp_folder.h"
 
 namespace discwright::host::testing {
@@ -50,27 +49,15 @@ class SearchPath : public Variable {
 
 // Runs a line with the system's own launcher to its end.
 inline void RunToEnd(const std::string& line) {
-  std::mutex mutex;
-  std::condition_variable changed;
-  int wakes = 0;
+  Alarm alarm;
   const std::unique_ptr<ProgramRunner> runner = SystemProgramRunner();
-  const std::unique_ptr<Launcher> launcher = runner->CreateLauncher([&] {
-    const std::lock_guard lock(mutex);
-    ++wakes;
-    changed.notify_all();
-  });
+  const std::unique_ptr<Launcher> launcher = runner->CreateLauncher(alarm.Waker());
   bool ended = false;
-  launcher->Configure(8192, 50);
-  launcher->data_received = [](std::string_view) {};
   launcher->process_ended = [&] { ended = true; };
   const Status status = launcher->Start(line);
   ASSERT_TRUE(status.ok()) << status.cause;
   while (!ended) {
-    {
-      std::unique_lock lock(mutex);
-      changed.wait(lock, [&] { return wakes > 0; });
-      wakes = 0;
-    }
+    ASSERT_TRUE(alarm.Wait()) << "no end came";
     launcher->Deliver();
   }
   EXPECT_TRUE(launcher->End().Succeeded()) << launcher->End().Text();

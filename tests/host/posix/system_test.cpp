@@ -1,17 +1,13 @@
 // Facts about a POSIX machine.
 #include "host/system.h"
+#include "host/names.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <filesystem>
 
-#include "host/posix/mounts.h"
-
 namespace discwright::host {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 TEST(ProgramFolder, HoldsTheRunningProgram) {
   const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe");
@@ -24,34 +20,6 @@ TEST(CurrentFolder, IsAbsoluteInTheCoresSpelling) {
 }
 
 TEST(PlatformId, IsTheNtFamily) { EXPECT_EQ(PlatformId(), 2); }
-
-TEST(ShortPath, ExistingPath_HasNone) { EXPECT_EQ(ShortPath("\\"), ""); }
-
-TEST(OpticalMountPoints, OnlyOpticalFileSystems_AreTakenInTheTablesOrder) {
-  EXPECT_THAT(OpticalMountPoints("/dev/sda1 / ext4 rw 0 0\n"
-                                 "/dev/sr1 /media/second udf ro 0 0\n"
-                                 "proc /proc proc rw 0 0\n"
-                                 "/dev/sr0 /media/first iso9660 ro,nosuid 0 0\n"),
-              ElementsAre("/media/second", "/media/first"));
-}
-
-TEST(OpticalMountPoints, OctalEscapes_AreDecoded) {
-  EXPECT_THAT(OpticalMountPoints("/dev/sr0 /media/a\\040b\\011c\\134d\\012e iso9660 ro 0 0\n"),
-              ElementsAre("/media/a b\tc\\d\ne"));
-}
-
-TEST(OpticalMountPoints, BackslashWithoutThreeOctalDigits_StaysAsItIs) {
-  EXPECT_THAT(OpticalMountPoints("/dev/sr0 /media/a\\09\\4 iso9660 ro 0 0\n"), ElementsAre("/media/a\\09\\4"));
-}
-
-TEST(OpticalMountPoints, PlaceMountedTwice_IsListedOnce) {
-  EXPECT_THAT(OpticalMountPoints("/dev/sr0 /m iso9660 ro 0 0\n/dev/sr1 /m udf ro 0 0\n"), ElementsAre("/m"));
-}
-
-TEST(OpticalMountPoints, EmptyOrCutTable_HasNone) {
-  EXPECT_THAT(OpticalMountPoints(""), IsEmpty());
-  EXPECT_THAT(OpticalMountPoints("\n/dev/sr0\n/dev/sr0 /m\n"), IsEmpty());
-}
 
 }  // namespace
 }  // namespace discwright::host

@@ -1,9 +1,9 @@
 // Starting Windows programs by a "wine" that the test puts there.
-#include "host/windows_programs.h"
+#include "host/processes.h"
 
 #include <gmock/gmock.h>
 
-#include "host/posix/command_line.h"
+#include "host/posix/find_program.h"
 #include "tests/host/posix/stand_in_program.h"
 
 namespace discwright::host {

@@ -1,13 +1,17 @@
-// The parts that the tests' program plays before GoogleTest's main begins.
-#include "tests/host/win32/child_program.h"
+// The child programs as parts that the tests' own program plays before GoogleTest's main begins.
+#include "tests/host/child_program.h"
 
+#include <gtest/gtest.h>
 #include <windows.h>
+// After it, because it needs its types.
+#include <tlhelp32.h>
 
 #include <array>
 #include <cstdlib>
 #include <fstream>
 
 #include "host/native_text.h"
+#include "host/script.h"
 
 namespace discwright::host::testing {
 namespace {
@@ -29,7 +33,7 @@ bool IsThere(const std::string& path) { return GetFileAttributesA(path.c_str()) 
 
 // Also ends when the test and its folder are gone.
 void WaitFor(const std::string& file) {
-  const std::string folder = file.substr(0, file.rfind('\\'));
+  const std::string folder = file.substr(0, file.find_last_of("\\/"));
   while (IsThere(folder) && !IsThere(file)) Sleep(20);
 }
 
@@ -67,7 +71,7 @@ std::string CountInput() {
 void MakeNoise(const std::string& file) {
   Sleep(50);
   for (int i = 0; i < 20000; ++i) {
-    if (!CanSay("noise noise noise\n")) return;
+    if (!CanSay("") || !CanSay("noise noise noise\n")) return;
   }
   Make(file);
 }
@@ -82,7 +86,8 @@ int Play(const std::string& part, const std::string& word) {
   if (part == "console")
     Say(GetConsoleWindow() == nullptr ? "none" : IsWindowVisible(GetConsoleWindow()) ? "seen" : "hidden");
   if (part == "ask") Say("question");
-  if (part == "wait" || part == "ask") {
+  if (part == "close") CloseHandle(GetStdHandle(STD_OUTPUT_HANDLE));
+  if (part == "wait" || part == "ask" || part == "close") {
     WaitFor(word);
     return 7;
   }
@@ -114,6 +119,45 @@ const bool kIsTests = [] {
 
 }  // namespace
 
+const std::string_view kCrash = "exception C0000005";
+const std::string_view kEndedByUs = "Ctrl-C";
+
 std::string ChildProgram(const std::string& what) { return TextOfCodePage(NativeLine(what)); }
+
+std::string BatchFileBytes(const std::vector<std::string>& lines) {
+  std::string text = "@echo off\r\n";
+  for (const std::string& line : lines) text += line + "\r\n";
+  std::string bytes;  // the tests' own path in it need not be ASCII
+  EXPECT_TRUE(ScriptBytes(text, bytes).ok());
+  return bytes;
+}
+
+std::vector<std::string> AwkwardNames() {
+  return {"with blank", "a & b", "100%", "(brackets)", "semi;colon, comma", "it's", "caret^", "Größe"};
+}
+
+void AddRubbishProgram(const TempFolder& folder, std::string_view name) { folder.Write(name, "\x01\x02\x03\x04"); }
+
+bool IsAlive(int id) {
+  const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, static_cast<DWORD>(id));
+  if (process == nullptr) return false;
+  const bool is_alive = WaitForSingleObject(process, 0) == WAIT_TIMEOUT;
+  CloseHandle(process);
+  return is_alive;
+}
+
+int ThreadsOfThisProgram() {
+  const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0);
+  THREADENTRY32 thread{};
+  thread.dwSize = sizeof(thread);
+  int count = 0;
+  for (BOOL is_there = Thread32First(snapshot, &thread); is_there != 0; is_there = Thread32Next(snapshot, &thread)) {
+    if (thread.th32OwnerProcessID == GetCurrentProcessId()) ++count;
+  }
+  CloseHandle(snapshot);
+  return count;
+}
+
+bool HasChildren() { return false; }
 
 }  // namespace discwright::host::testing

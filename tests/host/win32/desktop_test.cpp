@@ -25,6 +25,15 @@ TEST(DriveRoots, EveryDriveOfTheSystem_IsListedByItsLetter) {
   EXPECT_EQ(DriveRoots(), expected);
 }
 
+TEST(OpticalDrives, DrivesThatTheSystemTakesForOptical_AreListedInItsOrder) {
+  std::vector<std::string> expected;
+  for (char letter = 'A'; letter <= 'Z'; ++letter) {
+    const std::string drive = std::string(1, letter) + ":";
+    if (GetDriveTypeA((drive + "\\").c_str()) == DRIVE_CDROM) expected.push_back(drive);
+  }
+  EXPECT_EQ(OpticalDrives(), expected);
+}
+
 TEST(DriveRoots, EveryRoot_IsADrive) {
   for (const std::string& root : DriveRoots()) {
     EXPECT_NE(GetDriveTypeA(root.c_str()), static_cast<UINT>(DRIVE_NO_ROOT_DIR)) << root;

@@ -4,8 +4,9 @@
 #include <gmock/gmock.h>
 #include <windows.h>
 
-#include "host/win32/copy_file.h"
+#include "host/system.h"
 #include "host/win32/errors.h"
+#include "host/win32/new_file.h"
 #include "host/win32/owned_handle.h"
 #include "tests/host/temp_folder.h"
 
@@ -45,14 +46,11 @@ TEST(LockedFile, IsDeniedToEveryone) {
   folder.Write("other", "other");
   const OwnedHandle lock = Lock(folder, "file");
   ASSERT_TRUE(lock.valid());
-  Status status;
-  std::string content;
   const std::string path = folder.Core("file");
   EXPECT_FALSE(CanRead(path));
-  EXPECT_EQ(ReadWholeFile(path, content).error, ErrorClass::kAccessDenied);
+  EXPECT_EQ(ReadWholeFile(path).status.error, ErrorClass::kAccessDenied);
   EXPECT_EQ(WriteWholeFile(path, "new").error, ErrorClass::kAccessDenied);
-  EXPECT_EQ(OpenBinary(path, OpenMode::kReadWrite, status), nullptr);
-  EXPECT_EQ(status.error, ErrorClass::kAccessDenied);
+  EXPECT_EQ(OpenBinary(path, OpenMode::kReadWrite).status.error, ErrorClass::kAccessDenied);
   EXPECT_EQ(RemoveFile(path).error, ErrorClass::kAccessDenied);
   EXPECT_EQ(RenameFile(path, folder.Core("new")).error, ErrorClass::kAccessDenied);
   EXPECT_EQ(CopyFileWithProgress(path, folder.Core("to"), nullptr).error, ErrorClass::kAccessDenied);
@@ -117,8 +115,7 @@ TEST(OpenBinary, HiddenFile_IsEmptiedLikeAnyOther) {
   const TempFolder folder;
   folder.Write("file", "old");
   SetMarks(folder, "file", FILE_ATTRIBUTE_HIDDEN);
-  Status status;
-  EXPECT_NE(OpenBinary(folder.Core("file"), OpenMode::kCreateEmpty, status), nullptr) << status.cause;
+  EXPECT_TRUE(OpenBinary(folder.Core("file"), OpenMode::kCreateEmpty).ok());
   EXPECT_EQ(folder.Read("file"), "");
 }
 
@@ -131,14 +128,13 @@ TEST(OpenBinary, PositionsBeyondFourGigabytes_AreWrittenAndRead) {
   ASSERT_EQ(SetFilePointer(sparse.get(), 0, &high, FILE_BEGIN), 0u);
   if (SetEndOfFile(sparse.get()) == 0) GTEST_SKIP() << "this disk has no such large files";
   sparse.Close();
-  Status status;
-  const auto file = OpenBinary(folder.Core("file"), OpenMode::kReadWrite, status);
-  ASSERT_NE(file, nullptr);
-  EXPECT_EQ(file->Length(), std::int64_t{1} << 32);
-  EXPECT_TRUE(file->WriteAt(kFar, std::as_bytes(std::span(std::string_view("1234")))).ok());
-  EXPECT_EQ(file->Length(), kFar + 4);
+  const auto file = OpenBinary(folder.Core("file"), OpenMode::kReadWrite);
+  ASSERT_TRUE(file.ok()) << file.status.cause;
+  EXPECT_EQ(file.value->Length().value, std::int64_t{1} << 32);
+  EXPECT_TRUE(file.value->WriteAt(kFar, std::as_bytes(std::span(std::string_view("1234")))).ok());
+  EXPECT_EQ(file.value->Length().value, kFar + 4);
   std::string text(3, '\0');
-  EXPECT_TRUE(file->ReadAt(kFar + 1, std::as_writable_bytes(std::span(text))).ok());
+  EXPECT_TRUE(file.value->ReadAt(kFar + 1, std::as_writable_bytes(std::span(text))).ok());
   EXPECT_EQ(text, "234");
   EXPECT_EQ(Look(folder.Core("file"))->size, kFar + 4);
 }
@@ -172,8 +168,7 @@ TEST(MakeFolders, DriveThatIsNotThere_IsNotFound) {
 TEST(LongPath, IsRefusedWithItsOwnReason) {
   const TempFolder folder;
   const std::string path = folder.Core(std::string(255, 'n'));
-  std::string content;
-  EXPECT_EQ(ReadWholeFile(path, content).cause, StatusOf(ERROR_FILENAME_EXCED_RANGE).cause);
+  EXPECT_EQ(ReadWholeFile(path).status.cause, StatusOf(ERROR_FILENAME_EXCED_RANGE).cause);
   EXPECT_EQ(WriteWholeFile(path, "x").cause, StatusOf(ERROR_FILENAME_EXCED_RANGE).cause);
   EXPECT_EQ(MakeFolders(path).cause, StatusOf(ERROR_FILENAME_EXCED_RANGE).cause);
 }
@@ -230,7 +225,7 @@ TEST(CopyByHand, LargeFile_TellsEveryPiece) {
   folder.Write("from", content);
   std::vector<std::int64_t> told;
   const CopyRoutine routine = [&](CopyEvent, std::int64_t transferred) { return told.push_back(transferred), true; };
-  EXPECT_TRUE(CopyByHand(DoorPath(folder.Core("from")), DoorPath(folder.Core("to")), routine).ok());
+  EXPECT_TRUE(CopyByHand(AnsiPath(folder.Core("from")), AnsiPath(folder.Core("to")), routine).ok());
   EXPECT_EQ(folder.Read("to"), content);
   EXPECT_THAT(told, ElementsAre(0, 64 << 10, 2 * (64 << 10), 3 * (64 << 10), content.size()));
 }
@@ -240,7 +235,7 @@ TEST(CopyByHand, FileOfWholePieces_EndsWithItsLastPiece) {
   folder.Write("from", BytesOfSize(2 * (64 << 10)));
   std::vector<std::int64_t> told;
   const CopyRoutine routine = [&](CopyEvent, std::int64_t transferred) { return told.push_back(transferred), true; };
-  EXPECT_TRUE(CopyByHand(DoorPath(folder.Core("from")), DoorPath(folder.Core("to")), routine).ok());
+  EXPECT_TRUE(CopyByHand(AnsiPath(folder.Core("from")), AnsiPath(folder.Core("to")), routine).ok());
   EXPECT_THAT(told, ElementsAre(0, 64 << 10, 2 * (64 << 10)));
 }
 

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/win32/newer_call.h"
+#include "host/win32/windows_version.h"
 #include "tests/host/temp_folder.h"
 
 namespace discwright::host::testing {

@@ -7,6 +7,7 @@
 #include <map>
 
 #include "host/files.h"
+#include "host/system.h"
 #include "host/win32/errors.h"
 
 namespace discwright::host {
@@ -18,13 +19,13 @@ using testing::TempFolder;
 
 std::vector<std::string> NamesOf(const Listing& listing) {
   std::vector<std::string> names;
-  for (const Entry& entry : listing.entries) names.push_back(entry.name);
+  for (const Entry& entry : listing.value) names.push_back(entry.name);
   return names;
 }
 
 std::map<std::string, Entry> ByName(const Listing& listing) {
   std::map<std::string, Entry> entries;
-  for (const Entry& entry : listing.entries) entries[entry.name] = entry;
+  for (const Entry& entry : listing.value) entries[entry.name] = entry;
   return entries;
 }
 
@@ -33,8 +34,8 @@ TEST(ListFolder, NameThatTheCodePageLacks_IsListedAndCannotBeCopied) {
   folder.Write("漢字.txt", "content");
   const Listing listing = ListFolder(folder.Core(), "*.*");
   ASSERT_THAT(NamesOf(listing), ElementsAre("??.txt"));
-  EXPECT_EQ(listing.entries[0].size, 7);
-  const Status copied = CopyFileWithProgress(folder.Core(listing.entries[0].name), folder.Core("copy"), nullptr);
+  EXPECT_EQ(listing.value[0].size, 7);
+  const Status copied = CopyFileWithProgress(folder.Core(listing.value[0].name), folder.Core("copy"), nullptr);
   EXPECT_EQ(copied.cause, NameNotInCodePage().cause);
   EXPECT_EQ(folder.Names().size(), 1u);
 }
@@ -44,7 +45,7 @@ TEST(ListFolder, FolderWhoseNameTheCodePageLacks_IsListedAndCannotBeEntered) {
   folder.Write("漢/file", "");
   const Listing listing = ListFolder(folder.Core(), "*.*");
   ASSERT_THAT(NamesOf(listing), ElementsAre("?"));
-  EXPECT_EQ(listing.entries[0].kind, EntryKind::kFolder);
+  EXPECT_EQ(listing.value[0].kind, EntryKind::kFolder);
   EXPECT_EQ(ListFolder(folder.Core("?"), "*.*").status.cause, NameNotInCodePage().cause);
 }
 
@@ -54,7 +55,7 @@ TEST(ListFolder, NameThatIsListedLikeAnother_IsNotMistakenForIt) {
   folder.Write("\xC4\x80x.txt", "another, whose first letter the system gives as an A");
   const Listing listing = ListFolder(folder.Core(), "*.*");
   ASSERT_THAT(NamesOf(listing), ElementsAre("Ax.txt", "Ax.txt?"));
-  EXPECT_EQ(listing.entries[0].size, 5);
+  EXPECT_EQ(listing.value[0].size, 5);
   const Status copied = CopyFileWithProgress(folder.Core("Ax.txt?"), folder.Core("copy"), nullptr);
   EXPECT_EQ(copied.cause, NameNotInCodePage().cause);
 }
@@ -87,7 +88,7 @@ TEST(ListFolder, RootOfADrive_IsListed) {
   const std::string root = CurrentFolder().substr(0, 3);
   EXPECT_TRUE(ListFolder(root, "*.*").status.ok());
   EXPECT_TRUE(ListFolder(root + "\\", "*.*").status.ok());
-  EXPECT_FALSE(ListFolder(root, "*.*").entries.empty());
+  EXPECT_FALSE(ListFolder(root, "*.*").value.empty());
 }
 
 TEST(ListFolder, DriveThatIsNotThere_IsNotFound) {

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include "base/paths.h"
+#include "host/names.h"
 #include "host/native_text.h"
 #include "host/system.h"
 #include "host/win32/errors.h"
@@ -29,62 +31,24 @@ TEST(NativePath, WildcardOrNul_IsRefused) {
     EXPECT_FALSE(NativePath(path));
 }
 
-TEST(DoorPath, SeparatorsAtTheEnd_AreOnlyKeptOfRoots) {
-  EXPECT_EQ(DoorPath("C:\\a\\/").native, "C:\\a");
-  EXPECT_EQ(DoorPath("a/").native, "a");
-  EXPECT_EQ(DoorPath("C:\\\\").native, "C:\\");
-  EXPECT_EQ(DoorPath("/").native, "\\");
+TEST(AnsiPath, SeparatorsAtTheEnd_AreOnlyKeptOfRoots) {
+  EXPECT_EQ(AnsiPath("C:\\a\\/").native, "C:\\a");
+  EXPECT_EQ(AnsiPath("a/").native, "a");
+  EXPECT_EQ(AnsiPath("C:\\\\").native, "C:\\");
+  EXPECT_EQ(AnsiPath("/").native, "\\");
 }
 
-TEST(DoorPath, WhatTheSystemCannotBeAsked_HasItsReason) {
-  EXPECT_EQ(DoorPath("").status.error, ErrorClass::kNotFound);
-  EXPECT_EQ(DoorPath("a?b").status.cause, NameNotInCodePage().cause);
-  EXPECT_EQ(DoorPath("a<b").status.cause, StatusOf(ERROR_INVALID_NAME).cause);
-  EXPECT_TRUE(DoorPath(std::string(MAX_PATH - 1, 'a')).status.ok());
-  EXPECT_EQ(DoorPath(std::string(MAX_PATH, 'a')).status.cause, StatusOf(ERROR_FILENAME_EXCED_RANGE).cause);
+TEST(AnsiPath, WhatTheSystemCannotBeAsked_HasItsReason) {
+  EXPECT_EQ(AnsiPath("").status.error, ErrorClass::kNotFound);
+  EXPECT_EQ(AnsiPath("a?b").status.cause, NameNotInCodePage().cause);
+  EXPECT_EQ(AnsiPath("a<b").status.cause, StatusOf(ERROR_INVALID_NAME).cause);
+  EXPECT_TRUE(AnsiPath(std::string(MAX_PATH - 1, 'a')).status.ok());
+  EXPECT_EQ(AnsiPath(std::string(MAX_PATH, 'a')).status.cause, StatusOf(ERROR_FILENAME_EXCED_RANGE).cause);
 }
 
-TEST(NameOf, LastName_IsCutOffAtSeparatorsAndDrives) {
-  EXPECT_EQ(NameOf("C:\\a\\b"), "b");
-  EXPECT_EQ(NameOf("C:b"), "b");
-  EXPECT_EQ(NameOf("b"), "b");
-  EXPECT_EQ(NameOf("C:\\"), "");
-}
-
-TEST(SiblingOf, OtherName_StandsInTheSameFolder) {
-  EXPECT_EQ(SiblingOf("C:\\a\\b", "x"), "C:\\a\\x");
-  EXPECT_EQ(SiblingOf("C:\\b", "x"), "C:\\x");
-  EXPECT_EQ(SiblingOf("C:b", "x"), "C:x");
-  EXPECT_EQ(SiblingOf("b", "x"), "x");
-}
-
-TEST(InFolder, Separator_IsPutWhereItIsMissing) {
-  EXPECT_EQ(InFolder("C:\\a", "x"), "C:\\a\\x");
-  EXPECT_EQ(InFolder("C:\\", "x"), "C:\\x");
-  EXPECT_EQ(InFolder("a/", "x"), "a/x");
-  EXPECT_EQ(InFolder("C:", "x"), "C:x");
-  EXPECT_EQ(InFolder("", "x"), "x");
-}
-
-TEST(ParentFolder, WayUp_EndsAtTheRoot) {
-  EXPECT_EQ(ParentFolder("C:\\a\\b"), "C:\\a");
-  EXPECT_EQ(ParentFolder("C:\\a"), "C:\\");
-  EXPECT_EQ(ParentFolder("C:\\"), "C:\\");
-  EXPECT_EQ(ParentFolder("\\\\server\\share"), "\\\\server");
-  EXPECT_EQ(ParentFolder("\\"), "\\");
-}
-
-TEST(DevicePath, DeviceNamesInEveryFolderAndWithEveryExtension_AreDevices) {
-  for (const char* path : {"nul", "C:\\x\\NUL", "x/aux.txt", "Com1", "LPT9.a.b", "con ", "prn .txt", "\\\\.\\C:"})
-    EXPECT_TRUE(IsDevicePath(path)) << path;
-  for (const char* path : {"nulx", "C:\\nul\\x", "com", "com0", "lpt10", "xcon", "console.txt", ""})
-    EXPECT_FALSE(IsDevicePath(path)) << path;
-}
-
-TEST(PathFromNative, RelativePath_IsMadeAbsolute) {
-  EXPECT_EQ(PathFromNative("x/y"), InFolder(CurrentFolder(), "x\\y"));
-  EXPECT_EQ(PathFromNative("."), CurrentFolder());
-  EXPECT_EQ(PathFromNative("\\x\\..\\y"), CurrentFolder().substr(0, 2) + "\\y");
+EXPECT_EQ(PathFromNative("x/y"), base::InFolder(CurrentFolder(), "x\\y"));
+EXPECT_EQ(PathFromNative("."), CurrentFolder());
+EXPECT_EQ(PathFromNative("\\x\\..\\y"), CurrentFolder().substr(0, 2) + "\\y");
 }
 
 TEST(PathFromNative, TrailingSeparator_IsOnlyKeptOfARoot) {

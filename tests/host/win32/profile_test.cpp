@@ -6,6 +6,7 @@
 
 #include <array>
 
+#include "host/system.h"
 #include "tests/host/temp_folder.h"
 
 namespace discwright::host {

@@ -1,5 +1,5 @@
 // Texts of the registry.
-#include "host/registry.h"
+#include "host/profile.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>

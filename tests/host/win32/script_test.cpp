@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include "host/files.h"
+#include "host/names.h"
 #include "host/processes.h"
 #include "host/system.h"
 #include "tests/host/temp_folder.h"
@@ -24,8 +25,7 @@ std::vector<std::string> AwkwardNames() {
 void RunScript(const TempFolder& folder, std::string_view script_folder, const std::string& commands) {
   std::string text;
   for (const std::string& line : ScriptPrologue(script_folder)) text.append(line).append(ScriptLineEnd());
-  std::string bytes;
-  ASSERT_TRUE(ScriptBytes(text + commands + std::string(ScriptLineEnd()), bytes).ok());
+  const std::string bytes = ScriptBytes(text + commands + std::string(ScriptLineEnd())).value;
   folder.Write("script.bat", bytes);
   const auto runner = SystemProgramRunner();
   const auto launcher = runner->CreateLauncher([] {});
@@ -102,18 +102,16 @@ TEST(ScriptProgram, Program_IsCalledByItsName) {
 
 TEST(ScriptBytes, TextBeyondAscii_IsInTheCodePageThatShellsRead) {
   if (GetOEMCP() != 437 && GetOEMCP() != 850) GTEST_SKIP() << "this Windows has another code page";
-  std::string bytes;
-  EXPECT_TRUE(ScriptBytes("cd c:\\größe\r\n", bytes).ok());
+  const std::string bytes = ScriptBytes("cd c:\\größe\r\n").value;
   EXPECT_EQ(bytes,
             "cd c:\\gr\x94\xE1"
             "e\r\n");
 }
 
 TEST(ScriptBytes, NameThatTheCodePageLacks_IsRefusedAndNotReplaced) {
-  std::string bytes;
-  const Status status = ScriptBytes(ScriptPath("C:\\\u65E5\u672C.iso"), bytes);
-  EXPECT_THAT(status.cause, HasSubstr("code page"));
-  EXPECT_EQ(bytes, "");
+  const Result<std::string> bytes = ScriptBytes(ScriptPath("C:\\\u65E5\u672C.iso"));
+  EXPECT_THAT(bytes.status.cause, HasSubstr("code page"));
+  EXPECT_EQ(bytes.value, "");
 }
 
 TEST(ScriptLineEnd, IsThatOfTheSystem) { EXPECT_EQ(ScriptLineEnd(), "\r\n"); }

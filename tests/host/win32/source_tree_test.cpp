@@ -6,7 +6,8 @@
 
 #include <map>
 
-#include "host/links.h"
+#include "host/hard_links.h"
+#include "host/system.h"
 #include "host/win32/errors.h"
 #include "host/win32/owned_handle.h"
 #include "tests/host/win32/folder_link.h"
@@ -20,9 +21,8 @@ using testing::TempFolder;
 
 std::map<std::string, TreeEntry> List(const TempFolder& folder) {
   std::map<std::string, TreeEntry> entries;
-  Status status;
-  const auto tree = OpenSourceTree(folder.Core(), status);
-  EXPECT_TRUE(tree->List("", [&](const TreeEntry& entry) { entries[std::string(entry.name)] = entry; }).ok());
+  const auto tree = OpenSourceTree(folder.Core());
+  EXPECT_TRUE(tree.value->List("", [&](const TreeEntry& entry) { entries[std::string(entry.name)] = entry; }).ok());
   return entries;
 }
 
@@ -55,21 +55,18 @@ TEST(SourceTreeNames, LockedFile_IsListedWithItsSizeAndCannotBeOpened) {
   const OwnedHandle lock(CreateFileW(folder.Path("file").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
                                      FILE_ATTRIBUTE_NORMAL, nullptr));
   EXPECT_EQ(List(folder)["file"].size, 5u);
-  Status status;
-  const auto tree = OpenSourceTree(folder.Core(), status);
-  EXPECT_EQ(tree->Open("file", status), nullptr);
-  EXPECT_EQ(status.error, ErrorClass::kAccessDenied);
+  const auto tree = OpenSourceTree(folder.Core());
+  EXPECT_EQ(tree.value->Open("file").status.error, ErrorClass::kAccessDenied);
 }
 
 TEST(SourceTreeNames, FolderNameInAnotherCaseOrShort_IsTheSameTree) {
   const TempFolder folder;
   folder.Write("A long folder name/file", "x");
-  Status status;
-  const auto tree = OpenSourceTree(folder.Core("A LONG FOLDER NAME"), status);
-  const auto same = OpenSourceTree(ShortPath(folder.Core("A long folder name")), status);
+  const auto tree = OpenSourceTree(folder.Core("A LONG FOLDER NAME"));
+  const auto same = OpenSourceTree(ShortPath(folder.Core("A long folder name")));
   ASSERT_TRUE(tree && same);
-  EXPECT_EQ(tree->Look("file").id, same->Look("file").id);
-  EXPECT_EQ(tree->Look("").id, same->Look("").id);
+  EXPECT_EQ(tree.value->Look("file").id, same.value->Look("file").id);
+  EXPECT_EQ(tree.value->Look("").id, same.value->Look("").id);
 }
 
 TEST(ListFacts, NameThatTheCodePageLacks_IsListedAndCannotBeOpened) {
@@ -77,15 +74,13 @@ TEST(ListFacts, NameThatTheCodePageLacks_IsListedAndCannotBeOpened) {
   folder.Write("漢", "12345");
   folder.Write("字", "12345");
   folder.Write("A", "12345");
-  const FactsListing listing = ListFacts(folder.Core());
-  ASSERT_EQ(listing.entries.size(), 3u);
-  EXPECT_EQ(listing.entries[0].name, "?");
-  EXPECT_EQ(listing.entries[0].facts.size, 5);
-  EXPECT_EQ(listing.entries[0].facts.volume, listing.entries[2].facts.volume);
-  EXPECT_FALSE(listing.entries[0].facts.IsSameFile(listing.entries[1].facts));
-  Status status;
-  EXPECT_EQ(OpenUnchanged(folder.Core("?"), listing.entries[0].facts, status), nullptr);
-  EXPECT_EQ(status.cause, NameNotInCodePage().cause);
+  const Result<std::vector<NamedFacts>> listing = ListFacts(folder.Core());
+  ASSERT_EQ(listing.value.size(), 3u);
+  EXPECT_EQ(listing.value[0].name, "?");
+  EXPECT_EQ(listing.value[0].facts.size, 5);
+  EXPECT_EQ(listing.value[0].facts.volume, listing.value[2].facts.volume);
+  EXPECT_FALSE(listing.value[0].facts.IsSameFile(listing.value[1].facts));
+  EXPECT_EQ(OpenUnchanged(folder.Core("?"), listing.value[0].facts).status.cause, NameNotInCodePage().cause);
 }
 
 TEST(MakeHardLink, Windows9x_HasNone) {

@@ -1,5 +1,5 @@
 // Lines that start Windows programs on Windows.
-#include "host/windows_programs.h"
+#include "host/processes.h"
 
 #include <gtest/gtest.h>
 

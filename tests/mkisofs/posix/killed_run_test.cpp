@@ -1,4 +1,4 @@
-// The real program, ended while it writes.
+// Tests of the real program when a signal ends it while it writes.
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 class KilledMkisofs : public Mastering {};
 
-// A run that is ended by force must not leave half an image under the image's name.
+// Half an image must never stand under the image's name. SIGTERM also removes the ".part" file; SIGKILL cannot.
 TEST_F(KilledMkisofs, WhileItWrites_LeavesNoImage) {
   const std::string iso = folder.Native("image.iso");
   folder.Write("tree/boot/loader.bin", "loader");

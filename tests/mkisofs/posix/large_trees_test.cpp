@@ -1,4 +1,4 @@
-// Trees that are deeper and larger than other systems have them.
+// Tests of trees that only Linux can make, or make fast enough.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -14,7 +14,7 @@ using ::testing::HasSubstr;
 
 class ManyFiles : public Mastering {
  protected:
-  // Faster than a stream for each file.
+  // The C functions are faster than a stream for each file.
   void Touch(const std::string& name, const std::string& content) const {
     std::FILE* const file = std::fopen(folder.Native(name).c_str(), "wb");
     ASSERT_NE(file, nullptr);
@@ -23,7 +23,7 @@ class ManyFiles : public Mastering {
   }
 };
 
-// A system that takes a millisecond to make a file would take minutes.
+// Under Wine, where making a file takes a millisecond, this test would take minutes.
 TEST_F(ManyFiles, HundredThousandFiles_AreAllStored) {
   for (int part = 0; part < 10; ++part) {
     const std::string path = "tree/part" + std::to_string(part);
@@ -50,7 +50,7 @@ TEST_F(DeepTrees, ThreeHundredNestedFolders_AreStored) {
   EXPECT_EQ(Content(iso.Find(path.substr(1) + "/file")), "deep");
 }
 
-// 60 x 201 bytes are more than the system takes in one path.
+// 60 names of 201 bytes each are longer than the longest path that the system takes in one call.
 TEST_F(DeepTrees, PathsLongerThanTheSystemsLongest_AreStored) {
   const std::string name(200, 'n');
   int at = open(folder.Native("tree").c_str(), O_RDONLY | O_DIRECTORY);
@@ -69,7 +69,7 @@ TEST_F(DeepTrees, PathsLongerThanTheSystemsLongest_AreStored) {
   EXPECT_EQ(Content(MasteredImage().Find(path + "file")), "deep");
 }
 
-// Each link doubles the number of folders; the path tables have room for 65535 parents.
+// Two links in each of 18 levels double the number of folders each time. A path table can number 65535 parents.
 TEST_F(DeepTrees, MoreFoldersThanPathTablesCanNumber_AreAnError) {
   for (int level = 0; level < 18; ++level) {
     const std::string below = level == 17 ? "" : "../" + std::to_string(level + 1);

@@ -1,4 +1,4 @@
-// Trees with symbolic links, pipes and sockets.
+// Tests of trees with symbolic links, pipes and sockets.
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>

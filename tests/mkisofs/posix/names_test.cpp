@@ -1,4 +1,4 @@
-// Names that only some systems have.
+// Tests of names that only Linux can store.
 #include "tools/mkisofs/names.h"
 #include "tests/mkisofs/mastering.h"
 

@@ -1,0 +1,44 @@
+// A program that this one has started and whose output it reads: what each system does in its own way.
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <string_view>
+
+#include "host/processes.h"
+
+namespace discwright::host {
+
+// All functions but Read and Waiting may be called by several threads at once. Somebody must call WaitForEnd until it
+// is true; otherwise some systems keep an entry for the ended program.
+class Child {
+ public:
+  using Clock = std::chrono::steady_clock;
+
+  virtual ~Child() = default;
+
+  // Waits for output and reads it; the number of bytes. 0 when the time is over or the program has ended first. A time
+  // below 0 has no limit; then the end of the program does not matter either, and 0 says that nobody can write any
+  // more.
+  virtual std::size_t Read(std::span<char> buffer, int milliseconds) = 0;
+  virtual std::size_t Waiting() = 0;  // bytes of output that can be read at once
+
+  virtual bool WaitForEnd(int milliseconds) = 0;  // whether it has ended; a time below 0 has no limit
+  virtual ProcessEnd End() = 0;                   // valid once it has ended
+
+  // Asks or makes the program end with all that it has started; false when it has ended already. What is still running
+  // at `last_moment` is ended by force.
+  virtual bool RequestEnd() = 0;
+  virtual void WaitUntilGone(Clock::time_point last_moment) = 0;
+};
+
+// Starts a command line, see Launcher::Start: without a window, with standard input from nothing, and with standard
+// output and error to the pipe that Read reads. Null with the reason in `status` on failure.
+std::shared_ptr<Child> StartCaptured(std::string_view command_line, Status& status);
+
+// See ProgramRunner::StartProcess.
+std::unique_ptr<Process> StartUncaptured(std::string_view command_line, int window_style, int creation_flags);
+
+}  // namespace discwright::host

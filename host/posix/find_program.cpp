@@ -1,0 +1,133 @@
+// Looks for programs, and writes the lines that start them.
+#include "host/posix/find_program.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+
+#include "host/command_line.h"
+#include "host/names.h"
+#include "host/posix/case_lookup.h"
+#include "host/posix/errors.h"
+#include "host/posix/native_path.h"
+#include "host/processes.h"
+
+namespace discwright::host {
+namespace {
+
+bool EndsWithExtension(std::string_view name, std::string_view extension) {
+  return FoldCase(name).ends_with(extension);
+}
+
+bool IsFile(const std::string& native) {
+  struct stat facts {};
+  return stat(native.c_str(), &facts) == 0 && S_ISREG(facts.st_mode);
+}
+
+bool IsExecutable(const std::string& native) { return access(native.c_str(), X_OK) == 0; }
+
+// How a program may be spelled: as written, and with ".exe" removed or added.
+std::vector<std::string> Spellings(std::string_view program) {
+  if (program.empty()) return {};
+  if (EndsWithExtension(program, ".exe")) {
+    return {std::string(program), std::string(program.substr(0, program.size() - 4))};
+  }
+  return {std::string(program), std::string(program) + ".exe"};
+}
+
+Status FailureOf(std::string_view program, int error) {
+  Status status = StatusOf(error);
+  status.cause.append(": ").append(PathToNative(program));
+  return status;
+}
+
+// The arguments that start `program` itself. None when it is no program; `refused` then says why, if a file is there.
+std::vector<std::string> StartOf(std::string_view program, Status& refused) {
+  for (const std::string& spelling : Spellings(program)) {
+    const std::string native = RealPath(spelling);
+    if (!IsFile(native)) continue;
+    if (EndsWithExtension(native, ".bat")) return {"/bin/sh", native};
+    if (IsExecutable(native)) return {native};
+    if (refused.ok()) refused = FailureOf(program, EACCES);
+  }
+  return {};
+}
+
+// As it is shown when the line is, except where a backslash in a name would be read as a separator.
+std::string AsInLine(const std::string& path) {
+  const std::string native = NativePath(path);
+  return native.find('\\') == native.npos ? native : path;
+}
+
+// An empty folder in PATH would be the current one, where nobody has installed a program.
+std::optional<std::string> FindInPath(std::string_view name) {
+  const char* const list = std::getenv("PATH");
+  for (std::string_view folders = list != nullptr ? list : ""; !folders.empty();) {
+    const std::size_t end = std::min(folders.find(':'), folders.size());
+    const std::string program = NativeJoin(folders.substr(0, end), name);
+    if (end > 0 && IsFile(program) && IsExecutable(program)) return AsInLine(PathFromNative(program));
+    folders.remove_prefix(std::min(end + 1, folders.size()));
+  }
+  return std::nullopt;
+}
+
+// A program at the start of a line. A quote cannot stand between quotes there; without them the line's reader finds
+// the end of the program by itself.
+std::string QuotedProgram(const std::string& path) { return path.find('"') == path.npos ? "\"" + path + "\"" : path; }
+
+// One argument of a line, see SplitArguments.
+std::string Quoted(std::string_view argument) {
+  std::string quoted = "\"";
+  std::size_t backslashes = 0;
+  for (const char character : argument) {
+    if (character == '"') quoted.append(backslashes + 1, '\\');
+    backslashes = character == '\\' ? backslashes + 1 : 0;
+    quoted += character;
+  }
+  return quoted.append(backslashes, '\\').append("\"");
+}
+
+// The user may have put the program's path in quotes, as on Windows.
+std::string_view WithoutQuotes(std::string_view program) {
+  const bool is_quoted = program.size() >= 2 && program.front() == '"' && program.back() == '"';
+  return is_quoted ? program.substr(1, program.size() - 2) : program;
+}
+
+// Drive Z: of Wine is the whole file system, unless the user has changed that.
+std::string PathUnderWine(std::string native) {
+  std::replace(native.begin(), native.end(), '/', '\\');
+  return "Z:" + native;
+}
+
+}  // namespace
+
+Command ParseCommandLine(std::string_view command_line) {
+  const std::vector<LeadingPart> parts = LeadingParts(command_line);
+  Status refused;
+  for (const LeadingPart& part : parts) {
+    Command command{{}, StartOf(part.program, refused)};
+    if (command.arguments.empty()) continue;
+    for (std::string& argument : SplitArguments(part.arguments)) command.arguments.push_back(std::move(argument));
+    return command;
+  }
+  return {refused.ok() ? FailureOf(parts.front().program, ENOENT) : refused, {}};
+}
+
+std::optional<std::string> InstalledProgramLine(std::string_view name, const std::vector<std::string>& arguments) {
+  const std::optional<std::string> program = FindInPath(name);
+  if (!program) return std::nullopt;
+  std::string line = QuotedProgram(*program);
+  for (const std::string& argument : arguments) line.append(" ").append(Quoted(argument));
+  return line;
+}
+
+std::optional<std::string> WindowsProgramLine(std::string_view program, std::string_view option,
+                                              std::string_view path) {
+  return InstalledProgramLine(
+      "wine", {RealPath(WithoutQuotes(program)), std::string(option).append(PathUnderWine(RealPath(path)))});
+}
+
+}  // namespace discwright::host

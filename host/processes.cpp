@@ -1,0 +1,131 @@
+// Runs other programs: the launcher, the thread that reads for it, and the list of what runs.
+#include "host/processes.h"
+
+#include <algorithm>
+#include <array>
+#include <system_error>
+#include <vector>
+
+#include "host/child.h"
+#include "host/native_text.h"
+#include "host/output_queue.h"
+#include "host/threads.h"
+
+namespace discwright::host {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = Child::Clock;
+using Children = std::vector<std::weak_ptr<Child>>;
+
+// What the reading thread does, from the program's first output to its end.
+void ReadOutput(Child& child, OutputQueue& queue) {
+  std::array<char, 16384> buffer{};
+  const auto read = [&](std::size_t most, int milliseconds) {
+    const std::size_t count = child.Read(std::span(buffer).first(std::min(most, buffer.size())), milliseconds);
+    queue.Add({buffer.data(), count}, Clock::now());
+    return count;
+  };
+  // The pipe may stay open longer: what the program has left behind can write to it.
+  while (!child.WaitForEnd(0)) read(buffer.size(), queue.MillisecondsToWait(Clock::now()));
+  // What the program itself has written before its end. More may come from what it has left behind.
+  std::size_t left = child.Waiting();
+  for (std::size_t count = left; left > 0 && count > 0; left -= count) count = read(left, 0);
+  queue.AddEnd(child.End());
+  // What the program has left behind must not be stopped by a pipe that is full or closed.
+  while (child.Read(buffer, -1) > 0) {
+  }
+}
+
+class SystemLauncher : public Launcher {
+ public:
+  SystemLauncher(std::function<void()> wake, std::shared_ptr<Children> running)
+      : wake_(std::move(wake)), running_(std::move(running)) {}
+  SystemLauncher(const SystemLauncher&) = delete;
+  SystemLauncher& operator=(const SystemLauncher&) = delete;
+  ~SystemLauncher() override {
+    if (queue_) queue_->Release();
+  }
+
+  void Configure(int buffer_size, int poll_interval) override {
+    buffer_size_ = std::max(buffer_size, 1);
+    poll_interval_ = std::max(std::chrono::milliseconds(poll_interval), 10ms);  // a shorter one is busy waiting
+  }
+
+  Status Start(std::string_view command_line) override {
+    Status status;
+    const std::shared_ptr<Child> child = StartCaptured(command_line, status);
+    if (!child) return status;
+    queue_ = std::make_shared<OutputQueue>(static_cast<std::size_t>(buffer_size_), poll_interval_, wake_);
+    try {
+      // The thread outlives this launcher: it goes on for as long as anybody can write.
+      Thread([child, queue = queue_] { ReadOutput(*child, *queue); }).Detach();
+    } catch (const std::system_error& error) {
+      child->RequestEnd();
+      child->WaitUntilGone(Clock::now());
+      child->WaitForEnd(-1);
+      return Status::Failure(ErrorClass::kOther, error.what());
+    }
+    std::erase_if(*running_, [](const std::weak_ptr<Child>& known) { return known.expired(); });
+    running_->push_back(child);
+    return Status::Success();
+  }
+
+  void Deliver() override {
+    if (!queue_) return;
+    // Either function may destroy this launcher. So these are copies; the queue of a destroyed launcher gives nothing.
+    const std::shared_ptr<OutputQueue> queue = queue_;
+    const auto received = data_received;
+    const auto ended = process_ended;
+    // Only what is there now: a program that writes faster than it is read must not hold the caller for ever.
+    for (std::size_t left = queue->PieceCount(); left > 0; --left) {
+      const std::optional<std::string> piece = queue->Take();
+      if (piece && received) received(TextFromNative(*piece));
+    }
+    const std::optional<ProcessEnd> end = queue->TakeEnd();
+    if (!end) return;
+    end_ = *end;
+    if (ended) ended();
+  }
+
+  ProcessEnd End() const override { return end_; }
+
+ private:
+  std::function<void()> wake_;
+  std::shared_ptr<Children> running_;
+  std::shared_ptr<OutputQueue> queue_;  // none before the start
+  int buffer_size_ = 8192;              // bytes
+  std::chrono::milliseconds poll_interval_ = 500ms;
+  ProcessEnd end_;
+};
+
+class SystemRunner : public ProgramRunner {
+ public:
+  std::unique_ptr<Process> StartProcess(std::string_view command_line, int window_style, int creation_flags) override {
+    return StartUncaptured(command_line, window_style, creation_flags);
+  }
+
+  std::unique_ptr<Launcher> CreateLauncher(std::function<void()> wake) override {
+    return std::make_unique<SystemLauncher>(std::move(wake), running_);
+  }
+
+  void EndAll() override {
+    std::vector<std::shared_ptr<Child>> ending;
+    for (const std::weak_ptr<Child>& known : *running_) {
+      std::shared_ptr<Child> child = known.lock();
+      if (child && child->RequestEnd()) ending.push_back(std::move(child));
+    }
+    const Clock::time_point last_moment = Clock::now() + 2s;
+    for (const auto& child : ending) child->WaitUntilGone(last_moment);
+  }
+
+ private:
+  // Shared with the launchers, which may outlive the runner. Programs that have ended may stand in it.
+  std::shared_ptr<Children> running_ = std::make_shared<Children>();
+};
+
+}  // namespace
+
+std::unique_ptr<ProgramRunner> SystemProgramRunner() { return std::make_unique<SystemRunner>(); }
+
+}  // namespace discwright::host

@@ -1,0 +1,22 @@
+// Profile files as text: each call reads or rewrites the whole file.
+#include "host/profile.h"
+
+#include "base/ini_text.h"
+#include "host/files.h"
+#include "host/native_text.h"
+
+namespace discwright::host {
+
+std::optional<std::string> ReadTextProfile(std::string_view file, std::string_view section, std::string_view key) {
+  const Result<std::string> bytes = ReadWholeFile(file);
+  return bytes.ok() ? base::FindIniValue(DecodeText(bytes.value), section, key) : std::nullopt;
+}
+
+Status WriteTextProfile(std::string_view file, std::string_view section, std::string_view key, std::string_view value) {
+  const Result<std::string> bytes = ReadWholeFile(file);
+  // A file that is there but cannot be read must not be replaced by one key.
+  if (!bytes.ok() && bytes.status.error != ErrorClass::kNotFound) return bytes.status;
+  return WriteWholeFile(file, EncodeText(base::WithIniValue(DecodeText(bytes.value), section, key, value)));
+}
+
+}  // namespace discwright::host

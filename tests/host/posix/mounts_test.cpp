@@ -1,0 +1,48 @@
+// Tables of mounted file systems.
+#include "host/posix/mounts.h"
+
+#include <gmock/gmock.h>
+
+#include "tests/host/temp_folder.h"
+
+namespace discwright::host {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+std::vector<std::string> PointsOf(const std::string& table) {
+  const testing::TempFolder folder;
+  folder.Write("mounts", table);
+  return OpticalMountPoints(folder.Native("mounts"));
+}
+
+TEST(OpticalMountPoints, OnlyOpticalFileSystems_AreTakenInTheTablesOrder) {
+  EXPECT_THAT(PointsOf("/dev/sda1 / ext4 rw 0 0\n"
+                       "/dev/sr1 /media/second udf ro 0 0\n"
+                       "proc /proc proc rw 0 0\n"
+                       "/dev/sr0 /media/first iso9660 ro,nosuid 0 0\n"),
+              ElementsAre("/media/second", "/media/first"));
+}
+
+TEST(OpticalMountPoints, OctalEscapes_AreDecoded) {
+  EXPECT_THAT(PointsOf("/dev/sr0 /media/a\\040b\\011c\\134d\\012e iso9660 ro 0 0\n"),
+              ElementsAre("/media/a b\tc\\d\ne"));
+}
+
+TEST(OpticalMountPoints, BackslashWithoutThreeOctalDigits_StaysAsItIs) {
+  EXPECT_THAT(PointsOf("/dev/sr0 /media/a\\09\\4 iso9660 ro 0 0\n"), ElementsAre("/media/a\\09\\4"));
+}
+
+TEST(OpticalMountPoints, PlaceMountedTwice_IsListedOnce) {
+  EXPECT_THAT(PointsOf("/dev/sr0 /m iso9660 ro 0 0\n/dev/sr1 /m udf ro 0 0\n"), ElementsAre("/m"));
+}
+
+TEST(OpticalMountPoints, EmptyCutOrMissingTable_HasNone) {
+  EXPECT_THAT(PointsOf(""), IsEmpty());
+  EXPECT_THAT(PointsOf("\n/dev/sr0\n/dev/sr0 /m\n"), IsEmpty());
+  EXPECT_THAT(OpticalMountPoints("/missing/mounts"), IsEmpty());
+}
+
+}  // namespace
+}  // namespace discwright::host
