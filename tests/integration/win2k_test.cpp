@@ -351,7 +351,7 @@ TEST_F(AddWin2KTest, SourceWithoutALoader_IsNoted) {
   host.AddFile("F:\\I386\\TXTSETUP.SIF", "script");
   source = "F:\\I386";
   Add();
-  EXPECT_EQ(Notes(), "F:\\I386\\SETUPLDR.BIN: was not copied to the CD. Windows Setup cannot be started from it\n");
+  EXPECT_EQ(Notes(), "F:\\I386\\SETUPLDR.BIN: was not copied to the CD: Windows Setup cannot be started from the CD\n");
   EXPECT_EQ(cancelled, 0);
 }
 
@@ -359,7 +359,8 @@ TEST_F(AddWin2KTest, MissingBootSector_IsNoted) {
   host.nodes.erase(testing::FakeHost::Key("C:\\Discwright\\files\\bootsect\\w2ksect.bin"));
   Add();
   EXPECT_EQ(Notes(),
-            "C:\\Discwright\\files\\bootsect\\w2ksect.bin: is missing, and what it starts cannot be started "
+            "C:\\Discwright\\files\\bootsect\\w2ksect.bin: is missing: the system that this boot sector starts cannot "
+            "be started "
             "from the CD\n");
   EXPECT_EQ(OnCd("I386\\SETUPLDR.BIN"), "loader");
 }

@@ -120,8 +120,8 @@ TEST_F(AnswerFileTest, TemplateOfTheUserThatIsGone_FallsBackToTheProgramsAndIsNo
   ASSERT_THAT(notes.all(), SizeIs(1));
   EXPECT_EQ(notes.all()[0].place, kMine);
   EXPECT_EQ(notes.all()[0].cause,
-            "could not be opened (the program keeps 99 characters of a path); the answer file is made of the "
-            "program's own template");
+            "could not be opened (paths are cut at 99 characters); the answer file is made from the program's own "
+            "template");
 }
 
 TEST_F(AnswerFileTest, OwnTemplateWithALongPath_IsUsedWithoutANote) {
