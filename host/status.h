@@ -2,8 +2,8 @@
 // the few classes that a user can act on.
 #pragma once
 
-#include <concepts>
 #include <string>
+#include <type_traits>
 #include <utility>
 
 namespace discwright::host {
@@ -41,10 +41,11 @@ struct [[nodiscard]] Result {
   Status status;  // not ok: why there is no value
 
   Result() = default;
-  Result(Status failure) : status(std::move(failure)) {}  // NOLINT(google-explicit-constructor): for "return failure;"
-  template <typename Given>
-  requires std::convertible_to<Given, T> Result(Given&& given)
-      : value(std::forward<Given>(given)) {}  // NOLINT(google-explicit-constructor): "return value;"
+  // Both are implicit, for "return failure;" and "return value;".
+  Result(Status failure) : status(std::move(failure)) {}  // NOLINT(google-explicit-constructor)
+  // Takes what becomes a T, which no Result does: copies and moves are not taken for it.
+  template <typename Given, typename = std::enable_if_t<std::is_convertible_v<Given, T>>>
+  Result(Given&& given) : value(std::forward<Given>(given)) {}  // NOLINT(google-explicit-constructor)
 
   bool ok() const { return status.ok(); }
 };

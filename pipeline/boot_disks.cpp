@@ -1,4 +1,4 @@
-// The disk table and the one procedure that works through it.
+// The table of the boot disks, and the step that makes them.
 #include "pipeline/boot_disks.h"
 
 #include <array>
@@ -24,15 +24,15 @@ struct Disk {
   const char* name;
   const char* sub_step;
   const char* arguments;  // of CreateDsk.exe
-  bool network;           // takes " -sel" when the default drivers are not accepted
-  Item image_out;         // what CreateDsk.exe makes
-  const char* cd_image;   // below the workspace root
+  bool network;           // gets the argument " -sel" when the default drivers are not accepted
+  Item image_out;         // the image that CreateDsk.exe makes
+  const char* cd_image;   // relative to the workspace
   When when;
-  int bar_after;  // -1: the bar is not moved
+  int bar_after;  // the value of the progress bar after this disk; -1: unchanged
 };
 
-// The last two share one place on the CD, so that the boot menu is the same for both. The bar moves at the Windows
-// setup launcher's position whether or not that disk is made.
+// The last two disks have the same path on the CD, so that the boot menu is the same for both. The sub-step text and
+// the bar change at the Windows setup launcher even if that disk is not made. Kept as it has always been.
 constexpr std::array<Disk, 5> kDisks = {{
     {"Vexa Rescue Software", "Creating Vexa Rescue Software Disk", " -t 144 vexasoftware", false, Item::kVexastartImage,
      "\\boot\\images\\vexastart.img", When::kAlways, 20},
@@ -52,17 +52,20 @@ void Delete(steps::Context& context, const std::string& file) {
   context.notes.Check(host::RemoveFile(file), file, "could not be deleted");
 }
 
-// Runs the disk image maker for one disk and moves its image onto the CD tree. False when there is no image.
+// Runs the disk image maker for one disk and moves the image into the workspace. Returns false if that fails.
 bool MakeDisk(steps::Context& context, const Disk& disk, bool select_drivers) {
   const std::string cd_image = util::PathOf(util::Item::kWorkspace) + disk.cd_image;
   const std::string image_out = util::PathOf(disk.image_out);
-  const bool share_place = disk.when == When::kNetPlus;
+  const bool is_linkwell = disk.when == When::kNetPlus;
 
   steps::ASyncShell(context, util::PathOf(Item::kCreateDsk) + disk.arguments + (select_drivers ? " -sel" : ""));
   steps::WaitForASyncApp(context);
 
-  if (share_place) Delete(context, util::PathOf(Item::kVexanetImage));  // left by an earlier run without Linkwell Plus
+  // An earlier build without Linkwell Plus may have left the other network disk in the program folder.
+  if (is_linkwell) Delete(context, util::PathOf(Item::kVexanetImage));
   Delete(context, cd_image);
+  // If CreateDsk makes no image, one that an earlier build left in the program folder is used. Kept as it has
+  // always been; the failure of CreateDsk is noted.
   if (!util::FileExists(image_out)) return false;
   const host::Status moved = host::RenameFile(image_out, cd_image);
   return context.notes.Check(moved, image_out, "could not be moved to " + host::PathToNative(cd_image));
@@ -88,7 +91,8 @@ void AddDisks(steps::Context& context, const DiskChoices& choices) {
   main.BarSub_Step.value = main.BarSub_Step.min.get();
   main.BarSub_Step.visible = true;
   if (choices.AddInfo_toWin2KSetup || choices.AddInfo_toWin9xSetup) {
-    settings::FillKeyFile(context.notes, {choices.AddInfo_toWin9xSetup, choices.AddInfo_toWin2KSetup});
+    settings::FillKeyFile(context.notes, {.AddInfo_toWin9xSetup = choices.AddInfo_toWin9xSetup,
+                                          .AddInfo_toWin2KSetup = choices.AddInfo_toWin2KSetup});
   }
 
   for (const Disk& disk : kDisks) {

@@ -35,14 +35,14 @@ void ProtectBootMenu(steps::Context& context, std::string_view first_password, s
     return;
   }
   const std::string script = util::PathOf(util::Item::kWorkspace) + "\\boot\\scripts\\main.cds";
-  // As typed, also with a quote in it that ends the value early: meant.
+  // The password is written as it was typed. A quote in it ends the value early. Kept as it has always been.
   const std::string line = std::string("Set PasswordString=\"").append(first_password).append("\"");
   integration::PatchTextFile(context, script, "Set PasswordRequest=0", kRequest);
   integration::PatchTextFile(context, script, "Set PasswordString=\"\"", line);
   if (!util::FileExists(script)) {
-    context.notes.Add(script, "is missing, and no password protects the boot menu");
-  } else if (!IsProtected(script, line)) {  // a script of the user's own, for one
-    context.notes.Add(script, "did not take the password, which does not protect the boot menu");
+    context.notes.Add(script, "is missing: the boot menu is not protected by a password");
+  } else if (!IsProtected(script, line)) {  // for example a script of the user without these two lines
+    context.notes.Add(script, "lacks the lines that set the password: the boot menu is not protected by a password");
   }
 }
 

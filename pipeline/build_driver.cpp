@@ -1,4 +1,4 @@
-// The fixed order of the build's steps and the tests for a cancelled build between them.
+// Runs the steps of a build in their order, and stops between two steps when the build was cancelled.
 #include "pipeline/build_driver.h"
 
 #include <string>
@@ -43,8 +43,8 @@ void RunBootDisks(steps::Context& context) {
                      .AcceptDrivers = main.ChkSelectDrivers.checked(),
                      .MakeWin9xDisk = main.ChkGet_Win9x.checked(),
                      .AddInfo_toWin9xSetup = main.ChkWin9xInfo_Assis.checked(),
-                     // The setup assistant on the boot disks always gets these answers. ChkWin2KInfo_Assis, which asks
-                     // for them, has therefore no effect; this is kept.
+                     // The setup assistant on the boot disks always gets these answers, so ChkWin2KInfo_Assis has no
+                     // effect here. Kept as it has always been.
                      .AddInfo_toWin2KSetup = true});
 }
 
@@ -87,7 +87,8 @@ void RunMastering(steps::Context& context) {
   context.LaunchApp.reset();
 }
 
-// False when the build was cancelled meanwhile: the driver then stops, leaving labels and buttons as they are.
+// Returns false if the build was cancelled during the step. The driver then stops and does not touch the labels and
+// buttons, because CancelApp has set them.
 bool RunStep(steps::Context& context, const StepLine& line, void (*step)(steps::Context&)) {
   line.Begin();
   step(context);
@@ -104,7 +105,7 @@ void CleanUp(steps::Context& context) {
   CleanSession(context);
 }
 
-// Returns early when the build is cancelled, leaving labels and buttons as they are.
+// Returns early if the build is cancelled. Labels and buttons then stay as CancelApp has set them.
 void RunSteps(steps::Context& context) {
   forms::FrmDiscwright& main = context.main();
   const StepLine boot_disks{main, main.LblMsg1, main.LblRight1};
@@ -154,6 +155,7 @@ void CancelApp(steps::Context& context) {
   main.CmdFinish.enabled = true;
   for (forms::Frame& page : main.FraMain) page.visible = false;
   main.FraMain[forms::kFinishPage].visible = true;
+  // The finish page is in view, but the help shows the topic of the progress page. Kept as it has always been.
   context.ShowHelp(static_cast<int>(forms::kProgressPage), false);
 }
 

@@ -1,17 +1,18 @@
-// The build driver: from the choices on the pages to a finished image.
+// The build driver: makes the image from the choices on the pages. Call Bind once, then FinishApp to build.
 #pragma once
 
 #include "steps/context.h"
 
 namespace discwright::pipeline {
 
-// Runs the whole build in the calling handler; returns when it has ended or was cancelled, and says what came of it.
+// Runs the whole build and returns its result. Returns only when the build has ended or was cancelled; the user
+// interface handles its events meanwhile.
 steps::BuildResult FinishApp(steps::Context& context);
 
-// Marks the build cancelled and shows the finish page; the running step ends by itself.
+// Marks the build as cancelled and shows the finish page. The running step notices that and ends.
 void CancelApp(steps::Context& context);
 
-// Binds the context's CancelApp.
+// Sets the CancelApp of the context.
 void Bind(steps::Context& context);
 
 }  // namespace discwright::pipeline

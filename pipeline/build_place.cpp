@@ -1,4 +1,4 @@
-// Tries whether the program folder can be written to.
+// Tests whether files can be created in the program folder, and claims it for this process.
 #include "pipeline/build_place.h"
 
 #include "host/files.h"
@@ -10,22 +10,23 @@ namespace discwright::pipeline {
 
 namespace {
 
-// Two builds in one workspace would make CDs of what both put there.
+// Two builds in one workspace would mix their files.
 std::string WhyNotClaimed(const std::string& folder, std::shared_ptr<void>& claim) {
   claim = host::ClaimFolder(folder);
   if (claim != nullptr) return "";
   return "Another build is under way in the program folder " + host::PathToNative(folder) +
-         ".\nWait for its end, or copy the program to another folder and start it there.";
+         ".\nWait until it has ended, or copy the program to another folder and start it there.";
 }
 
 }  // namespace
 
 std::string WhyNotBuiltHere(std::shared_ptr<void>& claim) {
   const std::string folder = host::ProgramFolder();
-  const std::string attempt = util::PathOf(util::Item::kWriteTest);
-  const host::Status status = host::OpenBinary(attempt, host::OpenMode::kCreateEmpty).status;
-  if (status.ok()) host::RemoveFile(attempt);
-  // Any other failure, a full disk for one, is told by the step that meets it: another folder would not help.
+  const std::string test_file = util::PathOf(util::Item::kWriteTest);
+  const host::Status status = host::OpenBinary(test_file, host::OpenMode::kCreateEmpty).status;
+  if (status.ok()) host::RemoveFile(test_file);
+  // Only a refused access is reported here, because the advice is to use another folder. Other failures, for example a
+  // full disk, are noted by the build step in which they occur.
   if (status.error != host::ErrorClass::kAccessDenied) return WhyNotClaimed(folder, claim);
   return "The program folder " + host::PathToNative(folder) + " cannot be written to: " + status.cause +
          ".\nCopy the program to a folder of your own and start it there.";

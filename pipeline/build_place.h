@@ -1,4 +1,5 @@
-// The folder that holds the program: everything is built there.
+// Checks whether the program folder can be used for a build, because everything is built there. Call WhyNotBuiltHere
+// before a build.
 #pragma once
 
 #include <memory>
@@ -6,9 +7,9 @@
 
 namespace discwright::pipeline {
 
-// What the user has to be told when the program folder does not let itself be written to, or holds a build of another
-// program already, to be asked before anything is built; empty otherwise. Leaves nothing behind. As long as `claim`
-// lives, no other program builds here.
+// Why no build can start in the program folder, as a message for the user: the folder is not writable, or another
+// process is building there. Empty when a build can start. Then `claim` keeps other processes from building there for
+// as long as it exists. The check leaves no file behind.
 std::string WhyNotBuiltHere(std::shared_ptr<void>& claim);
 
 }  // namespace discwright::pipeline

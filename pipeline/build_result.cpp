@@ -1,4 +1,4 @@
-// From the state that a build leaves to its result.
+// Determines the result of a build.
 #include "pipeline/build_result.h"
 
 #include <algorithm>
@@ -45,7 +45,8 @@ steps::BuildResult Failed(steps::BuildResult result, const std::string& why) {
   return result;
 }
 
-// Nobody but the mastering tool knows what it has left under the image's name.
+// The file at the path of the image may be missing, incomplete, or an image of an earlier build. The message therefore
+// warns against using it.
 steps::BuildResult MasteringFailed(const steps::Context& context, steps::BuildResult result) {
   const forms::FrmDiscwright& main = context.main();
   AddLog(result);
@@ -71,7 +72,7 @@ steps::BuildResult Made(steps::Context& context, steps::BuildResult result) {
     return result;
   }
   const std::optional<host::Entry> entry = host::Look(result.image);
-  if (status.ok() && !entry) status = host::Status::Failure(host::ErrorClass::kNotFound, "it has vanished");
+  if (status.ok() && !entry) status = host::Status::Failure(host::ErrorClass::kNotFound, "the file no longer exists");
   if (!status.ok()) {
     return Failed(result, host::PathToNative(result.image) + ": the image cannot be read back: " + status.cause);
   }
@@ -83,11 +84,11 @@ steps::BuildResult Made(steps::Context& context, steps::BuildResult result) {
 }  // namespace
 
 steps::BuildResult ResultOf(steps::Context& context) {
-  context.user.DoEvents(0);  // a cancellation that came last
+  context.user.DoEvents(0);  // handles a click on Cancel that is still waiting
   const forms::FrmDiscwright& main = context.main();
   steps::BuildResult result;
   result.image = util::NamedFile(main.TxtISOLoc.text.get());
-  // A step may fail because the user has cancelled. Then the build was cancelled, and has not failed.
+  // A step may fail because the user has cancelled. Such a build counts as cancelled, not as failed.
   const bool has_failed = !context.failure.empty() && !context.cancelled_by_user;
   if (has_failed) return Failed(result, context.failure);
   if (main.CancelCopy) {

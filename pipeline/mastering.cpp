@@ -1,4 +1,4 @@
-// Writing and starting the mastering script, and its end.
+// Writes and starts the mastering script, keeps its log, and handles its end.
 #include "pipeline/mastering.h"
 
 #include <algorithm>
@@ -17,7 +17,7 @@ namespace discwright::pipeline {
 
 namespace {
 
-// The fixed argument list, each piece after the program with its own leading blank.
+// These arguments are the same for every CD. Each of them begins with a blank.
 constexpr const char* kMasteringArguments =
     " -volid \"VEXA_RESCUE\""
     " -preparer \"Brennick\""
@@ -33,7 +33,7 @@ constexpr const char* kMasteringArguments =
     " -follow-links -cache-inodes"
     " -output ";
 
-// "mkisofs.log": open for the whole run, one line per piece of output.
+// "mkisofs.log". It is open during the whole mastering, and each piece of output becomes at least one line.
 class MasteringLog {
  public:
   explicit MasteringLog(util::Notes& notes) : path_(util::PathOf(util::Item::kMasteringLog)), notes_(notes) {
@@ -47,7 +47,7 @@ class MasteringLog {
     const std::string line = WithLineEnds(host::TextToNative(text));
     const host::Status status = file_->WriteAt(position_, std::as_bytes(std::span(line)));
     position_ += static_cast<std::int64_t>(line.size());
-    // One note is enough: a full disk fails every further line too.
+    // After the first failure the log is closed. Otherwise a full disk would cause a note for every further line.
     if (!notes_.Check(status, path_, "the mastering log is incomplete")) file_.reset();
   }
 
@@ -55,11 +55,11 @@ class MasteringLog {
   const std::string& path() const { return path_; }
 
  private:
-  // Every LF becomes CR LF, and so does the end of the piece, which often ends its line by itself. A CR LF may be cut
-  // by the end of a piece: its LF is written with the CR, and is not a second line end where the next piece begins.
+  // Every LF becomes CR LF, and a piece that does not end in a line end gets one. If a piece ends between the CR and
+  // the LF of a line end, the LF is written at once, and the LF at the start of the next piece is dropped.
   std::string WithLineEnds(std::string_view piece) {
-    if (ends_in_cut_line_end_ && piece.starts_with('\n')) {
-      ends_in_cut_line_end_ = false;
+    if (ends_in_cr_ && piece.starts_with('\n')) {
+      ends_in_cr_ = false;
       piece.remove_prefix(1);
       if (piece.empty()) return {};
     }
@@ -68,20 +68,21 @@ class MasteringLog {
       if (character == '\n' && !lines.ends_with('\r')) lines += '\r';
       lines += character;
     }
-    ends_in_cut_line_end_ = piece.ends_with('\r');
+    ends_in_cr_ = piece.ends_with('\r');
     if (lines.ends_with('\n')) return lines;
-    return lines + (ends_in_cut_line_end_ ? "\n" : "\r\n");
+    return lines + (ends_in_cr_ ? "\n" : "\r\n");
   }
 
-  bool ends_in_cut_line_end_ = false;
+  bool ends_in_cr_ = false;  // whether the last piece ended between the CR and the LF of a line end
   std::string path_;
   util::Notes& notes_;
   std::unique_ptr<host::BinaryFile> file_;
   std::int64_t position_ = 0;
 };
 
-// Whether the duplicate file linker has done all of its work. The script's end tells only how the mastering ended, so
-// the sign is the linker's last line, "12 files linked, 3456 bytes saved": it says more where a file was left alone.
+// Finds out whether dfl, the linker of duplicate files, has done all of its work. The exit code of the script is that
+// of the mastering, so this class looks for the last line of dfl, "12 files linked, 3456 bytes saved". The line has
+// more text when dfl could not link every file.
 class LinkerWatch {
  public:
   void Read(std::string_view piece) {
@@ -113,10 +114,10 @@ class LinkerWatch {
   bool has_finished_ = false;
 };
 
-// What the events of one mastering work on.
+// The state of a running mastering.
 struct Mastering {
   std::unique_ptr<MasteringLog> log;
-  std::optional<LinkerWatch> linker;  // when duplicate files are to be linked
+  std::optional<LinkerWatch> linker;  // empty when duplicate files are not linked
 };
 
 void LaunchApp_DataReceived(steps::Context& context, Mastering& mastering, std::string_view TextPipe) {
@@ -125,11 +126,11 @@ void LaunchApp_DataReceived(steps::Context& context, Mastering& mastering, std::
   ShowMasteringOutput(context.main(), TextPipe);
 }
 
-// An image that was not made has nothing stored twice.
+// Adds no note when the mastering failed, because there is no image that could contain duplicate files.
 void NoteUnfinishedLinking(steps::Context& context, const Mastering& mastering) {
   if (!mastering.linker || mastering.linker->has_finished() || !context.mastering_end.Succeeded()) return;
   context.notes.Add(mastering.log->path(),
-                    "dfl, the program that links duplicate files, did not do all of its work (this log may say why): "
+                    "dfl, the program that links duplicate files, did not link all of them (this log may say why): "
                     "duplicate files were stored more than once");
 }
 
@@ -140,7 +141,8 @@ void LaunchApp_ProcessEnded(steps::Context& context, Mastering& mastering) {
   if (!context.mastering_end.Succeeded()) log.AddLine("The mastering " + context.mastering_end.Text() + ".");
   log.Close();
   main.MKISOFSRunning = false;
-  // An image that an earlier run left there makes a failed run look successful here; that is meant.
+  // If an earlier build left an image at this path, the finish page shows a failed mastering as a success. Kept as it
+  // has always been; the build's result also looks at the exit code.
   if (main.LblAbort.visible || !util::FileExists(main.TxtISOLoc.text.get())) {
     main.LblFinish.caption = "   Operation Aborted";
     main.LblAbort.visible = true;
@@ -159,7 +161,8 @@ bool WriteScript(util::Notes& notes, const std::string& path, std::string_view I
   for (const std::string& line : MasteringScript(ISOLocation, OptimizeISO))
     text += line + std::string(host::ScriptLineEnd());
   const host::Result<std::string> bytes = host::ScriptBytes(text);
-  return notes.Check(bytes.status, util::NamedFile(ISOLocation), "the mastering cannot be told of it") &&
+  return notes.Check(bytes.status, util::NamedFile(ISOLocation),
+                     "the path of the image cannot be written to the mastering script") &&
          notes.Check(host::WriteWholeFile(path, bytes.value), path, "could not be written");
 }
 
@@ -181,7 +184,7 @@ void StartMKISOFS(steps::Context& context, std::string_view ISOLocation, bool Op
   const std::string script = util::PathOf(util::Item::kMasteringScript);
   main.CmdCancel.enabled = false;  // a running mastering cannot be cancelled from the wizard
   if (!WriteScript(context.notes, script, ISOLocation, OptimizeISO)) {
-    // An old script must not run with the wrong image in mind.
+    // Otherwise the script of an earlier build would run and overwrite that build's image.
     host::RemoveFile(script);
   }
   const auto mastering = std::make_shared<Mastering>();

@@ -1,4 +1,5 @@
-// Mastering: the script that turns the workspace into an ISO file, and the monitor that follows its output.
+// Masters the workspace into an ISO file: writes a script, runs it and follows its output. Call StartMKISOFS, then wait
+// until MKISOFSRunning of the main form is false.
 #pragma once
 
 #include <string>
@@ -11,13 +12,14 @@ namespace discwright::pipeline {
 
 inline constexpr int kMasteringPollInterval = 500;  // milliseconds
 
-// Writes "makecd.bat" and starts it; returns at once. MKISOFSRunning is set until the end handler clears it.
+// Writes "makecd.bat", starts it and returns at once. MKISOFSRunning is true until the script has ended. With
+// `OptimizeISO`, duplicate files are stored only once.
 void StartMKISOFS(steps::Context& context, std::string_view ISOLocation, bool OptimizeISO);
 
-// The script's lines without line ends: four, or five with the optimisation.
+// The lines of the script, without line ends.
 std::vector<std::string> MasteringScript(std::string_view ISOLocation, bool OptimizeISO);
 
-// One piece of the mastering's output: shown on the sub-step label and bar. `main` only; the log is the caller's.
+// Shows the progress that a piece of the mastering's output reports, on the sub-step label and the bar.
 void ShowMasteringOutput(forms::FrmDiscwright& main, std::string_view TextPipe);
 
 }  // namespace discwright::pipeline

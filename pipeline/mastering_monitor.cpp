@@ -1,4 +1,4 @@
-// Following the mastering by its console output.
+// Shows the progress of the mastering, which it reads from the output of the mastering tool.
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kNowhere = std::string_view::npos;
 constexpr int kRed = 255;
-constexpr std::size_t kPercentCharacters = 5;  // "45.67" before the percent sign
+constexpr std::size_t kPercentCharacters = 5;  // the length of "45.67"
 
 bool Contains(std::string_view text, std::string_view part) { return text.find(part) != kNowhere; }
 
@@ -26,8 +26,8 @@ void ShowScanning(forms::FrmDiscwright& main, std::string_view piece) {
   main.LblSub_Step.caption = "Scanning : " + std::string(piece.substr(start, next == kNowhere ? next : next - start));
 }
 
-// The number right before the first percent sign. A sign among the first five characters, one that closes a
-// parenthesis, or text that is no number carries no percentage.
+// Shows the number before the first percent sign of the piece. Nothing is shown if the sign is one of the first five
+// characters, if a closing parenthesis follows it, or if the text before it is not a number.
 void ShowPercent(forms::FrmDiscwright& main, std::string_view piece) {
   const std::size_t sign = piece.find('%');
   if (sign == kNowhere || sign < kPercentCharacters || piece.find("%)") == sign) return;
@@ -36,13 +36,13 @@ void ShowPercent(forms::FrmDiscwright& main, std::string_view piece) {
   const char* const end = number.data() + number.size();
   const auto parsed = std::from_chars(number.data(), end, percent);
   if (parsed.ec != std::errc() || parsed.ptr != end || !std::isfinite(percent)) return;
-  // Halves go to the even neighbour, as the default rounding mode does.
+  // Halves are rounded to the even neighbour (the default rounding mode), as they have always been.
   const auto whole = static_cast<std::int64_t>(std::nearbyint(percent));
   main.BarSub_Step.value = std::clamp(whole, main.BarSub_Step.min.get(), main.BarSub_Step.max.get());
   main.LblSub_Step.caption = "Creating ISO File : " + number + "% Done";
 }
 
-// "34418 extents written (67 Mb)"; some tools write "MB".
+// The tool writes "34418 extents written (67 Mb)" or "(67 MB)".
 void ShowTotalSize(forms::FrmDiscwright& main, std::string_view piece) {
   constexpr std::size_t kSizeAfter = 17;
   const std::size_t written = piece.find("extents written");

@@ -1,4 +1,4 @@
-// Resetting and removing the workspace.
+// Makes the workspace before a build, and deletes it afterwards.
 #include "pipeline/workspace.h"
 
 #include "host/files.h"
@@ -11,11 +11,12 @@ namespace discwright::pipeline {
 
 void Prepare_CDDir(steps::Context& context) {
   const std::string root = util::PathOf(util::Item::kWorkspace);
-  // What a build that was halted has left.
+  // A build that was halted leaves both folders behind.
   for (const std::string& folder : {root, util::PathOf(util::Item::kStaging)}) {
     if (util::FolderExists(folder)) util::DelTree(folder, &context.notes);
   }
-  // A copy that failed has noted what is missing; the build goes on with what the workspace then holds.
+  // If the copy fails, it has noted the missing files. The build goes on with the files that were copied. Kept as it
+  // has always been.
   steps::CopyToTree(context, util::PathOf(util::Item::kTemplateTree), root);
 }
 

@@ -1,11 +1,12 @@
-// The workspace: the folder tree that becomes the CD.
+// The workspace is the folder tree that becomes the CD. Call Prepare_CDDir before the other steps of a build, and
+// CleanSession after them if the user wants that.
 #pragma once
 
 #include "steps/context.h"
 
 namespace discwright::pipeline {
 
-// Resets the workspace to a copy of the template tree.
+// Deletes the workspace of an earlier build and copies the template tree into a new one.
 void Prepare_CDDir(steps::Context& context);
 
 // Deletes the workspace and the working key file after a build.

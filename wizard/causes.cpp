@@ -1,4 +1,4 @@
-// Looking closer at a location that was refused.
+// Explains why a page refused a location.
 #include "wizard/causes.h"
 
 #include <optional>
@@ -14,19 +14,19 @@ namespace discwright::wizard {
 
 namespace {
 
-std::string WhyNothingThere(const std::string& text, const std::string& wanted) {
-  if (util::Trim(text).empty()) return "It is empty: enter " + wanted + ".";
+std::string WhyMissing(const std::string& text, const std::string& wanted) {
+  if (util::Trim(text).empty()) return "The field is empty: enter " + wanted + ".";
   if (text.starts_with('"') || text.ends_with('"')) {
-    return text + " has quotation marks, which are taken as a part of the name: leave them out.";
+    return text + " has quotation marks, which count as part of the name: leave them out.";
   }
-  if (text.starts_with('~')) return text + " begins with \"~\", which is taken as it is: write the whole path.";
+  if (text.starts_with('~')) return text + " begins with \"~\", which is not expanded: write the whole path.";
   return host::PathToNative(text) + " does not exist.";
 }
 
-// Why the text names no folder with something in it; the empty string when it names one.
+// Why the text is not the path of a folder that contains something; empty if it is.
 std::string WhyNotUsable(const std::string& text) {
   const std::optional<host::Entry> entry = host::Look(text);
-  if (!entry) return WhyNothingThere(text, "a folder");
+  if (!entry) return WhyMissing(text, "a folder");
   if (entry->kind != host::EntryKind::kFolder) return host::PathToNative(text) + " is a file: enter a folder.";
   const host::Listing listing = host::ListFolder(text, "*.*");
   if (!listing.status.ok()) return host::PathToNative(text) + " cannot be read: " + listing.status.cause + ".";
@@ -43,7 +43,7 @@ std::string LacksFile(const std::string& text, const char* file) {
   return "There is no file " + host::PathToNative(Below(text, std::string_view(file).substr(1))) + ".";
 }
 
-// A folder of setup files, which stands in the root of its CD under one of these names.
+// Why `text` is not the folder of the setup files. On a setup CD this folder is in the root and has one of the `names`.
 std::string WhyNoSetupFolder(const std::string& text, const char* file, std::span<const char* const> names) {
   if (std::string why = WhyNotUsable(text); !why.empty()) return why;
   for (const char* name : names) {
@@ -58,7 +58,7 @@ std::string WhyNoToolCd(const std::string& text, const char* file) {
   if (std::string why = WhyNotUsable(text); !why.empty()) return why;
   const std::string parent = util::ParentOf(text);
   if (util::FileExists(parent + file)) {
-    // With a separator it is the root of its drive and no other folder that happens to be the current one there.
+    // Without the separator, a drive such as "D:" would mean the current folder of that drive and not its root.
     return host::PathToNative(text) + " is a folder of the CD: did you mean its root, " +
            host::PathToNative(parent + "\\") + "?";
   }
@@ -78,8 +78,10 @@ std::string WhyNoFolder(const std::string& text) {
 std::string WhyNoServicePack(const std::string& text) {
   const std::string file = util::NamedFile(text);
   const std::optional<host::Entry> entry = host::Look(file);
-  if (!entry) return WhyNothingThere(file, "the file of the service pack");
-  if (entry->kind != host::EntryKind::kFile) return host::PathToNative(file) + " is no file: enter the file itself.";
+  if (!entry) return WhyMissing(file, "the file of the service pack");
+  if (entry->kind != host::EntryKind::kFile) {
+    return host::PathToNative(file) + " is not a file: enter the path of the installer.";
+  }
   const host::Status status = host::OpenBinary(file, host::OpenMode::kRead).status;
   return host::PathToNative(file) + " cannot be read: " + status.cause + ".";
 }

@@ -1,5 +1,6 @@
-// Why a page refuses a location, and what the user can do about it. Each gives one sentence that names the location as
-// the system spells it. They are called after a check has refused the location, look closer, and change nothing.
+// Explains why a page refused a location, and what the user can do. Call one of these functions with the text of the
+// location's field after its check has failed. The result is one sentence that names the location as the system spells
+// it. The functions change nothing.
 #pragma once
 
 #include <string>
@@ -9,7 +10,8 @@ namespace discwright::wizard {
 std::string WhyNoFolder(const std::string& text);
 std::string WhyNoServicePack(const std::string& text);
 
-// Folders that are known by a file in them. Where that file lies one folder further down or up, they say so.
+// Locations that must contain a certain file. If this file is one folder further down or up, the sentence suggests that
+// folder.
 std::string WhyNoWin2KSource(const std::string& text);
 std::string WhyNoWin9xSource(const std::string& text);
 std::string WhyNoErdCommander(const std::string& text);

@@ -1,4 +1,4 @@
-// Choices by name, and the sentences about them.
+// Makes choices by the names of controls, and words the remarks about them.
 #include "wizard/choices.h"
 
 #include <algorithm>
@@ -26,7 +26,7 @@ namespace {
 using forms::Control;
 using forms::Windows;
 
-// Whether a script can choose something there.
+// Whether a script can give this control a value.
 bool HoldsChoice(const Control& control) {
   const auto* field = dynamic_cast<const forms::TextBox*>(&control);
   return (field != nullptr && !field->read_only) || dynamic_cast<const forms::CheckBox*>(&control) != nullptr ||
@@ -56,14 +56,14 @@ const Control* ControlOfSessionKey(Windows& windows, const std::string& name) {
   return nullptr;
 }
 
-constexpr std::size_t kShortestWords = 3;  // less than that stands in nearly every caption
+constexpr std::size_t kShortestWords = 3;  // nearly every caption contains a shorter text
 
-const Control* ControlMeantBy(Windows& windows, const std::string& name) {
+const Control* SimilarControl(Windows& windows, const std::string& name) {
   const std::vector<Control*> controls = ControlsWithChoice(windows);
   std::vector<std::string_view> names;
   names.reserve(controls.size());
   for (const Control* control : controls) names.push_back(control->name());
-  const std::string bare = name.substr(name.find('.') + 1);  // npos + 1 is the start
+  const std::string bare = name.substr(name.find('.') + 1);  // without a '.', npos + 1 is 0
   if (const std::optional<std::string_view> closest = util::Closest(bare, names)) {
     return *std::find_if(controls.begin(), controls.end(),
                          [&](const Control* control) { return control->name() == *closest; });
@@ -78,13 +78,14 @@ const Control* ControlMeantBy(Windows& windows, const std::string& name) {
 }
 
 std::string NoSuchControl(Windows& windows, const std::string& name) {
-  std::string nothing = "there is no control " + name;
-  const Control* meant = ControlMeantBy(windows, name);
-  if (meant == nullptr) return nothing;
-  return nothing + "; did you mean " + NameOf(windows, *meant) + " (" + util::Trim(forms::NamingText(*meant)) + ")?";
+  std::string why_not = "there is no control " + name;
+  const Control* similar = SimilarControl(windows, name);
+  if (similar == nullptr) return why_not;
+  const std::string caption = util::Trim(forms::NamingText(*similar));
+  return why_not + "; did you mean " + NameOf(windows, *similar) + " (" + caption + ")?";
 }
 
-// The script comes before the answers that are given beside it, because it would replace them.
+// Filling in the script later would replace the answers that are chosen beside it.
 void FillFromChosenScript(Windows& windows, std::span<const Choice> choices) {
   for (const Choice& choice : choices) {
     const std::vector<Control*> found = forms::FindControls(windows, choice.control);
@@ -93,12 +94,12 @@ void FillFromChosenScript(Windows& windows, std::span<const Choice> choices) {
   }
 }
 
-// One of the two dialogs, with what ConfirmDialogs and the remarks need to know of it.
+// The answers of one of the two installation info dialogs.
 struct Answers {
   forms::Form& dialog;
-  bool wanted;  // by the CD
-  const char* section;
-  const char* system;
+  bool wanted;          // whether the CD needs these answers
+  const char* section;  // of the key file
+  const char* system;   // the name of the system for the user
   settings::SetupFamily family;
   const forms::TextBox& computer;
   const forms::TextBox& workgroup;
@@ -127,35 +128,36 @@ bool WasGiven(Windows& windows, std::span<const Choice> choices, const forms::Fo
   });
 }
 
-// Whether the control says yes to something. A choice that says no cannot be made in vain.
+// Whether the control has a text or is checked. An empty or cleared control needs no remark that it has no effect.
 bool ChoosesSomething(const Control& control) {
   const std::string value = forms::ValueText(control);
   return !value.empty() && value != "0" && value != "False";
 }
 
-std::string InVain(Windows& windows, const Control& control, const std::vector<const forms::CheckBox*>& boxes) {
-  std::string sentence = NameOf(windows, control) + " was given, but ";
+std::string NoEffect(Windows& windows, const Control& control, const std::vector<const forms::CheckBox*>& boxes) {
+  std::string sentence = NameOf(windows, control) + " has no effect, because ";
   for (const forms::CheckBox* box : boxes) sentence += (box == boxes.front() ? "" : " and ") + box->name();
-  if (boxes.size() == 1) return sentence + " is 0: set " + boxes[0]->name() + "=1 for it to count.";
-  return sentence + " are 0: set one of them to 1 for it to count.";
+  if (boxes.size() == 1) return sentence + " is 0: set " + boxes[0]->name() + "=1 to use it.";
+  return sentence + " are 0: set one of them to 1 to use it.";
 }
 
-void AddInVain(std::vector<std::string>& remarks, Windows& windows, const Control& control) {
+// Adds a remark if the value of the control has no effect.
+void AddNoEffect(std::vector<std::string>& remarks, Windows& windows, const Control& control) {
   if (!ChoosesSomething(control)) return;
   if (&control == &windows.main.ChkHotfix) {
-    remarks.emplace_back("ChkHotfix was given, but this version integrates no hotfixes.");
+    remarks.emplace_back("ChkHotfix has no effect, because this version integrates no hotfixes.");
     return;
   }
-  for (const auto& boxes : MissingFor(windows, control)) remarks.push_back(InVain(windows, control, boxes));
+  for (const auto& boxes : MissingFor(windows, control)) remarks.push_back(NoEffect(windows, control, boxes));
   if (&control == &windows.win2k_info.OptJoinDomain) {
-    remarks.emplace_back("OptJoinDomain was given, but Setup gets the name as that of a workgroup.");
+    remarks.emplace_back("OptJoinDomain has no effect, because Setup gets the name as that of a workgroup.");
   }
 }
 
-// Adds the remarks on choices that need a second choice, which is missing.
-void AddEmptyChoices(std::vector<std::string>& remarks, const forms::FrmDiscwright& main) {
+// Adds remarks on check boxes that need a second choice, if that is missing.
+void AddIncompleteChoices(std::vector<std::string>& remarks, const forms::FrmDiscwright& main) {
   if (main.ChkGet_Advtools.checked() && !main.ChkERDC.checked() && !main.ChkBCon.checked()) {
-    remarks.emplace_back("ChkGet_Advtools is 1, but ChkERDC and ChkBCon are 0: no tool comes to the CD.");
+    remarks.emplace_back("ChkGet_Advtools is 1, but ChkERDC and ChkBCon are 0: no tool is added to the CD.");
   }
   if (main.ChkPassProtect.checked() && main.TxtPass1.text.get().empty() && main.TxtPass2.text.get().empty()) {
     remarks.emplace_back("ChkPassProtect is 1, but no password was given: the boot menu accepts an empty one.");
@@ -181,26 +183,24 @@ std::string NameOf(Windows& windows, const Control& control) {
   return control.form().name() + "." + control.name();
 }
 
-Control* ControlNamed(Windows& windows, const std::string& name, std::string& error) {
+FoundControl FindControl(Windows& windows, const std::string& name) {
   const std::vector<Control*> found = forms::FindControls(windows, name);
-  if (found.size() == 1) return found.front();
-  error = found.empty() ? NoSuchControl(windows, name)
-                        : "two windows have a control " + name + "; write " + NameOf(windows, *found[0]) + " or " +
-                              NameOf(windows, *found[1]);
-  return nullptr;
+  if (found.size() == 1) return {found.front(), ""};
+  if (found.empty()) return {nullptr, NoSuchControl(windows, name)};
+  return {nullptr, "two windows have a control " + name + "; write " + NameOf(windows, *found[0]) + " or " +
+                       NameOf(windows, *found[1])};
 }
 
 std::string Choose(steps::Context& context, std::span<const Choice> choices) {
   Windows& windows = context.windows;
-  settings::LoadWin2KInfo(windows.win2k_info);  // loading them later would undo what is chosen here
+  settings::LoadWin2KInfo(windows.win2k_info);  // loading the dialogs later would replace the chosen answers
   settings::LoadWin9xInfo(windows.win9x_info);
   FillFromChosenScript(windows, choices);
   for (const Choice& choice : choices) {
-    std::string error;
-    Control* control = ControlNamed(windows, choice.control, error);
-    if (control == nullptr) return error;
-    error = forms::Assign(*control, choice.value);
-    if (!error.empty()) return choice.control + ": " + error;
+    const FoundControl found = FindControl(windows, choice.control);
+    if (found.control == nullptr) return found.why_not;
+    const std::string why_not = forms::Assign(*found.control, choice.value);
+    if (!why_not.empty()) return choice.control + ": " + why_not;
   }
   return "";
 }
@@ -212,35 +212,35 @@ std::vector<std::string> ConfirmDialogs(steps::Context& context, std::span<const
     const bool was_given = WasGiven(context.windows, choices, answers.dialog);
     const bool are_old = !has_session && !was_given && settings::HoldsAnswers(answers.section);
     if (answers.wanted && are_old) {
-      remarks.push_back(std::string("The Setup of ") + answers.system + " gets the answers of an earlier build, from " +
+      remarks.push_back(std::string(answers.system) + " Setup gets the answers of an earlier build, from " +
                         host::PathToNative(key_file) + ".");
     }
     if (!was_given && (!answers.wanted || are_old)) continue;
     context.notes.Check(answers.write(context.windows, key_file), key_file,
-                        std::string("your answers for the Setup of ") + answers.system + " could not be written");
+                        std::string("your answers for ") + answers.system + " Setup could not be written");
   }
   return remarks;
 }
 
 std::vector<std::string> RemarksOn(Windows& windows, std::span<const Choice> choices, bool session_is_own) {
   std::vector<std::string> remarks;
-  std::vector<const Control*> told;
-  const auto tell = [&](const Control& control) {
-    if (std::find(told.begin(), told.end(), &control) != told.end()) return;
-    told.push_back(&control);
-    AddInVain(remarks, windows, control);
+  std::vector<const Control*> examined;
+  const auto examine = [&](const Control& control) {
+    if (std::find(examined.begin(), examined.end(), &control) != examined.end()) return;
+    examined.push_back(&control);
+    AddNoEffect(remarks, windows, control);
   };
   for (const Choice& choice : choices) {
     const std::vector<Control*> found = forms::FindControls(windows, choice.control);
-    if (found.size() == 1) tell(*found.front());
+    if (found.size() == 1) examine(*found.front());
     if (found == std::vector<Control*>{&windows.main.ChkGet_Vexadisks} && choice.value == "0") {
       remarks.emplace_back("ChkGet_Vexadisks stays 1: the boot disks are part of every CD.");
     }
   }
   for (const settings::SessionKey& key : settings::SessionKeys()) {
-    if (session_is_own && key.line->check_box != nullptr) tell(key.line->check_box(windows));
+    if (session_is_own && key.line->check_box != nullptr) examine(key.line->check_box(windows));
   }
-  AddEmptyChoices(remarks, windows.main);
+  AddIncompleteChoices(remarks, windows.main);
   AddRefusedNames(remarks, windows);
   return remarks;
 }

@@ -1,4 +1,5 @@
-// Choices made by the names of controls, and the wizard walked through without a user.
+// Makes choices by the names of controls and walks through the wizard without a user. Call Choose, ConfirmDialogs,
+// RemarksOn and WalkToTheSummary.
 #pragma once
 
 #include <span>
@@ -10,33 +11,40 @@
 namespace discwright::wizard {
 
 struct Choice {
-  std::string control;  // its name, with or without the window's: see forms::FindControls
+  std::string control;  // the name of a control, with or without that of its window: see forms::FindControls
   std::string value;    // see forms::Assign
 };
 
-// The name by which a script finds a control. It begins with the window's name where the bare name would find another
-// control, or two.
+// The name of a control for scripts: its own name. The name of its window is put before it if its own name alone would
+// find another control, or two.
 std::string NameOf(forms::Windows& windows, const forms::Control& control);
 
-// The one control of that name. Null, with a sentence in `error`, when there is none or more than one. The sentence
-// suggests a control of a similar name, or one with this caption or this key of a session file.
-forms::Control* ControlNamed(forms::Windows& windows, const std::string& name, std::string& error);
+struct FoundControl {
+  forms::Control* control = nullptr;  // null: there is no such control, or more than one
+  std::string why_not;                // then the reason, as a sentence; otherwise empty
+};
 
-// Makes the choices in their order. A script that is chosen for the answers of Windows 2000/XP fills the dialog first,
-// as its Browse button does. Returns what is wrong, as a sentence; the empty string when nothing is.
+// Finds the control with this name. If there is none, the reason suggests a control with a similar name, with a session
+// key of this name, or with this text in its caption.
+FoundControl FindControl(forms::Windows& windows, const std::string& name);
+
+// Makes the choices in their order. But if the setup script of Windows 2000/XP is among them, its answers are filled in
+// first, because they would replace those that were chosen. Returns what is wrong with a choice, as a sentence; empty
+// when all choices were made.
 std::string Choose(steps::Context& context, std::span<const Choice> choices);
 
-// Presses OK in a dialog that was given answers, and in one whose answers the CD is to hold: without a user in front of
-// the window, the answers of a session would not be confirmed otherwise. Where nothing new has come, the answers of an
-// earlier build stay, and a sentence says so. Call it after Choose.
+// Saves the answers of the two installation info dialogs, as their OK buttons do. Saves those of a dialog that one of
+// the choices belongs to, and those that the CD needs. If a session was read (`has_session`), its answers count as new.
+// If nothing is new but an earlier build has left answers, those are kept, and the result has a sentence that says so.
+// Call it after Choose.
 std::vector<std::string> ConfirmDialogs(steps::Context& context, std::span<const Choice> choices, bool has_session);
 
-// What a user should know of the choices although none of them is refused, one sentence each: which have no effect and
-// why, and which names Windows Setup will refuse. `session_is_own`: the session was given on the command line, so its
-// check boxes are looked at, too.
+// What a user should know about accepted choices, one sentence each: choices that have no effect, with the reason, and
+// names that Windows Setup will refuse. If the user has named the session (`session_is_own`), its check boxes are
+// examined too.
 std::vector<std::string> RemarksOn(forms::Windows& windows, std::span<const Choice> choices, bool session_is_own);
 
-// Presses Next until the summary; false when a page keeps the wizard.
+// Presses Next until the summary page. Returns false if a page refuses its contents.
 bool WalkToTheSummary(steps::Context& context);
 
 }  // namespace discwright::wizard

@@ -1,4 +1,4 @@
-// Titles, filters and fields of the choosers.
+// The tables of the choosers, and what their buttons do.
 #include "wizard/choosers.h"
 
 #include <algorithm>
@@ -17,7 +17,8 @@ using forms::FrmDiscwright;
 using ButtonOf = forms::CommandButton FrmDiscwright::*;
 using TextBoxOf = forms::TextBox FrmDiscwright::*;
 
-// The tag files of a setup CD stand beside its folder I386. A chosen drive is its own parent.
+// The tag files of a setup CD are in its root, beside the folder I386. If the user has chosen a drive, ParentOf returns
+// the drive.
 void ShowEdition(FrmDiscwright& main, const std::string& i386) { integration::ShowWinVer(main, util::ParentOf(i386)); }
 
 struct FolderChooser {
@@ -69,7 +70,7 @@ void ChooseFolder(steps::Context& context, const FolderChooser& chooser) {
   if (chooser.then != nullptr) chooser.then(context.main(), chosen);
 }
 
-// The dialog's name goes back into the field untested: after a cancelled dialog it is the field's own text.
+// The field always takes the file name of the dialog. After a cancelled dialog that is the text of the field itself.
 void ChooseFile(steps::Context& context, const FileChooser& chooser) {
   forms::TextBox& field = context.main().*chooser.field;
   forms::FileDialog& dialog = context.main().DlgOpen;
@@ -82,7 +83,7 @@ void ChooseFile(steps::Context& context, const FileChooser& chooser) {
   field.text = dialog.file_name;
 }
 
-// Waits without a limit until the file manager is ready. A file manager that does not start is ignored.
+// Waits without a limit until the file manager is ready for input. If it cannot be started, nothing happens.
 void Explore(steps::Context& context, const forms::TextBox& field) {
   constexpr int kNoLimit = 0;
   constexpr int kShownNormally = 1;
@@ -97,7 +98,8 @@ bool IsDriveRoot(std::string_view folder) {
 
 }  // namespace
 
-// A folder without a separator is the root of a drive when it occurs anywhere in the list of roots, as "D:" does.
+// A text counts as the root of a drive if it occurs anywhere in the list of the drives' roots, for example "D:" in
+// "C:\", "D:\". So do shorter texts such as ":". Kept as it has always been.
 std::string StartFolder(std::string_view text) {
   std::string folder(text);
   if (folder.empty()) folder = host::HomeFolder();

@@ -1,4 +1,4 @@
-// The buttons that choose a folder or a file, show a folder, or open a web page, as tables.
+// The buttons that choose a folder or a file, show a folder, or open a web page. Call BindChoosers once.
 #pragma once
 
 #include <string>
@@ -11,8 +11,9 @@ namespace discwright::wizard {
 // Binds every Browse and Explore button and every link of the main window.
 void BindChoosers(steps::Context& context);
 
-// The folder that a chooser opens at, made of a field's text: the root of a drive ends in a backslash, any other folder
-// in none; an empty text is drive C:, or the user's home folder where there is none.
+// The folder that a chooser shows first, from the text of its field. An empty text gives the user's home folder on
+// systems without a drive C:, and "C:\" otherwise. The root of a drive gets a backslash at its end; any other folder
+// loses a separator there.
 std::string StartFolder(std::string_view text);
 
 }  // namespace discwright::wizard

@@ -1,4 +1,4 @@
-// Opening and closing dialogs.
+// Opens and closes the dialogs.
 #include "wizard/dialogs.h"
 
 #include "forms/user_actions.h"
@@ -9,7 +9,7 @@ namespace discwright::wizard {
 
 namespace {
 
-// The cross of a dialog is its Cancel button.
+// The close button of a dialog's window does the same as its Cancel button.
 void CloseByCancel(forms::Form& dialog) {
   dialog.asked_to_close = [&dialog] { forms::Press(*dialog.cancel_button); };
 }
@@ -17,7 +17,7 @@ void CloseByCancel(forms::Form& dialog) {
 }  // namespace
 
 void RunDialog(forms::Form& dialog, forms::Form& owner, host::UserInterface& user) {
-  constexpr int kLongestWait = 1000;  // milliseconds; whatever the user does ends the wait
+  constexpr int kLongestWait = 1000;  // milliseconds; an action of the user ends the wait earlier
   owner.enabled = false;
   dialog.visible = true;
   while (dialog.visible && owner.visible) user.DoEvents(kLongestWait);

@@ -1,4 +1,4 @@
-// Help requests for the host's viewer.
+// Sends help requests to the viewer of the host.
 #include "wizard/help.h"
 
 #include "host/system.h"

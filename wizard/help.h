@@ -1,4 +1,4 @@
-// The help viewer, and the topics of the pages.
+// The help viewer and the topics of the pages. Call ShowHelp to show the topic of a page.
 #pragma once
 
 #include <cstdint>
@@ -9,14 +9,14 @@
 
 namespace discwright::wizard {
 
-// One viewer on one help file.
+// A viewer for one help file.
 class clsHTMLHelp {
  public:
   explicit clsHTMLHelp(host::UserInterface& user) : user_(user) {}
 
-  void* hWnd = nullptr;    // the window that the viewer belongs to; null: none
-  std::string FileName;    // of the help file, in the program folder
-  std::string HelpWindow;  // the viewer's window type, which the help file defines
+  void* hWnd = nullptr;    // the window that owns the viewer; null: none
+  std::string FileName;    // the name of the help file in the program folder
+  std::string HelpWindow;  // the name of a window type that the help file defines
 
   void ShowHelpContents() const;
   void ShowHelpIndex() const;
@@ -29,17 +29,17 @@ class clsHTMLHelp {
   host::UserInterface& user_;
 };
 
-// The viewer is open when there is a window of this class and title.
+// The viewer counts as open if there is a window with this class and title.
 inline constexpr const char* kHelpViewerClass = "HH Parent";
 inline constexpr const char* kHelpViewerTitle = "The Vexa Rescue CD Help";
 
-inline constexpr int kPageInView = 255;
+inline constexpr int kPageInView = 255;  // means the visible page
 
-// The numeric id of a page's topic: 1110 for page 0 to 1210 for page 10.
+// The id of a page's topic in the help file: 1110 for page 0, 1120 for page 1, up to 1210 for page 10.
 constexpr int HelpTopic(int page) { return (page + 1) * 10 + 1100; }
 
-// Moves the help viewer to a page's topic; kPageInView means the page in view. Without `ForceShow` only when the viewer
-// is open.
+// Shows the topic of page `intStep`, or of the visible page for kPageInView. Without `ForceShow`, does so only if the
+// viewer is open.
 void ShowHelp(steps::Context& context, int intStep, bool ForceShow);
 
 }  // namespace discwright::wizard

@@ -1,4 +1,4 @@
-// Tries an ISO destination out without leaving a trace.
+// Tests whether the ISO file can be created, and deletes the test file again.
 #include "wizard/iso_destination.h"
 
 #include <algorithm>
@@ -16,28 +16,28 @@ namespace discwright::wizard {
 
 namespace {
 
-constexpr std::string_view kProbeLine = "Test\r\n";
+constexpr std::string_view kTestLine = "Test\r\n";
 
-// Creating a file through such a link would leave the link's target behind when the link is removed again.
+// A test file that is created through such a link would remain, because deleting it deletes only the link.
 bool IsBrokenLink(const std::string& folder, const std::string& file) {
   const host::Listing listing = host::ListFolder(folder, file);
   return std::any_of(listing.value.begin(), listing.value.end(), [](const host::Entry& entry) { return entry.broken; });
 }
 
 host::Status TryToCreate(const std::string& path) {
-  auto probe = host::OpenBinary(path, host::OpenMode::kCreateEmpty);
-  if (!probe.ok()) return probe.status;
-  const host::Status status = probe.value->WriteAt(0, std::as_bytes(std::span(kProbeLine)));
-  probe.value.reset();
+  auto test_file = host::OpenBinary(path, host::OpenMode::kCreateEmpty);
+  if (!test_file.ok()) return test_file.status;
+  const host::Status status = test_file.value->WriteAt(0, std::as_bytes(std::span(kTestLine)));
+  test_file.value.reset();  // closes the file
   const host::Status removed = host::RemoveFile(path);
   return status.ok() ? removed : status;
 }
 
 std::string WhyNoFolderFor(const std::string& path, const std::string& folder) {
-  if (path.starts_with('~')) return path + " begins with \"~\", which is taken as it is: write the whole path.";
+  if (path.starts_with('~')) return path + " begins with \"~\", which is not expanded: write the whole path.";
   const std::string shown = host::PathToNative(folder);
   if (const std::optional<host::Entry> entry = host::Look(folder)) {
-    if (entry->kind != host::EntryKind::kFolder) return shown + " is no folder: choose another place for the image.";
+    if (entry->kind != host::EntryKind::kFolder) return shown + " is not a folder: choose another place for the image.";
     const std::string cause = host::ListFolder(folder, "*.*").status.cause;
     return shown + " cannot be read: " + cause + ". Choose another place for the image.";
   }
@@ -48,27 +48,29 @@ std::string WhyNotCreated(const std::string& path) {
   std::string folder;
   std::string file;
   util::SplitPath(path, folder, file);
-  if (folder.empty()) folder.push_back('\\');  // a file of the root folder
+  if (folder.empty()) folder.push_back('\\');  // the file is in the root folder
   const std::string shown = host::PathToNative(path);
   if (file.empty()) return shown + " is a folder: add the name of the image.";
   if (!util::FolderExists(folder)) return WhyNoFolderFor(path, folder);
-  if (IsBrokenLink(folder, file)) return shown + " is a link that leads nowhere: remove it, or choose another name.";
+  if (IsBrokenLink(folder, file)) {
+    return shown + " is a link whose target is missing: remove it, or choose another name.";
+  }
   const host::Status status = TryToCreate(path);
   return status.ok() ? "" : shown + " cannot be written: " + status.cause + ".";
 }
 
 }  // namespace
 
-// Looking first keeps the probe from emptying a file that exists but cannot be read.
+// The path is examined first, so that the test never opens, and thereby empties, an existing file that cannot be read.
 std::string WhyNoIsoDestination(const std::string& text) {
-  if (util::StripQuotes(text).empty()) return "It is empty: enter the file that the image is to be.";
+  if (util::StripQuotes(text).empty()) return "The field is empty: enter the path of the image.";
   if (const std::optional<host::Entry> entry = host::Look(util::NamedFile(text))) {
     const std::string shown = host::PathToNative(util::NamedFile(text));
     if (entry->kind == host::EntryKind::kFile) return "";
     if (entry->kind == host::EntryKind::kFolder) return shown + " is a folder: add the name of the image.";
     return shown + " is a device or a pipe: choose another name.";
   }
-  if (util::FileExists(text)) return "";  // a wildcard that matches something
+  if (util::FileExists(text)) return "";  // true here only for a wildcard that matches a file or folder
   return WhyNotCreated(util::StripQuotes(text));
 }
 

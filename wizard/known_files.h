@@ -1,4 +1,4 @@
-// The files by which the pages know setup folders and tool CDs; each goes behind the folder's path.
+// The files by which the pages recognise setup folders and tool CDs. Append one to the path of the folder.
 #pragma once
 
 namespace discwright::wizard {

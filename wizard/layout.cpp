@@ -1,4 +1,4 @@
-// From the records to rows.
+// Makes the layouts from the records of the controls.
 #include "wizard/layout.h"
 
 #include <algorithm>
@@ -9,7 +9,8 @@ namespace discwright::wizard {
 
 namespace {
 
-// A frame of a page begins a group of its own; what follows it on the page begins the next one.
+// Collects the controls of a page into groups. A frame begins a group. Controls after the frame that are directly on
+// the page begin the next group.
 class Collector {
  public:
   Collector(Layout& layout, const forms::Control& page) : layout_(layout), page_(page) {}
@@ -52,7 +53,7 @@ class Collector {
   const forms::Control& page_;
 };
 
-// What a face draws elsewhere or not at all: the pages themselves, the side picture, the common file dialogs.
+// The pages themselves, the side picture and the common file dialogs belong to no page.
 bool IsOnNoPage(const forms::Control& control) {
   return control.index() >= 0 || dynamic_cast<const forms::Picture*>(&control) != nullptr ||
          dynamic_cast<const forms::FileDialog*>(&control) != nullptr;

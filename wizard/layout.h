@@ -1,4 +1,5 @@
-// A page or dialog as rows, for every face: what stands beside what, in which group, in which order.
+// Describes a page or dialog as groups of rows of controls, from which every user interface builds its window. Call
+// AllLayouts, or one of the functions for a single layout.
 #pragma once
 
 #include <string>
@@ -15,29 +16,29 @@ struct Row {
 
 // Rows that belong together, from top to bottom.
 struct Group {
-  const forms::Frame* frame = nullptr;  // drawn around them, with its caption as title; null: the bare page
-  forms::CheckBox* head = nullptr;      // the check box that is the title of the frame; null: none
+  const forms::Frame* frame = nullptr;  // drawn around the rows, with its caption as title; null: no frame
+  forms::CheckBox* head = nullptr;      // a check box in the place of the frame's title; null: none
   std::vector<Row> rows;
 };
 
 struct Layout {
   forms::Form* form = nullptr;
   int page = -1;                          // the index in FraMain; -1: a dialog, or the buttons below the pages
-  const forms::Label* heading = nullptr;  // the title line of a page; stands in no row
+  const forms::Label* heading = nullptr;  // the title of a page; it is not part of a row
   std::vector<Group> groups;              // from top to bottom
-  forms::Control* first_focus = nullptr;  // null: nothing on it takes input; then the default button has the focus
+  forms::Control* first_focus = nullptr;  // null: no control takes input, and the default button gets the focus
 };
 
-// All of it is read off the records: the order of their declarations, their frames, and what is given beside their
-// captions (forms::Placing). A control that is added there stands on its page in every face.
+// A layout follows from the records of the controls: the order of their declarations, their frames, and their
+// forms::Placing. A control that is added there appears on its page in every user interface.
 Layout LayoutOfPage(forms::Windows& windows, int page);
 Layout LayoutOfDialog(forms::Form& dialog);
-Layout LayoutOfButtons(forms::Windows& windows);  // the five below every page
+Layout LayoutOfButtons(forms::Windows& windows);  // the five buttons below the pages
 
-// The eleven pages, the buttons below them, and both dialogs.
+// The layouts of the eleven pages, of the buttons below them, and of both dialogs.
 std::vector<Layout> AllLayouts(forms::Windows& windows);
 
-// The controls of a layout in the order in which they are read and reached with the Tab key.
+// The controls of a layout in reading order, which is also the order of the Tab key.
 std::vector<forms::Control*> ControlsOf(const Layout& layout);
 
 }  // namespace discwright::wizard

@@ -1,4 +1,4 @@
-// The way through the pages, and what the five buttons do.
+// Moves between the pages, and contains the handlers of the five buttons.
 #include "wizard/navigation.h"
 
 #include "pipeline/build_driver.h"
@@ -19,7 +19,7 @@ namespace {
 
 using forms::FrmDiscwright;
 
-void TurnTo(steps::Context& context, std::size_t page) {
+void ShowPage(steps::Context& context, std::size_t page) {
   FrmDiscwright& main = context.main();
   main.FraMain[static_cast<std::size_t>(main.Step)].visible = false;
   main.FraMain[page].visible = true;
@@ -27,7 +27,8 @@ void TurnTo(steps::Context& context, std::size_t page) {
   ShowHelp(context, kPageInView, false);
 }
 
-// The page behind `page`; `page` itself when one of its checks fails. Defaults and summary are filled in either way.
+// The page after `page`, or `page` itself if one of its checks fails. The defaults and the summary are filled in even
+// then.
 int PageAfter(steps::Context& context, int page) {
   FrmDiscwright& main = context.main();
   if (page >= kSummaryPage) return kSummaryPage;
@@ -36,7 +37,7 @@ int PageAfter(steps::Context& context, int page) {
   if (page == kIsoPage) main.TxtSummery.text = GenerateSummery(main);
   if (!valid) return page;
   if (IsOnTheWay(main, page + 1)) return page + 1;
-  // A page that is skipped is left like any other: what it fills in is needed behind it.
+  // A skipped page is left like any other, because later pages need the defaults that it fills in.
   return PageAfter(context, page + 1);
 }
 
@@ -88,7 +89,7 @@ void CmdNext_Click(steps::Context& context) {
     main.CmdNext.visible = false;
     main.CmdFinish.visible = true;
   }
-  TurnTo(context, static_cast<std::size_t>(new_page));
+  ShowPage(context, static_cast<std::size_t>(new_page));
 }
 
 void CmdBack_Click(steps::Context& context) {
@@ -98,24 +99,24 @@ void CmdBack_Click(steps::Context& context) {
     main.CmdFinish.visible = false;
   }
   if (main.Step == kContentsPage) main.CmdBack.enabled = false;
-  TurnTo(context, static_cast<std::size_t>(PageBefore(main, main.Step)));
+  ShowPage(context, static_cast<std::size_t>(PageBefore(main, main.Step)));
 }
 
 void CmdFinish_Click(steps::Context& context) {
   FrmDiscwright& main = context.main();
   if (main.Finished) {
     settings::WriteVexaCDINI(context.windows, context.notes);
-    main.visible = false;  // the program ends with its window, once a cancelled build has returned
+    main.visible = false;  // ends the program, as soon as a cancelled build has returned
     return;
   }
-  // The build lets clicks through before it disables the button: a double click must not start a second one.
+  // The build handles clicks before it disables this button. A double click must not start a second build.
   if (BuildRuns(main)) return;
   main.CmdBack.enabled = false;
   main.CmdFinish.enabled = true;
-  TurnTo(context, forms::kProgressPage);
+  ShowPage(context, forms::kProgressPage);
   context.result = pipeline::FinishApp(context);
   main.Finished = true;
-  TurnTo(context, forms::kFinishPage);
+  ShowPage(context, forms::kFinishPage);
   if (context.closing) main.visible = false;
 }
 
@@ -131,7 +132,7 @@ void CloseMainWindow(steps::Context& context) {
   }
   context.closing = true;
   CancelByUser(context);
-  // Nobody is left to wait for an image.
+  // The window closes, so nobody waits for the image any more.
   if (main.MKISOFSRunning) context.programs.EndAll();
 }
 

@@ -1,4 +1,5 @@
-// The wizard's buttons: Load, Next, Back, Finish, Cancel, Help, and the cross of its window.
+// The handlers of the wizard's five buttons, of its start, and of the close button of its window. Call Bind once, then
+// Form_Load.
 #pragma once
 
 #include <string>
@@ -7,22 +8,22 @@
 
 namespace discwright::wizard {
 
-// Puts the wizard together: binds the five buttons to the handlers below, binds the choosers, the dialogs and the
-// context's ShowHelp, and applies the rules of the boxes. The rules hold as long as the returned subscription lives.
+// Binds the five buttons to the handlers below, binds the choosers and the dialogs, sets ShowHelp and CancelApp of the
+// context, and applies the rules of the check boxes. The rules apply as long as the returned subscription exists.
 [[nodiscard]] forms::Subscription Bind(steps::Context& context);
 
-// Loads `session_file` when there is such a file (the program's own session file for the window). Without a session,
-// the locations that the design proposes on drive C: are replaced where there is no such drive.
+// Reads the session file and shows the window. If there is no such file, the default locations on drive C: are replaced
+// on systems without that drive.
 void Form_Load(steps::Context& context, const std::string& session_file);
 
 void CmdNext_Click(steps::Context& context);
 void CmdBack_Click(steps::Context& context);
-void CmdFinish_Click(steps::Context& context);  // with Finished set: saves the session and closes the window
+void CmdFinish_Click(steps::Context& context);  // starts the build; after it, saves the session and closes the window
 void CmdCancel_Click(steps::Context& context);
 void CmdHelp_Click(steps::Context& context);
 
-// Ends the program without saving anything. A build that runs is cancelled first, together with its mastering; the
-// window goes when the build has returned.
+// Ends the program without saving anything. If a build is running, it is cancelled and its mastering is ended; the
+// window closes when the build has returned.
 void CloseMainWindow(steps::Context& context);
 
 }  // namespace discwright::wizard

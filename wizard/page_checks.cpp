@@ -1,4 +1,4 @@
-// The checks of the pages as rows.
+// The table of the checks, and how they are made.
 #include "wizard/page_checks.h"
 
 #include <algorithm>
@@ -29,15 +29,15 @@ bool IsFile(const std::string& path) { return util::FileExists(path); }
 bool IsFolder(const std::string& path) { return util::FolderExists(path); }
 bool IsDestination(const std::string& path) { return WhyNoIsoDestination(path).empty(); }
 
-// `test` must hold for the text of `location` followed by `suffix` when all of `choices` are checked.
+// If all `choices` are checked, `test` must be true for the text of `location` with `suffix` after it.
 struct LocationCheck {
   int page;
-  std::array<CheckBoxOf, 2> choices;  // null: no condition
+  std::array<CheckBoxOf, 2> choices;  // an empty place is null
   TextBoxOf location;
   const char* suffix;
   bool (*test)(const std::string& path);
   const char* message;
-  std::string (*why)(const std::string& text);  // the cause, as a sentence of its own below the message
+  std::string (*why)(const std::string& text);  // the sentence that explains the failure below the message
   MessageIcon icon = MessageIcon::kCritical;
 };
 
@@ -123,7 +123,7 @@ bool Passes(const FrmDiscwright& main, const LocationCheck& check) {
   return !Applies(main, check) || check.test((main.*check.location).text.get() + check.suffix);
 }
 
-// The folder that the path is in, or that it is, when every build empties that; empty otherwise.
+// The folder that contains the path, or is the path, if it is one of those that every build empties. Otherwise empty.
 std::string EmptiedFolderOf(std::string path) {
   constexpr const char* kSeparators = "\\/";
   const std::string emptied[] = {util::PathOf(util::Item::kWorkspace), util::PathOf(util::Item::kStaging)};
@@ -138,8 +138,8 @@ std::string EmptiedFolderOf(std::string path) {
   return "";
 }
 
-// What the user keeps there would be gone before it is copied.
-bool SurvivesTheBuild(steps::Context& context, const LocationCheck& check) {
+// A build empties its folders at its start, so a location in one of them would be deleted before it is copied.
+bool IsOutsideEmptiedFolders(steps::Context& context, const LocationCheck& check) {
   if (!Applies(context.main(), check)) return true;
   const std::string folder = EmptiedFolderOf(util::StripQuotes((context.main().*check.location).text.get()));
   if (folder.empty()) return true;
@@ -170,7 +170,7 @@ bool PageIsValid(steps::Context& context, int page) {
       const forms::TextBox& location = context.main().*check.location;
       ShowError(context, check.message, check.icon, location.name(), check.why(location.text.get()));
       valid = false;
-    } else if (!SurvivesTheBuild(context, check)) {
+    } else if (!IsOutsideEmptiedFolders(context, check)) {
       valid = false;
     }
   }

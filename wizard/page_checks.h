@@ -1,12 +1,12 @@
-// What Next asks of a page before it is left.
+// The checks that the Next button makes before it leaves a page. Call PageIsValid.
 #pragma once
 
 #include "steps/context.h"
 
 namespace discwright::wizard {
 
-// Runs the page's checks in order; each that fails shows its own message. True when all passed. Changes nothing but
-// the two passwords, which are emptied when they differ.
+// Makes all checks of the page in order; each failed check shows its message. Returns whether all passed. If the two
+// passwords differ, both are emptied; nothing else changes.
 bool PageIsValid(steps::Context& context, int page);
 
 }  // namespace discwright::wizard

@@ -1,4 +1,4 @@
-// The proposed locations as rows.
+// The table of the default locations.
 #include "wizard/page_defaults.h"
 
 #include <string>
@@ -15,19 +15,18 @@ namespace {
 
 using forms::FrmDiscwright;
 
-// What is done with the first optical drive when its folder becomes a page's default.
-using Afterwards = void (*)(FrmDiscwright& main, const std::string& drive);
-
+// A default location is `root` followed by `suffix`.
 struct DefaultLocation {
-  int page;                                // the page being left
-  forms::CheckBox FrmDiscwright::*choice;  // null: whatever is chosen
+  int page;                                // filled in when this page is left
+  forms::CheckBox FrmDiscwright::*choice;  // filled in only if this box is checked; null: always
   forms::TextBox FrmDiscwright::*location;
   std::string (*root)();
   const char* suffix;
-  Afterwards afterwards = nullptr;
+  void (*then)(FrmDiscwright& main, const std::string& root) = nullptr;  // called afterwards; null: nothing
 };
 
-// Without an optical drive the first four are "\I386", "\WIN98", "\" and "\": their pages' checks refuse those.
+// Without an optical drive the first four become "\I386", "\WIN98", "\" and "\". The checks of their pages refuse
+// these. Kept as it has always been.
 constexpr DefaultLocation kDefaultLocations[] = {
     {kContentsPage, &FrmDiscwright::ChkGet_Win2k, &FrmDiscwright::Txt_i386_Loc, util::FirstCDROMDrive, "\\I386",
      integration::ShowWinVer},
@@ -55,7 +54,7 @@ void FillDefaults(FrmDiscwright& main, int page) {
     if (row.page != page || !chosen || !location.text.get().empty()) continue;
     const std::string root = row.root();
     location.text = root + row.suffix;
-    if (row.afterwards != nullptr) row.afterwards(main, root);
+    if (row.then != nullptr) row.then(main, root);
   }
 }
 

@@ -1,15 +1,16 @@
-// Locations that Next proposes for the pages that follow.
+// Fills in default locations. Call FillStartDefaults at the start without a session, and FillDefaults whenever Next
+// leaves a page.
 #pragma once
 
 #include "forms/frm_discwright.h"
 
 namespace discwright::wizard {
 
-// At the start of a run without a session: where there is no drive C:, the image is proposed in the user's home folder
-// and no service pack is.
+// On systems without a drive C:, replaces the default locations on that drive: the image goes to the user's home
+// folder, and the path of the service pack is emptied.
 void FillStartDefaults(forms::FrmDiscwright& main);
 
-// Leaving `page`: fills the empty location fields of the pages behind it, never one that has a text.
+// Fills empty location fields of the pages after `page`. Fields with a text do not change.
 void FillDefaults(forms::FrmDiscwright& main, int page);
 
 }  // namespace discwright::wizard

@@ -1,4 +1,4 @@
-// The table of the pages and their contents.
+// The table of the check boxes that decide which pages are skipped, and questions about pages.
 #include "wizard/pages.h"
 
 #include <algorithm>

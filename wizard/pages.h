@@ -1,11 +1,11 @@
-// The pages by name, the one in view, and the content that decides whether a page is on the way.
+// Names the pages, and answers questions about them: which one is visible, and which ones Next and Back skip.
 #pragma once
 
 #include "forms/frm_discwright.h"
 
 namespace discwright::wizard {
 
-// Indexes into FraMain; the finish and the progress page have theirs in forms/frm_discwright.h.
+// Indexes into FraMain. Those of the finish and the progress page are in forms/frm_discwright.h.
 enum Page : int {
   kWelcomePage = 0,
   kContentsPage = 1,
@@ -18,17 +18,17 @@ enum Page : int {
   kSummaryPage = 8,
 };
 
-// The check box of the contents page without which a page is skipped, in both directions; null: always on the way.
+// Next and Back skip a page if this check box of the contents page is clear. Null for pages that are never skipped.
 forms::CheckBox* ContentOf(forms::FrmDiscwright& main, int page);
-bool IsOnTheWay(forms::FrmDiscwright& main, int page);
+bool IsOnTheWay(forms::FrmDiscwright& main, int page);  // whether Next and Back show the page
 
-// The page that is shown. It is not always `Step`: a cancelled wizard shows the finish page, and `Step` stays.
+// The visible page. It can differ from `Step`: CancelApp shows the finish page and does not change `Step`.
 int PageInView(const forms::FrmDiscwright& main);
 
-// The page on which a control stands; -1 when it stands on none (it is below all pages, or of a dialog).
+// The page that contains a control; -1 for a button below the pages and for a control of a dialog.
 int PageOf(forms::FrmDiscwright& main, const forms::Control& control);
 
-// Whether the Finish button's build is under way.
+// Whether a build is running.
 bool BuildRuns(const forms::FrmDiscwright& main);
 
 }  // namespace discwright::wizard

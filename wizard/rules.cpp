@@ -1,4 +1,4 @@
-// The table of the rules, and how they are applied.
+// The table of the rules that say which check boxes enable which fields.
 #include "wizard/rules.h"
 
 #include <algorithm>
@@ -22,7 +22,7 @@ forms::Control& Field(FrmDiscwright& main) {
 constexpr std::size_t kMostBoxes = 2;
 constexpr std::size_t kMostFields = 4;
 
-// The fields can be used while at least one of the boxes is checked.
+// The fields are enabled while at least one of the boxes is checked.
 struct EnableRule {
   std::array<CheckBoxOf, kMostBoxes> any_of;
   std::array<ControlOf, kMostFields> fields;
@@ -50,7 +50,8 @@ constexpr EnableRule kEnableRules[] = {
      {Field<&FrmDiscwright::CmdSetWin9xInfo>}},
 };
 
-// Here a greyed box does not count as checked; Next, the summary and the build take it for checked.
+// A greyed box does not count as checked here. Next, the summary and the build count it as checked. Kept as it has
+// always been.
 bool IsChecked(const forms::CheckBox& box) { return box.value == 1; }
 
 bool Holds(const FrmDiscwright& main, const EnableRule& rule) {
@@ -78,8 +79,7 @@ void ApplyAll(FrmDiscwright& main) {
   for (const EnableRule& rule : kEnableRules) Apply(main, rule);
 }
 
-// The control of the main window on which it depends whether this one counts: itself, or for a dialog's control the
-// button that opens the dialog.
+// For a control in a dialog, the button of the main window that opens the dialog. For any other control, the control.
 const forms::Control& OnTheMainWindow(forms::Windows& windows, const forms::Control& control) {
   if (&control.form() == &windows.win2k_info) return windows.main.CmdSetWin2KInfo;
   if (&control.form() == &windows.win9x_info) return windows.main.CmdSetWin9xInfo;

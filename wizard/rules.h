@@ -1,4 +1,5 @@
-// Which check boxes enable which fields, as a table. The rules follow the values, whoever sets them.
+// The rules that say which check boxes enable which fields. Call KeepRules once. The rules apply to every change of a
+// check box, whether the user or the program makes it.
 #pragma once
 
 #include <string>
@@ -8,11 +9,12 @@
 
 namespace discwright::wizard {
 
-// Applies all rules now and again whenever a box changes, until the subscription ends.
+// Applies all rules at once, and again whenever a check box changes, until the subscription ends.
 [[nodiscard]] forms::Subscription KeepRules(forms::Windows& windows);
 
-// The boxes that have to be checked before a choice counts. Each entry is a list of boxes of which one is enough. Empty
-// when nothing is missing. A dialog's answers count while the button that opens it can be used.
+// The check boxes that must be checked before the value of a control has an effect, but are not. Each entry is a list
+// of check boxes of which one is enough. A control in a dialog depends on the same boxes as the button that opens the
+// dialog.
 std::vector<std::vector<const forms::CheckBox*>> MissingFor(forms::Windows& windows, const forms::Control& control);
 
 }  // namespace discwright::wizard

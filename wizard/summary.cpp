@@ -1,4 +1,4 @@
-// The summary page's text: sections and lines as rows.
+// The table of the summary's sections and lines.
 #include "wizard/summary.h"
 
 #include <iomanip>
@@ -28,10 +28,10 @@ struct Line {
 struct Section {
   const char* heading;
   std::span<const Line> lines;
-  forms::CheckBox FrmDiscwright::*content = nullptr;  // the section stands only while it is checked; null: always
+  forms::CheckBox FrmDiscwright::*content = nullptr;  // the section is listed only if this is checked; null: always
 };
 
-// The labels have an end of their own: they are written out here, not taken from the captions that they resemble.
+// The labels resemble captions of the pages, but they are not the same texts. They are therefore written out here.
 constexpr Line kContents[] = {
     {"Vexa Boot Disks (Vexa Software - Vexa Net) :  ",
      [](const FrmDiscwright& main) { return YesNo(main.ChkGet_Vexadisks); }},
@@ -96,7 +96,7 @@ constexpr Section kSections[] = {
     {"[Vexa Utilities / Additional Files]", kUtilities},
 };
 
-// "ddd mm, dd, yyyy": the month before the day is meant.
+// For example "Sun 11, 15, 2026": the month comes before the day. Kept as it has always been.
 std::string DateText(const host::Date& date) {
   std::ostringstream text;
   text << date.weekday << std::setfill('0') << ' ' << std::setw(2) << date.month << ", " << std::setw(2) << date.day
@@ -122,7 +122,7 @@ std::string SectionText(const FrmDiscwright& main, const Section& section) {
 
 }  // namespace
 
-// Every line has its line end, the last one too.
+// The last line also gets a line end.
 std::string GenerateSummery(const FrmDiscwright& main) {
   std::string text = HeaderText();
   for (const Section& section : kSections) {

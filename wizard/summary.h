@@ -1,4 +1,4 @@
-// The text of the summary page.
+// Makes the text of the summary page. Next calls GenerateSummery when it leaves the page of the ISO options.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace discwright::wizard {
 
-// Every choice in plain text, lines ended by CR LF. Reads the controls and today's date, changes nothing.
+// Lists the choices as text with CR LF line ends, from the controls and today's date. Changes nothing.
 std::string GenerateSummery(const forms::FrmDiscwright& main);
 
 }  // namespace discwright::wizard

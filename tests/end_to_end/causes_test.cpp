@@ -39,9 +39,9 @@ class Causes : public BuildTest {
     };
     refused(At("missing"), At("missing") + " does not exist.");
     refused(At("file"), At("file") + " is a file: enter a folder.");
-    refused("~/discs", "~/discs begins with \"~\", which is taken as it is: write the whole path.");
+    refused("~/discs", "~/discs begins with \"~\", which is not expanded: write the whole path.");
     refused("\"" + At("other") + "\"", "\"" + At("other") +
-                                           "\" has quotation marks, which are taken as a part of the name: leave them "
+                                           "\" has quotation marks, which count as part of the name: leave them "
                                            "out.");
   }
 };
@@ -77,9 +77,9 @@ TEST_F(Causes, ServicePack) {
   };
   refused(At("missing.exe"), At("missing.exe") + " does not exist.");
   refused("\"" + At("missing.exe") + "\"", At("missing.exe") + " does not exist.");
-  refused(At("other"), At("other") + " is no file: enter the file itself.");
-  refused("", "It is empty: enter the file of the service pack.");
-  refused("~/sp.exe", "~/sp.exe begins with \"~\", which is taken as it is: write the whole path.");
+  refused(At("other"), At("other") + " is not a file: enter the path of the installer.");
+  refused("", "The field is empty: enter the file of the service pack.");
+  refused("~/sp.exe", "~/sp.exe begins with \"~\", which is not expanded: write the whole path.");
 }
 
 TEST_F(Causes, SourceOfWindows98) {
@@ -133,18 +133,18 @@ TEST_F(Causes, PlaceOfTheImage) {
                                more + "The page \"Specify ISO File Options\" did not accept its choices.\n");
     EXPECT_FALSE(fs::exists(program / "vexacd"));
   };
-  refused({"--set", "TxtISOLoc="}, "It is empty: enter the file that the image is to be.",
+  refused({"--set", "TxtISOLoc="}, "The field is empty: enter the path of the image.",
           "Use -o FILE.iso to name the image file.\n");
-  refused({"--set", "TxtISOLoc=~/cd.iso"},
-          "~/cd.iso begins with \"~\", which is taken as it is: write the whole path.");
+  refused({"--set", "TxtISOLoc=~/cd.iso"}, "~/cd.iso begins with \"~\", which is not expanded: write the whole path.");
   refused({"-o", At("empty")}, At("empty") + " is a folder: add the name of the image.");
   refused({"-o", At("empty") + "/"}, At("empty") + " is a folder: add the name of the image.");
-  refused({"-o", At("file/cd.iso")}, At("file") + " is no folder: choose another place for the image.");
+  refused({"-o", At("file/cd.iso")}, At("file") + " is not a folder: choose another place for the image.");
   refused({"-o", At("missing/cd.iso")},
           "The folder " + At("missing") + " does not exist: create it, or choose another place for the image.");
   refused({"-o", "/dev/null"}, "/dev/null is a device or a pipe: choose another name.");
   fs::create_symlink(place / "nowhere", place / "link.iso");
-  refused({"-o", At("link.iso")}, At("link.iso") + " is a link that leads nowhere: remove it, or choose another name.");
+  refused({"-o", At("link.iso")},
+          At("link.iso") + " is a link whose target is missing: remove it, or choose another name.");
 }
 
 TEST_F(Causes, PlaceThatABuildEmpties) {

@@ -37,25 +37,27 @@ class Remarks : public BuildTest {
 }  // namespace
 
 TEST_F(Remarks, ChoicesInVain_AreToldAndTheImageIsMade) {
-  EXPECT_THAT(RemarksOf({"--set", "TxtUtils_Loc=/nowhere", "--set", "ChkERDC=1"}),
-              ElementsAre("remark: TxtUtils_Loc was given, but ChkVexaUtils is 0: set ChkVexaUtils=1 for it to count.",
-                          "remark: ChkERDC was given, but ChkGet_Advtools is 0: set ChkGet_Advtools=1 for it to "
-                          "count."));
+  EXPECT_THAT(
+      RemarksOf({"--set", "TxtUtils_Loc=/nowhere", "--set", "ChkERDC=1"}),
+      ElementsAre("remark: TxtUtils_Loc has no effect, because ChkVexaUtils is 0: set ChkVexaUtils=1 to use it.",
+                  "remark: ChkERDC has no effect, because ChkGet_Advtools is 0: set ChkGet_Advtools=1 to use "
+                  "it."));
 }
 
 TEST_F(Remarks, AnswersWithoutTheirSystem_AreTold) {
-  EXPECT_THAT(RemarksOf({"--set", "FrmWin9xInfo.TxtOwner=Ann"}),
-              ElementsAre("remark: FrmWin9xInfo.TxtOwner was given, but ChkGet_Win9x is 0: set ChkGet_Win9x=1 for it "
-                          "to count.",
-                          "remark: FrmWin9xInfo.TxtOwner was given, but ChkWin9xInfo_Assis and ChkWin9xInfo_MSBatch "
-                          "are 0: set one of them to 1 for it to count."));
+  EXPECT_THAT(
+      RemarksOf({"--set", "FrmWin9xInfo.TxtOwner=Ann"}),
+      ElementsAre("remark: FrmWin9xInfo.TxtOwner has no effect, because ChkGet_Win9x is 0: set ChkGet_Win9x=1 to "
+                  "use it.",
+                  "remark: FrmWin9xInfo.TxtOwner has no effect, because ChkWin9xInfo_Assis and ChkWin9xInfo_MSBatch "
+                  "are 0: set one of them to 1 to use it."));
 }
 
 TEST_F(Remarks, ToolsPasswordAndBootDisks_AreTold) {
   EXPECT_THAT(
       RemarksOf({"--set", "ChkGet_Advtools=1", "--set", "ChkPassProtect=1", "--set", "ChkGet_Vexadisks=0"}),
       ElementsAre("remark: ChkGet_Vexadisks stays 1: the boot disks are part of every CD.",
-                  "remark: ChkGet_Advtools is 1, but ChkERDC and ChkBCon are 0: no tool comes to the CD.",
+                  "remark: ChkGet_Advtools is 1, but ChkERDC and ChkBCon are 0: no tool is added to the CD.",
                   "remark: ChkPassProtect is 1, but no password was given: the boot menu accepts an empty one."));
 }
 
@@ -63,8 +65,8 @@ TEST_F(Remarks, HotfixesAndDomain_AreTold) {
   const std::vector<std::string> xp = {"--set", "ChkGet_Win2k=1",      "--set", "Txt_i386_Loc=" + Xp().string(),
                                        "--set", "ChkWin2KInfo_Assis=1"};
   EXPECT_THAT(RemarksOf(Join(xp, {"--set", "ChkHotfix=1", "--set", "OptJoinDomain=True"})),
-              ElementsAre("remark: ChkHotfix was given, but this version integrates no hotfixes.",
-                          "remark: OptJoinDomain was given, but Setup gets the name as that of a workgroup."));
+              ElementsAre("remark: ChkHotfix has no effect, because this version integrates no hotfixes.",
+                          "remark: OptJoinDomain has no effect, because Setup gets the name as that of a workgroup."));
 }
 
 TEST_F(Remarks, NameThatSetupRefuses_IsTold) {
@@ -78,7 +80,7 @@ TEST_F(Remarks, AnswersOfAnEarlierBuild_AreTold) {
   const std::vector<std::string> xp = {"--set", "ChkGet_Win2k=1",         "--set", "Txt_i386_Loc=" + Xp().string(),
                                        "--set", "ChkWin2KInfo_Unattend=1"};
   EXPECT_THAT(RemarksOf(Join(xp, {"--set", "FrmWin2KInfo.TxtOwner=Ann"})), IsEmpty());
-  EXPECT_THAT(RemarksOf(xp), ElementsAre("remark: The Setup of Windows 2000/XP/2003 gets the answers of an earlier "
+  EXPECT_THAT(RemarksOf(xp), ElementsAre("remark: Windows 2000/XP/2003 Setup gets the answers of an earlier "
                                          "build, from " +
                                          (program / "keyfile2.txt").string() + "."));
   EXPECT_THAT(ReadFile(program / "vexacd" / "I386" / "WINNT.SIF"), HasSubstr("Ann"));
@@ -88,8 +90,8 @@ TEST_F(Remarks, BoxesOfASessionThatIsGiven_AreToldAndThoseOfTheProgramsOwnAreNot
   const std::string session = "[Main]\r\nCleanSession = 0\r\n[AdvTools]\r\nAdd_ERDCmdr = 1\r\n";
   WriteFile(place / "my.ini", session);
   EXPECT_THAT(RemarksOf({"--session", (place / "my.ini").string()}),
-              ElementsAre("remark: ChkERDC was given, but ChkGet_Advtools is 0: set ChkGet_Advtools=1 for it to "
-                          "count."));
+              ElementsAre("remark: ChkERDC has no effect, because ChkGet_Advtools is 0: set ChkGet_Advtools=1 to use "
+                          "it."));
   WriteFile(program / "vexacd.ini", session);
   EXPECT_THAT(RemarksOf({}), IsEmpty());
 }
@@ -99,7 +101,7 @@ TEST_F(Remarks, BesideWarnings_DoNotChangeTheExitCode) {
   WriteFile(place / "tools" / "b.txt", "b");
   const auto lines = RemarksOf(Join(Utilities(place / "tools"), {"--set", "ChkERDC=1"}), 4);
   ASSERT_THAT(lines, SizeIs(3));
-  EXPECT_THAT(lines[0], ::testing::StartsWith("remark: ChkERDC was given"));
+  EXPECT_THAT(lines[0], ::testing::StartsWith("remark: ChkERDC has no effect"));
   EXPECT_THAT(lines[1], ::testing::StartsWith("warning: " + (place / "tools" / ".hidden").string() + ": "));
   EXPECT_EQ(lines[2], "The image was made, with 1 warning (see above).");
 }

@@ -207,8 +207,8 @@ TEST_F(WindowsSetup, AnswersThatCannotBeStored_AreTold) {
   fs::create_directory(program / "keyfile2.txt");
   const Outcome outcome = BuildEverything({"--set", "ChkWin2KInfo_Unattend=1", "--set", "ChkWin9xInfo_MSBatch=1"});
   EXPECT_EQ(outcome.exit_code, 4);
-  EXPECT_THAT(outcome.err, AllOf(HasSubstr("your answers for the Setup of Windows 98/Me could not be written"),
-                                 HasSubstr("your answers for the Setup of Windows 2000/XP/2003 could not be written"),
+  EXPECT_THAT(outcome.err, AllOf(HasSubstr("your answers for Windows 98/Me Setup could not be written"),
+                                 HasSubstr("your answers for Windows 2000/XP/2003 Setup could not be written"),
                                  HasSubstr("Windows Setup gets no answers from the CD")));
 }
 

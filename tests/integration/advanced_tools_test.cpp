@@ -106,8 +106,8 @@ TEST_F(AddAdvToolsTest, LoaderThatNamesItsFolderInUpperCaseOnly_StaysForBlueConA
   EXPECT_EQ(OnCd("OOBC\\SETUPLDR.BIN"), "loader of I386");
   EXPECT_THAT(user.messages, IsEmpty());
   EXPECT_EQ(Notes(),
-            "C:\\Discwright\\advtemp\\I386\\SETUPLDR.BIN: was not given the new name of its folder: on the CD O&O "
-            "BlueCon may find the files of Windows Setup instead\n");
+            "C:\\Discwright\\advtemp\\I386\\SETUPLDR.BIN: was not patched to use the new folder name: on the CD, O&O "
+            "BlueCon may start with the files of Windows Setup\n");
 }
 
 TEST_F(AddAdvToolsTest, FileNamedLikeOneOfTheCd_OverwritesItWithoutAQuestion) {
@@ -205,7 +205,7 @@ TEST_F(AddAdvToolsTest, RenameOrMoveThatFails_IsNotedAndTheStepGoesOn) {
 }
 
 TEST_F(AddAdvToolsTest, MoveThatLeavesFilesAndSaysNothing_IsNoted) {
-  host.shell_answers.assign(10, {0, false});  // also where it is asked once more
+  host.shell_answers.assign(10, {0, false});  // for all further calls
   Add(true, false);
   EXPECT_THAT(Notes(), HasSubstr("advtemp\\AUTORUN.INF: could not be moved onto the CD\n"));
 }
@@ -217,8 +217,9 @@ TEST_F(AddAdvToolsTest, MissingBootSector_IsNotedAndThePatchDoesNothing) {
   EXPECT_EQ(OnCd("ERDC\\SETUPLDR.BIN"), "loader of erdc and erdc");
   EXPECT_THAT(user.messages, IsEmpty());
   EXPECT_EQ(Notes(),
-            "C:\\Discwright\\files\\bootsect\\erdc.bin: is missing, and what it starts cannot be started from the CD\n"
-            "C:\\Discwright\\vexacd\\boot\\images\\erdc.bin: is missing, and ERD Commander cannot be started from the "
+            "C:\\Discwright\\files\\bootsect\\erdc.bin: is missing: the system that this boot sector starts cannot be "
+            "started from the CD\n"
+            "C:\\Discwright\\vexacd\\boot\\images\\erdc.bin: is missing: ERD Commander cannot be started from the "
             "CD\n");
 }
 
@@ -228,7 +229,7 @@ TEST_F(AddAdvToolsTest, MissingLoader_IsNotedAndTheStepGoesOn) {
   EXPECT_EQ(OnCd("ERDC\\TXTSETUP.SIF"), "path = \\erdc, \\I386");
   EXPECT_THAT(user.messages, IsEmpty());
   EXPECT_EQ(Notes(),
-            "C:\\Discwright\\advtemp\\I386\\SETUPLDR.BIN: is missing, and ERD Commander cannot be started "
+            "C:\\Discwright\\advtemp\\I386\\SETUPLDR.BIN: is missing: ERD Commander cannot be started "
             "from the CD\n");
   EXPECT_EQ(cancelled, 0);
 }
@@ -243,7 +244,7 @@ TEST_F(AddAdvToolsTest, LoaderThatCannotBePatched_ShowsThePatchersBoxAndTheStepG
   EXPECT_EQ(cancelled, 0);
   EXPECT_EQ(
       Notes(),
-      "C:\\Discwright\\advtemp\\I386\\SETUPLDR.BIN: could not be patched: the place to patch reaches past the end "
+      "C:\\Discwright\\advtemp\\I386\\SETUPLDR.BIN: could not be patched: the bytes to replace reach past the end "
       "of the file\n");
 }
 

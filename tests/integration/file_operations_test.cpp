@@ -28,7 +28,7 @@ class CopyMatchingFilesTest : public testing::BuildFixture {
   bool Copy(const std::string& from, const std::string& to) { return CopyMatchingFiles(notes, from, to); }
 };
 
-TEST_F(CopyMatchingFilesTest, Matches_KeepTheirNamesWhateverTheDestinationsLastNameSays) {
+TEST_F(CopyMatchingFilesTest, Matches_KeepTheirNamesAndTheDestinationsLastNameIsIgnored) {
   EXPECT_TRUE(Copy("D:\\I386\\..\\win51*.*", "C:\\to\\anything"));
   EXPECT_EQ(host.Content("C:\\to\\WIN51"), "1");
   EXPECT_EQ(host.Content("C:\\to\\WIN51IP"), "2");
@@ -44,7 +44,7 @@ TEST_F(CopyMatchingFilesTest, NothingMatches_IsTrueAndCopiesNothing) {
   EXPECT_THAT(host.calls, IsEmpty());
 }
 
-TEST_F(CopyMatchingFilesTest, FileThatIsThere_IsOverwritten) {
+TEST_F(CopyMatchingFilesTest, ExistingFile_IsOverwritten) {
   host.AddFile("C:\\to\\WIN51", "old");
   EXPECT_TRUE(Copy("D:\\WIN51", "C:\\to\\WIN51"));
   EXPECT_EQ(host.Content("C:\\to\\WIN51"), "1");

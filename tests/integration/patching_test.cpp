@@ -91,7 +91,7 @@ TEST_F(PatchBinaryFileTest, ReadOnlyFile_IsPatchedAndKeepsItsTimes) {
   EXPECT_THAT(host.calls, ElementsAre(std::string("WriteWholeFile ") + kFile + " (keeping its times)"));
 }
 
-TEST_F(PatchBinaryFileTest, ReadOnlyFileWithoutMatch_LosesTheMarkAllTheSame) {
+TEST_F(PatchBinaryFileTest, ReadOnlyFileWithoutMatch_StillBecomesWritable) {
   host.AddFile(kFile, "nothing", true);
   EXPECT_FALSE(PatchBinaryFile(context, kFile, "i386", "erdc"));
   EXPECT_FALSE(host.Find(kFile)->read_only);
@@ -141,7 +141,7 @@ TEST_F(PatchBinaryFileTest, ReplacementRunsPastTheEnd_IsAnErrorAndNothingIsWritt
   EXPECT_EQ(host.Content(kFile), "xi386");
 }
 
-TEST_F(PatchBinaryFileTest, NothingToFind_IsAnError) {
+TEST_F(PatchBinaryFileTest, EmptyPattern_IsAnError) {
   EXPECT_FALSE(Binary("bytes", "", "x"));
   ExpectError(std::string("Error while patching ") + kFile + " in Hex mode");
 }
@@ -192,13 +192,13 @@ TEST_F(PatchTextFileTest, EveryPatch_AddsALineEnd) {
   EXPECT_EQ(host.Content(kFile), "more\r\n\r\n\r\n");
 }
 
-TEST_F(PatchTextFileTest, ReplacementHoldsWhatIsLookedFor_IsNotLookedAtAgain) {
+TEST_F(PatchTextFileTest, ReplacementThatContainsThePattern_IsNotSearchedAgain) {
   EXPECT_EQ(Text("aXa", "a", "aa"), "aaXaa\r\n");
 }
 
 TEST_F(PatchTextFileTest, EmptyFile_BecomesALineEnd) { EXPECT_EQ(Text("", "a", "b"), "\r\n"); }
 
-TEST_F(PatchTextFileTest, NothingToFind_ReplacesNothing) { EXPECT_EQ(Text("text", "", "b"), "text\r\n"); }
+TEST_F(PatchTextFileTest, EmptyPattern_ReplacesNothing) { EXPECT_EQ(Text("text", "", "b"), "text\r\n"); }
 
 TEST_F(PatchTextFileTest, BytesThatAreNoUtf8_StayAsTheyAre) {
   EXPECT_EQ(Text("\xE4\x81\xFF\x80\xC3\xA4 x", "x", "y"), "\xE4\x81\xFF\x80\xC3\xA4 y\r\n");

@@ -1,4 +1,4 @@
-// Tests of the verdict on a Windows 2000/XP setup CD.
+// Tests of the recognition of Windows 2000/XP setup CDs.
 #include "integration/source_identification.h"
 
 #include <gmock/gmock.h>
@@ -17,7 +17,7 @@ using ::testing::ElementsAre;
 
 class IdentifyWinVerTest : public ::testing::Test {
  protected:
-  // The verdict on a CD with these files in its root.
+  // The caption for a CD with these files in its root.
   std::string Identify(const std::vector<std::string>& tag_files) {
     host.AddFolder("D:");
     for (const std::string& tag_file : tag_files) host.AddFile("D:\\" + tag_file, "Windows");
@@ -102,7 +102,7 @@ INSTANTIATE_TEST_SUITE_P(SeveralServicePacksTheHighestWins, IdentifyWinVerTable,
                                                    "Microsoft Windows 2000 Professional SP4",
                                                    k2000}));
 
-// Only the Professional's service pack tags are looked for; a Home Edition's own stay unseen.
+// Only the tag files of the Professional edition are examined, so a Home Edition has no service pack.
 INSTANTIATE_TEST_SUITE_P(HomeEditionHasNoServicePack, IdentifyWinVerTable,
                          ::testing::Values(Verdict{
                              {"WIN51IC", "WIN51IC.SP2"}, "Microsoft Windows XP Home Edition", kXp}));
@@ -112,7 +112,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(Verdict{{"WIN51IP", "CDROMSP4.TST"}, "Microsoft Windows XP Professional Edition", kXp},
                       Verdict{{"CDROM_IP.5", "WIN51IP.SP2"}, "Microsoft Windows 2000 Professional", k2000}));
 
-// The caption is overwritten, but a service pack found for Windows XP still counts as the one found.
+// The caption is replaced, but a service pack of Windows XP still keeps that of Windows 2000 from being shown.
 INSTANTIATE_TEST_SUITE_P(
     BothFamiliesGiveWindows2000, IdentifyWinVerTable,
     ::testing::Values(

@@ -80,7 +80,7 @@ TEST_F(AddVexaFilesTest, BothChosen_UtilitiesGoFirst) {
   EXPECT_EQ(OnCd("music\\song.mid"), "song");
 }
 
-TEST_F(AddVexaFilesTest, UtilitiesCannotBeCopied_AdditionalFilesAreCopiedAllTheSame) {
+TEST_F(AddVexaFilesTest, UtilitiesCannotBeCopied_AdditionalFilesStillAre) {
   host.FailOn("CopyFileWithProgress", "utils", host::ErrorClass::kAccessDenied);
   Add(true, true);
   EXPECT_EQ(OnCd("vexa\\tool.exe"), "<missing>");

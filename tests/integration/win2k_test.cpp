@@ -65,7 +65,7 @@ TEST_F(AddWin2KTest, SetupFilesTagFilesAndBootSector_ComeToTheCd) {
   ExpectNoTrouble();
 }
 
-TEST_F(AddWin2KTest, NothingElseChosen_StartsNoProgramAndWritesNoAnswers) {
+TEST_F(AddWin2KTest, NoOptionChosen_StartsNoProgramAndWritesNoAnswers) {
   Add();
   EXPECT_THAT(programs.started, IsEmpty());
   EXPECT_EQ(OnCd("I386\\WINNT.SIF"), "<missing>");
@@ -171,7 +171,7 @@ TEST_F(AddWin2KTest, NoCommandForWindowsPrograms_SaysSoAndGoesOn) {
   EXPECT_THAT(Notes(), HasSubstr(kServicePack));
 }
 
-TEST_F(AddWin2KTest, ServicePackThatIsNoWindowsProgram_IsToldBeforeAnythingIsStartedAndTheStepGoesOn) {
+TEST_F(AddWin2KTest, ServicePackThatIsNoWindowsProgram_IsReportedBeforeItIsStartedAndTheStepGoesOn) {
   for (const char* content : {"", "M", "mz", "ZM", "PK\x03\x04 archive", " MZ"}) {
     user.messages.clear();
     host.AddFile(kServicePack, content);
@@ -190,7 +190,7 @@ TEST_F(AddWin2KTest, ServicePackThatIsNoWindowsProgram_IsToldBeforeAnythingIsSta
   }
 }
 
-TEST_F(AddWin2KTest, ServicePackInQuotes_IsLookedIntoToo) {
+TEST_F(AddWin2KTest, ServicePackInQuotes_IsExaminedToo) {
   service_pack = std::string("\"") + kServicePack + "\"";
   Add();
   EXPECT_THAT(programs.started, SizeIs(1));
@@ -202,7 +202,7 @@ TEST_F(AddWin2KTest, ServicePackInQuotes_IsLookedIntoToo) {
   EXPECT_THAT(user.messages[0].text, HasSubstr(std::string(": ") + kServicePack + " is not a Windows program"));
 }
 
-TEST_F(AddWin2KTest, ServicePackThatCannotBeLookedInto_IsLeftToTheSystem) {
+TEST_F(AddWin2KTest, ServicePackThatCannotBeRead_IsStartedAnyway) {
   service_pack = kServicePack;
   host.FailOn("OpenBinary", "my pack.exe", host::ErrorClass::kAccessDenied, "locked");
   Add();
@@ -351,8 +351,7 @@ TEST_F(AddWin2KTest, SourceWithoutALoader_IsNoted) {
   host.AddFile("F:\\I386\\TXTSETUP.SIF", "script");
   source = "F:\\I386";
   Add();
-  EXPECT_EQ(Notes(),
-            "F:\\I386\\SETUPLDR.BIN: was not copied to the CD: Windows Setup cannot be started from the CD\n");
+  EXPECT_EQ(Notes(), "F:\\I386\\SETUPLDR.BIN: was not copied to the CD: Windows Setup cannot be started from the CD\n");
   EXPECT_EQ(cancelled, 0);
 }
 
@@ -360,7 +359,8 @@ TEST_F(AddWin2KTest, MissingBootSector_IsNoted) {
   host.nodes.erase(testing::FakeHost::Key("C:\\Discwright\\files\\bootsect\\w2ksect.bin"));
   Add();
   EXPECT_EQ(Notes(),
-            "C:\\Discwright\\files\\bootsect\\w2ksect.bin: is missing, and what it starts cannot be started "
+            "C:\\Discwright\\files\\bootsect\\w2ksect.bin: is missing: the system that this boot sector starts cannot "
+            "be started "
             "from the CD\n");
   EXPECT_EQ(OnCd("I386\\SETUPLDR.BIN"), "loader");
 }

@@ -78,7 +78,7 @@ TEST_F(AddWin9xTest, Answers_AreMadeFromTheMeTemplateAlthough98IsChosen) {
   GiveAnswers();
   Add(true);
   EXPECT_THAT(OnCd("WINSETUP\\MSBATCH.INF"), HasSubstr("Name=Ann"));
-  // The product's name does not reach a key file that the build makes: meant.
+  // FillKeyFile does not copy the name of the product, so the template is that of Windows Me.
   EXPECT_THAT(OnCd("WINSETUP\\MSBATCH.INF"), HasSubstr("Template=Me"));
   ExpectNoTrouble();
 }

@@ -112,7 +112,7 @@ TEST_F(BootDisks, MissingImage_ShowsFatalErrorAndMakesNoFurtherDisk) {
   EXPECT_THAT(notes.all()[0].cause, HasSubstr("no such profile"));
 }
 
-TEST_F(BootDisks, ImageOfAnEarlierRun_IsUsedWhenTheToolFailsAndTheUserIsTold) {
+TEST_F(BootDisks, ImageOfAnEarlierRun_IsUsedWhenTheToolFailsAndTheFailureIsNoted) {
   host.AddFile("C:\\Discwright\\vexaemm.img", "earlier");
   failing_profile = "vexasoftware_emm";
   AddDisks(context, {.AcceptDrivers = true});

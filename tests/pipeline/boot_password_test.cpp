@@ -61,7 +61,7 @@ TEST_F(BootPassword, PasswordThatTheCodePageLacks_IsAPatchingErrorAndNoProtectio
   Protect("\xE6\x97\xA5", "\xE6\x97\xA5");
   ASSERT_THAT(user.messages, SizeIs(1));
   EXPECT_EQ(user.messages[0].title, "Patching Error");
-  EXPECT_THAT(notes.all(), SizeIs(2));  // of the patch, and of the menu without protection
+  EXPECT_THAT(notes.all(), SizeIs(2));  // one note on the patch, one on the unprotected menu
 }
 
 TEST_F(BootPassword, TemplateLinesInOtherLetterCase_AreFound) {
@@ -76,13 +76,14 @@ TEST_F(BootPassword, ScriptWithoutTheTemplateLines_GetsNoPasswordAndIsNoted) {
     Protect("x", "x");
     ASSERT_THAT(notes.all(), SizeIs(1)) << script;
     EXPECT_EQ(notes.all()[0].place, kScript);
-    EXPECT_EQ(notes.all()[0].cause, "did not take the password, which does not protect the boot menu");
+    EXPECT_EQ(notes.all()[0].cause,
+              "lacks the lines that set the password: the boot menu is not protected by a password");
   }
   EXPECT_EQ(host.Content(kScript), "Set PasswordRequest=1\r\n\r\n\r\n");
   EXPECT_THAT(user.messages, IsEmpty());
 }
 
-TEST_F(BootPassword, ScriptThatHasThePasswordAlready_IsAsItShouldBe) {
+TEST_F(BootPassword, ScriptThatHasThePasswordAlready_IsNotNoted) {
   host.AddFile(kScript, "Set PasswordRequest=1\r\nSet PasswordString=\"x\"\r\n");
   Protect("x", "x");
   EXPECT_THAT(notes.all(), IsEmpty());
@@ -94,7 +95,7 @@ TEST_F(BootPassword, MissingScript_IsNoted) {
   EXPECT_THAT(user.messages, IsEmpty());
   ASSERT_THAT(notes.all(), SizeIs(1));
   EXPECT_EQ(notes.all()[0].place, kScript);
-  EXPECT_EQ(notes.all()[0].cause, "is missing, and no password protects the boot menu");
+  EXPECT_EQ(notes.all()[0].cause, "is missing: the boot menu is not protected by a password");
 }
 
 }  // namespace

@@ -59,7 +59,7 @@ class BuildDriver : public discwright::testing::PipelineFixture {
       look(*alone);
     }
   }
-  // What CreateDsk was started with, without the sizes.
+  // The arguments of CreateDsk, without the sizes of the disks.
   std::string Disks() const {
     std::string disks;
     for (const std::string& line : programs.started) {
@@ -303,7 +303,7 @@ TEST_F(BuildDriver, BuildAfterOneThatWasHaltedInTheTools_KeepsNothingOfIt) {
 
 TEST_F(BuildDriver, CancelledInStepTwo_LeavesTheLaterMarksEmptyAndTheWorkspaceInPlace) {
   ChooseEverything();
-  host.AddFileOfSize("D:\\I386\\HUGE.CAB", std::int64_t{1} << 31);  // halts that step
+  host.AddFileOfSize("D:\\I386\\HUGE.CAB", std::int64_t{1} << 31);  // halts the step of Windows 2000/XP
   main.ChkCleanSession.value = 1;
   FinishApp(context);
   EXPECT_THAT(Marks(), ElementsAre(tick, "", "", "", ""));

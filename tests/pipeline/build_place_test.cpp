@@ -14,7 +14,7 @@ class WhyNotBuiltHereTest : public ::testing::Test {
   std::shared_ptr<void> claim;
 };
 
-TEST_F(WhyNotBuiltHereTest, WritableFolder_HasNothingToTellAndNothingLeftInIt) {
+TEST_F(WhyNotBuiltHereTest, WritableFolder_IsAcceptedAndStaysEmpty) {
   EXPECT_EQ(WhyNotBuiltHere(claim), "");
   EXPECT_TRUE(host.Files().empty());
   EXPECT_NE(claim, nullptr);
@@ -24,7 +24,7 @@ TEST_F(WhyNotBuiltHereTest, FolderWhereAnotherBuilds_IsNamedWithAWayOut) {
   host.claimed_folder = "C:\\Discwright";
   EXPECT_EQ(WhyNotBuiltHere(claim),
             "Another build is under way in the program folder C:\\Discwright.\n"
-            "Wait for its end, or copy the program to another folder and start it there.");
+            "Wait until it has ended, or copy the program to another folder and start it there.");
   EXPECT_EQ(claim, nullptr);
 }
 
@@ -36,7 +36,7 @@ TEST_F(WhyNotBuiltHereTest, FolderThatRefuses_IsNamedWithTheCauseAndAWayOut) {
             "Copy the program to a folder of your own and start it there.");
 }
 
-TEST_F(WhyNotBuiltHereTest, OtherFailures_AreLeftToTheStepsThatMeetThem) {
+TEST_F(WhyNotBuiltHereTest, OtherFailures_AreNotReported) {
   host.FailOn("OpenBinary", "Discwright", host::ErrorClass::kDiskFull);
   EXPECT_EQ(WhyNotBuiltHere(claim), "");
 }

@@ -19,13 +19,13 @@ class BuildResults : public discwright::testing::PipelineFixture {
  protected:
   BuildResults() { host.shows_slashes = true; }
 
-  // After a mastering that ended so, with an image in its place.
+  // The result after a mastering with this end, with an image at its path.
   BuildResult AfterMastering(const host::ProcessEnd& end) {
     host.AddFile(kImage, "image");
     context.mastering_end = end;
     return ResultOf(context);
   }
-  // Of a failed mastering with this log.
+  // The result of a failed mastering with this log.
   std::vector<std::string> LogTailOf(const std::string& log) {
     host.AddFile(kLog, log);
     return AfterMastering({1, ""}).log_tail;
@@ -40,7 +40,7 @@ class BuildResults : public discwright::testing::PipelineFixture {
   }
 };
 
-TEST_F(BuildResults, Made_TellsImageSizeAndDigest) {
+TEST_F(BuildResults, Made_HasImageSizeAndDigest) {
   const BuildResult result = FinishApp(context);
   EXPECT_EQ(result.end, BuildEnd::kMade);
   EXPECT_EQ(result.image, kImage);
@@ -51,7 +51,7 @@ TEST_F(BuildResults, Made_TellsImageSizeAndDigest) {
   EXPECT_THAT(result.log_tail, IsEmpty());
 }
 
-TEST_F(BuildResults, MadeWithNotes_IsAnEndOfItsOwn) {
+TEST_F(BuildResults, MadeWithNotes_IsADifferentEnd) {
   host.AddFile("D:\\tools\\good.txt", "good");
   host.AddFile("D:\\tools\\bad.txt", "bad");
   host.FailOn("CopyFileWithProgress", "bad.txt", host::ErrorClass::kNotReady);
@@ -105,8 +105,8 @@ TEST_F(BuildResults, HaltedTwice_TellsTheFirstReason) {
   EXPECT_EQ(user.messages.size(), 2U);
 }
 
-// The cancellation that a halted build ends with is not the user's.
-// The other way round it is the wizard that does not take it for the user's: see CmdCancel_Click.
+// If the user cancels before a step halts the build, the build counts as cancelled. CancelByUser of the wizard
+// handles the opposite order.
 TEST_F(BuildResults, CancelledAndThenHalted_IsCancelled) {
   context.cancelled_by_user = true;
   context.Halt({"the reason", "Fatal Error"});
@@ -157,13 +157,13 @@ TEST_F(BuildResults, ImageThatCannotBeReadBack_IsAFailure) {
   EXPECT_EQ(result.log, "");
 }
 
-TEST_F(BuildResults, ImageThatHasVanished_IsAFailure) {
+TEST_F(BuildResults, ImageThatNoLongerExists_IsAFailure) {
   for (const bool wants_digest : {false, true}) {
     context.wants_digest = wants_digest;
     const BuildResult result = ResultOf(context);
     EXPECT_EQ(result.end, BuildEnd::kFailed);
     EXPECT_EQ(result.why, std::string("C:/out/Rescue.iso: the image cannot be read back: ") +
-                              (wants_digest ? "No such file or directory" : "it has vanished"));
+                              (wants_digest ? "No such file or directory" : "the file no longer exists"));
   }
 }
 
@@ -192,12 +192,12 @@ TEST_F(BuildResults, CancelledDuringTheDigest_IsCancelledAndNoFailure) {
   EXPECT_EQ(result.size, 0);
 }
 
-TEST_F(BuildResults, UserDuringTheDigest_IsLetIn) {
+TEST_F(BuildResults, EventsDuringTheDigest_AreHandled) {
   AfterMastering({});
   EXPECT_THAT(user.waited, ElementsAre(0, 0));
 }
 
-TEST_F(BuildResults, LongLog_IsToldByItsLastTwentyLines) {
+TEST_F(BuildResults, LongLog_IsCutToItsLastTwentyLines) {
   std::string log;
   std::vector<std::string> expected;
   for (int line = 1; line <= 25; ++line) {
@@ -207,7 +207,7 @@ TEST_F(BuildResults, LongLog_IsToldByItsLastTwentyLines) {
   EXPECT_EQ(LogTailOf(log), expected);
 }
 
-TEST_F(BuildResults, LogOfTwentyLines_IsToldWhole) {
+TEST_F(BuildResults, LogOfTwentyLines_IsComplete) {
   std::string log;
   for (int line = 0; line < 20; ++line) log += "line\n";
   EXPECT_EQ(LogTailOf(log).size(), 20U);

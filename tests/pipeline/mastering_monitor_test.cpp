@@ -119,7 +119,7 @@ TEST_F(MasteringMonitor, UnitBeforeTheExtents_IsNotTheSizesUnit) {
   EXPECT_EQ(LabelAfter("of 650 MB free, 12345 extents written (67 MB)\n"), "Total ISO size : 67 MB");
 }
 
-// Each piece fires two neighbouring tests, with the later one's text first: the later test wins, not the later text.
+// Each piece matches two neighbouring conditions, with their texts in the wrong order. The later condition decides.
 TEST_F(MasteringMonitor, PieceThatFiresTwoTests_ShowsTheLaterTest) {
   EXPECT_EQ(LabelAfter("Finding duplicate files\nCalculating MD5 digests\n"), "Finding duplicate files");
   EXPECT_EQ(LabelAfter("Scanning a\nScanning Finding duplicate files"), "Scanning :  a\n");

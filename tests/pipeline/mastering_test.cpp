@@ -116,12 +116,12 @@ TEST_F(Mastering, LinkerThatHasNotFinished_IsNotedOnce) {
   }
 }
 
-TEST_F(Mastering, LinkerThatWasNotAskedFor_IsNotMissed) {
+TEST_F(Mastering, UnwantedLinker_IsNotNoted) {
   Run(false);
   EXPECT_TRUE(notes.all().empty());
 }
 
-TEST_F(Mastering, ImageThatWasNotMade_HasNothingStoredTwice) {
+TEST_F(Mastering, FailedMastering_HasNoNoteOnTheLinker) {
   mastering_fails = true;
   Run(true);
   EXPECT_TRUE(notes.all().empty());
@@ -229,7 +229,8 @@ TEST_F(Mastering, ImageThatTheScriptCannotName_IsNotedAndAnOldScriptNeverRuns) {
   EXPECT_FALSE(host.Exists("C:\\Discwright\\makecd.bat"));
   ASSERT_EQ(notes.all().size(), 1U);
   EXPECT_EQ(notes.all()[0].place, "C:\\out\\Rescue.iso");
-  EXPECT_EQ(notes.all()[0].cause, "the mastering cannot be told of it: no such characters here");
+  EXPECT_EQ(notes.all()[0].cause,
+            "the path of the image cannot be written to the mastering script: no such characters here");
 }
 
 TEST_F(Mastering, UnwritableScript_IsNotedAndAnOldOneNeverRuns) {

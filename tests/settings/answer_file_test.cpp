@@ -41,7 +41,7 @@ class AnswerFileTest : public ::testing::Test {
   testing::FakeHost host;
   util::Notes notes;
 
-  // The answer file of a key file with those lines, or the key file's own template.
+  // The answer file that is made from a key file with these lines.
   std::string Unattend(const std::string& keys) {
     host.AddFile(kKeyFile, keys);
     EXPECT_TRUE(FillSetupDataFromKeyFileToUnattend(notes, kKeyFile, kUnattend));
@@ -120,11 +120,11 @@ TEST_F(AnswerFileTest, TemplateOfTheUserThatIsGone_FallsBackToTheProgramsAndIsNo
   ASSERT_THAT(notes.all(), SizeIs(1));
   EXPECT_EQ(notes.all()[0].place, kMine);
   EXPECT_EQ(notes.all()[0].cause,
-            "could not be opened (the program keeps 99 characters of a path); the answer file is made of the "
-            "program's own template");
+            "could not be opened (paths are cut at 99 characters); the answer file is made from the program's own "
+            "template");
 }
 
-TEST_F(AnswerFileTest, TemplateOfAProgramFolderWithALongPath_IsNotMissed) {
+TEST_F(AnswerFileTest, OwnTemplateWithALongPath_IsUsedWithoutANote) {
   host.program_folder = "C:\\" + std::string(120, 'x');
   const std::string own = host.program_folder + "\\files\\inf_files\\win2k_template.inf";
   host.AddFile(own, "[Mine]\r\nx=1\r\n");
@@ -132,7 +132,7 @@ TEST_F(AnswerFileTest, TemplateOfAProgramFolderWithALongPath_IsNotMissed) {
   EXPECT_THAT(notes.all(), IsEmpty());
 }
 
-TEST_F(AnswerFileTest, TemplateThatIsTheOldAnswerFile_IsGoneWhenItIsLookedFor) {
+TEST_F(AnswerFileTest, TemplateThatIsTheOldAnswerFile_IsDeletedBeforeItIsRead) {
   host.AddFile(kUnattend, "[Mine]\r\nx=1\r\n");
   EXPECT_THAT(Unattend("[Win2KInfo]\r\nTemplateFile=" + kUnattend + "\r\n"), HasSubstr("UnattendMode=ProvideDefault"));
 }
@@ -184,7 +184,7 @@ TEST_F(AnswerFileTest, AnswerFile_IsWrittenOnce) {
 
 TEST_F(AnswerFileTest, ValuesWithUmlauts_AreWindows1252) {
   EXPECT_EQ(LineOfOwner("Jürgen, 5 €"), "FullName=\"J\xFCrgen, 5 \x80\"");
-  EXPECT_EQ(LineOfOwner("Ã¤"), "FullName=\xC3\xA4");  // although other readers take that for UTF-8
+  EXPECT_EQ(LineOfOwner("Ã¤"), "FullName=\xC3\xA4");  // the same bytes could be read as UTF-8
   EXPECT_THAT(notes.all(), IsEmpty());
 }
 
@@ -247,7 +247,7 @@ TEST_F(AnswerFileTest, LineEndsOfOtherSystems_StayAndNewLinesEndInCrLf) {
             "[Identification]\r\nJoinWorkgroup=\r\nJoinDomain=\r\n");
 }
 
-// What Setup takes for nothing may still be somebody's: every byte of it comes out again.
+// The user may need lines that Setup ignores, so every byte of them stays in the file.
 TEST_F(AnswerFileTest, LinesThatAreNoKeys_ComeOutByteByByte) {
   const std::string odd = std::string("\xFF\xFE no text\n\r\n \t \r\r\n= \n[") + std::string(3, '\0') + "\x1A\n";
   EXPECT_EQ(UnattendOfTemplate("[Data]\r\nMsDosInitiated=0\r\nUnattendedInstall=Yes\r\n"
@@ -260,7 +260,7 @@ TEST_F(AnswerFileTest, LinesThatAreNoKeys_ComeOutByteByByte) {
                 odd);
 }
 
-TEST_F(AnswerFileTest, ValuesThatSetupWouldTakeApart_StandInQuotes) {
+TEST_F(AnswerFileTest, ValuesThatSetupWouldMisread_AreQuoted) {
   EXPECT_EQ(LineOfOwner("Müller, Söhne"), "FullName=\"M\xFCller, S\xF6hne\"");
   EXPECT_EQ(LineOfOwner("a;b"), "FullName=\"a;b\"");
   EXPECT_EQ(LineOfOwner("a=b"), "FullName=\"a=b\"");
@@ -275,7 +275,7 @@ TEST_F(AnswerFileTest, ValueWithBlanksAtItsEnds_LosesThem) {
   EXPECT_EQ(LineOfOwner("  Ann  Lee "), "FullName=Ann  Lee");
 }
 
-TEST_F(AnswerFileTest, PlainValues_StandPlain) {
+TEST_F(AnswerFileTest, PlainValues_AreNotQuoted) {
   for (const std::string value : {"VexaUser", "KORVANE LTD.", "it's", "C:\\x", ""}) {
     EXPECT_EQ(LineOfOwner(value), "FullName=" + value);
   }
@@ -300,7 +300,7 @@ TEST_F(AnswerFileTest, ValueOf100Characters_IsCutAndNoted) {
   EXPECT_THAT(notes.all()[0].cause, HasSubstr("OwnerName"));
 }
 
-// The values that a dialog's field and the answer file have in common, with two key files between them.
+// A value passes from the field of a dialog through two key files to the answer file.
 TEST_F(AnswerFileTest, HardValues_SurviveTheWayFromBothDialogs) {
   for (const std::string& value :
        {std::string("\"Joe\""), std::string("'Joe'"), std::string("\"a\" and \"b\""), std::string("\""),

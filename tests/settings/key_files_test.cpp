@@ -32,7 +32,7 @@ class FillKeyFileTest : public ::testing::Test {
   util::Notes notes;
 };
 
-TEST(HoldsAnswersTest, SectionThatADialogHasWritten_HoldsSomeEvenWhenTheyAreEmpty) {
+TEST(HoldsAnswersTest, SectionThatADialogHasWritten_HoldsAnswersEvenIfEmpty) {
   testing::FakeHost host;
   EXPECT_FALSE(HoldsAnswers(kWin9xSection));
   host.AddFile(kWorking, "[Win9xInfo]\r\nOwnerName=\r\n");
@@ -123,7 +123,7 @@ TEST_F(FillKeyFileTest, ValueLongerThan99Characters_ArrivesCutAndIsNoted) {
   EXPECT_THAT(notes.all()[0].cause, HasSubstr("OwnerName"));
 }
 
-// Whoever looks for the template tells what came of it.
+// FillSetupDataFromKeyFileToUnattend notes a template that it does not find.
 TEST_F(FillKeyFileTest, TemplateWithALongPath_ArrivesCutAndIsNotNoted) {
   host.AddFile(kWorking, "[Win2KInfo]\r\nTemplateFile=" + std::string(120, 'x') + "\r\n");
   FillKeyFile(notes, {.AddInfo_toWin2KSetup = true});

@@ -1,4 +1,4 @@
-// Tests of the strict reading of session files.
+// Tests of the check of session files.
 #include "settings/session_check.h"
 
 #include <gmock/gmock.h>
@@ -57,7 +57,7 @@ TEST_F(SessionCheck, UnknownKey_IsNamedWithTheLikelyOne) {
   EXPECT_THAT(Problems("[Main]\nCake=1\n"), ElementsAre("line 2: there is no key Cake in section [Main]"));
 }
 
-TEST_F(SessionCheck, KeyOfAnotherSection_IsToldWhereItBelongs) {
+TEST_F(SessionCheck, KeyOfAnotherSection_IsReportedWithItsSection) {
   EXPECT_THAT(Problems("[BootDisks]\nwindows2k=1\n"),
               ElementsAre("line 2: there is no key windows2k in section [BootDisks]; it belongs in section [Main]"));
 }
@@ -73,14 +73,14 @@ TEST_F(SessionCheck, KeyBeforeAnySection_IsAProblem) {
               ElementsAre("line 1: the key Windows2K comes before the first section"));
 }
 
-TEST_F(SessionCheck, LineThatIsNothing_IsAProblem) {
+TEST_F(SessionCheck, LineWithoutSectionOrKey_IsAProblem) {
   EXPECT_THAT(Problems("[Main]\nWindows2K\n=1\n[Main\n# note\n"),
               ElementsAre("line 2: 'Windows2K' is neither a section nor a key with a value; a comment begins with ';'",
                           HasSubstr("line 3: '=1' is neither"), HasSubstr("line 4: '[Main' is neither"),
                           HasSubstr("line 5: '# note' is neither")));
 }
 
-TEST_F(SessionCheck, KeyOrSectionThatStandsThereAgain_IsAProblem) {
+TEST_F(SessionCheck, RepeatedKeyOrSection_IsAProblem) {
   EXPECT_THAT(Problems("[Main]\nWindows2K=1\nwindows2k=yes\n[Locations]\n[MAIN]\nWindows9x=1\n"),
               ElementsAre("line 3: the key Windows2K appears again; only the first one is read",
                           "line 5: section [Main] appears again; only the first one is read"));

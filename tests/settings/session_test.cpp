@@ -72,7 +72,7 @@ const std::string kDefaults =
     "BlueCon_Dir   = \"\"\r\n"
     "ERDCmdr_Dir   = \"\"\r\n";
 
-// Every control with a value of its own, and the file that comes of it.
+// A different value for every control, and the session file with these values.
 const std::string kFilled =
     "[Main]\r\n"
     "BootDisks      = 2\r\n"
@@ -127,7 +127,7 @@ class SessionTest : public testing::BuildFixture {
   forms::FrmWin2KInfo& win2k = windows.win2k_info;
   forms::FrmWin9xInfo& win9x = windows.win9x_info;
 
-  // The controls of the file, named here one by one so that a wrong row of the table shows.
+  // The controls are listed here once more, so that a wrong row of the table makes a test fail.
   std::vector<forms::CheckBox*> CheckBoxes() {
     return {&main.ChkGet_Vexadisks,
             &main.ChkGet_Win2k,
@@ -219,7 +219,7 @@ TEST_F(SessionTest, ReadOfAnEmptyFile_UnticksAndEmptiesEverythingButTheBootDisks
   for (const forms::TextBox* box : TextBoxes()) EXPECT_EQ(box->text.get(), "") << box->name();
 }
 
-TEST_F(SessionTest, BootDisks_AreChosenWhateverTheFileSays) {
+TEST_F(SessionTest, BootDisks_AreChosenEvenIfTheFileSaysNo) {
   for (const char* state : {"0", "1", "2", "no"}) {
     main.ChkGet_Vexadisks.value = 0;
     Read("[Main]\r\nBootDisks=" + std::string(state) + "\r\n");
@@ -418,7 +418,7 @@ TEST_F(SessionTest, Write_ReplacesTheFileInOneCallAndTouchesNoOther) {
   EXPECT_THAT(host.Content(kFile), Not(HasSubstr("old")));
 }
 
-// Every control's value as text, of all windows.
+// The values of all controls of all windows, as text.
 std::vector<std::string> ValuesOf(forms::Windows& windows) {
   std::vector<std::string> values;
   for (const forms::Form* form : windows.All()) {

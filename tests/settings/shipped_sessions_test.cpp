@@ -37,7 +37,7 @@ constexpr const char* kTableHead =
 
 std::string ReadShipped(const std::string& name) {
   const std::string path = std::string(SHIPPED_SESSIONS "/").append(name);
-  // Also where the sources stand in a folder whose name is not ASCII.
+  // This also works if the folder of the sources has a name with characters beyond ASCII.
   std::ifstream file(std::filesystem::path(std::u8string(path.begin(), path.end())), std::ios::binary);
   EXPECT_TRUE(file) << name;
   return {std::istreambuf_iterator<char>(file), {}};
@@ -48,7 +48,7 @@ std::string WithoutCarriageReturns(std::string text) {
   return text;
 }
 
-// What names the control in the window, without the blanks and the colon around it.
+// The caption or label that names the control in the window, without blanks and the colon.
 std::string CaptionOf(const forms::Control& control) {
   std::string caption = util::Trim(forms::NamingText(control));
   if (caption.ends_with(':')) caption.pop_back();

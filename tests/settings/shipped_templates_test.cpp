@@ -42,7 +42,7 @@ const Template kWinMe = {"winme_template.inf", kBatchAnswers};
 
 std::string ReadShipped(const std::string& name) {
   const std::string path = std::string(SHIPPED_TEMPLATES "/").append(name);
-  // Also where the sources stand in a folder whose name is not ASCII.
+  // This also works if the folder of the sources has a name with characters beyond ASCII.
   std::ifstream file(std::filesystem::path(std::u8string(path.begin(), path.end())), std::ios::binary);
   EXPECT_TRUE(file) << name;
   return {std::istreambuf_iterator<char>(file), {}};
@@ -170,7 +170,7 @@ TEST(ShippedWin2KTemplate, DialogThatOpensWithIt_ShowsItsDefaults) {
   EXPECT_EQ(dialog.OptJoinDomain.value, designed.OptJoinDomain.value);
 }
 
-// Text without the values of those keys: what the program must leave alone.
+// The text without the values of these keys. The program must not change it.
 std::string WithoutValues(std::string text, const std::vector<Section>& sections) {
   for (const auto& [section, keys] : sections) {
     for (const std::string& key : keys) text = base::WithIniValue(text, section, key, "");

@@ -1,4 +1,4 @@
-// A copy onto the CD's tree on the label and the bar of the running step.
+// Tests of what a copy shows on the label and the bar of the running step.
 #include "steps/copy_to_tree.h"
 
 #include <limits>

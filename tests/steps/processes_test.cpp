@@ -66,7 +66,7 @@ TEST_F(ASyncShellTest, ProgramThatIsKilledSilently_IsNotedWithTheSignal) {
   EXPECT_EQ(notes.all()[0].cause, "was killed by SIGSEGV");
 }
 
-TEST_F(ASyncShellTest, NoLauncherToBeHad_IsReportedAndCancelsAndLeavesTheFlagClear) {
+TEST_F(ASyncShellTest, NoLauncher_IsReportedAndCancelsAndLeavesTheFlagClear) {
   programs.can_create = false;
   ASyncShell(context, "tool.exe /x");
   ExpectFailureReported("could not be started: this system cannot run programs");

@@ -1,4 +1,4 @@
-// Choosing the copy engine, what both show, and the copy without display.
+// Tests of the choice of the copy engine, of what both engines show, and of the copy that shows no progress.
 #include "util/copy.h"
 
 #include <algorithm>
@@ -220,7 +220,7 @@ TEST_F(CopyFolderTreeTest, LinkThatLoops_StopsTheCopyWithANote) {
   EXPECT_EQ(notes.all().size(), 1U);
 }
 
-TEST_F(CopyFolderTreeTest, DestinationInsideTheSource_EndsAllTheSame) {
+TEST_F(CopyFolderTreeTest, DestinationInsideTheSource_StillEnds) {
   host.AddFile("C:\\src\\a", "x");
   EXPECT_TRUE(CopyFolderTree(notes, "C:\\src", "C:\\src\\dst"));
   EXPECT_FALSE(host.Exists("C:\\src\\dst\\dst"));

@@ -16,7 +16,7 @@ TEST(Notes, TwoNotesAdded_AreKeptInTheirOrder) {
   EXPECT_EQ(notes.all()[1].place, "C:\\a");
 }
 
-TEST(Notes, SameNoteAgain_IsToldOnce) {
+TEST(Notes, SameNoteAgain_IsKeptOnce) {
   Notes notes;
   int heard = 0;
   notes.added = [&](const Note&) { ++heard; };

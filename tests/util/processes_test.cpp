@@ -155,7 +155,7 @@ TEST_F(WaitWhileTest, ProgramThatEndedBeforeTheWait_EndsItAtOnce) {
   EXPECT_EQ(user.waited, std::vector<int>{1000});
 }
 
-TEST_F(WaitWhileTest, RunningProgram_LetsTheUserInBeforeEveryDelivery) {
+TEST_F(WaitWhileTest, RunningProgram_HandlesEventsBeforeEveryDelivery) {
   programs.run = [](const std::string&) { return testing::FakeRun{{"a", "b"}, {}, {}}; };
   StartAndWait(250);
   EXPECT_EQ(user.waited, (std::vector<int>{250, 250, 250}));

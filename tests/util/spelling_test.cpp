@@ -1,4 +1,4 @@
-// Tests of the search for what a misspelled name was meant to be.
+// Tests of the suggestions for misspelled names.
 #include "util/spelling.h"
 
 #include <gtest/gtest.h>
@@ -26,7 +26,7 @@ TEST_F(Spelling, NameItself_IsFoundInAnyLetterCase) {
   EXPECT_EQ(Meant("CHKGET_WIN9X"), "ChkGet_Win9x");
 }
 
-TEST_F(Spelling, OtherMissingAddedOrSwappedCharacters_AreSeenThrough) {
+TEST_F(Spelling, WrongMissingAddedOrSwappedCharacters_AreRecognised) {
   EXPECT_EQ(Meant("ChkGet_WinXP"), "ChkGet_Win2k");
   EXPECT_EQ(Meant("ChkGetWin9x"), "ChkGet_Win9x");
   EXPECT_EQ(Meant("ChkGet_AdvTool"), "ChkGet_Advtools");
@@ -49,7 +49,7 @@ TEST_F(Spelling, ShortWords_MayHaveFewerMistakes) {
   EXPECT_EQ(Meant("XhXXRDC"), "nothing");
 }
 
-TEST_F(Spelling, Nonsense_MeansNothing) {
+TEST_F(Spelling, Nonsense_SuggestsNothing) {
   for (const char* word : {"", "x", "rubbish", "Password", "ChkFooBarBaz", "aVeryLongWordThatIsNoNameOfAnything"}) {
     EXPECT_EQ(Meant(word), "nothing") << word;
   }

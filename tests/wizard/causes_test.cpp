@@ -25,7 +25,7 @@ class CausesTest : public ::testing::Test {
     host.AddFolder("X:\\empty");
   }
 
-  // On systems without drives.
+  // The root folder on systems without drives.
   void AddRootFolder() { host.nodes[""].kind = host::EntryKind::kFolder; }
 
   void ExpectOfEveryFolder(const std::string& text, const std::string& why) {
@@ -35,30 +35,29 @@ class CausesTest : public ::testing::Test {
   testing::FakeHost host;
 };
 
-TEST_F(CausesTest, NothingOrBlanks_IsEmpty) {
+TEST_F(CausesTest, EmptyOrBlankText_IsCalledEmpty) {
   for (const char* text : {"", "   "}) {
-    ExpectOfEveryFolder(text, "It is empty: enter a folder.");
-    EXPECT_EQ(WhyNoServicePack(text), "It is empty: enter the file of the service pack.");
+    ExpectOfEveryFolder(text, "The field is empty: enter a folder.");
+    EXPECT_EQ(WhyNoServicePack(text), "The field is empty: enter the file of the service pack.");
   }
-  EXPECT_EQ(WhyNoServicePack("\"\""), "It is empty: enter the file of the service pack.");
+  EXPECT_EQ(WhyNoServicePack("\"\""), "The field is empty: enter the file of the service pack.");
 }
 
-TEST_F(CausesTest, QuotesAroundAFolder_AreAPartOfItsName) {
+TEST_F(CausesTest, QuotesAroundAFolder_ArePartOfItsName) {
   for (const std::string text : {"\"X:\\tools\"", "\"X:\\tools", "X:\\tools\""}) {
-    ExpectOfEveryFolder(text, text + " has quotation marks, which are taken as a part of the name: leave them out.");
+    ExpectOfEveryFolder(text, text + " has quotation marks, which count as part of the name: leave them out.");
   }
 }
 
-TEST_F(CausesTest, OneQuoteOfAFile_IsAPartOfItsName) {
+TEST_F(CausesTest, SingleQuoteAtAFile_IsPartOfItsName) {
   host.AddFile("X:\\sp.exe", "service pack");
   for (const std::string text : {"\"X:\\sp.exe", "X:\\sp.exe\""}) {
-    EXPECT_EQ(WhyNoServicePack(text),
-              text + " has quotation marks, which are taken as a part of the name: leave them out.");
+    EXPECT_EQ(WhyNoServicePack(text), text + " has quotation marks, which count as part of the name: leave them out.");
   }
 }
 
 TEST_F(CausesTest, Tilde_IsNotTheHomeFolder) {
-  const std::string rest = " begins with \"~\", which is taken as it is: write the whole path.";
+  const std::string rest = " begins with \"~\", which is not expanded: write the whole path.";
   for (const std::string text : {"~", "~/cd", "~ann\\cd"}) {
     ExpectOfEveryFolder(text, text + rest);
     EXPECT_EQ(WhyNoServicePack(text), text + rest);
@@ -66,7 +65,7 @@ TEST_F(CausesTest, Tilde_IsNotTheHomeFolder) {
   ExpectOfEveryFolder("X:\\~", "X:\\~ does not exist.");
 }
 
-TEST_F(CausesTest, NothingThere_DoesNotExist) {
+TEST_F(CausesTest, MissingPath_DoesNotExist) {
   for (const char* text : {"X:\\nowhere", "X:\\nowhere\\", "X:/nowhere", "X:/nowhere/"}) {
     ExpectOfEveryFolder(text, "X:\\nowhere does not exist.");
     EXPECT_EQ(WhyNoServicePack(text), "X:\\nowhere does not exist.");
@@ -87,24 +86,24 @@ TEST_F(CausesTest, FolderThatCannotBeListed_TellsTheCause) {
   ExpectOfEveryFolder("X:/tools/", "X:\\tools cannot be read: Permission denied.");
 }
 
-TEST_F(CausesTest, FolderWithNothingInIt_IsEmpty) {
+TEST_F(CausesTest, EmptyFolder_IsCalledEmpty) {
   ExpectOfEveryFolder("X:\\empty", "X:\\empty is empty.");
   ExpectOfEveryFolder("X:/empty/", "X:\\empty is empty.");
   AddRootFolder();
-  host.nodes.erase("c:");  // what this fake has beside its drives is listed with them
+  host.nodes.erase("c:");  // the fake host lists its drives in the root folder
   for (const char* drive : {"s:", "t:", "u:", "x:"}) host.nodes.erase(drive);
   ExpectOfEveryFolder("\\", "\\ is empty.");
 }
 
-TEST_F(CausesTest, FolderThatLooksUsable_CannotBeUsed) {
+TEST_F(CausesTest, FolderWithoutAProblem_IsStillRefused) {
   EXPECT_EQ(WhyNoFolder("X:/tools"), "X:\\tools cannot be used as a folder.");
 }
 
 TEST_F(CausesTest, FolderInPlaceOfTheServicePack_IsNoFile) {
-  EXPECT_EQ(WhyNoServicePack("X:\\tools"), "X:\\tools is no file: enter the file itself.");
-  EXPECT_EQ(WhyNoServicePack(" \"X:\\tools\\\" "), "X:\\tools is no file: enter the file itself.");
+  EXPECT_EQ(WhyNoServicePack("X:\\tools"), "X:\\tools is not a file: enter the path of the installer.");
+  EXPECT_EQ(WhyNoServicePack(" \"X:\\tools\\\" "), "X:\\tools is not a file: enter the path of the installer.");
   host.AddSpecial("X:\\device");
-  EXPECT_EQ(WhyNoServicePack("X:\\device"), "X:\\device is no file: enter the file itself.");
+  EXPECT_EQ(WhyNoServicePack("X:\\device"), "X:\\device is not a file: enter the path of the installer.");
 }
 
 TEST_F(CausesTest, ServicePackThatCannotBeRead_TellsTheCause) {
@@ -150,7 +149,7 @@ TEST_F(CausesTest, RootFolderAsRootOfTheCd_NamesItsFolders) {
   }
 }
 
-TEST_F(CausesTest, SetupFilesNowhereNear_NothingIsSuggested) {
+TEST_F(CausesTest, NoSetupFilesNearby_SuggestsNothing) {
   for (const char* text : {"X:\\tools", "X:\\tools\\", "X:/tools/"}) {
     EXPECT_EQ(WhyNoWin2KSource(text), "There is no file X:\\tools\\setupldr.bin.");
     EXPECT_EQ(WhyNoWin9xSource(text), "There is no file X:\\tools\\mini.cab.");
@@ -180,7 +179,7 @@ TEST_F(CausesTest, ToolCdAsRootFolder_IsNamed) {
   EXPECT_EQ(WhyNoErdCommander("\\I386"), "\\I386 is a folder of the CD: did you mean its root, \\?");
 }
 
-TEST_F(CausesTest, ToolNowhereNear_NothingIsSuggested) {
+TEST_F(CausesTest, NoToolNearby_SuggestsNothing) {
   for (const char* text : {"X:\\tools\\more", "X:\\tools\\more\\", "X:/tools/more/"}) {
     EXPECT_EQ(WhyNoErdCommander(text), "There is no file X:\\tools\\more\\I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
     EXPECT_EQ(WhyNoBlueCon(text), "There is no file X:\\tools\\more\\I386\\SYSTEM32\\OOBC*.*.");
@@ -188,14 +187,14 @@ TEST_F(CausesTest, ToolNowhereNear_NothingIsSuggested) {
   // The other tool's CD, and a folder of the current one.
   EXPECT_EQ(WhyNoErdCommander("U:\\I386"), "There is no file U:\\I386\\I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
   EXPECT_EQ(WhyNoBlueCon("T:\\I386"), "There is no file T:\\I386\\I386\\SYSTEM32\\OOBC*.*.");
-  // What has no separator is in no folder that could be the root, not even when the current one is a CD.
+  // A path without a separator has no parent that could be the root, even if the current folder is that of a CD.
   host.AddFile("C:\\Current\\tools\\readme.txt", "text");
   host.AddFile("C:\\Current\\I386\\SYSTEM32\\CONFIG\\SOFTWARE", "hive");
   EXPECT_EQ(WhyNoErdCommander("X:"), "There is no file X:\\I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
   EXPECT_EQ(WhyNoErdCommander("tools"), "There is no file tools\\I386\\SYSTEM32\\CONFIG\\SOFTWARE.");
 }
 
-// Where names are separated by slashes, the sentences have them so, however the field has them.
+// On systems that separate names by slashes, the sentences have slashes, whatever the field has.
 TEST_F(CausesTest, Locations_AreSpelledAsTheSystemSpellsThem) {
   host.shows_slashes = true;
   host.AddFile("X:\\cd\\WIN98\\mini.cab", "cabinet");
@@ -203,7 +202,7 @@ TEST_F(CausesTest, Locations_AreSpelledAsTheSystemSpellsThem) {
   ExpectOfEveryFolder("X:\\empty", "X:/empty is empty.");
   ExpectOfEveryFolder("X:\\tools\\more\\readme.txt", "X:/tools/more/readme.txt is a file: enter a folder.");
   EXPECT_EQ(WhyNoFolder("X:\\tools"), "X:/tools cannot be used as a folder.");
-  EXPECT_EQ(WhyNoServicePack("X:\\tools"), "X:/tools is no file: enter the file itself.");
+  EXPECT_EQ(WhyNoServicePack("X:\\tools"), "X:/tools is not a file: enter the path of the installer.");
   EXPECT_EQ(WhyNoWin2KSource("S:\\"), "S:/ is the root of the CD: did you mean S:/I386?");
   EXPECT_EQ(WhyNoWin9xSource("X:\\cd"), "X:/cd is the root of the CD: did you mean X:/cd/WIN98?");
   EXPECT_EQ(WhyNoErdCommander("T:\\I386"), "T:/I386 is a folder of the CD: did you mean its root, T:/?");

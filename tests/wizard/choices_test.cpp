@@ -1,4 +1,4 @@
-// Choices by the names of controls, what is said of them, and the way to the summary.
+// Tests of choices by the names of controls, of the remarks on them, and of the way to the summary.
 #include "wizard/choices.h"
 
 #include "tests/wizard/wizard_fixture.h"
@@ -16,13 +16,12 @@ constexpr const char* kKeyFile = "C:\\Discwright\\keyfile2.txt";
 
 class Choices : public WizardFixture {
  protected:
-  // The window's and control's name, or the sentence that says that there is none.
+  // The names of the window and the control, or the sentence that says why there is none.
   std::string Named(const std::string& name) {
-    std::string error;
-    const forms::Control* control = ControlNamed(windows, name, error);
-    if (control == nullptr) return error;
-    EXPECT_EQ(error, "");
-    return control->form().name() + "." + control->name();
+    const FoundControl found = FindControl(windows, name);
+    if (found.control == nullptr) return found.why_not;
+    EXPECT_EQ(found.why_not, "");
+    return found.control->form().name() + "." + found.control->name();
   }
   std::string Make(const std::vector<Choice>& choices) { return wizard::Choose(context, choices); }
   std::vector<std::string> Remarks(const std::vector<Choice>& choices, bool session_is_own = false) {
@@ -137,7 +136,7 @@ TEST_F(Choices, AnswersOfTheDialogs_StayWhenTheDialogIsLoaded) {
   EXPECT_EQ(win9x.TxtOwner.text.get(), "Of the key file");
 }
 
-// Wherever it stands among them.
+// The position of the script among the choices does not matter.
 TEST_F(Choices, ScriptOfTheirOwn_FillsTheDialogBeforeAllOtherAnswers) {
   host.AddFile("S:\\my.txt", "[UserData]\r\nFullName=Script\r\nOrgName=Script Ltd\r\nComputerName=SCRIPT\r\n");
   EXPECT_EQ(Make({{"FrmWin2KInfo.TxtOwner", "Ann"}, {"txttemplate", " \"S:\\my.txt\" "}}), "");
@@ -196,8 +195,9 @@ class Confirmations : public Choices, public ::testing::WithParamInterface<Confi
     if (!what.remarks) {
       EXPECT_THAT(remarks, IsEmpty());
     } else {
-      EXPECT_THAT(remarks, ElementsAre("The Setup of " + system +
-                                       " gets the answers of an earlier build, from C:\\Discwright\\keyfile2.txt."));
+      EXPECT_THAT(
+          remarks,
+          ElementsAre(system + " Setup gets the answers of an earlier build, from C:\\Discwright\\keyfile2.txt."));
     }
   }
 };
@@ -226,7 +226,7 @@ TEST_F(Choices, AnswersOfOneDialog_DoNotConfirmTheOther) {
   main.ChkWin9xInfo_MSBatch.value = 1;
   main.ChkWin2KInfo_Unattend.value = 1;
   EXPECT_THAT(Confirm({{"FrmWin2KInfo.TxtOwner", "Ann"}}, false),
-              ElementsAre("The Setup of Windows 98/Me gets the answers of an earlier build, from "
+              ElementsAre("Windows 98/Me Setup gets the answers of an earlier build, from "
                           "C:\\Discwright\\keyfile2.txt."));
   EXPECT_THAT(KeyFile(), HasSubstr("[Win9xInfo]\r\nOwnerName=Earlier\r\n"));
   EXPECT_THAT(KeyFile(), HasSubstr("OwnerName=Ann\r\n"));
@@ -237,30 +237,31 @@ TEST_F(Choices, AnswersThatCannotBeWritten_AreNoted) {
   Confirm({{"FrmWin2KInfo.TxtOwner", "Ann"}, {"FrmWin9xInfo.TxtOwner", "Bob"}}, false);
   ASSERT_EQ(notes.all().size(), 2U);
   EXPECT_EQ(notes.all()[0].place, kKeyFile);
-  EXPECT_EQ(notes.all()[0].cause, "your answers for the Setup of Windows 98/Me could not be written: in use");
-  EXPECT_EQ(notes.all()[1].cause, "your answers for the Setup of Windows 2000/XP/2003 could not be written: in use");
+  EXPECT_EQ(notes.all()[0].cause, "your answers for Windows 98/Me Setup could not be written: in use");
+  EXPECT_EQ(notes.all()[1].cause, "your answers for Windows 2000/XP/2003 Setup could not be written: in use");
 }
 
-TEST_F(Choices, WithNothingBehindThem_AreRemarkedOn) {
+TEST_F(Choices, WithoutEffect_AreRemarkedOn) {
   EXPECT_THAT(Remarks({{"TxtUtils_Loc", "S:\\utils"}}),
-              ElementsAre("TxtUtils_Loc was given, but ChkVexaUtils is 0: set ChkVexaUtils=1 for it to count."));
+              ElementsAre("TxtUtils_Loc has no effect, because ChkVexaUtils is 0: set ChkVexaUtils=1 to use it."));
   EXPECT_THAT(Remarks({{"TxtERDC", "T:"}}),
-              ElementsAre("TxtERDC was given, but ChkGet_Advtools is 0: set ChkGet_Advtools=1 for it to count.",
-                          "TxtERDC was given, but ChkERDC is 0: set ChkERDC=1 for it to count."));
-  EXPECT_THAT(Remarks({{"FrmWin9xInfo.TxtOwner", "Ann"}}),
-              ElementsAre("FrmWin9xInfo.TxtOwner was given, but ChkGet_Win9x is 0: set ChkGet_Win9x=1 for it to count.",
-                          "FrmWin9xInfo.TxtOwner was given, but ChkWin9xInfo_Assis and ChkWin9xInfo_MSBatch are 0: set "
-                          "one of them to 1 for it to count."));
+              ElementsAre("TxtERDC has no effect, because ChkGet_Advtools is 0: set ChkGet_Advtools=1 to use it.",
+                          "TxtERDC has no effect, because ChkERDC is 0: set ChkERDC=1 to use it."));
+  EXPECT_THAT(
+      Remarks({{"FrmWin9xInfo.TxtOwner", "Ann"}}),
+      ElementsAre("FrmWin9xInfo.TxtOwner has no effect, because ChkGet_Win9x is 0: set ChkGet_Win9x=1 to use it.",
+                  "FrmWin9xInfo.TxtOwner has no effect, because ChkWin9xInfo_Assis and ChkWin9xInfo_MSBatch are 0: set "
+                  "one of them to 1 to use it."));
 }
 
-TEST_F(Choices, ThatCountOrSayNo_AreNotRemarkedOn) {
+TEST_F(Choices, WithEffectOrEmpty_AreNotRemarkedOn) {
   EXPECT_THAT(Remarks({{"TxtUtils_Loc", "S:\\utils"}, {"ChkVexaUtils", "1"}}), IsEmpty());
   EXPECT_THAT(Remarks({{"ChkERDC", "0"}, {"TxtERDC", ""}, {"OptJoinDomain", "False"}, {"ChkHotfix", "0"}}), IsEmpty());
 }
 
 TEST_F(Choices, GivenTwice_AreRemarkedOnOnce) {
   EXPECT_THAT(Remarks({{"ChkERDC", "1"}, {"chkerdc", "1"}, {"FrmDiscwright.ChkERDC", "1"}}, true),
-              ElementsAre("ChkERDC was given, but ChkGet_Advtools is 0: set ChkGet_Advtools=1 for it to count."));
+              ElementsAre("ChkERDC has no effect, because ChkGet_Advtools is 0: set ChkGet_Advtools=1 to use it."));
 }
 
 TEST_F(Choices, BootDisksThatAreToBeLeftOut_AreRemarkedOn) {
@@ -270,16 +271,16 @@ TEST_F(Choices, BootDisksThatAreToBeLeftOut_AreRemarkedOn) {
   EXPECT_THAT(Remarks({{"ChkGet_Vexadisks", "1"}}), IsEmpty());
 }
 
-TEST_F(Choices, WhatThisVersionLacks_IsRemarkedOn) {
+TEST_F(Choices, MissingFeatures_AreRemarkedOn) {
   EXPECT_THAT(Remarks({{"ChkGet_Win2k", "1"}, {"ChkHotfix", "1"}}),
-              ElementsAre("ChkHotfix was given, but this version integrates no hotfixes."));
+              ElementsAre("ChkHotfix has no effect, because this version integrates no hotfixes."));
   EXPECT_THAT(Remarks({{"ChkGet_Win2k", "1"}, {"ChkWin2KInfo_Unattend", "1"}, {"OptJoinDomain", "True"}}),
-              ElementsAre("OptJoinDomain was given, but Setup gets the name as that of a workgroup."));
+              ElementsAre("OptJoinDomain has no effect, because Setup gets the name as that of a workgroup."));
 }
 
 TEST_F(Choices, ToolsWithoutATool_AreRemarkedOn) {
   EXPECT_THAT(Remarks({{"ChkGet_Advtools", "1"}}),
-              ElementsAre("ChkGet_Advtools is 1, but ChkERDC and ChkBCon are 0: no tool comes to the CD."));
+              ElementsAre("ChkGet_Advtools is 1, but ChkERDC and ChkBCon are 0: no tool is added to the CD."));
   EXPECT_THAT(Remarks({{"ChkERDC", "1"}}), IsEmpty());
   main.ChkERDC.value = 0;
   EXPECT_THAT(Remarks({{"ChkBCon", "1"}}), IsEmpty());
@@ -315,10 +316,11 @@ TEST_F(Choices, BoxesOfTheRunsOwnSession_AreRemarkedOnAsWell) {
   main.ChkWin9xInfo_MSBatch.value = 1;
   main.ChkDelTree_Lang.value = 1;
   EXPECT_THAT(RemarksOn(windows, {}, false), IsEmpty());
-  EXPECT_THAT(RemarksOn(windows, {}, true),
-              ElementsAre("ChkDelTree_Lang was given, but ChkGet_Win2k is 0: set ChkGet_Win2k=1 for it to count.",
-                          "ChkWin9xInfo_MSBatch was given, but ChkGet_Win9x is 0: set ChkGet_Win9x=1 for it to count.",
-                          "ChkERDC was given, but ChkGet_Advtools is 0: set ChkGet_Advtools=1 for it to count."));
+  EXPECT_THAT(
+      RemarksOn(windows, {}, true),
+      ElementsAre("ChkDelTree_Lang has no effect, because ChkGet_Win2k is 0: set ChkGet_Win2k=1 to use it.",
+                  "ChkWin9xInfo_MSBatch has no effect, because ChkGet_Win9x is 0: set ChkGet_Win9x=1 to use it.",
+                  "ChkERDC has no effect, because ChkGet_Advtools is 0: set ChkGet_Advtools=1 to use it."));
 }
 
 TEST_F(Choices, NothingChosen_NothingIsRemarkedOn) { EXPECT_THAT(RemarksOn(windows, {}, true), IsEmpty()); }

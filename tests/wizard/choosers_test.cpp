@@ -61,7 +61,7 @@ TEST_P(FolderChooserTest, EmptyField_OpensWithDriveC) {
   EXPECT_THAT(user.asked, ElementsAre(Asked("C:\\")));
 }
 
-TEST_P(FolderChooserTest, AnyFolder_IsTakenWithoutAWord) {
+TEST_P(FolderChooserTest, AnyFolder_IsAcceptedWithoutAMessage) {
   user.folder_answer = "X:\\nowhere";
   forms::Press(button);
   EXPECT_EQ(field.text.get(), "X:\\nowhere");
@@ -243,7 +243,7 @@ TEST_F(StartFolderTest, DrivesInLowerCase_AreFoundInAnyCase) {
   EXPECT_EQ(StartFolder("D:"), "D:");
 }
 
-TEST_F(StartFolderTest, WhateverOccursInTheListOfDrives_IsOne) {
+TEST_F(StartFolderTest, TextThatOccursInTheListOfDrives_CountsAsARoot) {
   EXPECT_EQ(StartFolder("C"), "C\\");
   EXPECT_EQ(StartFolder("d"), "d\\");
   EXPECT_EQ(StartFolder(":"), ":\\");
@@ -251,7 +251,7 @@ TEST_F(StartFolderTest, WhateverOccursInTheListOfDrives_IsOne) {
   EXPECT_EQ(StartFolder("\\"), "\\");
 }
 
-TEST_F(StartFolderTest, TextThatSpansTwoDrives_IsNone) {
+TEST_F(StartFolderTest, TextThatSpansTwoDrives_IsNotARoot) {
   EXPECT_EQ(StartFolder("\\C:"), "\\C:");
   EXPECT_EQ(StartFolder("\\C:\\"), "\\C:");
   EXPECT_EQ(StartFolder(":\\C"), ":\\C");
@@ -304,7 +304,7 @@ TEST_F(ExploreTest, Pressed_StartsTheFileManagerAndWaitsUntilItIsReady) {
   EXPECT_THAT(programs.window_styles, ElementsAre(1, 1));
 }
 
-TEST_F(ExploreTest, EmptyField_IsShownAllTheSame) {
+TEST_F(ExploreTest, EmptyField_StillStartsTheFileManager) {
   main.TxtUtils_Loc.text = "";
   forms::Press(main.CmdExp_Utils);
   EXPECT_THAT(programs.started, ElementsAre("C:\\WINDOWS\\explorer.exe "));

@@ -60,7 +60,7 @@ TEST_F(Dialogs, ButtonOfWin9xInfo_LoadsTheDialogAndReturnsWhenOkClosesIt) {
   EXPECT_THAT(host.Content("C:\\Discwright\\keyfile2.txt"), HasSubstr("OwnerName=Ann\r\n"));
 }
 
-TEST_F(Dialogs, MainWindowBelow_IsOutOfReachMeanwhile) {
+TEST_F(Dialogs, OpenDialog_DisablesTheMainWindow) {
   Open(main.CmdSetWin2KInfo, [&] {
     EXPECT_FALSE(main.enabled);
     EXPECT_FALSE(forms::Press(main.CmdNext));
@@ -100,7 +100,7 @@ TEST_F(Dialogs, Cross_IsCancel) {
   }
 }
 
-TEST_F(Dialogs, OwnerThatGoes_TakesTheDialogWithIt) {
+TEST_F(Dialogs, OwnerThatIsClosed_ClosesTheDialog) {
   Open(main.CmdSetWin2KInfo, [&] { forms::AskToClose(main); });
   EXPECT_FALSE(main.visible);
   EXPECT_FALSE(win2k.visible);

@@ -15,7 +15,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 constexpr const char* kCorrect = "";
-constexpr const char* kEmpty = "It is empty: enter the file that the image is to be.";
+constexpr const char* kEmpty = "The field is empty: enter the path of the image.";
 
 class IsoDestinationTest : public ::testing::Test {
  protected:
@@ -72,7 +72,7 @@ TEST_F(IsoDestinationTest, MissingFolder_IsNamedAndNotMade) {
 
 TEST_F(IsoDestinationTest, FileInPlaceOfTheFolder_IsNamed) {
   host.AddFile("E:\\file", "text");
-  EXPECT_EQ(WhyNoIsoDestination("E:\\file\\new.iso"), "E:\\file is no folder: choose another place for the image.");
+  EXPECT_EQ(WhyNoIsoDestination("E:\\file\\new.iso"), "E:\\file is not a folder: choose another place for the image.");
 }
 
 TEST_F(IsoDestinationTest, FolderThatCannotBeRead_IsNotSaidToBeNone) {
@@ -82,7 +82,7 @@ TEST_F(IsoDestinationTest, FolderThatCannotBeRead_IsNotSaidToBeNone) {
 }
 
 TEST_F(IsoDestinationTest, PathThatBeginsWithATilde_IsNotTheHomeFolder) {
-  const std::string rest = " begins with \"~\", which is taken as it is: write the whole path.";
+  const std::string rest = " begins with \"~\", which is not expanded: write the whole path.";
   EXPECT_EQ(WhyNoIsoDestination("~/cd.iso"), "~/cd.iso" + rest);
   EXPECT_EQ(WhyNoIsoDestination("\"~\\images\\cd.iso\""), "~\\images\\cd.iso" + rest);
 }
@@ -136,7 +136,7 @@ TEST_F(IsoDestinationTest, Wildcard_IsCorrectWhereItMatches) {
 TEST_F(IsoDestinationTest, LinkToNothing_IsNamedAndItsTargetIsNotMade) {
   host.AddLink("E:\\images\\cd.iso", "E:\\images\\target.iso");
   EXPECT_EQ(WhyNoIsoDestination("E:\\images\\cd.iso"),
-            "E:\\images\\cd.iso is a link that leads nowhere: remove it, or choose another name.");
+            "E:\\images\\cd.iso is a link whose target is missing: remove it, or choose another name.");
   EXPECT_TRUE(host.Exists("E:\\images\\cd.iso"));
   EXPECT_FALSE(host.Exists("E:\\images\\target.iso"));
 }
@@ -190,7 +190,7 @@ TEST_F(HoldsSomethingElseTest, MarkBesideItsPlace_IsNone) {
   EXPECT_TRUE(Holds(std::string(40960, '\0')));
 }
 
-TEST_F(HoldsSomethingElseTest, FileThatCannotBeOpenedOrRead_IsNotTakenForAnImage) {
+TEST_F(HoldsSomethingElseTest, FileThatCannotBeOpenedOrRead_IsNoDiscImage) {
   host.FailOn("OpenBinary", "cd.iso", host::ErrorClass::kAccessDenied, "injected", 1);
   EXPECT_TRUE(Holds(DiscImage(40960)));
   host.FailOn("ReadAt", "cd.iso", host::ErrorClass::kOther, "injected", 1);

@@ -1,4 +1,4 @@
-// What stands where on every page and dialog, written out once more: a record that moves fails here.
+// Tests of the layouts. Every page and dialog is listed here once more, so that a record that moves makes a test fail.
 #include "wizard/layout.h"
 
 #include <gmock/gmock.h>
@@ -35,7 +35,7 @@ class LayoutTest : public ::testing::Test {
 
   std::vector<std::string> LinesOfPage(int page) { return Lines(LayoutOfPage(windows, page)); }
 
-  // The pages, each with the buttons that stand below it, and the dialogs: what a user sees at a time.
+  // What a user sees at one time: a page with the buttons below it, or a dialog.
   std::vector<std::vector<const forms::Control*>> Views() {
     std::vector<std::vector<const forms::Control*>> views;
     for (int page = 0; page < kPages; ++page) {
@@ -62,7 +62,7 @@ class LayoutTest : public ::testing::Test {
     return text;
   }
 
-  // With the heading, which some fields have as their label.
+  // The heading is included, because it is the label of some fields.
   static std::vector<const forms::Control*> Shown(const Layout& layout) {
     std::vector<const forms::Control*> shown;
     if (layout.heading != nullptr) shown.push_back(layout.heading);
@@ -232,7 +232,7 @@ TEST_F(LayoutTest, TabOrder_IsTheOrderOfTheRecords) {
   }
 }
 
-// A face gives the key of a label to what comes next in the tab order.
+// A user interface gives the access key of a label to the next control in the tab order.
 TEST_F(LayoutTest, LabelOfAFieldOrLink_StandsRightBeforeIt) {
   int fields = 0;
   for (const auto& view : Views()) {

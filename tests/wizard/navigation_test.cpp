@@ -283,7 +283,7 @@ TEST_F(FinishTest, CancelDuringTheBuild_StopsItAndEndsOnTheFinishPage) {
   };
   forms::Press(main.CmdFinish);
   EXPECT_THAT(user.messages, IsEmpty());
-  EXPECT_EQ(programs.started.size(), 3U);  // the step in hand makes all its disks; the mastering does not start
+  EXPECT_EQ(programs.started.size(), 3U);  // the running step makes all its disks; the mastering is not started
   EXPECT_THAT(VisiblePages(), ElementsAre(9));
   EXPECT_EQ(main.LblFinish.caption.get(), "   Operation canceled");
   EXPECT_THAT(user.help_shown, ElementsAre("C:\\Discwright\\vexacd_builder.chm>Down 1210",
@@ -374,7 +374,7 @@ TEST_F(FormLoadTest, NoSessionFile_ShowsTheWindowAsDesigned) {
   EXPECT_EQ(main.LblWin2KOSVer.caption.get(), "Microsoft Windows XP Professional Edition");
 }
 
-// On a system without a drive C: the design's proposals lead nowhere.
+// On a system without a drive C:, the default locations of the form do not exist.
 TEST_F(FormLoadTest, NoDriveC_ProposesTheHomeFolderAndNoServicePack) {
   host.home_folder = "\\home\\ann";
   Form_Load(context, "C:\\Discwright\\vexacd.ini");
@@ -391,7 +391,7 @@ TEST_F(FormLoadTest, NoDriveCButASession_KeepsWhatTheSessionSays) {
   EXPECT_EQ(main.TxtSP_exe.text.get(), "S:\\sp.exe");
 }
 
-TEST_F(FormLoadTest, SessionWithoutBootDisks_HasThemAllTheSame) {
+TEST_F(FormLoadTest, SessionWithoutBootDisks_StillHasThem) {
   host.AddFile("C:\\Discwright\\vexacd.ini", "[Main]\r\nBootDisks=0\r\n");
   Form_Load(context, "C:\\Discwright\\vexacd.ini");
   EXPECT_EQ(main.ChkGet_Vexadisks.value, 1);

@@ -102,7 +102,7 @@ TEST_F(PageChecksTest, NeitherWin2KSourceNorServicePack_GivesTwoMessagesAndStays
   EXPECT_EQ(NextFrom(2), 2);
   EXPECT_THAT(Messages(), ElementsAre(kNoWin2K, kNoServicePack));
   EXPECT_THAT(Details(), ElementsAre(Pair("Txt_i386_Loc", "S:\\nowhere does not exist."),
-                                     Pair("TxtSP_exe", "It is empty: enter the file of the service pack.")));
+                                     Pair("TxtSP_exe", "The field is empty: enter the file of the service pack.")));
 }
 
 TEST_F(PageChecksTest, Win2KNoLongerChosen_LeavesItsPageUnchecked) {
@@ -228,7 +228,7 @@ TEST_F(PageChecksTest, NeitherFolder_GivesTwoMessagesInOrder) {
   main.TxtAddFiles_Loc.text = "S:\\nowhere";
   EXPECT_EQ(NextFrom(6), 6);
   EXPECT_THAT(Messages(), ElementsAre(kNoUtilities, kNoAdditionalFiles));
-  EXPECT_THAT(Details(), ElementsAre(Pair("TxtUtils_Loc", "It is empty: enter a folder."),
+  EXPECT_THAT(Details(), ElementsAre(Pair("TxtUtils_Loc", "The field is empty: enter a folder."),
                                      Pair("TxtAddFiles_Loc", "S:\\nowhere does not exist.")));
 }
 

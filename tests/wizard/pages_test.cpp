@@ -1,4 +1,4 @@
-// Tests of which page is what.
+// Tests of the questions about pages.
 #include "wizard/pages.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// Tests of the rules between boxes and fields: each rule written out, from every state and by every way.
+// Tests of the rules between check boxes and fields. Each rule is listed here once more and tested from every state.
 #include "wizard/rules.h"
 
 #include <algorithm>
@@ -42,7 +42,7 @@ forms::CheckBox& Box(forms::Windows& windows, const std::string& name) {
   return dynamic_cast<forms::CheckBox&>(*windows.main.Find(name));
 }
 
-// What the rules make unusable: a box is checked when its value is 1, and greyed ones are not.
+// The controls that the rules disable. A box counts as checked if its value is 1; a greyed box does not.
 std::set<std::string> DisabledByTheRules(forms::Windows& windows) {
   std::set<std::string> disabled;
   for (const Rule& rule : kRules) {
@@ -115,7 +115,7 @@ class RulesTest : public WizardFixture {
     return names;
   }
 
-  // The names of the controls that tell of a change while `act` runs.
+  // The names of the controls that report a change while `act` runs.
   std::vector<std::string> ChangedBy(const std::function<void()>& act) {
     std::vector<std::string> changed;
     const forms::Subscription listens =
@@ -137,7 +137,7 @@ TEST(RulesAtTheStart, EveryStateOfTheBoxes_DecidesOverTheirFields) {
   }
 }
 
-TEST(RulesAtTheStart, AsDesigned_LeaveNoFieldOfTheirsUsable) {
+TEST(RulesAtTheStart, Defaults_DisableAllFields) {
   forms::Windows windows;
   EXPECT_THAT(Disabled(windows), IsEmpty());
   const forms::Subscription rules = KeepRules(windows);
@@ -146,7 +146,7 @@ TEST(RulesAtTheStart, AsDesigned_LeaveNoFieldOfTheirsUsable) {
   EXPECT_EQ(Disabled(windows), all);
 }
 
-TEST(RulesAtTheStart, BootDisks_AreCheckedWhateverWasThere) {
+TEST(RulesAtTheStart, BootDisks_AreAlwaysChecked) {
   for (const int value : {0, 1, 2}) {
     forms::Windows windows;
     windows.main.ChkGet_Vexadisks.value = value;
@@ -338,7 +338,7 @@ TEST_F(MissingForTest, ControlThatAlwaysCounts_NeedsNothing) {
   }
 }
 
-// The rules take a greyed box for clear, the way through the pages takes it for chosen.
+// The rules count a greyed box as clear; Next and Back count it as checked.
 TEST_F(MissingForTest, GreyedBoxes_AreReadAsTheirReadersDo) {
   main.ChkGet_Win2k.value = 2;
   main.ChkSlipstream.value = 2;

@@ -126,7 +126,7 @@ TEST_F(SummaryTest, EverythingChosen_HasAllSections) {
   EXPECT_EQ(GenerateSummery(main), kFullSummary);
 }
 
-TEST_F(SummaryTest, ContentChosenWithoutItsOptions_ListsItsLocationsAllTheSame) {
+TEST_F(SummaryTest, ContentChosenWithoutItsOptions_StillListsItsLocations) {
   main.ChkGet_Win2k.value = 1;
   main.ChkGet_Advtools.value = 1;
   EXPECT_THAT(GenerateSummery(main), HasSubstr("[Windows 2000/XP/2003 Details]\r\n"
@@ -189,7 +189,7 @@ TEST_F(SummaryTest, EachBox_IsReadByItsOwnLine) {
   EXPECT_EQ(TrueLines(main), std::vector<std::string>());
 }
 
-TEST_F(SummaryTest, Win9xWithoutItsOptions_ListsItsLocationAllTheSame) {
+TEST_F(SummaryTest, Win9xWithoutItsOptions_StillListsItsLocation) {
   main.ChkGet_Win9x.value = 1;
   EXPECT_THAT(GenerateSummery(main), HasSubstr("[Windows 98/98SE/Me Details]\r\n"
                                                "Location of Windows Setup Files :  \"\"\r\n"
