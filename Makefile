@@ -10,6 +10,7 @@ help:
 	@echo "make iso        makes the example CD image, build/vexacd.iso"
 	@echo "make program    builds the program folder, $(program)"
 	@echo "make windows    builds the program folder for Windows, $(windows_program), and its 64-bit twin"
+	@echo "make check      builds and runs the unit tests for Linux, but for the slowest: after each small change"
 	@echo "make test       builds and runs every test, those of the Windows programs under Wine"
 	@echo "make test-asan  those of Linux under the address and undefined behaviour sanitizers"
 	@echo "make bench      measures and prints ratios"
@@ -32,6 +33,22 @@ windows:
 	ctest --preset windows-x86
 	cmake --preset windows-x64 -DDISCWRIGHT_TESTS=OFF --log-level=WARNING
 	cmake --build --preset windows-x64 -j $(jobs)
+
+# What takes seconds by itself: a hundred thousand files, gigabytes.
+slow_tests := ManyFiles.*:LargeTrees.*:Readers.FileOfMoreThan2GiB*:Creating.TwentyThousand*:CopyFile.LargeFile_*
+check: configured build/linux/scripts_tested
+	@cmake --build --preset linux -j $(jobs) --target unit_tests
+	@GTEST_FILTER='-$(slow_tests)' scripts/run_tests.sh linux -L unit
+	@echo "Left out: $(slow_tests)"
+
+# Packages and the configuration are looked at when there is none yet; ninja sees by itself what is new in it.
+configured:
+	@grep -qs '^DISCWRIGHT_TESTS:[A-Z]*=ON' build/linux/CMakeCache.txt || \
+		{ scripts/bootstrap.sh test && cmake --preset linux -DDISCWRIGHT_TESTS=ON --log-level=WARNING; }
+
+build/linux/scripts_tested: $(wildcard scripts/* tests/scripts/*) | configured
+	@scripts/run_tests.sh linux -L scripts
+	@touch $@
 
 test: windows
 	scripts/bootstrap.sh test

@@ -14,7 +14,7 @@ cross="g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32"
 case "${1:-build}" in
   build) ;;
   windows) packages="$packages $cross python3" ;;
-  test) packages="$packages $cross wine wine64 libgtest-dev libgmock-dev googletest qemu-system-x86 mtools dosfstools genisoimage xorriso libarchive-tools p7zip-full python3 universal-ctags" ;;
+  test) packages="$packages $cross wine wine64 lld libgtest-dev libgmock-dev googletest qemu-system-x86 mtools dosfstools genisoimage xorriso libarchive-tools p7zip-full python3 universal-ctags" ;;
   fuzz) packages="$packages clang libclang-rt-14-dev" ;;
   lint) packages="$packages $cross libgtest-dev libgmock-dev googletest clang-format clang-tidy shellcheck python3 universal-ctags" ;;
   bench) packages="$packages genisoimage xorriso jdupes rdfind python3" ;;

@@ -33,7 +33,8 @@ class CheckCase(unittest.TestCase):
         return done.returncode, done.stdout
 
     def assert_passes(self):
-        self.assertEqual(self.run_check()[0], 0, self.run_check()[1])
+        code, output = self.run_check()
+        self.assertEqual(code, 0, output)
 
     def assert_fails(self, *expected):
         """The check fails and prints exactly these problems."""
