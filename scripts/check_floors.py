@@ -6,7 +6,8 @@ import re
 import sources
 
 # From the ground up. A room includes itself and the rooms of all floors below it, none of its own floor.
-FLOORS = [["base"], ["forms", "host"], ["util"], ["settings"], ["integration"], ["pipeline"], ["wizard"], ["desktop"], ["apps"]]
+FLOORS = [["base"], ["forms", "host"], ["util"], ["settings"], ["integration"], ["pipeline"], ["wizard"], ["desktop"],
+          ["apps"]]
 # Rooms beside the floors: each of them includes itself and the rooms named here. A folder of tools/ is a program: it
 # includes its own files and the headers that stand directly in tools/, but no other program's.
 BESIDE = {"tools": {"base", "host"}, "bench": {"base", "forms", "host", "util"}, "boot": set()}
@@ -49,7 +50,7 @@ def objection(file, included):
 
 
 def resolve(root, file, name):
-    """The included file, looked up in the includer's folder and those above it; None when there is none below `root`."""
+    """The included file, looked up in the folder of `file` and those above it; None when there is none below `root`."""
     for folder in (root / file).parents:
         candidate = (folder / name).resolve()
         if candidate.is_file() and candidate.is_relative_to(root):
