@@ -1,4 +1,4 @@
-// The build's tree copy with progress as a program of its own, to be measured: bench_copy_tree SOURCE DESTINATION.
+// Copies a tree as a build does, with progress, so that run.py can measure it: bench_copy_tree SOURCE DESTINATION.
 #include <iostream>
 
 #include "forms/all_windows.h"
@@ -25,7 +25,7 @@ class SilentUser : public host::UserInterface {
   void OpenLink(std::string_view) override {}
 };
 
-// False, with the reason on standard error, unless every file was copied and the bar reached its end.
+// Returns true when every file was copied and the progress bar has reached its end. Prints the causes otherwise.
 bool Copy(std::string_view source, std::string_view destination) {
   forms::Windows windows;
   SilentUser user;
