@@ -1,4 +1,4 @@
-"""Whole builds and the tree copy: against cp, while a tool runs, and the memory that they take."""
+"""Measures whole builds and the tree copy: time against cp, processor time while a tool runs, memory."""
 
 import os
 import sys
@@ -27,7 +27,7 @@ done
 
 
 class CopyRun:
-    """Copies `source` to a new folder of `copies` at every call; all but the copying stands outside the time."""
+    """Copies `source` to a new folder below `copies` at every call. Only the copying itself is measured."""
 
     def __init__(self, command, source, copies):
         self.command, self.source, self.copies, self.calls = command, source, copies, 0
@@ -53,7 +53,7 @@ def copy_row(options):
 
 
 class WaitingShare:
-    """The watch of a build that measures it while its mastering tool sleeps."""
+    """Measures the processor time of a build while its mastering tool sleeps. Passed to measure.run as `watch`."""
 
     share = None  # of one processor
 
@@ -65,7 +65,7 @@ class WaitingShare:
             if not Path(f"/proc/{pid}").exists():
                 return
             time.sleep(0.01)
-        time.sleep(1)  # what the start of the tool itself costs is over
+        time.sleep(1)  # waits until the start of the tool is over
         start, before = time.monotonic(), measure.processor_time(pid)
         time.sleep(WAIT_SECONDS - 3)
         self.share = (measure.processor_time(pid) - before) / (time.monotonic() - start)
@@ -104,7 +104,7 @@ def memory_row(options):
 
 
 class WholeBuild:
-    """Builds a CD from `source` in a new program folder at every call; the last image stays for the other side."""
+    """Builds a CD from `source` in a new program folder at every call. Keeps the last image for TwoCopies."""
 
     def __init__(self, options, source, folders):
         self.options, self.source, self.folders, self.calls = options, source, folders, 0
@@ -123,7 +123,7 @@ class WholeBuild:
 
 
 class TwoCopies:
-    """Copies the tree and then the image, with one process each."""
+    """Copies the tree and then the image with cp, one process for each."""
 
     def __init__(self, build, folders):
         self.build, self.folders, self.calls = build, folders, 0

@@ -1,14 +1,14 @@
-"""What several measurements use: program folders, trees and what stands in them."""
+"""Shared by several measurements: program folders, folders for results, and the content of folders."""
 
 import os
 import shutil
 
-MADE = (0, 4)  # exit codes of the program when there is an image; 4: with warnings
-PASSING = "passing"  # below the work folder
+MADE = (0, 4)  # exit codes of the program that mean an image was made; 4 is with warnings
+PASSING = "passing"  # name of the folder for temporary results below the work folder
 
 
 def passing_folder(options, name):
-    """A new folder for what a measurement makes. It goes when all is measured: see empty_files."""
+    """A new folder for the results of a measurement. remove_passing() removes it at the end; see empty_files."""
     folder = options.work / PASSING / name
     folder.mkdir(parents=True)
     return folder
@@ -19,9 +19,9 @@ def remove_passing(options):
 
 
 def program_folder(options, name):
-    """A fresh copy of the program folder, to be built in; goes like a passing folder."""
+    """A new copy of the program folder for builds. It is a passing folder, too."""
     program, folder = options.build / "program", options.work / PASSING / name
-    # What builds that were made there have left is not part of it.
+    # Leaves out the files that earlier builds have left in the program folder.
     left_out = ["vexacd", "vexacd.ini", "mkisofs.log"]
     shutil.copytree(program, folder, ignore=lambda parent, _: left_out if parent == str(program) else [], symlinks=True)
     return folder
@@ -41,17 +41,17 @@ def contents(folder):
 
 
 def read_all(folder):
-    """Reads every file once and writes out what waits for it, so that every run finds the same memory and disk."""
+    """Reads every file and writes all changes to disk, so that every run begins with the same caches."""
     os.sync()
     for path in files_below(folder):
         path.read_bytes()
 
 
 def empty_files(folder):
-    """Gives back the room of a tree of copies.
+    """Frees the disk space of a tree of copies.
 
-    Emptied, not deleted: ext4 without a journal makes files slowly where others were deleted a short time ago, and the
-    run that comes next would pay for that.
+    The files are truncated, not deleted: ext4 without a journal is slow at making files where others were deleted a
+    short time before, which would slow down the next run.
     """
     for path in files_below(folder):
         os.truncate(path, 0)

@@ -1,4 +1,4 @@
-// The build's tree copy with progress as a program of its own, to be measured: bench_copy_tree SOURCE DESTINATION.
+// Copies a tree as a build does, with progress, so that run.py can measure it: bench_copy_tree SOURCE DESTINATION.
 #include <iostream>
 
 #include "host/names.h"
@@ -38,7 +38,7 @@ class CountedProgress : public util::Progress {
   std::int64_t shown_ = 0;
 };
 
-// False, with the reason on standard error, unless every file was copied and the progress reached its end.
+// Returns true when every file was copied and the progress has reached its end. Prints the causes otherwise.
 bool Copy(std::string_view source, std::string_view destination) {
   SilentUser user;
   util::Notes notes;

@@ -1,4 +1,4 @@
-"""Runs programs and accounts for them: wall time, processor time, peak memory."""
+"""Runs programs and measures their wall time, processor time and peak memory."""
 
 import os
 import statistics
@@ -15,15 +15,15 @@ MEMORY_POLL = 0.01  # seconds
 
 @dataclass
 class Usage:
-    """What a program that has ended used."""
+    """The resources that a program has used until its end."""
 
     wall: float  # seconds
-    processor: float  # user and system, with all programs that it started, seconds
+    processor: float  # user and system time of the program and of all that it started, seconds
     exit_code: int
 
 
 def run(command, output=subprocess.DEVNULL, watch=None):
-    """Runs a program to its end; `watch`, when given, is called with its process number in a thread of its own."""
+    """Runs a program to its end. `watch(pid)` is called in a second thread meanwhile."""
     start = time.perf_counter()
     process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=output, stderr=output)
     watcher = threading.Thread(target=watch, args=[process.pid]) if watch else None
@@ -31,7 +31,7 @@ def run(command, output=subprocess.DEVNULL, watch=None):
         watcher.start()
     _, status, resources = os.wait4(process.pid, 0)
     wall = time.perf_counter() - start
-    process.returncode = os.waitstatus_to_exitcode(status)  # so that Popen does not wait again
+    process.returncode = os.waitstatus_to_exitcode(status)  # Popen must not wait for the process again
     if watcher:
         watcher.join()
     processor = resources.ru_utime + resources.ru_stime
@@ -39,20 +39,20 @@ def run(command, output=subprocess.DEVNULL, watch=None):
 
 
 def must(usage, command, good=(0,)):
-    """The usage of a program that ended well; ends this program otherwise."""
+    """Returns the usage of a program with a good exit code. Ends this program for another exit code."""
     if usage.exit_code not in good:
         sys.exit(f"{' '.join(map(str, command))}: exit code {usage.exit_code}")
     return usage
 
 
 def processor_time(pid):
-    """Seconds of user and system time that a running program has used, without those that it started."""
+    """Seconds of user and system time that a running program has used, without the programs that it started."""
     fields = Path(f"/proc/{pid}/stat").read_text().rpartition(")")[2].split()
     return (int(fields[11]) + int(fields[12])) * CLOCK_TICK
 
 
 def peak_of(pid):
-    """The most memory that a running program has had so far, in bytes; nothing when it has ended."""
+    """The peak memory of a running program so far, in bytes; None when it has ended."""
     try:
         status = Path(f"/proc/{pid}/status").read_text()
     except (FileNotFoundError, ProcessLookupError):
@@ -62,7 +62,7 @@ def peak_of(pid):
 
 
 def descendants(pid):
-    """The process numbers of all programs that a program has started, and those of theirs."""
+    """The process numbers of all programs that a program has started, directly or indirectly."""
     children = []
     for task in Path("/proc").glob(f"{pid}/task/*/children"):
         try:
@@ -73,9 +73,10 @@ def descendants(pid):
 
 
 class PeakMemory:
-    """The watch of a run that notes the peak of the program itself and of the largest that it starts, in bytes.
+    """Measures the peak memory of a program and of the largest program that it starts, in bytes. Passed as `watch`.
 
-    What the system accounts for at the end is of no use here: it counts the memory of whoever started the program.
+    The figure that the system gives at the end of a process cannot be used, because it includes the memory of the
+    process that started it.
     """
 
     peak = 0
@@ -90,7 +91,7 @@ class PeakMemory:
 
 @dataclass
 class Comparison:
-    """Two commands run in turn."""
+    """The result of running two commands alternately."""
 
     ours: float  # median, seconds
     theirs: float
@@ -100,9 +101,9 @@ class Comparison:
 
 
 def compare(pairs, run_ours, run_theirs):
-    """Runs both once to warm up and then in turn; each function returns a Usage.
+    """Runs both functions, which return a Usage, once to warm up and then alternately.
 
-    Who goes first changes from pair to pair, so that a machine that becomes slower or faster favours neither.
+    The first one changes from pair to pair, so that a machine that becomes slower or faster favours neither.
     """
     run_ours(), run_theirs()
     results = []

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Measures the program and prints ratios; writes nothing outside its work folders unless told to (--write)."""
+"""Measures the program and prints ratios. Writes to its work folders only, and with --write to bench/README.md."""
 
 import argparse
 import os
@@ -12,9 +12,9 @@ from common import remove_passing
 ROOT = Path(__file__).resolve().parent.parent
 README = ROOT / "bench" / "README.md"
 TABLE_BEGIN, TABLE_END = "<!-- table begin -->\n", "<!-- table end -->\n"
-QUIET = 0.5  # load average above which others disturb
+QUIET = 0.5  # load average above which other programs disturb the measurements
 
-# Each gives [(what, measured, aim, whether it was reached)].
+# Each function returns [(what, measured value, aim, whether the aim was reached)].
 ROWS = {
     "copy": build_rows.copy_row,
     "waiting": build_rows.waiting_row,
@@ -27,7 +27,7 @@ ROWS = {
 
 
 def machine(folder):
-    """The class of this machine in a few words."""
+    """A short description of this machine."""
     gigabytes = round(os.sysconf("SC_PHYS_PAGES") * os.sysconf("SC_PAGE_SIZE") / 2**30)
     release = dict(line.split("=", 1) for line in Path("/etc/os-release").read_text().splitlines() if "=" in line)
     mounts = [line.split() for line in Path("/proc/mounts").read_text().splitlines()]

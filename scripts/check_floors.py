@@ -6,7 +6,8 @@ import re
 import sources
 
 # From the ground up. A room includes itself and the rooms of all floors below it, none of its own floor.
-FLOORS = [["base", "forms"], ["host"], ["util"], ["settings", "steps"], ["integration"], ["pipeline"], ["wizard"], ["desktop"], ["apps"]]
+FLOORS = [["base", "forms"], ["host"], ["util"], ["settings", "steps"], ["integration"], ["pipeline"], ["wizard"],
+          ["desktop"], ["apps"]]
 # Rooms below that a room does not know either: copying and asking the system know no windows.
 UNKNOWN = {"host": {"forms"}, "util": {"forms"}}
 # Rooms beside the floors: each of them includes itself and the rooms named here. A folder of tools/ is a program: it
@@ -52,7 +53,7 @@ def objection(file, included):
 
 
 def resolve(root, file, name):
-    """The included file, looked up in the includer's folder and those above it; None when there is none below `root`."""
+    """The included file, looked up in the folder of `file` and those above it; None when there is none below `root`."""
     for folder in (root / file).parents:
         candidate = (folder / name).resolve()
         if candidate.is_file() and candidate.is_relative_to(root):

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks that every C++ file opens with a sentence that says what it is, and that headers have #pragma once."""
+"""Checks that every C++ file begins with a comment of at least one sentence, and that every header has #pragma once."""
 
 import re
 
@@ -9,7 +9,7 @@ PRAGMA_ONCE = re.compile(r"^#pragma once$", re.MULTILINE)
 
 
 def opening_comment(text):
-    """The text of the // lines at the very start, joined."""
+    """The // lines at the start of a file, joined to one text."""
     lines = []
     for line in text.splitlines():
         if not line.startswith("//"):
@@ -19,7 +19,7 @@ def opening_comment(text):
 
 
 def has_sentence(comment):
-    """Several words that end in a full stop."""
+    """Whether the comment has at least two words that end with a full stop."""
     return bool(re.match(r"\S+\s+\S.*[.](\s|$)", comment))
 
 

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Checks that headers and macros of one operating system or window toolkit stand only where the house allows them."""
+"""Checks that headers and macros of an operating system or a window toolkit are used in the rooms of ALLOWED only."""
 
 import re
 
 import sources
 
-# Headers of host/ itself are free of the operating system; what stands behind them is not.
+# The headers directly in host/ must not depend on the operating system; their implementations do.
 ALLOWED = [("host", "posix"), ("host", "win32"), ("desktop",), ("apps",), ("tests",)]
 
 POSIX_HEADERS = (
@@ -15,13 +15,13 @@ POSIX_HEADERS = (
 WINDOWS_HEADERS = "commctrl commdlg conio direct htmlhelp io objbase process shellapi shlobj shlwapi tchar win[a-z0-9]+"
 
 HEADERS = "|".join((POSIX_HEADERS + " " + WINDOWS_HEADERS).split())
-# In double quotes such a name is a file of the house or, as check_floors.py says, of nobody.
+# A name in double quotes is a file of this repository, which check_floors.py looks at.
 HEADER = re.compile(rf"^\s*#\s*include\s*<((?:(?i:{HEADERS})\.h|Q[tA-Z][^>]*))>")
 MACRO = re.compile(r"^\s*#.*?\b(_WIN32|_WIN64|_MSC_VER|__MINGW32__|__linux__|__unix__|__APPLE__|_POSIX_\w+)\b")
 
 
 def foreign_name(line):
-    """The platform header or macro that a line of C++ names, or None."""
+    """The header or macro of a platform that a line of C++ names, or None."""
     header = HEADER.match(line)
     if header:
         return f"<{header[1]}>"

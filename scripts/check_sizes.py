@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Prints how long functions and files are (median, 90th percentile, largest) and refuses those that are too long."""
+"""Prints the lengths of functions and files (median, 90th percentile, largest). Fails when one is too long."""
 
 import re
 import subprocess
@@ -11,7 +11,7 @@ MAX_FUNCTION_LINES = 60
 MAX_FILE_LINES = 600
 LARGEST_SHOWN = 3
 
-# "path" or "path: Function" -> why it may be longer. Keep this short; an entry that is not needed is refused too.
+# {"path" or "path: Function": reason why it may be longer}. The check also fails for an entry that is not needed.
 EXCEPTIONS = {}
 
 CTAGS = ["ctags", "-f", "-", "--languages=C++", "--langmap=C++:.cpp.h", "--c++-kinds=f", "--fields=+ne", "-L", "-"]
@@ -19,13 +19,13 @@ TEST_NAME = re.compile(r"/\^\s*TEST\w*\((\w+), *(\w+)\)")
 
 
 def function_name(fields):
-    """The name in a line of ctags; for a test its suite and its name."""
+    """The name of a function in a line of ctags. A test has the name Suite.Name."""
     test = TEST_NAME.match(fields[2])
     return f"{test[1]}.{test[2]}" if test else fields[0]
 
 
 def function_lengths(root, files):
-    """[(lines, "path: Function")] of all functions; a lambda counts with the function that it stands in."""
+    """[(lines, "path: Function")] of all functions. The lines of a lambda count for the function around it."""
     names = "\n".join(map(str, files))
     tags = subprocess.run(CTAGS, cwd=root, input=names, stdout=subprocess.PIPE, text=True, errors="replace", check=True)
     lengths = []
@@ -35,7 +35,7 @@ def function_lengths(root, files):
             continue
         start = int(re.search(r"\tline:(\d+)", tag)[1])
         end = re.search(r"\tend:(\d+)", tag)
-        if end:  # "= default" has none
+        if end:  # missing for "= default"
             lengths.append((int(end[1]) - start + 1, f"{fields[1]}: {function_name(fields)}"))
     return lengths
 
@@ -55,7 +55,7 @@ def report(kind, lengths):
 
 
 def too_long(lengths, most):
-    """(problems, names of the exceptions that were needed)"""
+    """Returns (problems, names of the exceptions that were needed)."""
     problems, used = [], set()
     for lines, name in lengths:
         if lines <= most:

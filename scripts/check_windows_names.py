@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks that nothing of ours has the name of a macro of <windows.h>: a file that includes both would rename it."""
+"""Checks that no name in our C++ files is a macro of <windows.h>, which would replace the name in some files."""
 
 import re
 import subprocess
@@ -7,12 +7,12 @@ import subprocess
 import sources
 
 COMPILER = "x86_64-w64-mingw32-g++-win32"
-HEADERS = "windows commctrl commdlg objbase shellapi shlobj".split()  # what a window of Windows is written with
-# What our own files include anyway: these macros mean the same everywhere.
+HEADERS = "windows commctrl commdlg objbase shellapi shlobj".split()  # the headers for a native window
+# Macros of the C library are not counted, because they are the same in every file.
 STANDARD = "cassert cerrno cfloat climits clocale cmath csignal cstddef cstdint cstdio cstdlib cstring ctime".split()
-# Names of parameters only, and the ones that they have always had: renamed alike everywhere, they change nothing.
+# These macros are not counted: in our files they name only parameters, and a renamed parameter changes nothing.
 PARAMETERS = {"FindText", "ReplaceText"}
-BACK_ROOMS = [("host", "win32"), ("desktop", "win32"), ("tests",)]  # these are written with the macros
+BACK_ROOMS = [("host", "win32"), ("desktop", "win32"), ("tests",)]  # files here use the macros on purpose
 
 SKIPPED = re.compile(r'//[^\n]*|/\*[\s\S]*?\*/|R"\([\s\S]*?\)"|"(?:\\.|[^"\\\n])*"|(?<!\d)\'(?:\\.|[^\'\\\n])*\'|^[ \t]*#.*$',
                      re.MULTILINE)
@@ -20,7 +20,7 @@ WORD = re.compile(r"\b[A-Za-z_]\w*\b")
 
 
 def macros_of(includes):
-    """The names of all macros that these #include lines define."""
+    """The names of all macros that are defined after these #include lines."""
     output = subprocess.run([COMPILER, "-DNOMINMAX", "-DWIN32_LEAN_AND_MEAN", "-E", "-dM", "-xc++", "-"],
                             input=includes, capture_output=True, text=True, check=True).stdout
     return {re.split(r"[ (]", line, maxsplit=2)[1] for line in output.splitlines()}
@@ -32,7 +32,7 @@ def windows_macros():
 
 
 def names_in(text):
-    """(line number, name) of every name in C++ text; comments, literals and preprocessor lines are passed over."""
+    """(line number, name) of every name in C++ text, without comments, literals and preprocessor lines."""
     text = SKIPPED.sub(lambda match: "\n" * match[0].count("\n"), text)
     for number, line in enumerate(text.splitlines(), 1):
         for name in WORD.findall(line):

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Checks that Windows programs start on every Windows and processor that they are meant for.
+"""Checks that Windows programs start on Windows 98 and later, on a Pentium Pro and later.
 
-    check_windows_programs.py [--list] PROGRAM.exe...      --list: also prints what each imports
+    check_windows_programs.py [--list] PROGRAM.exe...      --list: also prints the imports
 """
 
 import re
@@ -15,19 +15,19 @@ OBJDUMP = "i686-w64-mingw32-objdump"
 
 I386 = 0x14C
 PE32 = 0x10B
-NEWEST_VERSION = (4, 0)  # Windows 95 and NT 4.0 are 4.0, and refuse what says more
+NEWEST_VERSION = (4, 0)  # Windows 95 to Me and NT 4.0 refuse programs with a higher version
 DIRECTORY_IMPORT, DIRECTORY_DELAYED = 1, 13
 
-# Registers that a Pentium Pro lacks, and instructions beside them that came with these. Not among them is tzcnt: older
-# processors run it as bsf, and the compiler writes it only where both give the same.
+# Registers that a Pentium Pro lacks, and newer instructions that use none of them. tzcnt is allowed: older processors
+# run it as bsf, and the compiler uses it only where both give the same result.
 NEWER_REGISTER = re.compile(r"%(?:[xyz]?mm[0-9]|k[0-7]\b)")
 NEWER_INSTRUCTION = re.compile(
     r"\t(?:emms|prefetch\w*|[slm]fence|movnti\w?|fisttp\w*|(?:ld|st)mxcsr|fx(?:save|rstor)\w*|popcnt\w?|lzcnt\w?"
     r"|crc32\w?|movbe\w?|xgetbv|rdtscp|andn|bextr|bls\w+|mulx|pdep|pext|rorx|s[ah][lr]x|cmpxchg16b|rd(?:rand|seed)|v(?!err|erw)\w+)\b"
 )
 FUNCTION = re.compile(r"^[0-9a-f]+ <(.+)>:$")
-# Functions that are called only where the processor has said that it has their instructions: by the C++ library's
-# std::random_device, which looks with cpuid.
+# Functions of std::random_device with newer instructions. The C++ library calls them only after cpuid has shown that
+# the processor has these instructions.
 ASKS_THE_PROCESSOR = frozenset(
     {
         ".text$_ZNSt12_GLOBAL__N_112__x86_rdrandEPv",
@@ -35,13 +35,13 @@ ASKS_THE_PROCESSOR = frozenset(
         ".text$_ZNSt12_GLOBAL__N_119__x86_rdseed_rdrandEPv",
     }
 )
-# What the linker puts behind the functions of the same section without being any: addresses of handlers, constructors
-# and destructors, which make an instruction by chance.
+# Tables of addresses that the linker places after functions. The disassembler takes them for code, in which a newer
+# instruction can occur by chance.
 TABLE = re.compile(r"\.gcc_except_table|\.[cd]tors(?:\.\d+)?|_*[CD]TOR_LIST__")
 
 
 class NotAProgram(Exception):
-    """The file is not a Windows program; the text says why."""
+    """The file is not a Windows program. The text of the exception says why."""
 
 
 class Program:
@@ -58,7 +58,7 @@ class Program:
         self.optional = header + 24
         self.magic = self.number("H", self.optional)
         if self.magic != PE32:
-            return  # everything below lies elsewhere then
+            return  # the fields below have other offsets in such a file
         self.os_version = self.numbers("HH", self.optional + 40)
         self.subsystem_version = self.numbers("HH", self.optional + 48)
         first = self.optional + self.number("H", header + 20)
@@ -74,7 +74,7 @@ class Program:
         return self.numbers(kind, at)[0]
 
     def place(self, address):
-        """Where in the file the byte with this address in memory is."""
+        """The offset in the file of the byte with this address in memory."""
         for size, start, stored, at in self.sections:
             if start <= address < start + max(size, stored):
                 return at + address - start
@@ -89,7 +89,7 @@ class Program:
         return self.number("I", self.optional + 96 + 8 * index) if index < count else 0
 
     def imports(self):
-        """(library in lower case, function or "#number") of each import."""
+        """(library in lower case, name of the function or "#number") of each import."""
         table = self.directory(DIRECTORY_IMPORT)
         while table:
             names, _, _, library, addresses = self.numbers("IIIII", self.place(table))
@@ -108,7 +108,7 @@ class Program:
 
 
 def reviewed_imports(path=IMPORTS):
-    """{(library, function)} of the list."""
+    """{(library, function)} of windows_imports.txt."""
     lines = [line.partition("#")[0].split() for line in path.read_text(encoding="utf-8").splitlines()]
     return {(words[0], words[1]) for words in lines if words}
 
@@ -161,7 +161,7 @@ def disassembly(path):
 
 
 def check(path, reviewed):
-    """The problems of one program."""
+    """All problems of one program."""
     try:
         program = Program(Path(path).read_bytes())
         problems = header_problems(program)

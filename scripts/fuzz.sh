@@ -1,6 +1,6 @@
 #!/bin/sh
-# Builds the fuzz targets with clang and the sanitizers and runs each for a while; stops at the first that fails.
-#   scripts/fuzz.sh [SECONDS]   how long each runs (default 60)
+# Builds the fuzz targets with clang and the sanitizers and runs each of them. Stops at the first failure.
+#   scripts/fuzz.sh [SECONDS]   time for each target (default 60)
 set -eu
 seconds=${1:-60}
 cd "$(dirname "$0")/.."
@@ -11,7 +11,7 @@ cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMP
   -DDISCWRIGHT_TESTS=OFF -DDISCWRIGHT_FUZZ=ON -DDISCWRIGHT_SANITIZE=ON --log-level=WARNING
 cmake --build $build --target fuzz_iso_reader fuzz_mkisofs_options mkisofs
 
-# Images to begin with; what is found beyond them is kept for the next run.
+# Seeds: two images and a command line. The fuzzer adds the inputs that it finds, for the next run.
 seeds=$build/seeds
 mkdir -p $seeds/tree/boot/deeper $seeds/iso_reader $seeds/mkisofs_options
 echo loader >$seeds/tree/boot/loader.bin

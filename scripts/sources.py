@@ -1,14 +1,14 @@
-"""The C++ files of the house, and how a check reports: what the check_*.py scripts share."""
+"""Shared by the check_*.py scripts: the list of C++ files, and running a check."""
 
 import os
 import sys
 from pathlib import Path
 
-ROOMS_OUTSIDE = {"build", "files"}  # what is made, and data that ships as it is
+ROOMS_OUTSIDE = {"build", "files"}  # built files, and data that ships unchanged
 
 
 def cpp_files(root):
-    """The paths below `root` (a Path) of all C++ files, relative to it and sorted."""
+    """The sorted paths of all C++ files below `root` (a Path), relative to it."""
     found = []
     for folder, folders, names in os.walk(root):
         top = Path(folder) == root
@@ -18,14 +18,14 @@ def cpp_files(root):
 
 
 def read_text(path):
-    """The text of a file; bytes that are not UTF-8 are replaced, no check looks at them."""
+    """The text of a file. Bytes that are not UTF-8 are replaced, because no check needs them."""
     return path.read_text(encoding="utf-8", errors="replace")
 
 
 def run(check):
-    """Runs check(root) -> problems on the tree named by the first argument (default: the one that holds this script).
+    """Calls check(root), which returns problems, for the tree named by the first argument (default: this repository).
 
-    Prints every problem, one per line, and ends the program with 1 when there is one.
+    Prints one problem per line and exits with 1 when there is one, otherwise with 0.
     """
     root = Path(sys.argv[1] if len(sys.argv) > 1 else Path(__file__).parent.parent).resolve()
     if not cpp_files(root):

@@ -1,39 +1,39 @@
 ; The CD boot sector of Windows Setup and the recovery tools: loads I386\SETUPLDR.BIN from the CD and starts it.
 ;
-; One sector for three folders: what reads "I386" here reads "ERDC" or "OOBC" in the copies that the build patches. The
-; folder's name stands once, and the messages are put together from it.
+; The build replaces the name "I386" by "ERDC" or "OOBC" in two copies of this sector. So the name occurs exactly once,
+; and the messages are put together from it. Tests: ShippedFiles.BootSectors_AreOneCdSectorWithOneNameToPatch.
 ;
 ; Memory map:
-;   0000:0400-0000:04FF  the BIOS's own data
+;   0000:0400-0000:04FF  BIOS data area
 ;   ....-0000:7BFF       stack, downwards from 0000:7C00
 ;   0000:7C00-0000:83FF  this program (one CD sector)
 ;   0000:8400-0000:841F  variables
-;   1000:0000-1000:7FFF  volume descriptors and folders, a piece at a time
-;   2000:0000-           SETUPLDR.BIN, up to the end of what INT 12h calls memory
+;   1000:0000-1000:7FFF  buffer for volume descriptors and directories, 16 sectors at a time
+;   2000:0000-           SETUPLDR.BIN, up to the end of the memory that INT 12h reports
 ;
-; Started at 0000:7C00 or 07C0:0000 with DL = drive; no other register is promised. Instructions of the 80386.
+; The BIOS enters at 0000:7C00 or 07C0:0000 with DL = drive. The other registers are undefined. Needs an 80386.
 
 bits 16
 cpu 386
 org 0x7C00
 
-TEXT_SCREEN      equ 0x0E       ; INT 10h: write a character as on a terminal
-READ_SECTORS     equ 0x42       ; INT 13h
+TELETYPE_OUTPUT  equ 0x0E       ; function of INT 10h
+EXTENDED_READ    equ 0x42       ; function of INT 13h
 SECTOR           equ 2048
-PIECE            equ 16         ; sectors in one read: 32 KB, which no BIOS refuses
-TRIES            equ 4          ; one, and three more
-BUFFER           equ 0x1000     ; segments, on 32 KB: a piece never crosses a 64 KB boundary
+PIECE            equ 16         ; sectors per read: 32 KB, a size that every BIOS accepts
+TRIES            equ 4          ; for each read
+BUFFER           equ 0x1000     ; segments at multiples of 32 KB: no piece crosses a 64 KB boundary, as DMA requires
 TARGET           equ 0x2000
 TARGET_KB        equ TARGET / 64
 LOW_MEMORY_KB    equ 640
 
-; Volume descriptors and directory records of ISO 9660.
+; Offsets and values of volume descriptors (ECMA-119 8) and directory records (ECMA-119 9.1).
 FIRST_DESCRIPTOR equ 16
 PRIMARY          equ 1
 TERMINATOR       equ 255
-ROOT_RECORD      equ 156        ; in the primary descriptor
+ROOT_RECORD      equ 156        ; offset in the primary descriptor
 RECORD_LENGTH    equ 0
-RECORD_XAR       equ 1          ; sectors of attributes before the content
+RECORD_XAR       equ 1          ; length of the extended attribute record, in sectors before the content
 RECORD_SECTOR    equ 2
 RECORD_BYTES     equ 10
 RECORD_FLAGS     equ 25
@@ -41,24 +41,24 @@ RECORD_NAME_SIZE equ 32
 RECORD_NAME      equ 33
 IS_FILE          equ 0
 IS_FOLDER        equ 2
-KIND             equ 6          ; folder, and "associated": a second file of the same name, never the one meant
+KIND             equ 6          ; the flags "directory" and "associated file", which is a second stream of a file
 MORE_EXTENTS     equ 0x80
 
 absolute 0x8400
-packet:     resb 16             ; of the read
-extent:                         ; what is being read
+packet:     resb 16             ; disk address packet of INT 13h
+extent:                         ; the extent being read
 .sector:    resd 1              ; the next sector
 .count:     resd 1              ; how many sectors are left
-found:                          ; what the search has found, as in `extent`
+found:                          ; the extent that the search has found
 .sector:    resd 1
 .count:     resd 1
 
 section .text
 
 start:
-    jmp 0x0000:.here            ; some BIOSes enter at 07C0:0000: no memory operand before this
+    jmp 0x0000:.here            ; sets CS: some BIOSes enter at 07C0:0000
 .here:
-    cli                         ; the BIOS's own stack may lie anywhere
+    cli                         ; no interrupt may use the stack while SS:SP change
     xor ax, ax
     mov ss, ax
     mov sp, 0x7C00
@@ -85,7 +85,7 @@ start:
     mov dl, [drive]
     jmp TARGET:0x0000
 
-; Makes the root folder of the primary volume what is read next; says so when there is none.
+; Sets `extent` to the root directory of the volume. Ends with a message when there is no primary descriptor.
 ; IN: -. OUT: extent. CLOBBERS: EAX, CX, DI, ES.
 open_root:
     mov ax, BUFFER
@@ -112,9 +112,9 @@ open_root:
     call note_record
     jmp open_found
 
-; Looks for a name in the folder that is in `extent`, ignoring letter case. Of several entries the one that is spelled
-; exactly so is taken, else the first; without any, says so.
-; IN: SI = name, CX = its length, DL = IS_FILE or IS_FOLDER. OUT: extent = what was found.
+; Searches the directory in `extent` for a name in any letter case. Takes the entry with exactly this spelling, or else
+; the first one. Ends with a message when there is none.
+; IN: SI = name, CX = its length, DL = IS_FILE or IS_FOLDER. OUT: extent = that of the entry.
 ; CLOBBERS: EAX, BX, DH, BP, DI, ES.
 search:
     mov ax, BUFFER
@@ -139,7 +139,8 @@ search:
     mov si, missing
     jmp stop
 
-; IN: found. OUT: extent, the same. CLOBBERS: EAX.
+; Copies `found` to `extent`.
+; IN: found. OUT: extent. CLOBBERS: EAX.
 open_found:
     mov eax, [found.sector]
     mov [extent.sector], eax
@@ -148,11 +149,11 @@ open_found:
     ret
 
 EXACT equ 2
-ALIKE equ 1                     ; but for letter case
+ALIKE equ 1                     ; equal except for letter case
 
-; Looks for a name in one sector of a folder: a record never reaches into the next.
-; IN: ES:BX = sector, SI, CX, DL as in `search`, DH = 0 or what was found before.
-; OUT: DH = ALIKE or EXACT when found, then also `found`. CLOBBERS: BP, DI.
+; Searches one sector of a directory. No record crosses the border of a sector.
+; IN: ES:BX = sector, SI, CX, DL as in `search`, DH = 0, or ALIKE when an earlier sector has the name.
+; OUT: DH = 0, ALIKE or EXACT; `found` when DH has become larger. CLOBBERS: BP, DI.
 search_sector:
     push eax
     mov di, bx
@@ -165,7 +166,7 @@ search_sector:
     push ax
     call compare
     cmp al, dh
-    jbe .pass                   ; nothing better than before
+    jbe .pass                   ; no better match than before
     mov dh, al
     call note_record
 .pass:
@@ -178,7 +179,8 @@ search_sector:
     pop eax
     ret
 
-; IN: ES:DI = record, SI, CX, DL as in `search`. OUT: AL = 0 (another name or kind), ALIKE or EXACT. CLOBBERS: AH.
+; Compares a record with the name. A version ";1" after the name in the record is ignored.
+; IN: ES:DI = record, SI, CX, DL as in `search`. OUT: AL = 0 (other name or kind), ALIKE or EXACT. CLOBBERS: AH.
 compare:
     push bx
     push cx
@@ -224,23 +226,24 @@ compare:
     pop bx
     ret
 
-; IN: ES:DI = record. OUT: `found` = where its content stands. CLOBBERS: EAX.
+; Sets `found` to the extent of a record.
+; IN: ES:DI = record. OUT: found. CLOBBERS: EAX.
 note_record:
     movzx eax, byte [es:di + RECORD_XAR]
     add eax, [es:di + RECORD_SECTOR]
     mov [found.sector], eax
     mov eax, [es:di + RECORD_BYTES]
     add eax, SECTOR - 1
-    rcr eax, 1                  ; with the carry of the sum: a size just below 4 GB stays large
+    rcr eax, 1                  ; includes the carry, which the sum sets for a size just below 4 GB
     shr eax, 10
     test byte [es:di + RECORD_FLAGS], MORE_EXTENTS
     jz .whole
-    mov eax, -1                 ; only the first part of something very large
+    mov eax, -1                 ; a file of several extents is larger than 4 GB: too large for the memory
 .whole:
     mov [found.count], eax
     ret
 
-; Says so when the file in `extent` is empty or does not fit, in whole sectors, into the memory that there is.
+; Ends with a message when the file in `extent` is empty, or when its sectors do not fit into the memory.
 ; IN: extent. OUT: -. CLOBBERS: EAX, SI.
 check_size:
     mov si, empty
@@ -260,7 +263,7 @@ check_size:
     ja stop
     ret
 
-; Loads what is in `extent` to TARGET:0000.
+; Reads `extent` to TARGET:0000.
 ; IN: extent. OUT: -. CLOBBERS: EAX, ES.
 load:
     mov ax, TARGET
@@ -276,7 +279,8 @@ load:
     ret
 
 ; Reads the next piece of `extent`.
-; IN: extent, ES:0000 = place. OUT: AX = sectors read, 0 at the end; extent = the rest. CLOBBERS: upper half of EAX.
+; IN: extent, ES:0000 = buffer. OUT: AX = sectors read, 0 at the end; extent = the part not yet read.
+; CLOBBERS: upper half of EAX.
 read_piece:
     push ecx
     mov ecx, PIECE
@@ -294,32 +298,32 @@ read_piece:
     pop ecx
     ret
 
-; Reads sectors of the CD, several times if need be; says so when they cannot be read.
-; IN: EAX = sector, CX = how many (1 to PIECE), ES:0000 = place. OUT: -. CLOBBERS: -.
+; Reads sectors of the CD and repeats a failed read. Ends with a message when all tries have failed.
+; IN: EAX = sector, CX = count (1 to PIECE), ES:0000 = buffer. OUT: -. CLOBBERS: -.
 read:
     push dx
     push si
     mov dh, TRIES
 .try:
-    mov word [packet], 16       ; the whole packet each time: a BIOS may write to it
+    mov word [packet], 16       ; fills the whole packet each time, because some BIOSes change it
     mov [packet + 2], cx
     mov word [packet + 4], 0
     mov [packet + 6], es
     mov [packet + 8], eax
     mov dword [packet + 12], 0
     push ax
-    mov ah, READ_SECTORS
+    mov ah, EXTENDED_READ
     mov si, packet
     call disk
     pop ax
     jc .failed
-    cmp [packet + 2], cx        ; a BIOS may read less and call it a success
+    cmp [packet + 2], cx        ; some BIOSes read fewer sectors and report success
     je .end
 .failed:
     dec dh
     jz .unreadable
     push ax
-    mov ah, 0                   ; reset
+    mov ah, 0                   ; function 0 of INT 13h: reset the drive
     call disk
     pop ax
     jmp .try
@@ -331,8 +335,8 @@ read:
     mov si, unreadable
     jmp stop
 
-; Calls the BIOS's disk services for our drive. It may change registers that are none of its business.
-; IN: AH = service, SI = its packet. OUT: CF as the BIOS leaves it. CLOBBERS: -.
+; Calls INT 13h for the CD drive. Saves all registers, because some BIOSes change registers that they should keep.
+; IN: AH = function, SI = packet. OUT: CF as the BIOS returns it. CLOBBERS: -.
 disk:
     pushad
     push ds
@@ -342,16 +346,16 @@ disk:
     pop es
     pop ds
     popad
-    cld                         ; nor are flags promised, but for CF
+    cld                         ; some BIOSes change DF and IF, too
     sti
     ret
 
-; Shows a text, waits for a key and starts the machine again.
+; Shows a message, waits for a key and restarts the machine.
 ; IN: SI = text. OUT: does not return.
 stop:
     push si
 .forget:
-    mov ah, 1                   ; a key that was pressed before is no answer to the text
+    mov ah, 1                   ; drops keys that were pressed before the message
     int 0x16
     jz .show
     mov ah, 0
@@ -366,12 +370,13 @@ stop:
     call print
     mov ah, 0
     int 0x16
-    mov word [0x0472], 0x1234   ; no memory test
+    mov word [0x0472], 0x1234   ; asks the BIOS to skip its memory test
     jmp 0xFFFF:0x0000
 
-PATH equ 1                      ; in a text: the file's path, so that the folder's name stands once
+PATH equ 1                      ; a character in a text that stands for the path of SETUPLDR.BIN
 
-; IN: SI = text ended by NUL. OUT: shown through the BIOS. CLOBBERS: AX, BX, SI.
+; Shows a text on the screen.
+; IN: SI = text ended by NUL. OUT: -. CLOBBERS: AX, BX, SI.
 print:
     lodsb
     test al, al
@@ -384,7 +389,7 @@ print:
     pop si
     jmp print
 .letter:
-    mov ah, TEXT_SCREEN
+    mov ah, TELETYPE_OUTPUT
     mov bx, 7                   ; page 0, light grey
     int 0x10
     jmp print
@@ -417,4 +422,4 @@ new_line:
 drive:
     db 0
 
-    times SECTOR - ($ - $$) db 0  ; refused by the assembler when there is more
+    times SECTOR - ($ - $$) db 0  ; the assembler refuses a program that is larger than a sector

@@ -1,15 +1,17 @@
-; The CD's boot loader as far as it is built: says that this disc has no boot menu and starts the machine again.
+; The boot loader of the CD. It does not have a boot menu yet: it shows a message, waits for a key and restarts the
+; machine.
 ;
 ; Memory map: 0000:7C00-0000:83FF this program (one CD sector); stack from 0000:7C00 downwards.
-; The BIOS loads 4 sectors of 512 bytes and enters at 0000:7C00 or 07C0:0000, DL = drive; no other register is promised.
+; The BIOS loads 4 sectors of 512 bytes and enters at 0000:7C00 or 07C0:0000 with DL = drive. The other registers are
+; undefined.
 
 bits 16
 org 0x7C00
 
 start:
-    jmp 0x0000:.here            ; some BIOSes enter at 07C0:0000: no memory operand before this
+    jmp 0x0000:.here            ; sets CS: some BIOSes enter at 07C0:0000
 .here:
-    cli                         ; the BIOS's own stack may lie anywhere
+    cli                         ; no interrupt may use the stack while SS:SP change
     xor ax, ax
     mov ss, ax
     mov sp, 0x7C00
@@ -20,10 +22,11 @@ start:
     call print
     xor ah, ah
     int 0x16                    ; wait for a key
-    mov word [0x0472], 0x1234   ; warm start
+    mov word [0x0472], 0x1234   ; asks the BIOS to skip its memory test
     jmp 0xFFFF:0x0000
 
-; IN: DS:SI = text ended by NUL. OUT: shown through the BIOS. CLOBBERS: AX, BX, SI.
+; Shows a text on the screen.
+; IN: DS:SI = text ended by NUL. OUT: -. CLOBBERS: AX, BX, SI.
 print:
     lodsb
     test al, al

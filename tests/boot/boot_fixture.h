@@ -1,4 +1,4 @@
-// What the tests of the boot programs begin with: a tree for a CD, and the ways to master it.
+// The fixture for tests of the boot programs: put files into `tree`, call Master(), start an Emulator with `image`.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -17,10 +17,10 @@
 
 namespace discwright::testing {
 
-// The files that boot/ is built to, in the program folder.
+// A file of the built program folder.
 inline std::string ShippedFile(const std::string& path) { return ReadFile(fs::path(SHIPPED_FILES) / path); }
 
-// A program of tests/boot/ that starts a CD boot sector in a way of its own; the sector stands behind it.
+// A variant of boot_starter.asm, followed by the CD boot sector that it starts.
 inline std::string Starter(const std::string& name, const std::string& sector) {
   return ReadFile(fs::path(BOOT_STARTERS) / (name + ".bin")) + sector;
 }
@@ -29,10 +29,10 @@ inline const std::string kStarted = SetupLoaderLine();
 
 class BootTest : public ::testing::Test {
  protected:
-  // Puts the program that the BIOS starts on the CD.
+  // Stores the program that the BIOS starts from the CD.
   void StartWith(const std::string& program) const { WriteFile(tree / "boot/sector.bin", program); }
 
-  // Masters `tree` to `image`. First the arguments of the product's own script.
+  // Both master `tree` to `image`: Master() as the build does, MasterBy() with another program.
   void Master() const { MasterBy({MKISOFS_PROGRAM}, {"-iso-level", "4", "-omit-period"}); }
   void MasterBy(const std::vector<std::string>& program, const std::vector<std::string>& options) const {
     const std::vector<std::string> boot = {"-no-emul-boot",  "-boot-load-size", "4",
@@ -43,7 +43,7 @@ class BootTest : public ::testing::Test {
     ASSERT_EQ(outcome.exit_code, 0) << outcome.err;
   }
 
-  // An entry of the image that Master() has made.
+  // Finds an entry of the image.
   IsoEntry Entry(const std::string& path) const {
     const std::string bytes = ReadFile(image);
     const IsoImage iso = ReadIso({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});

@@ -1,16 +1,17 @@
-; Starts a CD boot sector as something other than this BIOS does. The sector stands behind this program in the CD's
-; boot image, is read from the CD to 0000:7C00 and started there with the drive in DL, no other register in order, and
-; a key typed ahead.
+; Starts a CD boot sector in ways in which the emulator's BIOS does not start it. The sector follows this program in the
+; boot image of the CD. The program reads it to 0000:7C00 and enters it with the drive in DL, random values in the other
+; registers and a key in the keyboard buffer. Definitions for the assembler select a variant:
 ;
-; SEGMENT    0 or 0x7C0: as 0000:7C00 or as 07C0:0000
-; MEMORY_KB  what INT 12h tells the sector
-; BAD_BIOS   puts something before INT 13h that calls the CD drive 9F; of each read fails once, then reads less than it
-;            was asked for and calls it a success, then reads; ruins every register, and the packet when it fails;
-;            objects to reads of more than 16 sectors or across 64 KB, and to a further try without a reset
+; SEGMENT    0 enters at 0000:7C00, 0x7C0 at 07C0:0000
+; MEMORY_KB  the size that INT 12h reports to the sector
+; BAD_BIOS   installs a faulty INT 13h. The CD drive gets the number 9F. The first try of each read fails, the
+;            second reads too few sectors but reports success, the third succeeds. It destroys every register, and the
+;            packet after a failure. It shows an objection to reads of more than 16 sectors or across 64 KB, and to a
+;            new try without a reset
 ;
 ; Memory map:
-;   0000:0600-0000:0DFF  this program, where it does its work
-;   0000:0E00-           scratch sector of 2,048 bytes
+;   0000:0600-0000:0DFF  this program after it has moved itself
+;   0000:0E00-0000:15FF  buffer for one sector
 ;   ....-0000:7BFF       stack
 ;   0000:7C00-0000:83FF  this program as the BIOS loads it, then the sector
 
@@ -23,10 +24,10 @@ org 0x600
 %endif
 
 SCRATCH           equ 0xE00
-BOOT_RECORD       equ 17        ; where every mastering program puts it
-CATALOGUE         equ 0x47      ; of the boot record
-IMAGE             equ 0x28      ; of the catalogue
-MEMORY_SIZE       equ 0x413     ; what INT 12h tells
+BOOT_RECORD       equ 17        ; its sector (El Torito 1.2)
+CATALOGUE         equ 0x47      ; offset of its sector in the boot record
+IMAGE             equ 0x28      ; offset of its sector in the catalogue
+MEMORY_SIZE       equ 0x413     ; the BIOS variable that INT 12h returns
 DISK_VECTOR       equ 0x13 * 4
 MOST_SECTORS      equ 16
 BAD_DRIVE         equ 0x9F
@@ -67,17 +68,18 @@ start:
     mov [real_drive], dl
     mov dl, BAD_DRIVE
 %endif
-    mov ah, 5                   ; the keyboard: a key that nobody has read
+    mov ah, 5                   ; puts a key into the keyboard buffer
     mov cx, 0x1E61
     int 0x16
     cli
-    mov ax, 0x9000              ; a stack elsewhere
+    mov ax, 0x9000              ; moves the stack, as some BIOSes do
     mov ss, ax
     mov sp, 0x1000
     call ruin
     jmp SEGMENT:0x7C00 - SEGMENT * 16
 
-; IN: EAX = sector, CX = place, DL = drive. OUT: read. CLOBBERS: AX, SI.
+; Reads a sector of the CD.
+; IN: EAX = sector, CX = buffer, DL = drive. OUT: -. CLOBBERS: AX, SI.
 read:
     mov [packet.sector], eax
     mov [packet.place], cx
@@ -92,7 +94,8 @@ failed:
     mov si, failure
     ; falls through
 
-; IN: SI = text. OUT: shown; does not return.
+; Shows a text and stops.
+; IN: SI = text. OUT: does not return.
 say:
     xor ax, ax
     mov ds, ax
@@ -107,7 +110,8 @@ say:
     int 0x10
     jmp .letter
 
-; IN: -. OUT: all registers but SS:SP and DL are of no use, DF is set. CLOBBERS: everything else; not CF.
+; Destroys all registers except SS:SP and DL, and sets DF.
+; IN: -. OUT: -. CLOBBERS: all registers except SS:SP and DL, all flags except CF.
 ruin:
     mov eax, 0xDEADBEEF
     mov ebx, eax
@@ -123,7 +127,7 @@ ruin:
     std
     ret
 
-; Stands before INT 13h.
+; The faulty INT 13h. It calls the one of the BIOS.
 bad_bios:
     cld
     cmp dl, BAD_DRIVE
@@ -149,10 +153,10 @@ bad_bios:
     add ebx, ecx
     movzx ecx, ax
     shl ecx, 11
-    lea ecx, [ebx + ecx + 2047] ; the last byte
+    lea ecx, [ebx + ecx + 2047] ; the address of the last byte
     xor ecx, ebx
     shr ecx, 16
-    jnz .objection              ; not in the 64 KB of the first
+    jnz .objection              ; not in the same 64 KB as the first byte
     mov ah, 0x42
     inc byte [cs:turn]
     cmp byte [cs:turn], 2
@@ -163,7 +167,7 @@ bad_bios:
     mov dl, [cs:real_drive]
     pushf
     call far [cs:bios]
-    jc .return                  ; the CD is at fault
+    jc .return                  ; a real error of the CD
     jmp .good
 .reset:
     mov byte [cs:must_reset], 0
@@ -182,8 +186,8 @@ bad_bios:
     clc
 .return:
     call ruin
-    mov dl, al                  ; not even this
-    retf 2                      ; with these flags: CF, no interrupts, DF
+    mov dl, al                  ; destroys DL, too
+    retf 2                      ; returns the current flags: CF, interrupts off, DF set
 .objection:
     mov si, objection
     jmp say

@@ -1,4 +1,4 @@
-// The CD boot sector of Windows Setup: files of all sizes, CDs that cannot be read, and a BIOS full of faults.
+// Tests of the CD boot sector of Windows Setup: file sizes, read errors of the CD, and a faulty BIOS.
 #include "tests/boot/boot_fixture.h"
 
 namespace discwright::testing {
@@ -11,8 +11,7 @@ class BootSectorLoading : public BootSector {
     Master();
   }
 
-  // The CD drive with faults. `fault`: one of the emulator's descriptions of an error, which happens at a sector
-  // `count` times, or always.
+  // A CD drive whose reads of one sector fail `count` times, or always when `count` is kAlways.
   std::vector<std::string> FaultyCdDrive(std::uint32_t sector_of_cd, int count) const {
     std::string faults;
     for (int number = 0; number < std::max(count, 1); ++number) {
@@ -33,12 +32,12 @@ TEST_P(BootSectorLoadingSizes, File_IsLoadedWhole) {
   EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen(kStarted));
 }
 
-// Less than a sector, around one, a piece, 64 KB; and almost all that fits into 640 KB.
+// Sizes below and around a sector, a read of 32 KB and 64 KB, and one that almost fills 640 KB.
 INSTANTIATE_TEST_SUITE_P(Bytes, BootSectorLoadingSizes,
                          ::testing::Values(600, 2047, 2048, 2049, 32768, 32769, 65537, 409601));
 
 TEST_F(BootSectorLoading, FileOfOneByte_IsStarted) {
-  MasterFile("\xF4");  // HLT; then the rest of the sector: zeros, which are instructions too
+  MasterFile("\xF4");  // the instruction HLT
   Emulator emulator(CdDrive(image));
   EXPECT_TRUE(emulator.WaitForMonitor("info registers", "CS =2000 00020000"));
   EXPECT_EQ(emulator.Memory(0x20000, 1), "\xF4");
@@ -75,7 +74,7 @@ TEST_F(BootSectorLoading, MemoryBeyond640Kb_IsNotUsed) {
 TEST_F(BootSectorLoading, BiosFullOfFaults_FileIsLoadedWhole) {
   StartWith(Starter("on_a_bad_bios", sector));
   MasterFile(SetupLoader());
-  // Its number of the CD drive is one that the real BIOS does not know.
+  // The faulty BIOS gives the CD drive the number 9F, which the real one does not know.
   EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen(SetupLoaderLine("i386", "9F")));
 }
 

@@ -1,4 +1,4 @@
-// The CD boot sector of Windows Setup: what it finds, and how it starts it.
+// Tests of the CD boot sector of Windows Setup: how it finds SETUPLDR.BIN and starts it.
 #include <gmock/gmock.h>
 
 #include "tests/boot/boot_fixture.h"
@@ -9,7 +9,7 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-// A file of another name; many of them make a folder that spans many sectors, their records of various lengths.
+// Writes `count` other files, whose directory records have various lengths and need several sectors.
 void AddFillers(const fs::path& folder, int count) {
   for (int number = 0; number < count; ++number) {
     WriteFile(folder / ("A" + std::to_string(number) + std::string(static_cast<std::size_t>(number % 37), 'X')), "");
@@ -93,7 +93,7 @@ TEST_F(BootSector, FolderOfTheFilesName_IsNotTheFile) {
   EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen("I386\\SETUPLDR.BIN was not found on this CD"));
 }
 
-// Whether the machine is still the same after a while by its own clock, which ticks 18 times a second.
+// Whether the machine is not restarted during three ticks of its clock, which ticks 18 times a second.
 bool GoesOn(Emulator& emulator) {
   constexpr std::uint32_t kTicks = 0x46C;
   std::string tick = emulator.Memory(kTicks, 1);
@@ -114,7 +114,7 @@ TEST_F(BootSector, KeyAfterAMessage_RestartsTheMachine) {
   EXPECT_TRUE(emulator.WaitForEnd());
 }
 
-// The build does the same to the copies on the CD.
+// Patches the name of the folder as the build does in the copies on the CD.
 std::string Patched(std::string sector, const std::string& folder) {
   return sector.replace(sector.find("I386"), 4, folder);
 }
@@ -136,7 +136,7 @@ TEST_F(BootSector, PatchedToAnotherFolder_SaysWhatIsMissingThere) {
   EXPECT_THAT(emulator.Screen(), Not(HasSubstr("I386")));
 }
 
-// Names of the first tree: I386 and SETUPLDR.BIN;1.
+// With level 1 the names on the CD are I386 and SETUPLDR.BIN;1.
 TEST_F(BootSector, ImageOfGenisoimage_NamesWithVersionsAreFound) {
   WriteFile(tree / "i386/setupldr.bin", SetupLoader());
   MasterBy({"genisoimage"}, {"-iso-level", "1"});

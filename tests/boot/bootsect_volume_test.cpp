@@ -1,4 +1,4 @@
-// The CD boot sector of Windows Setup on volumes as few programs master them: images of ours, changed by hand.
+// Tests of the CD boot sector of Windows Setup on unusual volumes: images of our mkisofs with changed bytes.
 #include <utility>
 
 #include "tests/boot/boot_fixture.h"
@@ -6,7 +6,7 @@
 namespace discwright::testing {
 namespace {
 
-// Fields of a directory record.
+// Offsets in a directory record.
 constexpr std::size_t kAttributeSectors = 1;
 constexpr std::size_t kExtent = 2;
 constexpr std::size_t kSize = 10;
@@ -15,7 +15,7 @@ constexpr std::size_t kName = 33;
 
 class BootSectorVolume : public BootSector {
  protected:
-  // Masters, and takes the image's bytes for changes.
+  // Masters an image and reads its bytes, so that the test can change them.
   void MasterBytes() {
     WriteFile(tree / "I386/SETUPLDR.BIN", SetupLoader());
     Master();
@@ -29,7 +29,7 @@ class BootSectorVolume : public BootSector {
 
   char* Sector(std::uint32_t number) { return &bytes.at(std::size_t{number} * 2048); }
 
-  // The record of an entry of a folder.
+  // The directory record of an entry of a folder.
   char* Record(const std::string& folder, const std::string& name) {
     return &bytes.at(bytes.find(name, std::size_t{Entry(folder).extent} * 2048) - kName);
   }
@@ -41,15 +41,15 @@ TEST_F(BootSectorVolume, PrimaryBehindOtherDescriptors_IsFound) {
   MasterBytes();
   std::swap_ranges(Sector(16), Sector(17), Sector(18));
   ASSERT_EQ(*Sector(16), 2);
-  Sector(16)[156 + kExtent] = 0;  // its root is none
+  Sector(16)[156 + kExtent] = 0;  // the root directory begins in the system area
   EXPECT_TRUE(Start().WaitForScreen(kStarted));
 }
 
 TEST_F(BootSectorVolume, NoPrimaryBeforeTheTerminator_IsSaidSo) {
   MasterBytes();
   std::copy_n(Sector(19), 2048, Sector(18));
-  std::copy_n(Sector(16), 2048, Sector(19));  // behind the terminator
-  *Sector(16) = 3;                            // a volume partition
+  std::copy_n(Sector(16), 2048, Sector(19));  // a primary descriptor after the terminator
+  *Sector(16) = 3;                            // type 3: a volume partition descriptor
   EXPECT_TRUE(Start().WaitForScreen("This CD has no ISO 9660 volume"));
 }
 
@@ -136,7 +136,7 @@ TEST_F(BootSectorVolume, FileOfAlmost4Gb_IsTooLarge) {
 TEST_F(BootSectorVolume, DamagedRecords_EndTheSearch) {
   MasterBytes();
   char* record = Record("", "I386");
-  // The rest of the sector looks like the longest record, again and again.
+  // Fills the rest of the sector with bytes that look like records of the greatest length.
   std::fill_n(record, 2048 - (record - Sector(Entry("").extent)), '\xFF');
   for (const int length : {1, 33, 255}) {
     *record = static_cast<char>(length);

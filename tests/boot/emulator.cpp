@@ -1,4 +1,4 @@
-// QEMU, controlled through its machine protocol (QMP): one line of JSON for each command and each answer.
+// Controls QEMU through its machine protocol (QMP), which has one line of JSON for each command and each answer.
 #include "tests/boot/emulator.h"
 
 #include <fcntl.h>
@@ -18,7 +18,7 @@ constexpr std::size_t kColumns = 80;
 constexpr std::size_t kLines = 25;
 constexpr std::chrono::milliseconds kPollInterval{20};
 
-// Both ends of a connection: needs no name, which would have to be short, and no waiting for a listener.
+// Makes a connected pair of sockets. Unlike a named socket it needs no short path and no wait for the other side.
 std::array<int, 2> Connection() {
   std::array<int, 2> ends{};
   if (socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) != 0) throw std::runtime_error("no connection to the emulator");
@@ -28,9 +28,9 @@ std::array<int, 2> Connection() {
 
 std::vector<std::string> Command(const fs::path& folder, int control, const std::vector<std::string>& arguments) {
   std::vector<std::string> command = {
-      // A test that is killed takes its emulator with it.
+      // Ends the emulator when the test is killed.
       "setpriv", "--pdeathsig", "KILL", "qemu-system-i386",
-      // Processor by program: faster than the real one for the short time that a start takes.
+      // Emulates the processor. That is faster than virtualization for the short time of a start.
       "-accel", "tcg", "-nodefaults", "-vga", "std", "-display", "none", "-m", "64", "-boot", "d", "-no-reboot",
       "-chardev", "socket,id=control,fd=" + std::to_string(control), "-mon", "chardev=control,mode=control", "-chardev",
       "file,id=com1,path=" + (folder / "serial").string(), "-serial", "chardev:com1"};
@@ -70,7 +70,7 @@ template <typename Look>
   const auto end = std::chrono::steady_clock::now() + deadline;
   std::string seen;
   while (true) {
-    const bool ended = HasEnded();  // asked first: what was sent just before the end counts
+    const bool ended = HasEnded();  // asked before the text is read, so that a text sent just before the end counts
     const std::string now = look();
     if (now.find(text) != std::string::npos) return ::testing::AssertionSuccess();
     if (!now.empty()) seen = now;
@@ -145,14 +145,14 @@ std::string Emulator::Execute(const std::string& command, const std::string& arg
   const std::string line = R"({"execute": ")" + command + R"(", "arguments": )" + arguments + "}\n";
   if (send(control_[0], line.data(), line.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(line.size())) return "";
   for (std::string answer; ReadLine(answer);) {
-    // Between the answers come the greeting and events.
+    // Skips the greeting and the events, which stand between the answers.
     if (answer.starts_with(R"({"return")")) return answer;
     if (answer.starts_with(R"({"error")")) throw std::runtime_error("the emulator refuses " + line + answer);
   }
   return "";
 }
 
-// False when nothing comes any more.
+// Reads the next line. False when the connection has ended.
 bool Emulator::ReadLine(std::string& line) {
   std::size_t end = 0;
   while ((end = received_.find('\n')) == std::string::npos) {

@@ -1,4 +1,4 @@
-// A PC in an emulator: starts from the drives that a test gives it, and tells what stands on its screen.
+// A PC in an emulator (QEMU without a display): construct one with drives, then wait for texts or for its end.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -16,44 +16,44 @@
 
 namespace discwright::testing {
 
-// The emulator's arguments for one drive each. Without a choice of its own, the machine starts from the first CD.
+// QEMU's arguments for a drive. The machine starts from the first CD unless other arguments say otherwise.
 std::vector<std::string> CdDrive(const fs::path& image);
 std::vector<std::string> HardDisk(const fs::path& image);
 
-// Switched off when the object goes, or the test is killed.
+// The machine is switched off when the object is destroyed or the test is killed.
 class Emulator {
  public:
-  // Only a bound: what is waited for comes within a second or two on an idle machine.
+  // An upper bound for slow machines. On an idle machine every wait of the tests ends after a second or two.
   static constexpr std::chrono::seconds kDeadline{60};
 
-  // Drives, and other arguments of the emulator.
+  // `arguments`: drives, and other arguments of QEMU.
   explicit Emulator(const std::vector<std::string>& arguments);
   ~Emulator();
   Emulator(const Emulator&) = delete;
   Emulator& operator=(const Emulator&) = delete;
 
-  // Waits until the text stands on the text screen, was sent through COM1, or is in the answer to a command of the
-  // emulator's monitor. Fails, with what came instead, at the deadline and when the emulator has ended.
+  // Wait until a text stands on the text screen, was sent through COM1, or is in the answer to a command of QEMU's
+  // monitor. They fail at the deadline and when the emulator ends, and show the text that came instead.
   ::testing::AssertionResult WaitForScreen(std::string_view text, std::chrono::seconds deadline = kDeadline);
   ::testing::AssertionResult WaitForSerial(std::string_view text, std::chrono::seconds deadline = kDeadline);
   ::testing::AssertionResult WaitForMonitor(const std::string& command, std::string_view text,
                                             std::chrono::seconds deadline = kDeadline);
 
-  // Waits until the machine was restarted or switched off, which ends the emulator.
+  // Waits until the machine is restarted or switched off. Both end the emulator.
   ::testing::AssertionResult WaitForEnd(std::chrono::seconds deadline = kDeadline);
   bool HasEnded();
 
-  std::string Screen();        // 25 lines without the blanks at their ends
+  std::string Screen();        // 25 lines without trailing blanks
   std::string Serial() const;  // what was sent through COM1
 
-  // A key by the emulator's name for it: "a", "ret", "spc", "down".
+  // Presses a key. `key` is QEMU's name for it: "a", "ret", "spc", "down".
   void SendKey(const std::string& key);
 
-  std::string Memory(std::uint32_t address, std::uint32_t size);  // physical; empty when the emulator has ended
-  std::string Monitor(const std::string& command);                // of the emulator's monitor for people
+  std::string Memory(std::uint32_t address, std::uint32_t size);  // physical address; empty when the emulator has ended
+  std::string Monitor(const std::string& command);                // a command of QEMU's human monitor
 
  private:
-  // The text that Look() gives holds `text` before the deadline and before the emulator ends.
+  // Calls look() until its result contains `text`, the deadline passes or the emulator ends.
   template <typename Look>
   ::testing::AssertionResult WaitFor(std::string_view text, std::chrono::seconds deadline, const Look& look);
   // The answer to a command with its arguments (JSON); empty when the emulator has ended.
@@ -61,8 +61,8 @@ class Emulator {
   bool ReadLine(std::string& line);
 
   TemporaryFolder folder_{"emulator"};
-  std::array<int, 2> control_;  // both ends of the connection, the emulator's is the second
-  std::string received_;        // what has arrived and was not read as a line
+  std::array<int, 2> control_;  // both ends of the control connection; the emulator has the second
+  std::string received_;        // bytes that have arrived and are not yet a whole line
   RunningProgram program_;
 };
 

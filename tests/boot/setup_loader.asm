@@ -1,12 +1,13 @@
-; Stands for a setup loader in tests: tells on screen and on COM1 which folder it names and how it was started.
+; Replaces SETUPLDR.BIN in tests. It prints the folder's name that it contains and its registers at the start, on the
+; screen and on COM1:
 ;
 ;   SETUPLDR: folder=i386 segment=2000 drive=E0 ds=0000 es=0000 ss=0000 sp=7C00
 ;
-; NAME is the folder's name as it stands here, once, for the build to patch. SIZE is the size of the file in bytes: all
-; that follows the program is a pattern that says of each 256 bytes where they stand. A file that was not loaded as it
-; is says "SETUPLDR: damaged" instead.
+; NAME is the folder's name, which occurs once so that the build can patch it. SIZE is the size of the file in bytes. A
+; pattern that depends on the offset fills the file after the program. When the loaded bytes differ from the pattern,
+; the program prints "SETUPLDR: damaged" instead.
 ;
-; Memory map: the file from <segment>:0000 on, whatever the segment; the stack of whoever started it.
+; Memory map: the file at <segment>:0000, in any segment; the stack of the program that started it.
 
 %ifndef NAME
   %define NAME 'i386'
@@ -15,7 +16,7 @@
   %define SIZE 100001
 %endif
 
-; Of the bytes around an offset: no two sectors of 2,048 bytes below 512 KB are alike.
+; The byte at an offset. Below 512 KB no two sectors of 2,048 bytes are equal.
 %define PATTERN(offset) ((((offset) >> 8) ^ (((offset) >> 16) * 37)) & 0xFF)
 
 COM1 equ 0x3F8
@@ -25,7 +26,7 @@ cpu 386
 org 0
 
 start:
-    push sp                     ; the values at the start, in the order in which they are told from the end
+    push sp                     ; saves the registers; they are printed in the reverse order
     push ss
     push es
     push ds
@@ -70,7 +71,7 @@ start:
     jmp .halt
 
 ; Compares everything that follows the program with the pattern.
-; IN: CS = segment of the file. OUT: ZF when it is as it should be. CLOBBERS: EAX, EBX, ECX, EDI, ES.
+; IN: CS = segment of the file. OUT: ZF = 1 when they are equal. CLOBBERS: EAX, EBX, ECX, EDI, ES.
 check:
     mov edi, pattern
 .byte:
@@ -79,7 +80,7 @@ check:
     mov ecx, edi
     shr ecx, 16
     mov eax, ecx
-    shl ax, 12                  ; a segment for each 64 KB
+    shl ax, 12                  ; a new segment every 64 KB
     mov bx, cs
     add ax, bx
     mov es, ax
@@ -87,12 +88,13 @@ check:
     mov cx, di
     xor al, ch
     cmp al, [es:di]
-    lea edi, [edi + 1]          ; leaves the flags
+    lea edi, [edi + 1]          ; does not change the flags
     je .byte
 .end:
     ret
 
-; IN: SI = text, AX = number. OUT: the text and four digits, shown. CLOBBERS: BX, DX, SI.
+; Prints a text and a number of four digits.
+; IN: SI = text, AX = number. OUT: -. CLOBBERS: BX, DX, SI.
 print_word:
     call print
     xchg al, ah
@@ -100,7 +102,8 @@ print_word:
     xchg al, ah
     ; falls through
 
-; IN: AL = number. OUT: two digits, shown. CLOBBERS: BX, DX.
+; Prints a number of two digits.
+; IN: AL = number. OUT: -. CLOBBERS: BX, DX.
 print_byte:
     push ax
     push ax
@@ -112,14 +115,16 @@ print_byte:
     pop ax
     ret
 
-; IN: AL = 0 to 15. OUT: a digit, shown. CLOBBERS: AX, BX, DX.
+; Prints a hexadecimal digit.
+; IN: AL = 0 to 15. OUT: -. CLOBBERS: AX, BX, DX.
 print_digit:
     cmp al, 10
     sbb al, 0x69
     das
     jmp print_letter
 
-; IN: SI = text ended by NUL. OUT: shown. CLOBBERS: BX, DX, SI.
+; Prints a text.
+; IN: SI = text ended by NUL. OUT: -. CLOBBERS: BX, DX, SI.
 print:
     push ax
 .next:
@@ -132,7 +137,8 @@ print:
     pop ax
     ret
 
-; IN: AL = letter. OUT: shown, and sent. CLOBBERS: AX, BX, DX.
+; Prints a character on the screen and on COM1.
+; IN: AL = character. OUT: -. CLOBBERS: AX, BX, DX.
 print_letter:
     push ax
     mov ah, 0x0E
@@ -141,14 +147,15 @@ print_letter:
     mov dx, COM1 + 5
 .wait:
     in al, dx
-    test al, 0x20               ; room for a byte
+    test al, 0x20               ; the transmitter is ready for a byte
     jz .wait
     pop ax
     mov dx, COM1
     out dx, al
     ret
 
-; IN: -. OUT: COM1 sends 115200 bits a second, 8N1. CLOBBERS: AX, DX.
+; Sets COM1 to 115200 bits a second, 8 data bits, no parity, 1 stop bit.
+; IN: -. OUT: -. CLOBBERS: AX, DX.
 open_serial:
     mov dx, COM1 + 3
     mov al, 0x80
@@ -182,7 +189,7 @@ sp_text:
 end_of_line:
     db 13, 10, 0
 
-pattern:                        ; a SIZE that does not reach it is refused by the assembler
+pattern:                        ; the assembler refuses a SIZE that is smaller than the program
 %assign at pattern - start
 %rep (SIZE - at + 255) / 256 + 1
   %assign page_end (at | 0xFF) + 1

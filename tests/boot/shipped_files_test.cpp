@@ -1,4 +1,4 @@
-// The boot programs in the program folder, and the programs that stand for others in these tests.
+// Tests of the boot programs in the program folder, and of the test programs that replace SETUPLDR.BIN.
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -11,7 +11,7 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::SizeIs;
 
-// How often a text stands in the bytes, in capitals and in any letter case.
+// How often a text occurs in the bytes.
 std::size_t Count(const std::string& bytes, const std::string& text) {
   std::size_t count = 0;
   for (std::size_t at = bytes.find(text); at != std::string::npos; at = bytes.find(text, at + 1)) ++count;
@@ -52,7 +52,7 @@ TEST_F(BootSector, DamagedSetupLoaderOfTests_SaysSo) {
   EXPECT_TRUE(emulator.WaitForSerial("SETUPLDR: damaged"));
 }
 
-// What starts from the CD itself.
+// Tests of the loader that the CD starts with.
 class BootLoader : public BootTest {
  protected:
   BootLoader() {

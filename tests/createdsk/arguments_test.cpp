@@ -48,15 +48,17 @@ TEST_P(WrongArguments, WrongUsage_NamesWhatIsWrong) {
   EXPECT_THAT(ParseArguments(GetParam().words, arguments).failure, HasSubstr(GetParam().named));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    All, WrongArguments,
-    ::testing::Values(WrongUsage{{}, "-t 144 or -t 288"}, WrongUsage{{"winsetup"}, "-t 144 or -t 288"},
-                      WrongUsage{{"-t", "144"}, "name of the profile"}, WrongUsage{{"winsetup", "-t"}, "-t must be followed by"},
-                      WrongUsage{{"-t", "720", "winsetup"}, "-t must be followed by"}, WrongUsage{{"-t", "", "winsetup"}, "-t must be followed by"},
-                      WrongUsage{{"-t", "144", "-t", "288", "winsetup"}, "twice"},
-                      WrongUsage{{"-t", "144", "one", "two"}, "\"one\" and \"two\""},
-                      WrongUsage{{"-t", "144", "winsetup", "-x"}, "\"-x\""},
-                      WrongUsage{{"-t", "144", ""}, "\"\" is not an option"}));
+INSTANTIATE_TEST_SUITE_P(All, WrongArguments,
+                         ::testing::Values(WrongUsage{{}, "-t 144 or -t 288"},
+                                           WrongUsage{{"winsetup"}, "-t 144 or -t 288"},
+                                           WrongUsage{{"-t", "144"}, "name of the profile"},
+                                           WrongUsage{{"winsetup", "-t"}, "-t must be followed by"},
+                                           WrongUsage{{"-t", "720", "winsetup"}, "-t must be followed by"},
+                                           WrongUsage{{"-t", "", "winsetup"}, "-t must be followed by"},
+                                           WrongUsage{{"-t", "144", "-t", "288", "winsetup"}, "twice"},
+                                           WrongUsage{{"-t", "144", "one", "two"}, "\"one\" and \"two\""},
+                                           WrongUsage{{"-t", "144", "winsetup", "-x"}, "\"-x\""},
+                                           WrongUsage{{"-t", "144", ""}, "\"\" is not an option"}));
 
 }  // namespace
 }  // namespace discwright::tools

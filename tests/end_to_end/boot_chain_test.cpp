@@ -1,4 +1,4 @@
-// The finished CD in an emulated PC: each boot sector on it starts the setup loader of its own folder.
+// Tests of the finished CD in an emulated PC: each boot sector starts the setup loader of its own folder.
 #include "tests/boot/emulator.h"
 #include "tests/boot/setup_loader.h"
 #include "tests/end_to_end/build_test.h"
@@ -10,7 +10,7 @@ namespace {
 
 class BootChain : public BuildTest {
  protected:
-  // The CD's tree mastered once more, with one of its boot sectors in the place of the menu's loader.
+  // Masters the CD's tree again, with one of its boot sectors instead of the boot loader.
   fs::path CdStartingFrom(const std::string& sector) const {
     const fs::path started = place / (sector + ".iso");
     const Outcome outcome = RunProgram(
@@ -42,9 +42,10 @@ class BootChain : public BuildTest {
 
 TEST_F(BootChain, EachBootSector_ReachesTheLoaderOfItsOwnFolder) { ExpectEachStartsItsOwn(Shown::kUpperCase); }
 
-TEST_F(BootChain, DiscsShownInLowerCase_StartAllTheSame) { ExpectEachStartsItsOwn(Shown::kLowerCase); }
+TEST_F(BootChain, DiscsShownInLowerCase_StartTheirOwnLoaders) { ExpectEachStartsItsOwn(Shown::kLowerCase); }
 
-// Those of BlueCon stay as they are: meant, and told.
+// The build patches only the lower-case name in the loader of BlueCon. A loader with the upper-case name alone stays
+// unchanged, and the build warns of it.
 TEST_F(BootChain, LoadersThatNameTheirFolderInUpperCaseOnly_ArePatchedForErdCommander) {
   discs.Insert(Shown::kUpperCase);
   for (const char* tool : {"erd", "oobc"}) {

@@ -1,4 +1,4 @@
-// What most tests of whole builds begin with: a folder of their own with a program folder and a place for the image.
+// The fixture for tests of whole builds: a temporary folder with a copy of the program folder, and Build() to run it.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -18,9 +18,12 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
+// The last line of standard error after wrong usage.
+inline constexpr const char* kTryHelp = "Try 'discwright-build --help'.\n";
+
 class BuildTest : public ::testing::Test {
  protected:
-  // Builds into `image`, with further arguments.
+  // Runs a build of `image` with further arguments.
   Outcome Build(const std::vector<std::string>& arguments = {}, const Surroundings& surroundings = {}) const {
     return program.Build(Join(Output(image), arguments), surroundings);
   }
@@ -28,7 +31,7 @@ class BuildTest : public ::testing::Test {
     return program.Command(Join(Output(image), arguments));
   }
 
-  // A mastering tool that begins an image, says so (see HasBegun), and goes on until it is told to end.
+  // Replaces mkisofs by a script that begins an image, makes HasBegun() true, and runs until it gets a signal.
   void MasteringBeginsAndHangs() const {
     program.ReplaceProgram("mkisofs",
                            "while [ \"$1\" != -output ]; do shift; done\n"

@@ -1,4 +1,4 @@
-// Ctrl-C at every stage: the build ends, says so, and leaves nothing behind that runs or looks like an image.
+// Tests of Ctrl-C at every stage: the build ends with a message and leaves neither a running program nor an image.
 #include <csignal>
 
 #include "tests/end_to_end/build_test.h"
@@ -26,7 +26,8 @@ class Cancel : public BuildTest {
   }
 };
 
-// Each of these stops the process until it is told to go on, so that the build is caught in the middle on any machine.
+// Waits for the file `first` and stops the process, so that a fast machine does not finish the build. False when the
+// build has already made `last`.
 bool CaughtInTheMiddle(RunningProgram& build, const fs::path& first, const fs::path& last) {
   const bool begun = WaitUntil([&] { return fs::exists(first) || build.HasEnded(); });
   build.Send(SIGSTOP);

@@ -1,4 +1,4 @@
-// Why a page refuses, and how the places that are named in messages are spelled.
+// Tests of the cause that is printed when a page refuses its choices, and of the spelling of paths in messages.
 #include "tests/end_to_end/build_test.h"
 
 namespace discwright::testing {
@@ -18,7 +18,7 @@ class Causes : public BuildTest {
   }
   std::string At(const std::string& name) const { return (place / name).string(); }
 
-  // Expects that a page refuses `text` in a field: the box and the cause are printed, and nothing is written.
+  // Expects that a page refuses `text` in a field, prints message and cause, and writes nothing.
   void ExpectRefused(const std::vector<std::string>& boxes, const std::string& field, const std::string& text,
                      const std::string& message, const std::string& cause, const std::string& page) const {
     std::vector<std::string> arguments = {"--set", field + "=" + text};
@@ -31,7 +31,7 @@ class Causes : public BuildTest {
     EXPECT_TRUE(NoImageAt(image));
     EXPECT_FALSE(fs::exists(program / "vexacd"));
   }
-  // What is the same for every folder.
+  // The causes that every field for a folder has.
   void ExpectFolderRefused(const std::vector<std::string>& boxes, const std::string& field, const std::string& message,
                            const std::string& page) const {
     const auto refused = [&](const std::string& text, const std::string& cause) {
@@ -159,7 +159,7 @@ TEST_F(Causes, PlaceThatABuildEmpties) {
   EXPECT_EQ(ReadFile(program / "vexacd" / "mine" / "a.txt"), "a");
 }
 
-// What is not spelled as on Linux somewhere in the messages of a failure.
+// A backslash in a message would be a path that is not spelled as on Linux.
 TEST_F(Causes, MessagesOfFailedBuilds_HaveNoBackslashes) {
   const auto expect_none = [&](const std::string& what, const Outcome& outcome) {
     EXPECT_NE(outcome.exit_code, 0) << what;

@@ -1,4 +1,4 @@
-// Choosing the discs, and the tree that must come of them.
+// Makes the discs, chooses them, and compares the tree of the CD with the expected one.
 #include "tests/end_to_end/chosen_discs.h"
 
 #include "tests/end_to_end/trees.h"
@@ -11,7 +11,7 @@ Disc Xp() { return WindowsXpDisc(Edition::kProfessional, 2); }
 
 const Disc kUtilities = {{"probe.exe", "MZ probe of i386"}, {"Docs/read me.txt", "I386"}};
 
-// A tool's files as they must stand on the CD: the folder renamed, the two files patched, all else as it was.
+// The files of a tool as the CD must have them: its folder renamed, two files patched, the others unchanged.
 Disc Patched(Disc disc, const std::string& folder, const std::string& lower_case, bool upper_case_too) {
   std::string& loader = disc["I386/SETUPLDR.BIN"];
   loader = Replaced(loader, "i386", lower_case);
@@ -21,7 +21,7 @@ Disc Patched(Disc disc, const std::string& folder, const std::string& lower_case
   return Renamed(disc, "I386", folder);
 }
 
-// The later ones overwrite.
+// Adds `files` to `tree`, below `folder`. A file that is there already is replaced.
 void Add(Disc& tree, const Disc& files, const std::string& folder = "") {
   for (const auto& [path, bytes] : files) tree[folder + path] = bytes;
 }

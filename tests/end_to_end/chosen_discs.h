@@ -1,4 +1,5 @@
-// One disc of each kind, chosen all at once, and what the finished CD must hold of them.
+// One disc of each kind for a build that uses them all: Insert() makes the discs, Choices() are the arguments of the
+// build, DifferenceToImage() checks the finished CD.
 #pragma once
 
 #include <filesystem>
@@ -12,21 +13,21 @@ namespace discwright::testing {
 
 class ChosenDiscs {
  public:
-  // The discs come to stand below `folder`: xp, 98, erd and oobc, and utilities beside them.
+  // The discs are the folders xp, 98, erd, oobc and utilities below `folder`.
   explicit ChosenDiscs(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
   void Insert(Shown names) const;
-  // Takes what stands in the folder now for what must not change.
+  // Keeps a fingerprint of the folder, which the build must not change.
   void Remember() const;
 
   const std::filesystem::path& folder() const { return folder_; }
   const std::map<std::string, std::string>& fingerprint() const { return fingerprint_; }
 
-  // The arguments that choose everything; `path` spells a path for the program that gets them.
+  // The arguments that choose all discs. `path` spells a path as the program expects it.
   std::vector<std::string> Choices(std::string (*path)(const std::filesystem::path&) = nullptr) const;
 
-  // What an image made by the program in `program` lacks, has too much or has wrongly; empty when all is right. Its
-  // floppy images and its boot script are compared with those of the workspace.
+  // The missing, additional and different files of an image that the program in `program` made; empty when there are
+  // none. Floppy images and the boot script are compared with those of the workspace.
   std::string DifferenceToImage(const std::filesystem::path& image, const std::filesystem::path& program) const;
 
  private:

@@ -1,4 +1,4 @@
-// The headless program's options, exit codes and messages.
+// Tests of the options, exit codes and messages of discwright-build.
 #include "tests/end_to_end/build_test.h"
 
 namespace discwright::testing {
@@ -13,7 +13,7 @@ class CommandLine : public BuildTest {
  protected:
   void TearDown() override { EXPECT_THAT(PartsOf(image), IsEmpty()); }
 
-  // A call that must not build anything; what it says on standard error is returned.
+  // Runs a call that must not build anything. Returns its standard error.
   std::string Refused(const std::vector<std::string>& arguments, int exit_code) const {
     const Outcome outcome = Build(arguments);
     EXPECT_EQ(outcome.exit_code, exit_code) << outcome.err;
@@ -112,7 +112,7 @@ TEST_F(CommandLine, MissingSessionFile_IsWrongUsage) {
   EXPECT_THAT(Refused({"--session", session}, 2), HasSubstr(session + ": there is no such session file"));
 }
 
-// Read as it is, it would make a CD without anything that was chosen.
+// If such a file were read as plain text, the CD would lack everything that was chosen.
 TEST_F(CommandLine, FileThatHoldsNoSession_IsWrongUsage) {
   for (const fs::path& file : {place / "notes.txt", program / "vexacd.ini"}) {
     WriteFile(file, InUtf16(SessionText(place / "tools")));

@@ -1,4 +1,4 @@
-// --controls: lists what can be chosen, touches nothing, and disturbs nobody.
+// Tests of --controls: it lists the controls, writes nothing, and works while a build is running.
 #include <algorithm>
 #include <set>
 
@@ -13,7 +13,7 @@ using ::testing::StartsWith;
 
 class Controls : public BuildTest {
  protected:
-  // What is listed; nothing is written meanwhile.
+  // Returns the list. Expects that nothing is written.
   std::string Listed(const std::vector<std::string>& arguments) const {
     const auto before = Fingerprint(place.path());
     const Outcome outcome = program.Build(arguments);
@@ -29,7 +29,7 @@ std::string LineOf(const std::string& text, const std::string& control) {
   return lines.size() == 1 ? lines.front() : "<missing>";
 }
 
-// A line of its own has every control but the titles and what is drawn nowhere on a page.
+// Every control has a line, except titles and controls that are on no page.
 bool IsListed(const forms::Control& control) {
   const auto* label = dynamic_cast<const forms::Label*>(&control);
   const bool is_heading = label != nullptr && label->heading;

@@ -1,4 +1,4 @@
-// What is on the disc is what stood in the chosen folders, byte for byte; what cannot be on it is told.
+// Tests that the disc has the files of the chosen folders byte for byte, and that the build reports all others.
 #include <sys/stat.h>
 #include <sys/time.h>
 
@@ -18,7 +18,7 @@ class CopiedTrees : public BuildTest {
   const fs::path utilities = place / "my utilities";
   const fs::path additional = place / "additional";
 
-  // Builds with the utilities; something in them cannot be on the disc.
+  // Runs a build with utilities, one of which cannot be stored on the disc.
   Outcome BuildWithWarnings() const {
     Outcome outcome = Build(Utilities(utilities));
     EXPECT_EQ(outcome.exit_code, 4) << outcome.err;
@@ -60,7 +60,7 @@ void SetTime(const fs::path& file, std::int64_t seconds) {
   ASSERT_EQ(utimes(file.c_str(), times.data()), 0) << file;
 }
 
-// The same files for the same number, on every machine.
+// Makes files with content that depends on their number only, so that it is the same on every machine.
 class TreeMaker {
  public:
   TreeMaker(fs::path root, unsigned number) : root_(std::move(root)), random_(number) {}
@@ -80,7 +80,7 @@ class TreeMaker {
       Make(fs::path("odd folders") / (std::string("in ") + name + " folder ") / name, 100);
     }
     Make(std::string(196, 'n') + ".txt", 200);
-    Make(std::string(203, 'n') + ".txt", 207);  // the longest that a disc can hold
+    Make(std::string(203, 'n') + ".txt", 207);  // the longest name that a disc can hold
     for (const char* folder : {"empty", "nested/empty", "nested/empty too/and deeper"}) {
       fs::create_directories(root_ / folder);
     }
@@ -108,7 +108,7 @@ class TreeMaker {
   std::mt19937 random_;
 };
 
-// The folders of the disc that do not come from the additional files.
+// Removes the folders that do not come from the additional files.
 Contents WithoutOwnFolders(Contents contents) {
   std::erase_if(contents, [](const auto& entry) {
     return entry.first == "boot" || entry.first == "vexa" || entry.first.starts_with("boot/") ||
@@ -122,7 +122,7 @@ void ExpectOnDisc(const Contents& disc, const Contents& utilities, const Content
   EXPECT_EQ(Difference(additional, WithoutOwnFolders(disc)), "");
 }
 
-// Every content as often as it is there, whatever its name; and the names that every reader leaves as they are.
+// Compares the contents of all files without their names, and then the files with ASCII names, which no reader changes.
 void ExpectSameByContent(const Contents& expected, const Contents& actual) {
   std::vector<Content> expected_contents;
   std::vector<Content> actual_contents;
@@ -142,7 +142,7 @@ void ExpectOnDiscByContent(const Contents& disc, const Contents& utilities, cons
   ExpectSameByContent(additional, WithoutOwnFolders(disc));
 }
 
-// The plain listing of a third reader names every file.
+// Expects that the listing of a third reader, isoinfo, has every name.
 void ExpectListed(const fs::path& image, const Contents& contents) {
   const std::string listing = RunProgram({"isoinfo", "-l", "-i", image.string()}).out;
   for (const auto& [path, content] : contents) {
@@ -179,7 +179,7 @@ TEST_F(CopiedTrees, FiveThousandFilesWithOddNames_AreOnTheDiscByteForByte) {
 TEST_F(CopiedTrees, TemplateAndBootDisks_AreOnTheDisc) {
   ASSERT_EQ(Build().exit_code, 0);
   Contents expected = ContentsOf(program / "files" / "vexacd");
-  expected.erase("boot/loader.bin");  // present, but hidden from every reader of folders
+  expected.erase("boot/loader.bin");  // stored, but in no directory
   const Contents disc = ReadWithBsdtar(image);
   for (const char* disk : {"vexastart.img", "vexaemm.img", "vexanet.img"}) {
     const std::string name = "boot/images/" + std::string(disk);

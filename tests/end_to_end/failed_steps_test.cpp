@@ -1,4 +1,4 @@
-// Programs that the build calls fail: the reason is told, and no image comes of it.
+// Tests of builds in which a called program fails: the build prints the cause and leaves no image.
 #include "tests/end_to_end/build_test.h"
 
 namespace discwright::testing {
@@ -7,7 +7,7 @@ namespace {
 
 class FailedSteps : public BuildTest {
  protected:
-  // A build that must fail; what it says on standard error is returned.
+  // Runs a build that must fail. Returns its standard error.
   std::string Failed(const std::vector<std::string>& choices = {}) const {
     const Outcome outcome = Build(choices);
     EXPECT_EQ(outcome.exit_code, 1) << outcome.err;
@@ -99,7 +99,7 @@ TEST_F(FailedSteps, NameLongerThanADiscCanHold_IsToldFromTheLog) {
 
 TEST_F(FailedSteps, UtilitiesOfTwoGigabytes_EndTheBuildBeforeTheyAreCopied) {
   WriteFile(place / "tools" / "large.bin", "");
-  fs::resize_file(place / "tools" / "large.bin", 1ULL << 31U);  // a hole: takes no room
+  fs::resize_file(place / "tools" / "large.bin", 1ULL << 31U);  // a sparse file, which takes no disk space
   const std::string told = Failed(Utilities(place / "tools"));
   EXPECT_THAT(told, HasSubstr("warning: " + (place / "tools").string() + ": "));
   EXPECT_THAT(told,

@@ -1,4 +1,4 @@
-// Disks without room: for the image, and for the program folder with its workspace.
+// Tests of full disks: that of the image, and that of the program folder with its workspace.
 #include <memory>
 
 #include "tests/end_to_end/build_test.h"
@@ -16,11 +16,9 @@ std::uintmax_t SizeOf(const fs::path& folder) {
   return size;
 }
 
-constexpr std::uintmax_t kMegabyte = 1024 * 1024;
-
 class FullDisk : public BuildTest {
  protected:
-  // A program folder on a disk with so much room; null when no disk can be mounted.
+  // A program folder on a disk with this much free space; null when mounting is not permitted.
   std::unique_ptr<ProgramCopy> ProgramOnDisk(const SmallDisk& disk, std::uintmax_t free_bytes) const {
     auto on_disk = std::make_unique<ProgramCopy>(place / "disk" / "program");
     disk.FillUpTo(free_bytes);
@@ -69,7 +67,7 @@ TEST_F(FullDisk, NotAByteLeftForTheWorkspace_IsToldAndNoImageIsMade) {
 TEST_F(FullDisk, NoRoomForTheUtilitiesInTheWorkspace_IsTold) {
   const SmallDisk disk(place / "disk", DiskSize());
   if (!disk.IsMounted()) GTEST_SKIP() << disk.Reason();
-  const auto on_disk = ProgramOnDisk(disk, 10 * kMegabyte);  // the boot disks take six
+  const auto on_disk = ProgramOnDisk(disk, 10 * kMegabyte);  // the boot disks take 6 MB
   WriteFile(place / "tools" / "large.bin", std::string(20 * kMegabyte, 'l'));
   const Outcome outcome = on_disk->Build(Join(Output(image), Utilities(place / "tools")));
   EXPECT_EQ(outcome.exit_code, 4) << outcome.err;

@@ -1,4 +1,4 @@
-// A build that is killed at any moment leaves nothing under the image's name, and does not spoil the next build.
+// Tests of builds that are killed: nothing stands under the image's name, and the next build succeeds.
 #include <chrono>
 #include <csignal>
 #include <thread>
@@ -41,7 +41,7 @@ TEST_F(KilledBuild, AtTenMoments_NextBuildMakesTheSameDisc) {
     if (was_killed && fs::exists(image)) {
       EXPECT_EQ(Difference(disc, WithoutTimes(ReadWithBsdtar(image))), "");
     }
-    // At once: what the killed one had started may still run.
+    // Starts at once, while programs of the killed build may still be running.
     const Outcome next = Build(choices);
     EXPECT_EQ(next.exit_code, 0) << next.err;
     EXPECT_EQ(Difference(disc, WithoutTimes(ReadWithBsdtar(image))), "");

@@ -1,4 +1,4 @@
-// Program folder and image may stand anywhere: whatever is in the names of their folders, nobody takes it for syntax.
+// Tests of odd folder names for the program and the image, with characters that a shell could take for syntax.
 #include "tests/end_to_end/build_test.h"
 
 namespace discwright::testing {

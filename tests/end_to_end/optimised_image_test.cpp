@@ -1,4 +1,4 @@
-// Duplicate files are stored once when that is chosen, and nothing else changes.
+// Tests of the optimised image: duplicate files are stored once, and nothing else changes.
 #include "tests/end_to_end/build_test.h"
 
 namespace discwright::testing {
@@ -26,7 +26,7 @@ class OptimisedImage : public BuildTest {
   Outcome BuildOptimised(const char* optimise) const {
     return Build(Join({"--set", std::string("ChkOptimizeISO=").append(optimise)}, Utilities(place / "my tools")));
   }
-  // An image with one warning, about the linker.
+  // Expects an image, and one warning, which is about dfl.
   static void ExpectTold(const Outcome& outcome) {
     EXPECT_EQ(outcome.exit_code, 4) << outcome.err;
     EXPECT_THAT(LinesWith(outcome.err, "warning: "), SizeIs(1));

@@ -1,4 +1,4 @@
-// Any tool that takes the same arguments may stand in the mastering tool's place.
+// Tests a build with another mastering tool that takes the same arguments.
 #include "tests/end_to_end/build_test.h"
 
 namespace discwright::testing {
@@ -11,7 +11,8 @@ using OtherMastering = BuildTest;
 
 TEST_F(OtherMastering, GenisoimageInItsPlace_MakesTheSameDisc) {
   WriteFile(place / "tools" / "a file.txt", "content");
-  WriteFile(place / "tools" / "large.bin", std::string(15'000'000, 'x'));  // long enough for a percent line
+  WriteFile(place / "tools" / "large.bin",
+            std::string(15'000'000, 'x'));  // large enough for a line with the percentage
   ASSERT_EQ(Build(Utilities(place / "tools")).exit_code, 0);
   const Contents own = WithoutTimes(ReadWithBsdtar(image));
   fs::remove(image);

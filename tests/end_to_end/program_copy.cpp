@@ -1,4 +1,4 @@
-// Copying the program folder, and building in the copy.
+// Copies the program folder and runs builds in the copy.
 #include "tests/end_to_end/program_copy.h"
 
 #include <sstream>
@@ -11,7 +11,7 @@ namespace discwright::testing {
 namespace {
 
 void MakeProgram(const fs::path& file, const std::string& lines) {
-  fs::remove(file);  // it may be a link to the real one
+  fs::remove(file);  // removed first, because it may be a link to the real one
   WriteFile(file, "#!/bin/sh\n" + lines);
   fs::permissions(file, fs::perms::owner_all);
 }
@@ -21,7 +21,7 @@ void MakeProgram(const fs::path& file, const std::string& lines) {
 ProgramCopy::ProgramCopy(fs::path folder) : folder_(std::move(folder)) {
   const fs::path built = PROGRAM_FOLDER;
   fs::create_directories(folder_);
-  // By name: the built folder may hold what a build by hand has left there.
+  // Copies a list of names, because a build by hand may have left other files in the built folder.
   for (const char* name : {"discwright-build", "CreateDsk", "dfl", "mkisofs", "files"}) {
     fs::copy(built / name, folder_ / name, fs::copy_options::recursive);
   }

@@ -1,4 +1,4 @@
-// A copy of the built program folder: every test builds in one of its own.
+// A copy of the built program folder. Every test builds in a copy of its own.
 #pragma once
 
 #include <filesystem>
@@ -11,39 +11,39 @@ namespace discwright::testing {
 
 class ProgramCopy {
  public:
-  // Copies the programs and their data to `folder`, which is made.
+  // Makes `folder` and copies the programs and their data into it.
   explicit ProgramCopy(std::filesystem::path folder);
 
   const std::filesystem::path& folder() const { return folder_; }
   std::filesystem::path operator/(const std::filesystem::path& below) const { return folder_ / below; }
 
-  // The command that builds with these arguments.
+  // The command line of discwright-build with these arguments.
   std::vector<std::string> Command(const std::vector<std::string>& arguments) const;
   Outcome Build(const std::vector<std::string>& arguments, const Surroundings& surroundings = {}) const;
 
-  // Puts a shell script in the place of one of the programs; `lines` come after the "#!" line.
+  // Replaces a program by a shell script. `lines` follow the "#!" line.
   void ReplaceProgram(const std::string& name, const std::string& lines) const;
-  // Puts the built program back.
+  // Restores a replaced program.
   void RestoreProgram(const std::string& name) const;
 
  private:
   std::filesystem::path folder_;
 };
 
-// The arguments that choose a utilities folder and an additional folder.
+// The arguments that choose a folder of utilities and one of additional files.
 std::vector<std::string> Utilities(const std::filesystem::path& folder);
 std::vector<std::string> AdditionalFiles(const std::filesystem::path& folder);
 std::vector<std::string> Output(const std::filesystem::path& image);
 
-// Lists of arguments one after the other.
+// Joins lists of arguments.
 std::vector<std::string> Join(std::vector<std::string> first, const std::vector<std::string>& second,
                               const std::vector<std::string>& third = {}, const std::vector<std::string>& fourth = {},
                               const std::vector<std::string>& fifth = {});
 
-// What stands beside an image under its name with something after it: parts of an image.
+// The files beside an image whose names begin with its name, such as the ".part" of an unfinished image.
 std::vector<std::string> PartsOf(const std::filesystem::path& image);
 
-// Whether nothing of an image stands at its place: neither itself nor a part of it.
+// Whether neither the image nor a part of it exists.
 bool NoImageAt(const std::filesystem::path& image);
 
 // The lines of a text that contain `part`.

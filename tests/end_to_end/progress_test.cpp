@@ -1,4 +1,4 @@
-// What the headless program shows of its progress, in a file and on a terminal.
+// Tests of the progress that discwright-build shows, in a file and on a terminal.
 #include <algorithm>
 
 #include "tests/end_to_end/build_test.h"
@@ -12,7 +12,7 @@ using ::testing::StartsWith;
 
 class Progress : public BuildTest {};
 
-// A terminal as far as the program uses one.
+// A terminal that understands the control characters which the program uses.
 class Screen {
  public:
   void Show(const std::string& text) {

@@ -1,4 +1,4 @@
-// A program folder that cannot be written to.
+// Tests of a read-only program folder.
 #include <sys/mount.h>
 
 #include <cerrno>
@@ -10,7 +10,7 @@ namespace discwright::testing {
 
 namespace {
 
-// A folder that is read-only as long as this lives, for the superuser too.
+// Mounts a folder read-only until it is destroyed. This stops the superuser, too.
 class ReadOnly {
  public:
   explicit ReadOnly(fs::path folder) : folder_(std::move(folder)) {

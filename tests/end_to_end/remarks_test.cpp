@@ -1,4 +1,4 @@
-// What a user is told although nothing is wrong, and what was meant by a name that does not exist.
+// Tests of remarks, which do not stop a build, and of suggestions for misspelled names of controls.
 #include "tests/end_to_end/build_test.h"
 
 namespace discwright::testing {
@@ -9,7 +9,7 @@ using ::testing::ElementsAre;
 
 class Remarks : public BuildTest {
  protected:
-  // The lines of a build that is made whatever is remarked; --quiet leaves nothing else on standard error.
+  // Runs a build that must succeed, with --quiet, so that standard error has nothing but remarks. Returns its lines.
   std::vector<std::string> RemarksOf(const std::vector<std::string>& arguments, int exit_code = 0) const {
     const Outcome outcome = Build(Join({"--quiet"}, arguments));
     EXPECT_EQ(outcome.exit_code, exit_code) << outcome.err;
@@ -17,7 +17,7 @@ class Remarks : public BuildTest {
     EXPECT_TRUE(fs::exists(image));
     return LinesWith(outcome.err, "");
   }
-  // The sentence of a call that names no control.
+  // Runs a call with a name that no control has. Returns the sentence of the failure.
   std::string Suggestion(const std::string& control) const {
     const Outcome outcome = Build({"--set", control + "=1"});
     EXPECT_EQ(outcome.exit_code, 2);

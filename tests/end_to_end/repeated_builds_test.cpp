@@ -1,4 +1,4 @@
-// Several builds in one program folder do not know of each other.
+// Tests of several builds in one program folder, which must not influence each other.
 #include "tests/end_to_end/build_test.h"
 
 namespace discwright::testing {

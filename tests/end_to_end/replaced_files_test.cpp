@@ -1,22 +1,20 @@
-// What a build may write over: disc images, and other files only when it is told to.
+// Tests of the files that a build may replace: disc images always, other files only with --force.
 #include "tests/end_to_end/build_test.h"
 
 namespace discwright::testing {
 
 namespace {
 
-constexpr const char* kTry = "Try 'discwright-build --help'.\n";
-
 class ReplacedFiles : public BuildTest {
  protected:
-  // A call that is refused as wrong usage, with one sentence, and changes nothing of what it could have written.
+  // Expects that a call is refused as wrong usage with one sentence, and changes no file.
   void ExpectRefused(const std::vector<std::string>& arguments, const std::string& why,
                      const Surroundings& surroundings = {}) const {
     const auto before = Fingerprint(place.path());
     const Outcome outcome = program.Build(arguments, surroundings);
     EXPECT_EQ(outcome.exit_code, 2) << ::testing::PrintToString(arguments);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.err, "discwright-build: " + why + "\n" + kTry);
+    EXPECT_EQ(outcome.err, "discwright-build: " + why + "\n" + kTryHelp);
     EXPECT_TRUE(WithoutProgramFolder(Fingerprint(place.path())) == WithoutProgramFolder(before)) << why;
     EXPECT_FALSE(fs::exists(program / "vexacd"));
   }
@@ -25,7 +23,7 @@ class ReplacedFiles : public BuildTest {
                                     " is a file of another kind: choose another name, or add --force to "
                                     "replace it");
   }
-  // With --force, too. `shown`: the file's name as the disk has it.
+  // Expects a refusal with and without --force. `shown` is the name of the file as the disk spells it.
   void ExpectNeeded(const fs::path& file, const std::vector<std::string>& choices, const fs::path& shown) const {
     for (const auto& force : {std::vector<std::string>{}, {"--force"}}) {
       ExpectRefused(Join(Output(file), choices, force),
@@ -44,7 +42,7 @@ class ReplacedFiles : public BuildTest {
   }
 
  private:
-  // Trying whether it can be written to changes the times of the folder itself, and a session brings its answers.
+  // Two differences are allowed: the test for write access changes the times of the folder, and a session its answers.
   std::map<std::string, std::string> WithoutProgramFolder(std::map<std::string, std::string> facts) const {
     facts.erase(program.folder().string());
     facts.erase((program / "keyfile2.txt").string());
@@ -59,7 +57,7 @@ TEST_F(ReplacedFiles, TextAtTheImagesPlace_IsRefusedAndStays) {
   ExpectHoldsSomethingElse(place / "notes.txt");
 }
 
-// One byte too short, one place too early, another mark.
+// Files that almost look like a disc image: one byte too short, the mark one byte too early, another mark.
 TEST_F(ReplacedFiles, NearlyADiscImageAtThePlace_IsRefusedAndStays) {
   for (const std::string& content : {std::string(32769, 'x') + "CD00", std::string(32768, 'x') + "CD001 and more",
                                      std::string(32769, 'x') + "CD002 and more", std::string("CD001")}) {
@@ -109,7 +107,7 @@ TEST_F(ReplacedFiles, ImageOntoThePasswordFile_IsRefusedHoweverItIsWritten) {
   ExpectNeeded(place / "SECRET", choices, place / "secret");
 }
 
-// The program refuses these names also while there are no such files: the build itself would make them later.
+// The program refuses these names even when no such files exist, because the build makes them later.
 TEST_F(ReplacedFiles, ImageOntoAFileOfTheProgramItself_IsRefusedWhetherItIsThereOrNot) {
   for (const char* name : {"keyfile.txt", "keyfile2.txt", "vexacd.ini", "KeyFile2.TXT"}) {
     ExpectNeeded(program / name, {}, program / name);

@@ -1,4 +1,4 @@
-// Starting programs, and looking at the system's list of processes.
+// Starts programs and reads the system's list of processes.
 #include "tests/end_to_end/running_program.h"
 
 #include <gtest/gtest.h>
@@ -24,7 +24,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A file without a name: nothing that the test keeps is on a disk that it fills up.
+// Makes a file in memory without a name, because a test may fill up the disk.
 int MemoryFile(const std::string& content = "") {
   const int file = memfd_create("end_to_end", MFD_CLOEXEC);
   if (write(file, content.data(), content.size()) != static_cast<ssize_t>(content.size())) std::abort();
@@ -39,7 +39,7 @@ std::string Content(int file) {
   return content;
 }
 
-// In the new process; does not return.
+// Runs in the new process. Does not return.
 [[noreturn]] void Become(const std::vector<std::string>& command, const Surroundings& surroundings) {
   std::vector<char*> arguments;
   for (const std::string& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
@@ -57,7 +57,7 @@ std::string ReadLink(const fs::path& link) {
 
 std::string CommandLine(const fs::path& process) {
   std::ifstream file(process / "cmdline", std::ios::binary);
-  // With read(): an iterator would throw when the process ends meanwhile.
+  // Uses read(), because a stream iterator would throw when the process ends meanwhile.
   std::string words(65536, '\0');
   file.read(words.data(), static_cast<std::streamsize>(words.size()));
   words.resize(static_cast<std::size_t>(file.gcount()));
@@ -95,7 +95,7 @@ void RunningProgram::StartOnFiles(const std::vector<std::string>& command, const
     dup2(err_, STDERR_FILENO);
     Become(command, surroundings);
   }
-  setpgid(id_, id_);  // here too: a signal to the group must not come too early
+  setpgid(id_, id_);  // also set here, so that a signal to the group cannot come before the child has set it
   close(in);
 }
 
@@ -109,7 +109,7 @@ void RunningProgram::Send(int signal) const { kill(id_, signal); }
 
 void RunningProgram::SendToGroup(int signal) const { kill(-id_, signal); }
 
-// The last words are still on their way when the program has ended: then what is read ends with an error.
+// Reads all output. The last of it may arrive after the program has ended; reading then ends with an error, not with 0.
 void RunningProgram::ReadTerminal() {
   std::array<char, 4096> piece{};
   pollfd readable{terminal_, POLLIN, 0};
@@ -127,7 +127,7 @@ std::string RunningProgram::ErrorText() {
 }
 
 bool RunningProgram::HasEnded() {
-  if (terminal_ >= 0) ReadTerminal();  // a full terminal would stop the program
+  if (terminal_ >= 0) ReadTerminal();  // the program would stop when the terminal's buffer is full
   if (!ended_) ended_ = waitpid(id_, &wait_status_, WNOHANG) == id_;
   return ended_;
 }
@@ -160,7 +160,7 @@ std::vector<std::string> ProcessesIn(const fs::path& folder) {
     const std::string command = CommandLine(process.path());
     const std::string facts = number + ": " + command + "in " + ReadLink(process.path() / "cwd") + ", program " +
                               ReadLink(process.path() / "exe");
-    // A process without a command line has ended and only waits for its parent to notice.
+    // A process without a command line is a zombie: it has ended.
     if (!command.empty() && facts.find(folder.string()) != std::string::npos) found.push_back(facts);
   }
   return found;

@@ -1,4 +1,4 @@
-// A program that a test has started: its output, its end, and what else runs in a folder.
+// Runs programs for tests: RunProgram() to the end, RunningProgram with signals meanwhile.
 #pragma once
 
 #include <sys/types.h>
@@ -11,24 +11,24 @@
 namespace discwright::testing {
 
 struct Outcome {
-  int exit_code = -1;  // -1: it did not end by itself
-  int killed_by = 0;   // the signal's number; 0 when none did
+  int exit_code = -1;  // -1: a signal ended the program
+  int killed_by = 0;   // number of the signal that ended the program; 0 when none did
   std::string out;
-  std::string err;  // what a terminal showed, when the program ran on one
+  std::string err;  // of a program on a terminal: everything that the terminal got
 };
 
-// How a program is started, apart from its arguments.
+// How a program is started, besides its arguments.
 struct Surroundings {
   std::filesystem::path working_folder = "/";
   std::vector<std::pair<std::string, std::string>> environment = {};  // added to the test's own
   std::string standard_input = {};
-  bool on_terminal = false;  // 80 columns wide; standard error and standard output are the same then
+  bool on_terminal = false;  // standard output and standard error are one terminal of 80 columns
 };
 
-// Started in a process group of its own; ended with everything in that group when the object goes.
+// The program has a process group of its own. The destructor kills the whole group.
 class RunningProgram {
  public:
-  // `command`: the program's path (or its name in PATH) and its arguments.
+  // `command` has the path of the program, or its name in PATH, and its arguments.
   explicit RunningProgram(const std::vector<std::string>& command, const Surroundings& surroundings = {});
   ~RunningProgram();
   RunningProgram(const RunningProgram&) = delete;
@@ -37,10 +37,10 @@ class RunningProgram {
   pid_t id() const { return id_; }
   void Send(int signal) const;         // to the program alone
   void SendToGroup(int signal) const;  // as a terminal does on Ctrl-C
-  std::string ErrorText();             // what it has written to standard error so far
+  std::string ErrorText();             // its standard error so far
 
   bool HasEnded();
-  // Waits for the end; a program that does not end is a failure of the test, and is killed.
+  // Waits for the end of the program. Fails the test and kills the program when it does not end.
   Outcome Wait();
 
  private:
@@ -59,10 +59,10 @@ class RunningProgram {
 
 Outcome RunProgram(const std::vector<std::string>& command, const Surroundings& surroundings = {});
 
-// One line for each process that works in, was started from, or was given a path below `folder`.
+// One line for each process whose current folder, program or arguments are below `folder`.
 std::vector<std::string> ProcessesIn(const std::filesystem::path& folder);
 
-// Whether all of them end by themselves.
+// Waits until ProcessesIn(folder) is empty; false when that takes too long.
 bool AllProcessesEnd(const std::filesystem::path& folder);
 
 }  // namespace discwright::testing

@@ -1,4 +1,4 @@
-// Session files: read strictly, kept with --save-session, and never a place where something else gets lost.
+// Tests of session files: strict reading, saving with --save-session, and no overwriting of other files.
 #include <sys/mount.h>
 
 #include "tests/end_to_end/build_test.h"
@@ -8,17 +8,16 @@ namespace discwright::testing {
 
 namespace {
 
-constexpr const char* kTry = "Try 'discwright-build --help'.\n";
 const std::vector<std::pair<std::string, std::string>> kOldDate = {{"SOURCE_DATE_EPOCH", "1000000000"}};
 
 class Sessions : public BuildTest {
  protected:
-  // A run that is refused as wrong usage, with these words, and writes nothing.
+  // Expects that a call is refused as wrong usage with this message, and writes nothing.
   void ExpectRefused(const std::vector<std::string>& arguments, const std::string& why) const {
     const Outcome outcome = Build(arguments);
     EXPECT_EQ(outcome.exit_code, 2) << ::testing::PrintToString(arguments);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.err, "discwright-build: " + why + "\n" + kTry);
+    EXPECT_EQ(outcome.err, "discwright-build: " + why + "\n" + kTryHelp);
     EXPECT_TRUE(NoImageAt(image));
     EXPECT_FALSE(fs::exists(program / "vexacd"));
   }
@@ -57,10 +56,11 @@ TEST_F(Sessions, NameOfTheSession_IsShownAsItWasWritten) {
   WriteFile(place / "s.ini", "[Main]\nCleanSession = 1\nWindows2K = yes\n");
   const Outcome outcome = program.Build({"--session", "s.ini"}, {.working_folder = place.path()});
   EXPECT_EQ(outcome.exit_code, 2);
-  EXPECT_EQ(outcome.err, std::string("discwright-build: s.ini: line 3: Windows2K takes 0 or 1, not 'yes'\n") + kTry);
+  EXPECT_EQ(outcome.err,
+            std::string("discwright-build: s.ini: line 3: Windows2K takes 0 or 1, not 'yes'\n") + kTryHelp);
 }
 
-// What the program or a person has left there does not stop a build that does not name it.
+// The program's own session file is not checked line by line, so an error in it does not stop a build.
 TEST_F(Sessions, OwnSessionOfTheProgram_IsNotReadStrictly) {
   WriteFile(program / "vexacd.ini", "[Main]\r\nWindowsXP=1\r\nCleanSession=1\r\n");
   const Outcome outcome = Build();
@@ -149,12 +149,12 @@ TEST_F(Sessions, KeptAtThePlaceOfTheImage_IsRefusedHoweverBothAreWritten) {
   const Outcome relative =
       program.Build(Join(Keep("rescue.iso"), {"--set", "TxtISOLoc=rescue.iso"}), {.working_folder = place.path()});
   EXPECT_EQ(relative.exit_code, 2);
-  EXPECT_EQ(relative.err, "discwright-build: " + why + "\n" + kTry);
+  EXPECT_EQ(relative.err, "discwright-build: " + why + "\n" + kTryHelp);
   EXPECT_TRUE(NoImageAt(image));
   WriteFile(image, OlderImage());
   const Outcome over_an_image = Build(Join(Keep(image), {"--force"}));
   EXPECT_EQ(over_an_image.exit_code, 2);
-  EXPECT_EQ(over_an_image.err, "discwright-build: " + why + "\n" + kTry);
+  EXPECT_EQ(over_an_image.err, "discwright-build: " + why + "\n" + kTryHelp);
   EXPECT_TRUE(ReadFile(image) == OlderImage());
 }
 

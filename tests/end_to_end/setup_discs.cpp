@@ -1,4 +1,4 @@
-// The files of the synthetic discs.
+// Makes the files of the synthetic discs.
 #include "tests/end_to_end/setup_discs.h"
 
 #include <algorithm>
@@ -18,8 +18,7 @@ std::string Cabinet(const std::string& name, std::size_t size) {
   return bytes;
 }
 
-// What the discs of the NT family have in their setup folder. Names of the folder stand in more files than the build
-// changes.
+// The setup folder of a disc of the NT family. More files name the folder than the build patches.
 Disc SetupFolderOfNt() {
   return {
       {"I386/SETUPLDR.BIN", SetupLoader()},

@@ -1,4 +1,4 @@
-// Synthetic setup and tool CDs, laid out as the real ones: tag files, loaders, scripts, cabinets.
+// Synthetic setup and tool CDs with the layout of real ones: tag files, loaders, scripts, cabinets.
 #pragma once
 
 #include <filesystem>
@@ -7,31 +7,31 @@
 
 namespace discwright::testing {
 
-// The bytes of a disc's files by their paths, in the names that they have on the disc.
+// The contents of a disc's files by their paths, spelled as on the disc.
 using Disc = std::map<std::string, std::string>;
 
 enum class Edition { kHome, kProfessional };
 
-Disc Windows2000Disc(int service_pack);  // 0: none
+Disc Windows2000Disc(int service_pack);  // 0 for a disc without one
 Disc WindowsXpDisc(Edition edition, int service_pack);
 Disc Windows98Disc();
 Disc WindowsMeDisc();
 Disc ErdCommanderDisc();
 Disc BlueConDisc();
 
-enum class Shown { kUpperCase, kLowerCase };  // how a system shows the names
+enum class Shown { kUpperCase, kLowerCase };  // the letter case in which a system shows the names of a CD
 
-// Puts a disc's files below a folder, read only and of an old date, as a mounted CD shows them.
+// Writes a disc's files below a folder, read-only and with an old date, as on a mounted CD.
 void Insert(const Disc& disc, const std::filesystem::path& folder, Shown names);
 
-// Puts them there writable and in the names of the disc.
+// Writes a disc's files below a folder, writable and with the names of the disc.
 void Unpack(const Disc& disc, const std::filesystem::path& folder);
 
-// A disc's files with another name for one folder, and the disc's files below one folder with its name cut off.
+// The first returns the files with one folder renamed, the second the files of one folder with their paths below it.
 Disc Renamed(const Disc& disc, const std::string& folder, const std::string& name);
 Disc FilesBelow(const Disc& disc, const std::string& folder);
 
-// Every place of `find` replaced.
+// Replaces every occurrence of `find`.
 std::string Replaced(std::string text, const std::string& find, const std::string& replace);
 
 }  // namespace discwright::testing

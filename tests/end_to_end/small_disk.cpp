@@ -1,4 +1,4 @@
-// Mounts tmpfs.
+// Mounts and unmounts a tmpfs.
 #include "tests/end_to_end/small_disk.h"
 
 #include <sys/mount.h>

@@ -1,4 +1,4 @@
-// A small disk in memory, mounted on a folder.
+// A small disk in memory (tmpfs), mounted on a folder, for tests of full and read-only disks.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,9 @@
 
 namespace discwright::testing {
 
-// Unmounted at the end. Mounting needs rights: ask whether it worked.
+inline constexpr std::uintmax_t kMegabyte = 1024 * 1024;
+
+// The destructor unmounts it. Mounting may not be permitted, so ask IsMounted() first.
 class SmallDisk {
  public:
   SmallDisk(std::filesystem::path folder, std::uintmax_t bytes);
@@ -16,11 +18,11 @@ class SmallDisk {
   SmallDisk& operator=(const SmallDisk&) = delete;
 
   bool IsMounted() const { return error_ == 0; }
-  std::string Reason() const;  // why it is not mounted
+  std::string Reason() const;  // why mounting has failed
 
-  bool MakeReadOnly() const;  // true when it worked
+  bool MakeReadOnly() const;  // true on success
 
-  // Leaves at most `bytes` free.
+  // Fills the disk until at most `bytes` are free.
   void FillUpTo(std::uintmax_t bytes) const;
 
  private:

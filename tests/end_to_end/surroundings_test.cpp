@@ -1,4 +1,4 @@
-// What the program takes from its environment: the home folder, the date, and that nothing has to be given at all.
+// Tests of the environment: the home folder, the date, and a start without any arguments.
 #include <pwd.h>
 #include <unistd.h>
 
@@ -48,7 +48,7 @@ TEST_F(SurroundingsOfABuild, HomeFolderThatIsMissing_IsToldAndNotMade) {
   EXPECT_FALSE(fs::exists(place / "missing"));
 }
 
-// Only looked at: an image there would be in the way of whoever runs the tests.
+// Only checks the default, because an image in the home folder would disturb the person who runs the tests.
 TEST_F(SurroundingsOfABuild, HomeNotInTheEnvironmentOrNoPath_IsThatOfTheUser) {
   const std::string home = getpwuid(getuid())->pw_dir;
   const std::string expected = " = \"" + (fs::path(home) / "vexacd.iso").string() + "\"";

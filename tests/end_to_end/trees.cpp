@@ -1,4 +1,4 @@
-// Making, remembering and comparing folder trees.
+// Makes, fingerprints and compares folder trees.
 #include "tests/end_to_end/trees.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Folder trees: made for a test, remembered, and taken out of an image by other people's readers.
+// Folder trees for tests: make one, compare two, or read the tree of an image with bsdtar and xorriso.
 #pragma once
 
 #include <cstdint>
@@ -11,16 +11,16 @@ namespace discwright::testing {
 
 namespace fs = std::filesystem;
 
-// Makes the folders on the way too.
+// Also makes the folders of the path.
 void WriteFile(const fs::path& file, std::string_view content);
-std::string ReadFile(const fs::path& file);  // "<missing>" when there is none
+std::string ReadFile(const fs::path& file);  // "<missing>" when there is no such file
 
-// What the program takes for a disc image that a build may replace: the mark of ISO 9660 in sector 16, and `label` in
-// front, by which a test knows it again.
+// The smallest file that a build takes for a disc image and replaces: it has the mark of ISO 9660 in sector 16. It
+// begins with `label`, so that a test can recognise it.
 std::string OlderImage(std::string_view label = "an older image");
 
-// A folder of its own for one test, removed at the end with all that still runs in it. Only the part of its name after
-// the last blank differs between tests.
+// A temporary folder for one test. The destructor ends all programs that run in it and removes it. Its names differ
+// between tests only after the last blank.
 class TemporaryFolder {
  public:
   explicit TemporaryFolder(std::string_view name_begin = "discwright");
@@ -35,33 +35,33 @@ class TemporaryFolder {
   fs::path path_;
 };
 
-// What must be the same wherever an entry stands.
+// The facts about an entry that do not depend on its place.
 struct Content {
   bool is_folder = false;
   std::uint64_t size = 0;
-  std::size_t hash = 0;      // of the bytes
-  std::int64_t seconds = 0;  // of the last change; 0 for folders
+  std::size_t hash = 0;      // of its content
+  std::int64_t seconds = 0;  // time of the last change; 0 for folders
 
   auto operator<=>(const Content&) const = default;
 };
 
-// By path below the root of the tree.
+// By the path below the root of the tree.
 using Contents = std::map<std::string, Content>;
 
-// Links, devices and pipes are left out.
+// Reads a tree without its links, devices and pipes.
 Contents ContentsOf(const fs::path& folder);
 Contents WithoutTimes(Contents contents);
-Contents Below(const Contents& contents, const std::string& folder);  // the entries of one folder
-Contents WithAsciiNames(Contents contents);                           // only these
+Contents Below(const Contents& contents, const std::string& folder);  // the entries of one folder, with paths below it
+Contents WithAsciiNames(Contents contents);                           // the entries whose names are ASCII
 
-// What differs between two trees, a line each, at most ten; empty when nothing does.
+// The differences between two trees, at most ten lines; empty when they are equal.
 std::string Difference(const Contents& expected, const Contents& actual);
 
-// Everything the system knows about the entries of a tree, except when they were last read: to show that nothing was
-// touched.
+// All attributes of the entries of a tree except the time of the last access. Equal fingerprints show that nothing was
+// changed.
 std::map<std::string, std::string> Fingerprint(const fs::path& folder);
 
-// The files of an image. The second reader changes the names that are not ASCII.
+// The files of an image, read with bsdtar or xorriso. xorriso changes names that are not ASCII.
 Contents ReadWithBsdtar(const fs::path& image);
 Contents ReadWithXorriso(const fs::path& image);
 

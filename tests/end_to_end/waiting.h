@@ -1,4 +1,4 @@
-// Waiting for what other processes do: generous, because a machine may be slow, and never without an end.
+// Waits for other processes: WaitUntil() with a limit that is long enough for slow machines.
 #pragma once
 
 #include <chrono>
@@ -8,7 +8,7 @@ namespace discwright::testing {
 
 inline constexpr auto kPatience = std::chrono::seconds(120);
 
-// Looks every millisecond until `happened` is true; false when kPatience was not enough.
+// Calls `happened` every millisecond until it returns true. Returns false after kPatience.
 template <typename Condition>
 bool WaitUntil(const Condition& happened) {
   const auto end = std::chrono::steady_clock::now() + kPatience;

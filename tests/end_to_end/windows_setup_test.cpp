@@ -1,4 +1,4 @@
-// Whole builds with Windows Setup and the recovery tools, from synthetic CDs.
+// Tests of whole builds with Windows Setup and the recovery tools, from synthetic CDs.
 #include <csignal>
 
 #include "tests/end_to_end/build_test.h"
@@ -22,7 +22,7 @@ class WindowsSetup : public BuildTest {
   Outcome BuildEverything(const std::vector<std::string>& more = {}, const Surroundings& surroundings = {}) const {
     return Build(Join(discs.Choices(), more), surroundings);
   }
-  // A command "wine" that is found before any other, running these lines.
+  // The environment variable PATH with a fake command "wine" in front, a script of these lines.
   std::pair<std::string, std::string> PathWithWine(const std::string& lines) const {
     WriteFile(place / "commands" / "wine", "#!/bin/sh\n" + lines);
     fs::permissions(place / "commands" / "wine", fs::perms::owner_all);
@@ -43,7 +43,7 @@ class WindowsSetup : public BuildTest {
 
 class EveryDisc : public WindowsSetup, public ::testing::WithParamInterface<Shown> {
  protected:
-  // The files of a CD made from this disc alone.
+  // Builds a CD from one disc only and returns its files.
   Contents CdFrom(const Disc& disc, const std::string& name, const std::string& choice, const std::string& location,
                   const std::string& folder = "") const {
     const fs::path root = place / "one disc" / name;
@@ -102,7 +102,7 @@ TEST_F(WindowsSetup, PatchedFiles_KeepTheirTimes) {
   }
 }
 
-// The shell of Windows refuses to rename a folder to a name that is taken; the program on Linux does the same.
+// On Windows the shell refuses to rename a folder to an existing name. The program on Linux does the same.
 TEST_F(WindowsSetup, ToolDiscThatHasTheToolsNewName_IsToldAndItsFolderStaysI386) {
   WriteFile(discs.folder() / "erd" / "ERDC" / "OWN.TXT", "own");
   discs.Remember();
@@ -166,7 +166,7 @@ TEST_F(WindowsSetup, Answers_ReachSetupInWindows1252) {
   const std::string in_code_page = "\"M\xFCller, S\xF6hne; 100% \"A=B\"\"";
   const std::string winnt = ReadFile(program / "vexacd" / "I386" / "WINNT.SIF");
   EXPECT_THAT(winnt, HasSubstr("FullName=" + in_code_page + "\r\n"));
-  // The choice of the domain does not get this far: meant.
+  // OptJoinDomain does not reach the answer file: the build always writes the workgroup.
   EXPECT_THAT(winnt, HasSubstr("JoinWorkgroup=HOME\r\n"));
   EXPECT_THAT(winnt, HasSubstr("UnattendedInstall=Yes\r\n"));
   const std::string msbatch = ReadFile(program / "vexacd" / "WIN98" / "MSBATCH.INF");
@@ -290,7 +290,7 @@ TEST_F(WindowsSetup, SetupFolderWithoutItsLoader_IsRefusedByItsPage) {
   EXPECT_FALSE(fs::exists(program / "vexacd"));
 }
 
-// A file that opens and cannot be read, as on a scratched disc.
+// A file that can be opened but not read, as on a scratched disc.
 TEST_F(WindowsSetup, UnreadableCabinetInTheMiddle_IsToldAndTheBuildGoesOn) {
   for (const char* cabinet : {"xp/I386/DRIVER.CAB", "98/BASE5.CAB"}) {
     const fs::path file = discs.folder() / cabinet;
@@ -316,7 +316,7 @@ TEST_F(WindowsSetup, SetupFilesOfTwoGigabytes_EndTheBuildWithTheirBox) {
   for (const auto& [folder, what] : steps) {
     const fs::path large = discs.folder() / folder / "LARGE.CAB";
     WriteFile(large, "");
-    fs::resize_file(large, 1ULL << 31U);  // a hole: takes no room
+    fs::resize_file(large, 1ULL << 31U);  // a sparse file, which takes no disk space
     const Outcome outcome = BuildEverything();
     EXPECT_EQ(outcome.exit_code, 1);
     EXPECT_THAT(outcome.err,
@@ -346,13 +346,12 @@ TEST_F(WindowsSetup, MissingBootSectors_AreTold) {
 }
 
 TEST_F(WindowsSetup, DiskFullInTheMiddleOfTheSetupFiles_IsToldAndTheNextBuildWorks) {
-  constexpr std::uintmax_t kMegabyte = 1024 * 1024;
   const SmallDisk disk(place / "disk", 256 * kMegabyte);
   if (!disk.IsMounted()) GTEST_SKIP() << disk.Reason();
   const ProgramCopy on_disk(place / "disk" / "program");
   WriteFile(discs.folder() / "xp/I386/LARGE.CAB", std::string(20 * kMegabyte, 'l'));
   discs.Remember();
-  disk.FillUpTo(15 * kMegabyte);  // the boot disks take six
+  disk.FillUpTo(15 * kMegabyte);  // the boot disks take 6 MB
   const Outcome full = on_disk.Build(Join(Output(image), discs.Choices()));
   EXPECT_THAT(full.exit_code, ::testing::AnyOf(1, 4)) << full.err;
   EXPECT_THAT(full.err, HasSubstr("warning: " + (discs.folder() / "xp/I386/LARGE.CAB").string() + ": "));

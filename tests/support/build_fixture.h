@@ -1,4 +1,4 @@
-// A complete core on a fake host: what tests of build steps and pages start from.
+// The fixture for tests of build steps and pages: a complete core on a fake host.
 #pragma once
 
 #include <gmock/gmock.h>

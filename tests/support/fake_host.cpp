@@ -1,4 +1,4 @@
-// The in-memory host behind the core's tests.
+// The functions of the host, in memory.
 #include "tests/support/fake_host.h"
 
 #include <gtest/gtest.h>
@@ -71,8 +71,8 @@ FakeHost& FakeHost::Current() {
   return *current_host;
 }
 
-// Canonical spelling: separators single and "\", no trailing one, "." and ".." resolved, links on the way followed by
-// Resolve, lower case; a path without a drive is below the current folder.
+// The canonical path in lower case: single "\" as separators, none at the end, "." and ".." resolved. A path without a
+// drive is below the current folder. Resolve() follows links.
 std::string FakeHost::Key(std::string_view path) {
   std::string text(path);
   const bool absolute = (text.size() >= 2 && text[1] == ':') || (!text.empty() && IsSeparator(text[0]));
@@ -100,7 +100,7 @@ std::string FakeHost::Key(std::string_view path) {
 
 namespace {
 
-// The key of what stands at a path once links on the way (and at its end, with `follow`) are followed.
+// The key of a path after following the links in it; with `follow` also a link at its end.
 std::string Resolve(FakeHost& fake, const std::string& key, bool follow, int depth = 0) {
   if (depth > kMaximalLinks) return key;
   std::string resolved;
@@ -247,7 +247,7 @@ FakeHost& Fake() { return FakeHost::Current(); }
 
 FakeHost::Node* Following(std::string_view path) { return testing::FindFollowing(path); }
 
-// Where a new file of that path goes: null status and the key, or why not.
+// Finds the key for a new file with this path, or the failure of making it.
 Status Place(std::string_view path, std::string& key) {
   key = testing::Resolve(Fake(), FakeHost::Key(path), true);
   const auto parent = Fake().nodes.find(testing::ParentKey(key));
@@ -310,7 +310,7 @@ Listing ListFolder(std::string_view folder, std::string_view pattern) {
   if (node == nullptr || node->kind != EntryKind::kFolder) return testing::Missing();
   std::vector<Entry> entries;
   std::string prefix = testing::Resolve(Fake(), FakeHost::Key(folder), true);
-  if (!prefix.empty()) prefix += "\\";  // empty: the root of a system without drives
+  if (!prefix.empty()) prefix += "\\";  // the root of a system without drives has no prefix
   for (auto child = Fake().nodes.lower_bound(prefix); child != Fake().nodes.end() && child->first.starts_with(prefix);
        ++child) {
     if (child->first == prefix || child->first.find('\\', prefix.size()) != std::string::npos) continue;
@@ -466,7 +466,7 @@ std::string PathFromNative(std::string_view native) { return std::string(native)
 std::string PathToNative(std::string_view path) {
   std::string native(path);
   std::replace(native.begin(), native.end(), '/', '\\');
-  const std::size_t root = native.find(':') == 1 ? 3 : 1;  // of a drive, or of a system without drives
+  const std::size_t root = native.find(':') == 1 ? 3 : 1;  // length of "C:\", or of the root of a system without drives
   while (native.size() > root && native.ends_with('\\')) native.pop_back();
   if (Fake().shows_slashes) std::replace(native.begin(), native.end(), '\\', '/');
   return native;
@@ -482,7 +482,7 @@ std::string FoldCase(std::string_view text) {
   std::transform(folded.begin(), folded.end(), folded.begin(),
                  [](unsigned char character) { return static_cast<char>(std::tolower(character)); });
   if (folded.empty()) return folded;
-  // The umlauts and accents of Western Europe: two bytes of UTF-8 each.
+  // Folds the letters of Western Europe with umlauts and accents, which have two bytes in UTF-8.
   for (std::size_t place = folded.find('\xC3'); place < folded.size() - 1; place = folded.find('\xC3', place + 1)) {
     const auto letter = static_cast<unsigned char>(folded[place + 1]);
     if (letter >= 0x80 && letter <= 0x9E && letter != 0x97) folded[place + 1] = static_cast<char>(letter + 0x20);
@@ -516,7 +516,7 @@ std::optional<std::string> LocalMachineText(std::string_view sub_key, std::strin
   return found == Fake().registry.end() ? std::nullopt : std::optional(found->second);
 }
 
-// The script of a Windows host: a batch file with short paths in lower case.
+// The script of a host with Windows: a batch file with short paths in lower case.
 std::array<std::string, 3> ScriptPrologue(std::string_view folder) {
   return {"@echo off", std::string(folder.substr(0, 2)), "cd " + ScriptPath(folder)};
 }

@@ -1,4 +1,4 @@
-// Launchers and processes that play a test's script.
+// Launchers and processes that play a FakeRun.
 #include "tests/support/fake_programs.h"
 
 namespace discwright::testing {
@@ -29,7 +29,7 @@ class FakeLauncher : public host::Launcher {
     if (!running_) return;
     if (next_piece_ < run_.pieces.size()) {
       const std::string piece = run_.pieces[next_piece_++];
-      // Called as a copy: the function may destroy this launcher.
+      // Calls a copy, because the function may destroy this launcher.
       if (const auto received = data_received) received(piece);
       return;
     }

@@ -1,4 +1,4 @@
-// Programs for tests: each command line that is started is recorded and plays a script that the test has set.
+// Fake programs for tests: FakePrograms records each command line that is started and plays the FakeRun for it.
 #pragma once
 
 #include <functional>
@@ -10,8 +10,8 @@
 
 namespace discwright::testing {
 
-// What a started program does: on each Deliver one piece of output, then `at_end` (its effect on the disk), then the
-// end. Without pieces it ends at the first Deliver.
+// What a started program does. Each Deliver gives one piece of output. The Deliver after the last piece calls `at_end`,
+// which can change the disk, and ends the program.
 struct FakeRun {
   std::vector<std::string> pieces;
   std::function<void()> at_end;
@@ -30,9 +30,9 @@ class FakePrograms : public host::ProgramRunner {
   int end_all_calls = 0;
   int launchers_alive = 0;  // created and not yet released
 
-  std::function<FakeRun(const std::string& command_line)> run;  // unset: ends at once, doing nothing
-  host::Status start_status;                                    // what every Start gives
-  bool can_create = true;                                       // false: CreateLauncher and StartProcess give null
+  std::function<FakeRun(const std::string& command_line)> run;  // without it every program ends at once
+  host::Status start_status;                                    // the result of every start
+  bool can_create = true;                                       // false: CreateLauncher and StartProcess return null
   bool process_wait_result = true;
   std::vector<int> window_styles;  // of each StartProcess
   std::vector<std::string> waits;  // "milliseconds idle" of each Process::Wait

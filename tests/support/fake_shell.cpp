@@ -1,4 +1,4 @@
-// The in-memory host's shell operations and its way of starting Windows programs.
+// The shell operations of the host in memory, and the command lines that start Windows programs.
 #include "host/processes.h"
 #include "host/shell_operations.h"
 #include "tests/support/fake_host.h"
@@ -9,7 +9,7 @@ using testing::FakeHost;
 
 namespace {
 
-// The service's numbers.
+// Error numbers of the shell operations of Windows.
 constexpr int kFileNotFound = 2;
 constexpr int kDestinationInSource = 0x76;
 constexpr int kFileInTheWay = 0x7E;
@@ -18,7 +18,7 @@ constexpr int kAlreadyThere = 183;
 
 bool IsFolder(const FakeHost::Node& node) { return node.kind == EntryKind::kFolder && node.link_target.empty(); }
 
-// Why what stands at one key cannot come to stand at another; 0 when it can.
+// The error number for moving one key to another; 0 when it can be moved.
 int Obstacle(const std::string& from, const std::string& to) {
   const auto& nodes = FakeHost::Current().nodes;
   if (to.starts_with(from + "\\")) return kDestinationInSource;
@@ -27,7 +27,7 @@ int Obstacle(const std::string& from, const std::string& to) {
   return IsFolder(there->second) ? kFolderInTheWay : kFileInTheWay;
 }
 
-// Everything below one key comes to stand below another; files there are overwritten, folders joined.
+// Moves everything below one key to another. Overwrites files there and joins folders.
 void MoveBelow(const std::string& from, const std::string& to, const std::string& new_name) {
   auto& nodes = FakeHost::Current().nodes;
   for (auto node = nodes.lower_bound(from); node != nodes.end() && node->first.starts_with(from);) {
@@ -48,7 +48,7 @@ void MoveBelow(const std::string& from, const std::string& to, const std::string
 int MoveNodes(std::string_view source, std::string_view destination, const std::string& new_name) {
   const std::string from = FakeHost::Key(source);
   const std::string to = FakeHost::Key(destination);
-  if (from == to) {  // at most the letter case changes
+  if (from == to) {  // only the letter case changes
     FakeHost::Current().nodes.at(from).name = new_name;
     return 0;
   }

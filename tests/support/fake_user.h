@@ -1,4 +1,4 @@
-// A user for tests: records what is shown, answers what is asked, and acts while the program waits.
+// A fake user for tests: records messages and questions, gives the answers that the test has set.
 #pragma once
 
 #include <functional>
@@ -42,16 +42,16 @@ class FakeUser : public host::UserInterface {
   std::vector<std::string> asked;
   std::vector<std::string> file_filters;
   std::vector<host::FileRequest> file_requests;
-  std::vector<std::string> help_asked;  // "class <title>" of each look for the viewer
+  std::vector<std::string> help_asked;  // "class <title>" of each call of HelpIsOpen
   std::vector<host::HelpRequest> help_requests;
-  std::vector<std::string> help_shown;  // "path topic" of each request
+  std::vector<std::string> help_shown;  // "path topic" of each call of ShowHelp
   std::vector<std::string> links;
   std::vector<int> waited;
   std::string folder_answer;
   std::string file_answer;
   bool help_is_open = false;
   int do_events_calls = 0;
-  std::function<void()> on_do_events;  // what the user does while the program yields
+  std::function<void()> on_do_events;  // called in each DoEvents, to act as the user
 };
 
 }  // namespace discwright::testing

@@ -1,4 +1,5 @@
-// Linux programs that look at what ours have made, and ours started as they are: lines for a shell.
+// Runs a line in the shell of Linux: programs of Linux that read our images, and our own programs. Works under Wine,
+// too.
 #pragma once
 
 #include <filesystem>
@@ -6,7 +7,7 @@
 
 namespace discwright::testing {
 
-// False where no line can be run: on a real Windows. Under Wine it is the shell of the Linux below.
+// Whether there is a shell. A real Windows has none; under Wine it is the shell of the Linux that runs Wine.
 bool HasShell();
 
 struct ShellEnd {
@@ -15,11 +16,11 @@ struct ShellEnd {
 };
 ShellEnd RunShell(const std::string& line);
 
-// One word of a line. No test has a single quote in a path.
+// Quotes a word. The paths of tests have no single quotes.
 inline std::string Quote(const std::string& text) { return "'" + text + "'"; }
-// A path as the shell's own programs take it, as one word. Its folder must be there.
+// A path as programs of Linux take it, as one quoted word. Its folder must exist.
 std::string ShellPath(const std::filesystem::path& path);
-// What starts one of our programs; its arguments are paths of its own system.
+// The words that start one of our programs. The program's arguments are paths of its own system.
 std::string ShellProgram(const std::filesystem::path& program);
 
 }  // namespace discwright::testing

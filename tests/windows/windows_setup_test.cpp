@@ -141,7 +141,6 @@ TEST_P(WindowsSetupOnWindows, CabinetThatAnotherProgramHolds_IsToldAndTheBuildGo
 }
 
 TEST_P(WindowsSetupOnWindows, DiskFullInTheMiddleOfTheSetupFiles_IsToldAndTheNextBuildWorks) {
-  constexpr std::uintmax_t kMegabyte = 1024 * 1024;
   const SmallDisk disk(place / "disk", 256 * kMegabyte);
   if (!disk.IsMounted()) GTEST_SKIP() << disk.Reason();
   const WindowsProgram on_disk(place / "disk" / "program", GetParam());

@@ -13,7 +13,7 @@
 namespace discwright::tools::mkisofs {
 namespace {
 
-constexpr std::uint64_t kMost = std::numeric_limits<std::uint32_t>::max();
+constexpr std::uint64_t kLargestField = std::numeric_limits<std::uint32_t>::max();  // sizes and sectors have 32 bits
 
 // What two names have in common when they are hard links of one file, and the node that carries the name.
 struct FileIdentity {
@@ -57,7 +57,7 @@ void PlaceDescriptorsAndBoot(Tree& tree, Layout& layout, Cursor& cursor) {
 
 bool PlaceDirectories(Tree& tree, Layout& layout, Cursor& cursor) {
   const std::uint64_t path_table_size = PathTableSize(tree);
-  if (path_table_size > kMost) return false;
+  if (path_table_size > kLargestField) return false;
   layout.path_table_size = static_cast<std::uint32_t>(path_table_size);
   layout.path_table_l = cursor.Take(path_table_size);
   layout.path_table_m = cursor.Take(path_table_size);
@@ -65,7 +65,7 @@ bool PlaceDirectories(Tree& tree, Layout& layout, Cursor& cursor) {
   for (const Folder& folder : tree.folders) {
     if (folder.number == 0) continue;
     const std::uint64_t size = DirectorySize(tree, folder);
-    if (size > kMost) return false;
+    if (size > kLargestField) return false;
     tree.NodeOf(folder).extent = cursor.Take(size);
     tree.NodeOf(folder).size = static_cast<std::uint32_t>(size);
   }
@@ -126,7 +126,7 @@ Result PlaceEverything(Tree& tree, Layout& layout) {
   if (!PlaceDirectories(tree, layout, cursor)) return Result::Failure("there are more files than an image can hold");
   PlaceFiles(tree, layout, cursor);
   layout.padding = cursor.Take(std::uint64_t{kPaddingSectors} * kSectorSize);
-  if (cursor.next() > kMost) return Result::Failure("the files are larger than an image can be");
+  if (cursor.next() > kLargestField) return Result::Failure("the files are larger than an image can be");
   layout.sectors = static_cast<std::uint32_t>(cursor.next());
   PlaceLinksAndEmptyFiles(tree, layout);
   return Result::Success();

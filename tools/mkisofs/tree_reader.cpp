@@ -14,7 +14,7 @@ namespace {
 constexpr std::uint32_t kLastParentNumber = 0xFFFF;
 constexpr std::uint64_t kLargestFile = 0xFFFFFFFF;
 // Offsets and indexes of Tree have 32 bits.
-constexpr std::size_t kMost = std::numeric_limits<std::uint32_t>::max();
+constexpr std::size_t kLargestIndex = std::numeric_limits<std::uint32_t>::max();
 
 // A name by its hash without letter case. Two names with one hash may be the same name for DOS and Windows.
 struct FoldedName {
@@ -169,7 +169,7 @@ class Reader {
   }
 
   bool HasRoom(std::string_view name) {
-    full_ = full_ || tree_.nodes.size() >= kMost || tree_.names.size() + name.size() > kMost;
+    full_ = full_ || tree_.nodes.size() >= kLargestIndex || tree_.names.size() + name.size() > kLargestIndex;
     return !full_;
   }
 

@@ -1,1 +1,1 @@
-// Nothing but the headers that all tests include: compiled once, beside this file.
+// An empty source file. Compiling it makes the precompiled header with the headers that all tests include.

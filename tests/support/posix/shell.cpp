@@ -1,4 +1,4 @@
-// The system's own shell.
+// Runs lines in the shell of this system.
 #include "tests/support/shell.h"
 
 #include <sys/wait.h>

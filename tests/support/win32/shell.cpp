@@ -1,4 +1,5 @@
-// The shell of the Linux that Wine runs on. Wine starts it, but cannot wait for it: it says itself that it has ended.
+// Runs lines in the shell of the Linux that runs Wine. Wine can start the shell but cannot wait for its end, so the
+// shell makes a file "end" when it has ended.
 #include "tests/support/shell.h"
 
 #include <windows.h>
@@ -34,7 +35,7 @@ std::string ReadAll(const fs::path& path) {
 
 bool StartShell(const fs::path& script) {
   const std::string line = "sh \"" + UnixPath(script) + "\"";
-  // Wide: its path is in UTF-8, which the system's narrow calls take for something else.
+  // The path is in UTF-8, which is not the code page of the narrow calls. So this uses the wide ones.
   std::wstring command = fs::path(std::u8string(line.begin(), line.end())).wstring();
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;

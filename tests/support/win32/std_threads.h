@@ -1,4 +1,4 @@
-// The locks of the C++ library that GoogleTest's headers name and this compiler's library lacks.
+// std::mutex and std::condition_variable for GoogleTest's headers. The C++ library of this compiler lacks them.
 #pragma once
 
 #include <mutex>

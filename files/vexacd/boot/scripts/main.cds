@@ -1,5 +1,5 @@
 # Boot menu of the Vexa Rescue CD.
 
-# Protection of the menu by a password; the wizard switches it on.
+# Password protection of the menu. The wizard switches it on.
 Set PasswordRequest=0
 Set PasswordString=""
