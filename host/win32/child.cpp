@@ -15,9 +15,8 @@
 #include "host/native_text.h"
 #include "host/win32/command_interpreter.h"
 #include "host/win32/errors.h"
-#include "host/win32/family.h"
-#include "host/win32/newer_call.h"
 #include "host/win32/owned_handle.h"
+#include "host/win32/windows_version.h"
 
 namespace discwright::host {
 namespace {

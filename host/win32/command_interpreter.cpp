@@ -7,7 +7,7 @@
 #include <array>
 
 #include "host/command_line.h"
-#include "host/win32/family.h"
+#include "host/win32/windows_version.h"
 
 namespace discwright::host {
 namespace {
