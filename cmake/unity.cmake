@@ -24,5 +24,9 @@ endif()
 list(TRANSFORM compiled_alone PREPEND ${CMAKE_SOURCE_DIR}/)
 set_source_files_properties(${compiled_alone} DIRECTORY ${folders} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 
-# Tests link the parts of host/ that they need with a host of their own, which has no threads.
-set_target_properties(host PROPERTIES UNITY_BUILD OFF)
+# Tests link the parts of these that they need, with a host of their own beside them.
+set(taken_in_parts host)
+if(DISCWRIGHT_TESTS AND WIN32)
+  list(APPEND taken_in_parts gmock_main)
+endif()
+set_target_properties(${taken_in_parts} PROPERTIES UNITY_BUILD OFF)

@@ -9,6 +9,7 @@ set -eu
 started_in=$PWD
 cd "$(dirname "$0")/.."
 root=$PWD/build/wine32
+used_root=${WINE32_ROOT:-$root}
 guest=$PWD/build/wine32.guest
 reason=$PWD/build/wine32.reason
 
@@ -30,11 +31,13 @@ in_namespace() {
 }
 
 # Without the packages' own scripts, so that no root and no other system is needed. What libwine's script does is to
-# put the zlib of the Windows compiler among Wine's libraries, marked as one of them.
+# put the zlib of the Windows compiler among Wine's libraries, marked as one of them. Only usr is kept, with lib in it.
 unpack() {
-  mmdebstrap --arch=i386 --variant=extract --include=wine32,libwine --format=tar bookworm - "deb $1 bookworm main" |
+  mmdebstrap --arch=i386 --variant=extract --include=wine32,libwine,libc-bin --format=tar bookworm - "deb $1 bookworm main" |
     tar -x -C "$root.new" --no-same-owner --exclude='./dev/*' --exclude='./usr/share/doc' --exclude='./usr/share/locale' \
       --exclude='./usr/share/man'
+  cp -a "$root.new/lib/." "$root.new/usr/lib"
+  find "$root.new" -mindepth 1 -maxdepth 1 ! -name usr -exec rm -rf {} +
   zlib=$root.new/usr/lib/i386-linux-gnu/wine/i386-windows/zlib1.dll
   cp "$root.new/usr/i686-w64-mingw32/lib/zlib1.dll" "$zlib"
   printf 'Wine builtin DLL\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0' | dd of="$zlib" bs=1 seek=64 conv=notrunc status=none
@@ -64,7 +67,7 @@ make_root() {
   mv "$root.new" "$root"
 }
 
-# The root directory for the 32-bit programs: this system's, but for its programs and libraries. Shared with it, so that
+# The root directory for the 32-bit programs: this system's, with the i386 packages laid over usr. Shared with it, so that
 # what a test mounts is seen in both.
 mount_guest() {
   mount --make-rprivate /
@@ -73,17 +76,22 @@ mount_guest() {
   mount -t tmpfs wine32 "$guest"
   mount --make-unbindable "$guest"
   for folder in /*; do
-    case $folder in /usr | /bin | /sbin | /lib* | /boot | /sys) continue ;; esac
-    if [ -d "$folder" ] && [ ! -L "$folder" ]; then
-      mkdir "$guest$folder"
-      mount --rbind "$folder" "$guest$folder"
-    fi
+    case $folder in
+      /usr | /sys) ;;
+      *)
+        if [ -L "$folder" ]; then
+          cp -P "$folder" "$guest"
+        elif [ -d "$folder" ]; then
+          mkdir "$guest$folder"
+          mount --rbind "$folder" "$guest$folder"
+        fi
+        ;;
+    esac
   done
-  for folder in usr lib; do
-    mkdir "$guest/$folder"
-    mount --bind "${WINE32_ROOT:-$root}/$folder" "$guest/$folder"
-  done
-  case $PWD in /usr/*) mkdir -p "$guest$PWD" && mount --rbind "$PWD" "$guest$PWD" ;; esac
+  mkdir "$guest/usr"
+  # Relative, because a colon would end the name.
+  (cd "$(dirname "$used_root")" && mount -t overlay -o "lowerdir=$(basename "$used_root")/usr:/usr" wine32 "$guest/usr")
+  case $PWD in /usr/*) mount --rbind "$PWD" "$guest$PWD" ;; esac
 }
 
 command=${1:-}
@@ -94,7 +102,7 @@ case $command in
     script=$PWD/scripts/wine32.sh
     cd "$started_in"
     # Once is enough; and without a 32-bit Wine the command says itself what it cannot do.
-    if [ -n "${WINE32_GUEST:-}" ] || [ ! -d "${WINE32_ROOT:-$root}" ]; then exec "$@"; fi
+    if [ -n "${WINE32_GUEST:-}" ] || [ ! -d "$used_root" ]; then exec "$@"; fi
     in_namespace "$script" guest "$@"
     ;;
   guest)
