@@ -127,9 +127,9 @@ std::string ChildProgram(const std::string& what) { return TextOfCodePage(Native
 std::string BatchFileBytes(const std::vector<std::string>& lines) {
   std::string text = "@echo off\r\n";
   for (const std::string& line : lines) text += line + "\r\n";
-  std::string bytes;  // the tests' own path in it need not be ASCII
-  EXPECT_TRUE(ScriptBytes(text, bytes).ok());
-  return bytes;
+  const Result<std::string> bytes = ScriptBytes(text);  // the tests' own path in the text may have umlauts
+  EXPECT_TRUE(bytes.ok());
+  return bytes.value;
 }
 
 std::vector<std::string> AwkwardNames() {

@@ -1,4 +1,4 @@
-// Paths at the door of the system's ANSI calls.
+// Paths as the system's ANSI calls take them.
 #include "host/win32/native_path.h"
 
 #include <gtest/gtest.h>
@@ -46,9 +46,10 @@ TEST(AnsiPath, WhatTheSystemCannotBeAsked_HasItsReason) {
   EXPECT_EQ(AnsiPath(std::string(MAX_PATH, 'a')).status.cause, StatusOf(ERROR_FILENAME_EXCED_RANGE).cause);
 }
 
-EXPECT_EQ(PathFromNative("x/y"), base::InFolder(CurrentFolder(), "x\\y"));
-EXPECT_EQ(PathFromNative("."), CurrentFolder());
-EXPECT_EQ(PathFromNative("\\x\\..\\y"), CurrentFolder().substr(0, 2) + "\\y");
+TEST(PathFromNative, RelativePath_IsMadeAbsolute) {
+  EXPECT_EQ(PathFromNative("x/y"), base::InFolder(CurrentFolder(), "x\\y"));
+  EXPECT_EQ(PathFromNative("."), CurrentFolder());
+  EXPECT_EQ(PathFromNative("\\x\\..\\y"), CurrentFolder().substr(0, 2) + "\\y");
 }
 
 TEST(PathFromNative, TrailingSeparator_IsOnlyKeptOfARoot) {
