@@ -13,7 +13,7 @@ std::size_t CharacterLength(std::string_view text) {
   return length;
 }
 
-// Whether what is left of a pattern can match nothing: a dot only as part of ".*" or ".?".
+// Whether the rest of a pattern matches an empty rest of a name. A dot does so only as part of ".*" or ".?".
 bool MatchesNothing(std::string_view pattern) { return pattern.find_first_not_of("*?.") == pattern.npos; }
 
 // Takes one step of the pattern that is not "*"; false when the name does not allow it.

@@ -1,4 +1,4 @@
-// Writes and starts the mastering script, keeps its log, and handles its end.
+// Writes and starts the mastering script, and handles its output and its end.
 #include "pipeline/mastering.h"
 
 #include <algorithm>
@@ -6,9 +6,9 @@
 #include <optional>
 
 #include "host/files.h"
-#include "host/native_text.h"
 #include "host/script.h"
 #include "host/system.h"
+#include "pipeline/mastering_log.h"
 #include "steps/processes.h"
 #include "util/paths.h"
 #include "util/program_folder.h"
@@ -32,53 +32,6 @@ constexpr const char* kMasteringArguments =
     " -hide boot.catalog"
     " -follow-links -cache-inodes"
     " -output ";
-
-// "mkisofs.log". It is open during the whole mastering, and each piece of output becomes at least one line.
-class MasteringLog {
- public:
-  explicit MasteringLog(util::Notes& notes) : path_(util::PathOf(util::Item::kMasteringLog)), notes_(notes) {
-    auto file = host::OpenBinary(path_, host::OpenMode::kCreateEmpty);
-    file_ = std::move(file.value);
-    notes_.Check(file.status, path_, "the mastering log could not be created");
-  }
-
-  void AddLine(std::string_view text) {
-    if (!file_) return;
-    const std::string line = WithLineEnds(host::TextToNative(text));
-    const host::Status status = file_->WriteAt(position_, std::as_bytes(std::span(line)));
-    position_ += static_cast<std::int64_t>(line.size());
-    // After the first failure the log is closed. Otherwise a full disk would cause a note for every further line.
-    if (!notes_.Check(status, path_, "the mastering log is incomplete")) file_.reset();
-  }
-
-  void Close() { file_.reset(); }
-  const std::string& path() const { return path_; }
-
- private:
-  // Every LF becomes CR LF, and a piece that does not end in a line end gets one. If a piece ends between the CR and
-  // the LF of a line end, the LF is written at once, and the LF at the start of the next piece is dropped.
-  std::string WithLineEnds(std::string_view piece) {
-    if (ends_in_cr_ && piece.starts_with('\n')) {
-      ends_in_cr_ = false;
-      piece.remove_prefix(1);
-      if (piece.empty()) return {};
-    }
-    std::string lines;
-    for (const char character : piece) {
-      if (character == '\n' && !lines.ends_with('\r')) lines += '\r';
-      lines += character;
-    }
-    ends_in_cr_ = piece.ends_with('\r');
-    if (lines.ends_with('\n')) return lines;
-    return lines + (ends_in_cr_ ? "\n" : "\r\n");
-  }
-
-  bool ends_in_cr_ = false;  // whether the last piece ended between the CR and the LF of a line end
-  std::string path_;
-  util::Notes& notes_;
-  std::unique_ptr<host::BinaryFile> file_;
-  std::int64_t position_ = 0;
-};
 
 // Finds out whether dfl, the linker of duplicate files, has done all of its work. The exit code of the script is that
 // of the mastering, so this class looks for the last line of dfl, "12 files linked, 3456 bytes saved". The line has

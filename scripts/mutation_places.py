@@ -112,7 +112,7 @@ class Finder:
             return
         for child in children:
             if child.spelling not in HINTS and (child.kind.is_expression() or self.is_guard(child)):
-                # What is left of an expression is its semicolon; an if with braces has none.
+                # A dropped expression leaves its semicolon behind; a dropped if with braces leaves none.
                 rest = "" if child.kind.is_expression() else "{}"
                 self.add("drop", extent_of(child), rest, self.text(*extent_of(child)))
 

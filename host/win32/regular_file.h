@@ -21,7 +21,7 @@ struct RegularFile {
 };
 
 // Opens a file, links followed. `access` and `disposition` (OPEN_EXISTING, OPEN_ALWAYS, CREATE_NEW) as for
-// CreateFileA; `share` what others may do meanwhile, `flags` what else CreateFileA is told.
+// CreateFileA. `share` says what other programs may do with the file meanwhile; `flags` are CreateFileA's, too.
 RegularFile OpenRegular(const AnsiPath& path, DWORD access, DWORD disposition, DWORD share, DWORD flags = 0);
 
 // Success unless something stands at the path that is no regular file.

@@ -1,4 +1,4 @@
-// A copy's progress for tests: records what it is told.
+// A copy's progress for tests: records every call.
 #pragma once
 
 #include <cstdint>

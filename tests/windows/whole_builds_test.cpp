@@ -137,8 +137,8 @@ TEST_P(WholeBuilds, SecondBuildOverTheFirst_MakesTheSameImage) {
   EXPECT_TRUE(ReadFile(place / "first.iso") == ReadFile(place / "second.iso"));
 }
 
-// Windows 95, 98 and Me are given files piece by piece over what is there: the tail of a longer file stays (it is
-// meant).
+// On Windows 95, 98 and Me files are written piece by piece over existing ones, so that the tail of a longer file
+// stays.
 TEST_P(WholeBuilds, AdditionalFileOverALongerOne_LeavesItsTailOnTheOlderFamily) {
   WriteFile(place / "extra" / "vexa" / "README.TXT", "ABC");
   ASSERT_EQ(BuildOnWindows(place / "image.iso").exit_code, 0);

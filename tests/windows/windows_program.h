@@ -22,7 +22,7 @@ std::vector<std::string> WindowsCommand(Family family, const std::vector<std::st
 Outcome RunWindows(Family family, const std::vector<std::string>& command,
                    const std::vector<std::pair<std::string, std::string>>& environment = {});
 
-// The Windows program folder, copied to a place of its own; removed by whoever owns the place.
+// The Windows program folder, copied to a folder of the test, which removes it.
 class WindowsProgram {
  public:
   WindowsProgram(std::filesystem::path folder, Family family);

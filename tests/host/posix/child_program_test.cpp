@@ -67,7 +67,7 @@ void AddRubbishProgram(const TempFolder& folder, std::string_view name) {
   folder.SetMode(name, 0755);
 }
 
-// A program that has ended may stay listed for a while, until whoever inherited it has asked for its end.
+// A program that has ended may stay listed for a while, until the process that inherited it has asked for its end.
 bool IsAlive(int id) {
   std::ifstream facts("/proc/" + std::to_string(id) + "/stat");
   std::string number;

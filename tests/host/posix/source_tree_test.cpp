@@ -12,7 +12,7 @@ namespace {
 
 using testing::TempFolder;
 
-// What a visitor is told, with the name kept.
+// One call of a visitor, with a copy of the name.
 struct Seen : TreeEntry {
   std::string kept;
 };

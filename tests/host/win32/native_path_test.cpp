@@ -1,4 +1,4 @@
-// Paths at the door of the system's ANSI calls.
+// Paths as the system's ANSI calls take them.
 #include "host/win32/native_path.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Text for whoever reads a code page.
+// Text in the code pages of Windows.
 #include "host/win32/native_text.h"
 
 #include <gtest/gtest.h>

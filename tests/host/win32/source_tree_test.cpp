@@ -64,7 +64,7 @@ TEST(SourceTreeNames, FolderNameInAnotherCaseOrShort_IsTheSameTree) {
   folder.Write("A long folder name/file", "x");
   const auto tree = OpenSourceTree(folder.Core("A LONG FOLDER NAME"));
   const auto same = OpenSourceTree(ShortPath(folder.Core("A long folder name")));
-  ASSERT_TRUE(tree.status.ok() && same.status.ok());
+  ASSERT_TRUE(tree.ok() && same.ok());
   EXPECT_EQ(tree.value->Look("file").id, same.value->Look("file").id);
   EXPECT_EQ(tree.value->Look("").id, same.value->Look("").id);
 }
