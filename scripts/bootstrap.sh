@@ -2,7 +2,9 @@
 # Installs the Debian 12 packages that building and testing need; does nothing when they are all there.
 #   scripts/bootstrap.sh build    what the program itself needs (default)
 #   scripts/bootstrap.sh windows  also the compilers of the Windows programs
-#   scripts/bootstrap.sh test     also the readers that the tests compare against, Wine and the emulator
+#   scripts/bootstrap.sh test     also the readers that the tests compare against, and the emulator
+#   scripts/bootstrap.sh wine32   what makes a Wine for 32-bit programs (scripts/wine32.sh)
+#   scripts/bootstrap.sh wine64   the Wine for 64-bit programs
 #   scripts/bootstrap.sh fuzz     also the compiler of the fuzz targets
 #   scripts/bootstrap.sh lint     also the checkers
 #   scripts/bootstrap.sh bench    also the programs that are measured against
@@ -14,12 +16,14 @@ cross="g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32"
 case "${1:-build}" in
   build) ;;
   windows) packages="$packages $cross python3" ;;
-  test) packages="$packages $cross wine wine64 lld libgtest-dev libgmock-dev googletest qemu-system-x86 mtools dosfstools genisoimage xorriso libarchive-tools p7zip-full python3 universal-ctags" ;;
+  test) packages="$packages $cross lld libgtest-dev libgmock-dev googletest qemu-system-x86 mtools dosfstools genisoimage xorriso libarchive-tools p7zip-full python3 universal-ctags" ;;
+  wine32) packages="mmdebstrap util-linux" ;;
+  wine64) packages="wine wine64" ;;
   fuzz) packages="$packages clang libclang-rt-14-dev" ;;
   lint) packages="$packages $cross libgtest-dev libgmock-dev googletest clang-format clang-tidy shellcheck python3 universal-ctags" ;;
   bench) packages="$packages genisoimage xorriso jdupes rdfind python3" ;;
   mutants) packages="$packages lld libgtest-dev libgmock-dev googletest python3 python3-clang-14 libclang-14-dev" ;;
-  *) echo "bootstrap.sh: unknown set '$1' (build, windows, test, fuzz, lint, bench or mutants)" >&2; exit 2 ;;
+  *) echo "bootstrap.sh: unknown set '$1' (build, windows, test, wine32, wine64, fuzz, lint, bench or mutants)" >&2; exit 2 ;;
 esac
 
 missing=""

@@ -1,9 +1,26 @@
 #!/bin/sh
 # Runs a Windows program under Wine, as one of the two families of Windows, without a display and without questions.
 #   scripts/wine.sh nt|98 PROGRAM.exe [ARGUMENTS...]
-# Each family has a prefix of its own in build/, made when it is first needed.
+# Each family has a prefix of its own in build/, made when it is first needed. A 32-bit program (and a command of
+# Windows, such as "cmd") runs in the Wine of scripts/wine32.sh where that was made, a 64-bit one in that of this system.
 set -eu
 [ $# -ge 2 ] || { sed -n '2,3p' "$0" >&2; exit 2; }
+here=$(realpath "$0")
+build=$(dirname "$here")/../build
+
+# What kind of processor a Windows program is for, as four hexadecimal digits.
+machine_of() {
+  header=$(od -A n -t u4 -j 60 -N 4 "$1" | tr -d ' ')
+  od -A n -t x2 -j $((header + 4)) -N 2 "$1" | tr -d ' '
+}
+bits=32
+if [ -f "$2" ] && [ "$(machine_of "$2")" != 014c ]; then bits=64; fi
+if [ $bits = 32 ] && [ ! -d "$build/wine32" ]; then
+  [ ! -f "$2" ] || { echo "wine.sh: $2 is a 32-bit program: scripts/wine32.sh make" >&2; exit 126; }
+  bits=64
+fi
+if [ $bits = 32 ] && [ -z "${WINE32_GUEST:-}" ]; then exec "$(dirname "$here")/wine32.sh" run "$here" "$@"; fi
+
 family=$1
 shift
 case $family in
@@ -12,23 +29,36 @@ case $family in
   *) echo "wine.sh: no family '$family' (nt or 98)" >&2; exit 2 ;;
 esac
 
-build=$(dirname "$(realpath "$0")")/../build
 mkdir -p "$build"
-prefix=$(realpath "$build")/wine-$family
+prefix=$(realpath "$build")/wine-$family-$bits
 # No offers to install .NET and a browser, no debugger that waits where a program has crashed.
 export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe="
 # Names in UTF-8, and the code page 1252.
 export LC_ALL=C.UTF-8
 unset DISPLAY
+if [ $bits = 32 ]; then
+  wine=/usr/lib/wine/wine
+  export WINESERVER=/usr/lib/wine/wineserver32
+else
+  wine=wine
+  WINESERVER=wineserver
+fi
 # Wine needs a page at a fixed address below 2 GB. Where the system randomizes addresses, the heap of a new program lies
 # over it once in many thousand starts, and Wine then says "Internal error" before the program has begun.
-wine=wine
-if setarch -R true 2>/dev/null; then wine="setarch -R wine"; fi
+fixed="setarch -R"
+$fixed true 2>/dev/null || fixed=""
+
+# Goes on as a program of Wine's own world. This unshare shares everything: it changes the root directory and keeps the
+# working one.
+become() {
+  if [ $bits = 32 ]; then set -- unshare --root="$WINE32_GUEST" --wd="$PWD" "$@"; fi
+  exec $fixed "$@"
+}
 
 make_prefix() {
-  $wine wineboot --init
-  $wine reg add 'HKCU\Software\Wine' /v Version /d "$version" /f
-  wineserver --wait
+  (become $wine wineboot --init)
+  (become $wine reg add 'HKCU\Software\Wine' /v Version /d "$version" /f)
+  (become $WINESERVER --wait)
 }
 
 # Made under another name, so that a prefix is whole or is not there, and by one run only.
@@ -44,4 +74,4 @@ if [ ! -d "$prefix" ]; then
   exec 9>&-
 fi
 export WINEPREFIX="$prefix"
-exec $wine "$@"
+become $wine "$@"

@@ -18,7 +18,7 @@ class MemoryFile : public host::PartFile {
   host::Status WriteAt(std::uint64_t position, std::span<const std::uint8_t> bytes) override {
     const std::lock_guard lock(mutex_);
     if (position + bytes.size() > room_) return host::Status::Failure(host::ErrorClass::kDiskFull, "full");
-    content.resize(std::max<std::size_t>(content.size(), position + bytes.size()));
+    content.resize(std::max(content.size(), static_cast<std::size_t>(position) + bytes.size()));
     std::copy(bytes.begin(), bytes.end(), content.begin() + static_cast<std::ptrdiff_t>(position));
     return host::Status::Success();
   }

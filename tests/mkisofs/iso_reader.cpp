@@ -211,7 +211,7 @@ class Reader {
     std::string previous;
     for (std::size_t at = 0; at < bytes.size();) {
       if (bytes[at] == 0) {
-        const std::size_t next = std::min<std::size_t>(bytes.size(), (at / kSector + 1) * kSector);
+        const std::size_t next = std::min(bytes.size(), static_cast<std::size_t>((at / kSector + 1) * kSector));
         Check(AllZero(bytes.subspan(at, next - at)), "folder " + self.path + ": bytes behind the last record");
         at = next;
         continue;

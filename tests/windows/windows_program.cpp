@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "tests/end_to_end/program_copy.h"
+#include "tests/end_to_end/trees.h"
 
 namespace discwright::testing {
 
@@ -24,6 +25,12 @@ std::vector<std::string> WindowsCommand(Family family, const std::vector<std::st
 Outcome RunWindows(Family family, const std::vector<std::string>& command,
                    const std::vector<std::pair<std::string, std::string>>& environment) {
   return RunProgram(WindowsCommand(family, command), {.working_folder = "/", .environment = environment});
+}
+
+void MakeWineCommand(const fs::path& folder) {
+  const fs::path command = folder / "wine";
+  WriteFile(command, "#!/bin/sh\nexec '" WINE_SCRIPT "' nt \"$@\"\n");
+  fs::permissions(command, fs::perms::owner_all);
 }
 
 WindowsProgram::WindowsProgram(fs::path folder, Family family) : folder_(std::move(folder)), family_(family) {

@@ -22,6 +22,9 @@ std::vector<std::string> WindowsCommand(Family family, const std::vector<std::st
 Outcome RunWindows(Family family, const std::vector<std::string>& command,
                    const std::vector<std::pair<std::string, std::string>>& environment = {});
 
+// A command "wine" in `folder` that starts Windows programs as those of the NT family.
+void MakeWineCommand(const std::filesystem::path& folder);
+
 // The Windows program folder, copied to a folder of the test, which removes it.
 class WindowsProgram {
  public:

@@ -17,7 +17,7 @@ std::optional<std::size_t> FindRecord(const Folder& folder, const ShortName& nam
   return {};
 }
 
-Result DoesNotFit(const std::string& what, std::size_t missing) {
+Result DoesNotFit(const std::string& what, std::uint64_t missing) {
   return Result::Failure(what + " does not fit on the disk: " + std::to_string(missing) +
                          (missing == 1 ? " byte is" : " bytes are") + " missing. Leave out or shorten files.");
 }
@@ -71,12 +71,12 @@ Result VolumePlan::CheckSpace() const {
   }
   if (Result result = CheckFolders(layout, volume_.root, left); !result.ok()) return result;
   for (const Placement& placement : placements_) {
-    const std::size_t needed = ClustersFor(layout, placement.size);
+    const std::uint64_t needed = ClustersFor(layout, placement.size);
     if (needed > left) {
-      const std::size_t missing = static_cast<std::size_t>(placement.size) - left * layout.ClusterBytes();
+      const std::uint64_t missing = static_cast<std::uint64_t>(placement.size) - left * layout.ClusterBytes();
       return DoesNotFit(placement.file->DiskPath() + " (" + placement.file->source + ")", missing);
     }
-    left -= needed;
+    left -= static_cast<std::size_t>(needed);
   }
   return Result::Success();
 }
@@ -120,9 +120,9 @@ Result VolumePlan::AddRecord(Folder& folder, const DirectoryRecord& record, std:
   return Result::Success();
 }
 
-std::size_t ClustersFor(const VolumeLayout& layout, std::int64_t bytes) {
-  const std::size_t cluster_bytes = layout.ClusterBytes();
-  return static_cast<std::size_t>(bytes) / cluster_bytes + (static_cast<std::size_t>(bytes) % cluster_bytes != 0);
+std::uint64_t ClustersFor(const VolumeLayout& layout, std::int64_t bytes) {
+  const std::uint64_t cluster_bytes = layout.ClusterBytes();
+  return static_cast<std::uint64_t>(bytes) / cluster_bytes + (static_cast<std::uint64_t>(bytes) % cluster_bytes != 0);
 }
 
 std::size_t ClustersFor(const VolumeLayout& layout, const Folder& folder) {

@@ -46,7 +46,7 @@ class VolumePlan {
 };
 
 // The number of clusters that a content of `bytes`, or the records of a folder other than the root, take.
-std::size_t ClustersFor(const VolumeLayout& layout, std::int64_t bytes);
+std::uint64_t ClustersFor(const VolumeLayout& layout, std::int64_t bytes);
 std::size_t ClustersFor(const VolumeLayout& layout, const Folder& folder);
 
 }  // namespace discwright::tools

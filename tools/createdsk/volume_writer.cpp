@@ -17,12 +17,12 @@ class VolumeWriter {
   // where it was when the disk was made.
   void ReleaseClusters(const Placement& placement) {
     Chain& chain = placement.folder->files.at(placement.record);
-    volume_.fat.Resize(chain, std::min(chain.size(), ClustersFor(volume_.layout, placement.size)));
+    volume_.fat.Resize(chain, std::min(chain.size(), ClustersOf(placement)));
   }
 
   void WriteFile(const Placement& placement, std::string_view content) {
     Chain& chain = placement.folder->files.at(placement.record);
-    volume_.fat.Resize(chain, ClustersFor(volume_.layout, placement.size));
+    volume_.fat.Resize(chain, ClustersOf(placement));
     StoreInClusters(chain, content.data(), content.size());
 
     DirectoryRecord& record = placement.folder->records[placement.record];
@@ -45,6 +45,11 @@ class VolumeWriter {
   }
 
  private:
+  // The plan has seen that they are on the disk.
+  std::size_t ClustersOf(const Placement& placement) const {
+    return static_cast<std::size_t>(ClustersFor(volume_.layout, placement.size));
+  }
+
   static Cluster FirstOf(const Chain& chain) { return chain.empty() ? Cluster{0} : chain.front(); }
 
   // Fills the rest of the last cluster with zeros, so that no bytes of an older file stay there.

@@ -1,0 +1,39 @@
+#!/usr/bin/env python3
+"""Lists the C++ sources of a configured build folder, but those of the tests, one a line; sources of a unity as one.
+
+    compiled_sources.py BUILD [PART]     with PART: only those whose path, or that of a source of theirs, contains it
+"""
+
+import json
+import sys
+from pathlib import Path
+
+
+def compiled(build):
+    """The source files that the compiler is given."""
+    return sorted({entry["file"] for entry in json.loads((build / "compile_commands.json").read_text())})
+
+
+def sources_in(file):
+    """The sources that a file stands for."""
+    lines = Path(file).read_text(encoding="utf-8").splitlines() if "/Unity/" in file else []
+    return [line.split('"')[1] for line in lines if line.startswith("#include")] or [file]
+
+
+def chosen(build, root, part=""):
+    """The files for the checkers."""
+    for file in compiled(build):
+        sources = sources_in(file)
+        paths = [Path(source).relative_to(root) for source in sources if Path(source).is_relative_to(root)]
+        if paths and paths[0].suffix == ".cpp" and paths[0].parts[0] != "tests" and any(part in p.as_posix() for p in paths):
+            yield file
+
+
+def main(arguments):
+    if not 1 <= len(arguments) <= 2:
+        sys.exit(__doc__)
+    print(*chosen(Path(arguments[0]), Path(__file__).resolve().parent.parent, *arguments[1:]), sep="\n")
+
+
+if __name__ == "__main__":
+    main(sys.argv[1:])
