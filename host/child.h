@@ -11,17 +11,16 @@
 
 namespace discwright::host {
 
-// All functions but Read and Waiting may be called by several threads at once. Somebody must call WaitForEnd until it
-// is true; otherwise some systems keep an entry for the ended program.
+// All functions but Read and Waiting may be called by several threads at once. The owner calls WaitForEnd until it is
+// true; otherwise some systems keep an entry for the ended program.
 class Child {
  public:
   using Clock = std::chrono::steady_clock;
 
   virtual ~Child() = default;
 
-  // Waits for output and reads it; the number of bytes. 0 when the time is over or the program has ended first. A time
-  // below 0 has no limit; then the end of the program does not matter either, and 0 says that nobody can write any
-  // more.
+  // Waits for output and reads it; returns the number of bytes. 0 when the time is over or the program has ended first.
+  // A time below 0 has no limit and outlasts the end of the program: then 0 says that no program can write any more.
   virtual std::size_t Read(std::span<char> buffer, int milliseconds) = 0;
   virtual std::size_t Waiting() = 0;  // bytes of output that can be read at once
 
@@ -35,8 +34,8 @@ class Child {
 };
 
 // Starts a command line, see Launcher::Start: without a window, with standard input from nothing, and with standard
-// output and error to the pipe that Read reads. Null with the reason in `status` on failure.
-std::shared_ptr<Child> StartCaptured(std::string_view command_line, Status& status);
+// output and error to the pipe that Read reads.
+Result<std::shared_ptr<Child>> StartCaptured(std::string_view command_line);
 
 // See ProgramRunner::StartProcess.
 std::unique_ptr<Process> StartUncaptured(std::string_view command_line, int window_style, int creation_flags);

@@ -53,9 +53,9 @@ class SystemLauncher : public Launcher {
   }
 
   Status Start(std::string_view command_line) override {
-    Status status;
-    const std::shared_ptr<Child> child = StartCaptured(command_line, status);
-    if (!child) return status;
+    const Result<std::shared_ptr<Child>> started = StartCaptured(command_line);
+    if (!started.ok()) return started.status;
+    const std::shared_ptr<Child>& child = started.value;
     queue_ = std::make_shared<OutputQueue>(static_cast<std::size_t>(buffer_size_), poll_interval_, wake_);
     try {
       // The thread outlives this launcher: it goes on for as long as anybody can write.

@@ -145,37 +145,31 @@ class PosixProcess : public Process {
   std::shared_ptr<Child> child_;
 };
 
-// Null with the reason in `status` on failure. `pipe` is what the child's output is read from.
-std::shared_ptr<Child> Start(std::string_view command_line, int output, UniqueFd pipe, Status& status) {
+// `pipe` is what the child's output is read from.
+Result<std::shared_ptr<Child>> Start(std::string_view command_line, int output, UniqueFd pipe) {
   Command command = ParseCommandLine(command_line);
-  status = command.status;
-  if (!status.ok()) return nullptr;
+  if (!command.status.ok()) return command.status;
   std::vector<char*> pointers;
   for (std::string& argument : command.arguments) pointers.push_back(argument.data());
   pointers.push_back(nullptr);
   pid_t pid = 0;
   const int error = Spawn(pointers, output, pid);
-  if (error == 0) return std::make_shared<PosixChild>(pid, std::move(pipe));
-  status = StatusOf(error);
-  return nullptr;
+  if (error != 0) return StatusOf(error);
+  return std::make_shared<PosixChild>(pid, std::move(pipe));
 }
 
 }  // namespace
 
-std::shared_ptr<Child> StartCaptured(std::string_view command_line, Status& status) {
+Result<std::shared_ptr<Child>> StartCaptured(std::string_view command_line) {
   int ends[2] = {-1, -1};
-  if (pipe2(ends, O_CLOEXEC) != 0) {
-    status = LastFailure();
-    return nullptr;
-  }
+  if (pipe2(ends, O_CLOEXEC) != 0) return LastFailure();
   UniqueFd read_end(ends[0]);
   const UniqueFd write_end(ends[1]);
-  return Start(command_line, write_end.get(), std::move(read_end), status);
+  return Start(command_line, write_end.get(), std::move(read_end));
 }
 
 std::unique_ptr<Process> StartUncaptured(std::string_view command_line, int, int) {
-  Status status;
-  const std::shared_ptr<Child> child = Start(command_line, -1, UniqueFd(), status);
+  const std::shared_ptr<Child> child = Start(command_line, -1, UniqueFd()).value;
   if (!child) return nullptr;
   try {
     // Reaps the child, also when the caller has closed the process before.

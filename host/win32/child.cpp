@@ -154,9 +154,8 @@ class WindowsProcess : public Process {
   OwnedHandle process_;
 };
 
-// Starts a native line whose standard handles are both inheritable; `pipe` is what its output is read from. Null with
-// the reason in `status` on failure.
-std::shared_ptr<Child> Start(std::string line, HANDLE input, HANDLE output, OwnedHandle pipe, Status& status) {
+// Starts a native line whose standard handles are both inheritable; `pipe` is what its output is read from.
+Result<std::shared_ptr<Child>> Start(std::string line, HANDLE input, HANDLE output, OwnedHandle pipe) {
   STARTUPINFOA startup{};
   startup.cb = sizeof(startup);
   startup.dwFlags = STARTF_USESHOWWINDOW | STARTF_USESTDHANDLES;
@@ -170,9 +169,9 @@ std::shared_ptr<Child> Start(std::string line, HANDLE input, HANDLE output, Owne
   const DWORD window = IsNtFamily() ? CREATE_NO_WINDOW : CREATE_NEW_CONSOLE;
   const DWORD flags = window | (job.valid() ? CREATE_SUSPENDED : 0);
   PROCESS_INFORMATION started{};
-  status = StatusOfResult(
+  const Status status = StatusOfResult(
       CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, flags, nullptr, nullptr, &startup, &started));
-  if (!status.ok()) return nullptr;
+  if (!status.ok()) return status;
   const OwnedHandle thread(started.hThread);
   if (job.valid()) {
     if (!PutIntoJob(job, started.hProcess)) job.Close();
@@ -183,20 +182,14 @@ std::shared_ptr<Child> Start(std::string line, HANDLE input, HANDLE output, Owne
 
 }  // namespace
 
-std::shared_ptr<Child> StartCaptured(std::string_view command_line, Status& status) {
+Result<std::shared_ptr<Child>> StartCaptured(std::string_view command_line) {
   const std::optional<std::string> native = CodePageBytes(command_line);
-  if (!native) {
-    status = NameNotInCodePage();
-    return nullptr;
-  }
+  if (!native) return NameNotInCodePage();
   SECURITY_ATTRIBUTES inherited{sizeof(inherited), nullptr, TRUE};
   HANDLE reading = nullptr;
   HANDLE writing = nullptr;
   constexpr DWORD kRoom = 65536;  // bytes; a program that writes much seldom waits for its reader
-  if (CreatePipe(&reading, &writing, &inherited, kRoom) == 0) {
-    status = LastFailure();
-    return nullptr;
-  }
+  if (CreatePipe(&reading, &writing, &inherited, kRoom) == 0) return LastFailure();
   const OwnedHandle output(writing);
   // The program does not inherit this end: with it, it would wait for ever on a full pipe when this program has gone.
   HANDLE own = nullptr;
@@ -204,8 +197,8 @@ std::shared_ptr<Child> StartCaptured(std::string_view command_line, Status& stat
   DuplicateHandle(self, reading, self, &own, 0, FALSE, DUPLICATE_SAME_ACCESS | DUPLICATE_CLOSE_SOURCE);
   const OwnedHandle input(
       CreateFileA("NUL", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited, OPEN_EXISTING, 0, nullptr));
-  std::shared_ptr<Child> child = Start(RunnableLine(*native), input.get(), output.get(), OwnedHandle(own), status);
-  if (!child) status.cause.append(": ").append(LeadingParts(command_line).front().program);
+  Result<std::shared_ptr<Child>> child = Start(RunnableLine(*native), input.get(), output.get(), OwnedHandle(own));
+  if (!child.ok()) child.status.cause.append(": ").append(LeadingParts(command_line).front().program);
   return child;
 }
 
