@@ -46,7 +46,6 @@ void ShowPercent(forms::FrmDiscwright& main, std::string_view piece) {
 void ShowTotalSize(forms::FrmDiscwright& main, std::string_view piece) {
   constexpr std::size_t kSizeAfter = 17;
   const std::size_t written = piece.find("extents written");
-  if (written == kNowhere || written + kSizeAfter > piece.size()) return;
   const std::size_t unit = std::min(piece.find("Mb", written), piece.find("MB", written));
   if (unit == kNowhere || unit < written + kSizeAfter) return;
   main.LblSub_Step.caption =

@@ -94,7 +94,6 @@ bool FolderExists(std::string_view path) {
 
 bool FileExists(std::string_view path) {
   const std::string file = NamedFile(path);
-  if (file.empty()) return false;
   return file.find('*') == std::string::npos ? host::CanRead(file) : AnyMatch(file);
 }
 

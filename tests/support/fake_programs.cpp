@@ -62,9 +62,11 @@ class FakeProcess : public host::Process {
 
 }  // namespace
 
-std::unique_ptr<host::Process> FakePrograms::StartProcess(std::string_view command_line, int window_style, int) {
+std::unique_ptr<host::Process> FakePrograms::StartProcess(std::string_view command_line, int window_style,
+                                                          int creation_flags) {
   started.emplace_back(command_line);
   window_styles.push_back(window_style);
+  creation_flag_values.push_back(creation_flags);
   if (!can_create || !start_status.ok()) return nullptr;
   return std::make_unique<FakeProcess>(*this);
 }

@@ -34,8 +34,9 @@ class FakePrograms : public host::ProgramRunner {
   host::Status start_status;                                    // the result of every start
   bool can_create = true;                                       // false: CreateLauncher and StartProcess return null
   bool process_wait_result = true;
-  std::vector<int> window_styles;  // of each StartProcess
-  std::vector<std::string> waits;  // "milliseconds idle" of each Process::Wait
+  std::vector<int> window_styles;         // of each StartProcess
+  std::vector<int> creation_flag_values;  // of each StartProcess
+  std::vector<std::string> waits;         // "milliseconds idle" of each Process::Wait
 };
 
 }  // namespace discwright::testing

@@ -31,6 +31,7 @@ TEST_F(ShellAndWaitTest, ProgramThatEnds_IsTrue) {
   EXPECT_TRUE(ShellAndWait(programs, "tool.exe /x", 250, false, 1));
   EXPECT_EQ(programs.started, std::vector<std::string>{"tool.exe /x"});
   EXPECT_EQ(programs.window_styles, std::vector<int>{1});
+  EXPECT_EQ(programs.creation_flag_values, std::vector<int>{0});
   EXPECT_EQ(programs.waits, std::vector<std::string>{"250 end"});
 }
 
