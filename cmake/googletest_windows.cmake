@@ -10,5 +10,5 @@ add_library(gmock_main STATIC ${googletest}/googletest/src/gtest-all.cc ${google
 target_include_directories(gmock_main SYSTEM PUBLIC ${googletest}/googletest/include ${googletest}/googlemock/include
                                              PRIVATE ${googletest}/googletest ${googletest}/googlemock)
 target_compile_definitions(gmock_main PUBLIC GTEST_HAS_PTHREAD=0)
-target_compile_options(gmock_main PUBLIC -include ${CMAKE_SOURCE_DIR}/tests/support/win32/std_threads.h PRIVATE -w)
+target_compile_options(gmock_main PUBLIC -include ${CMAKE_SOURCE_DIR}/tests/support/win32/std_threads.h PRIVATE -w -O0)
 add_library(GTest::gmock_main ALIAS gmock_main)
