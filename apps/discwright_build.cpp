@@ -34,7 +34,7 @@ int Build(const desktop::Options& options) {
     forms::AskToClose(windows.main);
   };
   desktop::ConsoleUser user(terminal, interrupted);
-  steps::Context context{windows, user, *programs, notes, {}, {}, nullptr, nullptr};
+  steps::Context context{windows, user, *programs, notes};
   notes.added = [&](const util::Note& note) {
     // A place that begins with a quote is the command line of a program, not a path.
     const bool is_path = !note.place.starts_with('"');

@@ -15,7 +15,7 @@ from mutation_places import find_places
 
 ROOT = Path(__file__).resolve().parent.parent
 # From the ground up: the tests of a room may notice a change in every room below it.
-ROOMS = ["base", "host", "forms", "util", "settings", "integration", "pipeline", "wizard", "desktop"]
+ROOMS = ["base", "host", "forms", "util", "settings", "steps", "integration", "pipeline", "wizard", "desktop"]
 KINDS = {
     "random": {"swap", "drop", "negate", "operator", "constant", "text"},
     "swaps": {"swap", "drop"},

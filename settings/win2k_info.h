@@ -33,8 +33,9 @@ void BindWin2KInfo(forms::FrmWin2KInfo& dialog, host::UserInterface& user);
 
 // Lets the user choose a script and fills the fields from it. Changes nothing if the user cancels.
 void CmdBrwUnattend_Click(forms::FrmWin2KInfo& dialog, host::UserInterface& user);
-void CmdOK_Click(forms::FrmWin2KInfo& dialog);  // writes the fields to "keyfile2.txt"
-void CmdCancel_Click(
-    forms::FrmWin2KInfo& dialog);  // writes nothing; edited fields keep their texts until the program ends
+// Writes the fields to "keyfile2.txt".
+void CmdOK_Click(forms::FrmWin2KInfo& dialog);
+// Writes nothing; edited fields keep their texts until the program ends.
+void CmdCancel_Click(forms::FrmWin2KInfo& dialog);
 
 }  // namespace discwright::settings

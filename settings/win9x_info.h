@@ -31,8 +31,9 @@ bool FillSetupDataFromKeyFileToMSBatch(util::Notes& notes, const std::string& Ke
 // Binds the two buttons to the handlers below.
 void BindWin9xInfo(forms::FrmWin9xInfo& dialog);
 
-void CmdOK_Click(forms::FrmWin9xInfo& dialog);  // writes the fields to "keyfile2.txt"
-void CmdCancel_Click(
-    forms::FrmWin9xInfo& dialog);  // writes nothing; edited fields keep their texts until the program ends
+// Writes the fields to "keyfile2.txt".
+void CmdOK_Click(forms::FrmWin9xInfo& dialog);
+// Writes nothing; edited fields keep their texts until the program ends.
+void CmdCancel_Click(forms::FrmWin9xInfo& dialog);
 
 }  // namespace discwright::settings

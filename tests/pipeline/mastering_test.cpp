@@ -106,7 +106,7 @@ TEST_F(Mastering, LinkerThatHasNotFinished_IsNotedOnce) {
   for (std::size_t number = 0; number < outputs.size(); ++number) {
     mastering_output = outputs[number];
     util::Notes notes_of_run;
-    steps::Context run{windows, user, programs, notes_of_run, {}, {}, nullptr, nullptr, {}};
+    steps::Context run{windows, user, programs, notes_of_run};
     StartMKISOFS(run, main.TxtISOLoc.text.get(), true);
     util::WaitWhile(user, main.MKISOFSRunning, run.LaunchApp, kMasteringPollInterval);
     ASSERT_EQ(notes_of_run.all().size(), 1U) << number;

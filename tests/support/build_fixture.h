@@ -23,7 +23,7 @@ class BuildFixture : public ::testing::Test {
   forms::Windows windows;
   util::Notes notes;
   int cancelled = 0;
-  steps::Context context{windows, user, programs, notes, [this] { Cancel(); }, [](int, bool) {}, nullptr, nullptr};
+  steps::Context context{windows, user, programs, notes, [this] { Cancel(); }, [](int, bool) {}};
   forms::FrmDiscwright& main = windows.main;
   std::vector<forms::Subscription> listening;
 

@@ -2,8 +2,8 @@
 #include "tools/mkisofs/options.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
+#include <iterator>
 #include <string_view>
 
 #include "tools/mkisofs/volume_descriptors.h"
@@ -65,74 +65,60 @@ Result StoreFile(std::string& field, std::string_view value) {
   return value.empty() ? Result::Failure("the name is empty") : Result::Success();
 }
 
-constexpr auto
-    kOptions =
-        std::
-            to_array<Option>(
-                {
-                    {"-volid", "-V", "TEXT", "volume identifier",
-                     [](Parsed& parsed, std::string_view value) {
-                       return StoreText(parsed.options.volume_id, value, kVolumeIdSize);
-                     }},
-                    {"-preparer", "-p", "TEXT", "who prepared the data",
-                     [](Parsed& parsed, std::string_view value) {
-                       return StoreText(parsed.options.preparer, value, kTextSize);
-                     }},
-                    {"-publisher", "", "TEXT", "who publishes the volume",
-                     [](Parsed& parsed, std::string_view value) {
-                       return StoreText(parsed.options.publisher, value, kTextSize);
-                     }},
-                    {"-appid", "-A", "TEXT", "application identifier",
-                     [](Parsed& parsed, std::string_view value) {
-                       return StoreText(parsed.options.application_id, value, kTextSize);
-                     }},
-                    {"-iso-level", "", "4", "ISO 9660:1999, which stores names unchanged; no other level",
-                     [](Parsed&, std::string_view value) {
-                       return value == "4" ? Result::Success()
-                                           : Result::Failure("only level 4 is supported, not " + std::string(value));
-                     }},
-                    {"-omit-period", "", "", "accepted and ignored: a period is never added to a name",
-                     [](Parsed&, std::string_view) { return Result::Success(); }},
-                    {"-no-emul-boot", "", "", "the boot image is a program; needed with -eltorito-boot",
-                     [](Parsed& parsed, std::string_view) {
-                       parsed.no_emulation = true;
-                       return Result::Success();
-                     }},
-                    {"-boot-load-size", "", "COUNT", "512-byte sectors that the BIOS loads (default: all)",
-                     [](Parsed& parsed, std::string_view value) { return StoreLoadSize(parsed, value); }},
-                    {"-eltorito-boot", "-b", "PATH", "boot image, a path below FOLDER",
-                     [](Parsed& parsed, std::string_view value) {
-                       return StorePath(parsed.options.boot_image, value);
-                     }},
-                    {"-eltorito-catalog", "-c", "PATH", "boot catalogue, below FOLDER (default: boot.catalog)",
-                     [](Parsed& parsed, std::string_view value) {
-                       parsed.has_catalogue = true;
-                       return StorePath(parsed.options.boot_catalogue, value);
-                     }},
-                    {"-hide", "", "PATTERN", "leaves matching names out of the directories; * ? [ ] as in a shell",
-                     [](Parsed& parsed, std::string_view value) {
-                       parsed.options.hidden.emplace_back(value);
-                       return Result::Success();
-                     }},
-                    {"-follow-links", "", "", "stores the targets of symbolic links",
-                     [](Parsed& parsed, std::string_view) {
-                       parsed.options.follow_links = true;
-                       return Result::Success();
-                     }},
-                    {"-cache-inodes", "", "", "stores the data of hard links once",
-                     [](Parsed& parsed, std::string_view) {
-                       parsed.options.store_links_once = true;
-                       return Result::Success();
-                     }},
-                    {"-output", "-o", "FILE", "the image to write",
-                     [](Parsed& parsed, std::string_view value) { return StoreFile(parsed.options.output, value); }},
-                });
+constexpr Option kOptions[] = {
+    {"-volid", "-V", "TEXT", "volume identifier",
+     [](Parsed& parsed, std::string_view value) { return StoreText(parsed.options.volume_id, value, kVolumeIdSize); }},
+    {"-preparer", "-p", "TEXT", "who prepared the data",
+     [](Parsed& parsed, std::string_view value) { return StoreText(parsed.options.preparer, value, kTextSize); }},
+    {"-publisher", "", "TEXT", "who publishes the volume",
+     [](Parsed& parsed, std::string_view value) { return StoreText(parsed.options.publisher, value, kTextSize); }},
+    {"-appid", "-A", "TEXT", "application identifier",
+     [](Parsed& parsed, std::string_view value) { return StoreText(parsed.options.application_id, value, kTextSize); }},
+    {"-iso-level", "", "4", "ISO 9660:1999, which stores names unchanged; no other level",
+     [](Parsed&, std::string_view value) {
+       return value == "4" ? Result::Success()
+                           : Result::Failure("only level 4 is supported, not " + std::string(value));
+     }},
+    {"-omit-period", "", "", "accepted and ignored: a period is never added to a name",
+     [](Parsed&, std::string_view) { return Result::Success(); }},
+    {"-no-emul-boot", "", "", "the boot image is a program; needed with -eltorito-boot",
+     [](Parsed& parsed, std::string_view) {
+       parsed.no_emulation = true;
+       return Result::Success();
+     }},
+    {"-boot-load-size", "", "COUNT", "512-byte sectors that the BIOS loads (default: all)",
+     [](Parsed& parsed, std::string_view value) { return StoreLoadSize(parsed, value); }},
+    {"-eltorito-boot", "-b", "PATH", "boot image, a path below FOLDER",
+     [](Parsed& parsed, std::string_view value) { return StorePath(parsed.options.boot_image, value); }},
+    {"-eltorito-catalog", "-c", "PATH", "boot catalogue, below FOLDER (default: boot.catalog)",
+     [](Parsed& parsed, std::string_view value) {
+       parsed.has_catalogue = true;
+       return StorePath(parsed.options.boot_catalogue, value);
+     }},
+    {"-hide", "", "PATTERN", "leaves matching names out of the directories; * ? [ ] as in a shell",
+     [](Parsed& parsed, std::string_view value) {
+       parsed.options.hidden.emplace_back(value);
+       return Result::Success();
+     }},
+    {"-follow-links", "", "", "stores the targets of symbolic links",
+     [](Parsed& parsed, std::string_view) {
+       parsed.options.follow_links = true;
+       return Result::Success();
+     }},
+    {"-cache-inodes", "", "", "stores the data of hard links once",
+     [](Parsed& parsed, std::string_view) {
+       parsed.options.store_links_once = true;
+       return Result::Success();
+     }},
+    {"-output", "-o", "FILE", "the image to write",
+     [](Parsed& parsed, std::string_view value) { return StoreFile(parsed.options.output, value); }},
+};
 
 const Option* FindOption(std::string_view word) {
-  const auto found = std::find_if(kOptions.begin(), kOptions.end(), [word](const Option& option) {
+  const Option* const found = std::find_if(std::begin(kOptions), std::end(kOptions), [word](const Option& option) {
     return word == option.name || (!option.short_name.empty() && word == option.short_name);
   });
-  return found == kOptions.end() ? nullptr : &*found;
+  return found == std::end(kOptions) ? nullptr : found;
 }
 
 // Checks what a single option cannot show: missing words, and options that need one another.
