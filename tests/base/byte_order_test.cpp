@@ -1,4 +1,4 @@
-// Integers in byte arrays.
+// Tests of integers in byte arrays.
 #include "base/byte_order.h"
 
 #include <gmock/gmock.h>

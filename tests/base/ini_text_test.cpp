@@ -82,7 +82,7 @@ TEST(IniSection, SectionWithCommentsAndBlankLines_GivesKeysInOrder) {
 
 TEST(IniSection, MissingSection_HasNoKeys) { EXPECT_THAT(IniSection("[a]\nk=1\n", "b"), IsEmpty()); }
 
-TEST(IniLines, EveryLine_IsToldByKindInOrder) {
+TEST(IniLines, EveryLine_IsReturnedInOrderWithItsKind) {
   using enum IniLineKind;
   EXPECT_THAT(IniLines(" [ a b ] x\r\n\t; c = d\r\n\r\n k = 'v' \nno key\n= v\n[a"),
               ElementsAre(FieldsAre(kSection, "a b", ""), FieldsAre(kComment, "; c = d", ""), FieldsAre(kBlank, "", ""),

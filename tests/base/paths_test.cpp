@@ -1,4 +1,4 @@
-// Paths of the program as text.
+// Tests of the program's paths as text.
 #include "base/paths.h"
 
 #include <gtest/gtest.h>

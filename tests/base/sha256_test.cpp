@@ -1,4 +1,4 @@
-// Published digests, and pieces of every size.
+// Tests of SHA-256: published digests, and texts that are added in pieces of every size.
 #include "base/sha256.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Tests of the time that no date in an image is later than.
+// Tests of reading SOURCE_DATE_EPOCH: no date in an image is later than this time.
 #include "base/source_date.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ TEST(SourceDate, AnythingElse_IsRefused) {
     EXPECT_EQ(ParseSourceDate(text), std::nullopt) << text;
 }
 
-TEST(SourceDate, ThatIsNotSetOrANumber_HasNothingWrong) {
+TEST(SourceDate, ThatIsNotSetOrANumber_IsAccepted) {
   EXPECT_EQ(WhyNoSourceDate(nullptr), "");
   EXPECT_EQ(WhyNoSourceDate("0"), "");
   EXPECT_EQ(WhyNoSourceDate("1000000000"), "");

@@ -1,4 +1,4 @@
-// UTF-8, taken apart and told from other encodings.
+// Tests of reading UTF-8, and of recognising other encodings.
 #include "base/utf8.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// DOS wildcards.
+// Tests of DOS wildcards.
 #include "base/wildcard.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Windows-1252 and UTF-8.
+// Tests of the conversion between Windows-1252 and UTF-8.
 #include "base/windows_1252.h"
 
 #include <gtest/gtest.h>

@@ -43,23 +43,23 @@ TEST_F(BootSectorLoading, FileOfOneByte_IsStarted) {
   EXPECT_EQ(emulator.Memory(0x20000, 1), "\xF4");
 }
 
-TEST_F(BootSectorLoading, EmptyFile_IsSaidSo) {
+TEST_F(BootSectorLoading, EmptyFile_IsReported) {
   MasterFile("");
   EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen("I386\\SETUPLDR.BIN is empty"));
 }
 
-TEST_F(BootSectorLoading, FileBeyond640Kb_IsSaidSo) {
+TEST_F(BootSectorLoading, FileBeyond640Kb_IsReported) {
   MasterFile(SetupLoader(524289));
   EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen("I386\\SETUPLDR.BIN is too large for the memory of this machine"));
 }
 
-TEST_F(BootSectorLoading, MemoryAsTheBiosTells_IsUsedToItsEnd) {
+TEST_F(BootSectorLoading, MemorySizeOfTheBios_IsUsedToItsEnd) {
   StartWith(Starter("with_256_kb", sector));
   MasterFile(SetupLoader(131072));
   EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen(kStarted));
 }
 
-TEST_F(BootSectorLoading, MemoryAsTheBiosTells_IsNotExceeded) {
+TEST_F(BootSectorLoading, MemorySizeOfTheBios_IsNotExceeded) {
   StartWith(Starter("with_256_kb", sector));
   MasterFile(SetupLoader(131073));
   EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen("I386\\SETUPLDR.BIN is too large for the memory of this machine"));
@@ -78,7 +78,7 @@ TEST_F(BootSectorLoading, BiosFullOfFaults_FileIsLoadedWhole) {
   EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen(SetupLoaderLine("i386", "9F")));
 }
 
-TEST_F(BootSectorLoading, BiosFullOfFaults_WhatIsMissingIsSaid) {
+TEST_F(BootSectorLoading, FaultyBios_MissingFileIsStillReported) {
   StartWith(Starter("on_a_bad_bios", sector));
   Master();
   Emulator emulator(CdDrive(image));
@@ -92,18 +92,18 @@ TEST_F(BootSectorLoading, ErrorThatGoesAway_FileIsLoadedWhole) {
   EXPECT_TRUE(Emulator(FaultyCdDrive(Entry("I386/SETUPLDR.BIN").extent + 20, 3)).WaitForScreen(kStarted));
 }
 
-TEST_F(BootSectorLoading, ErrorThatStays_IsSaidSo) {
+TEST_F(BootSectorLoading, PermanentReadError_IsReported) {
   MasterFile(SetupLoader());
   EXPECT_TRUE(Emulator(FaultyCdDrive(Entry("I386/SETUPLDR.BIN").extent + 20, kAlways))
                   .WaitForScreen("\nThe CD could not be read\n"));
 }
 
-TEST_F(BootSectorLoading, FolderThatCannotBeRead_IsSaidSo) {
+TEST_F(BootSectorLoading, FolderThatCannotBeRead_IsReported) {
   MasterFile(SetupLoader());
   EXPECT_TRUE(Emulator(FaultyCdDrive(Entry("I386").extent, kAlways)).WaitForScreen("The CD could not be read"));
 }
 
-TEST_F(BootSectorLoading, VolumeThatCannotBeRead_IsSaidSo) {
+TEST_F(BootSectorLoading, VolumeThatCannotBeRead_IsReported) {
   MasterFile(SetupLoader());
   EXPECT_TRUE(Emulator(FaultyCdDrive(16, kAlways)).WaitForScreen("The CD could not be read"));
 }

@@ -62,13 +62,13 @@ TEST_F(BootSector, RootOfManySectors_LastRecordIsFound) {
   EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen(kStarted));
 }
 
-TEST_F(BootSector, ManyFilesWithoutTheOne_IsSaidSo) {
+TEST_F(BootSector, ManyFilesWithoutTheSetupLoader_AreReportedAsSuch) {
   AddFillers(tree / "I386", 2000);
   Master();
   EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen("I386\\SETUPLDR.BIN was not found on this CD"));
 }
 
-TEST_F(BootSector, FileThatIsMissing_IsSaidSo) {
+TEST_F(BootSector, MissingFile_IsReported) {
   WriteFile(tree / "I386/TXTSETUP.SIF", "");
   Master();
   Emulator emulator(CdDrive(image));
@@ -76,7 +76,7 @@ TEST_F(BootSector, FileThatIsMissing_IsSaidSo) {
   EXPECT_TRUE(emulator.WaitForScreen("\nPress a key to restart.\n"));
 }
 
-TEST_F(BootSector, FolderThatIsMissing_IsSaidSo) {
+TEST_F(BootSector, MissingFolder_IsReported) {
   Master();
   EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen("I386\\SETUPLDR.BIN was not found on this CD"));
 }
@@ -119,7 +119,7 @@ std::string Patched(std::string sector, const std::string& folder) {
   return sector.replace(sector.find("I386"), 4, folder);
 }
 
-TEST_F(BootSector, PatchedToAnotherFolder_StartsWhatIsThere) {
+TEST_F(BootSector, PatchedToAnotherFolder_StartsTheLoaderOfThatFolder) {
   StartWith(Patched(sector, "ERDC"));
   WriteFile(tree / "I386/SETUPLDR.BIN", "no program");
   WriteFile(tree / "erdc/setupldr.bin", Patched(SetupLoader(kUsualSize, "upper"), "ERDC"));
@@ -127,7 +127,7 @@ TEST_F(BootSector, PatchedToAnotherFolder_StartsWhatIsThere) {
   EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen(SetupLoaderLine("ERDC")));
 }
 
-TEST_F(BootSector, PatchedToAnotherFolder_SaysWhatIsMissingThere) {
+TEST_F(BootSector, PatchedToAnotherFolder_NamesThatFolderWhenItIsMissing) {
   StartWith(Patched(sector, "OOBC"));
   WriteFile(tree / "I386/SETUPLDR.BIN", SetupLoader());
   Master();

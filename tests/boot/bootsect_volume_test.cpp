@@ -45,7 +45,7 @@ TEST_F(BootSectorVolume, PrimaryBehindOtherDescriptors_IsFound) {
   EXPECT_TRUE(Start().WaitForScreen(kStarted));
 }
 
-TEST_F(BootSectorVolume, NoPrimaryBeforeTheTerminator_IsSaidSo) {
+TEST_F(BootSectorVolume, NoPrimaryBeforeTheTerminator_IsReported) {
   MasterBytes();
   std::copy_n(Sector(19), 2048, Sector(18));
   std::copy_n(Sector(16), 2048, Sector(19));  // a primary descriptor after the terminator

@@ -42,7 +42,7 @@ TEST(ShippedFiles, SetupLoadersOfTests_NameTheirFolderOnce) {
   EXPECT_THAT(SetupLoader(), SizeIs(kUsualSize));
 }
 
-TEST_F(BootSector, DamagedSetupLoaderOfTests_SaysSo) {
+TEST_F(BootSector, DamagedSetupLoaderOfTests_ReportsTheDamage) {
   std::string loader = SetupLoader();
   loader.back() ^= 1;
   WriteFile(tree / "I386/SETUPLDR.BIN", loader);
@@ -61,7 +61,7 @@ class BootLoader : public BootTest {
   }
 };
 
-TEST_F(BootLoader, Started_SaysThatThereIsNoMenu) {
+TEST_F(BootLoader, Started_ShowsThatThereIsNoMenu) {
   EXPECT_TRUE(
       Emulator(CdDrive(image)).WaitForScreen("This disc has no boot menu: the menu is not part of this version."));
 }

@@ -53,7 +53,7 @@ TEST_F(CreateDskProgram, WithWrongUsage_ShowsUsageAndReturnsTwo) {
   EXPECT_THAT(ReadFile(folder_.path() / "errors"), HasSubstr("Usage: "));
 }
 
-TEST_F(CreateDskProgram, WithWrongProfile_SaysSoOnStandardErrorAndReturnsOne) {
+TEST_F(CreateDskProgram, WithWrongProfile_ReportsItOnStandardErrorAndReturnsOne) {
   folder_.AddDiskIni("");
   const ShellEnd end = Run("-t 144 none >" + ShellPath(folder_.path() / "standard output"));
   EXPECT_EQ(end.exit_code, 1);

@@ -179,7 +179,7 @@ TEST_F(CreateDiskTest, MissingProfile_ListsThoseThatExist) {
   EXPECT_THAT(FailureWith(kDiskFormats[0], "file"), HasSubstr("There is no disk profile \"file\""));
 }
 
-TEST_F(CreateDiskTest, WithoutAnyProfile_SaysSo) {
+TEST_F(CreateDiskTest, WithoutAnyProfile_IsAFailureThatSaysSo) {
   EXPECT_THAT(Failure(), HasSubstr("There are no disk profiles in"));
   std::filesystem::remove_all(folder_.Disks());
   EXPECT_THAT(Failure(), HasSubstr("There are no disk profiles in"));

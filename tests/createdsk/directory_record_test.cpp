@@ -27,7 +27,7 @@ RecordKind KindWith(std::uint8_t first_byte, std::uint8_t attributes) {
   return KindOf(record);
 }
 
-TEST(DirectoryRecord, OfEachKind_IsToldByFirstByteAndAttributes) {
+TEST(DirectoryRecord, OfEachKind_IsRecognisedByFirstByteAndAttributes) {
   EXPECT_EQ(KindWith(0x00, 0x20), RecordKind::kEnd);
   EXPECT_EQ(KindWith(0xE5, 0x20), RecordKind::kDeleted);
   EXPECT_EQ(KindWith(0xE5, 0x0F), RecordKind::kDeleted);

@@ -1,4 +1,4 @@
-// Tests of filling disks: the place of every byte, what fits, and what of a base image stays.
+// Tests of filling disks: the place of every byte, the limits, and the parts of a base image that stay.
 #include "tools/createdsk/disk_image.h"
 
 #include <gmock/gmock.h>

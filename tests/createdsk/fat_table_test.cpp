@@ -98,7 +98,7 @@ TEST(FatTable, ShorterChain_FreesItsLastClusters) {
   EXPECT_EQ(table.FreeClusters(), 3U);
 }
 
-TEST(FatTable, Stored_LeavesWhatStandsBehindTheLastEntry) {
+TEST(FatTable, Stored_LeavesTheBytesBehindTheLastEntry) {
   const FatTable table = TableOf({0xFF0, 0xFFF, 0xFFF});
   Bytes fat(7, 0xAA);
   table.Store(fat);

@@ -89,7 +89,7 @@ TEST_F(PageTexts, ControlThatNeedsSeveralBoxes_NamesThemUntilTheyAreChecked) {
   EXPECT_THAT(PageText(windows, "FrmWin2KInfo"), HasSubstr(" option     yes  Join Workgroup : = True  [Alt+W]\n"));
 }
 
-TEST_F(PageTexts, Password_IsHiddenAndAnEmptyOneToldFromIt) {
+TEST_F(PageTexts, Password_IsHiddenUnlessItIsEmpty) {
   EXPECT_THAT(LineOf("7", "TxtPass1"), HasSubstr("Password = \"\"  [Alt+A]"));
   main.TxtPass1.text = "top-secret";
   EXPECT_THAT(LineOf("7", "TxtPass1"), HasSubstr("Password = (hidden)  [Alt+A]"));

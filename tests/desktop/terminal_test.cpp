@@ -1,4 +1,4 @@
-// Tests of the live line and of the lines above it.
+// Tests of the live line of a terminal, and of the lines above it.
 #include "desktop/console/terminal.h"
 
 #include <gmock/gmock.h>
@@ -52,7 +52,7 @@ TEST_F(Terminals, SeveralChanges_AreDrawnTogether) {
   EXPECT_EQ(console.TakeError(), "") << "nothing has changed";
 }
 
-TEST_F(Terminals, StepThatRuns_StandsBeforeWhatItDoes) {
+TEST_F(Terminals, StepThatRuns_IsNamedBeforeItsFile) {
   Terminal& terminal = Open(Progress::kLiveLine);
   main.LblMsg4.bold = true;
   ShowProgress("a.txt", 50);
@@ -211,7 +211,7 @@ TEST_F(Terminals, ProgramThatGoesToSleep_DrawsAtOnceBefore) {
   EXPECT_THAT(console.sleeps, ElementsAre(500)) << "there is no time to sleep";
 }
 
-TEST_F(Terminals, EachCtrlC_IsToldOnce) {
+TEST_F(Terminals, EachCtrlC_IsReportedOnce) {
   std::vector<int> counts;
   ConsoleUser user(Open(Progress::kLiveLine), [&](int count) { counts.push_back(count); });
   user.DoEvents(0);

@@ -62,7 +62,7 @@ TEST_F(LinkingTest, TooManyLinksForAllNamesOfAFile_SaveNothing) {
   EXPECT_EQ(LastLine(), "1 files linked, 0 bytes saved\n");
 }
 
-TEST_F(LinkingTest, FileSystemWithoutLinks_IsSaidOnceAndIsNoProblem) {
+TEST_F(LinkingTest, FileSystemWithoutLinks_IsReportedOnceAndIsNoProblem) {
   for (const char* name : {"a", "b", "f/c"}) Write(name, "content");
   for (const char* name : {"f/d", "f/e"}) Write(name, "other content");
   FailLinks(LinkEnd::kUnsupported, host::ErrorClass::kAccessDenied, "Operation not permitted");
@@ -85,7 +85,7 @@ TEST_F(LinkingTest, LinkThatFails_IsNamedAndTheRestGoesOn) {
 }
 
 // The monitor would take the system's sentence for a full disk as a failure of the mastering, which comes later.
-TEST_F(LinkingTest, FullDisk_IsNotSaidInTheSystemsWords) {
+TEST_F(LinkingTest, FullDisk_IsReportedWithoutTheSystemsSentence) {
   Write("a", "content");
   Write("b", "content");
   FailLinks(LinkEnd::kFailed, host::ErrorClass::kDiskFull, "No space left on device");

@@ -1,4 +1,4 @@
-// Tests of Ctrl-C at every stage: the build ends with a message and leaves neither a running program nor an image.
+// Tests of Ctrl-C at every stage: the build ends with a message, and leaves neither a running program nor an image.
 #include <csignal>
 
 #include "tests/end_to_end/build_test.h"
@@ -92,7 +92,7 @@ TEST_F(Cancel, OlderImageAtThePlace_StaysUntouched) {
   EXPECT_THAT(PartsOf(image), IsEmpty());
 }
 
-TEST_F(Cancel, MasteringThatDoesNotListen_IsEndedAllTheSame) {
+TEST_F(Cancel, MasteringThatIgnoresTheSignal_IsStillEnded) {
   program.ReplaceProgram("mkisofs", "trap '' INT TERM HUP\n: > begun\nsleep 600\nsleep 600\n");
   RunningProgram build(Command());
   ASSERT_TRUE(WaitUntil([&] { return fs::exists(program / "begun"); }));

@@ -37,7 +37,7 @@ class CommandLine : public BuildTest {
 
 }  // namespace
 
-TEST_F(CommandLine, ImageMade_TellsPlaceSizeAndDigest) {
+TEST_F(CommandLine, ImageMade_PrintsPlaceSizeAndDigest) {
   const Outcome outcome = Build();
   EXPECT_EQ(outcome.exit_code, 0);
   const std::string digest = RunProgram({"sha256sum", image.string()}).out.substr(0, 64);
@@ -53,7 +53,7 @@ TEST_F(CommandLine, Quiet_PrintsNothingOnSuccess) {
   EXPECT_TRUE(fs::exists(image));
 }
 
-TEST_F(CommandLine, QuietWithAWarning_StillTellsTheWarning) {
+TEST_F(CommandLine, QuietWithAWarning_StillPrintsTheWarning) {
   WriteFile(place / "utilities" / ".hidden" / "a.txt", "a");
   WriteFile(place / "utilities" / "b.txt", "b");
   const Outcome outcome = Build(Join({"--quiet"}, Utilities(place / "utilities")));

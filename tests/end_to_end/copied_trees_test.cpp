@@ -281,7 +281,7 @@ TEST_F(CopiedTrees, LinkToTheProgramFolder_WorkspaceIsNotCopiedIntoItself) {
   EXPECT_TRUE(Vexa().contains("link/vexacd/boot"));
 }
 
-TEST_F(CopiedTrees, UtilitiesAndAdditionalFilesBothWithTrouble_AreBothTold) {
+TEST_F(CopiedTrees, UtilitiesAndAdditionalFilesThatFail_AreBothReported) {
   WriteFile(utilities / ".hidden" / "a.txt", "a");
   WriteFile(utilities / "b.txt", "b");
   WriteFile(additional / ".also hidden" / "c.txt", "c");
@@ -293,7 +293,7 @@ TEST_F(CopiedTrees, UtilitiesAndAdditionalFilesBothWithTrouble_AreBothTold) {
   EXPECT_THAT(outcome.err, HasSubstr("The image was made, with 2 warnings (see above)."));
 }
 
-TEST_F(CopiedTrees, FolderWithoutAByteInIt_IsToldToBeMissing) {
+TEST_F(CopiedTrees, FolderOfEmptyFiles_IsReportedAsNotCopied) {
   WriteFile(utilities / "empty.txt", "");
   ExpectOneWarning(BuildWithWarnings(), utilities,
                    "this folder contains only empty files, or names that begin with a dot");

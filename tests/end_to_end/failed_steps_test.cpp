@@ -19,7 +19,7 @@ class FailedSteps : public BuildTest {
 
 }  // namespace
 
-TEST_F(FailedSteps, MissingBootLoader_IsToldFromTheLog) {
+TEST_F(FailedSteps, MissingBootLoader_IsReportedFromTheLog) {
   fs::remove(program / "files" / "vexacd" / "boot" / "loader.bin");
   const std::string told = Failed();
   EXPECT_THAT(told, HasSubstr("boot/loader.bin"));
@@ -28,25 +28,25 @@ TEST_F(FailedSteps, MissingBootLoader_IsToldFromTheLog) {
   EXPECT_TRUE(NoImageAt(image));
 }
 
-TEST_F(FailedSteps, MissingTemplateTree_IsTold) {
+TEST_F(FailedSteps, MissingTemplateTree_IsReported) {
   fs::remove_all(program / "files" / "vexacd");
   EXPECT_THAT(Failed(), HasSubstr("warning: " + (program / "files" / "vexacd").string()));
   EXPECT_TRUE(NoImageAt(image));
 }
 
-TEST_F(FailedSteps, MissingMasteringProgram_IsToldFromTheLog) {
+TEST_F(FailedSteps, MissingMasteringProgram_IsReportedFromTheLog) {
   fs::remove(program / "mkisofs");
   EXPECT_THAT(Failed(), HasSubstr("mkisofs: not found"));
   EXPECT_TRUE(NoImageAt(image));
 }
 
-TEST_F(FailedSteps, MasteringProgramThatMayNotBeRun_IsToldFromTheLog) {
+TEST_F(FailedSteps, MasteringProgramThatMayNotBeRun_IsReportedFromTheLog) {
   fs::permissions(program / "mkisofs", fs::perms::owner_read | fs::perms::owner_write);
   EXPECT_THAT(Failed(), HasSubstr("mkisofs: Permission denied"));
   EXPECT_TRUE(NoImageAt(image));
 }
 
-TEST_F(FailedSteps, MasteringProgramKilled_IsToldFromTheLog) {
+TEST_F(FailedSteps, MasteringProgramKilled_IsReportedFromTheLog) {
   program.ReplaceProgram("mkisofs", "echo so far so good\nkill -KILL $$\n");
   const std::string told = Failed();
   EXPECT_THAT(told, HasSubstr("so far so good"));
@@ -54,7 +54,7 @@ TEST_F(FailedSteps, MasteringProgramKilled_IsToldFromTheLog) {
   EXPECT_TRUE(NoImageAt(image));
 }
 
-TEST_F(FailedSteps, MasteringFailsWithAnOlderImageAtThePlace_ItStaysUntouchedAndIsNotTakenForANewOne) {
+TEST_F(FailedSteps, MasteringFailsWithAnOlderImageAtThePlace_OldImageStaysAndTheBuildFails) {
   WriteFile(image, OlderImage());
   program.ReplaceProgram("mkisofs", "echo no luck today >&2\nexit 3\n");
   EXPECT_EQ(Failed(),
@@ -74,13 +74,13 @@ TEST_F(FailedSteps, MasteringFailsWithAnOlderImageAtThePlace_ItStaysUntouchedAnd
   EXPECT_TRUE(ReadFile(image) == OlderImage());
 }
 
-TEST_F(FailedSteps, MissingDiskProgram_IsTold) {
+TEST_F(FailedSteps, MissingDiskProgram_IsReported) {
   fs::remove(program / "CreateDsk");
   EXPECT_THAT(Failed(), HasSubstr("warning: "));
   EXPECT_TRUE(NoImageAt(image));
 }
 
-TEST_F(FailedSteps, DiskProgramFails_IsToldWithItsWords) {
+TEST_F(FailedSteps, DiskProgramFails_IsReportedWithItsOutput) {
   program.ReplaceProgram("CreateDsk", "echo the dog ate it >&2\nexit 1\n");
   const std::string told = Failed();
   EXPECT_THAT(told, HasSubstr("the dog ate it"));
@@ -90,7 +90,7 @@ TEST_F(FailedSteps, DiskProgramFails_IsToldWithItsWords) {
   EXPECT_TRUE(NoImageAt(image));
 }
 
-TEST_F(FailedSteps, NameLongerThanADiscCanHold_IsToldFromTheLog) {
+TEST_F(FailedSteps, NameLongerThanADiscCanHold_IsReportedFromTheLog) {
   const std::string name(208, 'n');
   WriteFile(place / "tools" / name, "content");
   EXPECT_THAT(Failed(Utilities(place / "tools")), HasSubstr("vexacd/vexa/" + name));

@@ -29,7 +29,7 @@ class FullDisk : public BuildTest {
 
 }  // namespace
 
-TEST_F(FullDisk, NoRoomForTheImage_IsToldAndNothingIsLeft) {
+TEST_F(FullDisk, NoRoomForTheImage_IsReportedAndNothingIsLeft) {
   const SmallDisk disk(place / "disk", kMegabyte);
   if (!disk.IsMounted()) GTEST_SKIP() << disk.Reason();
   image = place / "disk" / "rescue.iso";
@@ -53,7 +53,7 @@ TEST_F(FullDisk, NoRoomForTheImage_AnOlderOneStaysUntouched) {
   EXPECT_THAT(PartsOf(image), IsEmpty());
 }
 
-TEST_F(FullDisk, NotAByteLeftForTheWorkspace_IsToldAndNoImageIsMade) {
+TEST_F(FullDisk, NotAByteLeftForTheWorkspace_IsReportedAndNoImageIsMade) {
   const SmallDisk disk(place / "disk", DiskSize());
   if (!disk.IsMounted()) GTEST_SKIP() << disk.Reason();
   const auto on_disk = ProgramOnDisk(disk, 0);
@@ -64,7 +64,7 @@ TEST_F(FullDisk, NotAByteLeftForTheWorkspace_IsToldAndNoImageIsMade) {
   EXPECT_TRUE(NoImageAt(image));
 }
 
-TEST_F(FullDisk, NoRoomForTheUtilitiesInTheWorkspace_IsTold) {
+TEST_F(FullDisk, NoRoomForTheUtilitiesInTheWorkspace_IsReported) {
   const SmallDisk disk(place / "disk", DiskSize());
   if (!disk.IsMounted()) GTEST_SKIP() << disk.Reason();
   const auto on_disk = ProgramOnDisk(disk, 10 * kMegabyte);  // the boot disks take 6 MB

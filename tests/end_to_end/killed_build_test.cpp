@@ -1,4 +1,4 @@
-// Tests of builds that are killed: nothing stands under the image's name, and the next build succeeds.
+// Tests of builds that are killed: no image stands under its final name, and the next build succeeds.
 #include <chrono>
 #include <csignal>
 #include <thread>

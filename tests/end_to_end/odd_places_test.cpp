@@ -1,4 +1,4 @@
-// Tests of odd folder names for the program and the image, with characters that a shell could take for syntax.
+// Tests of odd folder names for the program and the image. A shell could read some of their characters as syntax.
 #include "tests/end_to_end/build_test.h"
 
 namespace discwright::testing {

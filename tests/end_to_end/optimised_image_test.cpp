@@ -55,7 +55,7 @@ TEST_F(OptimisedImage, Duplicates_AreStoredOnceAndTheFilesStayTheSame) {
   EXPECT_EQ(Fingerprint(place / "my tools"), sources_);
 }
 
-TEST_F(OptimisedImage, LinkerThatIsMissing_CostsOnlyTheSavingAndIsTold) {
+TEST_F(OptimisedImage, MissingLinker_IsReportedAndTheImageIsMade) {
   ASSERT_EQ(BuildOptimised("0").exit_code, 0);
   const std::uintmax_t plain_size = fs::file_size(image);
   fs::remove(program / "dfl");
@@ -64,18 +64,18 @@ TEST_F(OptimisedImage, LinkerThatIsMissing_CostsOnlyTheSavingAndIsTold) {
   EXPECT_THAT(MasteringLog(), HasSubstr("dfl"));
 }
 
-TEST_F(OptimisedImage, LinkerThatIsKilled_CostsOnlyTheSavingAndIsTold) {
+TEST_F(OptimisedImage, KilledLinker_IsReportedAndTheImageIsMade) {
   program.ReplaceProgram("dfl", "echo \"Scanning $1\"; kill -KILL $$\n");
   ExpectTold(BuildOptimised("1"));
   EXPECT_EQ(ReadWithBsdtar(image).size(), ReadWithXorriso(image).size());
 }
 
-TEST_F(OptimisedImage, LinkerThatFails_IsTold) {
+TEST_F(OptimisedImage, LinkerThatFails_IsReported) {
   program.ReplaceProgram("dfl", "echo 'dfl: out of luck' >&2; exit 3\n");
   ExpectTold(BuildOptimised("1"));
 }
 
-TEST_F(OptimisedImage, LinkerThatIsSlowWithItsLastLine_IsNotTold) {
+TEST_F(OptimisedImage, LinkerThatIsSlowWithItsLastLine_IsNotReported) {
   program.ReplaceProgram("dfl", "printf '0 files lin'; sleep 1; printf 'ked, 0 bytes saved'; sleep 1; echo\n");
   const Outcome outcome = BuildOptimised("1");
   EXPECT_EQ(outcome.exit_code, 0) << outcome.err;

@@ -1,4 +1,4 @@
-// Tests a build with another mastering tool that takes the same arguments.
+// Tests of a build with another mastering tool, which takes the same arguments.
 #include "tests/end_to_end/build_test.h"
 
 namespace discwright::testing {

@@ -1,4 +1,4 @@
-// Copies the program folder and runs builds in the copy.
+// Copies the program folder, and runs builds in the copy.
 #include "tests/end_to_end/program_copy.h"
 
 #include <sstream>

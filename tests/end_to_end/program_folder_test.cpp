@@ -1,4 +1,4 @@
-// What a whole build makes in the program folder and leaves there, held against the program's own table of that folder.
+// Tests that a whole build makes and leaves the files of the table in util/program_folder.h, and no others.
 #include "util/program_folder.h"
 
 #include <set>
@@ -49,16 +49,16 @@ std::set<std::string> InTable(bool (*stays)(const util::FolderItem&)) {
 
 }  // namespace
 
-TEST_F(ProgramFolder, AfterABuild_HoldsWhatTheTableLeavesThere) {
+TEST_F(ProgramFolder, AfterABuild_HoldsTheFilesThatTheTableKeeps) {
   EXPECT_EQ(Left({}), InTable([](const util::FolderItem& item) { return item.made_by != item.deleted_by; }));
 }
 
-TEST_F(ProgramFolder, AfterABuildThatCleansUp_HoldsWhatTheTableNeverDeletes) {
+TEST_F(ProgramFolder, AfterABuildThatCleansUp_HoldsTheFilesThatTheTableNeverDeletes) {
   EXPECT_EQ(Left({"--set", "ChkCleanSession=1"}),
             InTable([](const util::FolderItem& item) { return item.deleted_by.empty(); }));
 }
 
-TEST_F(ProgramFolder, AsItShips_HoldsWhatTheTableSays) {
+TEST_F(ProgramFolder, AsItShips_HoldsTheFilesOfTheTable) {
   for (const util::FolderItem& item : util::kProgramFolder) {
     std::string path(item.path.substr(1));
     std::replace(path.begin(), path.end(), '\\', '/');

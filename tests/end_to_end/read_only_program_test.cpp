@@ -37,7 +37,7 @@ class ReadOnlyProgram : public BuildTest {};
 
 }  // namespace
 
-TEST_F(ReadOnlyProgram, NothingIsBuiltAndTheWayOutIsTold) {
+TEST_F(ReadOnlyProgram, NothingIsBuiltAndTheMessageNamesASolution) {
   const ReadOnly read_only(program.folder());
   if (read_only.error() != 0) GTEST_SKIP() << "this machine mounts nothing: " << std::strerror(read_only.error());
   const auto before = Fingerprint(program.folder());
@@ -51,7 +51,7 @@ TEST_F(ReadOnlyProgram, NothingIsBuiltAndTheWayOutIsTold) {
   EXPECT_TRUE(NoImageAt(image));
 }
 
-TEST_F(ReadOnlyProgram, ControlsAreListedAllTheSame) {
+TEST_F(ReadOnlyProgram, ControlsAreStillListed) {
   WriteFile(program / "vexacd.ini", "[Main]\r\nOptimizeISO = 1\r\n");
   const ReadOnly read_only(program.folder());
   if (read_only.error() != 0) GTEST_SKIP() << "this machine mounts nothing: " << std::strerror(read_only.error());

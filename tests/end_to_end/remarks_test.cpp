@@ -36,7 +36,7 @@ class Remarks : public BuildTest {
 
 }  // namespace
 
-TEST_F(Remarks, ChoicesInVain_AreToldAndTheImageIsMade) {
+TEST_F(Remarks, ChoicesWithoutEffect_AreRemarkedOnAndTheImageIsMade) {
   EXPECT_THAT(
       RemarksOf({"--set", "TxtUtils_Loc=/nowhere", "--set", "ChkERDC=1"}),
       ElementsAre("remark: TxtUtils_Loc has no effect, because ChkVexaUtils is 0: set ChkVexaUtils=1 to use it.",
@@ -44,7 +44,7 @@ TEST_F(Remarks, ChoicesInVain_AreToldAndTheImageIsMade) {
                   "it."));
 }
 
-TEST_F(Remarks, AnswersWithoutTheirSystem_AreTold) {
+TEST_F(Remarks, AnswersWithoutTheirSystem_AreReported) {
   EXPECT_THAT(
       RemarksOf({"--set", "FrmWin9xInfo.TxtOwner=Ann"}),
       ElementsAre("remark: FrmWin9xInfo.TxtOwner has no effect, because ChkGet_Win9x is 0: set ChkGet_Win9x=1 to "
@@ -53,7 +53,7 @@ TEST_F(Remarks, AnswersWithoutTheirSystem_AreTold) {
                   "are 0: set one of them to 1 to use it."));
 }
 
-TEST_F(Remarks, ToolsPasswordAndBootDisks_AreTold) {
+TEST_F(Remarks, ToolsPasswordAndBootDisks_AreReported) {
   EXPECT_THAT(
       RemarksOf({"--set", "ChkGet_Advtools=1", "--set", "ChkPassProtect=1", "--set", "ChkGet_Vexadisks=0"}),
       ElementsAre("remark: ChkGet_Vexadisks stays 1: the boot disks are part of every CD.",
@@ -61,7 +61,7 @@ TEST_F(Remarks, ToolsPasswordAndBootDisks_AreTold) {
                   "remark: ChkPassProtect is 1, but no password was given: the boot menu accepts an empty one."));
 }
 
-TEST_F(Remarks, HotfixesAndDomain_AreTold) {
+TEST_F(Remarks, HotfixesAndDomain_AreReported) {
   const std::vector<std::string> xp = {"--set", "ChkGet_Win2k=1",      "--set", "Txt_i386_Loc=" + Xp().string(),
                                        "--set", "ChkWin2KInfo_Assis=1"};
   EXPECT_THAT(RemarksOf(Join(xp, {"--set", "ChkHotfix=1", "--set", "OptJoinDomain=True"})),
@@ -69,14 +69,14 @@ TEST_F(Remarks, HotfixesAndDomain_AreTold) {
                           "remark: OptJoinDomain has no effect, because Setup gets the name as that of a workgroup."));
 }
 
-TEST_F(Remarks, NameThatSetupRefuses_IsTold) {
+TEST_F(Remarks, NameThatSetupRefuses_IsReported) {
   const std::vector<std::string> xp = {"--set", "ChkGet_Win2k=1",      "--set", "Txt_i386_Loc=" + Xp().string(),
                                        "--set", "ChkWin2KInfo_Assis=1"};
   EXPECT_THAT(RemarksOf(Join(xp, {"--set", "FrmWin2KInfo.TxtPCName=MY OLD PC"})),
               ElementsAre("remark: FrmWin2KInfo.TxtPCName: the computer name 'MY OLD PC' contains a blank"));
 }
 
-TEST_F(Remarks, AnswersOfAnEarlierBuild_AreTold) {
+TEST_F(Remarks, AnswersOfAnEarlierBuild_AreReported) {
   const std::vector<std::string> xp = {"--set", "ChkGet_Win2k=1",         "--set", "Txt_i386_Loc=" + Xp().string(),
                                        "--set", "ChkWin2KInfo_Unattend=1"};
   EXPECT_THAT(RemarksOf(Join(xp, {"--set", "FrmWin2KInfo.TxtOwner=Ann"})), IsEmpty());
@@ -86,7 +86,7 @@ TEST_F(Remarks, AnswersOfAnEarlierBuild_AreTold) {
   EXPECT_THAT(ReadFile(program / "vexacd" / "I386" / "WINNT.SIF"), HasSubstr("Ann"));
 }
 
-TEST_F(Remarks, BoxesOfASessionThatIsGiven_AreToldAndThoseOfTheProgramsOwnAreNot) {
+TEST_F(Remarks, BoxesOfAGivenSession_AreRemarkedOnAndThoseOfTheProgramsOwnAreNot) {
   const std::string session = "[Main]\r\nCleanSession = 0\r\n[AdvTools]\r\nAdd_ERDCmdr = 1\r\n";
   WriteFile(place / "my.ini", session);
   EXPECT_THAT(RemarksOf({"--session", (place / "my.ini").string()}),
@@ -106,7 +106,7 @@ TEST_F(Remarks, BesideWarnings_DoNotChangeTheExitCode) {
   EXPECT_EQ(lines[2], "The image was made, with 1 warning (see above).");
 }
 
-TEST_F(Remarks, MisspelledControl_IsToldWithTheOneThatWasMeant) {
+TEST_F(Remarks, MisspelledControl_IsReportedWithTheLikelyName) {
   EXPECT_EQ(Suggestion("ChkVexaUtil"),
             Refused("there is no control ChkVexaUtil; did you mean ChkVexaUtils (Vexa Utilities)?"));
   EXPECT_EQ(Suggestion("OptimizeISO"), Refused("there is no control OptimizeISO; did you mean ChkOptimizeISO (Optimize "

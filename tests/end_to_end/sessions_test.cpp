@@ -35,7 +35,7 @@ std::vector<std::string> Keep(const fs::path& file) { return {"--save-session", 
 
 }  // namespace
 
-TEST_F(Sessions, KeysThatMeanNothing_AreToldWithTheirLines) {
+TEST_F(Sessions, UnknownKeys_AreReportedWithTheirLines) {
   const fs::path session = place / "hand made.ini";
   WriteFile(session,
             "; by hand\r\n[Main]\r\nWindowsXP=1\r\nWindows2K=yes\r\n\r\nCleanSession 1\r\nCleanSession=1\r\n"
@@ -158,7 +158,7 @@ TEST_F(Sessions, KeptAtThePlaceOfTheImage_IsRefusedHoweverBothAreWritten) {
   EXPECT_TRUE(ReadFile(image) == OlderImage());
 }
 
-TEST_F(Sessions, FolderThatIsMissingOrAFolderItself_IsToldAndNothingIsBuilt) {
+TEST_F(Sessions, FolderThatIsMissingOrAFolderItself_IsReportedAndNothingIsBuilt) {
   const std::vector<std::pair<fs::path, std::string>> places = {
       {place / "missing" / "kept.ini", "No such file or directory"}, {place.path(), "Is a directory"}};
   for (const auto& [file, cause] : places) {
@@ -172,7 +172,7 @@ TEST_F(Sessions, FolderThatIsMissingOrAFolderItself_IsToldAndNothingIsBuilt) {
   EXPECT_FALSE(fs::exists(place / "missing"));
 }
 
-TEST_F(Sessions, FullOrReadOnlyDisk_IsToldAndTheOldChoicesStay) {
+TEST_F(Sessions, FullOrReadOnlyDisk_IsReportedAndTheOldChoicesStay) {
   const SmallDisk disk(place / "disk", 1024 * 1024);
   if (!disk.IsMounted()) GTEST_SKIP() << disk.Reason();
   kept = place / "disk" / "kept.ini";
@@ -191,7 +191,7 @@ TEST_F(Sessions, FullOrReadOnlyDisk_IsToldAndTheOldChoicesStay) {
   expect_lost_nothing("Read-only file system");
 }
 
-TEST_F(Sessions, Password_NeverStandsInKeptChoices) {
+TEST_F(Sessions, Password_IsNeverStoredInASession) {
   WriteFile(place / "secret", "top-secret\n");
   const Outcome outcome = Build(Join(Keep(kept), {"--password-file", (place / "secret").string()}));
   ASSERT_EQ(outcome.exit_code, 0) << outcome.err;
@@ -204,7 +204,7 @@ TEST_F(Sessions, ChoicesThatAPageRefuses_AreNotKept) {
   EXPECT_FALSE(fs::exists(kept));
 }
 
-TEST_F(Sessions, ServicePack_IsToldToBeMissingFromKeptChoices) {
+TEST_F(Sessions, ServicePack_IsReportedAsNotKeptInTheSession) {
   WriteFile(place / "pack.exe", "MZ");
   WriteFile(place / "xp" / "I386" / "SETUPLDR.BIN", "i386");
   const Outcome outcome = Build(Join(

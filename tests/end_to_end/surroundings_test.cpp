@@ -38,7 +38,7 @@ TEST_F(SurroundingsOfABuild, HomeFolderWithABackslashInItsName_GetsTheImage) {
   EXPECT_TRUE(fs::exists(home / "vexacd.iso"));
 }
 
-TEST_F(SurroundingsOfABuild, HomeFolderThatIsMissing_IsToldAndNotMade) {
+TEST_F(SurroundingsOfABuild, HomeFolderThatIsMissing_IsReportedAndNotMade) {
   const Outcome outcome = program.Build({}, {.environment = {{"HOME", (place / "missing").string()}}});
   EXPECT_EQ(outcome.exit_code, 3);
   EXPECT_EQ(outcome.err, "Error: ISO File destination is not correct, check again\nTxtISOLoc: The folder " +

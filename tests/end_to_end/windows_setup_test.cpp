@@ -103,7 +103,7 @@ TEST_F(WindowsSetup, PatchedFiles_KeepTheirTimes) {
 }
 
 // On Windows the shell refuses to rename a folder to an existing name. The program on Linux does the same.
-TEST_F(WindowsSetup, ToolDiscThatHasTheToolsNewName_IsToldAndItsFolderStaysI386) {
+TEST_F(WindowsSetup, ToolDiscThatHasTheToolsNewName_IsReportedAndItsFolderStaysI386) {
   WriteFile(discs.folder() / "erd" / "ERDC" / "OWN.TXT", "own");
   discs.Remember();
   const Outcome outcome = BuildEverything();
@@ -115,7 +115,7 @@ TEST_F(WindowsSetup, ToolDiscThatHasTheToolsNewName_IsToldAndItsFolderStaysI386)
   EXPECT_TRUE(contents.contains("OOBC/SETUPLDR.BIN"));
 }
 
-TEST_F(WindowsSetup, ToolDiscWithAFileNamedBoot_IsToldAndAllElseIsOnTheCd) {
+TEST_F(WindowsSetup, ToolDiscWithAFileNamedBoot_IsReportedAndAllElseIsOnTheCd) {
   WriteFile(discs.folder() / "erd" / "BOOT", "a file");
   discs.Remember();
   const Outcome outcome = BuildEverything();
@@ -183,7 +183,7 @@ TEST_F(WindowsSetup, AnswersOfASession_AreWrittenWithoutADialog) {
   EXPECT_THAT(ReadFile(program / "vexacd" / "I386" / "WINNT.SIF"), HasSubstr("FullName=Ann\r\n"));
 }
 
-TEST_F(WindowsSetup, AnswersOfAnEarlierBuild_AreTakenAgainWhereNoneAreGiven) {
+TEST_F(WindowsSetup, AnswersOfAnEarlierBuild_AreUsedAgainIfNoneAreGiven) {
   const std::vector<std::string> wanted = {"--set", "ChkWin2KInfo_Unattend=1", "--set", "ChkWin9xInfo_MSBatch=1"};
   const std::vector<std::string> given = {"--set", "FrmWin2KInfo.TxtOwner=Ann", "--set", "FrmWin9xInfo.TxtOwner=Bob"};
   ASSERT_EQ(BuildEverything(Join(wanted, given)).exit_code, 0);
@@ -203,7 +203,7 @@ TEST_F(WindowsSetup, OwnScript_KeepsTheNamesThatNobodyGivesBesideIt) {
               HasSubstr("FullName=Bob Own\nOrgName=Other\nComputerName=BOBPC\n"));
 }
 
-TEST_F(WindowsSetup, AnswersThatCannotBeStored_AreTold) {
+TEST_F(WindowsSetup, AnswersThatCannotBeStored_AreReported) {
   fs::create_directory(program / "keyfile2.txt");
   const Outcome outcome = BuildEverything({"--set", "ChkWin2KInfo_Unattend=1", "--set", "ChkWin9xInfo_MSBatch=1"});
   EXPECT_EQ(outcome.exit_code, 4);
@@ -233,7 +233,7 @@ TEST_F(WindowsSetup, ServicePack_IsStartedThroughWineAndWaitedFor) {
   EXPECT_TRUE(ReadWithBsdtar(image).contains("I386/SVCPACK.INF"));
 }
 
-TEST_F(WindowsSetup, ServicePackThatFails_IsTold) {
+TEST_F(WindowsSetup, ServicePackThatFails_IsReported) {
   const auto path = PathWithWine("echo wrong language\nexit 3\n");
   const Outcome outcome = BuildEverything(ServicePack(), {.environment = {path}});
   EXPECT_EQ(outcome.exit_code, 4);
@@ -241,14 +241,14 @@ TEST_F(WindowsSetup, ServicePackThatFails_IsTold) {
                                  HasSubstr("wrong language")));
 }
 
-TEST_F(WindowsSetup, NoWine_IsToldAndTheBuildGoesOnWithoutTheServicePack) {
+TEST_F(WindowsSetup, NoWine_IsReportedAndTheBuildGoesOnWithoutTheServicePack) {
   const Outcome outcome = BuildEverything(ServicePack(), {.environment = {{"PATH", place.path().string()}}});
   EXPECT_EQ(outcome.exit_code, 4);
   EXPECT_THAT(outcome.err, HasSubstr("Can't Slipstream Service Pack: "));
   EXPECT_EQ(discs.DifferenceToImage(image, program.folder()), "");
 }
 
-TEST_F(WindowsSetup, ServicePackThatIsNoWindowsProgram_IsToldAndNothingIsStarted) {
+TEST_F(WindowsSetup, ServicePackThatIsNoWindowsProgram_IsReportedAndNothingIsStarted) {
   const auto path = PathWithWine(": > '" + (place / "begun").string() + "'\n");
   const std::vector<std::string> choices = ServicePack();
   WriteFile(place / "my packs" / "Pack 1.exe", "PK");
@@ -272,7 +272,7 @@ TEST_F(WindowsSetup, CtrlCDuringTheServicePack_EndsTheBuildAfterIt) {
   ExpectNextBuildIsWhole();
 }
 
-TEST_F(WindowsSetup, ToolWithoutItsLoader_IsToldAndTheBuildGoesOn) {
+TEST_F(WindowsSetup, ToolWithoutItsLoader_IsReportedAndTheBuildGoesOn) {
   fs::remove(discs.folder() / "erd/I386/SETUPLDR.BIN");
   discs.Remember();
   const Outcome outcome = BuildEverything();
@@ -291,7 +291,7 @@ TEST_F(WindowsSetup, SetupFolderWithoutItsLoader_IsRefusedByItsPage) {
 }
 
 // A file that can be opened but not read, as on a scratched disc.
-TEST_F(WindowsSetup, UnreadableCabinetInTheMiddle_IsToldAndTheBuildGoesOn) {
+TEST_F(WindowsSetup, UnreadableCabinetInTheMiddle_IsReportedAndTheBuildGoesOn) {
   for (const char* cabinet : {"xp/I386/DRIVER.CAB", "98/BASE5.CAB"}) {
     const fs::path file = discs.folder() / cabinet;
     const std::string bytes = ReadFile(file);
@@ -338,14 +338,14 @@ TEST_F(WindowsSetup, MissingAnswerTemplate_EndsTheBuildWithItsBox) {
   EXPECT_TRUE(NoImageAt(image));
 }
 
-TEST_F(WindowsSetup, MissingBootSectors_AreTold) {
+TEST_F(WindowsSetup, MissingBootSectors_AreReported) {
   fs::remove_all(program / "files" / "bootsect");
   const Outcome outcome = BuildEverything();
   EXPECT_EQ(outcome.exit_code, 4);
   EXPECT_THAT(outcome.err, AllOf(HasSubstr("w2ksect.bin"), HasSubstr("erdc.bin"), HasSubstr("oobc.bin")));
 }
 
-TEST_F(WindowsSetup, DiskFullInTheMiddleOfTheSetupFiles_IsToldAndTheNextBuildWorks) {
+TEST_F(WindowsSetup, DiskFullInTheMiddleOfTheSetupFiles_IsReportedAndTheNextBuildWorks) {
   const SmallDisk disk(place / "disk", 256 * kMegabyte);
   if (!disk.IsMounted()) GTEST_SKIP() << disk.Reason();
   const ProgramCopy on_disk(place / "disk" / "program");

@@ -1,4 +1,5 @@
-// Tests of every control and its first text. The texts stand here a second time, so that a slip in a record fails.
+// Tests of every control and its first text. The texts are listed here a second time, so that a typing error in a
+// record makes a test fail.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -65,7 +65,7 @@ TEST(Notice, OfOtherControls_DoesNotReachTheListenerOfOne) {
   EXPECT_EQ(heard.lines, Lines{"TxtPass1 text"});
 }
 
-TEST(Notice, ToldWhileItListens_AlreadyShowsTheNewValue) {
+TEST(Notice, Listener_AlreadySeesTheNewValue) {
   FrmDiscwright main;
   std::string seen;
   const Subscription listening = main.Listen([&](Control&, Facet, By) { seen = main.TxtPass1.text; });
@@ -73,7 +73,7 @@ TEST(Notice, ToldWhileItListens_AlreadyShowsTheNewValue) {
   EXPECT_EQ(seen, "one");
 }
 
-TEST(Subscription, Ended_IsToldNothingAndLeavesNothingBehind) {
+TEST(Subscription, Ended_GetsNoNoticeAndIsNotCounted) {
   FrmDiscwright main;
   Heard heard;
   {
@@ -112,7 +112,7 @@ TEST(Subscription, BegunInsideANotice_HearsTheNextOne) {
   EXPECT_EQ(heard.lines.size(), 20U);
 }
 
-TEST(Subscription, EndedInsideANotice_IsNotToldOfItAnyMore) {
+TEST(Subscription, EndedInsideANotice_DoesNotGetThatNotice) {
   FrmDiscwright main;
   Heard heard;
   Subscription own;
@@ -228,7 +228,7 @@ TEST(Assign, OptionButton_OneOfTheTwoIsAlwaysChosen) {
   }
 }
 
-TEST(Assign, ControlThatCannotBeUsed_IsSetAllTheSameByTheUser) {
+TEST(Assign, ControlThatCannotBeUsed_IsStillSetByTheUser) {
   Windows windows;
   windows.main.TxtERDC.enabled = false;
   Heard heard;
@@ -262,7 +262,7 @@ TEST(FindControls, NameOfTheMainWindow_IsTheMainWindowsAlone) {
   EXPECT_TRUE(FindControls(windows, "FrmOther.TxtOwner").empty());
 }
 
-TEST(ShownText, MarkedKeyAndAmpersandOfTheText_AreToldApart) {
+TEST(ShownText, MarkedKeyAndAmpersandOfTheText_AreDistinguished) {
   FrmDiscwright main;
   EXPECT_EQ(ShownText(main.CmdBack), "< Back");
   EXPECT_EQ(ShownText(main.ChkBCon), "O&O BlueCon XXL Pro");

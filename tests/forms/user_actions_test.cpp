@@ -1,4 +1,4 @@
-// Tests of what a user can do to a control, and of controls that cannot be used.
+// Tests of the actions of a user on controls, and of controls that cannot be used.
 #include "forms/user_actions.h"
 
 #include <gtest/gtest.h>
@@ -120,7 +120,7 @@ TEST_F(UserActions, AskToClose_IsTheProgramsDecision) {
   EXPECT_FALSE(main.visible);
 }
 
-TEST_F(UserActions, TakesInput_IsTrueOfWhatAUserGivesSomethingTo) {
+TEST_F(UserActions, TakesInput_IsTrueForControlsThatAUserCanChange) {
   for (const Control* control : std::initializer_list<const Control*>{
            &main.CmdHelp, &main.ChkERDC, &main.TxtERDC, &main.LblLink_vexacd, &windows.win2k_info.OptJoinDomain}) {
     EXPECT_TRUE(TakesInput(*control)) << control->name();

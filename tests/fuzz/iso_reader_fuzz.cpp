@@ -1,4 +1,5 @@
-// The tests' reader of images, given anything at all: it must end, and stay within the bytes that it was given.
+// Gives random bytes to the reader of images that the tests use. The reader must end, and must not read outside of
+// them.
 #include <cstddef>
 #include <cstdint>
 

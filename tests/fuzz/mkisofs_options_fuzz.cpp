@@ -1,4 +1,4 @@
-// The command line of mkisofs, made of any words: what is taken must keep the promises of Options.
+// Gives random command lines to mkisofs. The options that it accepts must be valid.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-// Files read and written at positions, and their checksums.
+// Tests of reading and writing files at positions, and of their checksums.
 #include <gmock/gmock.h>
 
 #include <cstring>

@@ -1,4 +1,4 @@
-// The programs that tests of launched programs start, and what else these tests need of each system.
+// The small programs that tests of launched programs start, and what these tests need of each system.
 #pragma once
 
 #include <string>

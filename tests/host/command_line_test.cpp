@@ -1,4 +1,4 @@
-// Taking command lines apart.
+// Tests of splitting command lines.
 #include "host/command_line.h"
 
 #include <gmock/gmock.h>

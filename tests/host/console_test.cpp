@@ -1,4 +1,4 @@
-// Waking a wait.
+// Tests of waking a wait, and of facts about the console.
 #include "host/console.h"
 
 #include "host/threads.h"
@@ -41,7 +41,7 @@ TEST_F(Console, Zero_OnlyLooks) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, 30s);
 }
 
-TEST_F(Console, TerminalWidth_IsPositiveWhateverStandardErrorIs) { EXPECT_GT(TerminalWidth(), 0); }
+TEST_F(Console, TerminalWidth_IsPositiveWithOrWithoutATerminal) { EXPECT_GT(TerminalWidth(), 0); }
 
 }  // namespace
 }  // namespace discwright::host

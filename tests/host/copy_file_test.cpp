@@ -1,4 +1,4 @@
-// Copying single files with progress.
+// Tests of copying single files with progress.
 #include <gmock/gmock.h>
 
 #include <chrono>
@@ -33,7 +33,7 @@ Status Copy(const TempFolder& folder, std::string_view from, std::string_view to
   return CopyFileWithProgress(folder.Core(from), folder.Core(to), nullptr);
 }
 
-TEST(CopyFile, SmallFile_TellsTheStartAndOnePiece) {
+TEST(CopyFile, SmallFile_ReportsTheStartAndOnePiece) {
   const TempFolder folder;
   folder.Write("from", "12345");
   Progress progress;
@@ -43,7 +43,7 @@ TEST(CopyFile, SmallFile_TellsTheStartAndOnePiece) {
   EXPECT_THAT(progress.transferred, ElementsAre(0, 5));
 }
 
-TEST(CopyFile, EmptyFile_TellsTheStartAndOneEmptyPiece) {
+TEST(CopyFile, EmptyFile_ReportsTheStartAndOneEmptyPiece) {
   const TempFolder folder;
   folder.Write("from", "");
   Progress progress;
@@ -52,7 +52,7 @@ TEST(CopyFile, EmptyFile_TellsTheStartAndOneEmptyPiece) {
   EXPECT_THAT(progress.transferred, ElementsAre(0, 0));
 }
 
-TEST(CopyFile, LargeFile_TellsGrowingPiecesThatEndWithItsSize) {
+TEST(CopyFile, LargeFile_ReportsGrowingPiecesThatEndWithItsSize) {
   const TempFolder folder;
   const std::string content = BytesOfSize((40 << 20) + 17);
   folder.Write("from", content);

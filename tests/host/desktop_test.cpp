@@ -1,4 +1,4 @@
-// Drives and home folders.
+// Tests of drives and home folders.
 #include "host/desktop.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// Making, moving and removing files and folders.
+// Tests of making, moving and removing files and folders.
 #include "host/files.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// Hard links and the facts about files.
+// Tests of hard links, and of the facts that identify a file.
 #include "host/hard_links.h"
 
 #include <gmock/gmock.h>
@@ -127,7 +127,7 @@ TEST(MakeHardLink, MissingFile_IsAFailureWithItsCause) {
   EXPECT_EQ(answer.status.error, ErrorClass::kNotFound);
 }
 
-TEST(MakeHardLink, OtherVolume_IsToldApart) {
+TEST(MakeHardLink, OtherVolume_IsAResultOfItsOwn) {
   if (PlatformId() == 1) GTEST_SKIP() << "Windows 95, 98 and Me have no hard links";
   const TempFolder folder;
   const SmallDisk disk;

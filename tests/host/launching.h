@@ -1,4 +1,4 @@
-// What tests of launched programs begin with: a runner, what its launchers deliver, and an alarm that wakes the test.
+// The fixture for tests of launched programs: Create() a launcher, RunToEnd() a command line, look at Output().
 #pragma once
 
 #include <gtest/gtest.h>

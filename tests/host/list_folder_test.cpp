@@ -1,4 +1,4 @@
-// Listing folders and looking at single paths.
+// Tests of listing folders, and of looking at single paths.
 #include <gmock/gmock.h>
 
 #include "host/files.h"
@@ -83,7 +83,7 @@ TEST(Look, FolderAndRoot_AreFolders) {
   EXPECT_EQ(Look("\\")->kind, EntryKind::kFolder);
 }
 
-TEST(Look, Nothing_IsNothing) {
+TEST(Look, MissingPath_IsNothing) {
   const TempFolder folder;
   EXPECT_FALSE(Look(folder.Core("missing")).has_value());
   EXPECT_FALSE(Look("").has_value());

@@ -1,4 +1,4 @@
-// Text without letter case.
+// Tests of text that is compared without letter case.
 #include <gtest/gtest.h>
 
 #include "host/names.h"

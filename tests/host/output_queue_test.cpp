@@ -1,4 +1,4 @@
-// Cutting output into pieces, and handing them from one thread to another.
+// Tests of cutting output into pieces, and of passing the pieces from one thread to another.
 #include "host/output_queue.h"
 
 #include <gmock/gmock.h>

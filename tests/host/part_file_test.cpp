@@ -1,4 +1,4 @@
-// Files that get their name when they are whole.
+// Tests of files that get their final name when they are complete.
 #include "host/part_file.h"
 
 #include <gmock/gmock.h>
@@ -121,7 +121,7 @@ TEST(PartFileTest, PlaceThatCannotHoldIt_IsAFailure) {
   EXPECT_FALSE(CreatePartFile(folder.Core("taken"), 0).ok());
 }
 
-TEST(PartFileTest, FullDisk_IsToldAndLeavesNothing) {
+TEST(PartFileTest, FullDisk_IsReportedAndLeavesNothing) {
   const SmallDisk disk;
   if (!disk.mounted()) GTEST_SKIP() << "mounting is not permitted";
   {
@@ -132,7 +132,7 @@ TEST(PartFileTest, FullDisk_IsToldAndLeavesNothing) {
   EXPECT_THAT(disk.folder().Names(), ElementsAre());
 }
 
-TEST(PartFileTest, RoomThatTheDiskDoesNotHave_IsToldAtOnce) {
+TEST(PartFileTest, RoomThatTheDiskDoesNotHave_IsReportedAtOnce) {
   const SmallDisk disk;
   if (!disk.mounted()) GTEST_SKIP() << "mounting is not permitted";
   EXPECT_EQ(CreatePartFile(disk.folder().Core("file"), 2000000).status.error, ErrorClass::kDiskFull);

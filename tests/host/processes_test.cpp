@@ -1,4 +1,4 @@
-// Running real programs: what holds on every system.
+// Tests of running real programs, for all systems.
 #include "host/processes.h"
 
 #include <gmock/gmock.h>
@@ -25,7 +25,7 @@ TEST_F(Processes, OutputAndErrorsOfABatchFile_ArriveTogetherInOrder) {
   EXPECT_THAT(OutputLines(), ElementsAre("one", "two", "three"));
 }
 
-TEST_F(Processes, ProgramOfABatchFile_IsCapturedAndItsExitCodeIsTold) {
+TEST_F(Processes, ProgramOfABatchFile_IsCapturedAndItsExitCodeIsReported) {
   const auto launcher = Create();
   const ProcessEnd end = RunToEnd(*launcher, BatchFile({ChildProgram("say inner"), ChildProgram("exit 3")}));
   EXPECT_EQ(Output(), "inner");
@@ -160,7 +160,7 @@ TEST_F(Processes, ProgramThatClosesItsOutput_EndsOnlyWhenItEnds) {
   EXPECT_EQ(launcher->End().exit_code, 7);
 }
 
-TEST_F(Processes, ReleasedProgram_GoesOnAndNothingFollows) {
+TEST_F(Processes, ReleasedProgram_GoesOnAndItsEventsStop) {
   auto launcher = Create(100, 20);
   const std::string done = folder_.Native("done");
   ASSERT_TRUE(launcher->Start(BatchFile({ChildProgram("mass 1000000"), ChildProgram("late " + done)})).ok());
@@ -185,7 +185,7 @@ TEST_F(Processes, OutputThatNobodyFetches_WaitsAndIsCompleteLater) {
   EXPECT_EQ(Output().size(), 200000u);
 }
 
-TEST_F(Processes, LauncherDestroyedByItsOwnEvents_IsSafeAndNothingFollows) {
+TEST_F(Processes, LauncherDestroyedByItsOwnEvents_IsSafeAndItsEventsStop) {
   for (const bool at_end : {false, true}) {
     std::unique_ptr<Launcher> launcher = runner_->CreateLauncher(alarm_.Waker());
     launcher->Configure(10, 20);  // several pieces

@@ -1,4 +1,4 @@
-// Profile files as every system reads and writes them.
+// Tests of reading and writing profile files, for all systems.
 #include "host/profile.h"
 
 #include <gtest/gtest.h>
@@ -28,7 +28,7 @@ TEST(ProfileOfAnySystem, ValueInQuotes_IsWrittenWithThem) {
   }
 }
 
-TEST(ProfileOfAnySystem, FailedWrite_IsToldWithItsCause) {
+TEST(ProfileOfAnySystem, FailedWrite_IsReportedWithItsCause) {
   const testing::TempFolder folder;
   folder.MakeFolder("a folder.ini");
   for (const char* file : {"none\\test.ini", "a folder.ini"}) {

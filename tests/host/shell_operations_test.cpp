@@ -1,4 +1,4 @@
-// Moves and renames, as the shell of either system does them.
+// Tests of moves and renames by the shell, for all systems.
 #include "host/shell_operations.h"
 
 #include <gmock/gmock.h>

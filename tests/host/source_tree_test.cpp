@@ -1,4 +1,4 @@
-// Reading folder trees for a disc image.
+// Tests of reading folder trees for a disc image.
 #include "host/source_tree.h"
 
 #include <gmock/gmock.h>
@@ -39,7 +39,7 @@ class SourceTreeTest : public ::testing::Test {
   TempFolder folder;
 };
 
-TEST_F(SourceTreeTest, List_TellsKindsAndSizes) {
+TEST_F(SourceTreeTest, List_ReportsKindsAndSizes) {
   folder.Write("file", "12345");
   folder.Write("Sub/inner", "");
   folder.Write("\xC3\xA4", "");
@@ -88,7 +88,7 @@ TEST_F(SourceTreeTest, ModificationTimes_AreSecondsSince1970) {
   EXPECT_EQ(tree->Look("file").modified, 1000000000);
 }
 
-TEST_F(SourceTreeTest, Look_TellsOfTheRootAndOfEntries) {
+TEST_F(SourceTreeTest, Look_ReportsTheRootAndItsEntries) {
   folder.Write("sub/file", "abc");
   const auto tree = Open();
   EXPECT_EQ(tree->Look("").kind, EntryKind::kFolder);

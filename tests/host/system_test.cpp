@@ -1,4 +1,4 @@
-// Facts about the machine.
+// Tests of facts about the machine.
 #include "host/system.h"
 
 #include <gmock/gmock.h>

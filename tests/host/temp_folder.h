@@ -1,4 +1,4 @@
-// A folder of its own for each test of the host, removed with the test.
+// A temporary folder for each test of the host: its own functions read and write the files, not those under test.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Waiting in tests of the host: for another thread or program, and for a while.
+// Waits in tests of the host: Eventually() for another thread or program, Pause() for a time.
 #pragma once
 
 #include <chrono>

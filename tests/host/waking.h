@@ -1,4 +1,4 @@
-// What tests of the wait for a wake-up begin with.
+// The fixture for tests of WaitForWakeUp().
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Reading and replacing files as a whole.
+// Tests of reading and replacing whole files.
 #include <gmock/gmock.h>
 
 #include <chrono>

@@ -123,7 +123,7 @@ TEST_F(AddAdvToolsTest, FolderNamedLikeOneOfTheCd_JoinsIt) {
   EXPECT_EQ(OnCd("boot\\images\\erdc.bin"), "sector of ERDC");
 }
 
-TEST_F(AddAdvToolsTest, ShellThatLeavesFoldersBehind_IsAskedForWhatIsInThem) {
+TEST_F(AddAdvToolsTest, ShellThatLeavesFoldersBehind_IsCalledAgainForTheirContent) {
   host.shell_joins_folders = false;
   host.AddFile("C:\\Discwright\\vexacd\\boot\\deep\\old.bin", "old");
   host.AddFile("C:\\Discwright\\vexacd\\boot\\more.bin", "to be overwritten");
@@ -204,7 +204,7 @@ TEST_F(AddAdvToolsTest, RenameOrMoveThatFails_IsNotedAndTheStepGoesOn) {
   EXPECT_FALSE(host.Exists("C:\\Discwright\\advtemp"));
 }
 
-TEST_F(AddAdvToolsTest, MoveThatLeavesFilesAndSaysNothing_IsNoted) {
+TEST_F(AddAdvToolsTest, MoveThatLeavesFilesWithoutAFailure_IsNoted) {
   host.shell_answers.assign(10, {0, false});  // for all further calls
   Add(true, false);
   EXPECT_THAT(Notes(), HasSubstr("advtemp\\AUTORUN.INF: could not be moved onto the CD\n"));

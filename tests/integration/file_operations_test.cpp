@@ -1,4 +1,4 @@
-// Copying by pattern, moving and renaming.
+// Tests of copying by pattern, moving and renaming.
 #include "integration/file_operations.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// Patching files in place.
+// Tests of patching files in place.
 #include "integration/patching.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,5 @@
-// A program folder on the fake host with what the steps copy, and the captions that a step shows.
+// The fixture for tests of the integration steps: a program folder on the fake host, and the captions that a step
+// shows.
 #pragma once
 
 #include <algorithm>

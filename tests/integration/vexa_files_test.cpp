@@ -68,7 +68,7 @@ TEST_F(AddVexaFilesTest, AdditionalFiles_JoinTheRootOfTheCd) {
   EXPECT_THAT(captions, ElementsAre("Copying Additional Files"));
 }
 
-TEST_F(AddVexaFilesTest, AdditionalFileNamedLikeOneOfTheCd_IsLeftToTheCopyWhichOverwrites) {
+TEST_F(AddVexaFilesTest, AdditionalFileNamedLikeOneOfTheCd_OverwritesIt) {
   Add(false, true);
   EXPECT_EQ(OnCd("readme.txt"), "mine");
 }

@@ -156,7 +156,7 @@ TEST_F(AddWin2KTest, ServicePackOnASystemThatIsNoWindows_IsStartedThroughItsComm
   EXPECT_THAT(programs.started, ElementsAre("wine E:\\packs\\my pack.exe -s:C:\\Discwright\\vexacd"));
 }
 
-TEST_F(AddWin2KTest, NoCommandForWindowsPrograms_SaysSoAndGoesOn) {
+TEST_F(AddWin2KTest, NoCommandForWindowsPrograms_ShowsAMessageAndGoesOn) {
   host.starts_windows_programs = false;
   service_pack = kServicePack;
   remove_languages = true;

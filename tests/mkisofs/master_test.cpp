@@ -81,7 +81,7 @@ TEST_F(MasterTree, ManyFilesOfManySizes_AreStoredWhole) {
     ASSERT_EQ(Content(iso.Find(std::to_string(i))), BytesOfSize(i * 37 % 9000)) << i;
 }
 
-TEST_F(MasterTree, EmptyFiles_StandWhereNoFileIs) {
+TEST_F(MasterTree, EmptyFiles_BeginInThePaddingOfTheImage) {
   folder.Write("tree/empty", "");
   folder.Write("tree/full", "x");
   folder.Write("tree/nothing", "");
@@ -260,7 +260,7 @@ TEST_F(MasterTree, FailedRun_KeepsAnEarlierImage) {
   EXPECT_THAT(folder.Names(), ElementsAre("image.iso", "tree"));
 }
 
-TEST_F(MasterTree, FullDisk_IsSaidInTheMonitorsWordsAndLeavesNothing) {
+TEST_F(MasterTree, FullDisk_IsReportedWithTheTextOfTheMonitorAndLeavesNoImage) {
   const host::testing::SmallDisk disk;
   if (!disk.mounted()) GTEST_SKIP() << "mounting is not permitted";
   folder.Write("tree/file", BytesOfSize(2000000));

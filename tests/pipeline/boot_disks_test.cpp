@@ -1,4 +1,4 @@
-// The boot disk step: command lines, places, progress, failures.
+// Tests of the boot disk step: command lines, places, progress, failures.
 #include "pipeline/boot_disks.h"
 
 #include <algorithm>
@@ -145,7 +145,7 @@ TEST_F(BootDisks, FolderOrStaleImageThatTheSystemProtects_IsNotedWithTheCause) {
   }
 }
 
-TEST_F(BootDisks, ToolThatCannotBeStarted_TellsTheUserAndCancels) {
+TEST_F(BootDisks, ToolThatCannotBeStarted_ShowsAMessageAndCancels) {
   programs.start_status = host::Status::Failure(host::ErrorClass::kNotFound, "no such program");
   AddDisks(context, {.AcceptDrivers = true});
   ASSERT_EQ(user.messages.size(), 2U);

@@ -57,7 +57,7 @@ TEST_F(BootPassword, PasswordWithUmlauts_IsWrittenInTheCodePage) {
   EXPECT_EQ(Protect("\xC3\xBC", "\xC3\xBC"), Protected("\xFC"));
 }
 
-TEST_F(BootPassword, PasswordThatTheCodePageLacks_IsAPatchingErrorAndNoProtectionBySomethingElse) {
+TEST_F(BootPassword, PasswordThatTheCodePageLacks_IsAPatchingErrorAndLeavesTheMenuUnprotected) {
   Protect("\xE6\x97\xA5", "\xE6\x97\xA5");
   ASSERT_THAT(user.messages, SizeIs(1));
   EXPECT_EQ(user.messages[0].title, "Patching Error");

@@ -1,4 +1,4 @@
-// The build driver: order, marks, cancellation, clean-up.
+// Tests of the build driver: order of the steps, marks, cancellation, clean-up.
 #include "pipeline/build_driver.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Program folders that can and cannot be written to.
+// Tests of program folders that can and cannot be written to.
 #include "pipeline/build_place.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Every way in which a build can end, and the result that it then has.
+// Tests of the result of a build, for every way in which a build can end.
 #include "pipeline/build_result.h"
 
 #include "tests/pipeline/pipeline_fixture.h"
@@ -81,7 +81,7 @@ TEST_F(BuildResults, DigestNotWanted_IsNotMade) {
   EXPECT_EQ(result.size, 5);
 }
 
-TEST_F(BuildResults, HaltedByAStep_TellsTheTextOfItsBox) {
+TEST_F(BuildResults, HaltedByAStep_HasTheTextOfItsMessageBox) {
   failing_profile = "vexasoftware";
   host.AddFile(kLog, "of an earlier build\r\n");
   const BuildResult result = FinishApp(context);
@@ -96,7 +96,7 @@ TEST_F(BuildResults, HaltedByAStep_TellsTheTextOfItsBox) {
   EXPECT_EQ(result.sha256, "");
 }
 
-TEST_F(BuildResults, HaltedTwice_TellsTheFirstReason) {
+TEST_F(BuildResults, HaltedTwice_HasTheFirstReason) {
   context.Halt({"the first reason", "Fatal Error"});
   context.Halt({"what followed from it", "Fatal Error"});
   const BuildResult result = ResultOf(context);
@@ -113,7 +113,7 @@ TEST_F(BuildResults, CancelledAndThenHalted_IsCancelled) {
   EXPECT_EQ(ResultOf(context).end, BuildEnd::kCancelled);
 }
 
-TEST_F(BuildResults, MasteringWithoutAnImage_IsToldInTheWordsOfTheFinishPage) {
+TEST_F(BuildResults, MasteringWithoutAnImage_HasTheTextOfTheFinishPage) {
   mastering_fails = true;
   mastering_output = {"first words\nlast words\n"};
   const BuildResult result = FinishApp(context);
@@ -125,7 +125,7 @@ TEST_F(BuildResults, MasteringWithoutAnImage_IsToldInTheWordsOfTheFinishPage) {
   EXPECT_EQ(result.size, 0);
 }
 
-TEST_F(BuildResults, DiskThatWasFull_IsToldInTheWordsOfTheFinishPage) {
+TEST_F(BuildResults, DiskThatWasFull_HasTheTextOfTheFinishPage) {
   mastering_output = {"mkisofs: No space left on device\n"};
   const BuildResult result = FinishApp(context);
   EXPECT_EQ(result.end, BuildEnd::kFailed);

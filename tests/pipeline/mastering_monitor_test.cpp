@@ -1,4 +1,4 @@
-// What the monitor shows for each kind of mastering output.
+// Tests of the label and the bar after each kind of mastering output.
 #include <gtest/gtest.h>
 
 #include "pipeline/mastering.h"

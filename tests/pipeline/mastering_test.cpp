@@ -1,4 +1,4 @@
-// The mastering script, its log and its end.
+// Tests of the mastering script, of the log, and of the end of a mastering.
 #include "pipeline/mastering.h"
 
 #include "tests/pipeline/pipeline_fixture.h"
@@ -179,7 +179,7 @@ TEST_F(Mastering, CleanSession_DeletesTheScriptAndKeepsTheLog) {
   EXPECT_TRUE(host.Exists("C:\\Discwright\\mkisofs.log"));
 }
 
-TEST_F(Mastering, LauncherThatCannotBeMade_TellsTheUserAndDoesNotRun) {
+TEST_F(Mastering, LauncherThatCannotBeMade_ShowsAMessageAndDoesNotRun) {
   programs.can_create = false;
   StartMKISOFS(context, main.TxtISOLoc.text.get(), false);
   EXPECT_FALSE(main.MKISOFSRunning);

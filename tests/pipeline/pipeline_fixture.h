@@ -1,4 +1,5 @@
-// A program folder on the fake host with a template tree, a disk image maker and a mastering tool that work.
+// The fixture for tests of the build steps: a program folder on the fake host, with a template tree and tools that
+// work.
 #pragma once
 
 #include <string>

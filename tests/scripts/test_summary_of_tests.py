@@ -23,7 +23,7 @@ class SummaryOfTests(unittest.TestCase):
         self.assertEqual(lines, ["8 tests passed, 0 failed, 0 were skipped"])
 
     def test_skipped_case_is_told_with_its_reason_once(self):
-        output = "/work/tests/host/a_test.cpp:17: Skipped\nno disk here\n" + PASSED + "[  SKIPPED ] 1 test.\n"
+        output = "/somewhere/tests/host/a_test.cpp:17: Skipped\nno disk here\n" + PASSED + "[  SKIPPED ] 1 test.\n"
         lines = self.lines(("a", "run", output), ("b", "run", output))
         self.assertEqual(lines, ["4 tests passed, 0 failed, 2 were skipped",
                                  "  skipped: a_test.cpp: no disk here (2 times)"])

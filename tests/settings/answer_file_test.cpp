@@ -158,7 +158,7 @@ TEST_F(AnswerFileTest, MSBatchOptimizedForAnythingWith98_TakesItsTemplateAndThat
   }
 }
 
-TEST_F(AnswerFileTest, MSBatchOfAFreshBuildCopy_IsForMeWhateverTheDialogSays) {
+TEST_F(AnswerFileTest, MSBatchOfAFreshBuildCopy_IsAlwaysForMe) {
   FillSetupDataToKeyFile(forms::FrmWin9xInfo{});
   FillKeyFile(notes, {.AddInfo_toWin9xSetup = true});
   EXPECT_TRUE(FillSetupDataFromKeyFileToMSBatch(notes, kKeyFile, kBatch));

@@ -1,4 +1,4 @@
-// Key files and answer files on a real disk.
+// Tests of key files and answer files on a real disk.
 #include "settings/answer_file.h"
 
 #include <gmock/gmock.h>
@@ -73,12 +73,12 @@ TEST_F(AnswerFileOnDisk, ReadOnlyOldFile_IsReplaced) {
   EXPECT_THAT(notes.all(), IsEmpty());
 }
 
-TEST_F(AnswerFileOnDisk, KeyFileWhosePlaceIsAFolder_TellsThatItWasNotWritten) {
+TEST_F(AnswerFileOnDisk, KeyFileWhosePlaceIsAFolder_IsReportedAsNotWritten) {
   folder.MakeFolder("keys.txt");
   EXPECT_FALSE(INIFile(folder.Core("keys.txt")).SetINIKey("a", "k", "1").ok());
 }
 
-TEST_F(AnswerFileOnDisk, KeyFileInAMissingFolder_TellsThatItWasNotWritten) {
+TEST_F(AnswerFileOnDisk, KeyFileInAMissingFolder_IsReportedAsNotWritten) {
   const host::Status written = INIFile(folder.Core("none\\keys.txt")).SetINIKey("a", "k", "1");
   EXPECT_FALSE(written.ok());
   EXPECT_NE(written.cause, "");

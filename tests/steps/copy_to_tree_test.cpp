@@ -1,4 +1,4 @@
-// Tests of what a copy shows on the label and the bar of the running step.
+// Tests of the label and the bar of the running step during a copy.
 #include "steps/copy_to_tree.h"
 
 #include <limits>

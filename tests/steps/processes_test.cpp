@@ -1,4 +1,4 @@
-// The programs that a build step runs, on fake programs.
+// Tests of the programs that a build step runs. The programs are fake.
 #include "steps/processes.h"
 
 #include "tests/support/build_fixture.h"

@@ -1,4 +1,4 @@
-// The functions of the host, in memory.
+// Implements the functions of the host in memory.
 #include "tests/support/fake_host.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// A copy's progress for tests: records every call.
+// A fake progress of a copy, for tests: it records every call.
 #pragma once
 
 #include <cstdint>

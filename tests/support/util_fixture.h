@@ -1,4 +1,4 @@
-// What tests of util/ start from: a fake host, user, programs and progress; no windows.
+// The fixture for tests of util/: a fake host, user, programs and progress; no windows.
 #pragma once
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// The copy engine of Windows 95/98/Me on the fake host.
+// Tests of the copy engine of Windows 95, 98 and Me, on the fake host.
 #include <limits>
 
 #include "tests/support/util_fixture.h"

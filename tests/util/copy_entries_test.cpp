@@ -1,4 +1,4 @@
-// How a copy words its failures.
+// Tests of the notes on entries that cannot be copied.
 #include "util/copy_entries.h"
 
 #include "tests/support/util_fixture.h"

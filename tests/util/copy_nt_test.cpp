@@ -1,4 +1,4 @@
-// The NT family's copy engine on the fake host.
+// Tests of the copy engine of the NT family, on the fake host.
 #include <algorithm>
 #include <limits>
 

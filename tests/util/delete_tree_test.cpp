@@ -1,4 +1,4 @@
-// Deleting trees on the fake host.
+// Tests of deleting folder trees, on the fake host.
 #include <gtest/gtest.h>
 
 #include "tests/support/fake_host.h"

@@ -1,4 +1,4 @@
-// The list of notes.
+// Tests of the list of notes.
 #include "util/notes.h"
 
 #include <gtest/gtest.h>
@@ -28,7 +28,7 @@ TEST(Notes, SameNoteAgain_IsKeptOnce) {
   EXPECT_EQ(heard, 3);
 }
 
-TEST(Notes, WithAListener_TellsItOfEveryNewNote) {
+TEST(Notes, WithAListener_CallsItForEveryNewNote) {
   Notes notes;
   std::string heard;
   notes.added = [&](const Note& note) { heard += note.place + "=" + note.cause; };
@@ -51,7 +51,7 @@ TEST(Notes, CheckOfAFailure_IsFalseAndAddsWhatAndWhy) {
   EXPECT_EQ(notes.all()[0].cause, "could not be moved: No space left on device");
 }
 
-TEST(Notes, CheckOfAFailureWithoutReason_SaysWhatAlone) {
+TEST(Notes, CheckOfAFailureWithoutReason_NotesTheFailureOnly) {
   Notes notes;
   EXPECT_FALSE(notes.Check(host::Status::Failure(host::ErrorClass::kOther, ""), "C:\\a", "could not be moved"));
   ASSERT_EQ(notes.all().size(), 1U);

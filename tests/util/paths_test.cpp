@@ -1,4 +1,4 @@
-// Path helpers on the fake host.
+// Tests of the path helpers, on the fake host.
 #include "util/paths.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Running programs, on fake programs.
+// Tests of running other programs. The programs are fake.
 #include "util/processes.h"
 
 #include "tests/support/util_fixture.h"

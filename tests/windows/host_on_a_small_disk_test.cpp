@@ -1,4 +1,5 @@
-// The host's own tests of full disks: Windows programs can mount none, so they are given one here.
+// Runs the tests of full disks in host_test.exe. A Windows program cannot mount a small disk, so this program mounts
+// one for them.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

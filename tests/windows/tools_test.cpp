@@ -1,4 +1,4 @@
-// The tools by themselves, against their twins on Linux.
+// Tests of the Windows tools by themselves. The output of each is compared with that of the same tool on Linux.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

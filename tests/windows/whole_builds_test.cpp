@@ -1,4 +1,4 @@
-// Whole builds by the Windows programs, on both families of Windows.
+// Tests of whole builds by the Windows programs, on both families of Windows.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -111,7 +111,7 @@ TEST_P(WholeBuilds, DuplicatesLinkedWhereTheSystemCan_GiveTheSameImageToTheBit) 
   EXPECT_TRUE(ReadFile(place / "here.iso") == ReadFile(place / "there.iso"));
 }
 
-TEST_P(WholeBuilds, MissingLinker_IsToldAndTheImageIsMade) {
+TEST_P(WholeBuilds, MissingLinker_IsReportedAndTheImageIsMade) {
   fs::remove(windows / "dfl.exe");
   const Outcome outcome = BuildOnWindows(place / "image.iso", {"--set", "ChkOptimizeISO=1"});
   EXPECT_EQ(outcome.exit_code, 4) << outcome.err;
@@ -154,7 +154,7 @@ TEST_P(WholeBuilds, ReadOnlyFilesOfAnEarlierBuild_DoNotStopTheNext) {
   EXPECT_EQ(again.exit_code, 0) << again.err;
 }
 
-TEST_P(WholeBuilds, MissingMasteringTool_IsToldFromTheLog) {
+TEST_P(WholeBuilds, MissingMasteringTool_IsReportedFromTheLog) {
   fs::remove(windows / "mkisofs.exe");
   const Outcome outcome = BuildOnWindows(place / "image.iso");
   EXPECT_EQ(outcome.exit_code, 1);
@@ -162,7 +162,7 @@ TEST_P(WholeBuilds, MissingMasteringTool_IsToldFromTheLog) {
   EXPECT_TRUE(NoImageAt(place / "image.iso"));
 }
 
-TEST_P(WholeBuilds, DiskTooSmallForTheImage_IsToldAndLeavesNothing) {
+TEST_P(WholeBuilds, DiskTooSmallForTheImage_IsReportedAndLeavesNothing) {
   const SmallDisk disk(place / "disk", 200'000);
   if (!disk.IsMounted()) GTEST_SKIP() << disk.Reason();
   const Outcome outcome = BuildOnWindows(place / "disk" / "image.iso");
@@ -171,7 +171,7 @@ TEST_P(WholeBuilds, DiskTooSmallForTheImage_IsToldAndLeavesNothing) {
   EXPECT_TRUE(fs::is_empty(place / "disk"));
 }
 
-TEST_P(WholeBuilds, ProgramFolderThatCannotBeWrittenTo_IsToldBeforeAnythingIsBuilt) {
+TEST_P(WholeBuilds, ProgramFolderThatCannotBeWrittenTo_IsReportedBeforeAnythingIsBuilt) {
   const SmallDisk disk(place / "read only", 64'000'000);
   if (!disk.IsMounted()) GTEST_SKIP() << disk.Reason();
   const WindowsProgram program(place / "read only" / "Discwright", GetParam());

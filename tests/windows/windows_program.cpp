@@ -1,4 +1,4 @@
-// Copies the Windows program folder and starts what is in it.
+// Copies the Windows program folder, and starts the programs in the copy.
 #include "tests/windows/windows_program.h"
 
 #include <algorithm>

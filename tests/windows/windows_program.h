@@ -1,4 +1,5 @@
-// The Windows programs, started under Wine by tests that run on Linux: the same files, seen from both worlds.
+// Starts the Windows programs under Wine, for tests that run on Linux: WindowsProgram builds, RunWindows() runs one
+// program.
 #pragma once
 
 #include <filesystem>

@@ -1,4 +1,5 @@
-// Whole builds with Windows Setup and the recovery tools by the Windows programs, beside those of this system.
+// Tests of whole builds with Windows Setup and the recovery tools: the Windows programs and those of Linux build from
+// the same discs.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -99,7 +100,7 @@ TEST_P(WindowsSetupOnWindows, ToolDiscsThatHaveNamesOfTheCd_EndAlikeInBothWorlds
 }
 
 // The dialog of Windows 98/Me does not find them again there, but nothing overwrites them either.
-TEST_P(WindowsSetupOnWindows, AnswersOfAnEarlierBuild_AreTakenAgainWhereNoneAreGiven) {
+TEST_P(WindowsSetupOnWindows, AnswersOfAnEarlierBuild_AreUsedAgainIfNoneAreGiven) {
   ASSERT_EQ(BuildThere(kAnswers).exit_code, 0);
   const std::string first = ReadFile(windows / "vexacd/WIN98/MSBATCH.INF");
   ASSERT_EQ(BuildThere({"--set", "ChkWin9xInfo_MSBatch=1"}).exit_code, 0);
@@ -128,7 +129,7 @@ TEST_P(WindowsSetupOnWindows, SecondBuildOverReadOnlyLeftovers_MakesTheSameTree)
   ExpectNextBuildIsWhole();
 }
 
-TEST_P(WindowsSetupOnWindows, CabinetThatAnotherProgramHolds_IsToldAndTheBuildGoesOn) {
+TEST_P(WindowsSetupOnWindows, CabinetThatAnotherProgramHolds_IsReportedAndTheBuildGoesOn) {
   const fs::path cabinet = discs.folder() / "xp/I386/DRIVER.CAB";
   RunningProgram holder(
       WindowsCommand(GetParam(), {(fs::path(WINDOWS_TEST_PROGRAMS) / "hold_file.exe").string(), WindowsPath(cabinet),
@@ -142,7 +143,7 @@ TEST_P(WindowsSetupOnWindows, CabinetThatAnotherProgramHolds_IsToldAndTheBuildGo
   ExpectNextBuildIsWhole();
 }
 
-TEST_P(WindowsSetupOnWindows, DiskFullInTheMiddleOfTheSetupFiles_IsToldAndTheNextBuildWorks) {
+TEST_P(WindowsSetupOnWindows, DiskFullInTheMiddleOfTheSetupFiles_IsReportedAndTheNextBuildWorks) {
   const SmallDisk disk(place / "disk", 256 * kMegabyte);
   if (!disk.IsMounted()) GTEST_SKIP() << disk.Reason();
   const WindowsProgram on_disk(place / "disk" / "program", GetParam());

@@ -80,7 +80,7 @@ TEST_F(CausesTest, FileOrDevice_IsNoFolder) {
   ExpectOfEveryFolder("X:\\device", "X:\\device is a file: enter a folder.");
 }
 
-TEST_F(CausesTest, FolderThatCannotBeListed_TellsTheCause) {
+TEST_F(CausesTest, FolderThatCannotBeListed_IsReportedWithTheCause) {
   host.FailOn("ListFolder", "tools", host::ErrorClass::kAccessDenied, "Permission denied");
   ExpectOfEveryFolder("X:\\tools", "X:\\tools cannot be read: Permission denied.");
   ExpectOfEveryFolder("X:/tools/", "X:\\tools cannot be read: Permission denied.");
@@ -106,7 +106,7 @@ TEST_F(CausesTest, FolderInPlaceOfTheServicePack_IsNoFile) {
   EXPECT_EQ(WhyNoServicePack("X:\\device"), "X:\\device is not a file: enter the path of the installer.");
 }
 
-TEST_F(CausesTest, ServicePackThatCannotBeRead_TellsTheCause) {
+TEST_F(CausesTest, ServicePackThatCannotBeRead_IsReportedWithTheCause) {
   host.FailOn("OpenBinary", "readme.txt", host::ErrorClass::kAccessDenied, "Permission denied");
   EXPECT_EQ(WhyNoServicePack("\"X:/tools/more/readme.txt\""),
             "X:\\tools\\more\\readme.txt cannot be read: Permission denied.");

@@ -1,4 +1,4 @@
-// Tests of choices by the names of controls, of the remarks on them, and of the way to the summary.
+// Tests of choices by the names of controls, of the remarks on choices, and of the way to the summary.
 #include "wizard/choices.h"
 
 #include "tests/wizard/wizard_fixture.h"
@@ -112,7 +112,7 @@ TEST_F(Choices, SeveralForOneControl_TheLastOneCounts) {
   EXPECT_TRUE(main.ChkVexaUtils.checked());
 }
 
-TEST_F(Choices, WrongOne_IsToldAndTheLaterOnesAreNotMade) {
+TEST_F(Choices, WrongOne_IsReportedAndTheLaterOnesAreNotMade) {
   EXPECT_EQ(Make({{"ChkVexaUtils", "1"}, {"ChkAddFiles", "yes"}, {"ChkERDC", "1"}}),
             "ChkAddFiles: a check box takes 0 or 1 (2 for greyed)");
   EXPECT_TRUE(main.ChkVexaUtils.checked());
@@ -202,7 +202,7 @@ class Confirmations : public Choices, public ::testing::WithParamInterface<Confi
   }
 };
 
-TEST_P(Confirmations, DialogOfWindows9x_IsConfirmedWhereSomethingNewHasCome) {
+TEST_P(Confirmations, DialogOfWindows9x_IsConfirmedIfItGotNewAnswers) {
   Expect("FrmWin9xInfo", "Win9xInfo", "Windows 98/Me", main.ChkWin9xInfo_MSBatch);
 }
 
@@ -210,7 +210,7 @@ TEST_P(Confirmations, DialogOfWindows9xForTheAssistant_IsTheSame) {
   Expect("FrmWin9xInfo", "Win9xInfo", "Windows 98/Me", main.ChkWin9xInfo_Assis);
 }
 
-TEST_P(Confirmations, DialogOfWindows2000_IsConfirmedWhereSomethingNewHasCome) {
+TEST_P(Confirmations, DialogOfWindows2000_IsConfirmedIfItGotNewAnswers) {
   Expect("FrmWin2KInfo", "Win2KInfo", "Windows 2000/XP/2003", main.ChkWin2KInfo_Unattend);
 }
 

@@ -1,4 +1,4 @@
-// Tests of the Browse and Explore buttons and of the links: what each asks, and what it does with the answer.
+// Tests of the Browse and Explore buttons and of the links: the dialogs that they open, and the effect of an answer.
 #include "wizard/choosers.h"
 
 #include <string>

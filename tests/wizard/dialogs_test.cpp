@@ -1,4 +1,4 @@
-// The two installation info dialogs over the main window: opened, changed, closed, opened again.
+// Tests of the two installation info dialogs over the main window: they are opened, changed, closed and opened again.
 #include "wizard/dialogs.h"
 
 #include "tests/wizard/wizard_fixture.h"

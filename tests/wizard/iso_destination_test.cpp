@@ -1,4 +1,4 @@
-// Tests of the ISO destination: what is accepted without a trace, why the rest is refused, and what is no image.
+// Tests of the ISO destination: accepted paths, the causes of refusals, and files that are not disc images.
 #include "wizard/iso_destination.h"
 
 #include <gmock/gmock.h>
@@ -75,7 +75,7 @@ TEST_F(IsoDestinationTest, FileInPlaceOfTheFolder_IsNamed) {
   EXPECT_EQ(WhyNoIsoDestination("E:\\file\\new.iso"), "E:\\file is not a folder: choose another place for the image.");
 }
 
-TEST_F(IsoDestinationTest, FolderThatCannotBeRead_IsNotSaidToBeNone) {
+TEST_F(IsoDestinationTest, FolderThatCannotBeRead_IsNotCalledMissing) {
   host.FailOn("ListFolder", "images", host::ErrorClass::kAccessDenied, "Permission denied");
   EXPECT_EQ(WhyNoIsoDestination("E:\\images\\new.iso"),
             "E:\\images cannot be read: Permission denied. Choose another place for the image.");
@@ -141,19 +141,19 @@ TEST_F(IsoDestinationTest, LinkToNothing_IsNamedAndItsTargetIsNotMade) {
   EXPECT_FALSE(host.Exists("E:\\images\\target.iso"));
 }
 
-TEST_F(IsoDestinationTest, FileThatCannotBeCreated_TellsTheCause) {
+TEST_F(IsoDestinationTest, FileThatCannotBeCreated_IsReportedWithTheCause) {
   host.FailOn("OpenBinary", "new.iso", host::ErrorClass::kAccessDenied, "Permission denied");
   EXPECT_EQ(WhyNoIsoDestination("E:/images/new.iso"), "E:\\images\\new.iso cannot be written: Permission denied.");
 }
 
-TEST_F(IsoDestinationTest, ProbeThatCannotBeWritten_TellsTheCauseAndIsRemoved) {
+TEST_F(IsoDestinationTest, ProbeThatCannotBeWritten_IsReportedWithTheCauseAndRemoved) {
   host.FailOn("WriteAt", "new.iso", host::ErrorClass::kDiskFull, "No space left on device");
   EXPECT_EQ(WhyNoIsoDestination("E:\\images\\new.iso"),
             "E:\\images\\new.iso cannot be written: No space left on device.");
   EXPECT_FALSE(host.Exists("E:\\images\\new.iso"));
 }
 
-TEST_F(IsoDestinationTest, ProbeThatCannotBeRemoved_TellsTheCauseAndHoldsTheTestLine) {
+TEST_F(IsoDestinationTest, ProbeThatCannotBeRemoved_IsReportedWithTheCauseAndHoldsTheTestLine) {
   host.FailOn("RemoveFile", "new.iso", host::ErrorClass::kAccessDenied, "Permission denied");
   EXPECT_EQ(WhyNoIsoDestination("E:\\images\\new.iso"), "E:\\images\\new.iso cannot be written: Permission denied.");
   EXPECT_EQ(host.Content("E:\\images\\new.iso"), "Test\r\n");

@@ -313,7 +313,7 @@ TEST_F(LayoutTest, EnterAndEsc_HaveTheirButtons) {
   EXPECT_EQ(windows.win9x_info.cancel_button, &windows.win9x_info.CmdCancel);
 }
 
-TEST_F(LayoutTest, Pages_ReadTheSameWhateverIsInView) {
+TEST_F(LayoutTest, Pages_DoNotDependOnWhatIsInView) {
   const std::vector<std::string> before = LinesOfPage(6);
   main.FraMain[0].visible = false;
   main.FraMain[6].visible = true;

@@ -1,4 +1,4 @@
-// Tests of the way through the pages and of the buttons.
+// Tests of the buttons, and of the order of the pages.
 #include "wizard/navigation.h"
 
 #include <algorithm>
@@ -382,7 +382,7 @@ TEST_F(FormLoadTest, NoDriveC_ProposesTheHomeFolderAndNoServicePack) {
   EXPECT_EQ(main.TxtSP_exe.text.get(), "");
 }
 
-TEST_F(FormLoadTest, NoDriveCButASession_KeepsWhatTheSessionSays) {
+TEST_F(FormLoadTest, NoDriveCButASession_KeepsTheLocationsOfTheSession) {
   host.home_folder = "\\home\\ann";
   host.AddFile("C:\\Discwright\\vexacd.ini",
                "[Main]\r\nISOLocation=E:\\mine.iso\r\n[Win2K_Info]\r\nSP_exe=S:\\sp.exe\r\n");

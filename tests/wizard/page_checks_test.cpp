@@ -1,4 +1,4 @@
-// Tests of what Next refuses, and of the messages in their order.
+// Tests of the choices that Next refuses, and of the order of its messages.
 #include "wizard/page_checks.h"
 
 #include <string>

@@ -1,4 +1,4 @@
-// Tests of the questions about pages.
+// Tests of facts about pages: which of them are on the way, and which page has a control.
 #include "wizard/pages.h"
 
 #include <gmock/gmock.h>

@@ -231,7 +231,7 @@ TEST_F(RulesTest, SubscriptionEnded_StopsThem) {
   EXPECT_EQ(main.ChkGet_Vexadisks.value, 0);
 }
 
-TEST_F(RulesTest, BootDisks_AreCheckedAgainWhoeverClearsThem) {
+TEST_F(RulesTest, BootDisks_AreCheckedAgainAfterEveryWayOfClearingThem) {
   forms::Windows saved;
   saved.main.ChkGet_Vexadisks.value = 0;
   ASSERT_TRUE(settings::WriteSession(saved, notes, kSession).ok());

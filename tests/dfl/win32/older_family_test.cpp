@@ -11,7 +11,7 @@ class OlderFamily : public testing::DflTest {
   }
 };
 
-TEST_F(OlderFamily, EqualFiles_StayAsTheyAreAndThatIsSaid) {
+TEST_F(OlderFamily, EqualFiles_StayAsTheyAreAndAMessageSaysSo) {
   Write("a", "content");
   Write("b", "content");
   Write("folder/c", "other content");

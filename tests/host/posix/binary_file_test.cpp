@@ -1,4 +1,4 @@
-// Pipes and devices in the place of files.
+// Tests of pipes and devices in the place of files.
 #include <gmock/gmock.h>
 
 #include "host/files.h"

@@ -1,4 +1,4 @@
-// Finding files whose letter case differs from the path's.
+// Tests of finding files whose letter case differs from that of the path.
 #include "host/posix/case_lookup.h"
 
 #include <fcntl.h>

@@ -1,4 +1,4 @@
-// The child programs as parts of one shell script.
+// The child programs of tests/host/child_program.h: each is a part of one shell script.
 #include "tests/host/child_program.h"
 
 #include <sys/wait.h>

@@ -1,4 +1,4 @@
-// Running real programs: signals, process groups, and what else other systems lack.
+// Tests of running real programs: signals, process groups, and file descriptors.
 #include <gmock/gmock.h>
 #include <unistd.h>
 
@@ -35,7 +35,7 @@ TEST_F(PosixChild, EachProgram_HasAProcessGroupOfItsOwn) {
   EXPECT_NE(std::stoi(Output()), getpgrp());
 }
 
-TEST_F(PosixChild, ProgramThatDoesNotListenToEndAll_IsKilled) {
+TEST_F(PosixChild, ProgramThatIgnoresEndAll_IsKilled) {
   const auto launcher = Create(8192, 20);
   ASSERT_TRUE(launcher->Start(BatchFile({"trap '' TERM", "echo ready", "while :; do sleep 1; done"})).ok());
   DeliverUntilOutput(*launcher);
@@ -44,7 +44,7 @@ TEST_F(PosixChild, ProgramThatDoesNotListenToEndAll_IsKilled) {
   EXPECT_EQ(launcher->End().killed_by, "SIGKILL");
 }
 
-TEST_F(PosixChild, PipeOfAProgram_IsNoneOfTheNextOnesFiles) {
+TEST_F(PosixChild, PipeOfAProgram_IsNotInheritedByTheNext) {
   const auto first = Create();
   const std::string pipe_file = "'" + folder_.Native("pipe") + "'";
   const std::string never = "'" + folder_.Native("never") + "'";

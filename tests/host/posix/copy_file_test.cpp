@@ -1,4 +1,4 @@
-// Copying links, pipes and devices, and what only POSIX keeps of a file.
+// Tests of copying links, pipes and devices, and of the attributes that only POSIX files have.
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
@@ -46,7 +46,7 @@ TEST(CopyFile, SourceThatOnlyOthersMayUse_GivesACopyWithItsOtherBits) {
   EXPECT_EQ(folder.Mode("to"), 0655u);
 }
 
-TEST(CopyFile, LargeFile_TellsSeveralPieces) {
+TEST(CopyFile, LargeFile_ReportsSeveralPieces) {
   const TempFolder folder;
   folder.Write("from", std::string(40 << 20, 'x'));
   std::size_t told = 0;

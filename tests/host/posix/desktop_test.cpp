@@ -1,4 +1,4 @@
-// The home folder, and the file manager as an "xdg-open" that the test puts there.
+// Tests of the home folder and the file manager. The command "xdg-open" is a script of the test.
 #include "host/desktop.h"
 
 #include <gmock/gmock.h>

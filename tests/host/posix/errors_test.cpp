@@ -1,4 +1,4 @@
-// The classes that system errors are folded into.
+// Tests of the error class of each system error.
 #include "host/posix/errors.h"
 
 #include <gtest/gtest.h>

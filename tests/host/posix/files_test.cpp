@@ -1,4 +1,4 @@
-// Making, moving and removing links and pipes, and permission bits.
+// Tests of making, moving and removing links and pipes, and of permission bits.
 #include "host/files.h"
 
 #include <gmock/gmock.h>

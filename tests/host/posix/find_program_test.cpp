@@ -1,4 +1,4 @@
-// Finding the program of a command line.
+// Tests of finding the program of a command line.
 #include "host/posix/find_program.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// Hard links beside symbolic links, pipes and protected files.
+// Tests of hard links beside symbolic links, pipes and protected files.
 #include "host/hard_links.h"
 
 #include <gmock/gmock.h>
@@ -95,7 +95,7 @@ TEST(MakeHardLink, ProtectedFileOnAFileSystemWithLinks_IsAFailureThatLeavesNothi
   EXPECT_THAT(folder.Names(), ElementsAre("file"));
 }
 
-TEST(MakeHardLink, FileSystemWithoutLinks_IsToldApartAndKeepsNothing) {
+TEST(MakeHardLink, FileSystemWithoutLinks_IsAResultOfItsOwnAndKeepsNoNewFile) {
   const TempFolder folder;
   // The file system of message queues has files and no links.
   if (mount("discwright-test", folder.native().c_str(), "mqueue", 0, nullptr) != 0)

@@ -1,4 +1,4 @@
-// Ctrl-C and requests to terminate.
+// Tests of Ctrl-C and of requests to terminate.
 #include <unistd.h>
 
 #include <csignal>

@@ -1,4 +1,4 @@
-// Listing and looking at symbolic links, pipes, devices and names that are not UTF-8.
+// Tests of listing symbolic links, pipes, devices and names that are not UTF-8, and of looking at single ones.
 #include <gmock/gmock.h>
 
 #include "host/files.h"

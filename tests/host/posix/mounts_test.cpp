@@ -1,4 +1,4 @@
-// Tables of mounted file systems.
+// Tests of reading the table of mounted file systems.
 #include "host/posix/mounts.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// Letter case of every language.
+// Tests of letter case in the alphabets of all languages.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 namespace discwright::host {
 namespace {
 
-TEST(FoldCase, LettersBeyondAscii_BecomeLowerCaseWhateverTheProgramsLocale) {
+TEST(FoldCase, LettersBeyondAscii_BecomeLowerCaseInEveryLocale) {
   EXPECT_EQ(FoldCase("ÄÖÜ ÉÑ ЖЯ ΑΩ"), "äöü éñ жя αω");
 }
 

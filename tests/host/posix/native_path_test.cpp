@@ -1,4 +1,4 @@
-// Paths in the core's spelling and in the system's.
+// Tests of the conversion between the core's paths and those of the system.
 #include "host/posix/native_path.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Unfinished files beside links and pipes.
+// Tests of unfinished files beside links and pipes.
 #include "host/part_file.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// Generated scripts, read by a real shell.
+// Tests of generated scripts. The real shell runs them.
 #include "host/script.h"
 
 #include <gmock/gmock.h>

@@ -1,5 +1,5 @@
-// What moves and renames do that Wine's service does not do as Windows documents it, or that only POSIX has: joining
-// folders, the numbers of failures, letter case, links, several file systems.
+// Tests of moves and renames that Wine does differently from Windows, or that only POSIX has: joining folders, error
+// numbers, letter case, links, several file systems.
 #include "host/shell_operations.h"
 
 #include <fcntl.h>
@@ -77,7 +77,7 @@ TEST_F(ShellMove, Wildcard_IsMatchedInAnyCase) {
   EXPECT_THAT(folder_.Names(), ElementsAre("From", "To"));
 }
 
-TEST_F(ShellMove, WildcardOfOneMatch_MovesIntoTheDestinationAllTheSame) {
+TEST_F(ShellMove, WildcardOfOneMatch_StillMovesIntoTheDestination) {
   folder_.Write("from/a", "1");
   EXPECT_EQ(Move("from\\*", "to"), 0);
   EXPECT_EQ(folder_.Read("to/a"), "1");

@@ -1,4 +1,4 @@
-// Symbolic links, pipes and names of every kind in a source tree.
+// Tests of symbolic links, pipes and names of every kind in a source tree.
 #include "host/source_tree.h"
 
 #include <gmock/gmock.h>
@@ -57,7 +57,7 @@ TEST_F(SourceTreeLinks, LinkAndItsTarget_HaveOneIdentity) {
   EXPECT_EQ(entries["link"].volume, entries["one"].volume);
 }
 
-TEST_F(SourceTreeLinks, Links_AreToldWithTheirTarget) {
+TEST_F(SourceTreeLinks, Links_AreListedWithTheirTarget) {
   folder.Write("target/file", "abc");
   folder.Link("target", "folder");
   folder.Link("target/file", "file");

@@ -1,4 +1,4 @@
-// A program that a test puts into PATH in place of an installed one, and what it was started with.
+// A program that a test puts into PATH in place of an installed one, and the arguments that it gets.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Facts about a POSIX machine.
+// Tests of facts about a POSIX machine.
 #include "host/system.h"
 #include "host/names.h"
 

@@ -1,4 +1,4 @@
-// Reading and replacing what links lead to, permission bits, and files of unknown size.
+// Tests of whole files: the targets of links, permission bits, and files of unknown size.
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/stat.h>

@@ -1,4 +1,4 @@
-// Starting Windows programs by a "wine" that the test puts there.
+// Tests of starting Windows programs. The command "wine" is a script of the test.
 #include "host/processes.h"
 
 #include <gmock/gmock.h>

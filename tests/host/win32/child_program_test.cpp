@@ -1,4 +1,5 @@
-// The child programs as parts that the tests' own program plays before GoogleTest's main begins.
+// The child programs of tests/host/child_program.h: the test program itself, started with other arguments. It plays its
+// part and ends before GoogleTest begins.
 #include "tests/host/child_program.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Running real programs: consoles, code pages, and what else other systems lack.
+// Tests of running real programs: consoles, code pages, and exit codes of Windows.
 #include <gmock/gmock.h>
 #include <windows.h>
 

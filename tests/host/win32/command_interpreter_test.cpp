@@ -1,4 +1,4 @@
-// Command lines for the two command interpreters.
+// Tests of command lines for the two command interpreters.
 #include "host/win32/command_interpreter.h"
 
 #include <gtest/gtest.h>
@@ -24,7 +24,7 @@ class CommandInterpreter : public ::testing::Test {
   std::array<char, MAX_PATH> old_{};
 };
 
-TEST_F(CommandInterpreter, ProgramsAndWhatIsNotThere_StayAsTheyAre) {
+TEST_F(CommandInterpreter, ProgramsAndMissingFiles_StayAsTheyAre) {
   folder_.Write("tool.exe", "");
   folder_.Write("tool.exe.bat", "");
   EXPECT_EQ(RunnableLine(Native("tool.exe") + " x.bat"), Native("tool.exe") + " x.bat");

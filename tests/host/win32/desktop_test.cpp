@@ -1,4 +1,4 @@
-// The drives and the file manager of Windows.
+// Tests of the drives and the file manager of Windows.
 #include "host/desktop.h"
 
 #include <gmock/gmock.h>

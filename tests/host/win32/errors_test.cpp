@@ -1,4 +1,4 @@
-// The classes that the system's error codes are folded into.
+// Tests of the error class of each system error.
 #include "host/win32/errors.h"
 
 #include <gtest/gtest.h>
@@ -31,7 +31,7 @@ INSTANTIATE_TEST_SUITE_P(
         Folding{ERROR_FILE_EXISTS, ErrorClass::kExists}, Folding{ERROR_ALREADY_EXISTS, ErrorClass::kExists},
         Folding{ERROR_CANT_RESOLVE_FILENAME, ErrorClass::kLoop}, Folding{ERROR_DIR_NOT_EMPTY, ErrorClass::kOther}));
 
-TEST(StatusOf, CodeWithoutASentence_IsToldByItsNumber) { EXPECT_EQ(StatusOf(0x1FFFFFFF).cause, "error 536870911"); }
+TEST(StatusOf, CodeWithoutASentence_IsShownAsItsNumber) { EXPECT_EQ(StatusOf(0x1FFFFFFF).cause, "error 536870911"); }
 
 TEST(StatusOfResult, NotZero_IsSuccess) { EXPECT_TRUE(StatusOfResult(1).ok()); }
 

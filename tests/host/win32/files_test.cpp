@@ -1,4 +1,4 @@
-// Files that are locked, marked, or have paths that the system cannot take; and copying on either family.
+// Tests of locked files, of file attributes, of paths that the system cannot take, and of copying on either family.
 #include "host/files.h"
 
 #include <gmock/gmock.h>
@@ -219,7 +219,7 @@ TEST(CopyFile, NameThatTheCodePageLacks_IsRefused) {
   EXPECT_THAT(folder.Names(), ElementsAre("from"));
 }
 
-TEST(CopyByHand, LargeFile_TellsEveryPiece) {
+TEST(CopyByHand, LargeFile_ReportsEveryPiece) {
   const TempFolder folder;
   const std::string content = BytesOfSize((64 << 10) * 3 + 17);
   folder.Write("from", content);

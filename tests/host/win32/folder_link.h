@@ -1,4 +1,4 @@
-// Links to folders, which every Windows makes in its own way.
+// Links to folders, for tests on Windows and under Wine.
 #pragma once
 
 #include <windows.h>

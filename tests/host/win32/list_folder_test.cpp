@@ -1,4 +1,4 @@
-// Listing names that the code page lacks, short names, devices and links to folders.
+// Tests of listing names that the code page lacks, short names, devices and links to folders.
 #include "tests/host/win32/folder_link.h"
 
 #include <gmock/gmock.h>

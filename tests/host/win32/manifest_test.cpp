@@ -1,4 +1,4 @@
-// What the programs say of themselves to newer systems.
+// Tests of the manifest, by which a program declares to newer systems what it supports.
 #include <gmock/gmock.h>
 #include <windows.h>
 

@@ -1,4 +1,4 @@
-// Short names, and names of discs, which Windows shows as they are.
+// Tests of short names, and of the names of discs, which Windows does not change.
 #include "host/names.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Paths as the system's ANSI calls take them.
+// Tests of paths for the ANSI calls of the system.
 #include "host/win32/native_path.h"
 
 #include <gtest/gtest.h>
@@ -38,7 +38,7 @@ TEST(AnsiPath, SeparatorsAtTheEnd_AreOnlyKeptOfRoots) {
   EXPECT_EQ(AnsiPath("/").native, "\\");
 }
 
-TEST(AnsiPath, WhatTheSystemCannotBeAsked_HasItsReason) {
+TEST(AnsiPath, PathThatTheSystemCannotTake_HasAReason) {
   EXPECT_EQ(AnsiPath("").status.error, ErrorClass::kNotFound);
   EXPECT_EQ(AnsiPath("a?b").status.cause, NameNotInCodePage().cause);
   EXPECT_EQ(AnsiPath("a<b").status.cause, StatusOf(ERROR_INVALID_NAME).cause);

@@ -1,4 +1,4 @@
-// Text in the code pages of Windows.
+// Tests of text in the code pages of Windows.
 #include "host/win32/native_text.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Unfinished files in the hands of others.
+// Tests of unfinished files that another program uses.
 #include "host/part_file.h"
 
 #include <gmock/gmock.h>

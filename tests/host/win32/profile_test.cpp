@@ -1,4 +1,4 @@
-// Profile files through the system's calls.
+// Tests of profile files through the calls of Windows.
 #include "host/profile.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Texts of the registry.
+// Tests of reading texts from the registry.
 #include "host/profile.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Generated batch files, read by the real shell.
+// Tests of generated batch files. The real command interpreter runs them.
 #include "host/script.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// Moves and renames of names that the service of Windows cannot take.
+// Tests of moves and renames with names that the shell of Windows cannot take.
 #include "host/shell_operations.h"
 
 #include <gmock/gmock.h>

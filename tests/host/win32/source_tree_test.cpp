@@ -1,4 +1,4 @@
-// Names that the code page lacks, links and locked files in a source tree and for hard links.
+// Tests of source trees and hard links: names that the code page lacks, links and locked files.
 #include "host/source_tree.h"
 
 #include <gmock/gmock.h>
@@ -26,7 +26,7 @@ std::map<std::string, TreeEntry> List(const TempFolder& folder) {
   return entries;
 }
 
-TEST(SourceTreeNames, NameThatTheCodePageLacks_IsToldWithItsReason) {
+TEST(SourceTreeNames, NameThatTheCodePageLacks_IsReportedWithItsReason) {
   const TempFolder folder;
   folder.Write("漢.txt", "x");
   folder.Write("Übung", "x");
@@ -36,7 +36,7 @@ TEST(SourceTreeNames, NameThatTheCodePageLacks_IsToldWithItsReason) {
   EXPECT_TRUE(entries["Übung"].status.ok());
 }
 
-TEST(SourceTreeNames, LinkToAFolder_IsToldWithItsTarget) {
+TEST(SourceTreeNames, LinkToAFolder_IsListedWithItsTarget) {
   if (PlatformId() == 1) GTEST_SKIP() << "Windows 95, 98 and Me have no links";
   const TempFolder folder;
   folder.Write("target/file", "x");

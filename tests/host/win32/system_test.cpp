@@ -1,4 +1,4 @@
-// Facts about a Windows machine.
+// Tests of facts about a Windows machine.
 #include "host/system.h"
 #include "host/names.h"
 

@@ -1,4 +1,4 @@
-// Lines that start Windows programs on Windows.
+// Tests of the command lines that start Windows programs on Windows.
 #include "host/processes.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-// Holds a file open so that nobody else can open it: "hold_file.exe FILE READY STOP" makes the file READY when it does,
-// and lets go when the file STOP is there.
+// A program that keeps a file open, so that no other program can open it. Run "hold_file.exe FILE READY STOP": it makes
+// the file READY once FILE is open, and ends when the file STOP exists.
 #include <windows.h>
 
 #include <fstream>

@@ -1,4 +1,5 @@
-// Stands for a service pack's installer: "service_pack.exe -s:FOLDER" leaves its arguments in FOLDER\I386\SVCPACK.INF.
+// A program in place of the installer of a service pack: "service_pack.exe -s:FOLDER" writes its arguments to
+// FOLDER\I386\SVCPACK.INF.
 #include <fstream>
 #include <string>
 
