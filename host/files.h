@@ -42,8 +42,9 @@ bool SameFolder(std::string_view a, std::string_view b);
 // The same for two files of any kind; hard links of one file are one.
 bool SameFile(std::string_view a, std::string_view b);
 
-// True when the file can be opened for reading. Folders, devices, sockets and pipes are not opened and give false.
-bool CanRead(std::string_view path);
+// A success when the file can be opened for reading, and kNotFound when nothing has that name. Folders, devices,
+// sockets and pipes are not opened: they are a failure (kWrongKind).
+Status CheckReadable(std::string_view path);
 
 // Creates every missing folder of the path; a path that exists already is a success.
 Status MakeFolders(std::string_view path);

@@ -7,9 +7,10 @@
 
 namespace discwright::host {
 
-std::optional<std::string> ReadTextProfile(std::string_view file, std::string_view section, std::string_view key) {
+ProfileValue ReadTextProfile(std::string_view file, std::string_view section, std::string_view key) {
   const Result<std::string> bytes = ReadWholeFile(file);
-  return bytes.ok() ? base::FindIniValue(DecodeText(bytes.value), section, key) : std::nullopt;
+  if (bytes.status.error == ErrorClass::kNotFound) return ProfileValue();
+  return bytes.ok() ? ProfileValue(base::FindIniValue(DecodeText(bytes.value), section, key)) : bytes.status;
 }
 
 Status WriteTextProfile(std::string_view file, std::string_view section, std::string_view key, std::string_view value) {

@@ -1,5 +1,5 @@
-// Single text values from the two places where Windows programs keep them: INI profile files and the registry. Each
-// call goes to the system, or to the file, anew.
+// Reads and writes single text values in the two places where Windows programs keep them: INI profile files and the
+// registry. Nothing is kept in memory: each call reads or writes the file or the registry.
 #pragma once
 
 #include <optional>
@@ -10,23 +10,27 @@
 
 namespace discwright::host {
 
-// The value of the first such key in the first such section, names in any letter case, without blanks and one pair of
-// quotes, single or double, around it. Nothing when there is none or the file cannot be read. Creates nothing.
-// Windows has calls of its own for this, which look for a file name without a folder in the folder of Windows;
-// elsewhere such a file is in the current folder.
-std::optional<std::string> ReadProfileValue(std::string_view file, std::string_view section, std::string_view key);
+// The value of a key; nothing when the file, the section or the key is missing.
+using ProfileValue = Result<std::optional<std::string>>;
 
-// Replaces the key's value, or appends key, section or file; CR, LF and NUL become blanks. A file that cannot be read
-// stays as it is.
+// Reads the first such key in the first such section. Letter case does not matter in their names. The value comes
+// without the blanks around it and without one pair of single or double quotes. Creates nothing. A file that exists but
+// cannot be read is a failure.
+// Windows has calls of its own for this. They look for a file name without a folder in the folder of Windows; on other
+// systems such a file is in the current folder.
+ProfileValue ReadProfileValue(std::string_view file, std::string_view section, std::string_view key);
+
+// Replaces the value of a key. Adds the key, the section or the file when it is missing. A CR, LF or NUL in the value
+// becomes a blank. A file that cannot be read stays as it is.
 Status WriteProfileValue(std::string_view file, std::string_view section, std::string_view key, std::string_view value);
 
-// The same for systems without such calls, and for what they cannot do: the file is read and rewritten as text. Order,
-// comments, spacing and unknown text survive.
-std::optional<std::string> ReadTextProfile(std::string_view file, std::string_view section, std::string_view key);
+// The same functions for systems without such calls, and for texts that these calls cannot handle: the file is read and
+// rewritten as text. Its order, comments, spacing and unknown text stay as they are.
+ProfileValue ReadTextProfile(std::string_view file, std::string_view section, std::string_view key);
 Status WriteTextProfile(std::string_view file, std::string_view section, std::string_view key, std::string_view value);
 
-// A text value of the registry below HKEY_LOCAL_MACHINE ("Software\\Maker\\Product"). Nothing when there is none, it is
-// no text, or the system has no registry.
+// A text value of the registry. `sub_key` is a key below HKEY_LOCAL_MACHINE, for example "Software\\Maker\\Product".
+// Nothing when there is no such value, when it is not a text, or when the system has no registry.
 std::optional<std::string> LocalMachineText(std::string_view sub_key, std::string_view value_name);
 
 }  // namespace discwright::host

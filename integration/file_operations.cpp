@@ -66,7 +66,7 @@ std::string RenameWithShell(void* OwnerWindow, const std::string& OldName, const
 void CopyBootSector(steps::Context& context, const std::string& name) {
   const std::string source = util::PathOf(util::Item::kBootSectors) + "\\" + name;
   CopyMatchingFiles(context.notes, source, util::PathOf(util::Item::kWorkspace) + "\\boot\\images\\" + name);
-  if (util::FileExists(source)) return;
+  if (host::CheckReadable(source).error != host::ErrorClass::kNotFound) return;
   context.notes.Add(source, "is missing: the system that this boot sector starts cannot be started from the CD");
 }
 

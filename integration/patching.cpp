@@ -116,7 +116,7 @@ void ShowPatchingError(steps::Context& context, const std::string& file, const s
 
 bool PatchBinaryFile(steps::Context& context, const std::string& FileName, std::string_view FindText,
                      std::string_view ReplaceText) {
-  if (!util::FileExists(FileName)) return false;
+  if (!util::FileExists(context.notes, FileName)) return false;
   bool replaced = false;
   host::Status status;
   {
@@ -134,7 +134,7 @@ bool PatchBinaryFile(steps::Context& context, const std::string& FileName, std::
 
 bool PatchTextFile(steps::Context& context, const std::string& FileName, std::string_view FindText,
                    std::string_view ReplaceText) {
-  if (!util::FileExists(FileName)) return false;
+  if (!util::FileExists(context.notes, FileName)) return false;
   host::Status status;
   {
     const BusyPointer hourglass(context.main());

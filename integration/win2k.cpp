@@ -47,10 +47,12 @@ void Slipstream(steps::Context& context, const std::string& SP_exe) {
   }
   context.main().LblSub_Step.caption = "Slipstreaming Windows 2000/XP Service Pack";
   // A note, but no message: the wizard has checked the path before the build. Kept as it has always been.
-  if (!util::FileExists(SP_exe)) {
+  const host::Status readable = host::CheckReadable(util::NamedFile(SP_exe));
+  if (readable.error == host::ErrorClass::kNotFound) {
     context.notes.Add(SP_exe, "was not slipstreamed: there is no such file");
     return;
   }
+  if (!context.notes.Check(readable, SP_exe, "was not slipstreamed")) return;
   if (IsNoWindowsProgram(SP_exe)) {
     SkipServicePack(context, SP_exe,
                     "Can't integrate the Windows Service Pack: " + host::PathToNative(util::StripQuotes(SP_exe)) +

@@ -24,10 +24,10 @@ struct SetupFolder {
 // If a folder has both cabinet files, the last one decides.
 constexpr SetupFolder kSetupFolders[] = {{"\\base4.cab", "WIN98"}, {"\\base2.cab", "WINME"}};
 
-std::string SetupFolderName(const std::string& Source) {
+std::string SetupFolderName(util::Notes& notes, const std::string& Source) {
   std::string name = "WINSETUP";
   for (const SetupFolder& folder : kSetupFolders) {
-    if (util::FileExists(Source + folder.cabinet)) name = folder.name;
+    if (util::FileExists(notes, Source + folder.cabinet)) name = folder.name;
   }
   return name;
 }
@@ -49,7 +49,7 @@ bool WriteAnswers(steps::Context& context, const std::string& target) {
 }  // namespace
 
 void AddWin9x(steps::Context& context, const std::string& Source, bool AddInfo_toMSBatch) {
-  const std::string target = util::PathOf(util::Item::kWorkspace) + "\\" + SetupFolderName(Source);
+  const std::string target = util::PathOf(util::Item::kWorkspace) + "\\" + SetupFolderName(context.notes, Source);
   const bool complete =
       CopySetupFiles(context, Source, target) && (!AddInfo_toMSBatch || WriteAnswers(context, target));
   if (!complete) HaltIntegration(context, "Windows 98/Me installation");

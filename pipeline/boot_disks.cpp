@@ -46,12 +46,6 @@ constexpr std::array<Disk, 5> kDisks = {{
      Item::kVexanetImage, "\\boot\\images\\vexanet.img", When::kNotNetPlus, -1},
 }};
 
-void Delete(steps::Context& context, const std::string& file) {
-  if (!util::FileExists(file)) return;
-  context.notes.Check(host::ClearAttributes(file), file, "could not be made writable");
-  context.notes.Check(host::RemoveFile(file), file, "could not be deleted");
-}
-
 // Runs the disk image maker for one disk and moves the image into the workspace. Returns false if that fails.
 bool MakeDisk(steps::Context& context, const Disk& disk, bool select_drivers) {
   const std::string cd_image = util::PathOf(util::Item::kWorkspace) + disk.cd_image;
@@ -62,8 +56,8 @@ bool MakeDisk(steps::Context& context, const Disk& disk, bool select_drivers) {
   steps::WaitForASyncApp(context);
 
   // An earlier build without Linkwell Plus may have left the other network disk in the program folder.
-  if (is_linkwell) Delete(context, util::PathOf(Item::kVexanetImage));
-  Delete(context, cd_image);
+  if (is_linkwell) util::RemoveIfExists(context.notes, util::PathOf(util::Item::kVexanetImage));
+  util::RemoveIfExists(context.notes, cd_image);
   // If CreateDsk makes no image, one that an earlier build left in the program folder is used. Kept as it has
   // always been; the failure of CreateDsk is noted.
   if (!util::FileExists(image_out)) return false;

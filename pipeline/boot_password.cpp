@@ -16,11 +16,20 @@ namespace {
 
 constexpr const char* kRequest = "Set PasswordRequest=1";
 
-bool IsProtected(const std::string& script, const std::string& password_line) {
-  const host::Result<std::string> text = host::ReadWholeFile(script);
+bool IsProtected(const std::string& script_text, const std::string& password_line) {
   const std::optional<std::string> line = host::CodePageBytes(password_line);
-  return text.ok() && line && text.value.find(kRequest) != std::string::npos &&
-         text.value.find(*line) != std::string::npos;
+  return line && script_text.find(kRequest) != std::string::npos && script_text.find(*line) != std::string::npos;
+}
+
+void CheckProtection(util::Notes& notes, const std::string& script, const std::string& password_line) {
+  const host::Result<std::string> text = host::ReadWholeFile(script);
+  if (text.status.error == host::ErrorClass::kNotFound) {
+    notes.Add(script, "is missing: the boot menu is not protected by a password");
+  } else if (notes.Check(text.status, script,
+                         "could not be read, so the boot menu may not be protected by a password") &&
+             !IsProtected(text.value, password_line)) {  // for example a script of the user without these two lines
+    notes.Add(script, "lacks the lines that set the password: the boot menu is not protected by a password");
+  }
 }
 
 }  // namespace
@@ -39,11 +48,7 @@ void ProtectBootMenu(steps::Context& context, std::string_view first_password, s
   const std::string line = std::string("Set PasswordString=\"").append(first_password).append("\"");
   integration::PatchTextFile(context, script, "Set PasswordRequest=0", kRequest);
   integration::PatchTextFile(context, script, "Set PasswordString=\"\"", line);
-  if (!util::FileExists(script)) {
-    context.notes.Add(script, "is missing: the boot menu is not protected by a password");
-  } else if (!IsProtected(script, line)) {  // for example a script of the user without these two lines
-    context.notes.Add(script, "lacks the lines that set the password: the boot menu is not protected by a password");
-  }
+  CheckProtection(context.notes, script, line);
 }
 
 }  // namespace discwright::pipeline

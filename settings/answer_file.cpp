@@ -47,11 +47,12 @@ std::string QuotedForSetup(const std::string& value) {
   return is_plain ? value : '"' + value + '"';
 }
 
-std::string ValueOf(util::Notes& notes, const AnswerFile& answer_file, const Answer& answer) {
-  if (answer.key_file_key == nullptr) return answer.value;
+host::Result<std::string> ValueOf(util::Notes& notes, const AnswerFile& answer_file, const Answer& answer) {
+  if (answer.key_file_key == nullptr) return std::string(answer.value);
   const INIFile& key_file = answer_file.key_file;
-  const std::string value = key_file.GetINIKey(notes, answer_file.key_section, answer.key_file_key);
-  return InWindows1252(notes, value, key_file.FileName, answer.key_file_key);
+  const host::Result<std::string> value = key_file.ReadINIKey(notes, answer_file.key_section, answer.key_file_key);
+  if (!value.ok()) return value.status;
+  return InWindows1252(notes, value.value, key_file.FileName, answer.key_file_key);
 }
 
 }  // namespace
@@ -62,15 +63,7 @@ bool CheckKeyFile(util::Notes& notes, const std::string& key_file) {
   return false;
 }
 
-bool DeleteAnswerFile(util::Notes& notes, const std::string& file) {
-  if (!util::FileExists(file)) return true;
-  host::ClearAttributes(file);  // if this fails, RemoveFile fails too, and its status gives the reason
-  return notes.Check(host::RemoveFile(file), file, "could not be deleted");
-}
-
 bool WriteAnswerFile(util::Notes& notes, const AnswerFile& answer_file) {
-  const std::string& key_file = answer_file.key_file.FileName;
-  if (!notes.Check(answer_file.key_file.Readable(), key_file, "could not be read")) return false;
   const std::string& template_file = answer_file.template_file;
   const host::Result<std::string> content = host::ReadWholeFile(template_file);
   if (!notes.Check(content.status, template_file, "could not be read")) return false;
@@ -87,8 +80,9 @@ bool WriteAnswerFile(util::Notes& notes, const AnswerFile& answer_file) {
               "please save it as plain text");
   }
   for (const Answer& answer : answer_file.answers) {
-    const std::string value = QuotedForSetup(ValueOf(notes, answer_file, answer));
-    bytes = base::WithIniValue(bytes, answer.section, answer.key, Windows1252Bytes(value));
+    const host::Result<std::string> value = ValueOf(notes, answer_file, answer);
+    if (!value.ok()) return false;
+    bytes = base::WithIniValue(bytes, answer.section, answer.key, Windows1252Bytes(QuotedForSetup(value.value)));
   }
   const host::Status written = host::WriteWholeFile(answer_file.file, bytes);
   return notes.Check(written, answer_file.file, "could not be written");

@@ -1,5 +1,5 @@
 // Makes answer files for Windows Setup: copies a template and sets the answers of a key file in it. Call
-// CheckKeyFile, DeleteAnswerFile and WriteAnswerFile in this order.
+// CheckKeyFile, util::RemoveIfExists and WriteAnswerFile in this order.
 #pragma once
 
 #include <span>
@@ -28,10 +28,6 @@ struct AnswerFile {
 
 // Whether the key file exists and can be opened. If not, notes that Windows Setup gets no answers.
 bool CheckKeyFile(util::Notes& notes, const std::string& key_file);
-
-// Deletes an answer file, even if it is read-only. A missing file counts as deleted. Returns false, with a note, when
-// the file still exists.
-bool DeleteAnswerFile(util::Notes& notes, const std::string& file);
 
 // Writes the answer file in one piece. The bytes of the template stay as they are. Values are written in Windows-1252,
 // because Setup reads that; new lines end in CR LF.

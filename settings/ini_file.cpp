@@ -6,7 +6,6 @@
 
 #include "base/ini_text.h"
 #include "base/utf8.h"
-#include "host/files.h"
 #include "host/native_text.h"
 #include "host/profile.h"
 #include "util/paths.h"
@@ -33,22 +32,19 @@ host::Status INIFile::SetINIKey(std::string_view section, std::string_view key, 
 }
 
 std::string INIFile::GetINIKey(std::string_view section, std::string_view key) const {
-  return Cut(WholeValue(section, key));
+  return Cut(host::ReadProfileValue(FileName, section, key).value.value_or(""));
 }
 
-std::string INIFile::GetINIKey(util::Notes& notes, std::string_view section, std::string_view key) const {
-  const std::string value = WholeValue(section, key);
+host::Result<std::string> INIFile::ReadINIKey(util::Notes& notes, std::string_view section,
+                                              std::string_view key) const {
+  const host::ProfileValue read = host::ReadProfileValue(FileName, section, key);
+  if (!notes.Check(read.status, FileName, "could not be read")) return read.status;
+  const std::string value = read.value.value_or("");
   if (IsCutWhenRead(value)) {
     notes.Add(FileName, "The value of " + std::string(key) + " in section " + std::string(section) +
                             " is longer than 99 characters; the rest is ignored.");
   }
   return Cut(value);
-}
-
-host::Status INIFile::Readable() const { return host::ReadWholeFile(FileName).status; }
-
-std::string INIFile::WholeValue(std::string_view section, std::string_view key) const {
-  return host::ReadProfileValue(FileName, section, key).value_or("");
 }
 
 bool IsCutWhenRead(std::string_view value) { return util::Trim(value) != Cut(value); }

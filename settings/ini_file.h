@@ -13,7 +13,6 @@ namespace discwright::settings {
 // Letter case does not matter in the names of sections and keys. A write keeps the order, the comments and all unknown
 // text of the file. Arguments and results are UTF-8. Files are in the code page of the system, or in UTF-8 with a byte
 // order mark when a value needs that; new lines end in CR LF.
-// A value that is missing or cannot be read is an empty string.
 class INIFile {
  public:
   INIFile() = default;
@@ -29,17 +28,12 @@ class INIFile {
   host::Status SetINIKey(std::string_view section, std::string_view key, std::string_view value) const;
 
   // The value without blanks and one pair of quotes around it, cut at 99 characters. Key files and sessions of earlier
-  // versions were read with this limit.
+  // versions were read with this limit. Empty when the value is missing or cannot be read.
   std::string GetINIKey(std::string_view section, std::string_view key) const;
 
-  // The same value. If it was cut, that is noted.
-  std::string GetINIKey(util::Notes& notes, std::string_view section, std::string_view key) const;
-
-  // A success when the file can be read.
-  host::Status Readable() const;
-
- private:
-  std::string WholeValue(std::string_view section, std::string_view key) const;
+  // The same value for callers that must not take a value that cannot be read for an empty one. A failed read is noted,
+  // and so is a value that was cut. A missing value is not a failure.
+  host::Result<std::string> ReadINIKey(util::Notes& notes, std::string_view section, std::string_view key) const;
 };
 
 // Whether GetINIKey would cut this value.

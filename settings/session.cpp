@@ -21,9 +21,9 @@ namespace discwright::settings {
 namespace {
 
 // A dialog fills its fields when it is loaded. Loading it later would replace the values of the session.
-void LoadDialogs(forms::Windows& windows) {
-  LoadWin2KInfo(windows.win2k_info);
-  LoadWin9xInfo(windows.win9x_info);
+void LoadDialogs(forms::Windows& windows, util::Notes& notes) {
+  LoadWin2KInfo(windows.win2k_info, notes);
+  LoadWin9xInfo(windows.win9x_info, notes);
 }
 
 // The keys in the order of the file, except that JoinDomain is read before Workgroup.
@@ -92,31 +92,37 @@ void NoteLongValues(util::Notes& notes, const std::string& file_name, std::strin
 
 }  // namespace
 
-void ReadSession(forms::Windows& windows, util::Notes& notes, const std::string& file_name) {
-  LoadDialogs(windows);
+host::Status ReadSession(forms::Windows& windows, util::Notes& notes, const std::string& file_name) {
+  LoadDialogs(windows, notes);
   const INIFile ini(file_name);
   for (const SessionKey& key : KeysInReadingOrder()) {
-    ReadValue(windows, *key.line, ini.GetINIKey(notes, key.section, key.key));
+    const host::Result<std::string> value = ini.ReadINIKey(notes, key.section, key.key);
+    if (!value.ok()) return value.status;
+    ReadValue(windows, *key.line, value.value);
   }
   if (windows.main.TxtSP_exe.text.get().empty()) windows.main.ChkSlipstream.value = 0;
   windows.main.ChkGet_Vexadisks.value = 1;  // every CD has the boot disks, even if the file says 0
+  return host::Status::Success();
 }
 
-void ReadVexaCDINI(forms::Windows& windows, util::Notes& notes, const std::string& file_name) {
-  ReadSession(windows, notes, file_name);
-  FillSetupDataToKeyFile(windows.win9x_info);
+host::Status ReadVexaCDINI(forms::Windows& windows, util::Notes& notes, const std::string& file_name) {
+  host::Status read = ReadSession(windows, notes, file_name);
+  if (!read.ok()) return read;
+  const std::string key_file = util::PathOf(util::Item::kWorkingKeyFile);
+  notes.Check(FillSetupDataToKeyFile(windows.win9x_info), key_file, "could not be written");
+  return read;
 }
 
 bool HoldsChoices(const std::string& file_name) {
   const std::vector<SessionKey> keys = SessionKeys();
   return std::any_of(keys.begin(), keys.end(), [&](const SessionKey& key) {
-    return host::ReadProfileValue(file_name, key.section, key.key).has_value();
+    return host::ReadProfileValue(file_name, key.section, key.key).value.has_value();
   });
 }
 
 void WriteVexaCDINI(forms::Windows& windows, util::Notes& notes) {
   forms::FrmDiscwright& main = windows.main;
-  LoadDialogs(windows);
+  LoadDialogs(windows, notes);
   if (!main.ChkSlipstream.checked()) main.TxtSP_exe.text = "";  // the next session must not offer an unused path
   const std::string file_name = util::PathOf(util::Item::kSession);
   notes.Check(host::WriteWholeFile(file_name, host::EncodeText(SessionText(windows))), file_name,

@@ -12,11 +12,12 @@ namespace discwright::settings {
 
 // Sets every control to its value in a session file. If a key is missing, its check box is cleared or its text is
 // emptied; the boot disks stay chosen. Loads both dialogs without showing them. Notes values that were cut at 99
-// characters. Writes nothing.
-void ReadSession(forms::Windows& windows, util::Notes& notes, const std::string& file_name);
+// characters. Writes nothing. Returns the failure when the file cannot be read; the controls after the value that
+// could not be read are then unchanged.
+host::Status ReadSession(forms::Windows& windows, util::Notes& notes, const std::string& file_name);
 
-// Calls ReadSession, then writes the answers for Windows 98/Me to "keyfile2.txt".
-void ReadVexaCDINI(forms::Windows& windows, util::Notes& notes, const std::string& file_name);
+// Calls ReadSession. If that succeeds, writes the answers for Windows 98/Me to "keyfile2.txt".
+host::Status ReadVexaCDINI(forms::Windows& windows, util::Notes& notes, const std::string& file_name);
 
 // Whether a file contains at least one key of a session. A file in UTF-16 is read as if it contained none.
 bool HoldsChoices(const std::string& file_name);

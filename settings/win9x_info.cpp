@@ -55,24 +55,28 @@ constexpr std::array<Answer, 4> kAnswers = {{{"NameAndOrg", "Name", "OwnerName"}
 
 }  // namespace
 
-void LoadWin9xInfo(forms::FrmWin9xInfo& dialog) {
+void LoadWin9xInfo(forms::FrmWin9xInfo& dialog, util::Notes& notes) {
   if (std::exchange(dialog.loaded, true)) return;
   // The file must exist in the program folder, but it is opened by its name without a folder. The system decides where
   // it looks for that name: on Windows the profile functions have a folder of their own, elsewhere it is the current
   // folder. Kept as it has always been.
-  if (util::FileExists(util::PathOf(util::Item::kWorkingKeyFile))) {
-    FillSetupDataFromKeyFile(dialog, "KeyFile2.txt");
-  } else if (util::FileExists(util::PathOf(util::Item::kBuildKeyFile))) {
-    FillSetupDataFromKeyFile(dialog, "KeyFile.txt");
+  if (util::FileExists(notes, util::PathOf(util::Item::kWorkingKeyFile))) {
+    FillSetupDataFromKeyFile(dialog, notes, "KeyFile2.txt");
+  } else if (util::FileExists(notes, util::PathOf(util::Item::kBuildKeyFile))) {
+    FillSetupDataFromKeyFile(dialog, notes, "KeyFile.txt");
   } else if (util::GetPlatformId() == kWindows9x) {
     FillSetupDataFromReg(dialog);
   }
 }
 
-void FillSetupDataFromKeyFile(forms::FrmWin9xInfo& dialog, const std::string& key_file) {
-  if (!util::FileExists(key_file)) return;
+void FillSetupDataFromKeyFile(forms::FrmWin9xInfo& dialog, util::Notes& notes, const std::string& key_file) {
+  if (!util::FileExists(notes, key_file)) return;
   const INIFile ini(key_file);
-  for (const Field& field : kFields) (dialog.*field.text_box).text = ini.GetINIKey(kWin9xSection, field.key);
+  for (const Field& field : kFields) {
+    const host::Result<std::string> value = ini.ReadINIKey(notes, kWin9xSection, field.key);
+    if (!value.ok()) return;
+    (dialog.*field.text_box).text = value.value;
+  }
 }
 
 void FillSetupDataFromReg(forms::FrmWin9xInfo& dialog) {
@@ -94,22 +98,24 @@ host::Status FillSetupDataToKeyFile(const forms::FrmWin9xInfo& dialog) {
 bool FillSetupDataFromKeyFileToMSBatch(util::Notes& notes, const std::string& KeyFile, const std::string& MSBatch) {
   // The CD can be made without an answer file, so a missing key file is not a failure.
   if (!CheckKeyFile(notes, KeyFile)) return true;
-  if (!DeleteAnswerFile(notes, MSBatch)) return false;
+  if (!util::RemoveIfExists(notes, MSBatch)) return false;
   const INIFile key_file(KeyFile);
   // FillKeyFile does not copy this key. With a new build copy the template is therefore that of Windows Me, whatever
   // the dialog says. Kept as it has always been; a value that was written to "keyfile.txt" by hand is used.
-  const bool is_98 = key_file.GetINIKey(notes, kWin9xSection, kOSTypeKey).find("98") != std::string::npos;
+  const host::Result<std::string> system = key_file.ReadINIKey(notes, kWin9xSection, kOSTypeKey);
+  if (!system.ok()) return false;
+  const bool is_98 = system.value.find("98") != std::string::npos;
   const std::string template_file = util::PathOf(is_98 ? util::Item::kWin98Template : util::Item::kWinMeTemplate);
   return WriteAnswerFile(notes, {MSBatch, template_file, key_file, kWin9xSection, kAnswers});
 }
 
-void BindWin9xInfo(forms::FrmWin9xInfo& dialog) {
-  dialog.CmdOK.click = [&dialog] { CmdOK_Click(dialog); };
+void BindWin9xInfo(forms::FrmWin9xInfo& dialog, util::Notes& notes) {
+  dialog.CmdOK.click = [&dialog, &notes] { CmdOK_Click(dialog, notes); };
   dialog.CmdCancel.click = [&dialog] { CmdCancel_Click(dialog); };
 }
 
-void CmdOK_Click(forms::FrmWin9xInfo& dialog) {
-  FillSetupDataToKeyFile(dialog);
+void CmdOK_Click(forms::FrmWin9xInfo& dialog, util::Notes& notes) {
+  notes.Check(FillSetupDataToKeyFile(dialog), util::PathOf(util::Item::kWorkingKeyFile), "could not be written");
   dialog.visible = false;
 }
 

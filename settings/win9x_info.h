@@ -12,10 +12,11 @@ namespace discwright::settings {
 
 // Fills the fields from a key file. If there is none, Windows 95, 98 and Me fill them from the registry; on all other
 // systems they keep their defaults. Does nothing if the dialog has been loaded in this run.
-void LoadWin9xInfo(forms::FrmWin9xInfo& dialog);
+void LoadWin9xInfo(forms::FrmWin9xInfo& dialog, util::Notes& notes);
 
-// Fills the fields from section Win9xInfo of the key file. Does nothing when the file cannot be opened.
-void FillSetupDataFromKeyFile(forms::FrmWin9xInfo& dialog, const std::string& key_file);
+// Fills the fields from section Win9xInfo of the key file. Does nothing when there is no such file. If the file cannot
+// be read, that is noted, and the fields that were not read yet keep their texts.
+void FillSetupDataFromKeyFile(forms::FrmWin9xInfo& dialog, util::Notes& notes, const std::string& key_file);
 
 // Fills the fields from the registry of the running Windows 95, 98 or Me. A missing value empties its field.
 void FillSetupDataFromReg(forms::FrmWin9xInfo& dialog);
@@ -29,10 +30,10 @@ host::Status FillSetupDataToKeyFile(const forms::FrmWin9xInfo& dialog);
 bool FillSetupDataFromKeyFileToMSBatch(util::Notes& notes, const std::string& KeyFile, const std::string& MSBatch);
 
 // Binds the two buttons to the handlers below.
-void BindWin9xInfo(forms::FrmWin9xInfo& dialog);
+void BindWin9xInfo(forms::FrmWin9xInfo& dialog, util::Notes& notes);
 
-// Writes the fields to "keyfile2.txt".
-void CmdOK_Click(forms::FrmWin9xInfo& dialog);
+// Writes the fields to "keyfile2.txt". A failure is noted.
+void CmdOK_Click(forms::FrmWin9xInfo& dialog, util::Notes& notes);
 // Writes nothing; edited fields keep their texts until the program ends.
 void CmdCancel_Click(forms::FrmWin9xInfo& dialog);
 

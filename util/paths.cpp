@@ -94,7 +94,20 @@ bool FolderExists(std::string_view path) {
 
 bool FileExists(std::string_view path) {
   const std::string file = NamedFile(path);
-  return file.find('*') == std::string::npos ? host::CanRead(file) : AnyMatch(file);
+  return file.find('*') == std::string::npos ? host::CheckReadable(file).ok() : AnyMatch(file);
+}
+
+bool FileExists(Notes& notes, std::string_view path) {
+  const std::string file = NamedFile(path);
+  const host::Status status = host::CheckReadable(file);
+  const bool is_no_file = status.error == host::ErrorClass::kNotFound || status.error == host::ErrorClass::kWrongKind;
+  return !is_no_file && notes.Check(status, file, "could not be opened");
+}
+
+bool RemoveIfExists(Notes& notes, const std::string& file) {
+  host::ClearAttributes(file);  // if this fails, RemoveFile fails too, and its status gives the reason
+  const host::Status removed = host::RemoveFile(file);
+  return removed.error == host::ErrorClass::kNotFound || notes.Check(removed, file, "could not be deleted");
 }
 
 bool MakePath(std::string_view path) {

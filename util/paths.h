@@ -47,7 +47,15 @@ bool FolderExists(std::string_view path);  // false for an empty or blank path, 
 // for a folder without a wildcard. See NamedFile for quotes and blanks.
 bool FileExists(std::string_view path);
 
+// The same for steps that go on without the file when there is none. It notes a file that exists but cannot be opened,
+// so that this is not mistaken for a missing file. `path` has no wildcard.
+bool FileExists(Notes& notes, std::string_view path);
+
 bool MakePath(std::string_view path);  // creates every missing folder of the path
+
+// Deletes a file, even a read-only one. A missing file counts as deleted. Returns false, with a note, when the file
+// could not be deleted.
+bool RemoveIfExists(Notes& notes, const std::string& file);
 
 // Deletes a folder with everything in it, including read-only, hidden and system files. Links are deleted, their
 // targets are not. Returns true when the folder does not exist afterwards. Notes what could not be deleted, if `notes`

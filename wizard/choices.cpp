@@ -86,11 +86,12 @@ std::string NoSuchControl(Windows& windows, const std::string& name) {
 }
 
 // Filling in the script later would replace the answers that are chosen beside it.
-void FillFromChosenScript(Windows& windows, std::span<const Choice> choices) {
+void FillFromChosenScript(steps::Context& context, std::span<const Choice> choices) {
+  Windows& windows = context.windows;
   for (const Choice& choice : choices) {
     const std::vector<Control*> found = forms::FindControls(windows, choice.control);
     if (found != std::vector<Control*>{&windows.win2k_info.TxtTemplate}) continue;
-    settings::FillSetupDataFromUnattend(windows.win2k_info, util::StripQuotes(choice.value));
+    settings::FillSetupDataFromUnattend(windows.win2k_info, context.notes, util::StripQuotes(choice.value));
   }
 }
 
@@ -193,9 +194,10 @@ FoundControl FindControl(Windows& windows, const std::string& name) {
 
 std::string Choose(steps::Context& context, std::span<const Choice> choices) {
   Windows& windows = context.windows;
-  settings::LoadWin2KInfo(windows.win2k_info);  // loading the dialogs later would replace the chosen answers
-  settings::LoadWin9xInfo(windows.win9x_info);
-  FillFromChosenScript(windows, choices);
+  settings::LoadWin2KInfo(windows.win2k_info,
+                          context.notes);  // loading the dialogs later would replace the chosen answers
+  settings::LoadWin9xInfo(windows.win9x_info, context.notes);
+  FillFromChosenScript(context, choices);
   for (const Choice& choice : choices) {
     const FoundControl found = FindControl(windows, choice.control);
     if (found.control == nullptr) return found.why_not;

@@ -27,14 +27,14 @@ void RunDialog(forms::Form& dialog, forms::Form& owner, host::UserInterface& use
 
 void BindDialogs(steps::Context& context) {
   forms::Windows& windows = context.windows;
-  settings::BindWin2KInfo(windows.win2k_info, context.user);
-  settings::BindWin9xInfo(windows.win9x_info);
+  settings::BindWin2KInfo(windows.win2k_info, context.user, context.notes);
+  settings::BindWin9xInfo(windows.win9x_info, context.notes);
   windows.main.CmdSetWin2KInfo.click = [&context] {
-    settings::LoadWin2KInfo(context.windows.win2k_info);
+    settings::LoadWin2KInfo(context.windows.win2k_info, context.notes);
     RunDialog(context.windows.win2k_info, context.main(), context.user);
   };
   windows.main.CmdSetWin9xInfo.click = [&context] {
-    settings::LoadWin9xInfo(context.windows.win9x_info);
+    settings::LoadWin9xInfo(context.windows.win9x_info, context.notes);
     RunDialog(context.windows.win9x_info, context.main(), context.user);
   };
   CloseByCancel(windows.win2k_info);

@@ -71,13 +71,15 @@ forms::Subscription Bind(steps::Context& context) {
   return KeepRules(context.windows);
 }
 
-void Form_Load(steps::Context& context, const std::string& session_file) {
-  if (util::FileExists(session_file)) {
-    settings::ReadVexaCDINI(context.windows, context.notes, session_file);
+host::Status Form_Load(steps::Context& context, const std::string& session_file) {
+  host::Status read;
+  if (util::FileExists(context.notes, session_file)) {
+    read = settings::ReadVexaCDINI(context.windows, context.notes, session_file);
   } else {
     FillStartDefaults(context.main());
   }
   context.main().visible = true;
+  return read;
 }
 
 void CmdNext_Click(steps::Context& context) {

@@ -13,8 +13,8 @@ namespace discwright::wizard {
 [[nodiscard]] forms::Subscription Bind(steps::Context& context);
 
 // Reads the session file and shows the window. If there is no such file, the default locations on drive C: are replaced
-// on systems without that drive.
-void Form_Load(steps::Context& context, const std::string& session_file);
+// on systems without that drive. Returns the failure when the session file exists but cannot be read.
+host::Status Form_Load(steps::Context& context, const std::string& session_file);
 
 void CmdNext_Click(steps::Context& context);
 void CmdBack_Click(steps::Context& context);

@@ -77,9 +77,11 @@ bool ChoosesPassword(forms::Windows& windows, const Options& options) {
 // would be lost silently. The program's own file is only checked for being a session.
 std::string WhyNoSession(const std::string& session, const Options& options) {
   const std::string shown = options.session.empty() ? host::PathToNative(session) : options.session;
-  if (!host::CanRead(session)) {
-    return options.session.empty() ? "" : shown + ": there is no such session file, or it cannot be read";
+  const host::Status readable = host::CheckReadable(session);
+  if (readable.error == host::ErrorClass::kNotFound) {
+    return options.session.empty() ? "" : shown + ": there is no such session file";
   }
+  if (!readable.ok()) return shown + ": the session file cannot be read: " + readable.cause;
   if (!settings::HoldsChoices(session)) {
     return shown + ": no choice of a session can be read from it; please save it as plain text";
   }
@@ -124,9 +126,8 @@ std::vector<std::string> OwnFiles(const std::string& session, const Options& opt
   return files;
 }
 
-// Why the file `path` must not be replaced. A file that this run needs is never replaced, a file of another kind only
-// with
-// --force.
+// Why the file `path` must not be replaced. A file that this run needs is never replaced. A file of another kind is
+// replaced only with --force.
 std::string WhyNotReplaced(const std::string& path, bool is_other_kind, const std::string& session,
                            const Options& options) {
   const std::string shown = host::PathToNative(path);
@@ -145,7 +146,9 @@ std::string WhyNotWritten(const steps::Context& context, const std::string& sess
   if (!why.empty() || options.save_session.empty()) return why;
   const std::string kept = host::PathFromNative(options.save_session);
   if (IsOneFile(kept, session)) return "";  // saving over the session that was loaded is allowed
-  const bool is_other_kind = host::CanRead(kept) && !settings::HoldsChoices(kept);
+  const host::ErrorClass error = host::CheckReadable(kept).error;
+  const bool is_file = error != host::ErrorClass::kNotFound && error != host::ErrorClass::kWrongKind;
+  const bool is_other_kind = is_file && !settings::HoldsChoices(kept);
   why = WhyNotReplaced(kept, is_other_kind, session, options);
   return why.empty() && IsOneFile(kept, image)
              ? host::PathToNative(kept) + " is the name of the image: choose another name for the session"
@@ -257,10 +260,11 @@ int RunBuild(steps::Context& context, Terminal& terminal, const Options& options
       return kExitFailed;
     }
   }
-  const bool has_session = host::CanRead(session);
+  const bool has_session = host::CheckReadable(session).ok();
   // Listing the controls must write nothing into the program folder, because a build may be running there.
-  wizard::Form_Load(context, options.controls ? "" : session);
-  if (options.controls && has_session) settings::ReadSession(context.windows, context.notes, session);
+  host::Status read = wizard::Form_Load(context, options.controls ? "" : session);
+  if (options.controls && has_session) read = settings::ReadSession(context.windows, context.notes, session);
+  if (!read.ok()) return UsageError(terminal, host::PathToNative(session) + ": could not be read: " + read.cause);
   problem = ApplyOptions(context, options);
   if (!problem.empty()) return UsageError(terminal, problem);
   if (options.controls) return ListControls(context.windows, terminal, *options.controls);

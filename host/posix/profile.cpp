@@ -3,7 +3,7 @@
 
 namespace discwright::host {
 
-std::optional<std::string> ReadProfileValue(std::string_view file, std::string_view section, std::string_view key) {
+ProfileValue ReadProfileValue(std::string_view file, std::string_view section, std::string_view key) {
   return ReadTextProfile(file, section, key);
 }
 

@@ -120,7 +120,7 @@ Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode m
   return WrapBinaryFile(std::move(file.fd));
 }
 
-bool CanRead(std::string_view path) { return OpenRegular(RealPath(path), O_RDONLY).status.ok(); }
+Status CheckReadable(std::string_view path) { return OpenRegular(RealPath(path), O_RDONLY).status; }
 
 Result<std::string> ReadWholeFile(std::string_view path) {
   const RegularFile file = OpenRegular(RealPath(path), O_RDONLY);

@@ -64,18 +64,18 @@ class OpenKey {
 
 }  // namespace
 
-std::optional<std::string> ReadProfileValue(std::string_view file_name, std::string_view section,
-                                            std::string_view key) {
+ProfileValue ReadProfileValue(std::string_view file_name, std::string_view section, std::string_view key) {
   const std::string file = PlaceOf(file_name);
   const Result<std::string> bytes = ReadWholeFile(file);
-  if (!bytes.ok()) return std::nullopt;
+  if (bytes.status.error == ErrorClass::kNotFound) return ProfileValue();
+  if (!bytes.ok()) return bytes.status;
   const std::optional<NativeKey> native = ToNative(file, section, key);
   if (!native || base::IsUtf8File(bytes.value)) return ReadTextProfile(file, section, key);
   DropKeptProfile(native->file);
   std::string value(bytes.value.size() + 3, '\0');  // no value is longer; and room for the default
   value.resize(GetPrivateProfileStringA(native->section.c_str(), native->key.c_str(), kNoValue, value.data(),
                                         static_cast<DWORD>(value.size()), native->file.c_str()));
-  return value == kNoValue ? std::nullopt : std::optional(TextOfCodePage(value));
+  return value == kNoValue ? ProfileValue() : ProfileValue(TextOfCodePage(value));
 }
 
 Status WriteProfileValue(std::string_view file_name, std::string_view section, std::string_view key,

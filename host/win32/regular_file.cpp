@@ -127,8 +127,8 @@ Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode m
   return WrapBinaryFile(std::move(file.handle));
 }
 
-bool CanRead(std::string_view path) {
-  return OpenRegular(AnsiPath(path), GENERIC_READ, OPEN_EXISTING, ShareEverything()).status.ok();
+Status CheckReadable(std::string_view path) {
+  return OpenRegular(AnsiPath(path), GENERIC_READ, OPEN_EXISTING, ShareEverything()).status;
 }
 
 Result<std::string> ReadWholeFile(std::string_view path) {

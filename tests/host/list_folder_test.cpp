@@ -89,11 +89,11 @@ TEST(Look, MissingPath_IsNothing) {
   EXPECT_FALSE(Look("").has_value());
 }
 
-TEST(CanRead, OnlyFiles) {
+TEST(CheckReadable, OnlyFiles) {
   const TempFolder folder;
   folder.Write("File", "");
-  EXPECT_TRUE(CanRead(folder.Core("FILE")));
-  for (const char* name : {"", "missing"}) EXPECT_FALSE(CanRead(folder.Core(name))) << name;
+  EXPECT_TRUE(CheckReadable(folder.Core("FILE")).ok());
+  for (const char* name : {"", "missing"}) EXPECT_FALSE(CheckReadable(folder.Core(name)).ok()) << name;
 }
 
 }  // namespace

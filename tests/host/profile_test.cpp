@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "tests/host/temp_folder.h"
 
 namespace discwright::host {
@@ -16,8 +18,26 @@ TEST(ProfileOfAnySystem, PairOfEitherQuotesAroundAValue_IsTaken) {
       {"'x\"", "'x\""},       {"\"x'", "\"x'"}, {"x\"", "x\""},     {"it's", "it's"},   {"\"a\" b \"c\"", "a\" b \"c"}};
   for (const auto& [stored, read] : values) {
     folder.Write("test.ini", std::string("[a]\r\nk=") + stored + "\r\n");
-    EXPECT_EQ(ReadProfileValue(folder.Core("test.ini"), "a", "k"), read) << stored;
+    EXPECT_EQ(ReadProfileValue(folder.Core("test.ini"), "a", "k").value, read) << stored;
   }
+}
+
+TEST(ProfileOfAnySystem, MissingFileSectionOrKey_IsNoValueAndNoFailure) {
+  const testing::TempFolder folder;
+  folder.Write("test.ini", "[a]\r\nk=1\r\n");
+  for (const auto& [file, section, key] :
+       {std::array{"none.ini", "a", "k"}, std::array{"test.ini", "b", "k"}, std::array{"test.ini", "a", "l"}}) {
+    const ProfileValue read = ReadProfileValue(folder.Core(file), section, key);
+    EXPECT_TRUE(read.ok()) << file << section << key;
+    EXPECT_EQ(read.value, std::nullopt) << file << section << key;
+  }
+}
+
+TEST(ProfileOfAnySystem, FileThatCannotBeRead_IsAFailure) {
+  const testing::TempFolder folder;
+  folder.MakeFolder("test.ini");
+  EXPECT_EQ(ReadProfileValue(folder.Core("test.ini"), "a", "k").status.error, ErrorClass::kWrongKind);
+  EXPECT_EQ(ReadTextProfile(folder.Core("test.ini"), "a", "k").status.error, ErrorClass::kWrongKind);
 }
 
 TEST(ProfileOfAnySystem, ValueInQuotes_IsWrittenWithThem) {

@@ -44,6 +44,13 @@ TEST_F(AddWin9xTest, CabinetOf98_GoesToWin98) {
   EXPECT_EQ(OnCd("WIN98\\BASE4.CAB"), "cabinet");
 }
 
+TEST_F(AddWin9xTest, CabinetThatCannotBeOpened_IsNoted) {
+  host.AddFile("D:\\setup\\BASE4.CAB", "cabinet");
+  host.FailOn("CheckReadable", "base4.cab", host::ErrorClass::kNotReady, "the disc is scratched");
+  Add();
+  EXPECT_THAT(Notes(), HasSubstr("D:\\setup\\base4.cab: could not be opened: the disc is scratched"));
+}
+
 TEST_F(AddWin9xTest, CabinetOfMe_GoesToWinme) {
   host.AddFile("D:\\setup\\BASE2.CAB", "cabinet");
   Add();

@@ -134,7 +134,6 @@ TEST_F(BootDisks, FolderOrStaleImageThatTheSystemProtects_IsNotedWithTheCause) {
   const std::string folder = "C:\\Discwright\\vexacd\\boot\\images\\";
   const std::vector<std::array<std::string, 3>> failures = {
       {"MakeFolders", folder, folder + ": could not be created: refused"},
-      {"ClearAttributes", "vexastart.img", folder + "vexastart.img: could not be made writable: refused"},
       {"RemoveFile", "vexastart.img", folder + "vexastart.img: could not be deleted: refused"}};
   for (const auto& [function, path, note] : failures) {
     host.AddFile(folder + "vexastart.img", "old");

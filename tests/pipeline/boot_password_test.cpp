@@ -89,6 +89,27 @@ TEST_F(BootPassword, ScriptThatHasThePasswordAlready_IsNotNoted) {
   EXPECT_THAT(notes.all(), IsEmpty());
 }
 
+TEST_F(BootPassword, AnyCallThatFailsOnce_IsNotedOrTheMenuIsProtected) {
+  for (int number = 0;; ++number) {
+    notes = {};
+    host.AddFile(kScript, kTemplate);
+    host.FailCall(number);
+    const std::string script = Protect("x", "x");
+    if (host.FailedCall().empty()) break;
+    EXPECT_TRUE(script == Protected("x") || !notes.all().empty()) << host.FailedCall();
+  }
+}
+
+TEST_F(BootPassword, ScriptThatCannotBeReadAgain_IsNotedWithTheCause) {
+  host.AddFile(kScript, "Show\r\n");
+  host.FailOn("ReadWholeFile", "main.cds", host::ErrorClass::kNotReady, "the disk is gone");
+  Protect("x", "x");
+  ASSERT_FALSE(notes.all().empty());
+  EXPECT_EQ(notes.all().back().place, kScript);
+  EXPECT_EQ(notes.all().back().cause,
+            "could not be read, so the boot menu may not be protected by a password: the disk is gone");
+}
+
 TEST_F(BootPassword, MissingScript_IsNoted) {
   host.nodes.erase(discwright::testing::FakeHost::Key(kScript));
   Protect("x", "x");

@@ -179,7 +179,7 @@ TEST_F(AnswerFileTest, ReadOnlyOldFile_IsReplaced) {
 TEST_F(AnswerFileTest, AnswerFile_IsWrittenOnce) {
   host.AddFile(kKeyFile, kWin2KKeys);
   EXPECT_TRUE(FillSetupDataFromKeyFileToUnattend(notes, kKeyFile, kUnattend));
-  EXPECT_THAT(host.calls, ElementsAre("WriteWholeFile " + kUnattend));
+  EXPECT_THAT(host.calls, ElementsAre("RemoveFile " + kUnattend, "WriteWholeFile " + kUnattend));
 }
 
 TEST_F(AnswerFileTest, ValuesWithUmlauts_AreWindows1252) {
@@ -313,8 +313,8 @@ TEST_F(AnswerFileTest, HardValues_SurviveTheWayFromBothDialogs) {
                                 &win9x.TxtOrg, &win9x.TxtPCName, &win9x.TxtWorkgroup}) {
       box->text = value;
     }
-    CmdOK_Click(win2k);
-    CmdOK_Click(win9x);
+    CmdOK_Click(win2k, notes);
+    CmdOK_Click(win9x, notes);
     FillKeyFile(notes, {.AddInfo_toWin9xSetup = true, .AddInfo_toWin2KSetup = true});
     EXPECT_TRUE(FillSetupDataFromKeyFileToUnattend(notes, kKeyFile, kUnattend));
     EXPECT_TRUE(FillSetupDataFromKeyFileToMSBatch(notes, kKeyFile, kBatch));
@@ -361,6 +361,29 @@ INSTANTIATE_TEST_SUITE_P(AnswerFile, AnswerFileFailures,
                                            Failure{"WriteWholeFile", "C:\\cd\\", "could not be written"},
                                            Failure{"ReadWholeFile", "keyfile.txt", "could not be read"},
                                            Failure{"ReadWholeFile", "inf_files", "could not be read"}));
+
+// A read that fails must not look like an empty answer, or like another choice of the user.
+TEST_F(AnswerFileTest, AnyCallThatFailsOnce_IsNotedOrChangesNothing) {
+  host.AddFile(kKeyFile, kWin2KKeys + "[Win9xInfo]\r\nOwnerName=Ann\r\nOptimizedFor=Microsoft Windows 98\r\n");
+  host.AddFile(kUnattend, "old");
+  host.AddFile(kBatch, "old");
+  const auto nodes = host.nodes;
+  for (const auto& [fill, file] : {std::pair(&FillSetupDataFromKeyFileToUnattend, kUnattend),
+                                   std::pair(&FillSetupDataFromKeyFileToMSBatch, kBatch)}) {
+    host.nodes = nodes;
+    host.FailCall(-1);
+    ASSERT_TRUE(fill(notes, kKeyFile, file));
+    const std::string undisturbed = host.Content(file);
+    for (int number = 0;; ++number) {
+      host.nodes = nodes;
+      notes = {};
+      host.FailCall(number);
+      fill(notes, kKeyFile, file);
+      if (host.FailedCall().empty()) break;
+      EXPECT_TRUE(host.Content(file) == undisturbed || !notes.all().empty()) << host.FailedCall();
+    }
+  }
+}
 
 TEST_F(AnswerFileTest, MissingTemplate_IsNotedAndLeavesNoAnswerFile) {
   host.AddFile(kKeyFile, kWin2KKeys);

@@ -20,7 +20,7 @@ class INIFileTest : public ::testing::Test {
 
   bool IsCut(std::string_view section, std::string_view key) const {
     util::Notes notes;
-    EXPECT_EQ(ini.GetINIKey(notes, section, key), ini.GetINIKey(section, key));
+    EXPECT_EQ(ini.ReadINIKey(notes, section, key).value, ini.GetINIKey(section, key));
     return !notes.all().empty();
   }
 
@@ -60,6 +60,25 @@ TEST_F(INIFileTest, UnreadableFile_ReadsEmpty) {
   host.AddFile(kFile, "[a]\r\nk=1\r\n");
   host.FailOn("ReadWholeFile", "test.ini", host::ErrorClass::kAccessDenied);
   EXPECT_EQ(ini.GetINIKey("a", "k"), "");
+}
+
+TEST_F(INIFileTest, ReadINIKeyOfAnUnreadableFile_IsAFailureAndNoted) {
+  util::Notes notes;
+  host.AddFile(kFile, "[a]\r\nk=1\r\n");
+  host.FailOn("ReadWholeFile", "test.ini", host::ErrorClass::kNotReady, "the disk is gone");
+  EXPECT_EQ(ini.ReadINIKey(notes, "a", "k").status.error, host::ErrorClass::kNotReady);
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(notes.all()[0].place, kFile);
+  EXPECT_EQ(notes.all()[0].cause, "could not be read: the disk is gone");
+}
+
+TEST_F(INIFileTest, ReadINIKeyOfAMissingFileOrKey_IsEmptyAndNotNoted) {
+  util::Notes notes;
+  EXPECT_TRUE(ini.ReadINIKey(notes, "a", "k").ok());
+  host.AddFile(kFile, "[a]\r\nl=1\r\n");
+  EXPECT_TRUE(ini.ReadINIKey(notes, "a", "k").ok());
+  EXPECT_EQ(ini.ReadINIKey(notes, "a", "k").value, "");
+  EXPECT_TRUE(notes.all().empty());
 }
 
 TEST_F(INIFileTest, ValueOf120Characters_IsCutAt99) {

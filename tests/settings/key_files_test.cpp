@@ -114,6 +114,21 @@ TEST_F(FillKeyFileTest, WorkingStoreThatCannotBeRead_IsNotedAndLeavesTheBuildCop
   EXPECT_EQ(host.Content(kBuild), kWin9xCopied);
 }
 
+TEST_F(FillKeyFileTest, AnyCallThatFailsOnce_IsNotedAndEmptiesNoValue) {
+  host.AddFile(kWorking, kWin9xKeys);
+  const auto nodes = host.nodes;
+  for (int number = 0;; ++number) {
+    host.nodes = nodes;
+    host.AddFile(kBuild, kWin9xCopied);
+    notes = {};
+    host.FailCall(number);
+    FillKeyFile(notes, {.AddInfo_toWin9xSetup = true});
+    if (host.FailedCall().empty()) break;
+    EXPECT_THAT(notes.all(), SizeIs(1)) << host.FailedCall();
+    EXPECT_EQ(host.Content(kBuild), kWin9xCopied) << host.FailedCall();
+  }
+}
+
 TEST_F(FillKeyFileTest, ValueLongerThan99Characters_ArrivesCutAndIsNoted) {
   host.AddFile(kWorking, "[Win9xInfo]\r\nOwnerName=" + std::string(120, 'x') + "\r\n");
   FillKeyFile(notes, {.AddInfo_toWin9xSetup = true});

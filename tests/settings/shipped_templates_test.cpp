@@ -160,7 +160,8 @@ TEST(ShippedWin2KTemplate, DialogThatOpensWithIt_ShowsItsDefaults) {
   for (forms::TextBox* box : {&dialog.TxtOwner, &dialog.TxtOrg, &dialog.TxtPCName, &dialog.TxtWorkgroup}) {
     box->text = "before";
   }
-  LoadWin2KInfo(dialog);
+  util::Notes notes;
+  LoadWin2KInfo(dialog, notes);
   EXPECT_EQ(dialog.TxtTemplate.text.get(), place);
   EXPECT_EQ(dialog.TxtOwner.text.get(), designed.TxtOwner.text.get());
   EXPECT_EQ(dialog.TxtOrg.text.get(), designed.TxtOrg.text.get());

@@ -8,6 +8,7 @@
 #include "settings/ini_file.h"
 #include "tests/support/fake_host.h"
 #include "tests/support/fake_user.h"
+#include "util/notes.h"
 
 namespace discwright::settings {
 namespace {
@@ -19,6 +20,7 @@ class Win2KInfoTest : public ::testing::Test {
  protected:
   testing::FakeHost host;
   testing::FakeUser user;
+  util::Notes notes;
   forms::FrmWin2KInfo dialog;
 
   void ExpectChoice(bool domain, const std::string& name) {
@@ -29,13 +31,37 @@ class Win2KInfoTest : public ::testing::Test {
 
   void FillFromScript(const std::string& text) {
     host.AddFile("C:\\script.txt", text);
-    FillSetupDataFromUnattend(dialog, "C:\\script.txt");
+    FillSetupDataFromUnattend(dialog, notes, "C:\\script.txt");
   }
 };
 
+TEST_F(Win2KInfoTest, ScriptOrKeyFileThatCannotBeRead_IsNotedAndTheFieldsKeepTheirTexts) {
+  host.AddFile("C:\\script.txt", kUserData);
+  host.AddFile("C:\\keys.txt", "[Win2KInfo]\r\nOwnerName=Ann\r\nJoinDomain=True\r\n");
+  dialog.TxtOwner.text = "before";
+  for (const char* call : {"CheckReadable", "ReadWholeFile"}) {
+    notes = {};
+    host.FailOn(call, "", host::ErrorClass::kNotReady, "the disk is gone", 1);
+    FillSetupDataFromUnattend(dialog, notes, "C:\\script.txt");
+    host.FailOn(call, "", host::ErrorClass::kNotReady, "the disk is gone", 1);
+    FillSetupDataFromKeyFile(dialog, notes, "C:\\keys.txt");
+    ASSERT_EQ(notes.all().size(), 2U) << call;
+    EXPECT_EQ(notes.all()[0].place, "C:\\script.txt");
+    EXPECT_EQ(notes.all()[1].place, "C:\\keys.txt");
+    EXPECT_EQ(dialog.TxtOwner.text.get(), "before");
+  }
+}
+
+TEST_F(Win2KInfoTest, AnswersThatCannotBeSaved_AreNoted) {
+  host.FailOn("WriteWholeFile", "keyfile2.txt", host::ErrorClass::kDiskFull, "No space left on device");
+  CmdOK_Click(dialog, notes);
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(notes.all()[0].cause, "could not be written: No space left on device");
+}
+
 TEST_F(Win2KInfoTest, LoadWithoutScript_TakesTheTemplateOfTheProgramFolder) {
   host.AddFile(kTemplate, kUserData + "[Identification]\r\nJoinWorkgroup=GROUP\r\n");
-  LoadWin2KInfo(dialog);
+  LoadWin2KInfo(dialog, notes);
   EXPECT_EQ(dialog.TxtTemplate.text.get(), kTemplate);
   EXPECT_EQ(dialog.TxtOwner.text.get(), "Ann Lee");
   EXPECT_EQ(dialog.TxtOrg.text.get(), "Acme");
@@ -47,7 +73,7 @@ TEST_F(Win2KInfoTest, LoadWithExistingScript_KeepsIt) {
   host.AddFile(kTemplate, kUserData);
   host.AddFile("D:\\mine.sif", "[UserData]\r\nFullName=Bob\r\n");
   dialog.TxtTemplate.text = "D:\\mine.sif";
-  LoadWin2KInfo(dialog);
+  LoadWin2KInfo(dialog, notes);
   EXPECT_EQ(dialog.TxtTemplate.text.get(), "D:\\mine.sif");
   EXPECT_EQ(dialog.TxtOwner.text.get(), "Bob");
 }
@@ -55,13 +81,13 @@ TEST_F(Win2KInfoTest, LoadWithExistingScript_KeepsIt) {
 TEST_F(Win2KInfoTest, LoadWithScriptThatIsGone_FallsBackToTheTemplate) {
   host.AddFile(kTemplate, kUserData);
   dialog.TxtTemplate.text = "D:\\gone.sif";
-  LoadWin2KInfo(dialog);
+  LoadWin2KInfo(dialog, notes);
   EXPECT_EQ(dialog.TxtTemplate.text.get(), kTemplate);
   EXPECT_EQ(dialog.TxtOwner.text.get(), "Ann Lee");
 }
 
 TEST_F(Win2KInfoTest, LoadWithoutTheTemplateFile_KeepsTheOtherDefaults) {
-  LoadWin2KInfo(dialog);
+  LoadWin2KInfo(dialog, notes);
   EXPECT_EQ(dialog.TxtTemplate.text.get(), kTemplate);
   EXPECT_EQ(dialog.TxtOwner.text.get(), "VexaUser");
   EXPECT_EQ(dialog.TxtOrg.text.get(), "KORVANE LTD.");
@@ -71,20 +97,20 @@ TEST_F(Win2KInfoTest, LoadWithoutTheTemplateFile_KeepsTheOtherDefaults) {
 TEST_F(Win2KInfoTest, LoadWithKeyFiles_DoesNotLookAtThem) {
   host.current_folder = host.program_folder;
   host.AddFile("C:\\Discwright\\keyfile2.txt", "[Win2KInfo]\r\nOwnerName=Bob\r\n");
-  LoadWin2KInfo(dialog);
+  LoadWin2KInfo(dialog, notes);
   EXPECT_EQ(dialog.TxtOwner.text.get(), "VexaUser");
 }
 
 TEST_F(Win2KInfoTest, SecondLoad_ChangesNothing) {
   host.AddFile(kTemplate, kUserData);
-  LoadWin2KInfo(dialog);
+  LoadWin2KInfo(dialog, notes);
   dialog.TxtOwner.text = "Bob";
-  LoadWin2KInfo(dialog);
+  LoadWin2KInfo(dialog, notes);
   EXPECT_EQ(dialog.TxtOwner.text.get(), "Bob");
 }
 
 TEST_F(Win2KInfoTest, MissingScript_ChangesNothing) {
-  FillSetupDataFromUnattend(dialog, "C:\\none.txt");
+  FillSetupDataFromUnattend(dialog, notes, "C:\\none.txt");
   EXPECT_EQ(dialog.TxtOwner.text.get(), "VexaUser");
   ExpectChoice(false, "KORVANE_LTD");
 }
@@ -138,7 +164,7 @@ TEST_F(Win2KInfoTest, WrittenKeyFile_ReadsBack) {
     dialog.OptJoinDomain.value = domain;
     FillSetupDataToKeyFile(dialog, "C:\\keys.txt");
     forms::FrmWin2KInfo other;
-    FillSetupDataFromKeyFile(other, "C:\\keys.txt");
+    FillSetupDataFromKeyFile(other, notes, "C:\\keys.txt");
     EXPECT_EQ(other.TxtOwner.text.get(), "Jürgen");
     EXPECT_EQ(other.TxtWorkgroup.text.get(), "NAME");
     EXPECT_EQ(other.OptJoinDomain.value, domain);
@@ -149,7 +175,7 @@ TEST_F(Win2KInfoTest, WrittenKeyFile_ReadsBack) {
 TEST_F(Win2KInfoTest, Browse_AsksWithTheDialogsOwnDataAndReadsTheChosenScript) {
   host.AddFile("D:\\mine.sif", kUserData + "[Identification]\r\nJoinDomain=CORP\r\n");
   user.file_answer = "D:\\mine.sif";
-  BindWin2KInfo(dialog, user);
+  BindWin2KInfo(dialog, user, notes);
   forms::Press(dialog.CmdBrwUnattend);
   EXPECT_THAT(user.asked, ::testing::ElementsAre("Unattended setup information file <unattend.txt>"));
   EXPECT_THAT(user.file_filters, ::testing::ElementsAre("Text file (*.txt; *.sif)|*.txt; *.sif"));
@@ -163,14 +189,14 @@ TEST_F(Win2KInfoTest, Browse_AsksWithTheDialogsOwnDataAndReadsTheChosenScript) {
 TEST_F(Win2KInfoTest, BrowseCancelled_ChangesNothing) {
   host.AddFile("D:\\mine.sif", kUserData);
   dialog.TxtTemplate.text = "D:\\mine.sif";
-  CmdBrwUnattend_Click(dialog, user);
+  CmdBrwUnattend_Click(dialog, user, notes);
   EXPECT_EQ(dialog.TxtTemplate.text.get(), "D:\\mine.sif");
   EXPECT_EQ(dialog.TxtOwner.text.get(), "VexaUser");
   ExpectChoice(false, "KORVANE_LTD");
 }
 
 TEST_F(Win2KInfoTest, OK_SavesTheFieldsAndHidesTheDialog) {
-  BindWin2KInfo(dialog, user);
+  BindWin2KInfo(dialog, user, notes);
   dialog.visible = true;
   dialog.TxtPCName.text = "PC";
   forms::Press(dialog.CmdOK);
@@ -179,19 +205,19 @@ TEST_F(Win2KInfoTest, OK_SavesTheFieldsAndHidesTheDialog) {
 }
 
 TEST_F(Win2KInfoTest, Cancel_HidesTheDialogSavesNothingAndKeepsTheTexts) {
-  BindWin2KInfo(dialog, user);
-  LoadWin2KInfo(dialog);
+  BindWin2KInfo(dialog, user, notes);
+  LoadWin2KInfo(dialog, notes);
   dialog.visible = true;
   dialog.TxtPCName.text = "PC";
   forms::Press(dialog.CmdCancel);
   EXPECT_FALSE(dialog.visible);
   EXPECT_TRUE(host.Files().empty());
-  LoadWin2KInfo(dialog);
+  LoadWin2KInfo(dialog, notes);
   EXPECT_EQ(dialog.TxtPCName.text.get(), "PC");
 }
 
 TEST_F(Win2KInfoTest, FillFromMissingKeyFile_ChangesNothing) {
-  FillSetupDataFromKeyFile(dialog, "C:\\none.txt");
+  FillSetupDataFromKeyFile(dialog, notes, "C:\\none.txt");
   EXPECT_EQ(dialog.TxtOwner.text.get(), "VexaUser");
 }
 

@@ -6,6 +6,7 @@
 #include "forms/user_actions.h"
 #include "settings/ini_file.h"
 #include "tests/support/fake_host.h"
+#include "util/notes.h"
 
 namespace discwright::settings {
 namespace {
@@ -17,6 +18,7 @@ const std::string kKeys =
 class Win9xInfoTest : public ::testing::Test {
  protected:
   testing::FakeHost host;
+  util::Notes notes;
   forms::FrmWin9xInfo dialog;
 
   void ExpectDefaults() {
@@ -28,15 +30,34 @@ class Win9xInfoTest : public ::testing::Test {
   }
 };
 
+TEST_F(Win9xInfoTest, KeyFileThatCannotBeRead_IsNotedAndTheFieldsKeepTheirTexts) {
+  host.AddFile("C:\\keys.txt", kKeys);
+  for (const char* call : {"CheckReadable", "ReadWholeFile"}) {
+    notes = {};
+    host.FailOn(call, "keys.txt", host::ErrorClass::kNotReady, "the disk is gone", 1);
+    FillSetupDataFromKeyFile(dialog, notes, "C:\\keys.txt");
+    ASSERT_EQ(notes.all().size(), 1U) << call;
+    EXPECT_EQ(notes.all()[0].place, "C:\\keys.txt");
+    ExpectDefaults();
+  }
+}
+
+TEST_F(Win9xInfoTest, AnswersThatCannotBeSaved_AreNoted) {
+  host.FailOn("WriteWholeFile", "keyfile2.txt", host::ErrorClass::kDiskFull, "No space left on device");
+  CmdOK_Click(dialog, notes);
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(notes.all()[0].cause, "could not be written: No space left on device");
+}
+
 TEST_F(Win9xInfoTest, LoadWithoutKeyFiles_KeepsTheDefaults) {
-  LoadWin9xInfo(dialog);
+  LoadWin9xInfo(dialog, notes);
   ExpectDefaults();
 }
 
 TEST_F(Win9xInfoTest, LoadWithWorkingKeyFile_ReadsTheBareNameInTheCurrentFolder) {
   host.AddFile("C:\\Discwright\\keyfile2.txt", "[Win9xInfo]\r\nOwnerName=not this one\r\n");
   host.AddFile("C:\\Current\\keyfile2.txt", kKeys);
-  LoadWin9xInfo(dialog);
+  LoadWin9xInfo(dialog, notes);
   EXPECT_EQ(dialog.TxtOwner.text.get(), "Ann");
   EXPECT_EQ(dialog.TxtOrg.text.get(), "Acme");
   EXPECT_EQ(dialog.TxtOSType.text.get(), "Microsoft Windows Millennium");
@@ -47,13 +68,13 @@ TEST_F(Win9xInfoTest, LoadWithWorkingKeyFile_ReadsTheBareNameInTheCurrentFolder)
 TEST_F(Win9xInfoTest, LoadWithKeyFilesInTheProgramFolderOnly_KeepsTheDefaults) {
   host.AddFile("C:\\Discwright\\keyfile2.txt", kKeys);
   host.AddFile("C:\\Discwright\\keyfile.txt", kKeys);
-  LoadWin9xInfo(dialog);
+  LoadWin9xInfo(dialog, notes);
   ExpectDefaults();
 }
 
 TEST_F(Win9xInfoTest, LoadWithKeyFilesInTheCurrentFolderOnly_KeepsTheDefaults) {
   host.AddFile("C:\\Current\\keyfile2.txt", kKeys);
-  LoadWin9xInfo(dialog);
+  LoadWin9xInfo(dialog, notes);
   ExpectDefaults();
 }
 
@@ -61,14 +82,14 @@ TEST_F(Win9xInfoTest, LoadInTheProgramFolder_PrefersTheWorkingKeyFile) {
   host.current_folder = host.program_folder;
   host.AddFile("C:\\Discwright\\keyfile2.txt", "[Win9xInfo]\r\nOwnerName=working\r\n");
   host.AddFile("C:\\Discwright\\keyfile.txt", "[Win9xInfo]\r\nOwnerName=build\r\n");
-  LoadWin9xInfo(dialog);
+  LoadWin9xInfo(dialog, notes);
   EXPECT_EQ(dialog.TxtOwner.text.get(), "working");
 }
 
 TEST_F(Win9xInfoTest, LoadWithBuildCopyOnly_ReadsTheBareNameInTheCurrentFolder) {
   host.AddFile("C:\\Discwright\\keyfile.txt", "[Win9xInfo]\r\nOwnerName=not this one\r\n");
   host.AddFile("C:\\Current\\keyfile.txt", "[Win9xInfo]\r\nOwnerName=build\r\n");
-  LoadWin9xInfo(dialog);
+  LoadWin9xInfo(dialog, notes);
   EXPECT_EQ(dialog.TxtOwner.text.get(), "build");
 }
 
@@ -95,7 +116,7 @@ class Win9xInfoOnWindows98 : public Win9xInfoTest {
 };
 
 TEST_F(Win9xInfoOnWindows98, LoadWithoutKeyFiles_ReadsTheRegistry) {
-  LoadWin9xInfo(dialog);
+  LoadWin9xInfo(dialog, notes);
   ExpectRegistry();
 }
 
@@ -103,7 +124,7 @@ TEST_F(Win9xInfoOnWindows98, LoadWithAKeyFile_DoesNotReadTheRegistry) {
   for (const char* name : {"keyfile2.txt", "keyfile.txt"}) {
     host.AddFile(std::string("C:\\Discwright\\") + name, "");
     dialog.loaded = false;
-    LoadWin9xInfo(dialog);
+    LoadWin9xInfo(dialog, notes);
     ExpectDefaults();
     host::RemoveFile(std::string("C:\\Discwright\\") + name);
   }
@@ -111,7 +132,7 @@ TEST_F(Win9xInfoOnWindows98, LoadWithAKeyFile_DoesNotReadTheRegistry) {
 
 TEST_F(Win9xInfoOnWindows98, LoadOnTheNtFamily_KeepsTheDefaults) {
   host.platform_id = 2;
-  LoadWin9xInfo(dialog);
+  LoadWin9xInfo(dialog, notes);
   ExpectDefaults();
 }
 
@@ -131,7 +152,7 @@ TEST_F(Win9xInfoOnWindows98, ValueWithNul_IsCutThere) {
 }
 
 TEST_F(Win9xInfoTest, OK_SavesTheFieldsAndHidesTheDialog) {
-  BindWin9xInfo(dialog);
+  BindWin9xInfo(dialog, notes);
   dialog.visible = true;
   dialog.TxtPCName.text = "PC";
   forms::Press(dialog.CmdOK);
@@ -140,32 +161,32 @@ TEST_F(Win9xInfoTest, OK_SavesTheFieldsAndHidesTheDialog) {
 }
 
 TEST_F(Win9xInfoTest, Cancel_HidesTheDialogSavesNothingAndKeepsTheTexts) {
-  BindWin9xInfo(dialog);
+  BindWin9xInfo(dialog, notes);
   dialog.visible = true;
   dialog.TxtPCName.text = "PC";
   forms::Press(dialog.CmdCancel);
   EXPECT_FALSE(dialog.visible);
   EXPECT_TRUE(host.Files().empty());
-  LoadWin9xInfo(dialog);
+  LoadWin9xInfo(dialog, notes);
   EXPECT_EQ(dialog.TxtPCName.text.get(), "PC");
 }
 
 TEST_F(Win9xInfoTest, SecondLoad_ChangesNothing) {
-  LoadWin9xInfo(dialog);
+  LoadWin9xInfo(dialog, notes);
   host.current_folder = host.program_folder;
   host.AddFile("C:\\Discwright\\keyfile2.txt", kKeys);
-  LoadWin9xInfo(dialog);
+  LoadWin9xInfo(dialog, notes);
   ExpectDefaults();
 }
 
 TEST_F(Win9xInfoTest, FillFromMissingKeyFile_ChangesNothing) {
-  FillSetupDataFromKeyFile(dialog, "C:\\none.txt");
+  FillSetupDataFromKeyFile(dialog, notes, "C:\\none.txt");
   ExpectDefaults();
 }
 
 TEST_F(Win9xInfoTest, FillFromKeyFileWithoutTheKeys_EmptiesTheFields) {
   host.AddFile("C:\\keys.txt", "[Win2KInfo]\r\nOwnerName=Ann\r\n");
-  FillSetupDataFromKeyFile(dialog, "C:\\keys.txt");
+  FillSetupDataFromKeyFile(dialog, notes, "C:\\keys.txt");
   for (const forms::TextBox* box :
        {&dialog.TxtOwner, &dialog.TxtOrg, &dialog.TxtOSType, &dialog.TxtPCName, &dialog.TxtWorkgroup}) {
     EXPECT_EQ(box->text.get(), "") << box->name();

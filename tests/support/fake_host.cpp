@@ -224,8 +224,17 @@ void FakeHost::FailOn(std::string_view function, std::string_view path_part, hos
       {std::string(function), host::FoldCase(path_part), host::Status::Failure(error, std::string(cause)), times});
 }
 
+void FakeHost::FailCall(int number) {
+  calls_until_failure_ = number;
+  failed_call_.clear();
+}
+
 host::Status FakeHost::Enter(std::string_view function, std::string_view path, std::string_view record) {
   if (!record.empty()) calls.push_back(std::string(function) + " " + std::string(record));
+  if (calls_until_failure_-- == 0) {
+    failed_call_ = std::string(function).append(" ").append(path);
+    return host::Status::Failure(host::ErrorClass::kNotReady, "Input/output error");
+  }
   for (Injected& injected : injected_) {
     if (injected.function != function || injected.times == 0) continue;
     if (host::FoldCase(path).find(injected.path_part) == std::string::npos) continue;
@@ -340,10 +349,15 @@ bool SameFile(std::string_view a, std::string_view b) {
   return node != nullptr && node->kind != EntryKind::kFolder && node == Following(b);
 }
 
-bool CanRead(std::string_view path) {
-  if (path.ends_with('\\') || path.ends_with('/')) return false;  // names a folder, if anything
+Status CheckReadable(std::string_view path) {
+  if (Status status = Fake().Enter("CheckReadable", path); !status.ok()) return status;
+  const bool names_a_folder = path.ends_with('\\') || path.ends_with('/');
   const FakeHost::Node* node = Following(path);
-  return node != nullptr && node->kind == EntryKind::kFile && Fake().Enter("CanRead", path).ok();
+  if (node == nullptr) return testing::Missing();
+  if (names_a_folder || node->kind != EntryKind::kFile) {
+    return Status::Failure(ErrorClass::kWrongKind, "not a regular file");
+  }
+  return Status::Success();
 }
 
 Status MakeFolders(std::string_view path) {
@@ -502,7 +516,7 @@ std::string TextToNative(std::string_view text) { return std::string(text); }
 std::optional<std::string> CodePageBytes(std::string_view text) { return base::ToWindows1252(text); }
 std::string TextOfCodePage(std::string_view bytes) { return base::FromWindows1252(bytes); }
 
-std::optional<std::string> ReadProfileValue(std::string_view file, std::string_view section, std::string_view key) {
+ProfileValue ReadProfileValue(std::string_view file, std::string_view section, std::string_view key) {
   return ReadTextProfile(file, section, key);
 }
 

@@ -41,6 +41,12 @@ class FakeHost {
   void FailOn(std::string_view function, std::string_view path_part, host::ErrorClass error,
               std::string_view cause = "injected", int times = 1000000);
 
+  // Makes the call with this number fail, once; 0 is the next call that can fail, -1 stands for no call. A test that
+  // counts up from 0 until FailedCall() stays empty has made each call fail.
+  void FailCall(int number);
+  // The call that FailCall made fail, as "Function path"; empty when the test made fewer calls.
+  const std::string& FailedCall() const { return failed_call_; }
+
   std::vector<std::string>
       calls;  // "Function path" or "Function from -> to", for functions that change or open something
 
@@ -90,6 +96,8 @@ class FakeHost {
     int times = 0;
   };
   std::deque<Injected> injected_;
+  int calls_until_failure_ = -1;  // below 0: no call fails by its number
+  std::string failed_call_;
 };
 
 }  // namespace discwright::testing

@@ -194,8 +194,46 @@ TEST_F(FileExistsTest, FolderWithoutWildcard_IsFalse) {
 
 TEST_F(FileExistsTest, FileThatCannotBeOpened_IsFalse) {
   host.AddFile("C:\\a.txt", "x");
-  host.FailOn("CanRead", "a.txt", host::ErrorClass::kAccessDenied);
+  host.FailOn("CheckReadable", "a.txt", host::ErrorClass::kAccessDenied);
   EXPECT_FALSE(FileExists("C:\\a.txt"));
+}
+
+TEST_F(FileExistsTest, FileThatCannotBeOpened_IsNotedOnRequest) {
+  Notes notes;
+  host.AddFile("C:\\a.txt", "x");
+  host.FailOn("CheckReadable", "a.txt", host::ErrorClass::kNotReady, "the disk is gone", 1);
+  EXPECT_FALSE(FileExists(notes, "\"C:\\a.txt\""));
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(notes.all()[0].place, "C:\\a.txt");
+  EXPECT_EQ(notes.all()[0].cause, "could not be opened: the disk is gone");
+  EXPECT_TRUE(FileExists(notes, "C:\\a.txt"));
+  EXPECT_EQ(notes.all().size(), 1U);
+}
+
+TEST_F(FileExistsTest, MissingFileOrFolder_IsNotNoted) {
+  Notes notes;
+  host.AddFolder("C:\\folder");
+  for (const char* path : {"C:\\none.txt", "C:\\none\\a.txt", "C:\\folder"})
+    EXPECT_FALSE(FileExists(notes, path)) << path;
+  EXPECT_TRUE(notes.all().empty());
+}
+
+TEST_F(Paths, RemoveIfExists_DeletesAReadOnlyFileAndAcceptsAMissingOne) {
+  Notes notes;
+  host.AddFile("C:\\a.txt", "x", true);
+  EXPECT_TRUE(RemoveIfExists(notes, "C:\\a.txt"));
+  EXPECT_FALSE(host.Exists("C:\\a.txt"));
+  EXPECT_TRUE(RemoveIfExists(notes, "C:\\a.txt"));
+  EXPECT_TRUE(notes.all().empty());
+}
+
+TEST_F(Paths, RemoveIfExists_NotesAFileThatCannotBeDeleted) {
+  Notes notes;
+  host.AddFile("C:\\a.txt", "x");
+  host.FailOn("RemoveFile", "a.txt", host::ErrorClass::kAccessDenied, "Permission denied");
+  EXPECT_FALSE(RemoveIfExists(notes, "C:\\a.txt"));
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(notes.all()[0].cause, "could not be deleted: Permission denied");
 }
 
 TEST_F(FileExistsTest, MissingFileOrEmptyPath_IsFalse) {

@@ -32,7 +32,7 @@ TEST_F(IsoDestinationTest, ExistingFile_IsCorrectAndUntouched) {
 
 TEST_F(IsoDestinationTest, ExistingFileThatCannotBeRead_IsNeitherEmptiedNorRemoved) {
   host.AddFile("E:\\images\\cd.iso", "an image");
-  host.FailOn("CanRead", "cd.iso", host::ErrorClass::kAccessDenied);
+  host.FailOn("CheckReadable", "cd.iso", host::ErrorClass::kAccessDenied);
   EXPECT_EQ(WhyNoIsoDestination("E:\\images\\cd.iso"), kCorrect);
   EXPECT_EQ(host.Content("E:\\images\\cd.iso"), "an image");
 }

@@ -374,6 +374,17 @@ TEST_F(FormLoadTest, NoSessionFile_ShowsTheWindowAsDesigned) {
   EXPECT_EQ(main.LblWin2KOSVer.caption.get(), "Microsoft Windows XP Professional Edition");
 }
 
+TEST_F(FormLoadTest, SessionFileThatCannotBeRead_IsAFailureAndNotTakenForAMissingOne) {
+  for (const char* call : {"CheckReadable", "ReadWholeFile"}) {
+    notes = {};
+    host.AddFile("C:\\Discwright\\vexacd.ini", "[MainParams]\r\n");
+    host.FailOn(call, "vexacd.ini", host::ErrorClass::kNotReady, "the disk is gone", 1);
+    Form_Load(context, "C:\\Discwright\\vexacd.ini");
+    ASSERT_EQ(notes.all().size(), 1U) << call;
+    EXPECT_EQ(notes.all()[0].place, "C:\\Discwright\\vexacd.ini");
+  }
+}
+
 // On a system without a drive C:, the default locations of the form do not exist.
 TEST_F(FormLoadTest, NoDriveC_ProposesTheHomeFolderAndNoServicePack) {
   host.home_folder = "\\home\\ann";

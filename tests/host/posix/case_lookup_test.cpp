@@ -24,7 +24,7 @@ TEST(RealPath, DiscWithLowerCaseNames_IsFoundByUpperCasePaths) {
   const TempFolder disc;
   disc.Write("i386/win51ip.sp1", "x");
   EXPECT_EQ(RealPath(disc.Core("I386\\WIN51IP.SP1")), disc.Native("i386/win51ip.sp1"));
-  EXPECT_TRUE(CanRead(disc.Core("I386/Win51ip.Sp1")));
+  EXPECT_TRUE(CheckReadable(disc.Core("I386/Win51ip.Sp1")).ok());
 }
 
 TEST(RealPath, LettersBeyondAscii_AreFoundInAnotherCase) {

@@ -119,15 +119,15 @@ TEST(Look, PipeOrDevice_IsSpecial) {
   EXPECT_EQ(Look("\\dev\\zero")->kind, EntryKind::kSpecial);
 }
 
-TEST(CanRead, OnlyLinksToFiles) {
+TEST(CheckReadable, OnlyLinksToFiles) {
   const TempFolder folder;
   folder.Write("File", "");
   folder.Link("File", "link");
   folder.Link("nowhere", "broken");
   folder.Link("/dev/zero", "zero");
   folder.Pipe("pipe");
-  EXPECT_TRUE(CanRead(folder.Core("link")));
-  for (const char* name : {"broken", "zero", "pipe"}) EXPECT_FALSE(CanRead(folder.Core(name))) << name;
+  EXPECT_TRUE(CheckReadable(folder.Core("link")).ok());
+  for (const char* name : {"broken", "zero", "pipe"}) EXPECT_FALSE(CheckReadable(folder.Core(name)).ok()) << name;
 }
 
 }  // namespace

@@ -62,7 +62,7 @@ TEST(ScriptPrologue, AwkwardFolders_BecomeTheCurrentFolderOfARealShell) {
     const TempFolder folder;
     ASSERT_TRUE(MakeFolders(folder.Core(name)).ok());
     EXPECT_EQ(RunScript(folder, folder.Core(name), "echo here > marker"), 0) << name;
-    EXPECT_TRUE(CanRead(folder.Core(name) + "\\marker")) << name;
+    EXPECT_TRUE(CheckReadable(folder.Core(name) + "\\marker").ok()) << name;
     EXPECT_EQ(folder.Names().size(), 2u) << name;
   }
 }

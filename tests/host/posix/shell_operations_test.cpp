@@ -173,13 +173,13 @@ TEST_F(ShellMove, NameThatIsThereInTwoCases_IsTheOneWrittenExactly) {
 TEST_F(ShellMove, WhatWasMoved_IsFoundInAnyCaseAtOnce) {
   folder_.Write("from/Name", "x");
   folder_.MakeFolder("to");
-  EXPECT_FALSE(CanRead(folder_.Core("to\\NAME")));
+  EXPECT_FALSE(CheckReadable(folder_.Core("to\\NAME")).ok());
   EXPECT_EQ(Move("from\\*.*", "to"), 0);
-  EXPECT_TRUE(CanRead(folder_.Core("to\\NAME")));
-  EXPECT_FALSE(CanRead(folder_.Core("from\\NAME")));
-  EXPECT_FALSE(CanRead(folder_.Core("to\\OTHER")));
+  EXPECT_TRUE(CheckReadable(folder_.Core("to\\NAME")).ok());
+  EXPECT_FALSE(CheckReadable(folder_.Core("from\\NAME")).ok());
+  EXPECT_FALSE(CheckReadable(folder_.Core("to\\OTHER")).ok());
   EXPECT_EQ(Rename("to\\name", "to\\Other"), 0);
-  EXPECT_TRUE(CanRead(folder_.Core("to\\OTHER")));
+  EXPECT_TRUE(CheckReadable(folder_.Core("to\\OTHER")).ok());
 }
 
 TEST_F(ShellMove, KindsThatDoNotFit_FailAndLoseNothing) {

@@ -44,7 +44,7 @@ TEST(HomeFolder, SystemWithADriveC_HasNone) { EXPECT_EQ(HomeFolder(), ""); }
 
 TEST(FileManagerLine, EveryText_FollowsAsItStands) {
   const std::string program = FolderOfWindows() + "\\explorer.exe";
-  EXPECT_TRUE(CanRead(program));
+  EXPECT_TRUE(CheckReadable(program).ok());
   for (const std::string text : {"C:\\My files\\Über uns", "c:/a b\\", "\"D:\\a\" b", " ", ""}) {
     EXPECT_EQ(FileManagerLine(text), program + " " + text);
   }

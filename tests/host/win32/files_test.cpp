@@ -47,7 +47,7 @@ TEST(LockedFile, IsDeniedToEveryone) {
   const OwnedHandle lock = Lock(folder, "file");
   ASSERT_TRUE(lock.valid());
   const std::string path = folder.Core("file");
-  EXPECT_FALSE(CanRead(path));
+  EXPECT_FALSE(CheckReadable(path).ok());
   EXPECT_EQ(ReadWholeFile(path).status.error, ErrorClass::kAccessDenied);
   EXPECT_EQ(WriteWholeFile(path, "new").error, ErrorClass::kAccessDenied);
   EXPECT_EQ(OpenBinary(path, OpenMode::kReadWrite).status.error, ErrorClass::kAccessDenied);

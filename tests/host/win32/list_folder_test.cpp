@@ -157,7 +157,7 @@ TEST(Look, Device_IsSpecialAndNeverOpened) {
   const TempFolder folder;
   for (const char* name : {"NUL", "com1", "aux.txt"}) {
     EXPECT_EQ(Look(folder.Core(name))->kind, EntryKind::kSpecial) << name;
-    EXPECT_FALSE(CanRead(folder.Core(name))) << name;
+    EXPECT_FALSE(CheckReadable(folder.Core(name)).ok()) << name;
     EXPECT_EQ(WriteWholeFile(folder.Core(name), "x").error, ErrorClass::kWrongKind) << name;
     EXPECT_EQ(CopyFileWithProgress(folder.Core(name), folder.Core("to"), nullptr).error, ErrorClass::kWrongKind);
   }

@@ -17,7 +17,7 @@ constexpr const char* kMark = "\xEF\xBB\xBF";
 class Profile : public ::testing::Test {
  protected:
   std::optional<std::string> Read(std::string_view section, std::string_view key) const {
-    return ReadProfileValue(folder_.Core("test.ini"), section, key);
+    return ReadProfileValue(folder_.Core("test.ini"), section, key).value;
   }
   void Write(std::string_view section, std::string_view key, std::string_view value) const {
     WriteProfileValue(folder_.Core("test.ini"), section, key, value);
@@ -140,9 +140,9 @@ TEST_F(Profile, BareFileName_IsInTheFolderOfWindowsAndNotInTheCurrentOne) {
   folder_.Write(name, "[a]\r\nk=not this one\r\n");
   const std::string old_folder = CurrentFolder();
   std::filesystem::current_path(testing::PathOf(folder_.native()));
-  EXPECT_EQ(ReadProfileValue(name, "a", "k"), std::nullopt);
+  EXPECT_EQ(ReadProfileValue(name, "a", "k").value, std::nullopt);
   EXPECT_TRUE(WriteProfileValue(name, "a", "k", "1").ok());
-  EXPECT_EQ(ReadProfileValue(name, "a", "k"), "1");
+  EXPECT_EQ(ReadProfileValue(name, "a", "k").value, "1");
   std::filesystem::current_path(testing::PathOf(old_folder));
   EXPECT_TRUE(std::filesystem::exists(of_windows.path()));
   EXPECT_EQ(folder_.Read(name), "[a]\r\nk=not this one\r\n");

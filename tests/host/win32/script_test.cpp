@@ -55,7 +55,8 @@ TEST(ScriptPrologue, AwkwardFolders_BecomeTheCurrentFolderOfTheShell) {
     const TempFolder folder;
     ASSERT_TRUE(MakeFolders(folder.Core(name)).ok()) << name;
     RunScript(folder, folder.Core(name), "echo here > marker");
-    EXPECT_TRUE(CanRead(folder.Core(name) + "\\marker")) << name << ": " << ScriptPrologue(folder.Core(name))[2];
+    EXPECT_TRUE(CheckReadable(folder.Core(name) + "\\marker").ok())
+        << name << ": " << ScriptPrologue(folder.Core(name))[2];
     EXPECT_EQ(folder.Names().size(), 2u) << name;
   }
 }
@@ -90,7 +91,7 @@ TEST(ScriptPath, AwkwardPaths_AreOneArgumentOfTheShell) {
     const TempFolder folder;
     const std::string image = folder.Core(name + ".iso");
     RunScript(folder, folder.Core(), "echo made > " + ScriptPath(image));
-    EXPECT_TRUE(CanRead(image)) << name << ": " << ScriptPath(image);
+    EXPECT_TRUE(CheckReadable(image).ok()) << name << ": " << ScriptPath(image);
     EXPECT_EQ(folder.Names().size(), 2u) << name;
   }
 }

@@ -13,7 +13,7 @@ namespace {
 
 TEST(ProgramFolder, HoldsTheRunningProgram) {
   EXPECT_FALSE(ProgramFolder().ends_with('\\'));
-  EXPECT_TRUE(CanRead(ProgramFolder() + "\\host_test.exe"));
+  EXPECT_TRUE(CheckReadable(ProgramFolder() + "\\host_test.exe").ok());
 }
 
 TEST(CurrentFolder, IsAbsolute) {
