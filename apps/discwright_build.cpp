@@ -40,6 +40,9 @@ int Build(const desktop::Options& options) {
     const bool is_path = !note.place.starts_with('"');
     terminal.PrintLine("warning: " + (is_path ? host::PathToNative(note.place) : note.place) + ": " + note.cause);
   };
+  notes.remarked = [&](const util::Note& remark) {
+    terminal.PrintLine("remark: " + host::PathToNative(remark.place) + ": " + remark.cause);
+  };
   const forms::Subscription rules = wizard::Bind(context);
   host::CatchInterrupts();
   return desktop::RunBuild(context, terminal, options);

@@ -5,6 +5,7 @@
 
 #include "host/files.h"
 #include "integration/file_operations.h"
+#include "integration/replaced_files.h"
 #include "steps/copy_to_tree.h"
 #include "util/paths.h"
 #include "util/program_folder.h"
@@ -23,8 +24,9 @@ bool CopyUtilities(steps::Context& context, std::string_view Utils_Loc) {
   return steps::CopyToTree(context, Utils_Loc, destination);
 }
 
-bool CopyAdditionalFiles(steps::Context& context, std::string_view AddFiles_Loc) {
+bool CopyAdditionalFiles(steps::Context& context, const std::string& AddFiles_Loc) {
   context.main().LblSub_Step.caption = "Copying Additional Files";
+  RemarkReplacedFiles(context, AddFiles_Loc, util::PathOf(util::Item::kWorkspace));
   return steps::CopyToTree(context, AddFiles_Loc, util::PathOf(util::Item::kWorkspace));
 }
 

@@ -10,6 +10,7 @@
 #include "pipeline/boot_disks.h"
 #include "pipeline/boot_password.h"
 #include "pipeline/build_result.h"
+#include "pipeline/hidden_files.h"
 #include "pipeline/mastering.h"
 #include "pipeline/workspace.h"
 #include "util/processes.h"
@@ -82,6 +83,8 @@ void RunToolsAndFiles(steps::Context& context) {
 
 void RunMastering(steps::Context& context) {
   forms::FrmDiscwright& main = context.main();
+  NoteHiddenFiles(context);
+  if (main.CancelCopy) return;
   StartMKISOFS(context, main.TxtISOLoc.text.get(), main.ChkOptimizeISO.checked());
   util::WaitWhile(context.user, main.MKISOFSRunning, context.LaunchApp, kMasteringPollInterval);
   context.LaunchApp.reset();

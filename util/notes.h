@@ -1,5 +1,5 @@
 // The notes of a build: every failure that does not stop it, for example a file that could not be copied. Call Check
-// with the status of an operation, or Add.
+// with the status of an operation, or Add. A remark is no failure, but something that the user may not expect.
 #pragma once
 
 #include <functional>
@@ -27,11 +27,17 @@ class Notes {
   // copied"), and the reason that the status gives.
   bool Check(const host::Status& status, const std::string& place, const std::string& what);
 
-  const std::vector<Note>& all() const { return all_; }
-  std::function<void(const Note&)> added;  // is called with every new note; may be empty
+  // Adds a remark: the build is complete, but what happened to `place` may surprise the user.
+  void Remark(std::string place, std::string what);
+
+  const std::vector<Note>& all() const { return all_; }  // the failures
+  const std::vector<Note>& remarks() const { return remarks_; }
+  std::function<void(const Note&)> added;     // is called with every new note; may be empty
+  std::function<void(const Note&)> remarked;  // is called with every remark; may be empty
 
  private:
   std::vector<Note> all_;
+  std::vector<Note> remarks_;
   std::set<std::pair<std::string, std::string>> known_;  // the place and the cause of every note
 };
 

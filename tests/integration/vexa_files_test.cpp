@@ -73,6 +73,50 @@ TEST_F(AddVexaFilesTest, AdditionalFileNamedLikeOneOfTheCd_OverwritesIt) {
   EXPECT_EQ(OnCd("readme.txt"), "mine");
 }
 
+TEST_F(AddVexaFilesTest, AdditionalFilesThatReplaceOthers_AreRemarkedOnAndAreNoFailure) {
+  host.AddFile("C:\\Discwright\\vexacd\\I386\\SETUPLDR.BIN", "of Windows Setup");
+  host.AddFile("E:\\more\\i386\\setupldr.bin", "mine");
+  host.AddFile("E:\\more\\i386\\new.txt", "new");
+  host.AddFile("E:\\more\\vexa\\tool.exe", "mine");
+  Add(true, true);
+  std::string remarks;
+  for (const util::Note& remark : notes.remarks()) remarks += remark.place + ": " + remark.cause + "\n";
+  const std::string replaces = ": replaces the file of the same name that is already on the CD\n";
+  EXPECT_EQ(remarks, "E:\\more\\i386\\setupldr.bin" + replaces + "E:\\more\\readme.txt" + replaces +
+                         "E:\\more\\vexa\\tool.exe" + replaces);
+  EXPECT_THAT(notes.all(), IsEmpty());
+}
+
+TEST_F(AddVexaFilesTest, FileAndFolderOfTheSameName_AreNotRemarkedOn) {
+  host.AddFile("C:\\Discwright\\vexacd\\music", "a file");
+  host.AddFolder("C:\\Discwright\\vexacd\\readme.txt folder");
+  host.AddFile("E:\\more\\readme.txt folder", "a file");
+  Add(false, true);
+  ASSERT_EQ(notes.remarks().size(), 1U);
+  EXPECT_EQ(notes.remarks()[0].place, "E:\\more\\readme.txt");
+}
+
+TEST_F(AddVexaFilesTest, ManyReplacedFiles_AreCountedInOneLastRemark) {
+  for (int i = 0; i < 30; ++i) {
+    host.AddFile("C:\\Discwright\\vexacd\\I386\\" + std::to_string(i), "old");
+    host.AddFile("E:\\more\\I386\\" + std::to_string(i), "new");
+  }
+  Add(false, true);
+  ASSERT_EQ(notes.remarks().size(), 21U);
+  EXPECT_EQ(notes.remarks()[20].place, "E:\\more");
+  EXPECT_EQ(notes.remarks()[20].cause, "11 more files in this folder replace files of the same name on the CD");
+}
+
+// A link that leads back to its own folder would be followed for ever.
+TEST_F(AddVexaFilesTest, LinkThatLoops_IsNotFollowedInSearchOfReplacedFiles) {
+  host.AddFolder("C:\\Discwright\\vexacd\\loop");
+  host.AddFile("C:\\Discwright\\vexacd\\loop\\readme.txt", "old");
+  host.AddLink("E:\\more\\loop", "E:\\more", true);
+  Add(false, true);
+  ASSERT_EQ(notes.remarks().size(), 1U);
+  EXPECT_EQ(notes.remarks()[0].place, "E:\\more\\readme.txt");
+}
+
 TEST_F(AddVexaFilesTest, BothChosen_UtilitiesGoFirst) {
   Add(true, true);
   EXPECT_THAT(captions, ElementsAre("Copying Vexa Utilities", "Copying Additional Files"));

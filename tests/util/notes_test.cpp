@@ -36,6 +36,18 @@ TEST(Notes, WithAListener_CallsItForEveryNewNote) {
   EXPECT_EQ(heard, "C:\\a=cause");
 }
 
+TEST(Notes, Remark_IsKeptAndHeardButIsNoFailure) {
+  Notes notes;
+  std::string heard;
+  notes.added = [&](const Note&) { heard += "failure "; };
+  notes.remarked = [&](const Note& remark) { heard += remark.place + "=" + remark.cause; };
+  notes.Remark("C:\\a", "replaces another file");
+  EXPECT_EQ(heard, "C:\\a=replaces another file");
+  EXPECT_TRUE(notes.all().empty());
+  ASSERT_EQ(notes.remarks().size(), 1U);
+  EXPECT_EQ(notes.remarks()[0].place, "C:\\a");
+}
+
 TEST(Notes, CheckOfASuccess_IsTrueAndAddsNothing) {
   Notes notes;
   EXPECT_TRUE(notes.Check(host::Status::Success(), "C:\\a", "could not be moved"));
