@@ -44,6 +44,26 @@ TEST_F(Remarks, ChoicesWithoutEffect_AreRemarkedOnAndTheImageIsMade) {
                   "it."));
 }
 
+TEST_F(Remarks, AdditionalFileThatReplacesOneOfTheCd_IsRemarkedOnAndIsOnTheCd) {
+  WriteFile(place / "more" / "boot" / "Scripts" / "MAIN.CDS", "Show my own menu\n");
+  EXPECT_THAT(RemarksOf({"--set", "ChkAddFiles=1", "--set", "TxtAddFiles_Loc=" + (place / "more").string()}),
+              ElementsAre("remark: " + (place / "more" / "boot" / "Scripts" / "MAIN.CDS").string() +
+                          ": replaces the file of the same name that is already on the CD"));
+  EXPECT_EQ(ReadWithBsdtar(image).at("boot/scripts/main.cds"), ContentsOf(place / "more").at("boot/Scripts/MAIN.CDS"));
+}
+
+TEST_F(Remarks, FileThatTheBootFilesHide_IsNoted) {
+  WriteFile(place / "utils" / "loader.bin", "mine");
+  WriteFile(place / "utils" / "readme.txt", "read me");
+  const std::vector<std::string> lines =
+      RemarksOf({"--set", "ChkVexaUtils=1", "--set", "TxtUtils_Loc=" + (place / "utils").string()}, 4);
+  ASSERT_THAT(lines, SizeIs(2));
+  EXPECT_THAT(lines[0], HasSubstr("vexacd/vexa/loader.bin: will not be visible on the CD"));
+  const Contents disc = ReadWithBsdtar(image);
+  EXPECT_TRUE(disc.contains("vexa/readme.txt"));
+  EXPECT_FALSE(disc.contains("vexa/loader.bin"));
+}
+
 TEST_F(Remarks, AnswersWithoutTheirSystem_AreReported) {
   EXPECT_THAT(
       RemarksOf({"--set", "FrmWin9xInfo.TxtOwner=Ann"}),
