@@ -1,5 +1,5 @@
-// Integers in byte arrays, low byte first, high byte first, or both: the only way in which disk formats are written and
-// read. StoreLe16(field, value) writes, LoadLe16(field) reads.
+// Stores integers in byte arrays and loads them: little-endian (Le), big-endian (Be), or both. All code for disk
+// formats uses these functions. StoreLe16(field, value) writes two bytes, LoadLe16(field) reads them.
 #pragma once
 
 #include <cstdint>

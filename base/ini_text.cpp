@@ -1,4 +1,4 @@
-// Reading and changing keys of INI text.
+// Splits INI text into lines, and finds and replaces values in it.
 #include "base/ini_text.h"
 
 #include <algorithm>
@@ -17,14 +17,14 @@ struct KeyParts {
   std::string_view value;  // with its quotes
 };
 
-// A part of `text` even when nothing is left, so that its place in a whole text can be told.
+// An empty result still points into `text`, so that its position in the text is known.
 std::string_view TrimBlanks(std::string_view text) {
   const std::size_t first = text.find_first_not_of(kBlanks);
   if (first == std::string_view::npos) return text.substr(text.size());
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-// Of a value without blanks around it; as the system's profile calls see it on Windows.
+// Expects a value without blanks around it. Treats quotes like the profile functions of Windows.
 bool IsInQuotes(std::string_view value) {
   return value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front();
 }
@@ -33,7 +33,7 @@ std::string_view StripQuotes(std::string_view value) {
   return IsInQuotes(value) ? value.substr(1, value.size() - 2) : value;
 }
 
-// LF, CR LF and, in texts of some editors, a CR alone.
+// A line ends with LF, with CR LF or, in texts of some editors, with CR alone.
 Lines SplitLines(std::string_view text) {
   Lines lines;
   while (!text.empty()) {
@@ -63,7 +63,7 @@ std::optional<KeyParts> ParseKey(std::string_view line) {
 
 char LowerAscii(char letter) { return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter; }
 
-// Names that the program looks up are plain ASCII, so the letter case of other letters does not matter.
+// All names that the program looks up are ASCII, so only ASCII letters are folded.
 bool SameName(std::string_view a, std::string_view b) { return std::ranges::equal(a, b, {}, LowerAscii, LowerAscii); }
 
 Lines::const_iterator FindSection(const Lines& lines, std::string_view section) {
@@ -73,7 +73,7 @@ Lines::const_iterator FindSection(const Lines& lines, std::string_view section) 
   });
 }
 
-// The line after the last one of the section whose header is given.
+// Returns the line after the last line of a section. `header` is the line with the name of the section.
 Lines::const_iterator SectionEnd(const Lines& lines, Lines::const_iterator header) {
   return std::find_if(header + 1, lines.end(), [](std::string_view line) { return SectionName(line).has_value(); });
 }
@@ -135,7 +135,8 @@ std::string WithIniValue(std::string_view text, std::string_view section, std::s
     const auto position = static_cast<std::size_t>(parts->value.data() - text.data());
     return std::string(text).replace(position, parts->value.size(), OneLine(value));
   }
-  while (TrimBlanks(WithoutLineEnd(*(end - 1))).empty()) --end;  // ends at the header, which is not blank
+  // The header is not blank, so this stops there at the latest.
+  while (TrimBlanks(WithoutLineEnd(*(end - 1))).empty()) --end;
   const std::string_view last = *(end - 1);
   return WithInsertedAt(text, static_cast<std::size_t>(last.data() - text.data()) + last.size(), new_line);
 }

@@ -1,4 +1,6 @@
-// The classic INI profile format as text: sections in square brackets, keys, equals signs, values.
+// Reads and changes text in the INI profile format: sections in square brackets, with lines such as "Key=Value".
+// FindIniValue(text, "Section", "Key") reads a value, WithIniValue returns the text with another value. Letter case
+// does not matter in the names of sections and keys.
 #pragma once
 
 #include <optional>
@@ -10,34 +12,36 @@ namespace discwright::base {
 
 struct IniKey {
   std::string key;
-  std::string value;  // trimmed, without one pair of quotes, single or double, around it
+  std::string value;  // without the blanks and the pair of single or double quotes around it
 };
 
-// The value of the first such key in the first such section, names in any letter case; nothing when there is none.
+// The value of the first key `key` in the first section `section`; nothing when there is no such key.
 std::optional<std::string> FindIniValue(std::string_view text, std::string_view section, std::string_view key);
 
-// All keys of the first such section, in order; comments (lines that begin with ";") left out.
+// All keys of the first section `section`, in their order, without comments (lines that begin with ";").
 std::vector<IniKey> IniSection(std::string_view text, std::string_view section);
 
 enum class IniLineKind { kBlank, kComment, kSection, kKey, kOther };
 
 struct IniLine {
   IniLineKind kind = IniLineKind::kOther;
-  std::string_view name;   // of the section or the key, without blanks; other lines: the text without blanks
-  std::string_view value;  // of a key: as in IniKey
+  std::string_view name;   // the name of the section or key; for other lines, the line without blanks around it
+  std::string_view value;  // the value of a key, as in IniKey
 };
 
-// Every line of a text in order, parts of the text. The functions of this header pass over what is neither a section
-// nor a key.
+// All lines of a text in their order. The views point into `text`. The other functions of this header ignore every line
+// that is neither a section nor a key.
 std::vector<IniLine> IniLines(std::string_view text);
 
-// The text with the key's value replaced in place, or key or section appended (CR LF). All else stays as it is.
+// Returns the text with a new value for the key. Adds the key, or the section and the key, when it is missing; new
+// lines end in CR LF. Everything else stays as it is.
 std::string WithIniValue(std::string_view text, std::string_view section, std::string_view key, std::string_view value);
 
-// The value as it is stored to be read as it is: in double quotes where reading would take a pair of its own quotes.
+// Returns a value that can be stored so that FindIniValue returns it unchanged. FindIniValue removes one pair of
+// quotes. So a value that has quotes at both ends gets a second pair.
 std::string WithQuotesKept(std::string_view value);
 
-// The value as it can stand on a line: each CR, LF and NUL becomes a blank.
+// Returns the value as one line: each CR, LF and NUL becomes a blank.
 std::string OneLine(std::string_view value);
 
 }  // namespace discwright::base

@@ -1,4 +1,4 @@
-// The functions are named as in the standard, sections 4.1.2, 5.1.1 and 6.2.2.
+// Computes SHA-256. The names of the functions are those of the standard, sections 4.1.2, 5.1.1 and 6.2.2.
 #include "base/sha256.h"
 
 #include <algorithm>

@@ -1,4 +1,5 @@
-// SHA-256 (FIPS 180-4), for hosts without a library that has it.
+// Computes SHA-256 digests (FIPS 180-4), for systems without a library that does. Call Add for each part of the data,
+// then Finish.
 #pragma once
 
 #include <array>
@@ -12,7 +13,7 @@ namespace discwright::base {
 class Sha256 {
  public:
   void Add(std::span<const std::byte> bytes);
-  // The lower-case hexadecimal digest of everything added. Called once and last.
+  // Returns the digest of all added bytes in lower-case hexadecimal. Call it once, after the last Add.
   std::string Finish();
 
  private:
@@ -22,7 +23,7 @@ class Sha256 {
 
   std::array<std::uint32_t, 8> state_ = {0x6a09e667, 0xbb67ae85, 0x3c6ef372, 0xa54ff53a,
                                          0x510e527f, 0x9b05688c, 0x1f83d9ab, 0x5be0cd19};
-  std::array<std::byte, kBlock> held_{};  // the first `length_` mod 64 bytes wait for the rest of their block
+  std::array<std::byte, kBlock> held_{};  // an incomplete block: its first `length_` mod 64 bytes are used
   std::uint64_t length_ = 0;              // bytes added so far
 };
 

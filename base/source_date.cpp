@@ -1,4 +1,4 @@
-// Reads a number of seconds, strictly: a date that is misread makes every later build of the same tree differ.
+// Reads a number of seconds. It accepts no other text, because with a misread date the builds of one tree would differ.
 #include "base/source_date.h"
 
 #include <charconv>

@@ -1,4 +1,5 @@
-// SOURCE_DATE_EPOCH: the environment variable that says which time no date in an image is later than.
+// Reads the environment variable SOURCE_DATE_EPOCH. If it is set, no date in an image is later than the time that it
+// gives, so that two builds of the same files make the same image.
 #pragma once
 
 #include <cstdint>
@@ -10,12 +11,12 @@ namespace discwright::base {
 
 inline constexpr const char* kSourceDateVariable = "SOURCE_DATE_EPOCH";
 
-// Seconds since 1970-01-01 00:00 UTC, written as a decimal number from 0 to the last second of the year 9999. Nothing
-// when it is anything else.
+// Reads a decimal number of seconds since 1970-01-01 00:00 UTC. Nothing for any other text, and for a time after the
+// year 9999.
 std::optional<std::int64_t> ParseSourceDate(std::string_view text);
 
-// What is wrong with the variable's value (null: it is not set), as a sentence for the user; empty when nothing is. The
-// sentence holds the value unchanged: where the environment is not in UTF-8, the sentence is not either.
+// Returns a sentence for the user when the value of the variable cannot be used, otherwise an empty text. `value` is
+// null when the variable is not set. The sentence contains the bytes of the value, so it is UTF-8 only if the value is.
 std::string WhyNoSourceDate(const char* value);
 
 }  // namespace discwright::base

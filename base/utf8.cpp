@@ -1,4 +1,4 @@
-// Decodes strictly: no overlong forms, no surrogates.
+// Decodes UTF-8. Overlong forms and surrogates count as invalid.
 #include "base/utf8.h"
 
 #include <algorithm>

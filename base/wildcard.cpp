@@ -6,17 +6,17 @@
 namespace discwright::base {
 namespace {
 
-// The bytes of the character that starts here: the byte itself and the UTF-8 continuation bytes behind it.
+// The number of bytes of the first character: one byte and the UTF-8 continuation bytes that follow it.
 std::size_t CharacterLength(std::string_view text) {
   std::size_t length = 1;
   while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0u) == 0x80) ++length;
   return length;
 }
 
-// Whether the rest of a pattern matches an empty rest of a name. A dot does so only as part of ".*" or ".?".
+// Whether the rest of a pattern matches the end of a name. A dot matches it only as part of ".*" or ".?".
 bool MatchesNothing(std::string_view pattern) { return pattern.find_first_not_of("*?.") == pattern.npos; }
 
-// Takes one step of the pattern that is not "*"; false when the name does not allow it.
+// Matches one character of the pattern, which is not "*". Returns false when the name does not match.
 bool Step(std::string_view& name, std::string_view& pattern) {
   if (pattern.empty()) return false;
   const char wanted = pattern.front();
@@ -44,7 +44,7 @@ bool Matches(std::string_view name, std::string_view pattern) {
       can_retry = true;
     } else if (!Step(name, pattern)) {
       if (!can_retry || retry_name.empty()) return false;
-      retry_name.remove_prefix(1);  // let the last "*" take one byte more
+      retry_name.remove_prefix(1);  // the last "*" now stands for one byte more
       name = retry_name;
       pattern = retry_pattern;
     }

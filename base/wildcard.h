@@ -1,12 +1,13 @@
-// DOS wildcards.
+// Compares names with patterns that contain DOS wildcards, such as "*.TXT".
 #pragma once
 
 #include <string_view>
 
 namespace discwright::base {
 
-// Whether a name matches a pattern, both folded by FoldCase. "*" is any text, "?" one character or none before a dot
-// or the end; ".*" also matches a name that ends there, so "*.*" is every name; "X*." is every X name without a dot.
+// Whether a name matches a pattern. Both must have been folded by host::FoldCase. "*" stands for any text. "?" stands
+// for one character; before a dot or the end it may also stand for none. ".*" also matches the end of a name, so "*.*"
+// matches every name. "X*." matches the names that begin with X and have no dot.
 bool MatchesWildcard(std::string_view folded_name, std::string_view folded_pattern);
 
 }  // namespace discwright::base

@@ -1,4 +1,4 @@
-// The table of what stands apart.
+// Has the table of the bytes that differ from Latin-1.
 #include "base/windows_1252.h"
 
 #include <algorithm>
@@ -12,7 +12,8 @@ namespace discwright::base {
 namespace {
 
 constexpr std::size_t kFirstSpecial = 0x80;
-// What the bytes 80h to 9Fh stand for; the five that Windows-1252 leaves open keep their number, as on Windows.
+// The characters of the bytes 80h to 9Fh. Windows-1252 does not define five of them; they become the control characters
+// of the same number, as on Windows.
 constexpr std::array<char32_t, 32> kSpecials = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
                                                 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
                                                 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,

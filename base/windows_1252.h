@@ -1,4 +1,4 @@
-// Windows-1252 and UTF-8, for hosts that have no code page of their own.
+// Converts between Windows-1252 and UTF-8, for systems that have no such code page themselves.
 #pragma once
 
 #include <optional>
@@ -7,7 +7,7 @@
 
 namespace discwright::base {
 
-// Nothing when a character has no byte there, or the text is not UTF-8.
+// Nothing when the text is not UTF-8 or has a character that Windows-1252 lacks.
 std::optional<std::string> ToWindows1252(std::string_view text);
 
 std::string FromWindows1252(std::string_view bytes);
