@@ -97,9 +97,9 @@ def read_files(image):
         file.write_bytes(image)
         top = Path(folder) / "files"
         top.mkdir()
-        command = ["bsdtar", "-x", "-f", file, "-C", top]
-        done = subprocess.run(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, env={"LC_ALL": "C.UTF-8"},
-                              executable=shutil.which("bsdtar"))
+        command = [shutil.which("bsdtar"), "-x", "-f", file, "-C", top]
+        quiet = {stream: subprocess.DEVNULL for stream in ("stdin", "stdout", "stderr")}
+        done = subprocess.run(command, **quiet, env={"LC_ALL": "C.UTF-8"})
         if done.returncode != 0 or not is_whole(image):
             return None
         paths = [path for path in top.rglob("*") if path.is_file()]
@@ -109,7 +109,8 @@ def read_files(image):
 def is_whole(image):
     """Whether the file is as long as its volume says."""
     at = 16 * SECTOR
-    return image[at + 1 : at + 6] == b"CD001" and len(image) >= SECTOR * int.from_bytes(image[at + 80 : at + 84], "little")
+    sectors = int.from_bytes(image[at + 80 : at + 84], "little")
+    return image[at + 1 : at + 6] == b"CD001" and len(image) >= SECTOR * sectors
 
 
 def boot_start(image):

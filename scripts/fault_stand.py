@@ -1,4 +1,4 @@
-"""Makes the small CD that scripts/faults.py builds: its sources, a program folder, and the places that a build writes to."""
+"""Makes what scripts/faults.py builds a small CD from: its sources, a program folder, the places that it writes to."""
 
 import hashlib
 import os

@@ -39,6 +39,7 @@ LEAST_LIMIT = 20  # seconds
 TIMES_UNDISTURBED = 20
 # Of a program that stands for another: where the real one is while a fault is injected into it.
 REAL = ".real"
+KILLED = "killed by SIGKILL"  # how a trace ends then
 
 
 def processes_of(mark):
@@ -148,7 +149,7 @@ class Campaign:
         self.undisturbed, self.limit = {}, LEAST_LIMIT
         names = [program / name for name in fault_stand.PROGRAMS]
         names += [path for path in sorted((program / "files").rglob("*")) if path.is_file()]
-        names += sorted((ROOT / "scripts").glob("fault*.py"))
+        names += [ROOT / "scripts" / name for name in ("fault_plan.py", "fault_stand.py")]
         self.key = hashlib.sha256(b"".join(path.read_bytes() for path in names)).hexdigest()
 
     def prepare(self):
@@ -251,12 +252,11 @@ class Job:
                 outcome.timed_out = True
                 end_all(f"{MARK}={mark}")
         outcome.trace = self.trace()
-        sign = "killed by SIGKILL" if injection.error == KILL else "(INJECTED)"
         broken = fault_checks.broken_by(outcome, self.stand, undisturbed, before)
         put_back(self.stand)
         if outcome.code != 0:
             broken += self.repeat(injection, undisturbed, mark, before)
-        return outcome, broken, sign in outcome.trace
+        return outcome, broken, bool(struck_line(outcome.trace, injection))
 
     def repeat(self, injection, undisturbed, mark, before):
         """Builds again without a fault, at once: programs of a killed build may still be running."""
@@ -268,6 +268,14 @@ class Job:
             *fault_checks.failed_repetition(outcome, self.stand, undisturbed, running),
             *fault_checks.changed_sources(before, self.stand),
         ]
+
+
+def struck_line(trace, injection):
+    """The call of the trace that was struck, which may be another one than in the recorded run; empty when none was."""
+    lines = trace.splitlines()
+    if injection.error != KILL:
+        return next((line for line in lines if line.endswith("(INJECTED)")), "")
+    return next((line for line in reversed(lines) if f"{injection.name}(" in line), "") if KILLED in trace else ""
 
 
 class Report:
@@ -288,6 +296,7 @@ class Report:
                 return
             self.broke += 1
             print(f"{injection.number}: {injection.shown}: exit code {outcome.code}")
+            print(f"    {struck_line(outcome.trace, injection)[:200]}")
             for number, found in dict.fromkeys(broken):
                 print(f"  broken: {number}. {INVARIANTS[number]}\n    {found}")
             for line in [*outcome.out.splitlines(), *outcome.err.splitlines()]:
@@ -349,7 +358,8 @@ def why_not_traced():
     """Why no process can be traced here; empty when it can."""
     if not shutil.which("strace"):
         return "strace is not installed (scripts/bootstrap.sh faults)"
-    done = subprocess.run(["strace", "-o", "/dev/null", "true"], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+    command = ["strace", "-o", "/dev/null", "true"]
+    done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
     return f"strace cannot trace a process here: {done.stdout.strip()}" if done.returncode != 0 else ""
 
 
@@ -358,7 +368,7 @@ def arguments(words=None):
     parser.add_argument("--program", type=Path, default=ROOT / "build/linux/program", help="the program folder")
     parser.add_argument("--work", type=Path, default=ROOT / "build/faults", help="where the builds are run")
     parser.add_argument("--list", action="store_true", help="print the numbered faults and inject none")
-    parser.add_argument("--run", type=int, nargs="+", metavar="NUMBER", help="repeat these faults and keep their folders")
+    parser.add_argument("--run", type=int, nargs="+", metavar="NUMBER", help="repeat these and keep their folders")
     parser.add_argument("--sample", type=int, metavar="COUNT", help="inject so many, drawn by the seed")
     parser.add_argument("--seed", default="1", help="any text; another one draws other faults")
     parser.add_argument("--jobs", type=int, default=os.cpu_count(), help="builds side by side (default: processors)")
@@ -370,9 +380,9 @@ def drawn(injections, given):
     if given.run:
         wanted = set(given.run)
         return [injection for injection in injections if injection.number in wanted]
-    if given.sample is None or given.sample >= len(injections):
+    if given.sample is None:
         return injections
-    return random.Random(given.seed).sample(injections, given.sample)
+    return random.Random(given.seed).sample(injections, min(given.sample, len(injections)))
 
 
 def main():
