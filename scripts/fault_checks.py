@@ -48,6 +48,7 @@ OTHER_NAMES = {
     "boot/images/vexaemm.img": ("vexasoftware_emm",),
     "boot/images/vexawin.img": ("winsetup",),
     "boot/images/vexanet.img": ("netaccess", "linkwellplus288"),
+    **{f"boot/images/{name}.bin": ("files/bootsect", "bootsect/w2ksect.bin") for name in ("w2ksect", "erdc", "oobc")},
     "I386/WINNT.SIF": ("keyfile.txt", "keyfile2.txt", "win2k_template.inf"),
     "WIN98/MSBATCH.INF": ("keyfile.txt", "keyfile2.txt", "winme_template.inf"),
 }
@@ -139,11 +140,11 @@ def origin_of(path):
 
 def names_of(path):
     """What a message may call a file of the CD: its own name, or a folder that it stands in."""
-    names = [path.rsplit("/", 1)[-1], *OTHER_NAMES.get(path, ())]
     parents = path.split("/")[:-1]
     origin = origin_of(path)
+    names = [path.rsplit("/", 1)[-1], origin, *OTHER_NAMES.get(path, ())]
     names += ["/".join(parents[: count + 1]) for count in range(len(parents))]
-    names += ["/".join([origin, *parents[1:count]]) for count in range(1, len(parents) + 1)]
+    names += ["/".join([origin, *parents[1:count]]) for count in range(2, len(parents) + 1)]
     return names
 
 

@@ -120,9 +120,11 @@ def read_calls(lines, folder):
         if line.startswith(" > "):
             continue
         # The stack of a call that another task has interrupted stands behind the line in which it is resumed.
-        resumed = re.match(r"^(\d+) +<\.\.\. ([a-z_0-9]+) resumed>", line)
+        resumed = re.match(r"^(\d+) +<\.\.\. [a-z_0-9]+ resumed>(.*)", line)
         if resumed:
             latest["call"] = latest.get(resumed[1])
+            if latest["call"]:
+                latest["call"].text = latest["call"].text.replace(" <unfinished ...>", resumed[2])
             continue
         entry = ENTRY.match(line)
         latest["call"] = None
@@ -235,6 +237,11 @@ def split_tasks(calls):
     return [call for call in calls if call.task == first], threads
 
 
+def shown_text(text, folder):
+    """The arguments of a call without what is different in each run."""
+    return re.sub(r"0x[0-9a-f]{6,}", "0x...", text.replace(folder, ""))
+
+
 def units_of_program(program, lines, folder):
     """The unit of a started program and that of its threads, from its trace."""
     calls = read_calls(lines, folder)
@@ -243,6 +250,8 @@ def units_of_program(program, lines, folder):
     words = re.findall(r'"((?:[^"\\]|\\.)*)"', started[1]) if started else []
     # Only CreateDsk is started several times; the arguments of the others hold paths.
     arguments = " ".join(words[1:]) if program == "CreateDsk" else ""
+    for call in calls:
+        call.text = shown_text(call.text, folder)
     units = [Unit(program, arguments, calls=own)]
     # The call of the first task with the same number fails, too. That must not be one of the system's loader.
     by_loader = {(call.name, call.number) for call in own if not call.site}

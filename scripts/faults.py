@@ -12,6 +12,7 @@ Linux only. Needs strace, and the permission to trace processes."""
 
 import argparse
 import collections
+import concurrent.futures
 import hashlib
 import json
 import os
@@ -180,7 +181,7 @@ class Campaign:
 
     def record(self, scenario):
         """The units of a scenario, from the trace of an undisturbed build with the stack of each call."""
-        job = Job(self, "recorded")
+        job = Job(self, f"recorded_{scenario.name}")
         job.set_up(scenario.name)
         names = ",".join("?" + name for name in fault_plan.ERRORS)
         options = ["-f", "-k", "-s", "200", "-e", f"trace={names}"]
@@ -193,10 +194,6 @@ class Campaign:
             program = file.name.split(".")[0]
             lines = file.read_text(errors="replace").splitlines()
             units += fault_plan.units_of_program(program, lines, str(job.stand))
-        stand = str(job.stand)
-        for unit in units:
-            for call in unit.calls:
-                call.text = call.text.replace(stand, "")
         return sorted(units, key=lambda unit: fault_stand.PROGRAMS.index(unit.program)) + units_of_the_shell()
 
     def plan(self):
@@ -207,7 +204,9 @@ class Campaign:
             if stored["key"] == self.key:
                 return [Injection(**values) for values in stored["injections"]]
         print("Recording the calls of undisturbed builds...", flush=True)
-        recorded = {scenario.name: self.record(scenario) for scenario in fault_stand.SCENARIOS}
+        with concurrent.futures.ThreadPoolExecutor() as pool:
+            units = list(pool.map(self.record, fault_stand.SCENARIOS))
+        recorded = dict(zip([scenario.name for scenario in fault_stand.SCENARIOS], units))
         injections = fault_plan.plan(recorded)
         stored = {"key": self.key, "injections": [asdict(injection) for injection in injections]}
         kept.write_text(json.dumps(stored, indent=0), encoding="utf-8")
@@ -284,6 +283,7 @@ class Report:
     def __init__(self):
         self.codes, self.lock = collections.Counter(), threading.Lock()
         self.ran = self.broke = self.not_reached = 0
+        self.started = time.monotonic()
 
     def add(self, injection, outcome, broken, was_injected):
         with self.lock:
@@ -292,6 +292,8 @@ class Report:
             else:
                 self.ran += 1
                 self.codes[outcome.code] += 1
+            if (self.ran + self.not_reached) % 500 == 0:
+                print(f"{self.ran + self.not_reached} builds in {time.monotonic() - self.started:.0f} s", flush=True)
             if not broken:
                 return
             self.broke += 1
@@ -369,6 +371,7 @@ def arguments(words=None):
     parser.add_argument("--work", type=Path, default=ROOT / "build/faults", help="where the builds are run")
     parser.add_argument("--list", action="store_true", help="print the numbered faults and inject none")
     parser.add_argument("--run", type=int, nargs="+", metavar="NUMBER", help="repeat these and keep their folders")
+    parser.add_argument("--only", metavar="TEXT", help="only faults whose line in the list has this text")
     parser.add_argument("--sample", type=int, metavar="COUNT", help="inject so many, drawn by the seed")
     parser.add_argument("--seed", default="1", help="any text; another one draws other faults")
     parser.add_argument("--jobs", type=int, default=os.cpu_count(), help="builds side by side (default: processors)")
@@ -380,6 +383,7 @@ def drawn(injections, given):
     if given.run:
         wanted = set(given.run)
         return [injection for injection in injections if injection.number in wanted]
+    injections = [injection for injection in injections if (given.only or "") in injection.shown]
     if given.sample is None:
         return injections
     return random.Random(given.seed).sample(injections, min(given.sample, len(injections)))

@@ -41,6 +41,11 @@ def planned(*entries):
     return [injection.expression for injection in fault_plan.plan({"first": units(*entries)})]
 
 
+def injection(program="mkisofs", name="read", when=1, error="EIO", **given):
+    fixed = {"number": 1, "scenario": "first", "arguments": "", "threads": False, "path": ""}
+    return Injection(program=program, name=name, when=when, error=error, **{**fixed, **given})
+
+
 class Plan(unittest.TestCase):
     def test_call_of_the_loader_is_counted_and_not_struck(self):
         loader, own = 'unlink("/etc/a") = 0', ('unlink("/stand/a") = 0', ["a1"])
@@ -94,7 +99,8 @@ class Plan(unittest.TestCase):
         lines = ["7 rmdir( <unfinished ...>", "8 getpid() = 8", "7 <... rmdir resumed>\"a\") = 0"]
         lines += [OWN.format("mkisofs", "a1"), '7 rmdir("b") = 0', OWN.format("mkisofs", "a2")]
         calls = [call for call in fault_plan.read_calls(lines, "/stand") if call.name == "rmdir"]
-        self.assertEqual([(call.number, call.site) for call in calls], [(1, ("mkisofs0xa1",)), (2, ("mkisofs0xa2",))])
+        found = [(call.number, call.text, call.site) for call in calls]
+        self.assertEqual(found, [(1, '"a") = 0', ("mkisofs0xa1",)), (2, '"b") = 0', ("mkisofs0xa2",))])
 
     def test_calls_of_a_thread_are_a_unit_of_their_own_and_those_of_a_started_program_are_none(self):
         first, thread = ('7 mkdir("a") = 0', ["a1"]), ('8 mkdir("b") = 0', ["a2"])
@@ -111,8 +117,13 @@ class Plan(unittest.TestCase):
         self.assertEqual(units(start, program="CreateDsk")[0].arguments, "-t 144 winsetup")
         self.assertEqual(units(start, program="mkisofs")[0].arguments, "")
 
+    def test_only_those_with_the_text_are_drawn(self):
+        injections = [injection(name=name) for name in ("read", "write", "pread64")]
+        chosen = faults.drawn(injections, faults.arguments(["--only", "read"]))
+        self.assertEqual([one.name for one in chosen], ["read", "pread64"])
+
     def test_sample_is_that_of_its_seed(self):
-        injections = list(range(1000))
+        injections = [injection(number=number) for number in range(1000)]
         draw = lambda *words: faults.drawn(injections, faults.arguments(["--sample", "9", *words]))  # noqa: E731
         self.assertEqual(draw("--seed", "a"), draw("--seed", "a"))
         self.assertNotEqual(draw("--seed", "a"), draw("--seed", "b"))
@@ -293,11 +304,6 @@ class Images(unittest.TestCase):
             whole = image.read_bytes()
         self.assertEqual(list(fault_checks.read_files(whole)), ["A.TXT"])
         self.assertIsNone(fault_checks.read_files(whole[:-2048]))
-
-
-def injection(program="mkisofs", name="read", when=1, error="EIO", **given):
-    fixed = {"number": 1, "scenario": "first", "arguments": "", "threads": False, "path": ""}
-    return Injection(program=program, name=name, when=when, error=error, **{**fixed, **given})
 
 
 class Reports(unittest.TestCase):
