@@ -218,7 +218,7 @@ def incomplete_success(outcome, stand, undisturbed):
 
 def unnamed_losses(outcome, stand, undisturbed):
     """Invariant 4."""
-    if outcome.code in (0, -9) or outcome.timed_out:
+    if outcome.code <= 0 or outcome.timed_out:
         return []
     reasons = [line for line in outcome.err.splitlines() if " " in line.strip() and not PROGRESS.match(line)]
     if not reasons:

@@ -74,6 +74,13 @@ ERRORS = {
     "wait4": ("EINTR",),
 }
 # What changes something on the disk or starts something. Between two of these a kill makes no difference.
+# Whole builds under the shell's limits: the largest file in half kilobytes, open files, memory in kilobytes.
+LIMITS = "limits"
+LIMIT_VALUES = {
+    "ulimit -f": (0, 1, 4, 40, 160, 1000, 2000, 2880, 4000, 8000, 12000, 15000),
+    "ulimit -n": (4, 5, 6, 7, 8, 9, 10, 12, 16),
+    "ulimit -v": (8000, 10000, 12000, 14000, 16000, 20000, 25000, 30000, 50000, 80000, 90000, 100000, 200000),
+}
 CHANGES = set(
     "write pwrite64 writev rename renameat renameat2 link linkat symlink symlinkat unlink unlinkat rmdir mkdir mkdirat "
     "copy_file_range sendfile ftruncate fallocate chmod fchmod fchmodat utimensat clone clone3 vfork pipe2".split()
@@ -173,11 +180,15 @@ class Injection:
 
     @property
     def expression(self):
+        if self.program == LIMITS:
+            return f"{self.name} {self.when}"
         effect = "signal=KILL" if self.error == KILL else f"error={self.error}"
         return f"{self.name}:{effect}:when={self.when}"
 
     @property
     def shown(self):
+        if self.program == LIMITS:
+            return f"{self.scenario}: {self.expression}"
         unit = Unit(self.program, self.arguments, self.threads, self.path)
         return f"{self.scenario}: {unit.shown}: {self.expression}: {self.name}({self.text[:90]} in {self.where[:60]}"
 
@@ -226,6 +237,10 @@ def plan(recorded, most=MOST_PER_SITE):
             fixed = (scenario, unit.program, unit.arguments, unit.threads, unit.path, call.name, call.number)
             for error in errors_of(call, is_first):
                 injections.append(Injection(len(injections) + 1, *fixed, error, call.text, call.where))
+    for scenario in recorded:
+        for name, values in LIMIT_VALUES.items():
+            for value in values:
+                injections.append(Injection(len(injections) + 1, scenario, LIMITS, "", False, "", name, value, ""))
     return injections
 
 

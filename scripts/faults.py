@@ -32,7 +32,7 @@ import fault_checks
 import fault_plan
 import fault_stand
 from fault_checks import INVARIANTS, Outcome, Undisturbed
-from fault_plan import KILL, Call, Injection, Unit
+from fault_plan import KILL, LIMITS, Call, Injection, Unit
 
 ROOT = Path(__file__).resolve().parent.parent
 MARK = "DISCWRIGHT_FAULTS"  # in the environment of every process that is started here
@@ -229,6 +229,8 @@ class Job:
     def command(self, injection):
         """Makes the stand ready for the fault; the command to be run in it."""
         scenario = next(one for one in fault_stand.SCENARIOS if one.name == injection.scenario)
+        if injection.program == LIMITS:
+            return ["/bin/sh", "-c", f'{injection.expression} && exec "$@"', "sh", *scenario.command]
         options = options_of(injection, self.stand)
         if injection.program in fault_stand.PROGRAMS[1:]:
             stand_in(self.stand, injection.program, injection.arguments, options)
@@ -253,9 +255,11 @@ class Job:
         outcome.trace = self.trace()
         broken = fault_checks.broken_by(outcome, self.stand, undisturbed, before)
         put_back(self.stand)
-        if outcome.code != 0:
+        if cannot_start(outcome):
+            broken = []
+        elif outcome.code != 0:
             broken += self.repeat(injection, undisturbed, mark, before)
-        return outcome, broken, bool(struck_line(outcome.trace, injection))
+        return outcome, broken, was_struck(outcome, injection)
 
     def repeat(self, injection, undisturbed, mark, before):
         """Builds again without a fault, at once: programs of a killed build may still be running."""
@@ -275,6 +279,18 @@ def struck_line(trace, injection):
     if injection.error != KILL:
         return next((line for line in lines if line.endswith("(INJECTED)")), "")
     return next((line for line in reversed(lines) if f"{injection.name}(" in line), "") if KILLED in trace else ""
+
+
+def was_struck(outcome, injection):
+    """Whether the fault came to a call of ours; a limit did when something failed after the start of the program."""
+    if injection.program == LIMITS:
+        return outcome.code != 0 and not cannot_start(outcome)
+    return bool(struck_line(outcome.trace, injection))
+
+
+def cannot_start(outcome):
+    """Whether the system's loader has ended the program. That says nothing about our code."""
+    return outcome.code == 127 and "error while loading shared libraries" in outcome.err
 
 
 class Report:

@@ -38,7 +38,8 @@ def units(*entries, program="discwright-build"):
 
 def planned(*entries):
     """["name:effect:when=N"] of the plan of one program."""
-    return [injection.expression for injection in fault_plan.plan({"first": units(*entries)})]
+    injections = fault_plan.plan({"first": units(*entries)})
+    return [injection.expression for injection in injections if injection.program != fault_plan.LIMITS]
 
 
 def injection(program="mkisofs", name="read", when=1, error="EIO", **given):
@@ -94,6 +95,12 @@ class Plan(unittest.TestCase):
         first = fault_plan.plan(recorded)
         self.assertEqual(first, fault_plan.plan(recorded))
         self.assertEqual([injection.number for injection in first], list(range(1, len(first) + 1)))
+
+    def test_limits_come_last(self):
+        limits = [one.program == fault_plan.LIMITS for one in fault_plan.plan({"first": units(), "again": units()})]
+        self.assertTrue(all(limits))
+        first = fault_plan.plan({"first": units(('rmdir("a") = 0', ["a1"])), "again": units()})
+        self.assertEqual([one.program == fault_plan.LIMITS for one in first[:4]], [False, False, False, True])
 
     def test_interrupted_call_is_counted_once_and_keeps_its_stack(self):
         lines = ["7 rmdir( <unfinished ...>", "8 getpid() = 8", "7 <... rmdir resumed>\"a\") = 0"]
@@ -266,7 +273,7 @@ class Checks(unittest.TestCase):
         self.assert_broken(Outcome(4, err="warning: no luck\n"), 4)
 
     def test_5_death_by_a_signal(self):
-        self.assert_broken(Outcome(-11, err="no luck today\n"), 5)
+        self.assert_broken(Outcome(-11), 5)
         self.assert_broken(Outcome(1, err="no luck today\n", trace="7 +++ killed by SIGABRT +++\n"), 5)
         self.assert_broken(Outcome(-9, trace="7 +++ killed by SIGKILL +++\n"))
 
@@ -370,6 +377,13 @@ class Faults(unittest.TestCase):
         fault = injection("mkisofs", "fadvise64", 1, fault_plan.KILL, arguments="another")
         outcome, struck = self.run_with(fault, ["program/mkisofs", "text"])
         self.assertEqual((outcome.code, outcome.out, struck), (0, "a text", ""))
+
+    def test_limit_is_set_and_counts_when_something_failed(self):
+        fault = injection(fault_plan.LIMITS, "ulimit -n", 3, "")
+        outcome, _ = self.run_with(fault)
+        self.assertIn("error while loading shared libraries", outcome.err)
+        self.assertFalse(faults.was_struck(outcome, fault))
+        self.assertTrue(faults.was_struck(Outcome(1), fault))
 
     def test_kill_is_seen_as_one(self):
         outcome, struck = self.run_with(injection("discwright-build", "openat", 3, fault_plan.KILL))
