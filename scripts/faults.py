@@ -13,6 +13,7 @@ Linux only. Needs strace, and the permission to trace processes."""
 import argparse
 import collections
 import concurrent.futures
+import fcntl
 import hashlib
 import json
 import os
@@ -327,34 +328,36 @@ class Report:
         text = f"{self.ran} faults were injected in {seconds:.0f} s, {self.broke} broke an invariant"
         text += f"; exit codes: {codes}." if codes else "."
         text += f" {self.not_reached} builds did not reach the call." if self.not_reached else ""
-        return text + (f" {left_out} faults were left out for lack of time." if left_out else "")
+        return text + (f" {left_out} faults were left out." if left_out else "")
 
 
 def run_all(campaign, injections, jobs, last_moment):
-    """Runs them side by side; the report, and how many were left out."""
+    """Runs them side by side; the report, and how many were left out. Ctrl-C ends it after the builds that run."""
     waiting = queue.SimpleQueue()
     for injection in injections:
         waiting.put(injection)
-    report, errors = Report(), []
+    report, stop = Report(), threading.Event()
 
     def work(name):
         job = Job(campaign, name)
         try:
-            while time.monotonic() < last_moment and not errors:
+            while time.monotonic() < last_moment and not stop.is_set():
                 injection = waiting.get_nowait()
                 report.add(injection, *job.run(injection))
         except queue.Empty:
             pass
-        except BaseException as error:  # must end the campaign, not one thread of it
-            errors.append(error)
+        finally:
+            # A worker that fails ends the campaign: its exception is raised below.
+            stop.set()
 
-    threads = [threading.Thread(target=work, args=(f"job{number}",)) for number in range(jobs)]
-    for thread in threads:
-        thread.start()
-    for thread in threads:
-        thread.join()
-    if errors:
-        raise errors[0]
+    with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
+        workers = [pool.submit(work, f"job{number}") for number in range(jobs)]
+        try:
+            concurrent.futures.wait(workers)
+        except KeyboardInterrupt:
+            stop.set()
+    for worker in workers:
+        worker.result()
     return report, waiting.qsize()
 
 
@@ -410,6 +413,12 @@ def main():
     reason = why_not_traced()
     if reason:
         sys.exit(f"faults: nothing was injected: {reason}")
+    given.work.mkdir(parents=True, exist_ok=True)
+    lock = os.open(given.work, os.O_RDONLY)
+    try:
+        fcntl.flock(lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
+    except BlockingIOError:
+        sys.exit(f"faults: another one works in {given.work}; name another folder by --work")
     campaign = Campaign(given.work.resolve(), given.program.resolve())
     campaign.prepare()
     injections = campaign.plan()

@@ -332,6 +332,20 @@ class Reports(unittest.TestCase):
         self.assertIn("1 builds did not reach the call", report.summary(0, 1))
 
 
+class Permission(unittest.TestCase):
+    def test_refused_tracing_is_told_in_the_words_of_strace(self):
+        with tempfile.TemporaryDirectory() as folder:
+            strace = Path(folder) / "strace"
+            strace.write_text("#!/bin/sh\necho ptrace: Operation not permitted >&2\nexit 1\n", encoding="utf-8")
+            strace.chmod(0o755)
+            with mock.patch.dict("os.environ", PATH=folder):
+                self.assertIn("ptrace: Operation not permitted", faults.why_not_traced())
+
+    def test_missing_strace_is_told(self):
+        with mock.patch.dict("os.environ", PATH="/nowhere"):
+            self.assertIn("strace is not installed", faults.why_not_traced())
+
+
 @unittest.skipIf(faults.why_not_traced(), faults.why_not_traced())
 class Faults(unittest.TestCase):
     """A copy of cat stands for each program."""
