@@ -205,6 +205,10 @@ class Checks(unittest.TestCase):
         self.image.write_bytes(b"a partial image")
         self.assert_broken(Outcome(1, err="no luck today\n"), 2)
 
+    def test_2_image_with_losses_of_a_failed_build(self):
+        self.image.write_bytes(b"with losses")
+        self.assert_broken(Outcome(1, err="no luck today\n"), 2)
+
     def test_2_partial_image_with_warnings(self):
         self.image.write_bytes(b"a partial image")
         self.assert_broken(Outcome(4, err="warning: no luck\n"), 2)
@@ -307,10 +311,11 @@ class Images(unittest.TestCase):
             tree, image = Path(folder) / "tree", Path(folder) / "a.iso"
             tree.mkdir()
             (tree / "A.TXT").write_bytes(b"a" * 100_000)
-            subprocess.run(["genisoimage", "-quiet", "-no-pad", "-o", image, tree], check=True)
+            subprocess.run(["genisoimage", "-quiet", "-o", image, tree], check=True)
             whole = image.read_bytes()
         self.assertEqual(list(fault_checks.read_files(whole)), ["A.TXT"])
-        self.assertIsNone(fault_checks.read_files(whole[:-2048]))
+        self.assertIsNone(fault_checks.read_files(whole[:-2048]))  # a part of the padding behind the files
+        self.assertIsNone(fault_checks.read_files(whole[:100_000]))
 
 
 class Reports(unittest.TestCase):
