@@ -13,8 +13,8 @@ OPENS = ("EACCES", "EIO", "EMFILE")
 WRITES = ("ENOSPC", "EIO", "EINTR")
 RENAMES = ("EACCES", "EIO", "ENOSPC", "EXDEV")
 STARTS = ("EAGAIN", "ENOMEM")
-# The errors that may come from each call. A close that fails is left out: strace would leave the file open. So is brk,
-# which tells its failure by the old end of the heap: the C library would take an error for an address.
+# The errors that may come from each call. A close that fails is left out, because strace would leave the file open. So
+# is brk: it reports a failure by the old end of the heap, and the C library would take an error for an address.
 ERRORS = {
     "open": OPENS,
     "openat": OPENS,

@@ -39,7 +39,7 @@ ROOT = Path(__file__).resolve().parent.parent
 MARK = "DISCWRIGHT_FAULTS"  # in the environment of every process that is started here
 LEAST_LIMIT = 20  # seconds
 TIMES_UNDISTURBED = 20
-# Of a program that stands for another: where the real one is while a fault is injected into it.
+# While a script stands in the place of a program, the program itself has this behind its name.
 REAL = ".real"
 KILLED = "killed by SIGKILL"  # how a trace ends then
 
@@ -75,7 +75,7 @@ def still_running(mark, seconds):
 
 
 def run_build(stand, command, mark, limit):
-    """Runs a build, or a strace of one; a reader is waiting for its output only until the build itself ends."""
+    """Runs a build, or a strace of one. Its output goes to files: a program that outlives the build delays nobody."""
     with open(stand.parent / "out.txt", "w+b") as out, open(stand.parent / "err.txt", "w+b") as err:
         process = subprocess.Popen(
             command,
