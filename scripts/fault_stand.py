@@ -5,7 +5,6 @@ import os
 import shutil
 import stat
 import subprocess
-from pathlib import Path
 
 PROGRAMS = ("discwright-build", "CreateDsk", "dfl", "mkisofs")
 # What a build writes to. The other folder of a stand, "sources", and the files of the program are only read.

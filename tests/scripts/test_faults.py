@@ -17,7 +17,7 @@ import fault_checks
 import fault_plan
 import faults
 from fault_checks import Outcome, Undisturbed
-from fault_plan import Call, Injection, Unit
+from fault_plan import Injection
 
 OWN = " > /stand/program/{}(Function()+0x5) [0x{}]"
 
