@@ -4,7 +4,7 @@ program := build/linux/program
 windows_program := build/windows-x86/program
 jobs := $(shell nproc)
 
-.PHONY: help program windows iso test test-asan bench lint format clean
+.PHONY: help program windows iso test test-asan bench faults lint format clean
 
 help:
 	@echo "make iso        makes the example CD image, build/vexacd.iso"
@@ -16,6 +16,7 @@ help:
 	@echo "make test-windows  those of the Windows programs, under Wine"
 	@echo "make test-asan  test-linux under the address and undefined behaviour sanitizers"
 	@echo "make bench      measures and prints ratios"
+	@echo "make faults     makes system calls of whole builds fail, one at a time: some 5,000, in about an hour"
 	@echo "make lint       runs the checkers"
 	@echo "make format     formats the sources"
 	@echo "make clean      removes everything that was built"
@@ -71,6 +72,11 @@ bench: program
 	scripts/bootstrap.sh bench
 	cmake --build --preset linux -j $(jobs) --target bench_copy_tree
 	python3 bench/run.py
+
+# FAULTS="--sample 200 --seed 7" draws some of them; see scripts/faults.py --help.
+faults: program
+	scripts/bootstrap.sh faults
+	python3 -B scripts/faults.py $(FAULTS)
 
 lint:
 	scripts/bootstrap.sh lint

@@ -8,6 +8,7 @@
 #   scripts/bootstrap.sh fuzz     also the compiler of the fuzz targets
 #   scripts/bootstrap.sh lint     also the checkers
 #   scripts/bootstrap.sh bench    also the programs that are measured against
+#   scripts/bootstrap.sh faults   also what makes system calls fail, and a reader of images
 #   scripts/bootstrap.sh mutants  also what changes the code to see whether a test notices
 set -eu
 
@@ -16,14 +17,15 @@ cross="g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32"
 case "${1:-build}" in
   build) ;;
   windows) packages="$packages $cross python3" ;;
-  test) packages="$packages $cross lld libgtest-dev libgmock-dev googletest qemu-system-x86 mtools dosfstools genisoimage xorriso libarchive-tools p7zip-full python3 universal-ctags" ;;
+  test) packages="$packages $cross lld libgtest-dev libgmock-dev googletest qemu-system-x86 mtools dosfstools genisoimage xorriso libarchive-tools p7zip-full strace python3 universal-ctags" ;;
   wine32) packages="mmdebstrap util-linux" ;;
   wine64) packages="wine wine64" ;;
   fuzz) packages="$packages clang libclang-rt-14-dev" ;;
   lint) packages="$packages $cross libgtest-dev libgmock-dev googletest clang-format clang-tidy shellcheck python3 universal-ctags" ;;
   bench) packages="$packages genisoimage xorriso jdupes rdfind python3" ;;
+  faults) packages="$packages strace libarchive-tools python3" ;;
   mutants) packages="$packages lld libgtest-dev libgmock-dev googletest python3 python3-clang-14 libclang-14-dev" ;;
-  *) echo "bootstrap.sh: unknown set '$1' (build, windows, test, wine32, wine64, fuzz, lint, bench or mutants)" >&2; exit 2 ;;
+  *) echo "bootstrap.sh: unknown set '$1' (build, windows, test, wine32, wine64, fuzz, lint, bench, faults or mutants)" >&2; exit 2 ;;
 esac
 
 missing=""
