@@ -42,6 +42,10 @@ bool SameFolder(std::string_view a, std::string_view b);
 // The same for two files of any kind; hard links of one file are one.
 bool SameFile(std::string_view a, std::string_view b);
 
+// Whether the file or folder at `path`, which is below `folder` by its spelling, also lies there when all links in
+// `folder` are followed. On Windows, which cannot always say where a link leads, any link on the way gives false.
+bool LiesBelow(std::string_view folder, std::string_view path);
+
 // True when the file can be opened for reading. Folders, devices, sockets and pipes are not opened and give false.
 bool CanRead(std::string_view path);
 
