@@ -9,6 +9,7 @@
 #include "host/console.h"
 #include "host/names.h"
 #include "host/native_text.h"
+#include "host/run_program.h"
 #include "wizard/navigation.h"
 
 namespace {
@@ -45,14 +46,15 @@ int Build(const desktop::Options& options) {
   };
   const forms::Subscription rules = wizard::Bind(context);
   host::CatchInterrupts();
-  return desktop::RunBuild(context, terminal, options);
+  try {
+    return desktop::RunBuild(context, terminal, options);
+  } catch (...) {
+    programs->EndAll();  // without this program nobody would follow them
+    throw;
+  }
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  std::setlocale(LC_TIME, "");  // the summary shows day names in the language of the system
-  const std::vector<std::string> arguments = host::Arguments(argc, argv);
+int Run(const std::vector<std::string>& arguments) {
   const desktop::Options options = desktop::ParseOptions(arguments);
   if (!options.error.empty()) {
     host::Print(host::Stream::kError, "discwright-build: " + options.error + "\nTry 'discwright-build --help'.\n");
@@ -67,4 +69,11 @@ int main(int argc, char** argv) {
     return desktop::kExitMade;
   }
   return Build(options);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::setlocale(LC_TIME, "");  // the summary shows day names in the language of the system
+  return host::RunProgram("discwright-build", [&] { return Run(host::Arguments(argc, argv)); });
 }

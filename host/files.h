@@ -46,6 +46,10 @@ bool SameFile(std::string_view a, std::string_view b);
 // sockets and pipes are not opened: they are a failure (kWrongKind).
 Status CheckReadable(std::string_view path);
 
+// Whether the file or folder at `path`, which is below `folder` by its spelling, also lies there when all links in
+// `folder` are followed. On Windows, which cannot always say where a link leads, any link on the way gives false.
+bool LiesBelow(std::string_view folder, std::string_view path);
+
 // Creates every missing folder of the path; a path that exists already is a success.
 Status MakeFolders(std::string_view path);
 
@@ -58,7 +62,16 @@ Status RemoveEmptyFolder(std::string_view path);
 // Moves a file, also across volumes. An existing target is an error (kExists) and stays as it is.
 Status RenameFile(std::string_view from, std::string_view to);
 
-Result<std::string> ReadWholeFile(std::string_view path);
+// The largest file that ReadWholeFile reads when its caller names no other limit: far more than any file of settings.
+inline constexpr std::int64_t kLargestText = std::int64_t{16} << 20;  // bytes
+
+// Reads a file of at most `most` bytes. A larger one is a failure (kTooLarge), so that it never takes all the memory.
+Result<std::string> ReadWholeFile(std::string_view path, std::int64_t most = kLargestText);
+// How it refuses a file of `size` bytes.
+inline Status TooLarge(std::int64_t size, std::int64_t most) {
+  return Status::Failure(ErrorClass::kTooLarge, "it is too large: " + std::to_string(size) + " bytes; at most " +
+                                                    std::to_string(most) + " bytes are possible");
+}
 
 enum class FileTimes {
   kNew,   // of the moment of writing

@@ -33,6 +33,12 @@ void OutputQueue::AddEnd(ProcessEnd end) {
   if (!released_ && wake_) wake_();
 }
 
+void OutputQueue::AddFailure(std::exception_ptr failure) {
+  const std::lock_guard lock(mutex_);
+  failure_ = std::move(failure);
+  if (!released_ && wake_) wake_();
+}
+
 void OutputQueue::AddPiece(std::size_t length) {
   if (length == 0) return;
   std::string piece = held_.substr(0, length);
@@ -66,6 +72,7 @@ std::optional<std::string> OutputQueue::Take() {
 std::optional<ProcessEnd> OutputQueue::TakeEnd() {
   const std::lock_guard lock(mutex_);
   if (released_ || !pieces_.empty()) return std::nullopt;
+  if (failure_) std::rethrow_exception(failure_);
   return std::exchange(end_, std::nullopt);
 }
 

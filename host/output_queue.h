@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstddef>
 #include <deque>
+#include <exception>
 #include <functional>
 #include <optional>
 #include <string>
@@ -29,6 +30,8 @@ class OutputQueue {
   // queue even when `output` is empty. AddEnd puts in what is held back, and then the end.
   void Add(std::string_view output, Clock::time_point now);
   void AddEnd(ProcessEnd end);
+  // What the reading thread threw. TakeEnd throws it on the thread that shows, which then ends the build.
+  void AddFailure(std::exception_ptr failure);
   // The time until the unfinished line is due; `hold` when there is none.
   int MillisecondsToWait(Clock::time_point now) const;
 
@@ -51,6 +54,7 @@ class OutputQueue {
   Condition has_room_;
   std::deque<std::string> pieces_;
   std::optional<ProcessEnd> end_;
+  std::exception_ptr failure_;
   bool released_ = false;
   std::function<void()> wake_;
 };

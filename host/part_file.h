@@ -23,7 +23,8 @@ class PartFile {
 // Starts a file. A NAME.part that another run has left or is still writing is replaced, and the Commit of that run then
 // fails (kExists). On Windows 95, 98 and Me a NAME.part that is still being written cannot be replaced: that is a
 // failure (kAccessDenied). A NAME that is no regular file is a failure (kWrongKind). Room for `size` bytes is set aside
-// where the file system can, so that a full disk (kDiskFull) is known at once.
+// where the file system can, so that a full disk (kDiskFull), or a file that may not become so large (kTooLarge), is
+// known at once.
 Result<std::unique_ptr<PartFile>> CreatePartFile(std::string_view path, std::uint64_t size);
 
 }  // namespace discwright::host

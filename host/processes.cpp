@@ -3,7 +3,7 @@
 
 #include <algorithm>
 #include <array>
-#include <system_error>
+#include <exception>
 #include <vector>
 
 #include "host/child.h"
@@ -59,8 +59,14 @@ class SystemLauncher : public Launcher {
     queue_ = std::make_shared<OutputQueue>(static_cast<std::size_t>(buffer_size_), poll_interval_, wake_);
     try {
       // The thread outlives this launcher: it goes on for as long as anybody can write.
-      Thread([child, queue = queue_] { ReadOutput(*child, *queue); }).Detach();
-    } catch (const std::system_error& error) {
+      Thread([child, queue = queue_] {
+        try {
+          ReadOutput(*child, *queue);
+        } catch (...) {
+          queue->AddFailure(std::current_exception());
+        }
+      }).Detach();
+    } catch (const std::exception& error) {
       child->RequestEnd();
       child->WaitUntilGone(Clock::now());
       child->WaitForEnd(-1);

@@ -13,6 +13,7 @@ enum class ErrorClass {
   kNotFound,      // the name, or a folder on the way to it, is not there
   kAccessDenied,  // read only, locked, or in use
   kDiskFull,
+  kTooLarge,   // the file is larger than it may be, or may not grow any more
   kNotReady,   // the drive or device gave an input/output error
   kExists,     // the name, or one that differs only in letter case, is taken
   kLoop,       // a link leads back to one of its own parents
@@ -29,6 +30,13 @@ struct Status {
   static Status Success() { return {}; }
   static Status Failure(ErrorClass error, std::string cause) { return {error, std::move(cause)}; }
 };
+
+// The system does not let a file grow. Unlike for a full disk, making room does not help.
+inline Status FileMayNotGrow() {
+  return Status::Failure(ErrorClass::kTooLarge,
+                         "the file may not grow any more: the file system (FAT: 4 GB) or a limit of this account does "
+                         "not allow it");
+}
 
 // What a call that gives something and can fail gives back:
 //

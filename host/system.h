@@ -17,6 +17,9 @@ std::string CurrentFolder();
 // folder.
 std::shared_ptr<void> ClaimFolder(std::string_view folder);
 
+// From now on a write beyond the largest size that this account may give a file fails, and does not end the program.
+void LetLargeWritesFail();
+
 // 1 = Windows 95/98/Me, 2 = the NT family and every other system.
 int PlatformId();
 

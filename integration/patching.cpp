@@ -2,9 +2,10 @@
 #include "integration/patching.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <functional>
 #include <optional>
-#include <vector>
 
 #include "host/files.h"
 #include "host/names.h"
@@ -72,19 +73,31 @@ host::Status ReplaceBytes(std::string& bytes, const Pattern& pattern, bool& repl
   return host::Status::Success();
 }
 
-// Each byte as a text with its letter case folded. Characters of two bytes, which some code pages have, are compared
+// For each byte the first byte whose character differs from its own in letter case only.
+std::array<char, 256> FirstBytesOfLetters() {
+  std::array<std::string, 256> folded;
+  std::array<char, 256> first{};
+  for (std::size_t i = 0; i < folded.size(); ++i) {
+    const char byte = static_cast<char>(i);
+    folded[i] = host::FoldCase(host::TextOfCodePage({&byte, 1}));
+    first[i] = static_cast<char>(std::ranges::find(folded, folded[i]) - folded.begin());
+  }
+  return first;
+}
+
+// Each byte replaced by the first one of its letter. Characters of two bytes, which some code pages have, are compared
 // byte by byte; equal characters have equal bytes.
-std::vector<std::string> WithoutLetterCase(std::string_view bytes) {
-  std::vector<std::string> characters;
-  characters.reserve(bytes.size());
-  for (const char& byte : bytes) characters.push_back(host::FoldCase(host::TextOfCodePage({&byte, 1})));
-  return characters;
+std::string WithoutLetterCase(std::string_view bytes) {
+  const std::array<char, 256> first = FirstBytesOfLetters();
+  std::string text(bytes);
+  for (char& character : text) character = first[static_cast<unsigned char>(character)];
+  return text;
 }
 
 std::string WithReplacements(const std::string& bytes, const Pattern& pattern) {
   if (pattern.find.empty()) return bytes;
-  const std::vector<std::string> text = WithoutLetterCase(bytes);
-  const std::vector<std::string> find = WithoutLetterCase(pattern.find);
+  const std::string text = WithoutLetterCase(bytes);
+  const std::string find = WithoutLetterCase(pattern.find);
   std::string result;
   auto start = text.begin();
   for (;;) {
@@ -96,10 +109,15 @@ std::string WithReplacements(const std::string& bytes, const Pattern& pattern) {
   }
 }
 
-// Reads a file, passes its bytes to `change`, and writes them back. If `change` leaves no bytes, nothing is written.
-host::Status Rewrite(const std::string& file, const std::function<host::Status(std::string& bytes)>& change) {
+// The largest program that is patched; the loaders of Windows Setup are far smaller.
+constexpr std::int64_t kLargestProgram = std::int64_t{64} << 20;  // bytes
+
+// Reads a file of at most `most` bytes, passes them to `change`, and writes them back. If `change` leaves no bytes,
+// nothing is written.
+host::Status Rewrite(const std::string& file, std::int64_t most,
+                     const std::function<host::Status(std::string& bytes)>& change) {
   if (host::Status status = host::ClearAttributes(file); !status.ok()) return status;
-  host::Result<std::string> bytes = host::ReadWholeFile(file);
+  host::Result<std::string> bytes = host::ReadWholeFile(file, most);
   if (!bytes.ok()) return bytes.status;
   if (host::Status status = change(bytes.value); !status.ok() || bytes.value.empty()) return status;
   return host::WriteWholeFile(file, bytes.value, host::FileTimes::kKept);
@@ -121,7 +139,7 @@ bool PatchBinaryFile(steps::Context& context, const std::string& FileName, std::
   host::Status status;
   {
     const BusyPointer hourglass(context.main());
-    status = Rewrite(FileName, [&](std::string& bytes) {
+    status = Rewrite(FileName, kLargestProgram, [&](std::string& bytes) {
       const std::optional<Pattern> pattern = InCodePage(FindText, ReplaceText);
       if (bytes.empty()) return host::Status::Success();
       return pattern ? ReplaceBytes(bytes, *pattern, replaced) : NotInCodePage();
@@ -138,7 +156,7 @@ bool PatchTextFile(steps::Context& context, const std::string& FileName, std::st
   host::Status status;
   {
     const BusyPointer hourglass(context.main());
-    status = Rewrite(FileName, [&](std::string& bytes) {
+    status = Rewrite(FileName, host::kLargestText, [&](std::string& bytes) {
       const std::optional<Pattern> pattern = InCodePage(FindText, ReplaceText);
       if (!pattern) return NotInCodePage();
       bytes = WithReplacements(bytes, *pattern) + "\r\n";

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <span>
 
 #include "host/files.h"
 #include "host/names.h"
@@ -31,12 +32,26 @@ std::vector<std::string> LastLines(const std::string& text, std::size_t count) {
   return lines;
 }
 
+// Reads the end of a file, which may be of any size.
+host::Result<std::string> EndOf(const std::string& path) {
+  constexpr std::int64_t kMost = 65536;  // bytes
+  const auto file = host::OpenBinary(path, host::OpenMode::kRead);
+  if (!file.ok()) return file.status;
+  const host::Result<std::int64_t> length = file.value->Length();
+  if (!length.ok()) return length.status;
+  std::string end(static_cast<std::size_t>(std::min(length.value, kMost)), '\0');
+  host::Status status =
+      file.value->ReadAt(length.value - static_cast<std::int64_t>(end.size()), std::as_writable_bytes(std::span(end)));
+  if (!status.ok()) return status;
+  return end;
+}
+
 void AddLog(steps::BuildResult& result) {
   const std::string path = util::PathOf(util::Item::kMasteringLog);
-  const host::Result<std::string> content = host::ReadWholeFile(path);
-  if (!content.ok()) return;
+  const host::Result<std::string> end = EndOf(path);
+  if (!end.ok()) return;
   result.log = path;
-  result.log_tail = LastLines(host::TextFromNative(content.value), kLogLines);
+  result.log_tail = LastLines(host::TextFromNative(end.value), kLogLines);
 }
 
 steps::BuildResult Failed(steps::BuildResult result, const std::string& why) {

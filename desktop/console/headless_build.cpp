@@ -2,6 +2,7 @@
 // sentence for the user when it fails, and the empty string on success.
 #include "desktop/console/headless_build.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 #include <memory>
@@ -17,6 +18,7 @@
 #include "host/native_text.h"
 #include "host/system.h"
 #include "pipeline/build_place.h"
+#include "settings/ini_file.h"
 #include "settings/key_files.h"
 #include "settings/session.h"
 #include "settings/session_check.h"
@@ -31,24 +33,40 @@ namespace discwright::desktop {
 
 namespace {
 
+constexpr std::size_t kLongestPassword = 4096;  // bytes; the boot menu takes far fewer
+
 int UsageError(Terminal& terminal, const std::string& error) {
   terminal.PrintLine("discwright-build: " + error);
   terminal.PrintLine("Try 'discwright-build --help'.");
   return kExitUsage;
 }
 
-// Reads the password from the first line of the file, or of standard input for "-". Refuses an empty line.
+// The first line of standard input; of an endless one as much as shows that it is too long.
+std::string FirstLineOfInput() {
+  std::string line;
+  for (char character = 0; line.size() <= kLongestPassword && std::cin.get(character) && character != '\n';) {
+    line += character;
+  }
+  return line;
+}
+
+// Reads the password from the first line of the file, or of standard input for "-". Refuses an empty or endless line.
 std::string ReadPassword(const std::string& file, std::string& password) {
   std::string content;
   if (file == "-") {
-    std::getline(std::cin, content);
+    content = FirstLineOfInput();
   } else {
     const host::Result<std::string> read = host::ReadWholeFile(host::PathFromNative(file));
     if (!read.ok()) return read.status.cause;
     content = read.value;
   }
   if (base::IsUtf16File(content)) return "is Unicode text of two bytes per character; please save it as plain text";
-  password = host::DecodeText(content.substr(0, content.find_first_of("\r\n")));
+  content.resize(std::min(content.find_first_of("\r\n"), content.size()));
+  if (content.size() > kLongestPassword) {
+    return "its first line is too long for a password: at most " + std::to_string(kLongestPassword) +
+           " bytes are possible";
+  }
+  password = host::DecodeText(content);
   return password.empty() ? "its first line is empty, and a password is needed" : "";
 }
 
@@ -77,7 +95,7 @@ bool ChoosesPassword(forms::Windows& windows, const Options& options) {
 // would be lost silently. The program's own file is only checked for being a session.
 std::string WhyNoSession(const std::string& session, const Options& options) {
   const std::string shown = options.session.empty() ? host::PathToNative(session) : options.session;
-  const host::Status readable = host::CheckReadable(session);
+  const host::Status readable = host::ReadWholeFile(session).status;
   if (readable.error == host::ErrorClass::kNotFound) {
     return options.session.empty() ? "" : shown + ": there is no such session file";
   }

@@ -20,7 +20,6 @@ ErrorClass ClassOf(int error) {
       return ErrorClass::kAccessDenied;
     case ENOSPC:
     case EDQUOT:
-    case EFBIG:
       return ErrorClass::kDiskFull;
     case EIO:
     case ENXIO:
@@ -40,7 +39,10 @@ ErrorClass ClassOf(int error) {
 
 }  // namespace
 
-Status StatusOf(int error) { return Status::Failure(ClassOf(error), std::generic_category().message(error)); }
+Status StatusOf(int error) {
+  if (error == EFBIG) return FileMayNotGrow();  // "File too large" would not say what to do
+  return Status::Failure(ClassOf(error), std::generic_category().message(error));
+}
 
 Status LastFailure() { return StatusOf(errno); }
 

@@ -6,6 +6,8 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
+#include <memory>
 
 #include "host/posix/case_lookup.h"
 #include "host/posix/errors.h"
@@ -52,6 +54,13 @@ bool SameFolder(std::string_view a, std::string_view b) {
 bool SameFile(std::string_view a, std::string_view b) {
   const std::optional<struct stat> facts = FactsOfBoth(a, b);
   return facts && !S_ISDIR(facts->st_mode);
+}
+
+bool LiesBelow(std::string_view folder, std::string_view path) {
+  using Text = std::unique_ptr<char, decltype(&std::free)>;
+  const Text top(realpath(RealPath(folder).c_str(), nullptr), &std::free);
+  const Text place(realpath(RealPath(path).c_str(), nullptr), &std::free);
+  return top && place && std::string_view(place.get()).starts_with(std::string(top.get()) + "/");
 }
 
 Status MakeFolders(std::string_view path) { return MakeNativeFolders(RealPath(path)); }

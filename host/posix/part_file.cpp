@@ -77,7 +77,8 @@ Status OnlyRegular(const std::string& native) {
 Status SetAside(int fd, std::uint64_t size) {
   if (size == 0 || fallocate(fd, FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(size)) == 0) return Status::Success();
   const Status status = LastFailure();
-  return status.error == ErrorClass::kDiskFull ? status : Status::Success();
+  const bool never_fits = status.error == ErrorClass::kDiskFull || status.error == ErrorClass::kTooLarge;
+  return never_fits ? status : Status::Success();
 }
 
 }  // namespace

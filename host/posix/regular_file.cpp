@@ -122,9 +122,10 @@ Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode m
 
 Status CheckReadable(std::string_view path) { return OpenRegular(RealPath(path), O_RDONLY).status; }
 
-Result<std::string> ReadWholeFile(std::string_view path) {
+Result<std::string> ReadWholeFile(std::string_view path, std::int64_t most) {
   const RegularFile file = OpenRegular(RealPath(path), O_RDONLY);
   if (!file.status.ok()) return file.status;
+  if (file.facts.st_size > most) return TooLarge(file.facts.st_size, most);
   // The size is only a hint: files that the kernel makes up have none. One byte more leaves room to see the end.
   std::string content(static_cast<std::size_t>(file.facts.st_size) + 1, '\0');
   std::size_t filled = 0;
@@ -133,6 +134,7 @@ Result<std::string> ReadWholeFile(std::string_view path) {
     if (got < 0) return LastFailure();
     filled += static_cast<std::size_t>(got);
     if (got == 0) break;
+    if (const auto size = static_cast<std::int64_t>(filled); size > most) return TooLarge(size, most);
     if (filled == content.size()) content.resize(content.size() + kReadPiece);
   }
   content.resize(filled);

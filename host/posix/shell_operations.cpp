@@ -30,11 +30,12 @@ struct Number {
 };
 
 // The service's numbers as they are documented, and the system's own where it has none. Wine tells of fewer failures.
-constexpr std::array<Number, 9> kNumbers{{
+constexpr std::array<Number, 10> kNumbers{{
     {ErrorClass::kNone, 0},
     {ErrorClass::kNotFound, 2},         // the system's own; Windows before Vista says 0x402
     {ErrorClass::kAccessDenied, 0x78},  // the documented one; the system's own is 5
     {ErrorClass::kDiskFull, 112},       // the system's own
+    {ErrorClass::kTooLarge, 223},       // the system's own
     {ErrorClass::kNotReady, 21},        // the system's own
     {ErrorClass::kExists, 0x7E},        // a file is where a folder is needed
     {ErrorClass::kLoop, 0x76},          // the destination is in the source

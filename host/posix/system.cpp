@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <ctime>
 
 #include "host/posix/native_path.h"
@@ -31,6 +32,8 @@ std::shared_ptr<void> ClaimFolder(std::string_view folder) {
   if (flock(claim->get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return nullptr;
   return claim;
 }
+
+void LetLargeWritesFail() { std::signal(SIGXFSZ, SIG_IGN); }
 
 int PlatformId() { return 2; }
 

@@ -46,7 +46,9 @@ struct Thread::State {
   std::thread thread;
 };
 
-Thread::Thread(std::function<void()> work) : state_(std::make_unique<State>(State{std::thread(std::move(work))})) {}
+Thread::Thread(std::function<void()> work) : state_(std::make_unique<State>()) {
+  state_->thread = std::thread(std::move(work));  // only now: a thread that runs must not be dropped for lack of memory
+}
 Thread::Thread() = default;
 Thread::Thread(Thread&& other) noexcept = default;
 Thread& Thread::operator=(Thread&& other) noexcept = default;

@@ -58,7 +58,9 @@ std::string SentenceOf(DWORD error) {
 
 }  // namespace
 
-Status StatusOf(DWORD error) { return Status::Failure(ClassOf(error), SentenceOf(error)); }
+Status StatusOf(DWORD error) {
+  return error == ERROR_FILE_TOO_LARGE ? FileMayNotGrow() : Status::Failure(ClassOf(error), SentenceOf(error));
+}
 
 Status LastFailure() { return StatusOf(GetLastError()); }
 

@@ -54,6 +54,14 @@ bool SameFile(std::string_view a, std::string_view b) {
   return facts && !facts->IsFolder();
 }
 
+bool LiesBelow(std::string_view folder, std::string_view path) {
+  const std::size_t top = AbsolutePath(AnsiPath(folder).core).size();
+  for (std::string place = AbsolutePath(AnsiPath(path).core); place.size() > top; place = base::ParentFolder(place)) {
+    if (IsLink(AnsiPath(place))) return false;
+  }
+  return true;
+}
+
 Status MakeFolders(std::string_view path) {
   const AnsiPath ansi(path);
   if (!ansi.status.ok()) return ansi.status;

@@ -113,12 +113,18 @@ bool DiskIsTooSmall(const AnsiPath& file, std::uint64_t size) {
   return look != nullptr && look((folder.native + "\\").c_str(), &room, nullptr, nullptr) != 0 && room.QuadPart < size;
 }
 
-// Only a disk that is too small is a failure, not a file system that cannot set room aside. The disk is asked first,
-// because some file systems only record the size.
+// The largest file of FAT and of Windows 95, 98 and Me. The NT family calls a disk with FAT full beyond it.
+constexpr std::uint64_t kLargestOnFat = 0xFFFFFFFF;  // bytes
+
+// Only a disk or file system that is too small is a failure, not one that cannot set room aside. The disk is asked
+// first, because some file systems only record the size.
 Status SetAside(HANDLE file, const AnsiPath& path, std::uint64_t size) {
   if (DiskIsTooSmall(path, size)) return StatusOf(ERROR_DISK_FULL);
+  const bool is_large = size > kLargestOnFat;
+  if (is_large && !IsNtFamily()) return FileMayNotGrow();
   const Status status = size == 0 ? Status::Success() : SetSize(file, size);
-  return status.error == ErrorClass::kDiskFull ? status : Status::Success();
+  if (status.error == ErrorClass::kDiskFull) return is_large ? FileMayNotGrow() : status;
+  return status.error == ErrorClass::kTooLarge ? status : Status::Success();
 }
 
 }  // namespace

@@ -131,11 +131,12 @@ Status CheckReadable(std::string_view path) {
   return OpenRegular(AnsiPath(path), GENERIC_READ, OPEN_EXISTING, ShareEverything()).status;
 }
 
-Result<std::string> ReadWholeFile(std::string_view path) {
+Result<std::string> ReadWholeFile(std::string_view path, std::int64_t most) {
   const RegularFile file = OpenRegular(AnsiPath(path), GENERIC_READ, OPEN_EXISTING, ShareEverything());
   if (!file.status.ok()) return file.status;
   const Result<std::int64_t> size = SizeOf(file.handle.get());
   if (!size.ok()) return size.status;
+  if (size.value > most) return TooLarge(size.value, most);
   std::string content(static_cast<std::size_t>(size.value), '\0');
   const Result<std::size_t> count = ReadSome(file.handle.get(), std::as_writable_bytes(std::span(content)));
   if (!count.ok()) return count.status;

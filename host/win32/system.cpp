@@ -44,6 +44,8 @@ std::shared_ptr<void> ClaimFolder(std::string_view folder) {
   return std::make_shared<OwnedHandle>(std::move(mutex));
 }
 
+void LetLargeWritesFail() {}  // they always do
+
 int PlatformId() {
   OSVERSIONINFOA version{};
   version.dwOSVersionInfoSize = sizeof(version);

@@ -103,9 +103,10 @@ TEST_P(CreateDiskTest, FileOneByteTooLarge_LeavesTheOlderImage) {
   const std::size_t space = GetParam() == &kDiskFormats[0] ? k144Space : k288Space;
   folder_.Add("a.bin", Pattern(space + 1));
   folder_.AddDiskIni("[Files]\r\nA.BIN=a.bin\r\n");
-  WriteFile(folder_.Image(), "older");
+  const std::string older(GetParam()->ImageBytes(), 'o');
+  WriteFile(folder_.Image(), older);
   EXPECT_THAT(FailureWith(*GetParam()), AllOf(HasSubstr("A.BIN (a.bin)"), HasSubstr(" 1 byte is missing")));
-  EXPECT_EQ(ReadFile(folder_.Image()), "older");
+  EXPECT_TRUE(ReadFile(folder_.Image()) == older);
 }
 
 TEST_P(CreateDiskTest, NothingButALabel_IsASoundEmptyDisk) {
@@ -262,8 +263,23 @@ TEST_F(CreateDiskTest, BootSectorOfWrongSizeOrEnd_IsRefused) {
 TEST_F(CreateDiskTest, FolderInTheImagesPlace_IsNamed) {
   folder_.AddDiskIni("");
   std::filesystem::create_directories(folder_.Image() / "x");
-  EXPECT_THAT(Failure(), HasSubstr("mine.img cannot be written"));
+  EXPECT_THAT(Failure(), HasSubstr("mine.img is no floppy image, and is not replaced. Move it away"));
   EXPECT_EQ(folder_.Names().size(), 2U);
+}
+
+TEST_F(CreateDiskTest, OlderImageOfEitherSize_IsReplaced) {
+  folder_.AddDiskIni("");
+  for (const DiskFormat& older : kDiskFormats) {
+    WriteFile(folder_.Image(), std::string(older.ImageBytes(), 'o'));
+    MakeSound(kDiskFormats[0]);
+  }
+}
+
+TEST_F(CreateDiskTest, FileOfAnotherSizeInTheImagesPlace_IsNamedAndStays) {
+  folder_.AddDiskIni("");
+  WriteFile(folder_.Image(), "a program of the user");
+  EXPECT_THAT(Failure(), HasSubstr("mine.img is no floppy image, and is not replaced"));
+  EXPECT_EQ(ReadFile(folder_.Image()), "a program of the user");
 }
 
 struct Shipped {

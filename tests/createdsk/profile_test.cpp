@@ -78,6 +78,12 @@ INSTANTIATE_TEST_SUITE_P(
                       WrongText{"[Disk]\nImage=/a.img\nLabel=X\n", "Image", "plain file name"},
                       WrongText{"[Disk]\nImage=C:a.img\nLabel=X\n", "Image", "plain file name"},
                       WrongText{"[Disk]\nImage=..\nLabel=X\n", "Image", "plain file name"},
+                      WrongText{"[Disk]\nImage=mkisofs\nLabel=X\n", "Image \"mkisofs\"", "ends in .img"},
+                      WrongText{"[Disk]\nImage=keyfile.txt\nLabel=X\n", "Image", "ends in .img"},
+                      WrongText{"[Disk]\nImage=a.img.exe\nLabel=X\n", "Image", "ends in .img"},
+                      WrongText{"[Disk]\nImage=.img\nLabel=X\n", "Image", "ends in .img"},
+                      WrongText{"[Disk]\nImage=Con.img\nLabel=X\n", "Image", "plain file name"},
+                      WrongText{"[Disk]\nImage=nul .IMG\nLabel=X\n", "Image", "plain file name"},
                       WrongText{"[Disk]\nImage=a.img\n", "[Disk] Label", "missing"},
                       WrongText{"[Disk]\nImage=a.img\nLabel=TWELVE_CHARS\n", "Label \"TWELVE_CHARS\"",
                                 "longer than 11"},
@@ -86,6 +92,7 @@ INSTANTIATE_TEST_SUITE_P(
                       WrongText{kDisk + "BootSector=../x\n", "BootSector", "profile folder"},
                       WrongText{kDisk + "Base=/dev/zero\n", "Base", "profile folder"},
                       WrongText{kDisk + "Base=C:\\x\n", "Base", "profile folder"},
+                      WrongText{kDisk + "Base=sub\\lpt1.img\n", "Base", "profile folder"},
                       WrongText{kDisk + "[Files]\nLONG NAME.TEXT=a\n", "[Files] LONG NAME.TEXT", "DOS name"},
                       WrongText{kDisk + "[Files]\nDOS\\\\A=a\n", "DOS\\\\A", "DOS name"},
                       WrongText{kDisk + "[Files]\n\\A=a\n", "\\A", "DOS name"},
@@ -99,10 +106,11 @@ INSTANTIATE_TEST_SUITE_P(
                       WrongText{kDisk + "[Selection]\nA=a\nA=b\n", "[Selection] A", "twice"}));
 
 TEST(BareName, NamesThatLeadElsewhere_AreNone) {
-  for (const char* const name : {"", ".", "..", "a/b", "a\\b", "C:", "*", "a?", "a\n", "a\"", "<", ">", "|"}) {
+  for (const char* const name : {"", ".", "..", "a/b", "a\\b", "C:", "com1", "*", "a?", "a\n", "a\"", "<", ">", "|"}) {
     EXPECT_FALSE(IsBareName(name)) << name;
   }
-  for (const char* const name : {"vexanet.img", "...", "my disk", "\xC3\xA4"}) EXPECT_TRUE(IsBareName(name)) << name;
+  for (const char* const name : {"vexanet.img", "...", "my disk", "console.img", "\xC3\xA4"})
+    EXPECT_TRUE(IsBareName(name)) << name;
 }
 
 }  // namespace

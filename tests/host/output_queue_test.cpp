@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 
+#include <new>
+
 #include "tests/host/waiting.h"
 
 namespace discwright::host {
@@ -53,6 +55,15 @@ TEST_F(OutputQueueTest, LineLongerThanTheLargestPiece_IsCutAnywhere) {
   queue_->Add("1234567890", kStart);
   queue_->AddEnd({});
   EXPECT_THAT(TakeAll(), ElementsAre("1234", "5678", "90"));
+}
+
+TEST_F(OutputQueueTest, FailureOfTheReadingThread_IsThrownAfterTheLastPiece) {
+  Make(4);
+  queue_->Add("1234", kStart);
+  queue_->AddFailure(std::make_exception_ptr(std::bad_alloc()));
+  EXPECT_FALSE(queue_->TakeEnd().has_value());
+  EXPECT_THAT(TakeAll(), ElementsAre("1234"));
+  EXPECT_THROW(queue_->TakeEnd(), std::bad_alloc);
 }
 
 TEST_F(OutputQueueTest, LineThatJustFills_IsNotHeld) {

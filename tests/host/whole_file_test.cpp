@@ -24,6 +24,16 @@ TEST(ReadWholeFile, EmptySmallAndLargeFiles_AreReadWhole) {
   }
 }
 
+TEST(ReadWholeFile, FileAboveTheLimit_IsTooLargeAndNotRead) {
+  const TempFolder folder;
+  folder.Write("file", "0123456789");
+  EXPECT_EQ(ReadWholeFile(folder.Core("file"), 10).value, "0123456789");
+  const Result<std::string> content = ReadWholeFile(folder.Core("file"), 9);
+  EXPECT_EQ(content.status.error, ErrorClass::kTooLarge);
+  EXPECT_EQ(content.status.cause, "it is too large: 10 bytes; at most 9 bytes are possible");
+  EXPECT_EQ(content.value, "");
+}
+
 TEST(ReadWholeFile, Folder_IsOfTheWrongKind) {
   const TempFolder folder;
   const Result<std::string> content = ReadWholeFile(folder.Core());

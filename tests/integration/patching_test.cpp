@@ -72,6 +72,14 @@ TEST_F(PatchBinaryFileTest, BytesOfEveryValue_StayAsTheyAre) {
   EXPECT_EQ(host.Content(kFile), bytes + "erdc" + bytes);
 }
 
+TEST_F(PatchBinaryFileTest, ProgramLargerThanATextFile_IsPatchedUpToItsOwnLimit) {
+  EXPECT_TRUE(Binary(std::string(host::kLargestText, 'x') + "i386", "i386", "erdc"));
+  EXPECT_THAT(notes.all(), IsEmpty());
+  EXPECT_FALSE(Binary(std::string(std::size_t{64} << 20, 'x') + "i386", "i386", "erdc"));
+  ASSERT_THAT(notes.all(), SizeIs(1));
+  EXPECT_THAT(notes.all()[0].cause, HasSubstr("it is too large: "));
+}
+
 TEST_F(PatchBinaryFileTest, MissingFile_IsNoError) {
   EXPECT_FALSE(PatchBinaryFile(context, kFile, "i386", "erdc"));
   EXPECT_THAT(user.messages, IsEmpty());

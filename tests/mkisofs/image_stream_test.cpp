@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <mutex>
+#include <new>
 #include <numeric>
 
 #include "host/threads.h"
@@ -76,6 +77,16 @@ TEST(ImageStream, FailedWrite_IsReportedAndDoesNotBlock) {
   EXPECT_EQ(stream.Flush().error, host::ErrorClass::kDiskFull);
   EXPECT_TRUE(stream.Failed());
   EXPECT_LE(file.content.size(), 1000000u);
+}
+
+TEST(ImageStream, ExceptionWhileWriting_IsAFailureOnBothThreads) {
+  class FileWithoutMemory : public MemoryFile {
+   public:
+    host::Status WriteAt(std::uint64_t, std::span<const std::uint8_t>) override { throw std::bad_alloc(); }
+  } file;
+  ImageStream stream(file);
+  stream.AppendZeros(20000000);
+  EXPECT_EQ(stream.Flush().cause, "no memory left");
 }
 
 TEST(ImageStream, NothingAppended_IsAnEmptyImage) {

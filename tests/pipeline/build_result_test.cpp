@@ -125,6 +125,12 @@ TEST_F(BuildResults, MasteringWithoutAnImage_HasTheTextOfTheFinishPage) {
   EXPECT_EQ(result.size, 0);
 }
 
+TEST_F(BuildResults, LogOfAnySize_IsReadAtItsEndOnly) {
+  std::string log;
+  while (log.size() < 20'000'000) log += "a line of a program that has very much to say\r\n";
+  EXPECT_THAT(LogTailOf(log + "the last words\r\n"), ::testing::Contains("the last words"));
+}
+
 TEST_F(BuildResults, DiskThatWasFull_HasTheTextOfTheFinishPage) {
   mastering_output = {"mkisofs: No space left on device\n"};
   const BuildResult result = FinishApp(context);

@@ -409,11 +409,13 @@ Status RenameFile(std::string_view from, std::string_view to) {
   return Status::Success();
 }
 
-Result<std::string> ReadWholeFile(std::string_view path) {
+Result<std::string> ReadWholeFile(std::string_view path, std::int64_t most) {
   if (Status status = Fake().Enter("ReadWholeFile", path); !status.ok()) return status;
   const FakeHost::Node* node = Following(path);
   if (node == nullptr) return testing::Missing();
   if (node->kind != EntryKind::kFile) return Status::Failure(ErrorClass::kWrongKind, "Is a directory");
+  const auto size = static_cast<std::int64_t>(node->content.size());
+  if (size > most) return TooLarge(size, most);
   return node->content;
 }
 

@@ -2,11 +2,15 @@
 #include "tools/createdsk/create_disk.h"
 
 #include <algorithm>
+#include <memory>
+#include <optional>
 
 #include "base/ini_text.h"
 #include "host/files.h"
+#include "host/folder_entries.h"
 #include "host/names.h"
 #include "host/native_text.h"
+#include "host/part_file.h"
 #include "tools/createdsk/disk_image.h"
 
 namespace discwright::tools {
@@ -33,30 +37,54 @@ Result FindProfileFolder(std::string_view disks, const std::string& profile, std
                          ".");
 }
 
+// A profile may come from another machine. A link in it must not bring a file of this machine onto a disk.
+Result StaysInProfile(const std::string& folder, const std::string& path) {
+  if (host::LiesBelow(folder, path)) return Result::Success();
+  return Result::Failure(Shown(path) +
+                         " is reached through a link that leads out of the profile folder. Put the file " +
+                         "itself into the folder.");
+}
+
 Result ReadProfile(const std::string& folder, bool selection, Profile& profile) {
   const std::string path = folder + "/disk.ini";
+  if (host::Look(path)) {
+    if (Result result = StaysInProfile(folder, path); !result.ok()) return result;
+  }
   const host::Result<std::string> text = host::ReadWholeFile(path);
   if (!text.ok()) return CannotRead(path, text.status);
   const Result result = ParseProfile(host::DecodeText(text.value), selection, profile);
   return result.ok() ? result : Result::Failure(Shown(path) + ": " + result.failure);
 }
 
-// Finds the size of a file that disk.ini names under `key`.
-Result FindSource(const std::string& path, const std::string& key, std::int64_t& size) {
+// Where a file is that disk.ini names.
+struct Source {
+  const std::string& folder;  // the profile's
+  const std::string& name;    // its path below the folder
+  std::string key;            // under which disk.ini names it
+
+  std::string Path() const { return folder + "/" + name; }
+};
+
+// Finds the size of a file that disk.ini names.
+Result FindSource(const Source& source, std::int64_t& size) {
+  const std::string path = source.Path();
   const auto found = host::Look(path);
-  if (!found) return Result::Failure(Shown(path) + " is missing; put it there, or take " + key + " out of disk.ini.");
+  if (!found) {
+    return Result::Failure(Shown(path) + " is missing; put it there, or take " + source.key + " out of disk.ini.");
+  }
+  if (Result result = StaysInProfile(source.folder, path); !result.ok()) return result;
   if (found->kind != host::EntryKind::kFile) {
-    return Result::Failure(Shown(path) + " is not a file; correct " + key + " in disk.ini.");
+    return Result::Failure(Shown(path) + " is not a file; correct " + source.key + " in disk.ini.");
   }
   size = found->size;
   return Result::Success();
 }
 
 // Reads a file that must have exactly `size` bytes. `wrong_size` ends the sentence for a file of another size.
-Result ReadOfSize(const std::string& path, const std::string& key, std::size_t size, const std::string& wrong_size,
-                  std::string& content) {
+Result ReadOfSize(const Source& source, std::size_t size, const std::string& wrong_size, std::string& content) {
+  const std::string path = source.Path();
   std::int64_t found_size = 0;
-  if (Result result = FindSource(path, key, found_size); !result.ok()) return result;
+  if (Result result = FindSource(source, found_size); !result.ok()) return result;
   if (found_size == static_cast<std::int64_t>(size)) {
     host::Result<std::string> read = host::ReadWholeFile(path);
     if (!read.ok()) return CannotRead(path, read.status);
@@ -67,21 +95,22 @@ Result ReadOfSize(const std::string& path, const std::string& key, std::size_t s
   return Result::Failure(Shown(path) + " has " + std::to_string(found_size) + " bytes; " + wrong_size);
 }
 
-Result ReadBootSector(const std::string& path, std::optional<BootSector>& sector) {
+Result ReadBootSector(const Source& source, std::optional<BootSector>& sector) {
   constexpr const char* kWrongSize = "a boot sector has exactly 512. Give BootSector in disk.ini another file.";
   std::string content;
-  if (Result result = ReadOfSize(path, "BootSector", kSectorBytes, kWrongSize, content); !result.ok()) return result;
+  if (Result result = ReadOfSize(source, kSectorBytes, kWrongSize, content); !result.ok()) return result;
   std::ranges::copy(content, sector.emplace().begin());
-  return HasBootSignature(*sector) ? Result::Success()
-                                   : Result::Failure(Shown(path) + " does not end with 55 AA, so no machine would " +
-                                                     "start from it. Give BootSector in disk.ini another file.");
+  return HasBootSignature(*sector)
+             ? Result::Success()
+             : Result::Failure(Shown(source.Path()) + " does not end with 55 AA, so no machine would " +
+                               "start from it. Give BootSector in disk.ini another file.");
 }
 
-Result ReadBase(const std::string& path, const DiskFormat& format, Image& image) {
+Result ReadBase(const Source& source, const DiskFormat& format, Image& image) {
   const std::string wrong_size = "-t " + std::string(format.type) + " needs an image of " +
                                  std::to_string(format.ImageBytes()) + ". Give Base in disk.ini another file.";
   std::string content;
-  if (Result result = ReadOfSize(path, "Base", format.ImageBytes(), wrong_size, content); !result.ok()) return result;
+  if (Result result = ReadOfSize(source, format.ImageBytes(), wrong_size, content); !result.ok()) return result;
   image.assign(content.begin(), content.end());
   return Result::Success();
 }
@@ -89,16 +118,16 @@ Result ReadBase(const std::string& path, const DiskFormat& format, Image& image)
 Result MakeImage(const Profile& profile, const std::string& folder, const DiskFormat& format, Image& image) {
   DiskRequest request{profile, {}, {}};
   for (const ProfileFile& file : profile.files) {
-    Result result = FindSource(folder + "/" + file.source, file.DiskPath(), request.sizes.emplace_back());
+    Result result = FindSource({folder, file.source, file.DiskPath()}, request.sizes.emplace_back());
     if (!result.ok()) return result;
   }
   if (!profile.boot_sector.empty()) {
-    Result result = ReadBootSector(folder + "/" + profile.boot_sector, request.boot_sector);
+    Result result = ReadBootSector({folder, profile.boot_sector, "BootSector"}, request.boot_sector);
     if (!result.ok()) return result;
   }
   if (profile.base.empty()) {
     image = FormatDisk(format);
-  } else if (Result result = ReadBase(folder + "/" + profile.base, format, image); !result.ok()) {
+  } else if (Result result = ReadBase({folder, profile.base, "Base"}, format, image); !result.ok()) {
     return result;
   }
 
@@ -110,6 +139,31 @@ Result MakeImage(const Profile& profile, const std::string& folder, const DiskFo
   };
   const Result result = FillDisk(request, read_content, image);
   return result.ok() ? result : Result::Failure(Shown(folder + "/disk.ini") + ": " + result.failure);
+}
+
+bool IsFloppyImage(const host::Entry& entry) {
+  const bool has_size = std::ranges::any_of(kDiskFormats, [&](const DiskFormat& format) {
+    return entry.size == static_cast<std::int64_t>(format.ImageBytes());
+  });
+  return !entry.is_link && entry.kind == host::EntryKind::kFile && has_size;
+}
+
+// Writes a new file and gives it the name, so that nothing of the older file, such as the right to be started, passes
+// on to it.
+Result WriteImage(const std::string& path, const Image& image) {
+  const std::optional<host::Entry> older = host::ReadEntry(path);
+  if (older && !IsFloppyImage(*older)) {
+    return Result::Failure(Shown(path) + " is no floppy image, and is not replaced. Move it away, or give Image in " +
+                           "disk.ini another name.");
+  }
+  host::Result<std::unique_ptr<host::PartFile>> file = host::CreatePartFile(path, image.size());
+  host::Status status = file.status;
+  if (status.ok()) status = file.value->WriteAt(0, image);
+  if (status.ok()) status = file.value->Commit();
+  if (status.ok()) return Result::Success();
+  const bool may_not_grow = status.error == host::ErrorClass::kTooLarge;  // its cause says what forbids it
+  return Result::Failure(Shown(path) + " cannot be written: " + status.cause +
+                         (may_not_grow ? "." : ". Make the folder writable and make room there, then try again."));
 }
 
 }  // namespace
@@ -124,11 +178,7 @@ Result CreateDisk(const Arguments& arguments, std::string_view program_folder, s
   if (!result.ok()) return result;
 
   image_path = std::string(program_folder) + "/" + profile.image;
-  const std::string_view bytes(reinterpret_cast<const char*>(image.data()), image.size());
-  const host::Status status = host::WriteWholeFile(image_path, bytes);
-  return status.ok() ? Result::Success()
-                     : Result::Failure(Shown(image_path) + " cannot be written: " + status.cause +
-                                       ". Make room there and the folder writable, then try again.");
+  return WriteImage(image_path, image);
 }
 
 }  // namespace discwright::tools

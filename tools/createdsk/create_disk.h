@@ -10,8 +10,8 @@
 namespace discwright::tools {
 
 // Reads the folder files/disks/<profile>/ of the program folder and writes the image into the program folder, under the
-// name that disk.ini gives it. Sets `image_path` to its path. After a failure an older image is as it was, and no part
-// of a new one is left.
+// name that disk.ini gives it. Sets `image_path` to its path. Replaces a floppy image that has the name, and nothing
+// else. After a failure an older image is as it was, and no part of a new one is left.
 Result CreateDisk(const Arguments& arguments, std::string_view program_folder, std::string& image_path);
 
 }  // namespace discwright::tools

@@ -5,30 +5,37 @@
 #include "host/console.h"
 #include "host/names.h"
 #include "host/native_text.h"
+#include "host/run_program.h"
 #include "host/system.h"
 #include "tools/createdsk/arguments.h"
 #include "tools/createdsk/create_disk.h"
 
-using discwright::host::PrintStream;
-using discwright::host::Stream;
-using discwright::tools::Arguments;
-using discwright::tools::Result;
+namespace {
 
-int main(int argc, char** argv) {
-  const std::vector<std::string> words = discwright::host::Arguments(argc, argv);
+using namespace discwright;
+using host::PrintStream;
+using host::Stream;
+
+int Run(const std::vector<std::string>& words) {
   PrintStream output(Stream::kOutput);
   PrintStream errors(Stream::kError);
-  Arguments arguments;
-  if (const Result result = discwright::tools::ParseArguments(words, arguments); !result.ok()) {
-    errors << "CreateDsk: " << result.failure << "\n" << discwright::tools::kUsage << "\n";
+  tools::Arguments arguments;
+  if (const tools::Result result = tools::ParseArguments(words, arguments); !result.ok()) {
+    errors << "CreateDsk: " << result.failure << "\n" << tools::kUsage << "\n";
     return 2;
   }
   std::string image_path;
-  const Result result = discwright::tools::CreateDisk(arguments, discwright::host::ProgramFolder(), image_path);
+  const tools::Result result = tools::CreateDisk(arguments, host::ProgramFolder(), image_path);
   if (!result.ok()) {
     errors << "CreateDsk: " << result.failure << "\n";
     return 1;
   }
-  output << discwright::host::PathToNative(image_path) << " is made\n";
+  output << host::PathToNative(image_path) << " is made\n";
   return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  return host::RunProgram("CreateDsk", [&] { return Run(host::Arguments(argc, argv)); });
 }

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/ini_text.h"
+#include "base/paths.h"
 
 namespace discwright::tools {
 namespace {
@@ -30,6 +31,13 @@ std::vector<std::string_view> SplitAtSeparators(std::string_view path) {
 
 // Users copy a profile folder to other machines, so a profile may only name files in its own folder.
 bool StaysInside(std::string_view source) { return std::ranges::all_of(SplitAtSeparators(source), IsBareName); }
+
+// The image stands among the program's own files, and a profile may come from another machine. No file of the program
+// has a name that ends like this.
+bool IsImageName(std::string_view name) {
+  constexpr std::string_view kEnding = ".img";
+  return IsBareName(name) && name.size() > kEnding.size() && Lower(name).ends_with(kEnding);
+}
 
 Result SourceFailure(std::string_view section, std::string_view key, std::string_view source) {
   return Result::Failure("[" + std::string(section) + "] " + std::string(key) + ": \"" + std::string(source) +
@@ -63,9 +71,9 @@ Result ParseDisk(std::string_view text, Profile& profile) {
   if (Result result = CheckDiskKeys(text); !result.ok()) return result;
   profile.image = base::FindIniValue(text, "Disk", "Image").value_or("");
   if (profile.image.empty()) return Result::Failure("[Disk] Image is missing; name the image file to make.");
-  if (!IsBareName(profile.image)) {
+  if (!IsImageName(profile.image)) {
     return Result::Failure("[Disk] Image \"" + profile.image +
-                           "\" is not a plain file name; give it without a folder.");
+                           "\" is not a plain file name that ends in .img; give it such a name, without a folder.");
   }
   if (Result result = ParseSource(text, "BootSector", profile.boot_sector); !result.ok()) return result;
   if (Result result = ParseSource(text, "Base", profile.base); !result.ok()) return result;
@@ -133,7 +141,8 @@ bool IsBareName(std::string_view name) {
     return static_cast<unsigned char>(character) < ' ' ||
            std::string_view("\\/:*?\"<>|").find(character) != std::string_view::npos;
   };
-  return !name.empty() && name != "." && name != ".." && std::ranges::none_of(name, forbidden);
+  return !name.empty() && name != "." && name != ".." && std::ranges::none_of(name, forbidden) &&
+         !base::IsDevicePath(name);
 }
 
 }  // namespace discwright::tools

@@ -21,7 +21,7 @@ struct ProfileFile {
 };
 
 struct Profile {
-  std::string image;               // the image's file name in the program folder
+  std::string image;               // the image's file name in the program folder; it ends in ".img"
   std::optional<ShortName> label;  // may be missing only in a profile with a base
   std::string boot_sector;         // path below the profile folder; empty when the profile has none
   std::string base;                // path of a base image below the profile folder; empty when the profile has none
@@ -32,7 +32,8 @@ struct Profile {
 // with the same path, or is added. Fails with a sentence that names the section and the key.
 Result ParseProfile(std::string_view text, bool selection, Profile& profile);
 
-// Whether the text is the name of one file or folder, without separators, "..", wildcards or a drive letter.
+// Whether the text is the name of one file or folder, without separators, "..", wildcards or a drive letter, and not
+// that of a device of Windows.
 bool IsBareName(std::string_view name);
 
 }  // namespace discwright::tools

@@ -1,9 +1,10 @@
-// Threads take the numbers of their calls from one counter.
+// Threads take the numbers of their calls from one counter. The first exception on any of them reaches the caller.
 #include "tools/dfl/parallel.h"
 
 #include <algorithm>
 #include <atomic>
-#include <system_error>
+#include <exception>
+#include <mutex>
 #include <vector>
 
 #include "host/threads.h"
@@ -15,8 +16,8 @@ bool StartThread(std::vector<host::Thread>& threads, const std::function<void()>
   try {
     threads.emplace_back(work);
     return true;
-  } catch (const std::system_error&) {
-    return false;  // the threads that could be started do all the work
+  } catch (const std::exception&) {  // no thread or no memory left
+    return false;                    // the threads that could be started do all the work
   }
 }
 
@@ -24,8 +25,16 @@ bool StartThread(std::vector<host::Thread>& threads, const std::function<void()>
 
 void ForEach(std::size_t count, unsigned threads, const std::function<void(std::size_t)>& work) {
   std::atomic<std::size_t> next = 0;
+  host::Mutex mutex;
+  std::exception_ptr failure;
   const auto run = [&] {
-    for (std::size_t index = next++; index < count; index = next++) work(index);
+    try {
+      for (std::size_t index = next++; index < count; index = next++) work(index);
+    } catch (...) {
+      next = count;  // the other threads stop after the call that they are in
+      const std::lock_guard lock(mutex);
+      if (!failure) failure = std::current_exception();
+    }
   };
   const std::size_t helpers = std::min<std::size_t>(threads, count);
   std::vector<host::Thread> started;
@@ -33,6 +42,7 @@ void ForEach(std::size_t count, unsigned threads, const std::function<void(std::
   }
   run();
   for (host::Thread& thread : started) thread.Join();
+  if (failure) std::rethrow_exception(failure);
 }
 
 }  // namespace discwright::tools::dfl

@@ -2,6 +2,7 @@
 #include "tools/mkisofs/image_stream.h"
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include "tools/mkisofs/sector.h"
@@ -93,6 +94,15 @@ void ImageStream::TakeFreePiece() {
   free_.pop_back();
 }
 
+// An exception must not leave the writing thread. The words of its cause fit into a string without memory of its own.
+host::Status ImageStream::Write(const Piece& piece) {
+  try {
+    return file_.WriteAt(piece.position, {piece.bytes, piece.used});
+  } catch (const std::exception&) {
+    return host::Status::Failure(host::ErrorClass::kOther, "no memory left");
+  }
+}
+
 // Pieces may be written in any order, because each holds its position. After a failure they are freed without writing.
 void ImageStream::WriteOne(Lock& lock) {
   const Piece piece = full_.front();
@@ -100,7 +110,7 @@ void ImageStream::WriteOne(Lock& lock) {
   if (status_.ok()) {
     ++being_written_;
     lock.unlock();
-    host::Status written = file_.WriteAt(piece.position, {piece.bytes, piece.used});
+    host::Status written = Write(piece);
     lock.lock();
     --being_written_;
     if (status_.ok()) status_ = std::move(written);

@@ -47,6 +47,7 @@ class ImageStream {
 
   void HandOver();
   void TakeFreePiece();
+  host::Status Write(const Piece& piece);
   void WriteOne(Lock& lock);
   void WritePieces();
 

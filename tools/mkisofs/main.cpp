@@ -1,27 +1,25 @@
 // mkisofs: masters a folder tree into a bootable ISO 9660 image.
 #include <chrono>
 #include <cstdlib>
-#include <exception>
 #include <string>
 #include <vector>
 
 #include "base/source_date.h"
 #include "host/console.h"
 #include "host/native_text.h"
+#include "host/run_program.h"
 #include "tools/mkisofs/master.h"
 
 int main(int argc, char** argv) {
-  using discwright::tools::mkisofs::Surroundings;
-  discwright::host::PrintStream messages(discwright::host::Stream::kError);
-  try {
-    discwright::host::CatchInterrupts();
-    const std::vector<std::string> words = discwright::host::Arguments(argc, argv);
+  using namespace discwright;
+  return host::RunProgram("mkisofs", [&] {
+    host::CatchInterrupts();
+    host::PrintStream messages(host::Stream::kError);
+    const std::vector<std::string> words = host::Arguments(argc, argv);
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
-    const Surroundings surroundings{std::getenv(discwright::base::kSourceDateVariable), now.time_since_epoch().count(),
-                                    [] { return discwright::host::InterruptCount() > 0; }};
-    return discwright::tools::mkisofs::Master(words, surroundings, messages);
-  } catch (const std::exception& failure) {  // no memory left, or no thread could be started
-    messages << "mkisofs: " << failure.what() << "\n";
-    return 1;
-  }
+    const tools::mkisofs::Surroundings surroundings{std::getenv(base::kSourceDateVariable),
+                                                    now.time_since_epoch().count(),
+                                                    [] { return host::InterruptCount() > 0; }};
+    return tools::mkisofs::Master(words, surroundings, messages);
+  });
 }

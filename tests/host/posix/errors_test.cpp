@@ -29,11 +29,18 @@ INSTANTIATE_TEST_SUITE_P(
                       Folding{EACCES, ErrorClass::kAccessDenied}, Folding{EPERM, ErrorClass::kAccessDenied},
                       Folding{EROFS, ErrorClass::kAccessDenied}, Folding{ETXTBSY, ErrorClass::kAccessDenied},
                       Folding{EBUSY, ErrorClass::kAccessDenied}, Folding{ENOSPC, ErrorClass::kDiskFull},
-                      Folding{EDQUOT, ErrorClass::kDiskFull}, Folding{EFBIG, ErrorClass::kDiskFull},
-                      Folding{EIO, ErrorClass::kNotReady}, Folding{ENXIO, ErrorClass::kNotReady},
-                      Folding{ENODEV, ErrorClass::kNotReady}, Folding{ENOMEDIUM, ErrorClass::kNotReady},
-                      Folding{EEXIST, ErrorClass::kExists}, Folding{ELOOP, ErrorClass::kLoop},
-                      Folding{EISDIR, ErrorClass::kWrongKind}, Folding{ENAMETOOLONG, ErrorClass::kOther}));
+                      Folding{EDQUOT, ErrorClass::kDiskFull}, Folding{EIO, ErrorClass::kNotReady},
+                      Folding{ENXIO, ErrorClass::kNotReady}, Folding{ENODEV, ErrorClass::kNotReady},
+                      Folding{ENOMEDIUM, ErrorClass::kNotReady}, Folding{EEXIST, ErrorClass::kExists},
+                      Folding{ELOOP, ErrorClass::kLoop}, Folding{EISDIR, ErrorClass::kWrongKind},
+                      Folding{ENAMETOOLONG, ErrorClass::kOther}));
+
+TEST(StatusOf, FileThatMayNotGrow_IsNoFullDiskAndSaysWhatForbidsIt) {
+  const Status status = StatusOf(EFBIG);
+  EXPECT_EQ(status.error, ErrorClass::kTooLarge);
+  EXPECT_EQ(status.cause,
+            "the file may not grow any more: the file system (FAT: 4 GB) or a limit of this account does not allow it");
+}
 
 TEST(StatusOfResult, ResultOfZeroOrAbove_IsSuccess) {
   EXPECT_TRUE(StatusOfResult(0).ok());

@@ -34,6 +34,26 @@ TEST(SameFile, ThroughALinkOrAnotherName_IsTheSame) {
   EXPECT_TRUE(SameFile(folder.Core("File"), folder.Core("second name")));
 }
 
+TEST(LiesBelow, FileThroughLinks_IsWhereTheyLead) {
+  const TempFolder elsewhere;
+  elsewhere.Write("file", "");
+  const TempFolder folder;
+  folder.Write("top/sub/file", "");
+  folder.Link("sub/file", "top/in");
+  folder.Link("..", "top/sub/up");
+  folder.Link(elsewhere.Native("file"), "top/out");
+  folder.Link(elsewhere.native(), "top/folder");
+  folder.Link("../top2", "top/beside");
+  folder.Write("top2/file", "");
+  const std::string top = folder.Core("top");
+  for (const char* path : {"top/sub/FILE", "top/in", "top/sub/up/in"}) {
+    EXPECT_TRUE(LiesBelow(top, folder.Core(path))) << path;
+  }
+  for (const char* path : {"top/out", "top/folder/file", "top/beside/file", "top/missing"}) {
+    EXPECT_FALSE(LiesBelow(top, folder.Core(path))) << path;
+  }
+}
+
 TEST(MakeFolders, BrokenLinkInTheWay_IsAFailure) {
   const TempFolder folder;
   folder.Link("nowhere", "link");

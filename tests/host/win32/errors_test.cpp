@@ -33,6 +33,10 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(StatusOf, CodeWithoutASentence_IsShownAsItsNumber) { EXPECT_EQ(StatusOf(0x1FFFFFFF).cause, "error 536870911"); }
 
+TEST(StatusOf, FileThatMayNotGrow_IsNoFullDisk) {
+  EXPECT_EQ(StatusOf(ERROR_FILE_TOO_LARGE).error, ErrorClass::kTooLarge);
+}
+
 TEST(StatusOfResult, NotZero_IsSuccess) { EXPECT_TRUE(StatusOfResult(1).ok()); }
 
 TEST(StatusOfResult, Zero_IsTheLastFailure) {

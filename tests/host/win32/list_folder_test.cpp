@@ -169,5 +169,15 @@ TEST(Look, WildcardInAName_FindsNothing) {
   for (const char* name : {"n*", "nam?", "n<", "nam>", "nam\""}) EXPECT_FALSE(Look(folder.Core(name))) << name;
 }
 
+TEST(LiesBelow, FileBehindALinkToAFolder_IsElsewhere) {
+  const TempFolder folder;
+  folder.Write("target/file", "");
+  folder.Write("top/file", "");
+  const FolderLink link(folder, "target", "top/link");
+  if (!link.made()) GTEST_SKIP() << "no links here";
+  EXPECT_TRUE(LiesBelow(folder.Core("top"), folder.Core("top/file")));
+  EXPECT_FALSE(LiesBelow(folder.Core("top"), folder.Core("top/link/file")));
+}
+
 }  // namespace
 }  // namespace discwright::host
