@@ -23,8 +23,13 @@ int main(int argc, char** argv) {
     errors << "CreateDsk: " << result.failure << "\n" << discwright::tools::kUsage << "\n";
     return 2;
   }
+  const std::string folder = discwright::host::ProgramFolder();
+  if (folder.empty()) {
+    errors << "CreateDsk: The system does not tell in which folder this program is. Start it by its full path.\n";
+    return 1;
+  }
   std::string image_path;
-  const Result result = discwright::tools::CreateDisk(arguments, discwright::host::ProgramFolder(), image_path);
+  const Result result = discwright::tools::CreateDisk(arguments, folder, image_path);
   if (!result.ok()) {
     errors << "CreateDsk: " << result.failure << "\n";
     return 1;
