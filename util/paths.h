@@ -50,7 +50,7 @@ bool FileExists(std::string_view path);
 bool MakePath(std::string_view path);  // creates every missing folder of the path
 
 // Deletes a folder with everything in it, including read-only, hidden and system files. Links are deleted, their
-// targets are not. Returns true when the folder does not exist afterwards. Notes what could not be deleted, if `notes`
+// targets are not; mount points stay with everything in them. Returns true when the folder does not exist afterwards. Notes what could not be deleted, if `notes`
 // is given.
 bool DelTree(std::string_view path, Notes* notes = nullptr);
 
