@@ -10,11 +10,17 @@
 #include "host/names.h"
 #include "host/native_text.h"
 #include "host/run_program.h"
+#include "host/system.h"
 #include "wizard/navigation.h"
 
 namespace {
 
 using namespace discwright;
+
+// Everything is made and deleted in the program folder, so nothing may start while it is unknown.
+constexpr const char* kNoProgramFolder =
+    "discwright-build: The system does not tell in which folder this program is, so nothing can be built. Start the "
+    "program by its full path.\n";
 
 int Build(const desktop::Options& options) {
   forms::Windows windows;
@@ -67,6 +73,10 @@ int Run(const std::vector<std::string>& arguments) {
   if (options.version) {
     host::Print(host::Stream::kOutput, "discwright-build " DISCWRIGHT_VERSION "\n");
     return desktop::kExitMade;
+  }
+  if (host::ProgramFolder().empty()) {
+    host::Print(host::Stream::kError, kNoProgramFolder);
+    return desktop::kExitFailed;
   }
   return Build(options);
 }

@@ -7,7 +7,8 @@
 
 namespace discwright::host {
 
-// The folder that holds the running program, without a trailing separator.
+// The folder that holds the running program, without a separator at its end. Empty when the system does not tell: then
+// nothing must be written or deleted in it.
 std::string ProgramFolder();
 
 std::string CurrentFolder();

@@ -10,6 +10,7 @@
 #include "integration/file_operations.h"
 #include "integration/patching.h"
 #include "steps/copy_to_tree.h"
+#include "util/emptied_folders.h"
 #include "util/paths.h"
 #include "util/program_folder.h"
 
@@ -79,10 +80,13 @@ bool AddTool(steps::Context& context, const Tool& tool, const std::string& locat
   main.LblSub_Step.caption = tool.caption;
   main.LblSub_Step.Refresh();
   CopyBootSector(context, tool.boot_sector);
-  if (!steps::CopyToTree(context, location, util::PathOf(Item::kStaging), util::CopiedNames::kAsOnDisc)) return false;
+  const std::string staging = util::PathOf(Item::kStaging);
+  const host::Status made = util::MakeEmptiedFolder(Item::kStaging);
+  if (!context.notes.Check(made, staging, "could not be created with its mark")) return false;
+  if (!steps::CopyToTree(context, location, staging, util::CopiedNames::kAsOnDisc)) return false;
   PatchFolderName(context, tool);
-  const std::string setup_folder = util::PathOf(Item::kStaging) + "\\I386";
-  const std::string answer = RenameWithShell(main.window, setup_folder, util::PathOf(Item::kStaging) + tool.folder, "");
+  const std::string setup_folder = staging + "\\I386";
+  const std::string answer = RenameWithShell(main.window, setup_folder, staging + tool.folder, "");
   if (answer.empty()) return true;
   context.notes.Add(setup_folder, std::string("could not be renamed to ")
                                       .append(tool.folder + 1)
@@ -94,10 +98,17 @@ bool AddTool(steps::Context& context, const Tool& tool, const std::string& locat
   return true;
 }
 
+// Notes a folder of the tools that cannot be listed: what is in it is missing from the CD.
+host::Listing ListStaged(steps::Context& context, const std::string& folder) {
+  host::Listing listing = host::ListFolder(folder, "*.*");
+  context.notes.Check(listing.status, folder, "could not be listed: what is left in it is missing from the CD");
+  return listing;
+}
+
 // Moves the entries that the shell left in the staging folder, one by one. Some shells silently skip a folder if the
 // destination contains a folder of the same name. Others stop at a file whose name a folder in the destination has.
 void MoveRemaining(steps::Context& context, const std::string& from, const std::string& to) {
-  for (const host::Entry& entry : host::ListFolder(from, "*.*").value) {
+  for (const host::Entry& entry : ListStaged(context, from).value) {
     const std::string source = from + "\\" + entry.name;
     const std::optional<host::Entry> existing = host::Look(to + "\\" + entry.name);
     if (existing && existing->kind != entry.kind) continue;
@@ -115,11 +126,11 @@ void MoveToTree(steps::Context& context) {
   const std::string answer = MoveWithShell(context.main().window, util::PathOf(Item::kStaging) + "\\*.*",
                                            util::PathOf(Item::kWorkspace), 0, "");
   if (answer != "Aborted") MoveRemaining(context, util::PathOf(Item::kStaging), util::PathOf(Item::kWorkspace));
-  for (const host::Entry& entry : host::ListFolder(util::PathOf(Item::kStaging), "*.*").value) {
+  for (const host::Entry& entry : ListStaged(context, util::PathOf(Item::kStaging)).value) {
     context.notes.Add(util::PathOf(Item::kStaging) + "\\" + entry.name,
                       "could not be moved onto the CD" + InParentheses(answer));
   }
-  util::DelTree(util::PathOf(Item::kStaging), &context.notes);
+  util::DeleteEmptiedFolder(Item::kStaging, context.notes);
 }
 
 }  // namespace

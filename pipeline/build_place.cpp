@@ -4,6 +4,7 @@
 #include "host/files.h"
 #include "host/names.h"
 #include "host/system.h"
+#include "util/emptied_folders.h"
 #include "util/program_folder.h"
 
 namespace discwright::pipeline {
@@ -27,7 +28,10 @@ std::string WhyNotBuiltHere(std::shared_ptr<void>& claim) {
   if (status.ok()) host::RemoveFile(test_file);
   // Only a refused access is reported here, because the advice is to use another folder. Other failures, for example a
   // full disk, are noted by the build step in which they occur.
-  if (status.error != host::ErrorClass::kAccessDenied) return WhyNotClaimed(folder, claim);
+  if (status.error != host::ErrorClass::kAccessDenied) {
+    std::string why = WhyNotClaimed(folder, claim);
+    return why.empty() ? util::WhyNotEmptied() : why;
+  }
   return "The program folder " + host::PathToNative(folder) + " cannot be written to: " + status.cause +
          ".\nCopy the program to a folder of your own and start it there.";
 }

@@ -6,7 +6,8 @@
 
 namespace discwright::pipeline {
 
-// Deletes the workspace of an earlier build and copies the template tree into a new one.
+// Deletes the workspace of an earlier build and copies the template tree into a new one. Halts the build if a folder is
+// in its place that this program did not make.
 void Prepare_CDDir(steps::Context& context);
 
 // Deletes the workspace and the working key file after a build.

@@ -1,5 +1,6 @@
 // Deletes a folder with everything in it.
 #include "host/files.h"
+#include "host/folder_facts.h"
 #include "util/paths.h"
 
 namespace discwright::util {
@@ -17,8 +18,15 @@ bool RemoveFileOrLink(const std::string& path, Notes* notes) {
   return Removed(host::RemoveFile(path), path, notes);
 }
 
+// What is mounted in a folder is the user's, wherever it comes from.
+bool IsMountPoint(const std::string& folder) { return host::FactsOfFolder(folder).value.is_mount_point; }
+
 // The folder is listed once, before anything in it is deleted. So the loop ends even if something cannot be deleted.
 bool RemoveTree(const std::string& folder, Notes* notes) {
+  if (IsMountPoint(folder)) {
+    if (notes != nullptr) notes->Add(folder, "was not deleted: it is a mount point; unmount it");
+    return false;
+  }
   host::ClearAttributes(folder);
   const host::Listing listing = host::ListFolder(folder, "*.*");
   bool emptied = true;
@@ -48,8 +56,8 @@ bool DelTree(std::string_view path, Notes* notes) {
   const std::string folder = WithoutLastSeparator(std::string(path));
   const std::optional<host::Entry> entry = host::Look(folder);
   if (!entry || entry->kind != host::EntryKind::kFolder) return true;
-  entry->is_link ? RemoveFileOrLink(folder, notes) : RemoveTree(folder, notes);
-  return !FolderExists(folder);
+  // Not asked again: a folder that cannot be listed would look like one that is gone.
+  return entry->is_link ? RemoveFileOrLink(folder, notes) : RemoveTree(folder, notes);
 }
 
 }  // namespace discwright::util

@@ -58,7 +58,7 @@ bool MakePath(std::string_view path);  // creates every missing folder of the pa
 bool RemoveIfExists(Notes& notes, const std::string& file);
 
 // Deletes a folder with everything in it, including read-only, hidden and system files. Links are deleted, their
-// targets are not. Returns true when the folder does not exist afterwards. Notes what could not be deleted, if `notes`
+// targets are not; mount points stay with everything in them. Returns true when the folder does not exist afterwards. Notes what could not be deleted, if `notes`
 // is given.
 bool DelTree(std::string_view path, Notes* notes = nullptr);
 

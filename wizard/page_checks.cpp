@@ -7,10 +7,9 @@
 
 #include "host/files.h"
 #include "host/names.h"
-#include "host/system.h"
 #include "integration/advanced_tools.h"
+#include "util/emptied_folders.h"
 #include "util/paths.h"
-#include "util/program_folder.h"
 #include "wizard/causes.h"
 #include "wizard/iso_destination.h"
 #include "wizard/known_files.h"
@@ -123,25 +122,10 @@ bool Passes(const FrmDiscwright& main, const LocationCheck& check) {
   return !Applies(main, check) || check.test((main.*check.location).text.get() + check.suffix);
 }
 
-// The folder that contains the path, or is the path, if it is one of those that every build empties. Otherwise empty.
-std::string EmptiedFolderOf(std::string path) {
-  constexpr const char* kSeparators = "\\/";
-  const std::string emptied[] = {util::PathOf(util::Item::kWorkspace), util::PathOf(util::Item::kStaging)};
-  const bool is_absolute = path.find_first_of(kSeparators) == 0 || path.find(':') == 1;
-  if (!is_absolute) path.insert(0, host::CurrentFolder() + "\\");
-  for (std::size_t end = path.size(); end != std::string::npos; end = path.find_last_of(kSeparators)) {
-    path.resize(end);
-    for (const std::string& folder : emptied) {
-      if (host::SameFolder(path, folder)) return folder;
-    }
-  }
-  return "";
-}
-
 // A build empties its folders at its start, so a location in one of them would be deleted before it is copied.
 bool IsOutsideEmptiedFolders(steps::Context& context, const LocationCheck& check) {
   if (!Applies(context.main(), check)) return true;
-  const std::string folder = EmptiedFolderOf(util::StripQuotes((context.main().*check.location).text.get()));
+  const std::string folder = util::EmptiedFolderAround(util::StripQuotes((context.main().*check.location).text.get()));
   if (folder.empty()) return true;
   ShowError(context,
             "The selected location is in " + host::PathToNative(folder) +

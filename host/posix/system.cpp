@@ -3,6 +3,7 @@
 #include "host/names.h"
 
 #include <fcntl.h>
+#include <sys/auxv.h>
 #include <sys/file.h>
 #include <unistd.h>
 #include <climits>
@@ -10,19 +11,38 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <ctime>
+#include <memory>
 
 #include "host/posix/native_path.h"
 #include "host/posix/unique_fd.h"
 
 namespace discwright::host {
 
-std::string ProgramFolder() {
+namespace {
+
+// Where /proc is missing, the path by which the program was started says where it is. It may lead through links.
+std::string StartedPath() {
+  const auto* const started = reinterpret_cast<const char*>(getauxval(AT_EXECFN));
+  const std::unique_ptr<char, void (*)(void*)> real(started == nullptr ? nullptr : realpath(started, nullptr),
+                                                    std::free);
+  return real == nullptr ? std::string() : std::string(real.get());
+}
+
+std::string FindProgramFolder() {
   std::array<char, PATH_MAX> path{};
   const ssize_t length = readlink("/proc/self/exe", path.data(), path.size());
-  if (length <= 0) return CurrentFolder();
-  return PathFromNative(NativeFolder(std::string(path.data(), static_cast<std::size_t>(length))));
+  const std::string program = length > 0 ? std::string(path.data(), static_cast<std::size_t>(length)) : StartedPath();
+  return program.starts_with('/') ? PathFromNative(NativeFolder(program)) : std::string();
 }
+
+// Found before main() can change the current folder, from which a relative path starts.
+const std::string kProgramFolder = FindProgramFolder();
+
+}  // namespace
+
+std::string ProgramFolder() { return kProgramFolder; }
 
 std::string CurrentFolder() { return PathFromNative("."); }
 

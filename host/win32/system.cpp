@@ -25,7 +25,7 @@ std::string ProgramFolder() {
   std::array<char, MAX_PATH> path{};
   const DWORD length = GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()));
   const std::string program = TextOfBuffer(path, length);
-  return program.empty() ? CurrentFolder() : program.substr(0, program.rfind('\\'));
+  return program.substr(0, program.rfind('\\'));
 }
 
 std::string CurrentFolder() {

@@ -1,5 +1,6 @@
 // Tests of the cause that is printed when a page refuses its choices, and of the spelling of paths in messages.
 #include "tests/end_to_end/build_test.h"
+#include "tests/end_to_end/left_files.h"
 
 namespace discwright::testing {
 
@@ -148,7 +149,7 @@ TEST_F(Causes, PlaceOfTheImage) {
 }
 
 TEST_F(Causes, PlaceThatABuildEmpties) {
-  WriteFile(program / "vexacd" / "mine" / "a.txt", "a");
+  WriteLeftFile(program, "vexacd/mine/a.txt", "a");
   const Outcome outcome = Build(Utilities(program / "vexacd" / "mine"));
   EXPECT_EQ(outcome.exit_code, 3);
   EXPECT_EQ(outcome.err, "Error: The selected location is in " + (program / "vexacd").string() +

@@ -1,5 +1,6 @@
 // Tests of several builds in one program folder, which must not influence each other.
 #include "tests/end_to_end/build_test.h"
+#include "tests/end_to_end/left_files.h"
 
 namespace discwright::testing {
 
@@ -37,7 +38,7 @@ TEST_F(RepeatedBuilds, SameImageAgain_IsReplaced) {
 }
 
 TEST_F(RepeatedBuilds, ReadOnlyLeftoversInTheWorkspace_AreGone) {
-  WriteFile(program / "vexacd" / "left over" / "read only.txt", "old");
+  WriteLeftFile(program, "vexacd/left over/read only.txt", "old");
   fs::permissions(program / "vexacd" / "left over" / "read only.txt", fs::perms::owner_read);
   fs::permissions(program / "vexacd" / "left over", fs::perms::owner_read | fs::perms::owner_exec);
   const Outcome outcome = Build();

@@ -3,6 +3,7 @@
 
 #include "tests/end_to_end/build_test.h"
 #include "tests/end_to_end/chosen_discs.h"
+#include "tests/end_to_end/left_files.h"
 #include "tests/end_to_end/small_disk.h"
 
 namespace discwright::testing {
@@ -81,7 +82,7 @@ TEST_F(WindowsSetup, SecondBuildOverReadOnlyLeftovers_MakesTheSameTree) {
   for (const fs::directory_entry& entry : fs::recursive_directory_iterator(program / "vexacd")) {
     if (entry.is_regular_file()) fs::permissions(entry.path(), fs::perms::owner_read);
   }
-  WriteFile(program / "advtemp" / "I386" / "LEFT.OVR", "of a build that was killed");
+  WriteLeftFile(program, "advtemp/I386/LEFT.OVR", "of a build that was killed");
   ExpectNextBuildIsWhole();
 }
 

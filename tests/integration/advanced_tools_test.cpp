@@ -85,6 +85,24 @@ TEST_F(AddAdvToolsTest, BootSectorIsCopiedBeforeTheTool) {
   EXPECT_THAT(host.calls.at(0), HasSubstr("oobc.bin"));
 }
 
+TEST_F(AddAdvToolsTest, StagingFolderThatCannotBeListed_IsNoted) {
+  host.shell_answers = {{}, {1, false}};
+  host.FailOn("ListFolder", "Discwright\\advtemp", host::ErrorClass::kNotReady, "Input/output error");
+  Add(false, true);
+  EXPECT_THAT(Notes(), HasSubstr("C:\\Discwright\\advtemp: could not be listed: what is left in it is missing from the "
+                                 "CD: Input/output error\n"));
+}
+
+TEST_F(AddAdvToolsTest, StagingFolder_HasItsMarkWhileAToolIsCopied) {
+  bool has_mark = false;
+  host.FailOn("CopyFileWithProgress", "TXTSETUP.SIF", host::ErrorClass::kDiskFull);
+  Add(true, false);
+  for (const std::string& call : host.calls)
+    has_mark = has_mark || call == "WriteWholeFile C:\\Discwright\\advtemp.own";
+  EXPECT_TRUE(has_mark);
+  EXPECT_FALSE(host.Exists("C:\\Discwright\\advtemp.own"));
+}
+
 TEST_F(AddAdvToolsTest, SourcesAndShippedSectors_StayAsTheyWere) {
   Add(true, true);
   EXPECT_EQ(host.Content("E:\\I386\\SETUPLDR.BIN"), "loader of i386 and I386");

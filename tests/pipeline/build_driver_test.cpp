@@ -13,6 +13,7 @@ namespace {
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using ::testing::IsEmpty;
 using ::testing::Not;
 
 class BuildDriver : public discwright::testing::PipelineFixture {
@@ -126,7 +127,7 @@ TEST_F(BuildDriver, Finish_CannotBePressedWhileAStepRuns) {
 }
 
 TEST_F(BuildDriver, Start_ResetsTheWorkspaceToTheTemplateTree) {
-  host.AddFile("C:\\Discwright\\vexacd\\I386\\old.txt", "old", true);
+  host.AddLeftFile("C:\\Discwright\\vexacd\\I386\\old.txt", "old", true);
   FinishApp(context);
   EXPECT_FALSE(host.Exists("C:\\Discwright\\vexacd\\I386"));
   EXPECT_EQ(WorkspaceFile("boot\\loader.bin"), "loader");
@@ -134,12 +135,38 @@ TEST_F(BuildDriver, Start_ResetsTheWorkspaceToTheTemplateTree) {
 }
 
 TEST_F(BuildDriver, UndeletableOldWorkspace_IsNotedAndBuiltOver) {
-  host.AddFile("C:\\Discwright\\vexacd\\locked.txt", "old");
+  host.AddLeftFile("C:\\Discwright\\vexacd\\locked.txt", "old");
   host.FailOn("RemoveFile", "locked.txt", host::ErrorClass::kAccessDenied, "in use");
   FinishApp(context);
   EXPECT_TRUE(host.Exists("C:\\Discwright\\vexacd\\locked.txt"));
   EXPECT_EQ(WorkspaceFile("boot\\loader.bin"), "loader");
   EXPECT_THAT(NoteLines(), Contains("C:\\Discwright\\vexacd\\locked.txt: could not be deleted: in use"));
+}
+
+TEST_F(BuildDriver, OldWorkspaceThatCannotBeListed_IsNotedBecauseItsFilesComeOntoTheCd) {
+  host.AddLeftFile("C:\\Discwright\\vexacd\\old.txt", "old");
+  host.FailOn("ListFolder", "Discwright\\vexacd", host::ErrorClass::kNotReady, "Input/output error", 2);
+  EXPECT_EQ(FinishApp(context).end, steps::BuildEnd::kMadeWithNotes);
+  EXPECT_THAT(NoteLines(), Contains("C:\\Discwright\\vexacd: could not be deleted: Input/output error"));
+}
+
+TEST_F(BuildDriver, WorkspaceOfSomebodyElse_HaltsTheBuildBeforeAnythingIsTouched) {
+  host.AddFile("C:\\Discwright\\vexacd\\photo.jpg", "mine");
+  const steps::BuildResult result = FinishApp(context);
+  EXPECT_EQ(result.end, steps::BuildEnd::kFailed);
+  EXPECT_THAT(result.why, HasSubstr("C:\\Discwright\\vexacd is not known to be made by this program"));
+  EXPECT_EQ(host.Content("C:\\Discwright\\vexacd\\photo.jpg"), "mine");
+  EXPECT_THAT(host.calls, IsEmpty());
+}
+
+TEST_F(BuildDriver, LinkInPlaceOfTheWorkspaceThatCannotBeDeleted_HaltsTheBuild) {
+  host.AddFile("D:\\photos\\photo.jpg", "mine");
+  host.AddLink("C:\\Discwright\\vexacd", "D:\\photos");
+  host.FailOn("RemoveFile", "vexacd", host::ErrorClass::kAccessDenied, "in use");
+  const steps::BuildResult result = FinishApp(context);
+  EXPECT_EQ(result.end, steps::BuildEnd::kFailed);
+  EXPECT_THAT(result.why, HasSubstr("The folder C:\\Discwright\\vexacd and its mark could not be made: "));
+  EXPECT_FALSE(host.Exists("D:\\photos\\boot"));
 }
 
 TEST_F(BuildDriver, MissingTemplateTree_IsNotedAndTheBuildGoesOn) {
@@ -294,7 +321,7 @@ TEST_F(BuildDriver, HaltedInTheTools_AddsNoFilesAndNoPassword) {
 }
 
 TEST_F(BuildDriver, BuildAfterOneThatWasHaltedInTheTools_KeepsNothingOfIt) {
-  host.AddFile("C:\\Discwright\\advtemp\\I386\\OLD.SYS", "old", true);
+  host.AddLeftFile("C:\\Discwright\\advtemp\\I386\\OLD.SYS", "old", true);
   ChooseEverything();
   FinishApp(context);
   EXPECT_FALSE(host.Exists("C:\\Discwright\\advtemp"));

@@ -36,6 +36,12 @@ TEST_F(WhyNotBuiltHereTest, FolderThatRefuses_IsNamedWithTheCauseAndAWayOut) {
             "Copy the program to a folder of your own and start it there.");
 }
 
+TEST_F(WhyNotBuiltHereTest, FolderOfSomebodyElseInPlaceOfTheWorkspace_IsNamed) {
+  host.AddFile("C:\\Discwright\\vexacd\\photo.jpg", "mine");
+  EXPECT_NE(WhyNotBuiltHere(claim).find("C:\\Discwright\\vexacd is not known to be made by this program"),
+            std::string::npos);
+}
+
 TEST_F(WhyNotBuiltHereTest, OtherFailures_AreNotReported) {
   host.FailOn("OpenBinary", "Discwright", host::ErrorClass::kDiskFull);
   EXPECT_EQ(WhyNotBuiltHere(claim), "");

@@ -9,6 +9,7 @@
 #include <stdexcept>
 
 #include "base/windows_1252.h"
+#include "host/folder_facts.h"
 #include "host/names.h"
 #include "host/native_text.h"
 #include "host/profile.h"
@@ -161,6 +162,7 @@ void FakeHost::AddFolder(std::string_view path) {
   Node node;
   node.name = LastComponent(path);
   node.kind = host::EntryKind::kFolder;
+  node.number = ++last_number_;
   nodes[key] = node;
 }
 
@@ -190,6 +192,14 @@ void FakeHost::AddLink(std::string_view path, std::string_view target, bool loop
   AddFile(path, "");
   Find(path)->loops = loops;
   Find(path)->link_target = target;
+}
+
+void FakeHost::AddLeftFile(std::string_view path, std::string_view content, bool read_only) {
+  AddFile(path, content, read_only);
+  for (const std::string name : {"\\vexacd", "\\advtemp"}) {
+    const host::Result<host::FolderFacts> facts = host::FactsOfFolder(program_folder + name);
+    if (facts.ok()) AddFile(program_folder + name + ".own", facts.value.identity);
+  }
 }
 
 bool FakeHost::Exists(std::string_view path) const { return const_cast<FakeHost*>(this)->Find(path) != nullptr; }
@@ -348,6 +358,17 @@ bool SameFile(std::string_view a, std::string_view b) {
   const FakeHost::Node* node = Following(a);
   return node != nullptr && node->kind != EntryKind::kFolder && node == Following(b);
 }
+
+Result<FolderFacts> FactsOfFolder(std::string_view path) {
+  if (Status status = Fake().Enter("FactsOfFolder", path); !status.ok()) return status;
+  const FakeHost::Node* node = Fake().Find(path);
+  if (node == nullptr) return testing::Missing();
+  if (node->kind != EntryKind::kFolder) return Status::Failure(ErrorClass::kWrongKind, "Not a directory");
+  return FolderFacts{std::to_string(node->number), Fake().mount_points.contains(FakeHost::Key(path))};
+}
+
+// In lower case, because the fake finds names by their keys.
+std::string FollowedPath(std::string_view path) { return testing::Resolve(Fake(), FakeHost::Key(path), true); }
 
 Status CheckReadable(std::string_view path) {
   if (Status status = Fake().Enter("CheckReadable", path); !status.ok()) return status;

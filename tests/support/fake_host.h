@@ -16,9 +16,9 @@
 
 namespace discwright::testing {
 
-// Implements all functions of host/files.h, host/names.h, host/system.h, host/desktop.h, host/script.h, host/profile.h,
-// host/native_text.h, host/shell_operations.h and WindowsProgramLine. Construct one at the start of
-// each test, as a member of the fixture. It starts empty; its program folder is C:\Discwright.
+// Implements all functions of host/files.h, host/folder_facts.h, host/names.h, host/system.h, host/desktop.h,
+// host/script.h, host/profile.h, host/native_text.h, host/shell_operations.h and WindowsProgramLine. Construct one at
+// the start of each test, as a member of the fixture. It starts empty; its program folder is C:\Discwright.
 class FakeHost {
  public:
   FakeHost();
@@ -36,6 +36,9 @@ class FakeHost {
   std::string RealName(std::string_view path) const;  // the last name of the path, in its own letter case
   std::vector<std::string> Files() const;             // every file's full path, sorted
 
+  // Adds a file to the workspace or the staging folder, with the mark that a build of this program would leave.
+  void AddLeftFile(std::string_view path, std::string_view content, bool read_only = false);
+
   // Makes `function` ("ListFolder", "CopyFileWithProgress", "RemoveFile", "MakeFolders", ...) fail for every path that
   // contains `path_part` in any letter case, at most `times` times. "" stands for every path.
   void FailOn(std::string_view function, std::string_view path_part, host::ErrorClass error,
@@ -52,7 +55,8 @@ class FakeHost {
 
   std::string program_folder = "C:\\Discwright";
   std::string current_folder = "C:\\Current";
-  std::string claimed_folder;  // a folder that another program has claimed
+  std::string claimed_folder;          // a folder that another program has claimed
+  std::set<std::string> mount_points;  // by Key
   int platform_id = 2;
   std::vector<std::string> optical_drives;
   std::vector<std::string> drive_roots{"A:\\", "C:\\", "D:\\"};
@@ -79,6 +83,7 @@ class FakeHost {
     bool read_only = false;
     std::string link_target;
     bool loops = false;
+    int number = 0;  // of a folder; a folder that is made again has another one
   };
   // For the functions of the fake: finds the node at a path without following links; null when there is none.
   Node* Find(std::string_view path);
@@ -98,6 +103,7 @@ class FakeHost {
   std::deque<Injected> injected_;
   int calls_until_failure_ = -1;  // below 0: no call fails by its number
   std::string failed_call_;
+  int last_number_ = 0;
 };
 
 }  // namespace discwright::testing

@@ -54,6 +54,26 @@ TEST_F(DelTreeTest, FileAtThePath_Stays) {
   EXPECT_EQ(host.Content("C:\\t"), "x");
 }
 
+TEST_F(DelTreeTest, MountPoint_StaysWithEverythingInItAndIsNoted) {
+  host.AddFile("C:\\t\\a\\ours", "x");
+  host.AddFile("C:\\t\\b\\users\\photo.jpg", "mine");
+  host.mount_points = {testing::FakeHost::Key("C:\\t\\b\\users")};
+  EXPECT_FALSE(DelTree("C:\\t", &notes));
+  EXPECT_EQ(host.Content("C:\\t\\b\\users\\photo.jpg"), "mine");
+  EXPECT_FALSE(host.Exists("C:\\t\\a"));
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(notes.all()[0].place, "C:\\t\\b\\users");
+  EXPECT_EQ(notes.all()[0].cause, "was not deleted: it is a mount point; unmount it");
+}
+
+TEST_F(DelTreeTest, FolderThatCannotBeListed_IsNotTakenForDeleted) {
+  host.AddFile("C:\\t\\file", "x");
+  host.FailOn("ListFolder", "C:\\t", host::ErrorClass::kNotReady, "Input/output error");
+  EXPECT_FALSE(DelTree("C:\\t", &notes));
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(notes.all()[0].cause, "could not be deleted: Input/output error");
+}
+
 TEST_F(DelTreeTest, LinksInTheTree_AreRemovedAndTheirTargetsStay) {
   host.AddFile("C:\\keep\\file", "x");
   host.AddLink("C:\\t\\folder link", "C:\\keep");

@@ -197,6 +197,17 @@ TEST_F(PageChecksTest, ImageInTheFolderThatEveryBuildEmpties_IsRefused) {
   EXPECT_THAT(Details(), ElementsAre(Pair("TxtISOLoc", "C:\\Discwright\\vexacd\\rescue.iso would be deleted.")));
 }
 
+TEST_F(PageChecksTest, LinkIntoTheFolderThatEveryBuildEmpties_IsRefused) {
+  host.AddFile("C:\\Discwright\\vexacd\\vexa\\mine\\tool.exe", "mine");
+  host.AddLink("D:\\tools", "C:\\Discwright\\vexacd\\vexa\\mine");
+  host.AddFolder("S:\\additional");
+  main.TxtUtils_Loc.text = "D:\\tools";
+  main.TxtAddFiles_Loc.text = "S:\\additional";
+  EXPECT_EQ(NextFrom(6), 6);
+  EXPECT_THAT(Messages(), ElementsAre("The selected location is in C:\\Discwright\\vexacd, which every build empties !"
+                                      "\r\nSelect a location outside of it"));
+}
+
 TEST_F(PageChecksTest, FoldersBesideThem_Pass) {
   host.AddFolder("C:\\Discwright\\vexacd");
   host.AddFolder("C:\\Discwright\\vexacd of mine");

@@ -24,8 +24,13 @@ int Run(const std::vector<std::string>& words) {
     errors << "CreateDsk: " << result.failure << "\n" << tools::kUsage << "\n";
     return 2;
   }
+  const std::string folder = host::ProgramFolder();
+  if (folder.empty()) {
+    errors << "CreateDsk: The system does not tell in which folder this program is. Start it by its full path.\n";
+    return 1;
+  }
   std::string image_path;
-  const tools::Result result = tools::CreateDisk(arguments, host::ProgramFolder(), image_path);
+  const tools::Result result = tools::CreateDisk(arguments, folder, image_path);
   if (!result.ok()) {
     errors << "CreateDsk: " << result.failure << "\n";
     return 1;

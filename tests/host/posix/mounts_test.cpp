@@ -44,5 +44,15 @@ TEST(OpticalMountPoints, EmptyCutOrMissingTable_HasNone) {
   EXPECT_THAT(OpticalMountPoints("/missing/mounts"), IsEmpty());
 }
 
+TEST(IsInMountTable, MountPointOfAnyFileSystem_IsFoundByItsWholePath) {
+  const testing::TempFolder folder;
+  folder.Write("mounts", "/dev/sda1 /a\\040b ext4 rw 0 0\n/dev/sda1 /a/deep ext4 rw 0 0\n");
+  const std::string table = folder.Native("mounts");
+  EXPECT_TRUE(IsInMountTable(table, "/a b"));
+  EXPECT_TRUE(IsInMountTable(table, "/a/deep"));
+  EXPECT_FALSE(IsInMountTable(table, "/a"));
+  EXPECT_FALSE(IsInMountTable("/missing/mounts", "/a"));
+}
+
 }  // namespace
 }  // namespace discwright::host
