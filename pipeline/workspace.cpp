@@ -9,11 +9,22 @@
 
 namespace discwright::pipeline {
 
+namespace {
+
+// Returns false when the build has been cancelled meanwhile.
+bool DeleteFolder(steps::Context& context, const std::string& folder) {
+  if (!util::FolderExists(folder)) return true;
+  util::DelTree(folder, &context.notes, [&context] { return context.GoOn(); });
+  return !context.main().CancelCopy;
+}
+
+}  // namespace
+
 void Prepare_CDDir(steps::Context& context) {
   const std::string root = util::PathOf(util::Item::kWorkspace);
   // A build that was halted leaves both folders behind.
   for (const std::string& folder : {root, util::PathOf(util::Item::kStaging)}) {
-    if (util::FolderExists(folder)) util::DelTree(folder, &context.notes);
+    if (!DeleteFolder(context, folder)) return;
   }
   // If the copy fails, it has noted the missing files. The build goes on with the files that were copied. Kept as it
   // has always been.
@@ -21,8 +32,7 @@ void Prepare_CDDir(steps::Context& context) {
 }
 
 void CleanSession(steps::Context& context) {
-  const std::string root = util::PathOf(util::Item::kWorkspace);
-  if (util::FolderExists(root)) util::DelTree(root, &context.notes);
+  if (!DeleteFolder(context, util::PathOf(util::Item::kWorkspace))) return;
   const std::string key_file = util::PathOf(util::Item::kWorkingKeyFile);
   if (util::FileExists(key_file)) context.notes.Check(host::RemoveFile(key_file), key_file, "could not be deleted");
 }

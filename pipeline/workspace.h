@@ -6,10 +6,11 @@
 
 namespace discwright::pipeline {
 
-// Deletes the workspace of an earlier build and copies the template tree into a new one.
+// Deletes the workspace of an earlier build and copies the template tree into a new one. Stops when the build is
+// cancelled.
 void Prepare_CDDir(steps::Context& context);
 
-// Deletes the workspace and the working key file after a build.
+// Deletes the workspace and the working key file after a build. Stops when the build is cancelled.
 void CleanSession(steps::Context& context);
 
 }  // namespace discwright::pipeline

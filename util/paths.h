@@ -2,6 +2,7 @@
 // return false, an empty string or their input.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -51,8 +52,8 @@ bool MakePath(std::string_view path);  // creates every missing folder of the pa
 
 // Deletes a folder with everything in it, including read-only, hidden and system files. Links are deleted, their
 // targets are not. Returns true when the folder does not exist afterwards. Notes what could not be deleted, if `notes`
-// is given.
-bool DelTree(std::string_view path, Notes* notes = nullptr);
+// is given. `go_on`, when given, is asked before every file and folder; false ends the deletion at once.
+bool DelTree(std::string_view path, Notes* notes = nullptr, const std::function<bool()>& go_on = {});
 
 // The short (8.3) form of a path. Returns the input when there is none.
 std::string GetShortPath(std::string_view path);

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <optional>
 
 #include "host/posix/case_lookup.h"
 #include "host/posix/errors.h"

@@ -18,14 +18,20 @@ Result CannotRead(std::string_view path, const host::Status& status) {
   return Result::Failure(Shown(path) + " cannot be read: " + status.cause + ". Make it readable and try again.");
 }
 
+// Whether something may be there although looking has failed.
+bool CouldNotLook(const host::Status& status) { return !status.ok() && status.error != host::ErrorClass::kNotFound; }
+
 Result FindProfileFolder(std::string_view disks, const std::string& profile, std::string& folder) {
   if (!IsBareName(profile)) return Result::Failure("\"" + profile + "\" is not the name of a disk profile.");
   folder = std::string(disks) + "/" + profile;
-  const auto found = host::Look(folder);
-  if (found && found->kind == host::EntryKind::kFolder) return Result::Success();
+  const host::Result<host::Entry> found = host::Look(folder);
+  if (found.ok() && found.value.kind == host::EntryKind::kFolder) return Result::Success();
+  if (CouldNotLook(found.status)) return CannotRead(folder, found.status);
 
   std::string names;
-  for (const host::Entry& entry : host::ListFolder(disks, "*.*").value) {
+  const host::Listing listing = host::ListFolder(disks, "*.*");
+  if (CouldNotLook(listing.status)) return CannotRead(disks, listing.status);
+  for (const host::Entry& entry : listing.value) {
     if (entry.kind == host::EntryKind::kFolder) names += (names.empty() ? "" : ", ") + entry.name;
   }
   if (names.empty()) return Result::Failure("There are no disk profiles in " + Shown(disks) + "; put them there.");
@@ -43,12 +49,15 @@ Result ReadProfile(const std::string& folder, bool selection, Profile& profile) 
 
 // Finds the size of a file that disk.ini names under `key`.
 Result FindSource(const std::string& path, const std::string& key, std::int64_t& size) {
-  const auto found = host::Look(path);
-  if (!found) return Result::Failure(Shown(path) + " is missing; put it there, or take " + key + " out of disk.ini.");
-  if (found->kind != host::EntryKind::kFile) {
+  const host::Result<host::Entry> found = host::Look(path);
+  if (CouldNotLook(found.status)) return CannotRead(path, found.status);
+  if (!found.ok()) {
+    return Result::Failure(Shown(path) + " is missing; put it there, or take " + key + " out of disk.ini.");
+  }
+  if (found.value.kind != host::EntryKind::kFile) {
     return Result::Failure(Shown(path) + " is not a file; correct " + key + " in disk.ini.");
   }
-  size = found->size;
+  size = found.value.size;
   return Result::Success();
 }
 
