@@ -1,6 +1,5 @@
 // discwright-build: makes a rescue CD without a window. Connects the rooms and runs one build.
 #include <clocale>
-#include <cstdlib>
 #include <vector>
 
 #include "desktop/console/console_user.h"
@@ -22,14 +21,10 @@ int Build(const desktop::Options& options) {
   desktop::Terminal terminal(windows.main, options.quiet ? Progress::kNone : progress);
   util::Notes notes;
   const auto programs = host::SystemProgramRunner();
-  const auto interrupted = [&](int count) {
-    if (count > 1) {
-      programs->EndAll();
-      std::_Exit(desktop::kExitCancelled);
-    }
+  const auto interrupted = [&] {
     terminal.PrintLine(windows.main.MKISOFSRunning
                            ? "Cancelling: the mastering is ended."
-                           : "Cancelling: the file or floppy image that is being made is finished first. Press Ctrl-C "
+                           : "Cancelling: the copy or floppy image that is being made is finished first. Press Ctrl-C "
                              "again to stop at once.");
     forms::AskToClose(windows.main);
   };
@@ -41,7 +36,7 @@ int Build(const desktop::Options& options) {
     terminal.PrintLine("warning: " + (is_path ? host::PathToNative(note.place) : note.place) + ": " + note.cause);
   };
   const forms::Subscription rules = wizard::Bind(context);
-  host::CatchInterrupts();
+  host::CatchInterrupts(desktop::kExitCancelled);
   return desktop::RunBuild(context, terminal, options);
 }
 

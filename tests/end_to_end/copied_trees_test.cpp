@@ -153,6 +153,26 @@ void ExpectListed(const fs::path& image, const Contents& contents) {
 
 }  // namespace
 
+TEST_F(CopiedTrees, FolderThatMayBeListedButNotSearched_IsNeverLostInSilence) {
+  WriteFile(utilities / "a.txt", "content");
+  WriteFile(utilities / "sub/file.txt", "content");
+  fs::permissions(utilities / "sub", fs::perms::owner_read | fs::perms::owner_write);
+  const Outcome outcome = Build(Utilities(utilities), {.obeys_permissions = true});
+  EXPECT_EQ(outcome.exit_code, 4) << outcome.err;
+  ExpectOneWarning(outcome, utilities / "sub/file.txt", "could not be copied: Permission denied");
+  fs::permissions(utilities / "sub", fs::perms::owner_all);
+}
+
+TEST_F(CopiedTrees, ChosenFolderThatMayBeListedButNotSearched_IsNeverLostInSilence) {
+  WriteFile(utilities / "file.txt", "content");
+  fs::permissions(utilities, fs::perms::owner_read | fs::perms::owner_write);
+  const Outcome outcome = Build(Utilities(utilities), {.obeys_permissions = true});
+  EXPECT_EQ(outcome.exit_code, 4) << outcome.err;
+  ExpectOneWarning(outcome, utilities / "file.txt", "nothing was copied");
+  EXPECT_THAT(outcome.err, HasSubstr("Permission denied"));
+  fs::permissions(utilities, fs::perms::owner_all);
+}
+
 TEST_F(CopiedTrees, FiveThousandFilesWithOddNames_AreOnTheDiscByteForByte) {
   TreeMaker(utilities, 1).MakeFiles(90, 50);
   TreeMaker(utilities, 2).MakeOddOnes();
