@@ -10,11 +10,13 @@
 #include "host/native_text.h"
 #include "tools/mkisofs/master.h"
 
+constexpr int kExitFailed = 1;
+
 int main(int argc, char** argv) {
   using discwright::tools::mkisofs::Surroundings;
   discwright::host::PrintStream messages(discwright::host::Stream::kError);
   try {
-    discwright::host::CatchInterrupts();
+    discwright::host::CatchInterrupts(kExitFailed);
     const std::vector<std::string> words = discwright::host::Arguments(argc, argv);
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
     const Surroundings surroundings{std::getenv(discwright::base::kSourceDateVariable), now.time_since_epoch().count(),
@@ -22,6 +24,6 @@ int main(int argc, char** argv) {
     return discwright::tools::mkisofs::Master(words, surroundings, messages);
   } catch (const std::exception& failure) {  // no memory left, or no thread could be started
     messages << "mkisofs: " << failure.what() << "\n";
-    return 1;
+    return kExitFailed;
   }
 }
