@@ -39,7 +39,7 @@ void SplitPath(std::string_view full_path, std::string& folder, std::string& fil
 std::string ParentOf(std::string path);
 
 // A path in the spelling in which a user would type it into a field: the system's spelling. The result is the input
-// when the system's spelling contains a backslash, because the field would take that for a separator.
+// when the system's spelling would be read as another path, for example because it contains a backslash.
 std::string AsTyped(const std::string& path);
 
 bool FolderExists(std::string_view path);  // false for an empty or blank path, without looking at the disk
