@@ -1,6 +1,5 @@
 // discwright-build: makes a rescue CD without a window. Connects the rooms and runs one build.
 #include <clocale>
-#include <cstdlib>
 #include <vector>
 
 #include "desktop/console/console_user.h"
@@ -29,14 +28,10 @@ int Build(const desktop::Options& options) {
   desktop::Terminal terminal(windows.main, options.quiet ? Progress::kNone : progress);
   util::Notes notes;
   const auto programs = host::SystemProgramRunner();
-  const auto interrupted = [&](int count) {
-    if (count > 1) {
-      programs->EndAll();
-      std::_Exit(desktop::kExitCancelled);
-    }
+  const auto interrupted = [&] {
     terminal.PrintLine(windows.main.MKISOFSRunning
                            ? "Cancelling: the mastering is ended."
-                           : "Cancelling: the file or floppy image that is being made is finished first. Press Ctrl-C "
+                           : "Cancelling: the copy or floppy image that is being made is finished first. Press Ctrl-C "
                              "again to stop at once.");
     forms::AskToClose(windows.main);
   };
@@ -51,7 +46,7 @@ int Build(const desktop::Options& options) {
     terminal.PrintLine("remark: " + host::PathToNative(remark.place) + ": " + remark.cause);
   };
   const forms::Subscription rules = wizard::Bind(context);
-  host::CatchInterrupts();
+  host::CatchInterrupts(desktop::kExitCancelled);
   try {
     return desktop::RunBuild(context, terminal, options);
   } catch (...) {

@@ -37,6 +37,10 @@ class Child {
 // output and error to the pipe that Read reads.
 Result<std::shared_ptr<Child>> StartCaptured(std::string_view command_line);
 
+// Ends every program that StartCaptured has started and that still runs, with all that these have started. Returns when
+// they have gone, after two seconds at the latest. A signal handler may call it.
+void EndStartedPrograms();
+
 // See ProgramRunner::StartProcess.
 std::unique_ptr<Process> StartUncaptured(std::string_view command_line, int window_style, int creation_flags);
 

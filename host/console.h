@@ -16,8 +16,9 @@ void SetWakeUp();
 // since the last call.
 void WaitForWakeUp(int milliseconds);
 
-// From now on Ctrl-C, or a request to terminate, does not end the program; it is counted.
-void CatchInterrupts();
+// From now on the first Ctrl-C, or request to terminate, does not end the program; it is counted. The second one ends
+// the program at once with `exit_code`, whatever it is doing, and all programs that it has started through a launcher.
+void CatchInterrupts(int exit_code);
 // How often the user has pressed Ctrl-C since CatchInterrupts.
 int InterruptCount();
 

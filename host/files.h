@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -25,16 +24,19 @@ struct Entry {
   bool is_link = false;   // a symbolic link; kind and size are those of its target
   bool loops = false;     // a link to a folder that is one of its own parents: never descend
   bool broken = false;    // a link whose target is missing; listed as a file of size 0
+  Status problem = {};    // not ok: why the system does not tell what it is; listed as a file of size 0
 };
 
 using Listing = Result<std::vector<Entry>>;
 
 // The entries of `folder` that match the DOS wildcard `pattern` ("*.*" matches every name), hidden and system files
-// and folders included, without "." and "..", sorted by name byte by byte so that every run does the same.
+// and folders included, without "." and "..", sorted by name byte by byte so that every run does the same. An entry
+// that cannot be looked at is listed with its problem.
 Listing ListFolder(std::string_view folder, std::string_view pattern);
 
-// What stands at `path` (links followed); nothing when there is nothing or a broken link.
-std::optional<Entry> Look(std::string_view path);
+// What stands at `path` (links followed). The failure is kNotFound when nothing is there or a link whose target is
+// missing. Any other failure leaves open whether something is there. The entry has no problem.
+Result<Entry> Look(std::string_view path);
 
 // Whether both paths lead to one folder that exists, however they are written and whatever links they go through.
 bool SameFolder(std::string_view a, std::string_view b);

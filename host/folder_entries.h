@@ -3,7 +3,6 @@
 #pragma once
 
 #include <functional>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,7 +13,7 @@ namespace discwright::host {
 // The entries of a folder whose names are wanted, in any order. Only these are looked at. `loops` is never set.
 Listing ReadEntries(std::string_view folder, const std::function<bool(const std::string& name)>& is_wanted);
 
-// The entry at a path, broken links included; nothing when nothing stands there. `loops` is never set.
-std::optional<Entry> ReadEntry(std::string_view path);
+// The entry at a path, broken links included. The failure is kNotFound when nothing is there. `loops` is never set.
+Result<Entry> ReadEntry(std::string_view path);
 
 }  // namespace discwright::host

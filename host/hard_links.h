@@ -31,11 +31,12 @@ struct FileFacts {
 struct NamedFacts {
   std::string name;  // without a folder
   bool is_folder = false;
-  FileFacts facts;  // of files only
+  FileFacts facts;     // of files only
+  Status status = {};  // not ok: why nothing is known of it but its name
 };
 
 // The folders and regular files in `folder`, sorted by name byte by byte. Symbolic links and special files are left
-// out.
+// out. An entry that cannot be looked at is listed with its failure.
 Result<std::vector<NamedFacts>> ListFacts(std::string_view folder);
 
 // The facts of a regular file; nothing when there is none under this name. A symbolic link is not followed.

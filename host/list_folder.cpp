@@ -45,12 +45,16 @@ Listing ListFolder(std::string_view folder, std::string_view pattern) {
   return listing;
 }
 
-std::optional<Entry> Look(std::string_view path) {
-  std::optional<Entry> entry = ReadEntry(path);
-  if (!entry || entry->broken) return std::nullopt;
-  if (IsLinkToFolder(*entry)) {
+Result<Entry> Look(std::string_view path) {
+  Result<Entry> entry = ReadEntry(path);
+  if (!entry.ok()) return entry;
+  if (!entry.value.problem.ok()) return entry.value.problem;
+  if (entry.value.broken) {
+    return Status::Failure(ErrorClass::kNotFound, "it is a link whose target is missing");
+  }
+  if (IsLinkToFolder(entry.value)) {
     const std::string link = Absolute(path);
-    entry->loops = LeadsBack(base::ParentFolder(link), link);
+    entry.value.loops = LeadsBack(base::ParentFolder(link), link);
   }
   return entry;
 }

@@ -1,10 +1,9 @@
-// Runs other programs: the launcher, the thread that reads for it, and the list of what runs.
+// Runs other programs: the launcher, and the thread that reads for it.
 #include "host/processes.h"
 
 #include <algorithm>
 #include <array>
 #include <exception>
-#include <vector>
 
 #include "host/child.h"
 #include "host/native_text.h"
@@ -16,7 +15,6 @@ namespace {
 
 using namespace std::chrono_literals;
 using Clock = Child::Clock;
-using Children = std::vector<std::weak_ptr<Child>>;
 
 // What the reading thread does, from the program's first output to its end.
 void ReadOutput(Child& child, OutputQueue& queue) {
@@ -39,8 +37,7 @@ void ReadOutput(Child& child, OutputQueue& queue) {
 
 class SystemLauncher : public Launcher {
  public:
-  SystemLauncher(std::function<void()> wake, std::shared_ptr<Children> running)
-      : wake_(std::move(wake)), running_(std::move(running)) {}
+  explicit SystemLauncher(std::function<void()> wake) : wake_(std::move(wake)) {}
   SystemLauncher(const SystemLauncher&) = delete;
   SystemLauncher& operator=(const SystemLauncher&) = delete;
   ~SystemLauncher() override {
@@ -72,8 +69,6 @@ class SystemLauncher : public Launcher {
       child->WaitForEnd(-1);
       return Status::Failure(ErrorClass::kOther, error.what());
     }
-    std::erase_if(*running_, [](const std::weak_ptr<Child>& known) { return known.expired(); });
-    running_->push_back(child);
     return Status::Success();
   }
 
@@ -98,7 +93,6 @@ class SystemLauncher : public Launcher {
 
  private:
   std::function<void()> wake_;
-  std::shared_ptr<Children> running_;
   std::shared_ptr<OutputQueue> queue_;  // none before the start
   int buffer_size_ = 8192;              // bytes
   std::chrono::milliseconds poll_interval_ = 500ms;
@@ -112,22 +106,10 @@ class SystemRunner : public ProgramRunner {
   }
 
   std::unique_ptr<Launcher> CreateLauncher(std::function<void()> wake) override {
-    return std::make_unique<SystemLauncher>(std::move(wake), running_);
+    return std::make_unique<SystemLauncher>(std::move(wake));
   }
 
-  void EndAll() override {
-    std::vector<std::shared_ptr<Child>> ending;
-    for (const std::weak_ptr<Child>& known : *running_) {
-      std::shared_ptr<Child> child = known.lock();
-      if (child && child->RequestEnd()) ending.push_back(std::move(child));
-    }
-    const Clock::time_point last_moment = Clock::now() + 2s;
-    for (const auto& child : ending) child->WaitUntilGone(last_moment);
-  }
-
- private:
-  // Shared with the launchers, which may outlive the runner. Programs that have ended may stand in it.
-  std::shared_ptr<Children> running_ = std::make_shared<Children>();
+  void EndAll() override { EndStartedPrograms(); }
 };
 
 }  // namespace

@@ -17,7 +17,7 @@ namespace discwright::host {
 struct TreeEntry {
   std::string_view name;  // as it is on disk, byte for byte (UTF-8 on Windows); valid only while it is visited
   bool is_link = false;   // a symbolic link; everything below is its target's
-  Status status;          // not ok: nothing below holds. kNotFound is a broken link, kLoop one that leads to itself
+  Status status;          // not ok: nothing below holds. kNotFound of a link: its target is missing
   EntryKind kind = EntryKind::kFile;
   std::uint64_t size = 0;        // bytes; 0 for folders
   std::int64_t modified = 0;     // seconds since 1970-01-01 00:00 UTC

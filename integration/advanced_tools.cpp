@@ -2,7 +2,6 @@
 #include "integration/advanced_tools.h"
 
 #include <map>
-#include <optional>
 #include <span>
 
 #include "host/files.h"
@@ -67,9 +66,10 @@ void PatchFolderName(steps::Context& context, const Tool& tool) {
   for (const auto& [file, replaced] : patched) {
     if (replaced) continue;
     const std::string name = tool.name;
-    context.notes.Add(file, host::Look(file) ? "was not patched to use the new folder name: on the CD, " + name +
-                                                   " may start with the files of Windows Setup"
-                                             : "is missing: " + name + " cannot be started from the CD");
+    const bool is_missing = host::Look(file).status.error == host::ErrorClass::kNotFound;
+    context.notes.Add(file, is_missing ? "is missing: " + name + " cannot be started from the CD"
+                                       : "was not patched to use the new folder name: on the CD, " + name +
+                                             " may start with the files of Windows Setup");
   }
 }
 
@@ -109,10 +109,14 @@ host::Listing ListStaged(steps::Context& context, const std::string& folder) {
 // destination contains a folder of the same name. Others stop at a file whose name a folder in the destination has.
 void MoveRemaining(steps::Context& context, const std::string& from, const std::string& to) {
   for (const host::Entry& entry : ListStaged(context, from).value) {
+    if (!context.GoOn()) return;
     const std::string source = from + "\\" + entry.name;
-    const std::optional<host::Entry> existing = host::Look(to + "\\" + entry.name);
-    if (existing && existing->kind != entry.kind) continue;
-    if (existing && entry.kind == host::EntryKind::kFolder) {
+    const host::Result<host::Entry> existing = host::Look(to + "\\" + entry.name);
+    const bool is_new = existing.status.error == host::ErrorClass::kNotFound;
+    // What is not known to fit stays. MoveToTree notes it.
+    if (!entry.problem.ok() || (!existing.ok() && !is_new)) continue;
+    if (existing.ok() && existing.value.kind != entry.kind) continue;
+    if (existing.ok() && entry.kind == host::EntryKind::kFolder) {
       MoveRemaining(context, source, to + "\\" + entry.name);
       host::RemoveEmptyFolder(source);  // fails, as it should, if something could not be moved out of the folder
     } else {
@@ -126,11 +130,13 @@ void MoveToTree(steps::Context& context) {
   const std::string answer = MoveWithShell(context.main().window, util::PathOf(Item::kStaging) + "\\*.*",
                                            util::PathOf(Item::kWorkspace), 0, "");
   if (answer != "Aborted") MoveRemaining(context, util::PathOf(Item::kStaging), util::PathOf(Item::kWorkspace));
-  for (const host::Entry& entry : ListStaged(context, util::PathOf(Item::kStaging)).value) {
-    context.notes.Add(util::PathOf(Item::kStaging) + "\\" + entry.name,
-                      "could not be moved onto the CD" + InParentheses(answer));
+  // The next build deletes the folder of a cancelled one.
+  if (!context.GoOn()) return;
+  const std::string staging = util::PathOf(Item::kStaging);
+  for (const host::Entry& entry : ListStaged(context, staging).value) {
+    context.notes.Add(staging + "\\" + entry.name, "could not be moved onto the CD" + InParentheses(answer));
   }
-  util::DeleteEmptiedFolder(Item::kStaging, context.notes);
+  util::DeleteEmptiedFolder(Item::kStaging, context.notes, [&context] { return context.GoOn(); });
 }
 
 }  // namespace

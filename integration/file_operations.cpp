@@ -20,8 +20,9 @@ constexpr std::uint16_t kWithoutQuestions = host::kShellSilent + host::kShellNoC
 
 }  // namespace
 
-bool CopyMatchingFiles(util::Notes& notes, const std::string& SourceSpec, const std::string& DestSpec,
+bool CopyMatchingFiles(steps::Context& context, const std::string& SourceSpec, const std::string& DestSpec,
                        util::CopiedNames names) {
+  util::Notes& notes = context.notes;
   std::string from;
   std::string pattern;
   std::string to;
@@ -40,11 +41,14 @@ bool CopyMatchingFiles(util::Notes& notes, const std::string& SourceSpec, const 
     if (verdict == util::Verdict::kStop) return false;
     if (verdict == util::Verdict::kSkip) continue;
     const host::Status status = host::CopyFileWithProgress(from + entry.name, to + util::NameInCopy(entry.name, names),
-                                                           [](host::CopyEvent, std::int64_t) { return true; });
+                                                           [&context](host::CopyEvent, std::int64_t) {
+                                                             context.user.DoEvents(0);
+                                                             return true;
+                                                           });
     const bool is_last = &entry == &listing.value.back();
     const std::string what =
         is_last ? "could not be copied" : "could not be copied, nor were the files after it that match " + pattern;
-    if (!notes.Check(status, from + entry.name, what)) return false;
+    if (!notes.Check(status, from + entry.name, what) || !context.GoOn()) return false;
   }
   return true;
 }
@@ -65,12 +69,13 @@ std::string RenameWithShell(void* OwnerWindow, const std::string& OldName, const
 
 void CopyBootSector(steps::Context& context, const std::string& name) {
   const std::string source = util::PathOf(util::Item::kBootSectors) + "\\" + name;
-  CopyMatchingFiles(context.notes, source, util::PathOf(util::Item::kWorkspace) + "\\boot\\images\\" + name);
+  CopyMatchingFiles(context, source, util::PathOf(util::Item::kWorkspace) + "\\boot\\images\\" + name);
   if (host::CheckReadable(source).error != host::ErrorClass::kNotFound) return;
   context.notes.Add(source, "is missing: the system that this boot sector starts cannot be started from the CD");
 }
 
 void HaltIntegration(steps::Context& context, const std::string& what) {
+  if (context.main().CancelCopy) return;
   context.Halt({"A fatal Error occured while integrating the " + what + ", operation halted", "Fatal Error",
                 host::MessageIcon::kCritical});
 }

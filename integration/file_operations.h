@@ -11,9 +11,9 @@ namespace discwright::integration {
 
 // Copies the files that match `SourceSpec` into the folder of `DestSpec`. The last name of `SourceSpec` may contain
 // wildcards; the last name of `DestSpec` is ignored. Hidden and system files are copied too. The copy ends at the first
-// file that cannot be copied, or if the folder cannot be listed: the result is false, and the failure is noted. A
-// missing folder is not a failure.
-bool CopyMatchingFiles(util::Notes& notes, const std::string& SourceSpec, const std::string& DestSpec,
+// file that cannot be copied, or if the folder cannot be listed: the result is false, and the failure is noted. It also
+// ends, with false, when the build is cancelled. A missing folder is not a failure.
+bool CopyMatchingFiles(steps::Context& context, const std::string& SourceSpec, const std::string& DestSpec,
                        util::CopiedNames names = util::CopiedNames::kAsListed);
 
 // Moves or renames with the shell of the desktop, without asking the user. The last name of `Source` may contain
@@ -29,6 +29,7 @@ std::string RenameWithShell(void* OwnerWindow, const std::string& OldName, const
 void CopyBootSector(steps::Context& context, const std::string& name);
 
 // Ends the build with the message "A fatal Error occured while integrating the ..."; `what` completes the sentence.
+// Does nothing when the build has been cancelled already.
 void HaltIntegration(steps::Context& context, const std::string& what);
 
 }  // namespace discwright::integration

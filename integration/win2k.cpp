@@ -81,7 +81,8 @@ void RemoveLanguages(steps::Context& context) {
   forms::Label& label = context.main().LblSub_Step;
   label.caption = "Removing Extra Languages files";
   label.Refresh();
-  util::DelTree(util::PathOf(util::Item::kWorkspace) + "\\I386\\LANG", &context.notes);
+  util::DelTree(util::PathOf(util::Item::kWorkspace) + "\\I386\\LANG", &context.notes,
+                [&context] { return context.GoOn(); });
 }
 
 // Returns false after a failure that must end the build.
@@ -95,9 +96,9 @@ bool AddSetupFiles(steps::Context& context, const std::string& Source) {
     context.notes.Add(Source + "\\SETUPLDR.BIN",
                       "was not copied to the CD: Windows Setup cannot be started from the CD");
   }
-  CopyMatchingFiles(context.notes, Source + "\\..\\win51*.*", util::PathOf(util::Item::kWorkspace) + "\\WIN51*.*",
+  CopyMatchingFiles(context, Source + "\\..\\win51*.*", util::PathOf(util::Item::kWorkspace) + "\\WIN51*.*",
                     util::CopiedNames::kAsOnDisc);
-  CopyMatchingFiles(context.notes, Source + "\\..\\cdrom*.*", util::PathOf(util::Item::kWorkspace) + "\\CDROM*.*",
+  CopyMatchingFiles(context, Source + "\\..\\cdrom*.*", util::PathOf(util::Item::kWorkspace) + "\\CDROM*.*",
                     util::CopiedNames::kAsOnDisc);
   return true;
 }

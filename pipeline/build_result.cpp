@@ -2,7 +2,6 @@
 #include "pipeline/build_result.h"
 
 #include <algorithm>
-#include <optional>
 #include <span>
 
 #include "host/files.h"
@@ -86,12 +85,15 @@ steps::BuildResult Made(steps::Context& context, steps::BuildResult result) {
     result.end = steps::BuildEnd::kCancelled;
     return result;
   }
-  const std::optional<host::Entry> entry = host::Look(result.image);
-  if (status.ok() && !entry) status = host::Status::Failure(host::ErrorClass::kNotFound, "the file no longer exists");
+  const host::Result<host::Entry> entry = host::Look(result.image);
+  if (status.ok() && !entry.ok()) {
+    status = entry.status;
+    if (status.error == host::ErrorClass::kNotFound) status.cause = "the file no longer exists";
+  }
   if (!status.ok()) {
     return Failed(result, host::PathToNative(result.image) + ": the image cannot be read back: " + status.cause);
   }
-  result.size = entry->size;
+  result.size = entry.value.size;
   result.end = context.notes.all().empty() ? steps::BuildEnd::kMade : steps::BuildEnd::kMadeWithNotes;
   return result;
 }

@@ -18,6 +18,12 @@ void HaltWith(steps::Context& context, const std::string& text) {
   context.Halt({text, "Fatal Error", host::MessageIcon::kCritical});
 }
 
+// Returns false when the build has been cancelled meanwhile.
+bool DeleteFolder(steps::Context& context, util::Item folder) {
+  util::DeleteEmptiedFolder(folder, context.notes, [&context] { return context.GoOn(); });
+  return !context.main().CancelCopy;
+}
+
 }  // namespace
 
 void Prepare_CDDir(steps::Context& context) {
@@ -27,8 +33,7 @@ void Prepare_CDDir(steps::Context& context) {
   }
   // A build that was halted leaves both folders behind. Nothing is asked first: a folder that cannot be listed is
   // there, too, and its files would come onto the CD.
-  util::DeleteEmptiedFolder(util::Item::kWorkspace, context.notes);
-  util::DeleteEmptiedFolder(util::Item::kStaging, context.notes);
+  if (!DeleteFolder(context, util::Item::kWorkspace) || !DeleteFolder(context, util::Item::kStaging)) return;
   const std::string workspace = util::PathOf(util::Item::kWorkspace);
   if (const host::Status made = util::MakeEmptiedFolder(util::Item::kWorkspace); !made.ok()) {
     HaltWith(context, "The folder " + host::PathToNative(workspace) + " and its mark could not be made: " + made.cause +
@@ -41,9 +46,9 @@ void Prepare_CDDir(steps::Context& context) {
 }
 
 void CleanSession(steps::Context& context) {
-  util::DeleteEmptiedFolder(util::Item::kWorkspace, context.notes);
+  if (!DeleteFolder(context, util::Item::kWorkspace)) return;
   const std::string key_file = util::PathOf(util::Item::kWorkingKeyFile);
-  if (util::FileExists(key_file)) context.notes.Check(host::RemoveFile(key_file), key_file, "could not be deleted");
+  util::RemoveIfExists(context.notes, key_file);
 }
 
 }  // namespace discwright::pipeline

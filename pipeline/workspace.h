@@ -7,10 +7,10 @@
 namespace discwright::pipeline {
 
 // Deletes the workspace of an earlier build and copies the template tree into a new one. Halts the build if a folder is
-// in its place that this program did not make.
+// in its place that this program did not make. Stops when the build is cancelled.
 void Prepare_CDDir(steps::Context& context);
 
-// Deletes the workspace and the working key file after a build.
+// Deletes the workspace and the working key file after a build. Stops when the build is cancelled.
 void CleanSession(steps::Context& context);
 
 }  // namespace discwright::pipeline

@@ -36,6 +36,10 @@ struct Context {
 
   forms::FrmDiscwright& main() const { return windows.main; }
 
+  // Lets the user in. Returns false when the build has been cancelled. Loops over files call this between two files and
+  // end when it is false.
+  bool GoOn() const;
+
   // Ends the build when a step cannot continue: shows `message`, keeps its text as the reason of the failure, and
   // cancels the build. The step must return afterwards. If several steps call it, the first reason is kept.
   void Halt(const host::Message& message);

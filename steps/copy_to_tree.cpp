@@ -26,8 +26,10 @@ void StepProgress::End() { main_.BarSub_Step.visible = was_visible_; }
 
 bool CopyToTree(Context& context, std::string_view source, std::string_view destination, util::CopiedNames names) {
   StepProgress progress(context.main());
-  return util::CopyPathWithProgress({context.user, context.notes, progress}, source, destination, names) !=
-         util::CopyEnd::kRuntimeFailure;
+  const util::CopyEnd end = util::CopyPathWithProgress(
+      {context.user, context.notes, progress, [&context] { return !context.main().CancelCopy; }}, source, destination,
+      names);
+  return end != util::CopyEnd::kRuntimeFailure && end != util::CopyEnd::kCancelled;
 }
 
 }  // namespace discwright::steps

@@ -30,8 +30,9 @@ class StepProgress : public util::Progress {
   bool was_visible_ = false;
 };
 
-// Copies a folder and shows the copy on the step's label and bar. Returns false only when the step must end, which is
-// after CopyEnd::kRuntimeFailure. After any other failure the copy has noted the missing files, and the result is true.
+// Copies a folder and shows the copy on the step's label and bar. Returns false only when the step must end: after
+// CopyEnd::kRuntimeFailure, and when the build was cancelled before the copy began. After any other failure the copy
+// has noted the missing files, and the result is true.
 bool CopyToTree(Context& context, std::string_view source, std::string_view destination,
                 util::CopiedNames names = util::CopiedNames::kAsListed);
 

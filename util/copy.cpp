@@ -13,7 +13,8 @@ namespace discwright::util {
 namespace {
 
 CopyEnd CopyTreeCounted(CopyRun& run, std::string_view source, std::string_view destination) {
-  const std::optional<std::int32_t> total = FolderSizeByDir(run.user, source);
+  const std::optional<std::int32_t> total = FolderSizeByDir(run, source);
+  if (run.is_cancelled) return CopyEnd::kCancelled;
   if (!total) return TreeTooLarge(run, source);
   SetTotal(run, *total);
   const bool complete = CopyTreeChunked(run, std::string(source), std::string(destination));
@@ -32,6 +33,18 @@ bool CopyPlainEntry(Notes& notes, EntryFilter& filter, const host::Entry& entry,
 }
 
 }  // namespace
+
+bool LetUserIn(CopyRun& run) {
+  run.user.DoEvents(0);
+  run.is_cancelled = run.is_cancelled || (run.go_on && !run.go_on());
+  return !run.is_cancelled;
+}
+
+void NoteUncounted(CopyRun& run, const std::string& place, const host::Status& status) {
+  if (status.ok() || !run.uncounted.ok()) return;
+  run.uncounted_place = place;
+  run.uncounted = status;
+}
 
 void SetTotal(CopyRun& run, std::int64_t bytes) {
   run.total = bytes;
@@ -57,9 +70,9 @@ std::string NameInCopy(const std::string& name, CopiedNames names) {
 
 CopyEnd CopyPathWithProgress(const CopyContext& context, std::string_view source, std::string_view destination,
                              CopiedNames names) {
-  const auto& [user, notes, progress] = context;
+  const auto& [user, notes, progress, go_on] = context;
   progress.Prepare();
-  CopyRun run{user, notes, progress, std::string(destination), names};
+  CopyRun run{user, notes, progress, std::string(destination), names, go_on};
   const CopyEnd end =
       IsWinNT() ? CopyTreeWithProgress(run, source, destination) : CopyTreeCounted(run, source, destination);
   progress.End();

@@ -1,6 +1,7 @@
 // Copies folder trees. Use CopyPathWithProgress for everything that goes onto the CD. CopyFolderTree shows no progress.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,7 @@ enum class CopyEnd {
   kComplete,
   kFailed,          // files are missing and noted; the build goes on
   kRuntimeFailure,  // the tree is 2 GB or larger, which overflows the 32-bit byte count; the build must end
+  kCancelled,       // nothing was copied, because CopyContext::go_on returned false while the files were counted
 };
 
 // The names that the files and folders get in the copy.
@@ -30,6 +32,9 @@ struct CopyContext {
   host::UserInterface& user;  // handles its events between two files and while a large file is copied
   Notes& notes;               // receives a note for everything that is not copied
   Progress& progress;
+  // Whether the copy is still wanted. It is asked after every file that is counted, and no more once the copy has
+  // begun: a copy runs to its end. Empty: always.
+  std::function<bool()> go_on = {};
 };
 
 // Copies `source` with all its folders into `destination`. Uses the copy engine of the running platform.

@@ -16,10 +16,11 @@ namespace {
 
 constexpr std::int64_t kChunk = 16384;
 
-std::optional<std::int32_t> CountedSize(host::UserInterface& user, const std::string& folder,
-                                        const host::Entry& entry) {
-  if (entry.loops || entry.broken || entry.kind == host::EntryKind::kSpecial) return 0;
-  if (entry.kind == host::EntryKind::kFolder) return FolderSizeByDir(user, folder + entry.name + "\\");
+std::optional<std::int32_t> CountedSize(CopyRun& run, const std::string& folder, const host::Entry& entry) {
+  const host::Status status = WhyNotCopied(entry);
+  NoteUncounted(run, folder + entry.name, status);
+  if (!status.ok() || entry.kind == host::EntryKind::kSpecial) return 0;
+  if (entry.kind == host::EntryKind::kFolder) return FolderSizeByDir(run, folder + entry.name + "\\");
   std::int32_t size = 0;
   return AddSize(size, entry.size) ? std::optional(size) : std::nullopt;
 }
@@ -69,14 +70,15 @@ host::Status CopyOpened(CopyRun& run, const std::string& source_file, const std:
 
 }  // namespace
 
-std::optional<std::int32_t> FolderSizeByDir(host::UserInterface& user, std::string_view folder) {
+std::optional<std::int32_t> FolderSizeByDir(CopyRun& run, std::string_view folder) {
   std::string path(folder);
   AddBackslash(path);
+  const host::Listing listing = host::ListFolder(path, "*.*");
+  NoteUncounted(run, path, listing.status);
   std::int32_t total = 0;
-  for (const host::Entry& entry : host::ListFolder(path, "*.*").value) {
-    const std::optional<std::int32_t> size = CountedSize(user, path, entry);
-    if (!size || !AddSize(total, *size)) return std::nullopt;
-    user.DoEvents(0);
+  for (const host::Entry& entry : listing.value) {
+    const std::optional<std::int32_t> size = CountedSize(run, path, entry);
+    if (!size || !AddSize(total, *size) || !LetUserIn(run)) return std::nullopt;
   }
   return total;
 }

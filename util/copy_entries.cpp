@@ -30,34 +30,32 @@ std::string WithShortText(const host::Status& status) {
   return status.cause.empty() ? text : text + " (" + status.cause + ")";
 }
 
-void NoteStop(Notes& notes, const std::string& place, std::string_view cause) {
-  notes.Add(place,
-            std::string(cause) +
-                "; the copy stopped here, and the rest of this folder and of the folders above it was not copied");
-}
-
 }  // namespace
 
 bool CheckOrStop(Notes& notes, const host::Status& status, const std::string& place, const std::string& what,
                  Wording wording) {
   if (status.ok()) return true;
   const std::string reason = wording == Wording::kWithShortText ? WithShortText(status) : status.cause;
-  NoteStop(notes, place, reason.empty() ? what : what + ": " + reason);
+  notes.Add(place, (reason.empty() ? what : what + ": " + reason) +
+                       "; the copy stopped here, and the rest of this folder and of the folders above it was not "
+                       "copied");
   return false;
 }
 
-Verdict EntryFilter::Stop(const host::Entry& entry, std::string_view cause) {
-  NoteStop(notes_, source_ + entry.name, cause);
-  return Verdict::kStop;
+host::Status WhyNotCopied(const host::Entry& entry) {
+  using host::ErrorClass;
+  if (entry.loops)
+    return host::Status::Failure(ErrorClass::kLoop, "it is a link back to one of its own parent folders");
+  if (entry.broken) return host::Status::Failure(ErrorClass::kNotFound, "it is a link whose target is missing");
+  return entry.problem;
 }
 
 Verdict EntryFilter::Decide(const host::Entry& entry) {
+  if (!CheckOrStop(notes_, WhyNotCopied(entry), source_ + entry.name, "could not be copied")) return Verdict::kStop;
   if (entry.kind == host::EntryKind::kSpecial) {
     notes_.Add(source_ + entry.name, "not copied: it is a device, a socket or a pipe");
     return Verdict::kSkip;
   }
-  if (entry.loops) return Stop(entry, "not copied: it is a link back to one of its own parent folders");
-  if (entry.broken) return Stop(entry, "could not be copied: it is a link whose target is missing");
   if (!earlier_names_.insert(host::FoldCase(entry.name)).second) {
     notes_.Add(source_ + entry.name, "not copied: another name in this folder differs from it only in letter case");
     return Verdict::kSkip;

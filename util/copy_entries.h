@@ -15,19 +15,21 @@ namespace discwright::util {
 // What to do with an entry. kStop ends the copy of the folder.
 enum class Verdict { kCopy, kSkip, kStop };
 
+// Why an entry can be neither counted nor copied: its problem, or that it is a link that loops or whose target is
+// missing. A success for every other entry.
+host::Status WhyNotCopied(const host::Entry& entry);
+
 class EntryFilter {
  public:
   // `source` ends in a separator.
   EntryFilter(Notes& notes, std::string source) : notes_(notes), source_(std::move(source)) {}
 
   // kSkip for a device, a socket or a pipe. kSkip also for a name that differs from an earlier one only in letter case:
-  // on the CD one file would overwrite the other. kStop for a link that loops or whose target is missing. Every entry
+  // on the CD one file would overwrite the other. kStop for what WhyNotCopied refuses. Every entry
   // that is not copied is noted.
   Verdict Decide(const host::Entry& entry);
 
  private:
-  Verdict Stop(const host::Entry& entry, std::string_view cause);
-
   Notes& notes_;
   std::string source_;
   std::unordered_set<std::string> earlier_names_;  // with their letter case folded

@@ -16,20 +16,22 @@ bool BeginsWithDot(const host::Entry& entry) { return entry.name.starts_with('.'
 // has always been.
 std::int32_t LowHalf(std::int64_t size) { return static_cast<std::int32_t>(static_cast<std::uint32_t>(size)); }
 
-std::optional<std::int32_t> CountedSize(const std::string& folder, const host::Entry& entry) {
-  if (BeginsWithDot(entry) || entry.loops || entry.broken || entry.kind == host::EntryKind::kSpecial) return 0;
-  if (entry.kind == host::EntryKind::kFolder) return FolderSizeByFind(folder + entry.name + "\\");
+std::optional<std::int32_t> CountedSize(CopyRun& run, const std::string& folder, const host::Entry& entry) {
+  if (BeginsWithDot(entry)) return 0;
+  const host::Status status = WhyNotCopied(entry);
+  NoteUncounted(run, folder + entry.name, status);
+  if (!status.ok() || entry.kind == host::EntryKind::kSpecial) return 0;
+  if (entry.kind == host::EntryKind::kFolder) return FolderSizeByFind(run, folder + entry.name + "\\");
   return LowHalf(entry.size);
 }
 
 // The user sees no message when the counted size is 0. The note keeps the missing files from going unnoticed.
-void NoteNothingCopied(Notes& notes, std::string_view source) {
+void NoteNothingCopied(CopyRun& run, const std::string& source) {
   const host::Listing listing = host::ListFolder(source, "*.*");
-  if (notes.Check(listing.status, std::string(source), "nothing was copied: the folder could not be listed") &&
-      !listing.value.empty()) {
-    notes.Add(std::string(source),
-              "nothing was copied: this folder contains only empty files, or names that begin with a dot");
-  }
+  if (!run.notes.Check(listing.status, source, "nothing was copied: the folder could not be listed")) return;
+  const std::string what = "could not be read, and nothing was copied from " + host::PathToNative(source);
+  if (!run.notes.Check(run.uncounted, run.uncounted_place, what) || listing.value.empty()) return;
+  run.notes.Add(source, "nothing was copied: this folder contains only empty files, or names that begin with a dot");
 }
 
 // A folder as the host spells it, with its last separator. PathToNative removes a separator at the end of a path, so
@@ -64,23 +66,26 @@ bool CopyEntry(CopyRun& run, EntryFilter& filter, const host::Entry& entry, cons
 
 }  // namespace
 
-std::optional<std::int32_t> FolderSizeByFind(std::string_view folder) {
+std::optional<std::int32_t> FolderSizeByFind(CopyRun& run, std::string_view folder) {
   std::string path(folder);
   AddBackslash(path);
+  const host::Listing listing = host::ListFolder(path, "*.*");
+  NoteUncounted(run, path, listing.status);
   std::int32_t total = 0;
-  for (const host::Entry& entry : host::ListFolder(path, "*.*").value) {
-    const std::optional<std::int32_t> size = CountedSize(path, entry);
-    if (!size || !AddSize(total, *size)) return std::nullopt;
+  for (const host::Entry& entry : listing.value) {
+    const std::optional<std::int32_t> size = CountedSize(run, path, entry);
+    if (!size || !AddSize(total, *size) || !LetUserIn(run)) return std::nullopt;
   }
   return total;
 }
 
 CopyEnd CopyTreeWithProgress(CopyRun& run, std::string_view source, std::string_view destination) {
-  const std::optional<std::int32_t> total = FolderSizeByFind(source);
+  const std::optional<std::int32_t> total = FolderSizeByFind(run, source);
+  if (run.is_cancelled) return CopyEnd::kCancelled;
   // A single file between 2 and 4 GB makes the sum negative. A progress bar cannot have a negative maximum.
   if (!total || *total < 0) return TreeTooLarge(run, source);
   if (*total == 0) {
-    NoteNothingCopied(run.notes, source);
+    NoteNothingCopied(run, std::string(source));
     return CopyEnd::kFailed;
   }
   SetTotal(run, *total);

@@ -88,9 +88,9 @@ host::Status MakeEmptiedFolder(Item item) {
   return facts.ok() ? host::WriteWholeFile(MarkOf(item), facts.value.identity) : facts.status;
 }
 
-void DeleteEmptiedFolder(Item item, Notes& notes) {
+void DeleteEmptiedFolder(Item item, Notes& notes, const std::function<bool()>& go_on) {
   const std::string folder = PathOf(item);
-  if (!DelTree(folder, &notes)) return;
+  if (!DelTree(folder, &notes, go_on)) return;
   const host::Status status = host::RemoveFile(MarkOf(item));
   if (status.error != host::ErrorClass::kNotFound) notes.Check(status, MarkOf(item), "could not be deleted");
 }

@@ -3,6 +3,7 @@
 // is never emptied: call WhyNotEmptied before a build.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "host/status.h"
@@ -21,8 +22,9 @@ std::string WhyNotEmptied();
 // a failure nothing may be put into the folder, because it may be a link that could not be deleted.
 host::Status MakeEmptiedFolder(Item item);
 
-// Deletes the folder `item` with everything in it, and then its mark. Notes what could not be deleted.
-void DeleteEmptiedFolder(Item item, Notes& notes);
+// Deletes the folder `item` with everything in it, and then its mark. Notes what could not be deleted. `go_on` is asked
+// before every file and folder; false ends the deletion at once.
+void DeleteEmptiedFolder(Item item, Notes& notes, const std::function<bool()>& go_on = {});
 
 // The one of the two folders that is at the path or above it, whatever links the path goes through; empty if neither
 // is. What is at such a path would be deleted at the start of a build.

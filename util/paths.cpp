@@ -82,7 +82,7 @@ std::string ParentOf(std::string path) {
 
 std::string AsTyped(const std::string& path) {
   std::string native = host::PathToNative(path);
-  return native.find('\\') == std::string::npos ? native : path;
+  return native.find('\\') == std::string::npos && host::PathToNative(native) == native ? native : path;
 }
 
 bool FolderExists(std::string_view path) {

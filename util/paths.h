@@ -2,6 +2,7 @@
 // return false, an empty string or their input.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -38,7 +39,7 @@ void SplitPath(std::string_view full_path, std::string& folder, std::string& fil
 std::string ParentOf(std::string path);
 
 // A path in the spelling in which a user would type it into a field: the system's spelling. The result is the input
-// when the system's spelling contains a backslash, because the field would take that for a separator.
+// when the system's spelling would be read as another path, for example because it contains a backslash.
 std::string AsTyped(const std::string& path);
 
 bool FolderExists(std::string_view path);  // false for an empty or blank path, without looking at the disk
@@ -58,9 +59,10 @@ bool MakePath(std::string_view path);  // creates every missing folder of the pa
 bool RemoveIfExists(Notes& notes, const std::string& file);
 
 // Deletes a folder with everything in it, including read-only, hidden and system files. Links are deleted, their
-// targets are not; mount points stay with everything in them. Returns true when the folder does not exist afterwards. Notes what could not be deleted, if `notes`
-// is given.
-bool DelTree(std::string_view path, Notes* notes = nullptr);
+// targets are not; mount points stay with everything in them. Returns true when the folder does not exist afterwards.
+// Notes what could not be deleted, if `notes` is given. `go_on`, when given, is asked before every file and folder;
+// false ends the deletion at once.
+bool DelTree(std::string_view path, Notes* notes = nullptr, const std::function<bool()>& go_on = {});
 
 // The short (8.3) form of a path. Returns the input when there is none.
 std::string GetShortPath(std::string_view path);

@@ -1,7 +1,6 @@
 // Explains why a page refused a location.
 #include "wizard/causes.h"
 
-#include <optional>
 #include <span>
 #include <string_view>
 
@@ -14,20 +13,22 @@ namespace discwright::wizard {
 
 namespace {
 
-std::string WhyMissing(const std::string& text, const std::string& wanted) {
+// Why nothing usable was found at the path `text`; `status` is the failure of looking there.
+std::string WhyNotFound(const std::string& text, const std::string& wanted, const host::Status& status) {
   if (util::Trim(text).empty()) return "The field is empty: enter " + wanted + ".";
   if (text.starts_with('"') || text.ends_with('"')) {
     return text + " has quotation marks, which count as part of the name: leave them out.";
   }
   if (text.starts_with('~')) return text + " begins with \"~\", which is not expanded: write the whole path.";
-  return host::PathToNative(text) + " does not exist.";
+  if (status.error == host::ErrorClass::kNotFound) return host::PathToNative(text) + " does not exist.";
+  return host::PathToNative(text) + " cannot be read: " + status.cause + ".";
 }
 
 // Why the text is not the path of a folder that contains something; empty if it is.
 std::string WhyNotUsable(const std::string& text) {
-  const std::optional<host::Entry> entry = host::Look(text);
-  if (!entry) return WhyMissing(text, "a folder");
-  if (entry->kind != host::EntryKind::kFolder) return host::PathToNative(text) + " is a file: enter a folder.";
+  const host::Result<host::Entry> entry = host::Look(text);
+  if (!entry.ok()) return WhyNotFound(text, "a folder", entry.status);
+  if (entry.value.kind != host::EntryKind::kFolder) return host::PathToNative(text) + " is a file: enter a folder.";
   const host::Listing listing = host::ListFolder(text, "*.*");
   if (!listing.status.ok()) return host::PathToNative(text) + " cannot be read: " + listing.status.cause + ".";
   return listing.value.empty() ? host::PathToNative(text) + " is empty." : "";
@@ -77,9 +78,9 @@ std::string WhyNoFolder(const std::string& text) {
 
 std::string WhyNoServicePack(const std::string& text) {
   const std::string file = util::NamedFile(text);
-  const std::optional<host::Entry> entry = host::Look(file);
-  if (!entry) return WhyMissing(file, "the file of the service pack");
-  if (entry->kind != host::EntryKind::kFile) {
+  const host::Result<host::Entry> entry = host::Look(file);
+  if (!entry.ok()) return WhyNotFound(file, "the file of the service pack", entry.status);
+  if (entry.value.kind != host::EntryKind::kFile) {
     return host::PathToNative(file) + " is not a file: enter the path of the installer.";
   }
   const host::Status status = host::OpenBinary(file, host::OpenMode::kRead).status;

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <memory>
-#include <optional>
 #include <span>
 #include <string_view>
 
@@ -36,12 +35,15 @@ host::Status TryToCreate(const std::string& path) {
 std::string WhyNoFolderFor(const std::string& path, const std::string& folder) {
   if (path.starts_with('~')) return path + " begins with \"~\", which is not expanded: write the whole path.";
   const std::string shown = host::PathToNative(folder);
-  if (const std::optional<host::Entry> entry = host::Look(folder)) {
-    if (entry->kind != host::EntryKind::kFolder) return shown + " is not a folder: choose another place for the image.";
-    const std::string cause = host::ListFolder(folder, "*.*").status.cause;
-    return shown + " cannot be read: " + cause + ". Choose another place for the image.";
+  const host::Result<host::Entry> entry = host::Look(folder);
+  if (entry.status.error == host::ErrorClass::kNotFound) {
+    return "The folder " + shown + " does not exist: create it, or choose another place for the image.";
   }
-  return "The folder " + shown + " does not exist: create it, or choose another place for the image.";
+  if (entry.ok() && entry.value.kind != host::EntryKind::kFolder) {
+    return shown + " is not a folder: choose another place for the image.";
+  }
+  const std::string cause = entry.ok() ? host::ListFolder(folder, "*.*").status.cause : entry.status.cause;
+  return shown + " cannot be read: " + cause + ". Choose another place for the image.";
 }
 
 std::string WhyNotCreated(const std::string& path) {
@@ -64,25 +66,28 @@ std::string WhyNotCreated(const std::string& path) {
 // The path is examined first, so that the test never opens, and thereby empties, an existing file that cannot be read.
 std::string WhyNoIsoDestination(const std::string& text) {
   if (util::StripQuotes(text).empty()) return "The field is empty: enter the path of the image.";
-  if (const std::optional<host::Entry> entry = host::Look(util::NamedFile(text))) {
-    const std::string shown = host::PathToNative(util::NamedFile(text));
-    if (entry->kind == host::EntryKind::kFile) return "";
-    if (entry->kind == host::EntryKind::kFolder) return shown + " is a folder: add the name of the image.";
+  const host::Result<host::Entry> entry = host::Look(util::NamedFile(text));
+  const std::string shown = host::PathToNative(util::NamedFile(text));
+  if (entry.ok()) {
+    if (entry.value.kind == host::EntryKind::kFile) return "";
+    if (entry.value.kind == host::EntryKind::kFolder) return shown + " is a folder: add the name of the image.";
     return shown + " is a device or a pipe: choose another name.";
   }
   if (util::FileExists(text)) return "";  // true here only for a wildcard that matches a file or folder
-  return WhyNotCreated(util::StripQuotes(text));
+  if (entry.status.error == host::ErrorClass::kNotFound) return WhyNotCreated(util::StripQuotes(text));
+  return shown + " cannot be examined: " + entry.status.cause + ". Choose another place for the image.";
 }
 
 bool HoldsSomethingElse(const std::string& text) {
   constexpr std::int64_t kMarkAt = std::int64_t{16} * 2048 + 1;
   constexpr std::string_view kMark = "CD001";
   const std::string path = util::NamedFile(text);
-  const std::optional<host::Entry> entry = host::Look(path);
-  if (!entry || entry->kind != host::EntryKind::kFile || entry->size == 0) return false;
+  const host::Result<host::Entry> entry = host::Look(path);
+  // A file that cannot be looked at is refused by WhyNoIsoDestination.
+  if (!entry.ok() || entry.value.kind != host::EntryKind::kFile || entry.value.size == 0) return false;
   const auto file = host::OpenBinary(path, host::OpenMode::kRead);
   std::array<char, kMark.size()> mark{};
-  const bool has_mark = file.ok() && entry->size >= kMarkAt + static_cast<std::int64_t>(mark.size()) &&
+  const bool has_mark = file.ok() && entry.value.size >= kMarkAt + static_cast<std::int64_t>(mark.size()) &&
                         file.value->ReadAt(kMarkAt, std::as_writable_bytes(std::span(mark))).ok() &&
                         std::string_view(mark.data(), mark.size()) == kMark;
   return !has_mark;

@@ -13,7 +13,9 @@ void ConsoleUser::ShowMessage(const host::Message& box) {
 void ConsoleUser::DoEvents(int wait_milliseconds) {
   terminal_.Update(wait_milliseconds > 0 ? Terminal::Pace::kAtOnce : Terminal::Pace::kLimited);
   if (wait_milliseconds > 0) host::WaitForWakeUp(wait_milliseconds);
-  while (interrupts_seen_ < host::InterruptCount()) interrupted_(++interrupts_seen_);
+  if (interrupt_seen_ || host::InterruptCount() == 0) return;
+  interrupt_seen_ = true;
+  interrupted_();
 }
 
 void ConsoleUser::Wake() { host::SetWakeUp(); }

@@ -10,9 +10,9 @@ namespace discwright::desktop {
 
 class ConsoleUser : public host::UserInterface {
  public:
-  // `terminal` must outlive this object. DoEvents calls `interrupted` once for each Ctrl-C, with the number of Ctrl-C
-  // so far.
-  ConsoleUser(Terminal& terminal, std::function<void(int count)> interrupted)
+  // `terminal` must outlive this object. DoEvents calls `interrupted` once, after the first Ctrl-C. The second one ends
+  // the program.
+  ConsoleUser(Terminal& terminal, std::function<void()> interrupted)
       : terminal_(terminal), interrupted_(std::move(interrupted)) {}
 
   void ShowMessage(const host::Message& box) override;
@@ -26,8 +26,8 @@ class ConsoleUser : public host::UserInterface {
 
  private:
   Terminal& terminal_;
-  std::function<void(int)> interrupted_;
-  int interrupts_seen_ = 0;
+  std::function<void()> interrupted_;
+  bool interrupt_seen_ = false;
 };
 
 }  // namespace discwright::desktop

@@ -119,7 +119,7 @@ std::string UsageText() {
       "--controls lists them all. Without -o the image is made at TxtISOLoc.\n\n"
       "exit codes: 0 the image was made; 1 the build failed; 2 wrong usage; 3 a page did not accept its choices;\n"
       "  4 the image was made, but something named in a warning is missing from it or was left behind;\n"
-      "  130 cancelled with Ctrl-C\n";
+      "  130 cancelled with Ctrl-C: the copy in progress is finished first; a second Ctrl-C stops at once\n";
   return text;
 }
 

@@ -64,6 +64,8 @@ std::optional<Snapshot> TakeSnapshot(const std::string& folder) {
   if (!reader.status().ok() || fstat(reader.fd(), &facts) != 0) return std::nullopt;
   Snapshot snapshot{Stamp(facts), {}, {}};
   while (const dirent* entry = reader.Next()) snapshot.Add(entry->d_name);
+  // With some of the names missing, a file that is there would be taken for a new one.
+  if (!reader.status().ok()) return std::nullopt;
   return snapshot;
 }
 

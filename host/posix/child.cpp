@@ -9,9 +9,12 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <ctime>
 #include <mutex>
 #include <string>
 #include <system_error>
@@ -52,6 +55,62 @@ int Spawn(std::vector<char*>& arguments, int output, pid_t& pid) {
   posix_spawnattr_destroy(&attributes);
   posix_spawn_file_actions_destroy(&actions);
   return error;
+}
+
+// The process groups of the captured programs that run, each named by its leader. A signal handler reads them, so there
+// is no lock. A program beyond the last place is not ended by EndStartedPrograms; a build runs one at a time.
+class RunningGroups {
+ public:
+  using Copy = std::array<pid_t, 64>;
+
+  void Add(pid_t leader) { Replace(0, leader); }
+  void Remove(pid_t leader) { Replace(leader, 0); }
+  Copy Now() const {
+    Copy copy{};
+    std::copy(places_.begin(), places_.end(), copy.begin());
+    return copy;
+  }
+
+ private:
+  void Replace(pid_t old, pid_t fresh) {
+    for (std::atomic<pid_t>& place : places_) {
+      pid_t expected = old;
+      if (place.compare_exchange_strong(expected, fresh)) return;
+    }
+  }
+
+  static_assert(std::atomic<pid_t>::is_always_lock_free, "a signal handler reads it");
+  std::array<std::atomic<pid_t>, std::tuple_size_v<Copy>> places_{};
+};
+
+constinit RunningGroups running_groups;
+
+// While it exists, no request to end this program is handled on this thread: a program that has just been started must
+// be in the list first.
+class RequestsToEndBlocked {
+ public:
+  RequestsToEndBlocked() {
+    sigset_t requests;
+    sigemptyset(&requests);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&requests, signal);
+    pthread_sigmask(SIG_BLOCK, &requests, &before_);
+  }
+  RequestsToEndBlocked(const RequestsToEndBlocked&) = delete;
+  RequestsToEndBlocked& operator=(const RequestsToEndBlocked&) = delete;
+  ~RequestsToEndBlocked() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+
+ private:
+  sigset_t before_{};
+};
+
+bool IsAnyThere(const RunningGroups::Copy& groups) {
+  return std::any_of(groups.begin(), groups.end(), [](pid_t leader) { return leader > 0 && kill(-leader, 0) == 0; });
+}
+
+void Signal(const RunningGroups::Copy& groups, int signal) {
+  for (const pid_t leader : groups) {
+    if (leader > 0) kill(-leader, signal);
+  }
 }
 
 std::string SignalName(int signal) {
@@ -119,6 +178,11 @@ class PosixChild : public Child {
   bool Reap() {
     const std::lock_guard lock(mutex_);
     if (is_reaped_) return true;
+    siginfo_t info{};
+    const bool runs =
+        waitid(P_PID, static_cast<id_t>(pid_), &info, WEXITED | WNOHANG | WNOWAIT) == 0 && info.si_pid == 0;
+    if (runs) return false;
+    running_groups.Remove(pid_);  // before the system may give the number to another program
     const pid_t result = waitpid(pid_, &wait_status_, WNOHANG);
     // Without a child to wait for (somebody ignores SIGCHLD) its end cannot be learnt any better.
     is_reaped_ = result == pid_ || (result < 0 && errno == ECHILD);
@@ -153,8 +217,10 @@ Result<std::shared_ptr<Child>> Start(std::string_view command_line, int output, 
   for (std::string& argument : command.arguments) pointers.push_back(argument.data());
   pointers.push_back(nullptr);
   pid_t pid = 0;
+  const RequestsToEndBlocked blocked;
   const int error = Spawn(pointers, output, pid);
   if (error != 0) return StatusOf(error);
+  if (pipe.valid()) running_groups.Add(pid);
   return std::make_shared<PosixChild>(pid, std::move(pipe));
 }
 
@@ -166,6 +232,16 @@ Result<std::shared_ptr<Child>> StartCaptured(std::string_view command_line) {
   UniqueFd read_end(ends[0]);
   const UniqueFd write_end(ends[1]);
   return Start(command_line, write_end.get(), std::move(read_end));
+}
+
+void EndStartedPrograms() {
+  constexpr timespec kPause{0, 20'000'000};
+  constexpr int kLooks = 100;
+  const RunningGroups::Copy groups = running_groups.Now();
+  Signal(groups, SIGTERM);
+  // The threads that read their output take note of the end of each.
+  for (int look = 0; look < kLooks && IsAnyThere(groups); ++look) nanosleep(&kPause, nullptr);
+  Signal(groups, SIGKILL);
 }
 
 std::unique_ptr<Process> StartUncaptured(std::string_view command_line, int, int) {

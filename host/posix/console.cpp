@@ -14,6 +14,8 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "host/child.h"
+
 namespace discwright::host {
 namespace {
 
@@ -21,6 +23,7 @@ using Clock = std::chrono::steady_clock;
 
 static_assert(std::atomic<int>::is_always_lock_free, "a signal handler counts with it");
 std::atomic<int> interrupts = 0;
+std::atomic<int> exit_code_of_second = 0;
 
 // The descriptor that is readable while the flag is set; open as long as the program runs.
 int WakeFd() {
@@ -30,7 +33,10 @@ int WakeFd() {
 
 void OnInterrupt(int) {
   const int error = errno;
-  ++interrupts;
+  if (++interrupts > 1) {
+    EndStartedPrograms();
+    _exit(exit_code_of_second);
+  }
   SetWakeUp();
   errno = error;
 }
@@ -58,7 +64,8 @@ void WaitForWakeUp(int milliseconds) {
   [[maybe_unused]] const ssize_t got = read(WakeFd(), &count, sizeof count);
 }
 
-void CatchInterrupts() {
+void CatchInterrupts(int exit_code) {
+  exit_code_of_second = exit_code;
   WakeFd();  // made here, because the handler must not
   struct sigaction action {};
   action.sa_handler = OnInterrupt;

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 
 #include "host/posix/case_lookup.h"
 #include "host/posix/errors.h"

@@ -4,7 +4,10 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <cerrno>
+
 #include "host/posix/case_lookup.h"
+#include "host/posix/errors.h"
 #include "host/posix/folder_reader.h"
 #include "host/posix/native_path.h"
 
@@ -18,29 +21,43 @@ void SetKind(Entry& entry, const struct stat& facts) {
   if (entry.kind == EntryKind::kFile) entry.size = facts.st_size;
 }
 
+// Sets what the entry's name stands for; for a link this is what its target is.
+void FollowLink(Entry& entry, int folder, const char* name) {
+  struct stat facts {};
+  const Status status = StatusOfResult(fstatat(folder, name, &facts, 0));
+  if (status.ok()) {
+    SetKind(entry, facts);
+  } else if (status.error == ErrorClass::kNotFound) {
+    entry.broken = true;
+  } else {
+    entry.problem = status;
+  }
+}
+
 // Describes what has the native name `name` in the open folder. `type` is what readdir says of it, or DT_UNKNOWN.
-std::optional<Entry> Describe(int folder, const char* name, unsigned char type) {
+Entry Describe(int folder, const char* name, unsigned char type) {
   Entry entry;
   entry.name = CoreName(NativeName(name));
+  entry.is_link = type == DT_LNK;
   if (type == DT_DIR) {
     entry.kind = EntryKind::kFolder;
-    return entry;
-  }
-  struct stat facts {};
-  if (type == DT_UNKNOWN || type == DT_REG) {
-    if (fstatat(folder, name, &facts, AT_SYMLINK_NOFOLLOW) != 0) return std::nullopt;
-    entry.is_link = S_ISLNK(facts.st_mode);
-    if (!entry.is_link) SetKind(entry, facts);
-  } else if (type == DT_LNK) {
-    entry.is_link = true;
-  } else {
+  } else if (type == DT_UNKNOWN || type == DT_REG) {
+    struct stat facts {};
+    entry.problem = StatusOfResult(fstatat(folder, name, &facts, AT_SYMLINK_NOFOLLOW));
+    entry.is_link = entry.problem.ok() && S_ISLNK(facts.st_mode);
+    if (entry.problem.ok()) SetKind(entry, facts);
+  } else if (type != DT_LNK) {
     entry.kind = EntryKind::kSpecial;
   }
-  if (!entry.is_link) return entry;
-  entry.broken = fstatat(folder, name, &facts, 0) != 0;
-  if (!entry.broken) SetKind(entry, facts);
+  if (entry.is_link) {
+    entry.kind = EntryKind::kFile;
+    FollowLink(entry, folder, name);
+  }
   return entry;
 }
+
+// Whether the entry was deleted after the folder was read.
+bool HasVanished(const Entry& entry) { return entry.problem.error == ErrorClass::kNotFound; }
 
 }  // namespace
 
@@ -49,15 +66,18 @@ Listing ReadEntries(std::string_view folder, const std::function<bool(const std:
   FolderReader reader(RealPath(folder));
   while (const dirent* found = reader.Next()) {
     if (!is_wanted(CoreName(found->d_name))) continue;
-    std::optional<Entry> entry = Describe(reader.fd(), found->d_name, found->d_type);
-    if (entry) entries.push_back(std::move(*entry));
+    Entry entry = Describe(reader.fd(), found->d_name, found->d_type);
+    if (!HasVanished(entry)) entries.push_back(std::move(entry));
   }
   return reader.status().ok() ? Listing(std::move(entries)) : Listing(reader.status());
 }
 
-std::optional<Entry> ReadEntry(std::string_view path) {
+Result<Entry> ReadEntry(std::string_view path) {
   const std::string native = RealPath(path);
-  return native.empty() ? std::nullopt : Describe(AT_FDCWD, native.c_str(), DT_UNKNOWN);
+  if (native.empty()) return StatusOf(ENOENT);
+  Entry entry = Describe(AT_FDCWD, native.c_str(), DT_UNKNOWN);
+  if (HasVanished(entry)) return entry.problem;
+  return entry;
 }
 
 }  // namespace discwright::host

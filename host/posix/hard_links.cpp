@@ -25,11 +25,17 @@ FileFacts ToFacts(const struct stat& facts) {
           facts.st_nlink};
 }
 
+// Nothing for what is left out of a listing.
 std::optional<NamedFacts> Describe(int folder_fd, const dirent& found) {
   const bool may_be_file = found.d_type == DT_REG || found.d_type == DT_UNKNOWN;
   if (found.d_type == DT_DIR) return NamedFacts{CoreName(found.d_name), true, {}};
+  if (!may_be_file) return std::nullopt;
   struct stat facts {};
-  if (!may_be_file || fstatat(folder_fd, found.d_name, &facts, AT_SYMLINK_NOFOLLOW) != 0) return std::nullopt;
+  if (fstatat(folder_fd, found.d_name, &facts, AT_SYMLINK_NOFOLLOW) != 0) {
+    const Status status = LastFailure();
+    const bool has_vanished = status.error == ErrorClass::kNotFound;
+    return has_vanished ? std::nullopt : std::optional(NamedFacts{CoreName(found.d_name), false, {}, status});
+  }
   if (S_ISDIR(facts.st_mode)) return NamedFacts{CoreName(found.d_name), true, {}};
   if (!S_ISREG(facts.st_mode)) return std::nullopt;
   return NamedFacts{CoreName(found.d_name), false, ToFacts(facts)};

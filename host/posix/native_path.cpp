@@ -13,49 +13,78 @@ namespace discwright::host {
 namespace {
 
 constexpr std::string_view kBackslashInName = "\xEF\x81\x9C";  // U+F05C
+// U+F05D, before a character of a name that is U+F05C or U+F05D itself.
+constexpr std::string_view kEscape = "\xEF\x81\x9D";
 
-std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view with) {
-  std::string result;
-  std::size_t start = 0;
-  for (std::size_t at = text.find(what); at != text.npos; at = text.find(what, start)) {
-    result.append(text, start, at - start).append(with);
-    start = at + what.size();
+bool IsEscaped(std::string_view text) { return text.starts_with(kBackslashInName) || text.starts_with(kEscape); }
+
+// Appends a core name as the system spells it.
+void AppendNativeName(std::string& native, std::string_view name) {
+  while (!name.empty()) {
+    std::size_t length = 1;
+    if (name.starts_with(kEscape) && IsEscaped(name.substr(kEscape.size()))) {
+      name.remove_prefix(kEscape.size());
+      length = kEscape.size();
+      native.append(name, 0, length);
+    } else if (name.starts_with(kBackslashInName)) {
+      length = kBackslashInName.size();
+      native += '\\';
+    } else {
+      native += name.front();
+    }
+    name.remove_prefix(length);
   }
-  return result.append(text, start);
 }
+
+void AppendUnchanged(std::string& native, std::string_view name) { native += name; }
 
 std::string WorkingFolder() {
   std::array<char, PATH_MAX> buffer{};
   return getcwd(buffer.data(), buffer.size()) != nullptr ? std::string(buffer.data()) : std::string("/");
 }
 
+using AppendName = void(std::string& native, std::string_view name);
+
 // Appends the components of `path`, which any of `separators` divides, to the native path.
-void AppendComponents(std::string& native, std::string_view path, std::string_view separators) {
+void AppendComponents(std::string& native, std::string_view path, std::string_view separators, AppendName* append) {
   while (!path.empty()) {
     const std::size_t end = std::min(path.find_first_of(separators), path.size());
     const std::string_view name = path.substr(0, end);
-    if (!name.empty() && name != ".") native.append("/").append(name);
+    if (!name.empty() && name != ".") {
+      native += '/';
+      append(native, name);
+    }
     path.remove_prefix(std::min(end + 1, path.size()));
   }
 }
 
-// `path` made absolute and clean; empty when it is empty or holds a NUL, which the system would read as its end.
-std::string Absolute(std::string_view path, std::string_view separators) {
+// `path` made absolute and clean; empty when it is empty or has a NUL, which the system would read as its end.
+std::string Absolute(std::string_view path, std::string_view separators, AppendName* append) {
   if (path.empty() || path.find('\0') != path.npos) return {};
   std::string native;
-  if (separators.find(path.front()) == separators.npos) AppendComponents(native, WorkingFolder(), "/");
-  AppendComponents(native, path, separators);
+  const bool is_relative = separators.find(path.front()) == separators.npos;
+  if (is_relative) AppendComponents(native, WorkingFolder(), "/", AppendUnchanged);
+  AppendComponents(native, path, separators, append);
   return native.empty() ? "/" : native;
 }
 
 }  // namespace
 
-std::string NativePath(std::string_view path) { return ReplaceAll(Absolute(path, "\\/"), kBackslashInName, "\\"); }
+std::string NativePath(std::string_view path) { return Absolute(path, "\\/", AppendNativeName); }
 
-std::string CoreName(std::string_view native_name) { return ReplaceAll(native_name, "\\", kBackslashInName); }
+std::string CoreName(std::string_view native_name) {
+  std::string name;
+  while (!native_name.empty()) {
+    const std::size_t length = IsEscaped(native_name) ? kEscape.size() : 1;
+    if (IsEscaped(native_name)) name += kEscape;
+    name += native_name.front() == '\\' ? kBackslashInName : native_name.substr(0, length);
+    native_name.remove_prefix(length);
+  }
+  return name;
+}
 
 std::string PathFromNative(std::string_view native) {
-  std::string path = CoreName(Absolute(native, "/"));
+  std::string path = CoreName(Absolute(native, "/", AppendUnchanged));
   std::replace(path.begin(), path.end(), '/', '\\');
   return path;
 }

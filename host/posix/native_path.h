@@ -1,7 +1,8 @@
 // Translates paths between the core's spelling and the system's. Nothing is looked up on the disk.
 //
 // The core separates with "\" or "/". The system separates with "/" and allows "\" inside a name; the core sees such a
-// character as U+F05C, so that no name can be mistaken for a path.
+// character as U+F05C, so that no name can be mistaken for a path. A name's own U+F05C or U+F05D gets a U+F05D before
+// it. So two names of the system never become one in the core.
 #pragma once
 
 #include <string>

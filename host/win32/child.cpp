@@ -8,11 +8,13 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <mutex>
 #include <string>
 #include <vector>
 
 #include "host/command_line.h"
 #include "host/native_text.h"
+#include "host/threads.h"
 #include "host/win32/command_interpreter.h"
 #include "host/win32/errors.h"
 #include "host/win32/owned_handle.h"
@@ -140,6 +142,37 @@ class WindowsChild : public Child {
   OwnedHandle pipe_;
 };
 
+// The captured programs; those that have ended may be among them. The system calls the handler of Ctrl-C on a thread of
+// its own.
+class StartedChildren {
+ public:
+  void Add(const std::shared_ptr<WindowsChild>& child) {
+    const std::lock_guard lock(mutex_);
+    std::erase_if(children_, [](const std::weak_ptr<WindowsChild>& known) { return known.expired(); });
+    children_.push_back(child);
+  }
+
+  void End() {
+    const std::lock_guard lock(mutex_);
+    std::vector<std::shared_ptr<WindowsChild>> ending;
+    for (const std::weak_ptr<WindowsChild>& known : children_) {
+      std::shared_ptr<WindowsChild> child = known.lock();
+      if (child && child->RequestEnd()) ending.push_back(std::move(child));
+    }
+    const Child::Clock::time_point last_moment = Child::Clock::now() + std::chrono::seconds(2);
+    for (const auto& child : ending) child->WaitUntilGone(last_moment);
+  }
+
+ private:
+  Mutex mutex_;
+  std::vector<std::weak_ptr<WindowsChild>> children_;
+};
+
+StartedChildren& Started() {
+  static StartedChildren started;
+  return started;
+}
+
 class WindowsProcess : public Process {
  public:
   explicit WindowsProcess(HANDLE process) : process_(process) {}
@@ -177,7 +210,9 @@ Result<std::shared_ptr<Child>> Start(std::string line, HANDLE input, HANDLE outp
     if (!PutIntoJob(job, started.hProcess)) job.Close();
     ResumeThread(thread.get());
   }
-  return std::make_shared<WindowsChild>(started, std::move(job), std::move(pipe));
+  const auto child = std::make_shared<WindowsChild>(started, std::move(job), std::move(pipe));
+  Started().Add(child);
+  return child;
 }
 
 }  // namespace
@@ -201,6 +236,8 @@ Result<std::shared_ptr<Child>> StartCaptured(std::string_view command_line) {
   if (!child.ok()) child.status.cause.append(": ").append(LeadingParts(command_line).front().program);
   return child;
 }
+
+void EndStartedPrograms() { Started().End(); }
 
 std::unique_ptr<Process> StartUncaptured(std::string_view command_line, int window_style, int creation_flags) {
   std::optional<std::string> native = CodePageBytes(command_line);

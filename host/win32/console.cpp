@@ -8,12 +8,14 @@
 #include <cstdio>
 #include <string>
 
+#include "host/child.h"
 #include "host/win32/native_text.h"
 
 namespace discwright::host {
 namespace {
 
 std::atomic<int> interrupts = 0;
+std::atomic<int> exit_code_of_second = 0;
 
 // The event that is set while the flag is; there as long as the program runs.
 HANDLE WakeEvent() {
@@ -23,7 +25,11 @@ HANDLE WakeEvent() {
 
 // On a thread of the system's own.
 BOOL WINAPI OnInterrupt(DWORD event) {
-  ++interrupts;
+  if (++interrupts > 1) {
+    EndStartedPrograms();
+    // ExitProcess might wait for what the threads of the program hold.
+    TerminateProcess(GetCurrentProcess(), static_cast<UINT>(exit_code_of_second.load()));
+  }
   SetWakeUp();
   // A closed window or a logoff ends the program as soon as this returns. Until then it can end by itself.
   if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) Sleep(INFINITE);
@@ -43,7 +49,8 @@ void WaitForWakeUp(int milliseconds) {
   WaitForSingleObject(WakeEvent(), static_cast<DWORD>(std::max(milliseconds, 0)));
 }
 
-void CatchInterrupts() {
+void CatchInterrupts(int exit_code) {
+  exit_code_of_second = exit_code;
   WakeEvent();  // made here, not by two threads at once
   static const BOOL caught = SetConsoleCtrlHandler(OnInterrupt, TRUE);
   static_cast<void>(caught);

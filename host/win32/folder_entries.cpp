@@ -26,7 +26,8 @@ Entry Describe(const std::string& name, const WIN32_FIND_DATAA& data, const Ansi
     return entry;
   }
   const Result<NativeFacts> target = FactsOfPath(path, Links::kFollow);
-  entry.broken = !target.ok();
+  entry.broken = target.status.error == ErrorClass::kNotFound;
+  if (!target.ok() && !entry.broken) entry.problem = target.status;
   if (target.ok()) SetKind(entry, target.value.attributes, target.value.size);
   return entry;
 }
@@ -44,16 +45,16 @@ Listing ReadEntries(std::string_view folder, const std::function<bool(const std:
   return entries;
 }
 
-std::optional<Entry> ReadEntry(std::string_view path) {
+Result<Entry> ReadEntry(std::string_view path) {
   const AnsiPath ansi(path);
-  if (!ansi.status.ok()) return std::nullopt;
+  if (!ansi.status.ok()) return ansi.status;
   const std::string name(base::NameOf(ansi.core));
   if (base::IsDevicePath(ansi.core)) return Entry{name, EntryKind::kSpecial};
   WIN32_FIND_DATAA data{};
   if (FindOne(ansi.native, data)) return Describe(TextOfCodePage(data.cFileName), data, ansi);
   // A root is in no listing.
   const Result<NativeFacts> facts = FactsOfPath(ansi, Links::kFollow);
-  if (!facts.ok()) return std::nullopt;
+  if (!facts.ok()) return facts.status;
   Entry root;
   root.name = name;
   SetKind(root, facts.value.attributes, facts.value.size);

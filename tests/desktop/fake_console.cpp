@@ -35,7 +35,7 @@ void WaitForWakeUp(int milliseconds) {
   Fake().sleeps.push_back(milliseconds);
   if (Fake().on_sleep) Fake().on_sleep();
 }
-void CatchInterrupts() {}
+void CatchInterrupts(int) {}
 int InterruptCount() { return Fake().interrupts; }
 bool StandardErrorIsTerminal() { return true; }
 int TerminalWidth() { return Fake().width; }

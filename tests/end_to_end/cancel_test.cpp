@@ -34,7 +34,72 @@ bool CaughtInTheMiddle(RunningProgram& build, const fs::path& first, const fs::p
   return begun && !build.HasEnded() && !fs::exists(last);
 }
 
+// Makes `levels` folders, each with two links to the next: so many ways lead through them that a count has no end.
+void MakeLinkFarm(const fs::path& folder, int levels = 40) {
+  for (int level = 0; level < levels; ++level) fs::create_directories(folder / std::to_string(level));
+  for (int level = 0; level + 1 < levels; ++level) {
+    for (const char* name : {"one", "two"}) {
+      fs::create_directory_symlink(folder / std::to_string(level + 1), folder / std::to_string(level) / name);
+    }
+  }
+  WriteFile(folder / std::to_string(levels - 1) / "file", "content");
+}
+
+// Whether the build is in a copy, which begins with counting.
+bool IsCounting(RunningProgram& build) { return build.ErrorText().find("Preparing for Copy") != std::string::npos; }
+
 }  // namespace
+
+TEST_F(Cancel, WhileALinkFarmIsCounted_CopiesNothing) {
+  MakeLinkFarm(place / "farm");
+  RunningProgram build(Command(Utilities(place / "farm" / "0")), {.on_terminal = true});
+  ASSERT_TRUE(WaitUntil([&] { return fs::exists(program / "vexacd/vexa") && IsCounting(build); }));
+  EXPECT_FALSE(build.HasEnded());
+  build.Send(SIGINT);
+  const Outcome outcome = build.Wait();
+  EXPECT_EQ(outcome.exit_code, kCancelled) << outcome.err;
+  EXPECT_THAT(outcome.err, HasSubstr("Cancelled."));
+  EXPECT_THAT(outcome.err, ::testing::Not(HasSubstr("Fatal Error")));
+  EXPECT_TRUE(fs::is_empty(program / "vexacd/vexa"));
+  EXPECT_TRUE(NoImageAt(image));
+}
+
+TEST_F(Cancel, TwiceWhileALargeTreeIsCopied_EndsAtOnce) {
+  for (int number = 10000; number < 16000; ++number) WriteFile(place / "tools" / std::to_string(number), "content");
+  bool caught = false;
+  for (int attempt = 0; attempt < 5 && !caught; ++attempt) {
+    RunningProgram build(Command(Utilities(place / "tools")));
+    caught = CaughtInTheMiddle(build, program / "vexacd/vexa/10000", program / "vexacd/vexa/15999");
+    build.Send(SIGINT);
+    build.Send(SIGTERM);
+    build.Send(SIGCONT);
+    const Outcome outcome = build.Wait();
+    if (!caught) continue;
+    EXPECT_EQ(outcome.exit_code, kCancelled) << outcome.err;
+    EXPECT_FALSE(fs::exists(program / "vexacd/vexa/15999"));
+  }
+  ASSERT_TRUE(caught) << "the copy was always faster than this test";
+}
+
+TEST_F(Cancel, WhileTheOldWorkspaceIsDeleted_LeavesTheRestOfIt) {
+  for (int number = 10000; number < 16000; ++number) {
+    WriteFile(program / "vexacd/old" / std::to_string(number), "content");
+  }
+  bool caught = false;
+  for (int attempt = 0; attempt < 5 && !caught; ++attempt) {
+    RunningProgram build(Command());
+    const bool begun = WaitUntil([&] { return !fs::exists(program / "vexacd/old/10000") || build.HasEnded(); });
+    build.Send(SIGSTOP);
+    caught = begun && !build.HasEnded() && fs::exists(program / "vexacd/old/15999");
+    build.Send(SIGINT);
+    build.Send(SIGCONT);
+    if (caught) ExpectCancelled(build);
+  }
+  ASSERT_TRUE(caught) << "the deletion was always faster than this test";
+  EXPECT_TRUE(fs::exists(program / "vexacd/old/15999"));
+  EXPECT_FALSE(fs::exists(program / "vexacd/boot"));
+  ExpectNextBuildSucceeds();
+}
 
 TEST_F(Cancel, WhileCopying_EndsAfterTheCopy) {
   for (int number = 10000; number < 16000; ++number) WriteFile(place / "tools" / std::to_string(number), "content");

@@ -49,6 +49,9 @@ constexpr std::array kOddNames = {
     "-output",
     "line\nbreak.txt",
     "back\\slash.txt",
+    "back\uF05Cslash.txt",
+    "back\uF05D\uF05Cslash.txt",
+    "back\\\uF05C\\slash.txt",
     "several.dots.in.it.tar.gz",
     "no extension",
     "MiXeD CaSe.TxT",
@@ -153,6 +156,26 @@ void ExpectListed(const fs::path& image, const Contents& contents) {
 
 }  // namespace
 
+TEST_F(CopiedTrees, FolderThatMayBeListedButNotSearched_IsNeverLostInSilence) {
+  WriteFile(utilities / "a.txt", "content");
+  WriteFile(utilities / "sub/file.txt", "content");
+  fs::permissions(utilities / "sub", fs::perms::owner_read | fs::perms::owner_write);
+  const Outcome outcome = Build(Utilities(utilities), {.obeys_permissions = true});
+  EXPECT_EQ(outcome.exit_code, 4) << outcome.err;
+  ExpectOneWarning(outcome, utilities / "sub/file.txt", "could not be copied: Permission denied");
+  fs::permissions(utilities / "sub", fs::perms::owner_all);
+}
+
+TEST_F(CopiedTrees, ChosenFolderThatMayBeListedButNotSearched_IsNeverLostInSilence) {
+  WriteFile(utilities / "file.txt", "content");
+  fs::permissions(utilities, fs::perms::owner_read | fs::perms::owner_write);
+  const Outcome outcome = Build(Utilities(utilities), {.obeys_permissions = true});
+  EXPECT_EQ(outcome.exit_code, 4) << outcome.err;
+  ExpectOneWarning(outcome, utilities / "file.txt", "nothing was copied");
+  EXPECT_THAT(outcome.err, HasSubstr("Permission denied"));
+  fs::permissions(utilities, fs::perms::owner_all);
+}
+
 TEST_F(CopiedTrees, FiveThousandFilesWithOddNames_AreOnTheDiscByteForByte) {
   TreeMaker(utilities, 1).MakeFiles(90, 50);
   TreeMaker(utilities, 2).MakeOddOnes();
@@ -249,7 +272,7 @@ TEST_F(CopiedTrees, LinksToEachOther_StopTheCopyWithAWarning) {
   WriteFile(utilities / "a.txt", "a");
   fs::create_symlink("second", utilities / "first");
   fs::create_symlink("first", utilities / "second");
-  ExpectOneWarning(BuildWithWarnings(), utilities / "first", "it is a link whose target is missing");
+  ExpectOneWarning(BuildWithWarnings(), utilities / "first", "could not be copied: Too many levels of symbolic links");
 }
 
 TEST_F(CopiedTrees, NamesThatDifferInLetterCaseOnly_OnlyTheFirstIsThereWithAWarningForTheOther) {

@@ -32,11 +32,13 @@ struct OddName {
 class OddImagePlaces : public OddPlaces, public ::testing::WithParamInterface<OddName> {};
 
 constexpr OddName kOddNames[] = {
-    {"Blanks", "with some  blanks"}, {"PercentSigns", "100%PATH%"}, {"Ampersand", "this & that"},
-    {"Backticks", "`id`"},           {"Dollars", "$(id) $HOME"},    {"DoubleQuotes", "say \"hello\""},
-    {"SingleQuote", "it's"},         {"LineBreak", "two\nlines"},   {"Backslash", "back\\slash"},
-    {"LeadingDash", "-dash"},        {"Semicolon", "semi;colon"},   {"Umlaut", "Köln"},
-    {"Wildcards", "star*?"},
+    {"Blanks", "with some  blanks"}, {"PercentSigns", "100%PATH%"},
+    {"Ampersand", "this & that"},    {"Backticks", "`id`"},
+    {"Dollars", "$(id) $HOME"},      {"DoubleQuotes", "say \"hello\""},
+    {"SingleQuote", "it's"},         {"LineBreak", "two\nlines"},
+    {"Backslash", "back\\slash"},    {"LeadingDash", "-dash"},
+    {"Semicolon", "semi;colon"},     {"Umlaut", "Köln"},
+    {"Wildcards", "star*?"},         {"StandInForABackslash", "back\uF05Cslash"},
 };
 
 }  // namespace

@@ -2,9 +2,11 @@
 #include "tests/end_to_end/running_program.h"
 
 #include <gtest/gtest.h>
+#include <linux/capability.h>
 #include <poll.h>
 #include <pty.h>
 #include <sys/mman.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -44,6 +46,9 @@ std::string Content(int file) {
   std::vector<char*> arguments;
   for (const std::string& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
   arguments.push_back(nullptr);
+  if (surroundings.obeys_permissions) {
+    for (const int right : {CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH}) prctl(PR_CAPBSET_DROP, right);
+  }
   if (chdir(surroundings.working_folder.c_str()) != 0) _exit(126);
   for (const auto& [name, value] : surroundings.environment) setenv(name.c_str(), value.c_str(), 1);
   execvp(arguments[0], arguments.data());

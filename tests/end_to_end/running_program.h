@@ -22,7 +22,8 @@ struct Surroundings {
   std::filesystem::path working_folder = "/";
   std::vector<std::pair<std::string, std::string>> environment = {};  // added to the test's own
   std::string standard_input = {};
-  bool on_terminal = false;  // standard output and standard error are one terminal of 80 columns
+  bool on_terminal = false;        // standard output and standard error are one terminal of 80 columns
+  bool obeys_permissions = false;  // permission bits stop the program, also when the tests run as an administrator
 };
 
 // The program has a process group of its own. The destructor kills the whole group.

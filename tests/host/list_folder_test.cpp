@@ -71,22 +71,22 @@ TEST(Look, FileInAnotherCase_IsDescribedByItsRealName) {
   const TempFolder folder;
   folder.Write("Setup.Exe", "123");
   const auto entry = Look(folder.Core("SETUP.EXE"));
-  ASSERT_TRUE(entry.has_value());
-  EXPECT_EQ(entry->name, "Setup.Exe");
-  EXPECT_EQ(entry->kind, EntryKind::kFile);
-  EXPECT_EQ(entry->size, 3);
+  ASSERT_TRUE(entry.ok());
+  EXPECT_EQ(entry.value.name, "Setup.Exe");
+  EXPECT_EQ(entry.value.kind, EntryKind::kFile);
+  EXPECT_EQ(entry.value.size, 3);
 }
 
 TEST(Look, FolderAndRoot_AreFolders) {
   const TempFolder folder;
-  EXPECT_EQ(Look(folder.Core() + "\\")->kind, EntryKind::kFolder);
-  EXPECT_EQ(Look("\\")->kind, EntryKind::kFolder);
+  EXPECT_EQ(Look(folder.Core() + "\\").value.kind, EntryKind::kFolder);
+  EXPECT_EQ(Look("\\").value.kind, EntryKind::kFolder);
 }
 
 TEST(Look, MissingPath_IsNothing) {
   const TempFolder folder;
-  EXPECT_FALSE(Look(folder.Core("missing")).has_value());
-  EXPECT_FALSE(Look("").has_value());
+  EXPECT_EQ(Look(folder.Core("missing")).status.error, ErrorClass::kNotFound);
+  EXPECT_EQ(Look("").status.error, ErrorClass::kNotFound);
 }
 
 TEST(CheckReadable, OnlyFiles) {

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 #ifndef _WIN32
+#include <sys/fsuid.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
 #endif
@@ -121,6 +122,22 @@ class TempFolder {
 
   std::string native_;
 };
+
+#ifndef _WIN32
+// Permission bits stop this thread until this object is destroyed, also when the tests run as an administrator. The
+// thread then accesses files as another user.
+class WithoutRights {
+ public:
+  WithoutRights() : user_(setfsuid(kNobody)) {}
+  WithoutRights(const WithoutRights&) = delete;
+  WithoutRights& operator=(const WithoutRights&) = delete;
+  ~WithoutRights() { setfsuid(static_cast<uid_t>(user_)); }
+
+ private:
+  static constexpr uid_t kNobody = 65534;
+  int user_;
+};
+#endif
 
 #ifdef _WIN32
 // A disk of about one megabyte that DISCWRIGHT_SMALL_DISK names: tests/windows runs the tests of full disks with one.

@@ -25,7 +25,7 @@ class CopyMatchingFilesTest : public testing::BuildFixture {
     host.AddFile("D:\\WIN51IP.SP2", "3");
     host.AddFile("D:\\OTHER", "4");
   }
-  bool Copy(const std::string& from, const std::string& to) { return CopyMatchingFiles(notes, from, to); }
+  bool Copy(const std::string& from, const std::string& to) { return CopyMatchingFiles(context, from, to); }
 };
 
 TEST_F(CopyMatchingFilesTest, Matches_KeepTheirNamesAndTheDestinationsLastNameIsIgnored) {
@@ -85,14 +85,31 @@ TEST_F(CopyMatchingFilesTest, LinkThatLoops_EndsItAndADeviceDoesNot) {
   EXPECT_THAT(notes.all(), SizeIs(2));
 }
 
+TEST_F(CopyMatchingFilesTest, EntryWithAProblem_EndsItAndIsNamed) {
+  host.SetProblem("D:\\WIN51IP", host::ErrorClass::kAccessDenied, "Permission denied");
+  EXPECT_FALSE(Copy("D:\\win51*.*", "C:\\to\\WIN51*.*"));
+  EXPECT_TRUE(host.Exists("C:\\to\\WIN51"));
+  ASSERT_THAT(notes.all(), SizeIs(1));
+  EXPECT_EQ(notes.all()[0].place, "D:\\WIN51IP");
+  EXPECT_THAT(notes.all()[0].cause, HasSubstr("could not be copied: Permission denied"));
+}
+
+TEST_F(CopyMatchingFilesTest, Cancelled_EndsAfterTheFile) {
+  user.on_do_events = [this] { Cancel(); };
+  EXPECT_FALSE(Copy("D:\\win51*.*", "C:\\to\\WIN51*.*"));
+  EXPECT_TRUE(host.Exists("C:\\to\\WIN51"));
+  EXPECT_FALSE(host.Exists("C:\\to\\WIN51IP"));
+  EXPECT_THAT(notes.all(), IsEmpty());
+}
+
 TEST_F(CopyMatchingFilesTest, SystemThatShowsLowerCase_StoresUpperCaseWhenAsked) {
   host.shows_disc_names_in_lower_case = true;
   host.AddFile("E:\\win51ip.sp1", "x");
   host.AddFile("E:\\Win51", "y");
-  EXPECT_TRUE(CopyMatchingFiles(notes, "E:\\win51*.*", "C:\\to\\x", util::CopiedNames::kAsOnDisc));
+  EXPECT_TRUE(CopyMatchingFiles(context, "E:\\win51*.*", "C:\\to\\x", util::CopiedNames::kAsOnDisc));
   EXPECT_EQ(host.RealName("C:\\to\\win51ip.sp1"), "WIN51IP.SP1");
   EXPECT_EQ(host.RealName("C:\\to\\win51"), "Win51");
-  EXPECT_TRUE(CopyMatchingFiles(notes, "E:\\win51ip*", "C:\\Discwright\\x"));
+  EXPECT_TRUE(CopyMatchingFiles(context, "E:\\win51ip*", "C:\\Discwright\\x"));
   EXPECT_EQ(host.RealName("C:\\Discwright\\win51ip.sp1"), "win51ip.sp1");
 }
 

@@ -339,11 +339,51 @@ TEST_F(BuildDriver, CancelledInStepTwo_LeavesTheLaterMarksEmptyAndTheWorkspaceIn
 }
 
 TEST_F(BuildDriver, CancelledDuringTheTemplateCopy_StopsBeforeTheFirstStep) {
-  user.on_do_events = [this] { context.CancelApp(); };
+  user.on_do_events = [this] {
+    if (main.LblSub_Step.caption.get().starts_with("Copying : ")) context.CancelApp();
+  };
   FinishApp(context);
+  EXPECT_TRUE(main.CancelCopy);
   EXPECT_TRUE(programs.started.empty());
   EXPECT_THAT(Marks(), ElementsAre("", "", "", "", ""));
   EXPECT_EQ(WorkspaceFile("boot\\scripts\\main.cds"), "script");  // the copy itself runs to its end
+}
+
+TEST_F(BuildDriver, CancelledWhileTheTemplateTreeIsCounted_CopiesNothing) {
+  user.on_do_events = [this] { context.CancelApp(); };
+  EXPECT_EQ(FinishApp(context).end, steps::BuildEnd::kCancelled);
+  EXPECT_EQ(WorkspaceFile("boot\\scripts\\main.cds"), "<missing>");
+}
+
+TEST_F(BuildDriver, CancelledWhileTheOldWorkspaceIsDeleted_LeavesTheRestOfIt) {
+  for (const char* name : {"a", "b", "c"}) host.AddLeftFile(std::string("C:\\Discwright\\vexacd\\") + name, "old");
+  user.on_do_events = [this] {
+    if (!host.Exists("C:\\Discwright\\vexacd\\a")) context.CancelApp();
+  };
+  FinishApp(context);
+  EXPECT_EQ(WorkspaceFile("b"), "old");
+  EXPECT_TRUE(programs.started.empty());
+  EXPECT_TRUE(user.messages.empty());
+}
+
+TEST_F(BuildDriver, CancelledWhileTheSetupFilesAreCounted_EndsWithoutAMessage) {
+  ChooseEverything();
+  user.on_do_events = [this] {
+    if (main.LblMsg2.bold && main.LblSub_Step.caption.get() == "Preparing for Copy") context.CancelApp();
+  };
+  EXPECT_EQ(FinishApp(context).end, steps::BuildEnd::kCancelled);
+  EXPECT_THAT(Marks(), ElementsAre(tick, "", "", "", ""));
+  EXPECT_TRUE(user.messages.empty());
+  EXPECT_EQ(context.failure, "");
+}
+
+TEST_F(BuildDriver, CancelledWhileTheSessionIsCleaned_LeavesTheRest) {
+  main.ChkCleanSession.value = 1;
+  user.on_do_events = [this] {
+    if (main.LblSub_Step.caption.get() == "Cleaning session temperary data") context.CancelApp();
+  };
+  EXPECT_EQ(FinishApp(context).end, steps::BuildEnd::kCancelled);
+  EXPECT_EQ(WorkspaceFile("boot\\scripts\\main.cds"), "script");
 }
 
 TEST_F(BuildDriver, CancelledWhileTheImageIsMade_LeavesStepFiveUnmarkedAndCleansNothing) {

@@ -12,11 +12,11 @@ using ::testing::IsEmpty;
 
 class HiddenFiles : public discwright::testing::PipelineFixture {
  protected:
-  HiddenFiles() { AddToCd("boot\\loader.bin"); }
-  void AddToCd(const std::string& path) { host.AddFile("C:\\Discwright\\vexacd\\" + path, "x"); }
+  void AddToCd(const std::string& path) { host.AddLeftFile("C:\\Discwright\\vexacd\\" + path, "x"); }
 };
 
 TEST_F(HiddenFiles, LoaderOfTheCd_IsNotNoted) {
+  AddToCd("boot\\loader.bin");
   AddToCd("LOADER.BIN");
   AddToCd("docs\\loader.bin.txt");
   NoteHiddenFiles(context);

@@ -82,9 +82,19 @@ TEST_F(CopyToTreeTest, TreeOfTwoGigabytes_EndsTheStep) {
 TEST_F(CopyToTreeTest, BuildCancelledByTheUser_CopiesToTheEnd) {
   host.AddFile("C:\\src\\a", "x");
   host.AddFile("C:\\src\\b", "y");
-  user.on_do_events = [this] { Cancel(); };
+  user.on_do_events = [this] {
+    if (main.LblSub_Step.caption.get() == "Copying : a") Cancel();
+  };
   EXPECT_TRUE(Copy());
+  EXPECT_GT(cancelled, 0);
   EXPECT_EQ(host.Content("C:\\dst\\b"), "y");
+}
+
+TEST_F(CopyToTreeTest, BuildCancelledWhileTheFilesAreCounted_CopiesNothingAndEndsTheStep) {
+  host.AddFile("C:\\src\\a", "x");
+  user.on_do_events = [this] { Cancel(); };
+  EXPECT_FALSE(Copy());
+  EXPECT_FALSE(host.Exists("C:\\dst"));
 }
 
 TEST_F(CopyToTreeTest, NamesAsOnDisc_AreAskedForByTheCaller) {

@@ -128,6 +128,8 @@ FakeHost::Node* FindFollowing(std::string_view path) {
 host::Entry EntryOf(const FakeHost::Node& node) {
   host::Entry entry;
   entry.name = node.name;
+  entry.problem = node.problem;
+  if (!entry.problem.ok()) return entry;
   const FakeHost::Node* real = &node;
   if (!node.link_target.empty()) {
     entry.is_link = true;
@@ -200,6 +202,10 @@ void FakeHost::AddLeftFile(std::string_view path, std::string_view content, bool
     const host::Result<host::FolderFacts> facts = host::FactsOfFolder(program_folder + name);
     if (facts.ok()) AddFile(program_folder + name + ".own", facts.value.identity);
   }
+}
+
+void FakeHost::SetProblem(std::string_view path, host::ErrorClass error, std::string_view cause) {
+  Find(path)->problem = host::Status::Failure(error, std::string(cause));
 }
 
 bool FakeHost::Exists(std::string_view path) const { return const_cast<FakeHost*>(this)->Find(path) != nullptr; }
@@ -339,11 +345,12 @@ Listing ListFolder(std::string_view folder, std::string_view pattern) {
   return entries;
 }
 
-std::optional<Entry> Look(std::string_view path) {
-  if (path.empty()) return std::nullopt;
-  const FakeHost::Node* node = Following(path);
-  if (node == nullptr) return std::nullopt;
+Result<Entry> Look(std::string_view path) {
+  if (Status status = Fake().Enter("Look", path); !status.ok()) return status;
+  const FakeHost::Node* node = path.empty() ? nullptr : Following(path);
+  if (node == nullptr) return testing::Missing();
   Entry entry = testing::EntryOf(*node);
+  if (!entry.problem.ok()) return entry.problem;
   const FakeHost::Node* named = Fake().Find(path);
   entry.is_link = named != nullptr && !named->link_target.empty();
   return entry;

@@ -30,6 +30,8 @@ class FakeHost {
   void AddFolder(std::string_view path);
   void AddSpecial(std::string_view path);                                            // a device, socket or pipe
   void AddLink(std::string_view path, std::string_view target, bool loops = false);  // `loops`: following it fails
+  // Makes looking at the file or folder at the path fail: it is listed with this problem.
+  void SetProblem(std::string_view path, host::ErrorClass error, std::string_view cause);
 
   bool Exists(std::string_view path) const;
   std::string Content(std::string_view path) const;   // "<missing>" when there is no such file
@@ -84,6 +86,7 @@ class FakeHost {
     std::string link_target;
     bool loops = false;
     int number = 0;  // of a folder; a folder that is made again has another one
+    host::Status problem = {};
   };
   // For the functions of the fake: finds the node at a path without following links; null when there is none.
   Node* Find(std::string_view path);

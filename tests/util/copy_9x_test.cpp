@@ -23,14 +23,14 @@ TEST_F(FolderSizeByDirTest, NestedTreeWithDotNames_AddsEverything) {
   host.AddFileOfSize("C:\\src\\a", 5);
   host.AddFileOfSize("C:\\src\\.hidden", 7);
   host.AddFileOfSize("C:\\src\\.folder\\b", 11);
-  EXPECT_EQ(FolderSizeByDir(user, "C:\\src"), 23);
-  EXPECT_EQ(FolderSizeByDir(user, "C:\\src\\"), 23);
+  EXPECT_EQ(FolderSizeByDir(run, "C:\\src"), 23);
+  EXPECT_EQ(FolderSizeByDir(run, "C:\\src\\"), 23);
 }
 
 TEST_F(FolderSizeByDirTest, EveryEntry_Yields) {
   host.AddFileOfSize("C:\\src\\a", 5);
   host.AddFileOfSize("C:\\src\\sub\\b", 5);
-  EXPECT_EQ(FolderSizeByDir(user, "C:\\src"), 10);
+  EXPECT_EQ(FolderSizeByDir(run, "C:\\src"), 10);
   EXPECT_EQ(user.waited, std::vector<int>(3, 0));
 }
 
@@ -40,24 +40,40 @@ TEST_F(FolderSizeByDirTest, LoopsSpecialFilesAndBrokenLinks_CountZero) {
   host.Find("C:\\src\\pipe")->size_override = 100;
   host.AddLink("C:\\src\\loop", "C:\\src", true);
   host.AddLink("C:\\src\\broken", "C:\\nowhere");
-  EXPECT_EQ(FolderSizeByDir(user, "C:\\src"), 3);
+  EXPECT_EQ(FolderSizeByDir(run, "C:\\src"), 3);
+}
+
+TEST_F(FolderSizeByDirTest, CancelledCount_StopsAtOnce) {
+  for (const char* file : {"a", "b\\c", "b\\d", "e"}) host.AddFile(std::string("C:\\src\\") + file, "x");
+  run.go_on = [this] { return user.do_events_calls < 2; };
+  EXPECT_EQ(FolderSizeByDir(run, "C:\\src"), std::nullopt);
+  EXPECT_TRUE(run.is_cancelled);
+  EXPECT_EQ(user.do_events_calls, 2);
+}
+
+TEST_F(CopyTreeChunkedTest, EntryWithAProblem_CountsZeroStopsTheCopyAndIsNamed) {
+  host.AddFile("C:\\src\\b", "x");
+  host.SetProblem("C:\\src\\b", host::ErrorClass::kNotReady, "Input/output error");
+  EXPECT_EQ(FolderSizeByDir(run, "C:\\src"), 0);
+  EXPECT_FALSE(CopyTreeChunked(run, "C:\\src", "C:\\dst"));
+  ExpectStoppedAt("C:\\src\\b", "could not be copied: Input/output error");
 }
 
 TEST_F(FolderSizeByDirTest, MissingFolder_IsZeroWithoutANote) {
-  EXPECT_EQ(FolderSizeByDir(user, "C:\\missing"), 0);
+  EXPECT_EQ(FolderSizeByDir(run, "C:\\missing"), 0);
   EXPECT_TRUE(notes.all().empty());
 }
 
 TEST_F(FolderSizeByDirTest, TwoGigabytes_Overflow) {
   host.AddFileOfSize("C:\\src\\sub\\a", std::numeric_limits<std::int32_t>::max());
-  EXPECT_EQ(FolderSizeByDir(user, "C:\\src"), std::numeric_limits<std::int32_t>::max());
+  EXPECT_EQ(FolderSizeByDir(run, "C:\\src"), std::numeric_limits<std::int32_t>::max());
   host.AddFileOfSize("C:\\src\\sub\\b", 1);
-  EXPECT_EQ(FolderSizeByDir(user, "C:\\src"), std::nullopt);
+  EXPECT_EQ(FolderSizeByDir(run, "C:\\src"), std::nullopt);
 }
 
 TEST_F(FolderSizeByDirTest, SingleFileBeyondTwoGigabytes_Overflows) {
   host.AddFileOfSize("C:\\src\\a", std::int64_t{5} << 30);
-  EXPECT_EQ(FolderSizeByDir(user, "C:\\src"), std::nullopt);
+  EXPECT_EQ(FolderSizeByDir(run, "C:\\src"), std::nullopt);
 }
 
 TEST_F(CopyTreeChunkedTest, TreeWithDotNamesAndEmptyFolder_IsCopiedWhole) {

@@ -37,23 +37,23 @@ TEST_F(FolderSizeByFindTest, NestedTree_AddsTheFilesOfAllFolders) {
   host.AddFileOfSize("C:\\src\\a", 5);
   host.AddFileOfSize("C:\\src\\sub\\b", 7);
   host.AddFileOfSize("C:\\src\\sub\\deep\\c", 11);
-  EXPECT_EQ(FolderSizeByFind("C:\\src"), 23);
-  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), 23);
+  EXPECT_EQ(FolderSizeByFind(run, "C:\\src"), 23);
+  EXPECT_EQ(FolderSizeByFind(run, "C:\\src\\"), 23);
 }
 
 TEST_F(FolderSizeByFindTest, NamesThatBeginWithADot_AreNotCounted) {
   host.AddFileOfSize("C:\\src\\.file", 5);
   host.AddFileOfSize("C:\\src\\.folder\\a", 7);
   host.AddFileOfSize("C:\\src\\b", 1);
-  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), 1);
+  EXPECT_EQ(FolderSizeByFind(run, "C:\\src\\"), 1);
 }
 
 TEST_F(FolderSizeByFindTest, FolderThatCannotBeListed_CountsZeroWithoutANote) {
   host.AddFileOfSize("C:\\src\\locked\\a", 5);
   host.AddFileOfSize("C:\\src\\b", 1);
   host.FailOn("ListFolder", "locked", host::ErrorClass::kAccessDenied);
-  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), 1);
-  EXPECT_EQ(FolderSizeByFind("C:\\missing\\"), 0);
+  EXPECT_EQ(FolderSizeByFind(run, "C:\\src\\"), 1);
+  EXPECT_EQ(FolderSizeByFind(run, "C:\\missing\\"), 0);
   EXPECT_TRUE(notes.all().empty());
 }
 
@@ -63,42 +63,68 @@ TEST_F(FolderSizeByFindTest, LoopsSpecialFilesAndBrokenLinks_CountZero) {
   host.Find("C:\\src\\pipe")->size_override = 100;
   host.AddLink("C:\\src\\loop", "C:\\src", true);
   host.AddLink("C:\\src\\broken", "C:\\nowhere");
-  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), 3);
+  EXPECT_EQ(FolderSizeByFind(run, "C:\\src\\"), 3);
+}
+
+TEST_F(FolderSizeByFindTest, EntryWithAProblem_CountsZeroAndIsRemembered) {
+  host.AddFileOfSize("C:\\src\\a", 3);
+  host.AddFileOfSize("C:\\src\\sub\\unknown", 5);
+  host.AddFileOfSize("C:\\src\\unknown too", 5);
+  host.SetProblem("C:\\src\\sub\\unknown", host::ErrorClass::kAccessDenied, "no right to look");
+  host.SetProblem("C:\\src\\unknown too", host::ErrorClass::kNotReady, "Input/output error");
+  EXPECT_EQ(FolderSizeByFind(run, "C:\\src\\"), 3);
+  EXPECT_EQ(run.uncounted_place, "C:\\src\\sub\\unknown");
+  EXPECT_EQ(run.uncounted.cause, "no right to look");
+}
+
+TEST_F(FolderSizeByFindTest, EveryEntry_LetsTheUserIn) {
+  host.AddFile("C:\\src\\a", "x");
+  host.AddFile("C:\\src\\sub\\b", "x");
+  EXPECT_EQ(FolderSizeByFind(run, "C:\\src"), 2);
+  EXPECT_EQ(user.waited, std::vector<int>(3, 0));
+}
+
+TEST_F(FolderSizeByFindTest, CancelledCount_StopsAtOnce) {
+  for (const char* file : {"a", "b\\c", "b\\d", "e"}) host.AddFile(std::string("C:\\src\\") + file, "x");
+  run.go_on = [this] { return user.do_events_calls < 2; };
+  EXPECT_EQ(FolderSizeByFind(run, "C:\\src"), std::nullopt);
+  EXPECT_TRUE(run.is_cancelled);
+  EXPECT_EQ(user.do_events_calls, 2);
 }
 
 TEST_F(FolderSizeByFindTest, LinkToAFolderOutside_IsFollowed) {
   host.AddFileOfSize("C:\\other\\a", 3);
   host.AddLink("C:\\src\\link", "C:\\other");
-  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), 3);
+  EXPECT_EQ(FolderSizeByFind(run, "C:\\src\\"), 3);
 }
 
 TEST_F(FolderSizeByFindTest, SumOfTheLargestNumber_IsStillCounted) {
   host.AddFileOfSize("C:\\src\\a", kMostBytes);
-  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), kMostBytes);
+  EXPECT_EQ(FolderSizeByFind(run, "C:\\src\\"), kMostBytes);
 }
 
 TEST_F(FolderSizeByFindTest, SumOfTwoGigabytes_Overflows) {
   host.AddFileOfSize("C:\\src\\a", kMostBytes);
   host.AddFileOfSize("C:\\src\\sub\\b", 1);
-  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), std::nullopt);
+  EXPECT_EQ(FolderSizeByFind(run, "C:\\src\\"), std::nullopt);
 }
 
 TEST_F(FolderSizeByFindTest, OverflowInASubfolder_IsPassedUp) {
   host.AddFileOfSize("C:\\src\\sub\\a", kMostBytes);
   host.AddFileOfSize("C:\\src\\sub\\b", kMostBytes);
-  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), std::nullopt);
+  EXPECT_EQ(FolderSizeByFind(run, "C:\\src\\"), std::nullopt);
 }
 
 TEST_F(FolderSizeByFindTest, SizeBeyondFourGigabytes_CountsItsLowHalfAsSignedNumber) {
   host.AddFileOfSize("C:\\src\\a", 5 * kGigabyte);
-  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), kGigabyte);
+  EXPECT_EQ(FolderSizeByFind(run, "C:\\src\\"), kGigabyte);
   host.AddFileOfSize("C:\\src\\a", 3 * kGigabyte);
-  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), -kGigabyte);
+  EXPECT_EQ(FolderSizeByFind(run, "C:\\src\\"), -kGigabyte);
 }
 
 TEST_F(FolderSizeByFindTest, SumBelowTheSmallestNumber_OverflowsToo) {
   for (const char* file : {"C:\\src\\a", "C:\\src\\b", "C:\\src\\c"}) host.AddFileOfSize(file, 3 * kGigabyte);
-  EXPECT_EQ(FolderSizeByFind("C:\\src\\"), std::nullopt);
+  EXPECT_EQ(FolderSizeByFind(run, "C:\\src\\"), std::nullopt);
 }
 
 TEST_F(CopyTreeWithProgressTest, Tree_IsCopiedWholeAndTheBarEndsAtItsSize) {
@@ -128,6 +154,50 @@ TEST_F(CopyTreeWithProgressTest, MissingSource_FailsWithoutAMessageAndIsNoted) {
   EXPECT_TRUE(user.messages.empty());
   EXPECT_FALSE(host.Exists("C:\\dst"));
   ExpectOneNote("C:\\src", "could not be listed");
+}
+
+TEST_F(CopyTreeWithProgressTest, CancelledWhileCounting_DoesNotBegin) {
+  host.AddFile("C:\\src\\a", "x");
+  run.go_on = [] { return false; };
+  EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kCancelled);
+  EXPECT_FALSE(host.Exists("C:\\dst"));
+  EXPECT_TRUE(notes.all().empty());
+}
+
+TEST_F(CopyTreeWithProgressTest, CancelledDuringTheCopy_CopiesToTheEnd) {
+  for (const char* file : {"a", "b"}) host.AddFile(std::string("C:\\src\\") + file, "x");
+  run.go_on = [this] { return progress.files.empty(); };
+  EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kComplete);
+  EXPECT_EQ(host.Content("C:\\dst\\b"), "x");
+}
+
+TEST_F(CopyTreeWithProgressTest, EntryWithAProblem_StopsTheCopyAndIsNamed) {
+  for (const char* file : {"a", "b", "c"}) host.AddFile(std::string("C:\\src\\") + file, "x");
+  host.SetProblem("C:\\src\\b", host::ErrorClass::kNotReady, "Input/output error");
+  EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kFailed);
+  EXPECT_EQ(host.Content("C:\\dst\\a"), "x");
+  EXPECT_FALSE(host.Exists("C:\\dst\\c"));
+  ExpectStoppedAt("C:\\src\\b", "could not be copied: Input/output error");
+}
+
+TEST_F(CopyTreeWithProgressTest, TreeOfWhichNothingCanBeRead_IsNotedWithTheFirstReason) {
+  host.AddFile("C:\\src\\sub\\a", "x");
+  host.SetProblem("C:\\src\\sub\\a", host::ErrorClass::kAccessDenied, "Permission denied");
+  EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kFailed);
+  ExpectOneNote("C:\\src\\sub\\a", "could not be read, and nothing was copied from C:\\src: Permission denied");
+}
+
+TEST_F(CopyTreeWithProgressTest, TreeWhoseOnlyFolderCannotBeListed_IsNotedWithThatReason) {
+  host.AddFile("C:\\src\\locked\\a", "x");
+  host.FailOn("ListFolder", "locked", host::ErrorClass::kAccessDenied, "no right to look");
+  EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kFailed);
+  ExpectOneNote("C:\\src\\locked\\", "no right to look");
+}
+
+TEST_F(CopyTreeWithProgressTest, TreeOfABrokenLink_IsNotCalledEmpty) {
+  host.AddLink("C:\\src\\link", "C:\\nowhere");
+  EXPECT_EQ(CopyTreeWithProgress(run, "C:\\src", "C:\\dst"), CopyEnd::kFailed);
+  ExpectOneNote("C:\\src\\link", "it is a link whose target is missing");
 }
 
 TEST_F(CopyTreeWithProgressTest, TreeOfEmptyFiles_CopiesNothingAndIsNoted) {

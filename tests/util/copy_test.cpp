@@ -152,6 +152,16 @@ TEST_F(CopyPathWithProgressTest, Windows9x_MovesTheBytesItselfAndCountsDotNames)
   EXPECT_EQ(progress.total, 12);
 }
 
+TEST_F(CopyPathWithProgressTest, CancelledWhileCounting_CopiesNothingOnBothFamilies) {
+  host.AddFile("C:\\src\\a", "x");
+  for (const int family : {1, 2}) {
+    host.platform_id = family;
+    EXPECT_EQ(CopyPathWithProgress({user, notes, progress, [] { return false; }}, "C:\\src", "C:\\dst"),
+              CopyEnd::kCancelled);
+    EXPECT_FALSE(host.Exists("C:\\dst"));
+  }
+}
+
 TEST_F(CopyPathWithProgressTest, EmptySourceOnWindows9x_IsComplete) {
   host.platform_id = kWindows9x;
   host.AddFolder("C:\\src");
@@ -218,6 +228,13 @@ TEST_F(CopyFolderTreeTest, LinkThatLoops_StopsTheCopyWithANote) {
   EXPECT_FALSE(CopyFolderTree(notes, "C:\\src", "C:\\dst"));
   EXPECT_FALSE(host.Exists("C:\\dst\\z"));
   EXPECT_EQ(notes.all().size(), 1U);
+}
+
+TEST_F(CopyFolderTreeTest, EntryWithAProblem_StopsTheCopyWithANote) {
+  host.AddFile("C:\\src\\a", "x");
+  host.SetProblem("C:\\src\\a", host::ErrorClass::kOther, "Cannot allocate memory");
+  EXPECT_FALSE(CopyFolderTree(notes, "C:\\src", "C:\\dst"));
+  ExpectStoppedAt("C:\\src\\a", "Cannot allocate memory");
 }
 
 TEST_F(CopyFolderTreeTest, DestinationInsideTheSource_StillEnds) {

@@ -130,6 +130,31 @@ TEST_F(DelTreeTest, FolderThatCannotBeListed_IsNotedWithThatReason) {
   EXPECT_EQ(notes.all()[0].cause, "could not be deleted: no right to look");
 }
 
+TEST_F(DelTreeTest, FolderThatCannotBeLookedAt_IsNotedAndNotCalledMissing) {
+  host.AddFile("C:\\t\\a", "x");
+  host.FailOn("Look", "t", host::ErrorClass::kAccessDenied, "Permission denied");
+  EXPECT_FALSE(DelTree("C:\\t", &notes));
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(notes.all()[0].cause, "could not be deleted: Permission denied");
+}
+
+TEST_F(DelTreeTest, EntryWithAProblem_IsTried) {
+  host.AddFile("C:\\t\\a", "x");
+  host.SetProblem("C:\\t\\a", host::ErrorClass::kNotReady, "Input/output error");
+  EXPECT_TRUE(DelTree("C:\\t", &notes));
+}
+
+TEST_F(DelTreeTest, Stopped_DeletesNothingMoreAndNotesNothing) {
+  for (const char* file : {"C:\\t\\a", "C:\\t\\sub\\b", "C:\\t\\sub\\c", "C:\\t\\z"}) host.AddFile(file, "x");
+  int asked = 0;
+  // The third question comes after the first file of the folder "sub" was deleted.
+  EXPECT_FALSE(DelTree("C:\\t", &notes, [&] { return ++asked < 4; }));
+  EXPECT_EQ(asked, 4);
+  EXPECT_THAT(host.Files(), ::testing::IsSupersetOf({"C:\\t\\sub\\c", "C:\\t\\z"}));
+  EXPECT_FALSE(host.Exists("C:\\t\\sub\\b"));
+  EXPECT_TRUE(notes.all().empty());
+}
+
 TEST_F(DelTreeTest, FailureWithoutNotes_IsOnlyTheResult) {
   host.AddFile("C:\\t\\file", "x");
   host.FailOn("RemoveFile", "file", host::ErrorClass::kAccessDenied);

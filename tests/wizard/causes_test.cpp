@@ -86,6 +86,12 @@ TEST_F(CausesTest, FolderThatCannotBeListed_IsReportedWithTheCause) {
   ExpectOfEveryFolder("X:/tools/", "X:\\tools cannot be read: Permission denied.");
 }
 
+TEST_F(CausesTest, PlaceThatCannotBeLookedAt_IsNotCalledMissing) {
+  host.FailOn("Look", "more", host::ErrorClass::kAccessDenied, "Permission denied");
+  ExpectOfEveryFolder("X:\\tools\\more", "X:\\tools\\more cannot be read: Permission denied.");
+  EXPECT_EQ(WhyNoServicePack("X:\\tools\\more\\sp.exe"), "X:\\tools\\more\\sp.exe cannot be read: Permission denied.");
+}
+
 TEST_F(CausesTest, EmptyFolder_IsCalledEmpty) {
   ExpectOfEveryFolder("X:\\empty", "X:\\empty is empty.");
   ExpectOfEveryFolder("X:/empty/", "X:\\empty is empty.");

@@ -81,6 +81,16 @@ TEST_F(IsoDestinationTest, FolderThatCannotBeRead_IsNotCalledMissing) {
             "E:\\images cannot be read: Permission denied. Choose another place for the image.");
 }
 
+TEST_F(IsoDestinationTest, PlaceThatCannotBeLookedAt_IsRefusedAndNotTried) {
+  host.FailOn("Look", "new.iso", host::ErrorClass::kAccessDenied, "Permission denied");
+  EXPECT_EQ(WhyNoIsoDestination("E:\\images\\new.iso"),
+            "E:\\images\\new.iso cannot be examined: Permission denied. Choose another place for the image.");
+  host.FailOn("Look", "E:\\locked", host::ErrorClass::kAccessDenied, "Permission denied", 2);
+  EXPECT_EQ(WhyNoIsoDestination("E:\\locked\\other.iso"),
+            "E:\\locked\\other.iso cannot be examined: Permission denied. Choose another place for the image.");
+  EXPECT_THAT(host.calls, IsEmpty());
+}
+
 TEST_F(IsoDestinationTest, PathThatBeginsWithATilde_IsNotTheHomeFolder) {
   const std::string rest = " begins with \"~\", which is not expanded: write the whole path.";
   EXPECT_EQ(WhyNoIsoDestination("~/cd.iso"), "~/cd.iso" + rest);

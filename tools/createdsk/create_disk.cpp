@@ -22,14 +22,20 @@ Result CannotRead(std::string_view path, const host::Status& status) {
   return Result::Failure(Shown(path) + " cannot be read: " + status.cause + ". Make it readable and try again.");
 }
 
+// Whether something may be there although looking has failed.
+bool CouldNotLook(const host::Status& status) { return !status.ok() && status.error != host::ErrorClass::kNotFound; }
+
 Result FindProfileFolder(std::string_view disks, const std::string& profile, std::string& folder) {
   if (!IsBareName(profile)) return Result::Failure("\"" + profile + "\" is not the name of a disk profile.");
   folder = std::string(disks) + "/" + profile;
-  const auto found = host::Look(folder);
-  if (found && found->kind == host::EntryKind::kFolder) return Result::Success();
+  const host::Result<host::Entry> found = host::Look(folder);
+  if (found.ok() && found.value.kind == host::EntryKind::kFolder) return Result::Success();
+  if (CouldNotLook(found.status)) return CannotRead(folder, found.status);
 
   std::string names;
-  for (const host::Entry& entry : host::ListFolder(disks, "*.*").value) {
+  const host::Listing listing = host::ListFolder(disks, "*.*");
+  if (CouldNotLook(listing.status)) return CannotRead(disks, listing.status);
+  for (const host::Entry& entry : listing.value) {
     if (entry.kind == host::EntryKind::kFolder) names += (names.empty() ? "" : ", ") + entry.name;
   }
   if (names.empty()) return Result::Failure("There are no disk profiles in " + Shown(disks) + "; put them there.");
@@ -47,7 +53,7 @@ Result StaysInProfile(const std::string& folder, const std::string& path) {
 
 Result ReadProfile(const std::string& folder, bool selection, Profile& profile) {
   const std::string path = folder + "/disk.ini";
-  if (host::Look(path)) {
+  if (host::Look(path).ok()) {
     if (Result result = StaysInProfile(folder, path); !result.ok()) return result;
   }
   const host::Result<std::string> text = host::ReadWholeFile(path);
@@ -68,15 +74,16 @@ struct Source {
 // Finds the size of a file that disk.ini names.
 Result FindSource(const Source& source, std::int64_t& size) {
   const std::string path = source.Path();
-  const auto found = host::Look(path);
-  if (!found) {
+  const host::Result<host::Entry> found = host::Look(path);
+  if (CouldNotLook(found.status)) return CannotRead(path, found.status);
+  if (!found.ok()) {
     return Result::Failure(Shown(path) + " is missing; put it there, or take " + source.key + " out of disk.ini.");
   }
   if (Result result = StaysInProfile(source.folder, path); !result.ok()) return result;
-  if (found->kind != host::EntryKind::kFile) {
+  if (found.value.kind != host::EntryKind::kFile) {
     return Result::Failure(Shown(path) + " is not a file; correct " + source.key + " in disk.ini.");
   }
-  size = found->size;
+  size = found.value.size;
   return Result::Success();
 }
 
@@ -151,8 +158,9 @@ bool IsFloppyImage(const host::Entry& entry) {
 // Writes a new file and gives it the name, so that nothing of the older file, such as the right to be started, passes
 // on to it.
 Result WriteImage(const std::string& path, const Image& image) {
-  const std::optional<host::Entry> older = host::ReadEntry(path);
-  if (older && !IsFloppyImage(*older)) {
+  const host::Result<host::Entry> older = host::ReadEntry(path);
+  if (CouldNotLook(older.status)) return CannotRead(path, older.status);
+  if (older.ok() && !IsFloppyImage(older.value)) {
     return Result::Failure(Shown(path) + " is no floppy image, and is not replaced. Move it away, or give Image in " +
                            "disk.ini another name.");
   }

@@ -46,7 +46,9 @@ void Tree::Walk(std::string folder, Problems& problems) {
   const std::size_t index = folders_.size();
   folders_.push_back(std::move(folder));
   for (host::NamedFacts& entry : listing.value) {
-    if (entry.is_folder) {
+    if (!entry.status.ok()) {
+      problems.Add(names_.size(), folders_[index] + entry.name, "cannot be read", entry.status);
+    } else if (entry.is_folder) {
       Walk(folders_[index] + entry.name + "\\", problems);
     } else if (entry.facts.size > 0) {
       names_.push_back({index, std::move(entry.name), entry.facts});

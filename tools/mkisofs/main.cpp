@@ -10,10 +10,12 @@
 #include "host/run_program.h"
 #include "tools/mkisofs/master.h"
 
+constexpr int kExitFailed = 1;
+
 int main(int argc, char** argv) {
   using namespace discwright;
   return host::RunProgram("mkisofs", [&] {
-    host::CatchInterrupts();
+    host::CatchInterrupts(kExitFailed);
     host::PrintStream messages(host::Stream::kError);
     const std::vector<std::string> words = host::Arguments(argc, argv);
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());

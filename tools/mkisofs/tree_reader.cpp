@@ -25,7 +25,6 @@ struct FoldedName {
 
 std::string_view WhyNotStored(const host::TreeEntry& entry, bool follow_links) {
   if (entry.is_link && !follow_links) return "a symbolic link, and -follow-links is not given";
-  if (entry.status.error == host::ErrorClass::kLoop) return "a symbolic link that leads to itself";
   if (entry.is_link && entry.status.error == host::ErrorClass::kNotFound) return "a symbolic link that leads nowhere";
   if (!entry.status.ok()) return entry.status.cause;
   if (entry.kind == host::EntryKind::kSpecial) return "a device, pipe or socket";

@@ -61,6 +61,15 @@ TEST_F(OddTrees, FilesAndFoldersThatCannotBeRead_AreNamedAndTheRestGoesOn) {
   EXPECT_FALSE(AreLinked("a", "b"));
 }
 
+TEST_F(OddTrees, FileOfAFolderThatCannotBeSearched_IsNamed) {
+  folder_.SetMode("", 0755);
+  Write("sub/file", "content");
+  folder_.SetMode("sub", 0644);
+  const host::testing::WithoutRights without;
+  EXPECT_EQ(Run(), kExitProblems);
+  EXPECT_THAT(errors_, ::testing::HasSubstr("sub/file cannot be read: Permission denied"));
+}
+
 TEST_F(OddTrees, FoldersNestedThreeHundredDeep_AreWalked) {
   std::string deep;
   for (int level = 0; level < 300; ++level) deep += "d/";

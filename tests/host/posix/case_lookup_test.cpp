@@ -63,7 +63,7 @@ TEST(RealPath, ParentComponent_IsFollowedInAnyCase) {
 TEST(RealPath, FileInPlaceOfAFolder_GivesAPathThatIsNotFound) {
   const TempFolder folder;
   folder.Write("File", "x");
-  EXPECT_FALSE(Look(folder.Core("FILE\\below")).has_value());
+  EXPECT_EQ(Look(folder.Core("FILE\\below")).status.error, ErrorClass::kNotFound);
 }
 
 TEST(RealPath, BrokenLinkInAnotherCase_IsFoundItself) {

@@ -60,6 +60,17 @@ TEST(ListFacts, LinksPipesAndSockets_AreLeftOut) {
   EXPECT_THAT(NamesOf(ListFacts(folder.Core())), ElementsAre("file"));
 }
 
+TEST(ListFacts, FileThatCannotBeLookedAt_IsListedWithTheReason) {
+  const TempFolder folder;
+  folder.Write("sub/file", "x");
+  folder.SetMode("", 0755);
+  folder.SetMode("sub", 0644);
+  const testing::WithoutRights without;
+  const Result<std::vector<NamedFacts>> listing = ListFacts(folder.Core("sub"));
+  ASSERT_THAT(NamesOf(listing), ElementsAre("file"));
+  EXPECT_EQ(listing.value[0].status.cause, "Permission denied");
+}
+
 TEST(FactsOf, LinkOrPipe_HasNone) {
   const TempFolder folder;
   folder.Write("File", "x");

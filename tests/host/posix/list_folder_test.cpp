@@ -39,10 +39,55 @@ TEST(ListFolder, BrokenLink_IsAFileOfSizeZeroMarkedBroken) {
   EXPECT_EQ(entry.size, 0);
 }
 
-TEST(ListFolder, LinkToItself_IsBroken) {
+TEST(ListFolder, LinkToItself_IsListedWithTheSystemsReason) {
   const TempFolder folder;
   folder.Link("link", "link");
-  EXPECT_TRUE(OnlyEntry(ListFolder(folder.Core(), "*.*")).broken);
+  const Entry entry = OnlyEntry(ListFolder(folder.Core(), "*.*"));
+  EXPECT_FALSE(entry.broken);
+  EXPECT_EQ(entry.problem.cause, "Too many levels of symbolic links");
+}
+
+TEST(ListFolder, LinkThroughAFile_IsBroken) {
+  const TempFolder folder;
+  folder.Write("sub/file", "");
+  folder.Link("sub/file/below", "link");
+  EXPECT_TRUE(ListFolder(folder.Core(), "link").value.at(0).broken);
+}
+
+TEST(ListFolder, FilesOfAFolderThatCannotBeSearched_AreListedWithTheirProblem) {
+  const TempFolder folder;
+  folder.Write("sub/file", "1234");
+  folder.MakeFolder("sub/folder");
+  folder.Link("file", "sub/link");
+  folder.SetMode("", 0755);
+  folder.SetMode("sub", 0644);
+  Listing listing;
+  {
+    const testing::WithoutRights without;
+    listing = ListFolder(folder.Core("sub"), "*.*");
+  }
+  ASSERT_EQ(listing.value.size(), 3u);
+  EXPECT_TRUE(listing.status.ok());
+  for (const Entry& entry : listing.value) {
+    if (entry.kind == EntryKind::kFolder) continue;  // known without looking at it
+    EXPECT_EQ(entry.problem.error, ErrorClass::kAccessDenied) << entry.name;
+    EXPECT_FALSE(entry.broken) << entry.name;
+    EXPECT_EQ(entry.size, 0) << entry.name;
+  }
+  EXPECT_EQ(listing.value[2].name, "link");
+}
+
+TEST(ListFolder, LinkIntoAFolderThatCannotBeSearched_IsNotCalledBroken) {
+  const TempFolder folder;
+  folder.Write("locked/file", "1234");
+  folder.Link("locked/file", "link");
+  folder.SetMode("", 0755);
+  folder.SetMode("locked", 0);
+  const testing::WithoutRights without;
+  const Entry entry = ListFolder(folder.Core(), "link").value.at(0);
+  EXPECT_FALSE(entry.broken);
+  EXPECT_TRUE(entry.is_link);
+  EXPECT_EQ(entry.problem.cause, "Permission denied");
 }
 
 TEST(ListFolder, LinkToOneOfItsOwnParents_Loops) {
@@ -93,15 +138,29 @@ TEST(Look, Links_AreFollowed) {
   folder.Write("file", "1234");
   folder.Link("file", "link");
   folder.Link(".", "loop");
-  EXPECT_EQ(Look(folder.Core("link"))->size, 4);
-  EXPECT_TRUE(Look(folder.Core("link"))->is_link);
-  EXPECT_TRUE(Look(folder.Core("loop"))->loops);
+  EXPECT_EQ(Look(folder.Core("link")).value.size, 4);
+  EXPECT_TRUE(Look(folder.Core("link")).value.is_link);
+  EXPECT_TRUE(Look(folder.Core("loop")).value.loops);
+}
+
+TEST(Look, FileInAFolderThatCannotBeSearched_IsNotCalledMissing) {
+  const TempFolder folder;
+  folder.Write("sub/file", "1234");
+  folder.Link("sub/file", "link");
+  folder.Link("itself", "itself");
+  folder.SetMode("", 0755);
+  folder.SetMode("sub", 0644);
+  EXPECT_EQ(Look(folder.Core("itself")).status.error, ErrorClass::kLoop);
+  const testing::WithoutRights without;
+  EXPECT_EQ(Look(folder.Core("sub\\file")).status.error, ErrorClass::kAccessDenied);
+  EXPECT_EQ(Look(folder.Core("sub\\missing")).status.error, ErrorClass::kAccessDenied);
+  EXPECT_EQ(Look(folder.Core("link")).status.error, ErrorClass::kAccessDenied);
 }
 
 TEST(Look, BrokenLink_IsNothing) {
   const TempFolder folder;
   folder.Link("nowhere", "link");
-  EXPECT_FALSE(Look(folder.Core("link")).has_value());
+  EXPECT_EQ(Look(folder.Core("link")).status.error, ErrorClass::kNotFound);
 }
 
 TEST(ListFolder, NamesThatDifferInCase_AreAllListed) {
@@ -115,8 +174,8 @@ TEST(ListFolder, NamesThatDifferInCase_AreAllListed) {
 TEST(Look, PipeOrDevice_IsSpecial) {
   const TempFolder folder;
   folder.Pipe("pipe");
-  EXPECT_EQ(Look(folder.Core("pipe"))->kind, EntryKind::kSpecial);
-  EXPECT_EQ(Look("\\dev\\zero")->kind, EntryKind::kSpecial);
+  EXPECT_EQ(Look(folder.Core("pipe")).value.kind, EntryKind::kSpecial);
+  EXPECT_EQ(Look("\\dev\\zero").value.kind, EntryKind::kSpecial);
 }
 
 TEST(CheckReadable, OnlyLinksToFiles) {

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "host/names.h"
@@ -80,23 +81,57 @@ TEST(NativeName, NameWithABackslash_CanBeWrittenListedAndRemoved) {
   const std::string path = folder.Core() + "\\" + listing.value[0].name;
   const std::string content = ReadWholeFile(path).value;
   EXPECT_EQ(content, "content");
-  EXPECT_FALSE(Look(folder.Core("one\\two")).has_value());
+  EXPECT_EQ(Look(folder.Core("one\\two")).status.error, ErrorClass::kNotFound);
   EXPECT_TRUE(WriteWholeFile(path, "new").ok());
   EXPECT_EQ(folder.Read("one\\two"), "new");
   EXPECT_TRUE(RemoveFile(path).ok());
   EXPECT_TRUE(folder.Names().empty());
 }
 
-TEST(NativeName, NameWithTheStandInItself_IsStillFound) {
+const std::vector<std::string> kNamesWithStandIns = {
+    "a\\b",           "a\uF05Cb",       "a\uF05Db",       "a\\\\b",     "a\uF05C\uF05Cb",
+    "a\uF05D\uF05Db", "a\uF05D\uF05Cb", "a\uF05C\uF05Db", "a\\\uF05Cb", "a\uF05C\\b",
+    "a\uF05D\\b",     "a\\\uF05Db",     "\uF05C",         "\uF05D",     "\\"};
+
+TEST(NativeName, NamesWithBackslashesAndStandIns_AreAllFoundCopiedAndRemoved) {
   const TempFolder folder;
-  folder.Write(
-      "a\xEF\x81\x9C"
-      "b",
-      "content");
-  EXPECT_EQ(ReadWholeFile(folder.Core("a\xEF\x81\x9C"
-                                      "b"))
-                .value,
-            "content");
+  const TempFolder copies;
+  for (const std::string& name : kNamesWithStandIns) folder.Write(name, name);
+  const Listing listing = ListFolder(folder.Core(), "*.*");
+  EXPECT_EQ(listing.value.size(), kNamesWithStandIns.size());
+  for (const Entry& entry : listing.value) {
+    const std::string content = ReadWholeFile(folder.Core(entry.name)).value;
+    EXPECT_EQ(PathToNative(folder.Core(entry.name)), folder.Native(content));
+    EXPECT_EQ(PathFromNative(folder.Native(content)), folder.Core(entry.name));
+    EXPECT_TRUE(CopyFileWithProgress(folder.Core(entry.name), copies.Core(entry.name), nullptr).ok());
+    EXPECT_EQ(copies.Read(content), content);
+    EXPECT_TRUE(RemoveFile(folder.Core(entry.name)).ok());
+  }
+  EXPECT_EQ(copies.Names().size(), kNamesWithStandIns.size());
+  EXPECT_TRUE(folder.Names().empty());
+}
+
+TEST(NativeName, NamesWithBackslashesAndStandIns_AreFoundInAnyCaseAndNeverTakenForEachOther) {
+  for (const std::string& name : kNamesWithStandIns) {
+    const TempFolder folder;
+    folder.Write(name, "content");
+    for (const std::string& other : kNamesWithStandIns) {
+      std::string asked = PathFromNative("/" + other).substr(1);
+      std::replace(asked.begin(), asked.end(), 'a', 'A');
+      EXPECT_EQ(Look(folder.Core(asked)).ok(), name == other) << name << " " << other;
+    }
+  }
+}
+
+TEST(NativePath, StandInInTheCurrentFolder_StaysAsItIs) {
+  const TempFolder folder;
+  const std::string before = Cwd();
+  for (const std::string& name : kNamesWithStandIns) {
+    folder.MakeFolder(name);
+    std::filesystem::current_path(folder.Native(name));
+    EXPECT_EQ(NativePath("file"), folder.Native(name) + "/file");
+  }
+  std::filesystem::current_path(before);
 }
 
 }  // namespace

@@ -74,6 +74,15 @@ TEST_F(SourceTreeLinks, Links_AreListedWithTheirTarget) {
   EXPECT_EQ(List(*tree, "folder").count("file"), 1u);
 }
 
+TEST_F(SourceTreeLinks, FileOfAFolderThatCannotBeSearched_IsVisitedWithItsProblem) {
+  folder.Write("sub/file", "abc");
+  folder.SetMode("", 0755);
+  folder.SetMode("sub", 0644);
+  const testing::WithoutRights without;
+  const auto tree = Open();
+  EXPECT_EQ(List(*tree, "sub").at("file").status.error, ErrorClass::kAccessDenied);
+}
+
 TEST_F(SourceTreeLinks, PipeInAFilesPlace_DoesNotBlock) {
   folder.Pipe("pipe");
   const auto tree = Open();

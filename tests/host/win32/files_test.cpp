@@ -136,7 +136,7 @@ TEST(OpenBinary, PositionsBeyondFourGigabytes_AreWrittenAndRead) {
   std::string text(3, '\0');
   EXPECT_TRUE(file.value->ReadAt(kFar + 1, std::as_writable_bytes(std::span(text))).ok());
   EXPECT_EQ(text, "234");
-  EXPECT_EQ(Look(folder.Core("file"))->size, kFar + 4);
+  EXPECT_EQ(Look(folder.Core("file")).value.size, kFar + 4);
 }
 
 TEST(MakeFolders, NameThatTheCodePageLacks_IsRefused) {

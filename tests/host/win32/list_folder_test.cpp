@@ -124,7 +124,7 @@ TEST(ListFolder, LinkToOneOfItsOwnParents_Loops) {
   auto entries = ByName(ListFolder(folder.Core("a/b"), "*.*"));
   EXPECT_TRUE(entries["up"].loops);
   EXPECT_FALSE(entries["c"].loops);
-  EXPECT_TRUE(Look(folder.Core("a\\b\\up"))->loops);
+  EXPECT_TRUE(Look(folder.Core("a\\b\\up")).value.loops);
 }
 
 TEST(RemoveFile, LinkToAFolder_IsRemovedItself) {
@@ -141,8 +141,8 @@ TEST(RemoveFile, LinkToAFolder_IsRemovedItself) {
 
 TEST(Look, Roots_AreFolders) {
   const std::string drive = CurrentFolder().substr(0, 3);
-  EXPECT_EQ(Look(drive)->kind, EntryKind::kFolder);
-  EXPECT_EQ(Look("\\")->kind, EntryKind::kFolder);
+  EXPECT_EQ(Look(drive).value.kind, EntryKind::kFolder);
+  EXPECT_EQ(Look("\\").value.kind, EntryKind::kFolder);
 }
 
 TEST(Look, ShortName_LeadsToTheLongOne) {
@@ -150,13 +150,13 @@ TEST(Look, ShortName_LeadsToTheLongOne) {
   folder.Write("A long file name.text", "123");
   const std::string shortened = ShortPath(folder.Core("A long file name.text"));
   if (shortened.empty() || shortened.ends_with(".text")) GTEST_SKIP() << "this disk makes no short names";
-  EXPECT_EQ(Look(shortened)->name, "A long file name.text");
+  EXPECT_EQ(Look(shortened).value.name, "A long file name.text");
 }
 
 TEST(Look, Device_IsSpecialAndNeverOpened) {
   const TempFolder folder;
   for (const char* name : {"NUL", "com1", "aux.txt"}) {
-    EXPECT_EQ(Look(folder.Core(name))->kind, EntryKind::kSpecial) << name;
+    EXPECT_EQ(Look(folder.Core(name)).value.kind, EntryKind::kSpecial) << name;
     EXPECT_FALSE(CheckReadable(folder.Core(name)).ok()) << name;
     EXPECT_EQ(WriteWholeFile(folder.Core(name), "x").error, ErrorClass::kWrongKind) << name;
     EXPECT_EQ(CopyFileWithProgress(folder.Core(name), folder.Core("to"), nullptr).error, ErrorClass::kWrongKind);
@@ -166,7 +166,7 @@ TEST(Look, Device_IsSpecialAndNeverOpened) {
 TEST(Look, WildcardInAName_FindsNothing) {
   const TempFolder folder;
   folder.Write("name", "");
-  for (const char* name : {"n*", "nam?", "n<", "nam>", "nam\""}) EXPECT_FALSE(Look(folder.Core(name))) << name;
+  for (const char* name : {"n*", "nam?", "n<", "nam>", "nam\""}) EXPECT_FALSE(Look(folder.Core(name)).ok()) << name;
 }
 
 TEST(LiesBelow, FileBehindALinkToAFolder_IsElsewhere) {

@@ -40,7 +40,7 @@ TEST_F(MasterLinks, LinksIntoALoop_AreAnErrorThatNamesThem) {
   std::filesystem::remove(folder.Native("tree/a/loop"));
   folder.Link("self", "tree/self");
   EXPECT_EQ(Master(), 1);
-  EXPECT_THAT(messages, HasSubstr("tree/self: a symbolic link that leads to itself"));
+  EXPECT_THAT(messages, HasSubstr("tree/self: Too many levels of symbolic links"));
   ExpectNoImage();
 }
 
@@ -56,6 +56,19 @@ TEST_F(MasterLinks, BrokenLinks_AreAnErrorThatNamesThem) {
   EXPECT_EQ(Master(), 1);
   EXPECT_THAT(messages, HasSubstr("tree/broken: a symbolic link that leads nowhere"));
   ExpectNoImage();
+}
+
+TEST_F(MasterLinks, FilesAndLinksThatCannotBeLookedAt_AreAnErrorThatNamesThem) {
+  folder.Write("tree/sub/file", "x");
+  folder.Write("locked/file", "x");
+  folder.Link("../locked/file", "tree/link");
+  for (const char* open : {"", "tree"}) folder.SetMode(open, 0755);
+  folder.SetMode("locked", 0);
+  folder.SetMode("tree/sub", 0644);
+  const host::testing::WithoutRights without;
+  EXPECT_EQ(Master(), 1);
+  EXPECT_THAT(messages, HasSubstr("tree/sub/file: Permission denied"));
+  EXPECT_THAT(messages, HasSubstr("tree/link: Permission denied"));
 }
 
 TEST_F(MasterLinks, LinksWithoutFollowLinks_AreAnErrorThatNamesThem) {
