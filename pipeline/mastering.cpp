@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <optional>
 
 #include "host/files.h"
 #include "host/script.h"
@@ -33,24 +32,30 @@ constexpr const char* kMasteringArguments =
     " -follow-links -cache-inodes"
     " -output ";
 
-// Finds out whether dfl, the linker of duplicate files, has done all of its work. The exit code of the script is that
-// of the mastering, so this class looks for the last line of dfl, "12 files linked, 3456 bytes saved". The line has
-// more text when dfl could not link every file.
-class LinkerWatch {
+// Finds in the output what the exit code of the script does not tell, because that is the mastering's:
+// - Whether dfl, the linker of duplicate files, has done all of its work. Its last line then is "12 files linked, 3456
+//   bytes saved"; it has more text when dfl could not link every file.
+// - Which files the mastering has left out of the image.
+class OutputWatch {
  public:
   void Read(std::string_view piece) {
     for (const char character : piece) {
       if (character == '\n') {
-        has_finished_ = has_finished_ || IsLastLine(line_);
-        line_.clear();
+        EndLine();
       } else if (character != '\r') {
         line_ += character;
       }
     }
   }
-  bool has_finished() const { return has_finished_; }
+  bool linker_has_finished() const { return linker_has_finished_; }
+  const std::vector<std::string>& left_out() const { return left_out_; }
 
  private:
+  void EndLine() {
+    linker_has_finished_ = linker_has_finished_ || IsLastLine(line_);
+    if (line_.ends_with(": it is not on the disc")) left_out_.push_back(line_);
+    line_.clear();
+  }
   static bool SkipNumber(std::string_view& text) {
     const std::size_t digits = std::min(text.find_first_not_of("0123456789"), text.size());
     text.remove_prefix(digits);
@@ -64,24 +69,28 @@ class LinkerWatch {
   }
 
   std::string line_;
-  bool has_finished_ = false;
+  bool linker_has_finished_ = false;
+  std::vector<std::string> left_out_;
 };
 
 // The state of a running mastering.
 struct Mastering {
   std::unique_ptr<MasteringLog> log;
-  std::optional<LinkerWatch> linker;  // empty when duplicate files are not linked
+  OutputWatch output;
+  bool links_duplicates = false;
 };
 
 void LaunchApp_DataReceived(steps::Context& context, Mastering& mastering, std::string_view TextPipe) {
   mastering.log->AddLine(TextPipe);
-  if (mastering.linker) mastering.linker->Read(TextPipe);
+  mastering.output.Read(TextPipe);
   ShowMasteringOutput(context.main(), TextPipe);
 }
 
-// Adds no note when the mastering failed, because there is no image that could contain duplicate files.
-void NoteUnfinishedLinking(steps::Context& context, const Mastering& mastering) {
-  if (!mastering.linker || mastering.linker->has_finished() || !context.mastering_end.Succeeded()) return;
+// Adds no notes when the mastering failed, because there is no image that could contain duplicate files or lack others.
+void NoteOutput(steps::Context& context, const Mastering& mastering) {
+  if (!context.mastering_end.Succeeded()) return;
+  for (const std::string& line : mastering.output.left_out()) context.notes.Add(mastering.log->path(), line);
+  if (!mastering.links_duplicates || mastering.output.linker_has_finished()) return;
   context.notes.Add(mastering.log->path(),
                     "dfl, the program that links duplicate files, did not link all of them (this log may say why): "
                     "duplicate files were stored more than once");
@@ -100,7 +109,7 @@ void LaunchApp_ProcessEnded(steps::Context& context, Mastering& mastering) {
     main.LblFinish.caption = "   Operation Aborted";
     main.LblAbort.visible = true;
   }
-  if (!main.LblAbort.visible) NoteUnfinishedLinking(context, mastering);
+  if (!main.LblAbort.visible) NoteOutput(context, mastering);
   if (main.ChkCleanSession.checked()) {
     const std::string script = util::PathOf(util::Item::kMasteringScript);
     context.notes.Check(host::RemoveFile(script), script, "could not be deleted");
@@ -141,7 +150,7 @@ void StartMKISOFS(steps::Context& context, std::string_view ISOLocation, bool Op
     host::RemoveFile(script);
   }
   const auto mastering = std::make_shared<Mastering>();
-  if (OptimizeISO) mastering->linker.emplace();
+  mastering->links_duplicates = OptimizeISO;
   const bool started = steps::StartLauncher(
       context, context.LaunchApp, script, kMasteringPollInterval,
       {[&context, mastering](std::string_view TextPipe) { LaunchApp_DataReceived(context, *mastering, TextPipe); },

@@ -113,7 +113,7 @@ bool DiskIsTooSmall(const AnsiPath& file, std::uint64_t size) {
   return look != nullptr && look((folder.native + "\\").c_str(), &room, nullptr, nullptr) != 0 && room.QuadPart < size;
 }
 
-// The largest file of FAT and of Windows 95, 98 and Me. The NT family calls a disk with FAT full beyond it.
+// The largest file of FAT. Beyond it the system calls the disk full, although there is room.
 constexpr std::uint64_t kLargestOnFat = 0xFFFFFFFF;  // bytes
 
 // Only a disk or file system that is too small is a failure, not one that cannot set room aside. The disk is asked
@@ -121,7 +121,6 @@ constexpr std::uint64_t kLargestOnFat = 0xFFFFFFFF;  // bytes
 Status SetAside(HANDLE file, const AnsiPath& path, std::uint64_t size) {
   if (DiskIsTooSmall(path, size)) return StatusOf(ERROR_DISK_FULL);
   const bool is_large = size > kLargestOnFat;
-  if (is_large && !IsNtFamily()) return FileMayNotGrow();
   const Status status = size == 0 ? Status::Success() : SetSize(file, size);
   if (status.error == ErrorClass::kDiskFull) return is_large ? FileMayNotGrow() : status;
   return status.error == ErrorClass::kTooLarge ? status : Status::Success();

@@ -2,6 +2,7 @@
 #include "tools/dfl/linking.h"
 
 #include "tests/dfl/dfl_fixture.h"
+#include "tools/temporary_link.h"
 
 namespace discwright::tools::dfl {
 namespace {
@@ -108,28 +109,31 @@ TEST_F(LinkingTest, ReplacementThatFails_LeavesTheFileAndNoTemporaryName) {
 TEST_F(LinkingTest, TakenTemporaryName_IsSkipped) {
   Write("a", "content");
   Write("b", "content");
-  folder_.MakeFolder(".dfl-link-0");
+  folder_.MakeFolder(TemporaryLinkName(0));
   EXPECT_EQ(Run(), kExitDone) << errors_;
   EXPECT_TRUE(AreLinked("a", "b"));
-  EXPECT_THAT(folder_.Names(), ElementsAre(".dfl-link-0", "a", "b"));
+  EXPECT_THAT(folder_.Names(), ElementsAre(TemporaryLinkName(0), "a", "b"));
 }
 
 TEST_F(LinkingTest, KillInTheMiddleOfTheReplacement_LosesNothingAndTheNextRunCleansUp) {
   Write("a", "content");
   MakeLink("a", "b");
-  Write(".dfl-link-7", "content");  // the link that replaces b, under its temporary name
+  Write(TemporaryLinkName(7), "content");  // the link that replaces b, under its temporary name
   EXPECT_EQ(Run(), kExitDone) << errors_;
   EXPECT_THAT(folder_.Names(), ElementsAre("a", "b"));
   EXPECT_TRUE(AreLinked("a", "b"));
   EXPECT_EQ(folder_.Read("a"), "content");
+  EXPECT_THAT(output_.str(),
+              HasSubstr("\nRemoved " + Shown(TemporaryLinkName(7)) + ", which an interrupted run had left.\n"));
 }
 
 TEST_F(LinkingTest, NamesThatResembleTemporaryOnes_Stay) {
-  const std::vector<std::string> names = {".dfl-link-", ".dfl-link-1x", ".dfl-link-2", "dfl-link-3"};
+  const std::vector<std::string> names = {".dfl-link-3", std::string(kTemporaryLinkStart), TemporaryLinkName(1) + "x",
+                                          TemporaryLinkName(2)};
   Write(names[0], "content");
   MakeLink(names[0], names[1]);
-  Write(names[2], "the only name of its file");
-  MakeLink(names[0], names[3]);
+  MakeLink(names[0], names[2]);
+  Write(names[3], "the only name of its file");
   EXPECT_EQ(Run(), kExitDone);
   EXPECT_EQ(folder_.Names(), names);
 }

@@ -1,5 +1,6 @@
 // Tests of the optimised image: duplicate files are stored once, and nothing else changes.
 #include "tests/end_to_end/build_test.h"
+#include "tools/temporary_link.h"
 
 namespace discwright::testing {
 
@@ -68,6 +69,19 @@ TEST_F(OptimisedImage, KilledLinker_IsReportedAndTheImageIsMade) {
   program.ReplaceProgram("dfl", "echo \"Scanning $1\"; kill -KILL $$\n");
   ExpectTold(BuildOptimised("1"));
   EXPECT_EQ(ReadWithBsdtar(image).size(), ReadWithXorriso(image).size());
+}
+
+TEST_F(OptimisedImage, LinkThatAKilledLinkerLeaves_IsNotedAndNotOnTheDisc) {
+  const std::string link = tools::TemporaryLinkName(0);
+  program.ReplaceProgram("dfl", "ln \"$1/vexa/driver.cab\" \"$1/vexa/" + link + "\"; kill -KILL $$\n");
+  const Outcome outcome = BuildOptimised("1");
+  EXPECT_EQ(outcome.exit_code, 4) << outcome.err;
+  EXPECT_THAT(outcome.err,
+              HasSubstr("warning: " + (program / "mkisofs.log").string() + ": mkisofs: vexacd/vexa/" + link));
+  EXPECT_THAT(outcome.err, HasSubstr("duplicate files were stored more than once"));
+  const Contents contents = ReadWithBsdtar(image);
+  EXPECT_TRUE(contents.contains("vexa/driver.cab"));
+  EXPECT_FALSE(contents.contains("vexa/" + link));
 }
 
 TEST_F(OptimisedImage, LinkerThatFails_IsReported) {

@@ -4,6 +4,7 @@
 
 #include "host/system.h"
 #include "tests/mkisofs/mastering.h"
+#include "tools/temporary_link.h"
 
 namespace discwright::testing {
 namespace {
@@ -171,6 +172,18 @@ TEST_F(MasterTree, BootImageOrCatalogueThatCannotBe_IsAnErrorThatNamesIt) {
     EXPECT_THAT(messages, HasSubstr("tree/" + problem));
     ExpectNoImage();
   }
+}
+
+TEST_F(MasterTree, TemporaryLinksOfAKilledLinker_AreNamedAndLeftOut) {
+  const std::string link = tools::TemporaryLinkName(12);
+  folder.Write("tree/sub/file", "content");
+  folder.Write("tree/sub/" + link, "content");
+  folder.Write("tree/" + link + "x", "a file of the user");
+  folder.MakeFolder("tree/" + link);
+  const IsoImage iso = MasteredImage();
+  EXPECT_THAT(Paths(iso), ::testing::UnorderedElementsAre("", link, link + "x", "sub", "sub/file"));
+  EXPECT_THAT(messages, HasSubstr("mkisofs: " + folder.Native("tree") + "/sub/" + link +
+                                  " is a temporary link that an interrupted dfl has left: it is not on the disc\n"));
 }
 
 TEST_F(MasterTree, FilesOf4GiB_AreAnErrorThatNamesThem) {

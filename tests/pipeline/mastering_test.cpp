@@ -116,6 +116,18 @@ TEST_F(Mastering, LinkerThatHasNotFinished_IsNotedOnce) {
   }
 }
 
+TEST_F(Mastering, FileThatTheMasteringLeavesOut_IsNotedWithAndWithoutTheLinker) {
+  for (const bool optimize : {false, true}) {
+    const std::string line = std::string("mkisofs: vexacd/") + (optimize ? "a" : "b") +
+                             " is a temporary link that an interrupted dfl has left: it is not on the disc";
+    mastering_output = {"0 files linked, 0 bytes saved\n" + line.substr(0, 30), line.substr(30) + "\r\n"};
+    const std::size_t before = notes.all().size();
+    Run(optimize);
+    ASSERT_EQ(notes.all().size(), before + 1);
+    EXPECT_EQ(notes.all().back().cause, line);
+  }
+}
+
 TEST_F(Mastering, UnwantedLinker_IsNotNoted) {
   Run(false);
   EXPECT_TRUE(notes.all().empty());

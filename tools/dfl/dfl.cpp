@@ -9,6 +9,7 @@
 #include "tools/dfl/digest.h"
 #include "tools/dfl/problems.h"
 #include "tools/dfl/tree.h"
+#include "tools/temporary_link.h"
 
 namespace discwright::tools::dfl {
 namespace {
@@ -27,9 +28,10 @@ void PrintWithoutLinks(const std::vector<std::string>& folders, std::ostream& ou
 }
 
 // Removes the temporary links of interrupted runs. RemoveSpareName keeps a file whose only name this is.
-void RemoveTemporaryNames(const Tree& tree) {
+void RemoveTemporaryLinks(const Tree& tree, std::ostream& output) {
   for (std::size_t place = 0; place < tree.names().size(); ++place) {
-    if (IsTemporaryName(tree.names()[place].name)) host::RemoveSpareName(tree.Path(place));
+    const bool is_removed = IsTemporaryLinkName(tree.names()[place].name) && host::RemoveSpareName(tree.Path(place));
+    if (is_removed) output << "Removed " << Shown(tree.Path(place)) << ", which an interrupted run had left.\n";
   }
 }
 
@@ -53,7 +55,7 @@ int RunDfl(const std::vector<std::string>& arguments, std::ostream& output, std:
   output << "Finding duplicate files" << std::endl;
   Linking linking(tree, machine.calls, problems);
   const Saving saving = linking.Run(groups, kThreadsPerProcessor * processors);
-  RemoveTemporaryNames(tree);
+  RemoveTemporaryLinks(tree, output);
   PrintWithoutLinks(linking.FoldersWithoutLinks(), output);
   problems.Print(errors);
   // The build does not see the exit code of this program. It takes the run for complete when this line ends in "saved".

@@ -7,6 +7,7 @@
 
 #include "tools/dfl/compare.h"
 #include "tools/dfl/parallel.h"
+#include "tools/temporary_link.h"
 
 namespace discwright::tools::dfl {
 namespace {
@@ -140,7 +141,7 @@ Linking::Outcome Linking::LinkOver(const File& keeper, std::size_t place) {
 host::LinkAnswer Linking::MakeTemporaryLink(const File& keeper, std::size_t place, std::string& temporary) {
   const std::string existing = tree_.Path(keeper.names[0]);
   for (;;) {
-    temporary = TemporaryName(tree_.FolderOf(place), temporary_number_++);
+    temporary = tree_.FolderOf(place) + TemporaryLinkName(temporary_number_++);
     host::LinkAnswer answer = calls_.make_link(existing, temporary);
     if (answer.end != host::LinkEnd::kNameTaken) return answer;
   }

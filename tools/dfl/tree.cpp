@@ -8,10 +8,6 @@
 namespace discwright::tools::dfl {
 namespace {
 
-constexpr std::string_view kTemporaryStart = ".dfl-link-";
-
-bool IsDigit(char character) { return character >= '0' && character <= '9'; }
-
 void MoveGroup(Group& group, std::vector<Group>& groups) {
   if (group.size() > 1) {
     std::sort(group.begin(), group.end(), [](const File& a, const File& b) { return a.names[0] < b.names[0]; });
@@ -21,15 +17,6 @@ void MoveGroup(Group& group, std::vector<Group>& groups) {
 }
 
 }  // namespace
-
-std::string TemporaryName(std::string_view folder, std::size_t number) {
-  return std::string(folder).append(kTemporaryStart).append(std::to_string(number));
-}
-
-bool IsTemporaryName(std::string_view name) {
-  return name.size() > kTemporaryStart.size() && name.starts_with(kTemporaryStart) &&
-         std::all_of(name.begin() + kTemporaryStart.size(), name.end(), IsDigit);
-}
 
 Tree::Tree(std::string_view folder, Problems& problems) {
   std::string start(folder);

@@ -51,9 +51,4 @@ class Tree {
   std::vector<FoundName> names_;
 };
 
-// The temporary name of a new link in `folder`, which ends with a separator. The link then replaces a file. Names of
-// this form are reserved for this program, which removes those that an interrupted run has left.
-std::string TemporaryName(std::string_view folder, std::size_t number);
-bool IsTemporaryName(std::string_view name);
-
 }  // namespace discwright::tools::dfl

@@ -24,6 +24,8 @@ namespace {
 
 constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;
+// The build looks for the end of this line.
+constexpr const char* kLeftOut = " is a temporary link that an interrupted dfl has left: it is not on the disc";
 
 class Run {
  public:
@@ -62,6 +64,9 @@ class Run {
     if (!source.ok()) return FailureAt(options_.tree, source.status.cause);
     source_ = std::move(source.value);
     tree_ = ReadTree(*source_, options_, problems_);
+    for (const std::string& path : tree_.left_out) {
+      messages_ << "mkisofs: " << options_.tree << "/" << path << kLeftOut << "\n";
+    }
     return Result::Success();
   }
 

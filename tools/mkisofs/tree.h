@@ -47,7 +47,8 @@ struct Tree {
   std::vector<Folder> folders;
   std::vector<char> names;
   std::vector<std::uint64_t> volumes;
-  bool has_links = false;  // symbolic links were followed
+  bool has_links = false;             // symbolic links were followed
+  std::vector<std::string> left_out;  // paths of temporary links of dfl, which are not mastered
 
   std::string_view NameOf(const Node& node) const { return {names.data() + node.name_offset, node.name_length}; }
   Node& NodeOf(const Folder& folder) { return nodes[folder.node]; }

@@ -6,6 +6,7 @@
 
 #include "tools/mkisofs/names.h"
 #include "tools/mkisofs/sector.h"
+#include "tools/temporary_link.h"
 
 namespace discwright::tools::mkisofs {
 namespace {
@@ -72,18 +73,26 @@ class Reader {
   }
 
   void AddEntry(FolderIndex parent, const std::string& folder_path, const host::TreeEntry& entry) {
+    if (entry.kind == host::EntryKind::kFile && IsTemporaryLinkName(entry.name)) {
+      tree_.left_out.push_back(PathIn(folder_path, entry.name));
+      return;
+    }
     const bool hidden = tree_.NodeOf(tree_.folders[parent]).is_hidden || IsHidden(entry.name);
     std::string_view problem = WhyNotStored(entry, options_.follow_links);
     if (problem.empty() && (!hidden || entry.name.size() > std::numeric_limits<std::uint8_t>::max()))
       problem = WhyNotStorable(entry.name);
     if (problem.empty() && !HasRoom(entry.name)) problem = "there are more files than an image can hold";
     if (!problem.empty()) {
-      AddProblem(folder_path.empty() ? std::string(entry.name) : folder_path + "/" + std::string(entry.name), problem);
+      AddProblem(PathIn(folder_path, entry.name), problem);
       return;
     }
     Node node = MakeNode(entry, parent);
     node.is_hidden = hidden;
     tree_.nodes.push_back(node);
+  }
+
+  static std::string PathIn(const std::string& folder, std::string_view name) {
+    return folder.empty() ? std::string(name) : folder + "/" + std::string(name);
   }
 
   void AddCatalogue(FolderIndex folder) {

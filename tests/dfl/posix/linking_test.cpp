@@ -2,6 +2,7 @@
 #include <sys/mount.h>
 
 #include "tests/dfl/dfl_fixture.h"
+#include "tools/temporary_link.h"
 
 namespace discwright::tools::dfl {
 namespace {
@@ -92,7 +93,7 @@ TEST_F(MountsAndLinks, KillBetweenLinkAndReplacement_LosesNothingAndTheNextRunCl
   std::swap(killed, machine_);
   EXPECT_EXIT(Run(), ::testing::ExitedWithCode(9), "");
   std::swap(killed, machine_);
-  EXPECT_THAT(folder_.Names(), ElementsAre(".dfl-link-0", "a", "b"));
+  EXPECT_THAT(folder_.Names(), ElementsAre(TemporaryLinkName(0), "a", "b"));
   EXPECT_EQ(folder_.Read("a") + folder_.Read("b"), "contentcontent");
   EXPECT_EQ(Run(), kExitDone) << errors_;
   EXPECT_THAT(folder_.Names(), ElementsAre("a", "b"));
