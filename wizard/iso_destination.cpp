@@ -30,7 +30,7 @@ bool IsBrokenLink(const std::string& folder, const std::string& file) {
 // for an image. It has the same characters in its name, so that one which the disk cannot hold is noticed. The next run
 // deletes what is left of it.
 host::Status TryToCreate(const std::string& path) {
-  const host::Status named = host::OpenBinary(path, host::OpenMode::kRead).status;
+  host::Status named = host::OpenBinary(path, host::OpenMode::kRead).status;
   if (named.error != host::ErrorClass::kNotFound) return named;  // for example a name that is too long
   const std::string test_path = base::SiblingOf(path, base::TestName(base::NameOf(path)));
   auto test_file = host::OpenBinary(test_path, host::OpenMode::kCreateEmpty);
