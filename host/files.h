@@ -81,7 +81,8 @@ enum class FileTimes {
 };
 
 // Replaces the file's content as a whole: written beside it and renamed over it, so a reader (or a crash) sees the
-// old content or the new, never a part. The attributes of a file that is replaced stay.
+// old content or the new, never a part. The attributes of a file that is replaced stay. A link is replaced by a file,
+// and its target stays as it is; to write to the target, give FollowedPath(path).
 Status WriteWholeFile(std::string_view path, std::string_view content, FileTimes times = FileTimes::kNew);
 
 enum class CopyEvent { kStreamSwitch, kChunkFinished };
@@ -95,7 +96,7 @@ Status CopyFileWithProgress(std::string_view from, std::string_view to, const Co
 enum class OpenMode {
   kRead,
   kReadWrite,    // created when missing, never truncated
-  kCreateEmpty,  // created or truncated
+  kCreateEmpty,  // created or truncated; a link in its place is deleted, and its target stays as it is
 };
 
 // A file opened for binary access at positions; closed by its destructor.

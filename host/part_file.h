@@ -1,4 +1,4 @@
-// A large file that is written under the name NAME.part and becomes NAME when it is whole.
+// A large file that is written under a temporary name and gets its own name when it is whole.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,7 @@
 
 namespace discwright::host {
 
-// Unless Commit succeeds, the destructor removes NAME.part, and a file that has the name NAME stays as it is.
+// Unless Commit succeeds, the destructor removes the unfinished file, and a file that has the name stays as it is.
 class PartFile {
  public:
   virtual ~PartFile() = default;
@@ -20,11 +20,12 @@ class PartFile {
   virtual Status Commit() = 0;
 };
 
-// Starts a file. A NAME.part that another run has left or is still writing is replaced, and the Commit of that run then
-// fails (kExists). On Windows 95, 98 and Me a NAME.part that is still being written cannot be replaced: that is a
-// failure (kAccessDenied). A NAME that is no regular file is a failure (kWrongKind). Room for `size` bytes is set aside
-// where the file system can, so that a full disk (kDiskFull), or a file that may not become so large (kTooLarge), is
-// known at once.
+// Starts a file under the name base::PartName(NAME). An unfinished file of that name, which another run has left or is
+// still writing, is replaced, and the Commit of that run then fails (kExists). On Windows 95, 98 and Me it cannot be
+// replaced while it is being written: that is a failure (kAccessDenied). Other files that killed runs left in the
+// folder are deleted. A NAME that is no regular file is a failure (kWrongKind). Room for `size` bytes is set aside
+// where the file system can, so that a full disk (kDiskFull), or a file that may not become so large
+// (kTooLarge), is known at once.
 Result<std::unique_ptr<PartFile>> CreatePartFile(std::string_view path, std::uint64_t size);
 
 }  // namespace discwright::host

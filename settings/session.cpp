@@ -6,6 +6,8 @@
 
 #include "base/ini_text.h"
 #include "host/files.h"
+#include "host/folder_facts.h"
+#include "host/left_files.h"
 #include "host/native_text.h"
 #include "host/profile.h"
 #include "host/system.h"
@@ -90,6 +92,13 @@ void NoteLongValues(util::Notes& notes, const std::string& file_name, std::strin
   }
 }
 
+// A session is the user's own file. Who keeps it elsewhere, and a link in its place, finds the new choices there.
+host::Status WriteFollowingLinks(const std::string& file_name, const std::string& text) {
+  const std::string file = host::FollowedPath(file_name);
+  host::RemoveLeftFiles(util::ParentOf(file));
+  return host::WriteWholeFile(file, host::EncodeText(text));
+}
+
 }  // namespace
 
 host::Status ReadSession(forms::Windows& windows, util::Notes& notes, const std::string& file_name) {
@@ -125,13 +134,12 @@ void WriteVexaCDINI(forms::Windows& windows, util::Notes& notes) {
   LoadDialogs(windows, notes);
   if (!main.ChkSlipstream.checked()) main.TxtSP_exe.text = "";  // the next session must not offer an unused path
   const std::string file_name = util::PathOf(util::Item::kSession);
-  notes.Check(host::WriteWholeFile(file_name, host::EncodeText(SessionText(windows))), file_name,
-              "The settings could not be saved");
+  notes.Check(WriteFollowingLinks(file_name, SessionText(windows)), file_name, "The settings could not be saved");
 }
 
 host::Status WriteSession(forms::Windows& windows, util::Notes& notes, const std::string& file_name) {
   const std::string text = SessionText(windows);
-  host::Status written = host::WriteWholeFile(file_name, host::EncodeText(text));
+  host::Status written = WriteFollowingLinks(file_name, text);
   if (written.ok()) NoteLongValues(notes, file_name, text);
   return written;
 }

@@ -98,7 +98,7 @@ void DeleteEmptiedFolder(Item item, Notes& notes, const std::function<bool()>& g
 std::string EmptiedFolderAround(const std::string& path) {
   for (std::string folder = host::FollowedPath(path);;) {
     for (const MarkedFolder& marked : kMarkedFolders) {
-      const std::string emptied = PathOf(marked.folder);
+      std::string emptied = PathOf(marked.folder);
       if (IsOneFolder(folder, emptied)) return emptied;
     }
     const std::string parent = ParentOf(folder);

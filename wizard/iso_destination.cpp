@@ -1,4 +1,4 @@
-// Tests whether the ISO file can be created, and deletes the test file again.
+// Tests whether the ISO file can be created, with a test file beside it.
 #include "wizard/iso_destination.h"
 
 #include <algorithm>
@@ -7,6 +7,8 @@
 #include <span>
 #include <string_view>
 
+#include "base/paths.h"
+#include "base/temporary_names.h"
 #include "host/files.h"
 #include "host/names.h"
 #include "util/paths.h"
@@ -17,19 +19,26 @@ namespace {
 
 constexpr std::string_view kTestLine = "Test\r\n";
 
-// A test file that is created through such a link would remain, because deleting it deletes only the link.
+// The image would replace the link, and the user would look for it at the target.
 bool IsBrokenLink(const std::string& folder, const std::string& file) {
   const host::Listing listing = host::ListFolder(folder, file);
   return std::any_of(listing.value.begin(), listing.value.end(), [](const host::Entry& entry) { return entry.broken; });
 }
 
+// The test file does not have the image's own name: if the program is killed here, no file of six bytes must be taken
+// for an image. It has the same characters in its name, so that one which the disk cannot hold is noticed. The next run
+// deletes what is left of it.
 host::Status TryToCreate(const std::string& path) {
-  auto test_file = host::OpenBinary(path, host::OpenMode::kCreateEmpty);
+  host::Status named = host::OpenBinary(path, host::OpenMode::kRead).status;
+  if (named.error != host::ErrorClass::kNotFound) return named;  // for example a name that is too long
+  const std::string test_path = base::SiblingOf(path, base::TestName(base::NameOf(path)));
+  auto test_file = host::OpenBinary(test_path, host::OpenMode::kCreateEmpty);
   if (!test_file.ok()) return test_file.status;
   const host::Status status = test_file.value->WriteAt(0, std::as_bytes(std::span(kTestLine)));
   test_file.value.reset();  // closes the file
-  const host::Status removed = host::RemoveFile(path);
-  return status.ok() ? removed : status;
+  const host::Status removed = host::RemoveFile(test_path);
+  // Another run that tests the same name may have deleted it.
+  return status.ok() && removed.error != host::ErrorClass::kNotFound ? removed : status;
 }
 
 std::string WhyNoFolderFor(const std::string& path, const std::string& folder) {

@@ -22,6 +22,7 @@
 #include "settings/key_files.h"
 #include "settings/session.h"
 #include "settings/session_check.h"
+#include "util/emptied_folders.h"
 #include "util/paths.h"
 #include "util/program_folder.h"
 #include "wizard/choices.h"
@@ -156,11 +157,24 @@ std::string WhyNotReplaced(const std::string& path, bool is_other_kind, const st
   return shown + " is a file of another kind: choose another name, or add --force to replace it";
 }
 
+// Why a file of the command line is in a folder that the build empties.
+std::string WhyDeleted(const Options& options) {
+  for (const std::string& file : {options.session, options.password_file, options.save_session}) {
+    const bool is_file = !file.empty() && file != "-";
+    const std::string folder = is_file ? util::EmptiedFolderAround(host::PathFromNative(file)) : "";
+    if (folder.empty()) continue;
+    return file + " is in " + host::PathToNative(folder) + ", which every build empties: choose another place";
+  }
+  return "";
+}
+
 // Why the image or the kept session cannot be written to its place.
 std::string WhyNotWritten(const steps::Context& context, const std::string& session, const Options& options) {
   const std::string destination = context.main().TxtISOLoc.text;
   const std::string image = util::NamedFile(destination);
-  std::string why = WhyNotReplaced(image, wizard::HoldsSomethingElse(destination), session, options);
+  std::string why = WhyDeleted(options);
+  if (!why.empty()) return why;
+  why = WhyNotReplaced(image, wizard::HoldsSomethingElse(destination), session, options);
   if (!why.empty() || options.save_session.empty()) return why;
   const std::string kept = host::PathFromNative(options.save_session);
   if (IsOneFile(kept, session)) return "";  // saving over the session that was loaded is allowed

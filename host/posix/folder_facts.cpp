@@ -75,7 +75,7 @@ std::string FollowedPath(std::string_view path) {
     }
     ++links;
     if (target.starts_with('/')) followed = "/";
-    left = target + "/" + left;
+    left.insert(0, target + "/");
   }
   return PathFromNative(followed);
 }

@@ -3,13 +3,13 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <climits>
 
 #include <array>
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
 
+#include "base/temporary_names.h"
 #include "host/files.h"
 #include "host/posix/case_lookup.h"
 #include "host/posix/errors.h"
@@ -18,21 +18,6 @@
 
 namespace discwright::host {
 namespace {
-
-constexpr int kCreateFlags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
-
-// Where a chain of links ends, whether or not something is there: a user's linked settings file stays a link.
-Result<std::string> EndOfLinks(std::string native) {
-  constexpr int kMostLinks = 40;  // the system's own limit
-  for (int i = 0; i < kMostLinks; ++i) {
-    std::array<char, PATH_MAX> target{};
-    const ssize_t length = readlink(native.c_str(), target.data(), target.size());
-    if (length < 0) return native;
-    const std::string_view next(target.data(), static_cast<std::size_t>(length));
-    native = next.starts_with('/') ? std::string(next) : NativeJoin(NativeFolder(native), next);
-  }
-  return StatusOf(ELOOP);
-}
 
 // Gives the new file the owner and mode of the one that it replaces.
 Status TakeOver(int fd, const struct stat& replaced) {
@@ -58,12 +43,11 @@ Status MayReplace(const std::string& native, const struct stat& facts) {
 
 std::string TemporaryName(const std::string& native) {
   static std::atomic<unsigned> counter = 0;
-  const std::string name = ".discwright-" + std::to_string(getpid()) + "-" + std::to_string(counter++);
-  return NativeJoin(NativeFolder(native), name);
+  return NativeJoin(NativeFolder(native), base::TemporaryName(static_cast<unsigned long>(getpid()), counter++));
 }
 
 Status NewFile::Create(const std::string& native, mode_t mode) {
-  fd_ = UniqueFd(open(native.c_str(), kCreateFlags, mode));
+  fd_ = UniqueFd(open(native.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode));
   if (!fd_.valid()) return LastFailure();
   name_ = temporary_name_ = native;
   // At once and not in Commit: what others do in the folder while this file is written must be noticed.
@@ -74,7 +58,7 @@ Status NewFile::Create(const std::string& native, mode_t mode) {
 Status NewFile::CreateBeside(const std::string& native, mode_t mode) {
   do {
     temporary_name_ = TemporaryName(native);
-    fd_ = UniqueFd(open(temporary_name_.c_str(), kCreateFlags, mode));
+    fd_ = CreateLocked(temporary_name_, mode);
   } while (!fd_.valid() && errno == EEXIST);
   name_ = native;
   if (fd_.valid()) return Status::Success();
@@ -83,7 +67,9 @@ Status NewFile::CreateBeside(const std::string& native, mode_t mode) {
 }
 
 Status NewFile::Commit() {
-  if (fd_.Close() != 0) return LastFailure();
+  // A second descriptor keeps the lock until the file has its name.
+  const UniqueFd lock(fcntl(fd_.get(), F_DUPFD_CLOEXEC, 0));
+  if (!lock.valid() || fd_.Close() != 0) return LastFailure();
   if (temporary_name_ != name_) {
     if (std::rename(temporary_name_.c_str(), name_.c_str()) != 0) return LastFailure();
     NoteCreated(name_);
@@ -98,13 +84,13 @@ void NewFile::Discard() {
 }
 
 Status WriteWholeFile(std::string_view path, std::string_view content, FileTimes times) {
-  const Result<std::string> native = EndOfLinks(RealPath(path));
-  if (!native.ok()) return native.status;
+  const std::string native = RealPath(path);
   struct stat replaced {};
-  const bool exists = stat(native.value.c_str(), &replaced) == 0;
-  Status status = exists ? MayReplace(native.value, replaced) : Status::Success();
+  // A link is replaced like a missing file: neither its target nor what that allows counts.
+  const bool exists = lstat(native.c_str(), &replaced) == 0 && !S_ISLNK(replaced.st_mode);
+  Status status = exists ? MayReplace(native, replaced) : Status::Success();
   NewFile file;
-  if (status.ok()) status = file.CreateBeside(native.value, 0666);
+  if (status.ok()) status = file.CreateBeside(native, 0666);
   if (status.ok()) status = StatusOfResult(WriteAll(file.fd(), content.data(), content.size()));
   if (status.ok() && exists) status = TakeOver(file.fd(), replaced);
   if (status.ok() && exists && times == FileTimes::kKept) KeepTimes(file.fd(), replaced);

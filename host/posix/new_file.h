@@ -10,9 +10,16 @@
 
 namespace discwright::host {
 
-// A name beside `native` that nothing of this program's has: short, and independent of the final name, which may be as
-// long as the system allows.
+// A name beside `native` that nothing of this program has (see base/temporary_names.h). It is short and does not depend
+// on the final name, which may be as long as the system allows.
 std::string TemporaryName(const std::string& native);
+
+// Whether `fd` is what stands at `native`. In left_files.cpp, like the next one.
+bool IsAt(int fd, const std::string& native);
+
+// Creates a temporary file; not valid, with errno, when that fails. It is locked until the last descriptor of it is
+// closed: RemoveLeftFiles leaves it alone so long.
+UniqueFd CreateLocked(const std::string& native, mode_t mode);
 
 // Unless Commit succeeds, the destructor removes what was written, and a file that had the name stays as it was.
 class NewFile {

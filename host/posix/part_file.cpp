@@ -1,4 +1,4 @@
-// Writes NAME.part and renames it to NAME.
+// Writes a file under a temporary name and renames it to NAME.
 #include "host/part_file.h"
 
 #include <fcntl.h>
@@ -9,22 +9,18 @@
 #include <cstdio>
 #include <string>
 
+#include "base/temporary_names.h"
+#include "host/left_files.h"
+#include "host/names.h"
 #include "host/posix/case_lookup.h"
 #include "host/posix/errors.h"
 #include "host/posix/native_path.h"
+#include "host/posix/new_file.h"
 #include "host/posix/regular_file.h"
 #include "host/posix/unique_fd.h"
 
 namespace discwright::host {
 namespace {
-
-// Whether `fd` is what stands at `native`.
-bool IsAt(int fd, const std::string& native) {
-  struct stat opened {};
-  struct stat named {};
-  return fstat(fd, &opened) == 0 && lstat(native.c_str(), &named) == 0 && opened.st_dev == named.st_dev &&
-         opened.st_ino == named.st_ino;
-}
 
 Status Replaced() { return Status::Failure(ErrorClass::kExists, "Another run has replaced the unfinished file"); }
 
@@ -50,7 +46,7 @@ class PosixPartFile : public PartFile {
     if (written.Close() != 0) return LastFailure();
     // Another run may put its own file under the part's name at any time. So the part first gets a name that no other
     // run uses, and there it is checked whose file it is.
-    const std::string mine = NativeJoin(NativeFolder(name_), ".discwright-" + std::to_string(getpid()) + ".part");
+    const std::string mine = TemporaryName(name_);
     if (std::rename(part_.c_str(), mine.c_str()) != 0) return errno == ENOENT ? Replaced() : LastFailure();
     if (!IsAt(fd_.get(), mine)) {
       std::rename(mine.c_str(), part_.c_str());
@@ -85,13 +81,14 @@ Status SetAside(int fd, std::uint64_t size) {
 
 Result<std::unique_ptr<PartFile>> CreatePartFile(std::string_view path, std::uint64_t size) {
   const std::string name = RealPath(path);
-  const std::string part = name + ".part";
+  const std::string part = NativeJoin(NativeFolder(name), base::PartName(NativeName(name)));
   if (Status status = OnlyRegular(name); !status.ok()) return status;
+  RemoveLeftFiles(PathFromNative(NativeFolder(name)));
   UniqueFd fd;
   do {
     // What is there is not written into: a run that was left behind may still have it open.
     if (unlink(part.c_str()) != 0 && errno != ENOENT) break;
-    fd = UniqueFd(open(part.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+    fd = CreateLocked(part, 0666);
   } while (!fd.valid() && errno == EEXIST);
   if (!fd.valid()) return LastFailure();
   Status status = SetAside(fd.get(), size);

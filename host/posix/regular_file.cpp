@@ -110,6 +110,9 @@ std::unique_ptr<BinaryFile> WrapBinaryFile(UniqueFd fd) { return std::make_uniqu
 Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode mode) {
   const std::string native = RealPath(path);
   const bool writes = mode != OpenMode::kRead;
+  struct stat facts {};
+  const bool is_link = lstat(native.c_str(), &facts) == 0 && S_ISLNK(facts.st_mode);
+  if (mode == OpenMode::kCreateEmpty && is_link && unlink(native.c_str()) != 0) return LastFailure();
   RegularFile file = OpenRegular(native, writes ? O_RDWR : O_RDONLY);
   if (writes && file.status.error == ErrorClass::kNotFound) file = CreateRegular(native);
   // Emptied only now, when it is known to be a file.

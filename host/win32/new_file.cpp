@@ -4,6 +4,7 @@
 #include <atomic>
 
 #include "base/paths.h"
+#include "base/temporary_names.h"
 #include "host/win32/errors.h"
 #include "host/win32/file_facts.h"
 #include "host/win32/regular_file.h"
@@ -47,8 +48,7 @@ void KeepTimes(HANDLE file, const AnsiPath& path) {
 std::string TemporaryName(const AnsiPath& path) {
   static std::atomic<unsigned> counter = 0;
   for (;;) {
-    const std::string name = ".discwright-" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(counter++);
-    std::string temporary = base::SiblingOf(path.core, name);
+    std::string temporary = base::SiblingOf(path.core, base::TemporaryName(GetCurrentProcessId(), counter++));
     if (!IsThere(AnsiPath(temporary))) return temporary;
   }
 }

@@ -10,8 +10,8 @@
 
 namespace discwright::host {
 
-// A name beside `path` that nothing has: short, and independent of the final name, which may be as long as the system
-// allows.
+// A name beside `path` that nothing has (see base/temporary_names.h). It is short and does not depend on the final
+// name, which may be as long as the system allows.
 std::string TemporaryName(const AnsiPath& path);
 
 // Moves a file over what may have the name `to`, in one step where the system can. A read-only file there is replaced.

@@ -1,4 +1,4 @@
-// Writes NAME.part and renames it to NAME.
+// Writes a file under a temporary name and renames it to NAME.
 #include "host/part_file.h"
 
 #include <windows.h>
@@ -7,6 +7,8 @@
 #include <mutex>
 
 #include "base/paths.h"
+#include "base/temporary_names.h"
+#include "host/left_files.h"
 #include "host/threads.h"
 #include "host/win32/errors.h"
 #include "host/win32/file_facts.h"
@@ -131,7 +133,8 @@ Status SetAside(HANDLE file, const AnsiPath& path, std::uint64_t size) {
 Result<std::unique_ptr<PartFile>> CreatePartFile(std::string_view path, std::uint64_t size) {
   const AnsiPath name(path);
   if (Status status = OnlyRegular(name); !status.ok()) return status;
-  const AnsiPath part(name.core + ".part");
+  const AnsiPath part(base::SiblingOf(name.core, base::PartName(base::NameOf(name.core))));
+  RemoveLeftFiles(base::ParentFolder(AbsolutePath(name.core)));
   const DWORD share = IsNtFamily() ? FILE_SHARE_READ | FILE_SHARE_DELETE : FILE_SHARE_READ;
   RegularFile file;
   do {

@@ -11,6 +11,7 @@
 #include "host/names.h"
 #include "host/native_text.h"
 #include "host/win32/errors.h"
+#include "host/win32/file_facts.h"
 #include "host/win32/native_path.h"
 
 namespace discwright::host {
@@ -86,7 +87,9 @@ Status WriteProfileValue(std::string_view file_name, std::string_view section, s
   const std::optional<NativeKey> native = ToNative(file, section, key);
   const std::optional<std::string> native_value = CodePageBytes(base::OneLine(value));
   // Nor may the value's own bytes make UTF-8 of the file by chance.
-  if (!native || !native_value || base::IsUtf8File(bytes.value) || base::IsUtf8File(*native_value)) {
+  // Through a link the system's call would change the target.
+  if (!native || !native_value || base::IsUtf8File(bytes.value) || base::IsUtf8File(*native_value) ||
+      IsLink(AnsiPath(file))) {
     return WriteTextProfile(file, section, key, value);
   }
   Status written = StatusOfResult(WritePrivateProfileStringA(native->section.c_str(), native->key.c_str(),

@@ -120,6 +120,9 @@ std::unique_ptr<BinaryFile> WrapBinaryFile(OwnedHandle file) {
 Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode mode) {
   const bool writes = mode != OpenMode::kRead;
   const DWORD access = writes ? GENERIC_READ | GENERIC_WRITE : GENERIC_READ;
+  if (mode == OpenMode::kCreateEmpty && IsLink(AnsiPath(path))) {
+    if (Status removed = RemoveFile(path); !removed.ok()) return removed;
+  }
   RegularFile file = OpenRegular(AnsiPath(path), access, writes ? OPEN_ALWAYS : OPEN_EXISTING, ShareEverything());
   // Emptied only now, when it is known to be a file. Besides, CREATE_ALWAYS refuses hidden files.
   if (file.status.ok() && mode == OpenMode::kCreateEmpty) file.status = SetSize(file.handle.get(), 0);

@@ -35,8 +35,9 @@ class BuildTest : public ::testing::Test {
   void MasteringBeginsAndHangs() const {
     program.ReplaceProgram("mkisofs",
                            "while [ \"$1\" != -output ]; do shift; done\n"
-                           "trap 'rm -f \"$2.part\"; exit 1' TERM\n"
-                           "echo begun > \"$2.part\"\n"
+                           "part=${2%/*}/.discwright-${2##*/}.part\n"
+                           "trap 'rm -f \"$part\"; exit 1' TERM\n"
+                           "echo begun > \"$part\"\n"
                            ": > begun\n"
                            "sleep 600 &\n"
                            "wait\n");

@@ -117,6 +117,45 @@ TEST_F(ForeignFolders, ProgramFolderThatWasCopiedWithItsWorkspace_AsksForItsDele
   EXPECT_EQ(RunProgram(command).exit_code, 0);
 }
 
+TEST_F(ForeignFolders, LinksWithTheNamesOfFilesThatABuildWrites_AreReplacedAndTheirTargetsStay) {
+  WriteFile(photos / "keyfile2.txt", "[Win2K]\r\nOwnerName=Ann\r\n");
+  const std::vector<std::string> written = {"makecd.bat",    "mkisofs.log", "discwright.tmp", "vexacd.own",
+                                            "vexastart.img", "vexanet.img", "keyfile.txt"};
+  for (const std::string& name : written) {
+    WriteFile(photos / name, "mine");
+    fs::create_symlink(photos / name, program / name);
+  }
+  fs::create_symlink(photos / "keyfile2.txt", program / "keyfile2.txt");
+  const Outcome outcome = Build({"--set", "FrmWin2KInfo.TxtOwner=Jo"});
+  EXPECT_EQ(outcome.exit_code, 0) << outcome.err;
+  for (const std::string& name : written) {
+    EXPECT_EQ(ReadFile(photos / name), "mine") << name;
+    EXPECT_FALSE(fs::is_symlink(program / name)) << name;
+  }
+  EXPECT_THAT(ReadFile(photos / "keyfile2.txt"), HasSubstr("OwnerName=Ann"));
+}
+
+TEST_F(ForeignFolders, SessionThatIsKeptBehindALink_StaysThere) {
+  fs::create_symlink(photos / "session.ini", place / "link.ini");
+  for (const char* value : {"1", "0"}) {
+    const Outcome outcome =
+        Build({"--save-session", (place / "link.ini").string(), "--set", std::string("ChkSelectDrivers=") + value});
+    ASSERT_EQ(outcome.exit_code, 0) << outcome.err;
+    EXPECT_TRUE(fs::is_symlink(place / "link.ini"));
+    EXPECT_THAT(ReadFile(photos / "session.ini"), HasSubstr(std::string("= ") + value + "\r\n"));
+  }
+}
+
+TEST_F(ForeignFolders, SessionOrPasswordInTheWorkspace_IsRefused) {
+  WriteLeftFile(program, "vexacd/mine.ini", "[VexaCD]\r\n");
+  const std::string file = (program / "vexacd" / "mine.ini").string();
+  for (const char* option : {"--password-file", "--save-session"}) {
+    ExpectUntouched(Build({option, file}), 2,
+                    file + " is in " + (program / "vexacd").string() + ", which every build empties");
+  }
+  EXPECT_EQ(ReadFile(file), "[VexaCD]\r\n");
+}
+
 TEST_F(ForeignFolders, WithoutProc_TheProgramsOwnFolderIsUsedAndNotTheCurrentOne) {
   WriteFile(photos / "vexacd" / "photo.jpg", "mine");
   const std::vector<std::string> hide_proc = {"unshare", "-m", "sh", "-c", "mount -t tmpfs none /proc && exec \"$@\"",

@@ -60,7 +60,7 @@ TEST_F(FullDisk, NotAByteLeftForTheWorkspace_IsReportedAndNoImageIsMade) {
   const Outcome outcome = on_disk->Build(Output(image));
   EXPECT_EQ(outcome.exit_code, 1) << outcome.err;
   EXPECT_THAT(outcome.err, HasSubstr("No space left on device"));
-  EXPECT_THAT(outcome.err, HasSubstr("Fatal Error: The creation the Boot image \"Vexa Rescue Software\" failed"));
+  EXPECT_THAT(outcome.err, HasSubstr("vexacd and its mark could not be made: No space left on device."));
   EXPECT_TRUE(NoImageAt(image));
 }
 

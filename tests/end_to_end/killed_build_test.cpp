@@ -1,6 +1,7 @@
 // Tests of builds that are killed: no image stands under its final name, and the next build succeeds.
 #include <chrono>
 #include <csignal>
+#include <set>
 #include <thread>
 
 #include "tests/end_to_end/build_test.h"
@@ -12,6 +13,13 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr int kMoments = 10;
+
+std::set<std::string> NamesIn(const fs::path& folder) {
+  std::set<std::string> names;
+  for (const fs::directory_entry& entry : fs::directory_iterator(folder))
+    names.insert(entry.path().filename().string());
+  return names;
+}
 
 class KilledBuild : public BuildTest {
  protected:
@@ -50,11 +58,28 @@ TEST_F(KilledBuild, AtTenMoments_NextBuildMakesTheSameDisc) {
   }
 }
 
+TEST_F(KilledBuild, LeftFilesOfEveryKind_AreGoneAfterTheNextBuild) {
+  ASSERT_EQ(Build().exit_code, 0);
+  const std::set<std::string> names = NamesIn(program.folder());
+  // What a run can leave when it is killed in the middle of a step.
+  for (const char* name : {"discwright.tmp", "vexawin.img", "vexalinkwell.img", ".discwright-12345-0"}) {
+    WriteFile(program / name, "left");
+  }
+  for (const char* name : {".discwright-rescue.iso.part", ".discwright-rescue.iso.test", ".discwright-12345-1"}) {
+    WriteFile(place / name, "left");
+  }
+  WriteFile(place / "rescue.iso.part", "mine");
+  EXPECT_EQ(Build().exit_code, 0);
+  EXPECT_EQ(NamesIn(program.folder()), names);
+  EXPECT_THAT(PartsOf(image), ::testing::ElementsAre("rescue.iso.part"));
+  EXPECT_EQ(ReadFile(place / "rescue.iso.part"), "mine");
+}
+
 TEST_F(KilledBuild, WhileMastering_WhatStillRunsOfItCannotSpoilTheNextImage) {
   const fs::path go_on = place / "go on";
   program.ReplaceProgram("mkisofs",
                          "while [ \"$1\" != -output ]; do shift; done\n"
-                         "exec 3> \"$2.part\"\n"
+                         "exec 3> \"${2%/*}/.discwright-${2##*/}.part\"\n"
                          ": > begun\n"
                          "until [ -e '" +
                              go_on.string() +

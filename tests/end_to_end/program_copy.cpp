@@ -64,7 +64,8 @@ std::vector<std::string> PartsOf(const fs::path& image) {
   std::vector<std::string> parts;
   for (const fs::directory_entry& entry : fs::directory_iterator(image.parent_path())) {
     const std::string name = entry.path().filename().string();
-    if (entry.path() != image && name.starts_with(image.filename().string())) parts.push_back(name);
+    const bool is_of_a_program = name.starts_with(image.filename().string()) || name.starts_with(".discwright-");
+    if (entry.path() != image && is_of_a_program) parts.push_back(name);
   }
   return parts;
 }

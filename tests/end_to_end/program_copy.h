@@ -40,7 +40,7 @@ std::vector<std::string> Join(std::vector<std::string> first, const std::vector<
                               const std::vector<std::string>& third = {}, const std::vector<std::string>& fourth = {},
                               const std::vector<std::string>& fifth = {});
 
-// The files beside an image whose names begin with its name, such as the ".part" of an unfinished image.
+// The files beside an image that a program made: temporary ones, and those whose names begin with the image's name.
 std::vector<std::string> PartsOf(const std::filesystem::path& image);
 
 // Whether neither the image nor a part of it exists.

@@ -29,7 +29,7 @@ TEST(PartFileTest, Committed_HasItsNameAndContent) {
   const auto file = Create(folder);
   EXPECT_TRUE(file->WriteAt(0, Bytes("one ")).ok());
   EXPECT_TRUE(file->WriteAt(4, Bytes("two")).ok());
-  EXPECT_THAT(folder.Names(), ElementsAre("file.part"));
+  EXPECT_THAT(folder.Names(), ElementsAre(".discwright-file.part"));
   EXPECT_EQ(file->Commit().cause, "");
   EXPECT_THAT(folder.Names(), ElementsAre("file"));
   EXPECT_EQ(folder.Read("file"), "one two");
@@ -46,12 +46,36 @@ TEST(PartFileTest, NotCommitted_LeavesNothingButAnEarlierFile) {
 TEST(PartFileTest, Committed_ReplacesAnEarlierFile) {
   const TempFolder folder;
   folder.Write("file", "earlier and longer");
-  folder.Write("file.part", "left by a run that was killed");
+  folder.Write(".discwright-file.part", "left by a run that was killed");
   const auto file = Create(folder);
   EXPECT_TRUE(file->WriteAt(0, Bytes("new")).ok());
   EXPECT_EQ(file->Commit().cause, "");
   EXPECT_EQ(folder.Read("file"), "new");
   EXPECT_THAT(folder.Names(), ElementsAre("file"));
+}
+
+TEST(PartFileTest, FileOfTheUserThatIsCalledPart_StaysAsItIs) {
+  const TempFolder folder;
+  folder.Write("file.part", "mine");
+  EXPECT_EQ(Create(folder)->Commit().cause, "");
+  EXPECT_EQ(folder.Read("file.part"), "mine");
+}
+
+TEST(PartFileTest, WhatKilledRunsLeftBesideIt_IsDeleted) {
+  const TempFolder folder;
+  for (const char* name : {".discwright-12-0", ".discwright-other.part", ".discwright-file.test"}) {
+    folder.Write(name, "left");
+  }
+  EXPECT_EQ(Create(folder)->Commit().cause, "");
+  EXPECT_THAT(folder.Names(), ElementsAre("file"));
+}
+
+TEST(PartFileTest, UnfinishedFileOfAnotherName_StaysWhileItIsWritten) {
+  const TempFolder folder;
+  const auto other = Create(folder, "other");
+  EXPECT_EQ(Create(folder)->Commit().cause, "");
+  EXPECT_EQ(other->Commit().cause, "");
+  EXPECT_THAT(folder.Names(), ElementsAre("file", "other"));
 }
 
 TEST(PartFileTest, PartsInAnyOrder_MakeTheWholeFile) {
@@ -92,7 +116,7 @@ TEST(PartFileTest, OfTwoRuns_TheLaterWins) {
   EXPECT_TRUE(late->WriteAt(0, Bytes("la")).ok());
   EXPECT_EQ(early->Commit().error, ErrorClass::kExists);
   early.reset();
-  EXPECT_THAT(folder.Names(), ElementsAre("file.part"));
+  EXPECT_THAT(folder.Names(), ElementsAre(".discwright-file.part"));
   EXPECT_TRUE(late->WriteAt(2, Bytes("te")).ok());
   EXPECT_TRUE(late->Commit().ok());
   EXPECT_EQ(folder.Read("file"), "late");
@@ -116,7 +140,7 @@ TEST(PartFileTest, FolderWithItsName_IsAFailure) {
 
 TEST(PartFileTest, PlaceThatCannotHoldIt_IsAFailure) {
   const TempFolder folder;
-  folder.MakeFolder("taken.part");
+  folder.MakeFolder(".discwright-taken.part");
   EXPECT_EQ(CreatePartFile(folder.Core("missing\\file"), 0).status.error, ErrorClass::kNotFound);
   EXPECT_FALSE(CreatePartFile(folder.Core("taken"), 0).ok());
 }

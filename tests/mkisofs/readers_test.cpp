@@ -182,7 +182,7 @@ TEST_F(Readers, FailedRun_SaysWhyOnStandardErrorAlone) {
 
 TEST_F(Readers, PartOfAKilledRun_IsReplaced) {
   folder.Write("tree/boot/loader.bin", "loader");
-  folder.Write("image.iso.part", "of a killed run");
+  folder.Write(".discwright-image.iso.part", "of a killed run");
   RunProgram();
   EXPECT_THAT(folder.Names(), ::testing::ElementsAre("image.iso", "tree"));
 }

@@ -14,10 +14,38 @@ class WhyNotBuiltHereTest : public ::testing::Test {
   std::shared_ptr<void> claim;
 };
 
-TEST_F(WhyNotBuiltHereTest, WritableFolder_IsAcceptedAndStaysEmpty) {
+TEST_F(WhyNotBuiltHereTest, WritableFolder_IsAcceptedAndEmptyAfterTheBuild) {
   EXPECT_EQ(WhyNotBuiltHere(claim), "");
-  EXPECT_TRUE(host.Files().empty());
   EXPECT_NE(claim, nullptr);
+  claim.reset();
+  EXPECT_TRUE(host.Files().empty());
+}
+
+TEST_F(WhyNotBuiltHereTest, RunThatWasKilled_LeavesNothingForTheNextOne) {
+  EXPECT_EQ(WhyNotBuiltHere(claim), "");
+  EXPECT_TRUE(host.Exists("C:\\Discwright\\discwright.tmp"));
+  for (const char* name : {"vexawin.img", "vexanet.img", ".discwright-12-3", "discwright.tmp"}) {
+    host.AddFile(std::string("C:\\Discwright\\") + name, "of the killed run");
+  }
+  std::shared_ptr<void> next;
+  EXPECT_EQ(WhyNotBuiltHere(next), "");
+  claim.reset();
+  next.reset();
+  EXPECT_TRUE(host.Files().empty());
+}
+
+TEST_F(WhyNotBuiltHereTest, ImageOfARunThatEnded_Stays) {
+  host.AddFile("C:\\Discwright\\vexawin.img", "image");
+  EXPECT_EQ(WhyNotBuiltHere(claim), "");
+  claim.reset();
+  EXPECT_EQ(host.Files().size(), 1U);
+}
+
+TEST_F(WhyNotBuiltHereTest, FolderThatIsRefused_KeepsNoTestFile) {
+  host.AddFile("C:\\Discwright\\vexacd\\photo.jpg", "mine");
+  EXPECT_NE(WhyNotBuiltHere(claim), "");
+  EXPECT_EQ(claim, nullptr);
+  EXPECT_EQ(host.Files().size(), 1U);
 }
 
 TEST_F(WhyNotBuiltHereTest, FolderWhereAnotherBuilds_IsNamedWithAWayOut) {

@@ -8,8 +8,10 @@
 #include <cstring>
 #include <stdexcept>
 
+#include "base/temporary_names.h"
 #include "base/windows_1252.h"
 #include "host/folder_facts.h"
+#include "host/left_files.h"
 #include "host/names.h"
 #include "host/native_text.h"
 #include "host/profile.h"
@@ -294,6 +296,12 @@ Status Store(std::string_view path, std::string_view content, std::int64_t size_
   return Status::Success();
 }
 
+void RemoveLink(std::string_view path) {
+  const std::string key = testing::Resolve(Fake(), FakeHost::Key(path), false);
+  const auto node = Fake().nodes.find(key);
+  if (node != Fake().nodes.end() && !node->second.link_target.empty()) Fake().nodes.erase(node);
+}
+
 bool HasChildren(const std::string& key) {
   const auto child = Fake().nodes.lower_bound(key + "\\");
   return child != Fake().nodes.end() && child->first.starts_with(key + "\\");
@@ -374,8 +382,19 @@ Result<FolderFacts> FactsOfFolder(std::string_view path) {
   return FolderFacts{std::to_string(node->number), Fake().mount_points.contains(FakeHost::Key(path))};
 }
 
-// In lower case, because the fake finds names by their keys.
-std::string FollowedPath(std::string_view path) { return testing::Resolve(Fake(), FakeHost::Key(path), true); }
+// A path that goes through a link or a parent is in lower case then, because the fake finds names by their keys.
+std::string FollowedPath(std::string_view path) {
+  const std::string key = FakeHost::Key(path);
+  std::string followed = testing::Resolve(Fake(), key, true);
+  const bool is_plain = followed == key && path.size() > 1 && path[1] == ':' && path.find("..") == path.npos;
+  return is_plain ? std::string(path) : followed;
+}
+
+void RemoveLeftFiles(std::string_view folder) {
+  for (const Entry& entry : ListFolder(folder, "*.*").value) {
+    if (base::IsTemporaryName(entry.name)) Fake().nodes.erase(FakeHost::Key(std::string(folder) + "\\" + entry.name));
+  }
+}
 
 Status CheckReadable(std::string_view path) {
   if (Status status = Fake().Enter("CheckReadable", path); !status.ok()) return status;
@@ -450,6 +469,7 @@ Result<std::string> ReadWholeFile(std::string_view path, std::int64_t most) {
 Status WriteWholeFile(std::string_view path, std::string_view content, FileTimes times) {
   const std::string record = std::string(path) + (times == FileTimes::kKept ? " (keeping its times)" : "");
   if (Status status = Fake().Enter("WriteWholeFile", path, record); !status.ok()) return status;
+  RemoveLink(path);
   return Store(path, content);
 }
 
@@ -471,6 +491,7 @@ Status CopyFileWithProgress(std::string_view from, std::string_view to, const Co
 Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode mode) {
   Status status = Fake().Enter("OpenBinary", path, path);
   if (!status.ok()) return status;
+  if (mode == OpenMode::kCreateEmpty) RemoveLink(path);
   FakeHost::Node* node = Following(path);
   if (mode == OpenMode::kRead && node == nullptr) status = testing::Missing();
   if (node != nullptr && node->kind != EntryKind::kFile) {

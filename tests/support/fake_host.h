@@ -16,9 +16,10 @@
 
 namespace discwright::testing {
 
-// Implements all functions of host/files.h, host/folder_facts.h, host/names.h, host/system.h, host/desktop.h,
-// host/script.h, host/profile.h, host/native_text.h, host/shell_operations.h and WindowsProgramLine. Construct one at
-// the start of each test, as a member of the fixture. It starts empty; its program folder is C:\Discwright.
+// Implements all functions of host/files.h, host/folder_facts.h, host/left_files.h, host/names.h, host/system.h,
+// host/desktop.h, host/script.h, host/profile.h, host/native_text.h, host/shell_operations.h and WindowsProgramLine.
+// Construct one at the start of each test, as a member of the fixture. It starts empty; its program folder is
+// C:\Discwright.
 class FakeHost {
  public:
   FakeHost();

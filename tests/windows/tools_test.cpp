@@ -62,7 +62,7 @@ TEST_P(Tools, SameTree_IsMasteredToTheSameBits) {
   ASSERT_EQ(windows_run.exit_code, 0) << windows_run.err;
   EXPECT_EQ(Difference(ReadWithBsdtar(place / "here.iso"), ReadWithBsdtar(place / "there.iso")), "");
   EXPECT_TRUE(ReadFile(place / "here.iso") == ReadFile(place / "there.iso"));
-  EXPECT_FALSE(fs::exists(place / "there.iso.part"));
+  EXPECT_FALSE(fs::exists(place / ".discwright-there.iso.part"));
 }
 
 TEST_P(Tools, UnknownOption_IsRefusedAndLeavesNothing) {

@@ -39,7 +39,9 @@ TEST_F(IsoDestinationTest, ExistingFileThatCannotBeRead_IsNeitherEmptiedNorRemov
 
 TEST_F(IsoDestinationTest, NewFileInAnExistingFolder_IsTriedOutWithoutATrace) {
   EXPECT_EQ(WhyNoIsoDestination("E:\\images\\new.iso"), kCorrect);
-  EXPECT_THAT(host.calls, ElementsAre("OpenBinary E:\\images\\new.iso", "RemoveFile E:\\images\\new.iso"));
+  EXPECT_THAT(host.calls,
+              ElementsAre("OpenBinary E:\\images\\new.iso", "OpenBinary E:\\images\\.discwright-new.iso.test",
+                          "RemoveFile E:\\images\\.discwright-new.iso.test"));
   EXPECT_FALSE(host.Exists("E:\\images\\new.iso"));
 }
 
@@ -48,12 +50,14 @@ TEST_F(IsoDestinationTest, NewFileOnADrive_IsCorrect) { EXPECT_EQ(WhyNoIsoDestin
 TEST_F(IsoDestinationTest, NewFileInTheRootFolder_IsCorrect) {
   host.nodes[""].kind = host::EntryKind::kFolder;  // of a system without drives
   EXPECT_EQ(WhyNoIsoDestination("\\new.iso"), kCorrect);
-  EXPECT_THAT(host.calls, ElementsAre("OpenBinary \\new.iso", "RemoveFile \\new.iso"));
+  EXPECT_THAT(host.calls, ElementsAre("OpenBinary \\new.iso", "OpenBinary \\.discwright-new.iso.test",
+                                      "RemoveFile \\.discwright-new.iso.test"));
 }
 
 TEST_F(IsoDestinationTest, BareFileName_IsTriedInTheCurrentFolder) {
   EXPECT_EQ(WhyNoIsoDestination("new.iso"), kCorrect);
-  EXPECT_THAT(host.calls, ElementsAre("OpenBinary new.iso", "RemoveFile new.iso"));
+  EXPECT_THAT(host.calls, ElementsAre("OpenBinary new.iso", "OpenBinary .discwright-new.iso.test",
+                                      "RemoveFile .discwright-new.iso.test"));
   EXPECT_FALSE(host.Exists("C:\\Current\\new.iso"));
 }
 
@@ -124,7 +128,9 @@ TEST_F(IsoDestinationTest, QuotesAndBlanksAroundTheName_AreNoPartOfIt) {
   EXPECT_EQ(WhyNoIsoDestination("E:\\images\\cd.iso\\"), kCorrect);
   EXPECT_THAT(host.calls, IsEmpty());
   EXPECT_EQ(WhyNoIsoDestination(" \"E:\\images\\new.iso\""), kCorrect);
-  EXPECT_THAT(host.calls, ElementsAre("OpenBinary E:\\images\\new.iso", "RemoveFile E:\\images\\new.iso"));
+  EXPECT_THAT(host.calls,
+              ElementsAre("OpenBinary E:\\images\\new.iso", "OpenBinary E:\\images\\.discwright-new.iso.test",
+                          "RemoveFile E:\\images\\.discwright-new.iso.test"));
 }
 
 TEST_F(IsoDestinationTest, DevicePipeOrSocket_IsNeverOpened) {
@@ -166,7 +172,25 @@ TEST_F(IsoDestinationTest, ProbeThatCannotBeWritten_IsReportedWithTheCauseAndRem
 TEST_F(IsoDestinationTest, ProbeThatCannotBeRemoved_IsReportedWithTheCauseAndHoldsTheTestLine) {
   host.FailOn("RemoveFile", "new.iso", host::ErrorClass::kAccessDenied, "Permission denied");
   EXPECT_EQ(WhyNoIsoDestination("E:\\images\\new.iso"), "E:\\images\\new.iso cannot be written: Permission denied.");
-  EXPECT_EQ(host.Content("E:\\images\\new.iso"), "Test\r\n");
+  EXPECT_EQ(host.Content("E:\\images\\.discwright-new.iso.test"), "Test\r\n");
+  EXPECT_FALSE(host.Exists("E:\\images\\new.iso"));
+}
+
+TEST_F(IsoDestinationTest, TestFileOfAKilledRun_IsReplacedAndRemoved) {
+  host.AddFile("E:\\images\\.discwright-new.iso.test", "Te");
+  EXPECT_EQ(WhyNoIsoDestination("E:\\images\\new.iso"), kCorrect);
+  EXPECT_THAT(host.Files(), IsEmpty());
+}
+
+TEST_F(IsoDestinationTest, TestFileThatAnotherRunHasDeleted_IsNoFailure) {
+  host.FailOn("RemoveFile", ".discwright-new.iso.test", host::ErrorClass::kNotFound);
+  EXPECT_EQ(WhyNoIsoDestination("E:\\images\\new.iso"), kCorrect);
+}
+
+TEST_F(IsoDestinationTest, NameThatTheSystemRefuses_IsReportedAlthoughTheTestFileCouldBeMade) {
+  host.FailOn("OpenBinary", "E:\\images\\new.iso", host::ErrorClass::kOther, "File name too long");
+  EXPECT_EQ(WhyNoIsoDestination("E:\\images\\new.iso"), "E:\\images\\new.iso cannot be written: File name too long.");
+  EXPECT_THAT(host.calls, ElementsAre("OpenBinary E:\\images\\new.iso"));
 }
 
 // A file with the mark of a disc image at its place, cut to `size` bytes.

@@ -24,11 +24,27 @@ std::unique_ptr<PartFile> Create(const TempFolder& folder, const std::string& na
 TEST(PartFileTest, LinkUnderThePartsName_IsReplacedNotFollowed) {
   const TempFolder folder;
   folder.Write("precious", "content");
-  folder.Link("precious", "file.part");
+  folder.Link("precious", ".discwright-file.part");
   const auto file = Create(folder, "file");
   EXPECT_TRUE(file->WriteAt(0, Bytes("new")).ok());
   EXPECT_TRUE(file->Commit().ok());
   EXPECT_EQ(folder.Read("precious"), "content");
+}
+
+TEST(PartFileTest, LinkWithItsName_IsReplacedNotFollowed) {
+  const TempFolder folder;
+  folder.Write("precious", "content");
+  folder.Link("precious", "file");
+  EXPECT_TRUE(Create(folder, "file")->Commit().ok());
+  EXPECT_EQ(folder.Read("precious"), "content");
+  EXPECT_EQ(folder.Read("file"), "");
+}
+
+TEST(PartFileTest, LongestPossibleName_IsWritten) {
+  const TempFolder folder;
+  const std::string name(255, 'n');
+  EXPECT_EQ(Create(folder, name)->Commit().cause, "");
+  EXPECT_THAT(folder.Names(), ElementsAre(name));
 }
 
 TEST(PartFileTest, PipeWithItsName_IsAFailure) {

@@ -40,7 +40,7 @@ TEST(PartFileTest, LockedEarlierFile_StaysAndNothingElseIsLeft) {
 
 TEST(PartFileTest, ReadOnlyEarlierFileAndLeftPart_AreReplaced) {
   const TempFolder folder;
-  for (const char* name : {"file", "file.part"}) {
+  for (const char* name : {"file", ".discwright-file.part"}) {
     folder.Write(name, "earlier");
     folder.SetReadOnly(name);
   }

@@ -16,9 +16,10 @@ namespace fs = std::filesystem;
 
 class KilledMkisofs : public Mastering {};
 
-// Half an image must never stand under the image's name. SIGTERM also removes the ".part" file; SIGKILL cannot.
+// Half an image must never stand under the image's name. SIGTERM also removes the unfinished file; SIGKILL cannot.
 TEST_F(KilledMkisofs, WhileItWrites_LeavesNoImage) {
   const std::string iso = folder.Native("image.iso");
+  const std::string part = folder.Native(".discwright-image.iso.part");
   folder.Write("tree/boot/loader.bin", "loader");
   folder.Write("tree/large", "");
   fs::resize_file(folder.Native("tree/large"), 0xFFFFFFFF);
@@ -35,7 +36,7 @@ TEST_F(KilledMkisofs, WhileItWrites_LeavesNoImage) {
       execv(MKISOFS_PROGRAM, arguments.data());
       _exit(127);
     }
-    const auto is_under_way = [&] { return fs::exists(iso + ".part") && fs::file_size(iso + ".part") > 0; };
+    const auto is_under_way = [&] { return fs::exists(part) && fs::file_size(part) > 0; };
     while (!is_under_way() && waitpid(program, nullptr, WNOHANG) == 0)
       std::this_thread::sleep_for(std::chrono::milliseconds(1));
     kill(program, signal);
@@ -43,8 +44,8 @@ TEST_F(KilledMkisofs, WhileItWrites_LeavesNoImage) {
     waitpid(program, &status, 0);
     EXPECT_TRUE(signal == SIGKILL ? WIFSIGNALED(status) : WIFEXITED(status) && WEXITSTATUS(status) == 1);
     EXPECT_FALSE(fs::exists(iso));
-    EXPECT_EQ(fs::exists(iso + ".part"), signal == SIGKILL);
-    fs::remove(iso + ".part");
+    EXPECT_EQ(fs::exists(part), signal == SIGKILL);
+    fs::remove(part);
   }
 }
 

@@ -1,0 +1,45 @@
+// Knows by their locks which temporary files are still being written. The system releases the locks of killed programs.
+#include "host/left_files.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "base/temporary_names.h"
+#include "host/posix/case_lookup.h"
+#include "host/posix/folder_reader.h"
+#include "host/posix/native_path.h"
+#include "host/posix/new_file.h"
+
+namespace discwright::host {
+
+bool IsAt(int fd, const std::string& native) {
+  struct stat opened {};
+  struct stat named {};
+  return fstat(fd, &opened) == 0 && lstat(native.c_str(), &named) == 0 && opened.st_dev == named.st_dev &&
+         opened.st_ino == named.st_ino;
+}
+
+UniqueFd CreateLocked(const std::string& native, mode_t mode) {
+  for (;;) {
+    UniqueFd fd(open(native.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode));
+    // On a file system without locks nobody else gets one either, and then nothing is deleted.
+    if (fd.valid()) static_cast<void>(flock(fd.get(), LOCK_EX | LOCK_NB));
+    // Before it was locked, another program may have taken it for a file of a killed run.
+    if (!fd.valid() || IsAt(fd.get(), native)) return fd;
+  }
+}
+
+void RemoveLeftFiles(std::string_view folder) {
+  FolderReader reader(RealPath(folder));
+  while (const dirent* found = reader.Next()) {
+    if (!base::IsTemporaryName(found->d_name)) continue;
+    const UniqueFd fd(openat(reader.fd(), found->d_name, O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    struct stat facts {};
+    if (!fd.valid() || fstat(fd.get(), &facts) != 0 || !S_ISREG(facts.st_mode)) continue;
+    if (flock(fd.get(), LOCK_EX | LOCK_NB) == 0) unlinkat(reader.fd(), found->d_name, 0);
+  }
+}
+
+}  // namespace discwright::host
