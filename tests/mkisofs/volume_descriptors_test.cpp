@@ -46,7 +46,7 @@ class VolumeDescriptors : public ::testing::Test {
   }
 
   Options options;
-  Tree tree{.nodes = {Node()}, .folders = {Folder()}, .names = {}, .volumes = {}};
+  Tree tree{.nodes = {Node()}, .folders = {Folder()}, .names = {}, .volumes = {}, .left_out = {}};
   Layout layout;
 };
 
