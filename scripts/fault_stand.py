@@ -143,6 +143,16 @@ def copy_folder(source, target):
     subprocess.run(["cp", "-a", "--", source, target], check=True)
 
 
+def mark_workspaces(stand):
+    """The program empties only folders that it knows by their identity, and a copied folder has a new one. So its mark
+    is written again, as the program writes it."""
+    for mark in (stand / "program").glob("*.own"):
+        folder = mark.with_suffix("")
+        made = subprocess.run(["stat", "-c", "%.W", "--", folder], check=True, stdout=subprocess.PIPE, text=True).stdout
+        seconds, nanoseconds = (int(part) for part in made.strip().split("."))
+        mark.write_text(f"made {seconds}.{nanoseconds}" if seconds else f"number {folder.stat().st_ino}")
+
+
 def facts_of(path):
     """What must not change of a file or folder that is only read. A folder's size is the file system's own affair."""
     facts = path.lstat()

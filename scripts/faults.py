@@ -226,6 +226,7 @@ class Job:
         shutil.rmtree(self.folder, ignore_errors=True)
         self.traces.mkdir(parents=True)
         fault_stand.copy_folder(self.campaign.work / "stands" / scenario, self.stand)
+        fault_stand.mark_workspaces(self.stand)
 
     def command(self, injection):
         """Makes the stand ready for the fault; the command to be run in it."""

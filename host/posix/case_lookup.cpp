@@ -5,30 +5,33 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstdint>
 #include <memory>
 #include <mutex>
-#include <optional>
 #include <unordered_map>
 
 #include "host/names.h"
+#include "host/posix/errors.h"
 #include "host/posix/folder_reader.h"
 #include "host/posix/native_path.h"
 
 namespace discwright::host {
 namespace {
 
-bool IsMissing(int error) { return error == ENOENT || error == ENOTDIR; }
+// Whether a folder that may be searched but not listed is a failure, or counts as a folder without the name.
+enum class Unlisted { kFailure, kEmpty };
 
-bool Exists(const std::string& native) {
+// The failure is kNotFound when there is nothing.
+Status LookAt(const std::string& native) {
   struct stat facts {};
-  return lstat(native.c_str(), &facts) == 0 || !IsMissing(errno);
+  return StatusOfResult(lstat(native.c_str(), &facts));
 }
+
+bool IsMissing(const Status& status) { return status.error == ErrorClass::kNotFound; }
 
 std::string FoldedName(std::string_view native_name) { return FoldCase(CoreName(native_name)); }
 
-// Which folder it is and when it last changed.
+// The identity of a folder, and the times of its last changes.
 struct Stamp {
   dev_t device = 0;
   ino_t inode = 0;
@@ -44,7 +47,7 @@ struct Stamp {
   }
 };
 
-// The names of one folder as they were at the time of its stamp.
+// The names in one folder, as they were at the time of the stamp.
 struct Snapshot {
   Stamp stamp;
   std::unordered_map<std::string, std::string> names;  // folded name -> real name
@@ -57,38 +60,42 @@ struct Snapshot {
   }
 };
 
-std::optional<Snapshot> TakeSnapshot(const std::string& folder) {
+Result<std::unique_ptr<Snapshot>> TakeSnapshot(const std::string& folder) {
   FolderReader reader(folder);
   struct stat facts {};
-  // The stamp is taken before the names: a change in between makes the snapshot stale, never wrongly fresh.
-  if (!reader.status().ok() || fstat(reader.fd(), &facts) != 0) return std::nullopt;
-  Snapshot snapshot{Stamp(facts), {}, {}};
-  while (const dirent* entry = reader.Next()) snapshot.Add(entry->d_name);
+  if (!reader.status().ok()) return reader.status();
+  // The stamp is taken before the names. A change in between makes the snapshot too old, but never wrong and fresh.
+  if (fstat(reader.fd(), &facts) != 0) return LastFailure();
+  auto snapshot = std::make_unique<Snapshot>(Snapshot{Stamp(facts), {}, {}});
+  while (const dirent* entry = reader.Next()) snapshot->Add(entry->d_name);
   // With some of the names missing, a file that is there would be taken for a new one.
-  if (!reader.status().ok()) return std::nullopt;
+  if (!reader.status().ok()) return reader.status();
   return snapshot;
 }
 
 class FolderCache {
  public:
-  // The real spelling of `name` in a folder, or `name` itself when it is new there; nothing when the folder is missing.
-  std::optional<std::string> Find(const std::string& folder, std::string_view name) {
+  // The real spelling of `name` in a folder, or `name` itself when it is new there. The failure is kNotFound when the
+  // folder is missing.
+  Result<std::string> Find(const std::string& folder, std::string_view name, Unlisted unlisted) {
     const std::lock_guard lock(mutex_);
     struct stat facts {};
-    if (stat(folder.c_str(), &facts) != 0) {
-      return IsMissing(errno) ? std::nullopt : std::optional<std::string>(name);
-    }
+    if (stat(folder.c_str(), &facts) != 0) return LastFailure();
     const std::string folded = FoldedName(name);
     for (const bool reload : {false, true}) {
-      Snapshot* snapshot = Fresh(folder, Stamp(facts), reload);
-      if (snapshot == nullptr) break;
-      const auto found = snapshot->names.find(folded);
-      if (found == snapshot->names.end()) {
-        snapshot->announced = name;
+      const Result<Snapshot*> snapshot = Fresh(folder, Stamp(facts), reload);
+      if (snapshot.status.error == ErrorClass::kAccessDenied && unlisted == Unlisted::kEmpty) break;
+      // A folder that has just been removed is missing; one that is no folder has no names.
+      if (!snapshot.ok()) return snapshot.status;
+      const auto found = snapshot.value->names.find(folded);
+      if (found == snapshot.value->names.end()) {
+        snapshot.value->announced = name;
         break;
       }
-      // A name deleted within the clock's granularity leaves the stamp as it was: believe it only when it is there.
-      if (Exists(NativeJoin(folder, found->second))) return found->second;
+      // The stamp does not show a deletion that follows within one tick of the clock. So the name is looked at.
+      const Status there = LookAt(NativeJoin(folder, found->second));
+      if (there.ok()) return found->second;
+      if (!IsMissing(there)) return there;
     }
     return std::string(name);
   }
@@ -99,7 +106,7 @@ class FolderCache {
     if (stat(NativeFolder(native).c_str(), &facts) != 0) return;
     const Stamp stamp(facts);
     const auto place = Place(stamp);
-    // Only right after a lookup the names are known to be up to date; otherwise the folder must be read again.
+    // The names are only known to be up to date right after a lookup. Otherwise the folder must be read again.
     if (place == folders_.end() || (*place)->announced != NativeName(native)) return;
     (*place)->announced.clear();
     (*place)->Add(NativeName(native));
@@ -111,7 +118,7 @@ class FolderCache {
     struct stat facts {};
     if (stat(folder.c_str(), &facts) != 0) return;
     const auto place = Place(Stamp(facts));
-    // The clock may be too coarse to show it in the folder's times.
+    // The clock may be too coarse to show the change in the times of the folder.
     if (place != folders_.end()) place->reset();
   }
 
@@ -123,15 +130,15 @@ class FolderCache {
                         [&](const auto& folder) { return folder != nullptr && folder->stamp.SameFolder(stamp); });
   }
 
-  // The names of the folder with this stamp, read again when they are not known or out of date.
-  Snapshot* Fresh(const std::string& folder, const Stamp& stamp, bool reload) {
+  // The names of the folder with this stamp. They are read again when they are not known or out of date.
+  Result<Snapshot*> Fresh(const std::string& folder, const Stamp& stamp, bool reload) {
     auto place = Place(stamp);
     const bool known = place != folders_.end();
     if (!known || reload || !(*place)->stamp.SameTimes(stamp)) {
-      std::optional<Snapshot> names = TakeSnapshot(folder);
-      if (!names) return nullptr;
+      Result<std::unique_ptr<Snapshot>> names = TakeSnapshot(folder);
+      if (!names.ok()) return names.status;
       if (!known) place = LeastUsed();
-      *place = std::make_unique<Snapshot>(std::move(*names));
+      *place = std::move(names.value);
     }
     (*place)->last_used = ++clock_;
     return place->get();
@@ -153,33 +160,41 @@ FolderCache& Cache() {
   return cache;
 }
 
-// The real spelling of a native path that does not exist as written: first its folder's, then the name in there.
-std::string LookUp(const std::string& native) {
+// The real spelling of a native path that does not exist as written: first that of its folder, then that of the name.
+Result<std::string> LookUp(const std::string& native, Unlisted unlisted) {
   const std::string_view name = NativeName(native);
   if (name.empty()) return native;
   std::string folder = NativeFolder(native);
-  std::optional<std::string> real = Cache().Find(folder, name);
-  if (!real) {
-    folder = LookUp(folder);
-    real = Cache().Find(folder, name);
+  Result<std::string> real = Cache().Find(folder, name, unlisted);
+  if (IsMissing(real.status)) {
+    const Result<std::string> real_folder = LookUp(folder, unlisted);
+    if (!real_folder.ok()) return real_folder.status;
+    folder = real_folder.value;
+    real = Cache().Find(folder, name, unlisted);
   }
-  return NativeJoin(folder, real ? *real : std::string(name));
+  if (!real.ok() && !IsMissing(real.status)) return real.status;
+  return NativeJoin(folder, real.ok() ? real.value : std::string(name));
+}
+
+Result<std::string> RealPath(std::string_view path, Unlisted unlisted) {
+  std::string native = NativePath(path);
+  if (native.empty()) return native;
+  const Status there = LookAt(native);
+  if (!IsMissing(there)) return there.ok() ? Result<std::string>(std::move(native)) : there;
+  return LookUp(native, unlisted);
 }
 
 }  // namespace
 
-std::string RealPath(std::string_view path) {
-  std::string native = NativePath(path);
-  return native.empty() || Exists(native) ? native : LookUp(native);
-}
+Result<std::string> RealPath(std::string_view path) { return RealPath(path, Unlisted::kFailure); }
 
-std::string RealPathOfNew(std::string_view path) {
+Result<std::string> RealPathOfNew(std::string_view path) {
   std::string native = NativePath(path);
   const std::string_view name = NativeName(native);
   if (name.empty()) return native;
-  const std::optional<std::string> real = Cache().Find(NativeFolder(native), name);
-  // Anything but a new name in an existing folder: an exact match of the whole path goes first.
-  return real && *real == name ? native : RealPath(path);
+  const Result<std::string> real = Cache().Find(NativeFolder(native), name, Unlisted::kEmpty);
+  // Otherwise the name is not new, or its folder is missing. Then an exact match of the whole path goes first.
+  return real.ok() && real.value == name ? Result<std::string>(std::move(native)) : RealPath(path, Unlisted::kEmpty);
 }
 
 void NoteCreated(const std::string& native) { Cache().NoteCreated(native); }

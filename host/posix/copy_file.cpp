@@ -104,7 +104,10 @@ void KeepTime(int fd, const struct stat& source) {
 // Most names are spelt as they are on the disk, so that is tried before anything is looked up.
 RegularFile OpenSource(std::string_view path) {
   RegularFile file = OpenRegular(NativePath(path), O_RDONLY);
-  if (file.status.error == ErrorClass::kNotFound) file = OpenRegular(RealPath(path), O_RDONLY);
+  if (file.status.error != ErrorClass::kNotFound) return file;
+  const Result<std::string> native = RealPath(path);
+  if (native.ok()) return OpenRegular(native.value, O_RDONLY);
+  file.status = native.status;
   return file;
 }
 
@@ -126,7 +129,8 @@ Status CopyToFreeName(const std::string& from, const std::string& to) {
 }
 
 Status CopyFileWithProgress(std::string_view from, std::string_view to, const CopyRoutine& routine) {
-  return CopyOpenFile(OpenSource(from), RealPathOfNew(to), OnExisting::kReplace, routine);
+  const Result<std::string> target = RealPathOfNew(to);
+  return target.ok() ? CopyOpenFile(OpenSource(from), target.value, OnExisting::kReplace, routine) : target.status;
 }
 
 }  // namespace discwright::host

@@ -51,7 +51,7 @@ std::string HomeFolder() {
 }
 
 std::string FileManagerLine(std::string_view folder) {
-  const std::string native = RealPath(folder.empty() ? HomeFolder() : folder);
+  const std::string native = PathToNative(folder.empty() ? HomeFolder() : folder);
   return InstalledProgramLine("xdg-open", {native}).value_or("");
 }
 

@@ -40,7 +40,10 @@ Status MakeNativeFolders(const std::string& native) {
 std::optional<struct stat> FactsOfBoth(std::string_view a, std::string_view b) {
   struct stat first {};
   struct stat second {};
-  const bool is_one = stat(RealPath(a).c_str(), &first) == 0 && stat(RealPath(b).c_str(), &second) == 0 &&
+  const Result<std::string> native_a = RealPath(a);
+  const Result<std::string> native_b = RealPath(b);
+  if (!native_a.ok() || !native_b.ok()) return std::nullopt;
+  const bool is_one = stat(native_a.value.c_str(), &first) == 0 && stat(native_b.value.c_str(), &second) == 0 &&
                       first.st_dev == second.st_dev && first.st_ino == second.st_ino;
   return is_one ? std::optional(first) : std::nullopt;
 }
@@ -59,24 +62,37 @@ bool SameFile(std::string_view a, std::string_view b) {
 
 bool LiesBelow(std::string_view folder, std::string_view path) {
   using Text = std::unique_ptr<char, decltype(&std::free)>;
-  const Text top(realpath(RealPath(folder).c_str(), nullptr), &std::free);
-  const Text place(realpath(RealPath(path).c_str(), nullptr), &std::free);
+  const Result<std::string> native_folder = RealPath(folder);
+  const Result<std::string> native = RealPath(path);
+  if (!native_folder.ok() || !native.ok()) return false;
+  const Text top(realpath(native_folder.value.c_str(), nullptr), &std::free);
+  const Text place(realpath(native.value.c_str(), nullptr), &std::free);
   return top && place && std::string_view(place.get()).starts_with(std::string(top.get()) + "/");
 }
 
-Status MakeFolders(std::string_view path) { return MakeNativeFolders(RealPath(path)); }
-
-Status ClearAttributes(std::string_view path) {
-  const std::string native = RealPath(path);
-  struct stat facts {};
-  if (lstat(native.c_str(), &facts) != 0) return LastFailure();
-  const mode_t wanted = facts.st_mode | (S_ISDIR(facts.st_mode) ? S_IRWXU : S_IRUSR | S_IWUSR);
-  if (S_ISLNK(facts.st_mode) || wanted == facts.st_mode) return Status::Success();
-  return StatusOfResult(fchmodat(AT_FDCWD, native.c_str(), wanted & 07777u, AT_SYMLINK_NOFOLLOW));
+Status MakeFolders(std::string_view path) {
+  const Result<std::string> native = RealPathOfNew(path);
+  return native.ok() ? MakeNativeFolders(native.value) : native.status;
 }
 
-Status RemoveFile(std::string_view path) { return StatusOfResult(unlink(RealPath(path).c_str())); }
+Status ClearAttributes(std::string_view path) {
+  const Result<std::string> native = RealPath(path);
+  if (!native.ok()) return native.status;
+  struct stat facts {};
+  if (lstat(native.value.c_str(), &facts) != 0) return LastFailure();
+  const mode_t wanted = facts.st_mode | (S_ISDIR(facts.st_mode) ? S_IRWXU : S_IRUSR | S_IWUSR);
+  if (S_ISLNK(facts.st_mode) || wanted == facts.st_mode) return Status::Success();
+  return StatusOfResult(fchmodat(AT_FDCWD, native.value.c_str(), wanted & 07777u, AT_SYMLINK_NOFOLLOW));
+}
 
-Status RemoveEmptyFolder(std::string_view path) { return StatusOfResult(rmdir(RealPath(path).c_str())); }
+Status RemoveFile(std::string_view path) {
+  const Result<std::string> native = RealPath(path);
+  return native.ok() ? StatusOfResult(unlink(native.value.c_str())) : native.status;
+}
+
+Status RemoveEmptyFolder(std::string_view path) {
+  const Result<std::string> native = RealPath(path);
+  return native.ok() ? StatusOfResult(rmdir(native.value.c_str())) : native.status;
+}
 
 }  // namespace discwright::host

@@ -47,8 +47,10 @@ Status FailureOf(std::string_view program, int error) {
 // The arguments that start `program` itself. None when it is no program; `refused` then says why, if a file is there.
 std::vector<std::string> StartOf(std::string_view program, Status& refused) {
   for (const std::string& spelling : Spellings(program)) {
-    const std::string native = RealPath(spelling);
-    if (!IsFile(native)) continue;
+    const Result<std::string> found = RealPath(spelling);
+    if (!found.ok() && refused.ok()) refused = found.status;
+    const std::string& native = found.value;
+    if (!found.ok() || !IsFile(native)) continue;
     if (EndsWithExtension(native, ".bat")) return {"/bin/sh", native};
     if (IsExecutable(native)) return {native};
     if (refused.ok()) refused = FailureOf(program, EACCES);
@@ -126,8 +128,8 @@ std::optional<std::string> InstalledProgramLine(std::string_view name, const std
 
 std::optional<std::string> WindowsProgramLine(std::string_view program, std::string_view option,
                                               std::string_view path) {
-  return InstalledProgramLine(
-      "wine", {RealPath(WithoutQuotes(program)), std::string(option).append(PathUnderWine(RealPath(path)))});
+  const std::string argument = std::string(option).append(PathUnderWine(PathToNative(path)));
+  return InstalledProgramLine("wine", {PathToNative(WithoutQuotes(program)), argument});
 }
 
 }  // namespace discwright::host

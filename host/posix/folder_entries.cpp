@@ -62,8 +62,10 @@ bool HasVanished(const Entry& entry) { return entry.problem.error == ErrorClass:
 }  // namespace
 
 Listing ReadEntries(std::string_view folder, const std::function<bool(const std::string& name)>& is_wanted) {
+  const Result<std::string> native = RealPath(folder);
+  if (!native.ok()) return native.status;
   std::vector<Entry> entries;
-  FolderReader reader(RealPath(folder));
+  FolderReader reader(native.value);
   while (const dirent* found = reader.Next()) {
     if (!is_wanted(CoreName(found->d_name))) continue;
     Entry entry = Describe(reader.fd(), found->d_name, found->d_type);
@@ -73,9 +75,10 @@ Listing ReadEntries(std::string_view folder, const std::function<bool(const std:
 }
 
 Result<Entry> ReadEntry(std::string_view path) {
-  const std::string native = RealPath(path);
-  if (native.empty()) return StatusOf(ENOENT);
-  Entry entry = Describe(AT_FDCWD, native.c_str(), DT_UNKNOWN);
+  const Result<std::string> native = RealPath(path);
+  if (!native.ok()) return native.status;
+  if (native.value.empty()) return StatusOf(ENOENT);
+  Entry entry = Describe(AT_FDCWD, native.value.c_str(), DT_UNKNOWN);
   if (HasVanished(entry)) return entry.problem;
   return entry;
 }

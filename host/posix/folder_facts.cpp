@@ -43,7 +43,9 @@ std::string TargetOf(const std::string& native) {
 }  // namespace
 
 Result<FolderFacts> FactsOfFolder(std::string_view path) {
-  const std::string native = RealPath(path);
+  const Result<std::string> found = RealPath(path);
+  if (!found.ok()) return found.status;
+  const std::string& native = found.value;
   struct statx facts {};
   constexpr unsigned kWanted = STATX_TYPE | STATX_INO | STATX_BTIME;
   if (statx(AT_FDCWD, native.c_str(), AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, kWanted, &facts) != 0) {
@@ -55,7 +57,7 @@ Result<FolderFacts> FactsOfFolder(std::string_view path) {
 
 std::string FollowedPath(std::string_view path) {
   constexpr int kMostLinks = 40;  // the system's own limit
-  std::string left = RealPath(path);
+  std::string left = PathToNative(path);
   std::string followed = "/";
   int links = 0;
   while (!left.empty()) {

@@ -7,7 +7,7 @@
 #include <unistd.h>
 
 #include "base/temporary_names.h"
-#include "host/posix/case_lookup.h"
+#include "host/names.h"
 #include "host/posix/folder_reader.h"
 #include "host/posix/native_path.h"
 #include "host/posix/new_file.h"
@@ -32,7 +32,7 @@ UniqueFd CreateLocked(const std::string& native, mode_t mode) {
 }
 
 void RemoveLeftFiles(std::string_view folder) {
-  FolderReader reader(RealPath(folder));
+  FolderReader reader(PathToNative(folder));
   while (const dirent* found = reader.Next()) {
     if (!base::IsTemporaryName(found->d_name)) continue;
     const UniqueFd fd(openat(reader.fd(), found->d_name, O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));

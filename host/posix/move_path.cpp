@@ -234,15 +234,17 @@ Status MoveNames(const std::string& from, const std::vector<std::string>& names,
 }
 
 Status RenameFile(std::string_view from, std::string_view to) {
-  const std::string source = RealPath(from);
-  const std::string target = RealPath(to);
-  if (RenameToFreeName(source, target) == 0) {
-    NoteCreated(target);
+  const Result<std::string> source = RealPath(from);
+  const Result<std::string> target = RealPathOfNew(to);
+  if (!source.ok()) return source.status;
+  if (!target.ok()) return target.status;
+  if (RenameToFreeName(source.value, target.value) == 0) {
+    NoteCreated(target.value);
     return Status::Success();
   }
   if (errno != EXDEV) return LastFailure();
-  const Status copied = CopyToFreeName(source, target);
-  return copied.ok() ? StatusOfResult(unlink(source.c_str())) : copied;
+  const Status copied = CopyToFreeName(source.value, target.value);
+  return copied.ok() ? StatusOfResult(unlink(source.value.c_str())) : copied;
 }
 
 }  // namespace discwright::host

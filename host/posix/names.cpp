@@ -5,6 +5,7 @@
 #include "base/utf8.h"
 #include "host/names.h"
 #include "host/posix/case_lookup.h"
+#include "host/posix/native_path.h"
 
 namespace discwright::host {
 namespace {
@@ -56,7 +57,10 @@ std::string NameOnDisc(std::string_view name) {
   return has_upper_case ? std::string(name) : Changed(name, Upper);
 }
 
-std::string PathToNative(std::string_view path) { return RealPath(path); }
+std::string PathToNative(std::string_view path) {
+  const Result<std::string> native = RealPath(path);
+  return native.ok() ? native.value : NativePath(path);
+}
 
 std::string ShortPath(std::string_view) { return {}; }
 

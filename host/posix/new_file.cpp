@@ -84,7 +84,9 @@ void NewFile::Discard() {
 }
 
 Status WriteWholeFile(std::string_view path, std::string_view content, FileTimes times) {
-  const std::string native = RealPath(path);
+  const Result<std::string> found = RealPathOfNew(path);
+  if (!found.ok()) return found.status;
+  const std::string& native = found.value;
   struct stat replaced {};
   // A link is replaced like a missing file: neither its target nor what that allows counts.
   const bool exists = lstat(native.c_str(), &replaced) == 0 && !S_ISLNK(replaced.st_mode);

@@ -80,7 +80,9 @@ Status SetAside(int fd, std::uint64_t size) {
 }  // namespace
 
 Result<std::unique_ptr<PartFile>> CreatePartFile(std::string_view path, std::uint64_t size) {
-  const std::string name = RealPath(path);
+  const Result<std::string> native = RealPathOfNew(path);
+  if (!native.ok()) return native.status;
+  const std::string& name = native.value;
   const std::string part = NativeJoin(NativeFolder(name), base::PartName(NativeName(name)));
   if (Status status = OnlyRegular(name); !status.ok()) return status;
   RemoveLeftFiles(PathFromNative(NativeFolder(name)));

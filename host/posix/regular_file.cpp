@@ -108,8 +108,10 @@ Status WriteAt(int fd, std::int64_t position, std::span<const std::byte> bytes) 
 std::unique_ptr<BinaryFile> WrapBinaryFile(UniqueFd fd) { return std::make_unique<PosixBinaryFile>(std::move(fd)); }
 
 Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode mode) {
-  const std::string native = RealPath(path);
   const bool writes = mode != OpenMode::kRead;
+  const Result<std::string> found = writes ? RealPathOfNew(path) : RealPath(path);
+  if (!found.ok()) return found.status;
+  const std::string& native = found.value;
   struct stat facts {};
   const bool is_link = lstat(native.c_str(), &facts) == 0 && S_ISLNK(facts.st_mode);
   if (mode == OpenMode::kCreateEmpty && is_link && unlink(native.c_str()) != 0) return LastFailure();
@@ -123,10 +125,15 @@ Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode m
   return WrapBinaryFile(std::move(file.fd));
 }
 
-Status CheckReadable(std::string_view path) { return OpenRegular(RealPath(path), O_RDONLY).status; }
+Status CheckReadable(std::string_view path) {
+  const Result<std::string> native = RealPath(path);
+  return native.ok() ? OpenRegular(native.value, O_RDONLY).status : native.status;
+}
 
 Result<std::string> ReadWholeFile(std::string_view path, std::int64_t most) {
-  const RegularFile file = OpenRegular(RealPath(path), O_RDONLY);
+  const Result<std::string> native = RealPath(path);
+  if (!native.ok()) return native.status;
+  const RegularFile file = OpenRegular(native.value, O_RDONLY);
   if (!file.status.ok()) return file.status;
   if (file.facts.st_size > most) return TooLarge(file.facts.st_size, most);
   // The size is only a hint: files that the kernel makes up have none. One byte more leaves room to see the end.

@@ -48,7 +48,9 @@ int NumberOf(ErrorClass error) {
 }
 
 Status MoveMatches(std::string_view folder, std::string_view pattern, std::string_view destination) {
-  const std::string from = RealPath(folder.empty() ? "." : folder);
+  const Result<std::string> found = RealPath(folder.empty() ? "." : folder);
+  if (!found.ok()) return found.status;
+  const std::string& from = found.value;
   // Listed first: a destination that is made inside the folder is not one of its own sources.
   Result<std::vector<std::string>> names = NamesIn(from);
   if (!names.ok()) return names.status;
@@ -56,16 +58,20 @@ Status MoveMatches(std::string_view folder, std::string_view pattern, std::strin
   std::erase_if(names.value,
                 [&](const std::string& name) { return !base::MatchesWildcard(FoldCase(CoreName(name)), folded); });
   if (names.value.empty()) return StatusOf(ENOENT);
-  Status status = MakeFolders(destination);
-  return status.ok() ? MoveNames(from, names.value, RealPath(destination)) : status;
+  const Status made = MakeFolders(destination);
+  if (!made.ok()) return made;
+  const Result<std::string> to = RealPathOfNew(destination);
+  return to.ok() ? MoveNames(from, names.value, to.value) : to.status;
 }
 
 // Into a folder that is there, or else to a new name.
 Status MoveOne(std::string_view source, std::string_view destination) {
-  const std::string from = RealPath(source);
-  const std::string to = RealPath(destination);
-  if (IsFolder(to)) return MoveNames(NativeFolder(from), {std::string(NativeName(from))}, to);
-  return MovePath(from, to);
+  const Result<std::string> from = RealPath(source);
+  const Result<std::string> to = RealPathOfNew(destination);
+  if (!from.ok()) return from.status;
+  if (!to.ok()) return to.status;
+  if (!IsFolder(to.value)) return MovePath(from.value, to.value);
+  return MoveNames(NativeFolder(from.value), {std::string(NativeName(from.value))}, to.value);
 }
 
 int Move(std::string_view source, std::string_view destination) {
@@ -81,8 +87,12 @@ bool IsThere(const std::string& native) {
 }
 
 int Rename(std::string_view source, std::string_view destination) {
-  const std::string from = RealPath(source);
-  std::string to = RealPath(destination);
+  const Result<std::string> real_source = RealPath(source);
+  const Result<std::string> real_destination = RealPathOfNew(destination);
+  if (!real_source.ok()) return NumberOf(real_source.status.error);
+  if (!real_destination.ok()) return NumberOf(real_destination.status.error);
+  const std::string& from = real_source.value;
+  std::string to = real_destination.value;
   if (!IsThere(from) || !IsFolder(NativeFolder(to))) return NumberOf(ErrorClass::kNotFound);
   if (to != from && IsThere(to)) return kAlreadyThere;
   // Found under its old name: only the letter case changes.

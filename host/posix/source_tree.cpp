@@ -118,7 +118,9 @@ class PosixSourceTree : public SourceTree {
 }  // namespace
 
 Result<std::unique_ptr<SourceTree>> OpenSourceTree(std::string_view folder) {
-  UniqueFd root(open(RealPath(folder).c_str(), kFolderFlags));
+  const Result<std::string> native = RealPath(folder);
+  if (!native.ok()) return native.status;
+  UniqueFd root(open(native.value.c_str(), kFolderFlags));
   if (!root.valid()) return LastFailure();
   return std::make_unique<PosixSourceTree>(std::move(root));
 }

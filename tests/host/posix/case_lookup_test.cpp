@@ -3,7 +3,9 @@
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "host/files.h"
 #include "tests/host/temp_folder.h"
@@ -23,41 +25,41 @@ void SetFolderTime(const std::string& native, int seconds) {
 TEST(RealPath, DiscWithLowerCaseNames_IsFoundByUpperCasePaths) {
   const TempFolder disc;
   disc.Write("i386/win51ip.sp1", "x");
-  EXPECT_EQ(RealPath(disc.Core("I386\\WIN51IP.SP1")), disc.Native("i386/win51ip.sp1"));
+  EXPECT_EQ(RealPath(disc.Core("I386\\WIN51IP.SP1")).value, disc.Native("i386/win51ip.sp1"));
   EXPECT_TRUE(CheckReadable(disc.Core("I386/Win51ip.Sp1")).ok());
 }
 
 TEST(RealPath, LettersBeyondAscii_AreFoundInAnotherCase) {
   const TempFolder folder;
   folder.Write("Übung.txt", "x");
-  EXPECT_EQ(RealPath(folder.Core("üBUNG.TXT")), folder.Native("Übung.txt"));
+  EXPECT_EQ(RealPath(folder.Core("üBUNG.TXT")).value, folder.Native("Übung.txt"));
 }
 
 TEST(RealPath, ExactMatch_WinsOverOtherCases) {
   const TempFolder folder;
   for (const char* name : {"NAME", "Name", "name"}) folder.Write(name, name);
-  EXPECT_EQ(RealPath(folder.Core("Name")), folder.Native("Name"));
-  EXPECT_EQ(RealPath(folder.Core("name")), folder.Native("name"));
+  EXPECT_EQ(RealPath(folder.Core("Name")).value, folder.Native("Name"));
+  EXPECT_EQ(RealPath(folder.Core("name")).value, folder.Native("name"));
 }
 
 TEST(RealPath, SeveralOtherCases_GiveTheFirstBytewise) {
   const TempFolder folder;
   for (const char* name : {"name", "NAME", "Name"}) folder.Write(name, name);
-  EXPECT_EQ(RealPath(folder.Core("nAME")), folder.Native("NAME"));
+  EXPECT_EQ(RealPath(folder.Core("nAME")).value, folder.Native("NAME"));
 }
 
 TEST(RealPath, ExactFolder_WinsOverAnotherFolderThatHasTheFile) {
   const TempFolder folder;
   folder.MakeFolder("dir");
   folder.Write("DIR/file", "x");
-  EXPECT_EQ(RealPath(folder.Core("dir\\file")), folder.Native("dir/file"));
+  EXPECT_EQ(RealPath(folder.Core("dir\\file")).value, folder.Native("dir/file"));
 }
 
 TEST(RealPath, ParentComponent_IsFollowedInAnyCase) {
   const TempFolder folder;
   folder.MakeFolder("Sub");
   folder.Write("File", "x");
-  EXPECT_EQ(RealPath(folder.Core("SUB\\..\\FILE")), folder.Native("Sub/../File"));
+  EXPECT_EQ(RealPath(folder.Core("SUB\\..\\FILE")).value, folder.Native("Sub/../File"));
 }
 
 TEST(RealPath, FileInPlaceOfAFolder_GivesAPathThatIsNotFound) {
@@ -69,35 +71,35 @@ TEST(RealPath, FileInPlaceOfAFolder_GivesAPathThatIsNotFound) {
 TEST(RealPath, BrokenLinkInAnotherCase_IsFoundItself) {
   const TempFolder folder;
   folder.Link("nowhere", "Link");
-  EXPECT_EQ(RealPath(folder.Core("LINK")), folder.Native("Link"));
+  EXPECT_EQ(RealPath(folder.Core("LINK")).value, folder.Native("Link"));
 }
 
 TEST(RealPath, FileMadeByAnotherProgram_IsNoticed) {
   const TempFolder folder;
-  EXPECT_EQ(RealPath(folder.Core("FILE")), folder.Native("FILE"));
+  EXPECT_EQ(RealPath(folder.Core("FILE")).value, folder.Native("FILE"));
   folder.Write("File", "x");
   SetFolderTime(folder.native(), 1000);
-  EXPECT_EQ(RealPath(folder.Core("FILE")), folder.Native("File"));
+  EXPECT_EQ(RealPath(folder.Core("FILE")).value, folder.Native("File"));
 }
 
 TEST(RealPath, FileMadeByAnotherProgramBeforeAnOverwriteOfOurs_IsNoticed) {
   const TempFolder folder;
   folder.Write("ours", "x");
-  EXPECT_EQ(RealPath(folder.Core("FILE")), folder.Native("FILE"));
+  EXPECT_EQ(RealPath(folder.Core("FILE")).value, folder.Native("FILE"));
   folder.Write("File", "x");
   SetFolderTime(folder.native(), 1000);
   ASSERT_TRUE(WriteWholeFile(folder.Core("ours"), "new").ok());
-  EXPECT_EQ(RealPath(folder.Core("FILE")), folder.Native("File"));
+  EXPECT_EQ(RealPath(folder.Core("FILE")).value, folder.Native("File"));
 }
 
 TEST(RealPath, RemovedFile_IsForgottenEvenWhenTheFoldersTimesAreTheSame) {
   const TempFolder folder;
   folder.Write("File", "x");
   SetFolderTime(folder.native(), 1000);
-  EXPECT_EQ(RealPath(folder.Core("FILE")), folder.Native("File"));
+  EXPECT_EQ(RealPath(folder.Core("FILE")).value, folder.Native("File"));
   ASSERT_TRUE(RemoveFile(folder.Core("File")).ok());
   SetFolderTime(folder.native(), 1000);
-  EXPECT_EQ(RealPath(folder.Core("FILE")), folder.Native("FILE"));
+  EXPECT_EQ(RealPath(folder.Core("FILE")).value, folder.Native("FILE"));
 }
 
 TEST(RealPath, MoreFoldersThanAreKept_AreAllFound) {
@@ -106,20 +108,63 @@ TEST(RealPath, MoreFoldersThanAreKept_AreAllFound) {
   for (int round = 0; round < 2; ++round) {
     for (int i = 0; i < 20; ++i) {
       const std::string number = std::to_string(i);
-      EXPECT_EQ(RealPath(folder.Core("DIR" + number + "\\FILE")), folder.Native("Dir" + number + "/File"));
+      EXPECT_EQ(RealPath(folder.Core("DIR" + number + "\\FILE")).value, folder.Native("Dir" + number + "/File"));
     }
   }
+}
+
+// The test runs as any user, so the folder is made unreadable by a limit of open files.
+class NoMoreFiles {
+ public:
+  NoMoreFiles() {
+    getrlimit(RLIMIT_NOFILE, &before_);
+    const int lowest_free = dup(STDIN_FILENO);
+    close(lowest_free);
+    const rlimit none{static_cast<rlim_t>(lowest_free), before_.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &none);
+  }
+  NoMoreFiles(const NoMoreFiles&) = delete;
+  NoMoreFiles& operator=(const NoMoreFiles&) = delete;
+  ~NoMoreFiles() { setrlimit(RLIMIT_NOFILE, &before_); }
+
+ private:
+  rlimit before_{};
+};
+
+TEST(RealPath, FolderThatCannotBeListed_IsAFailureAndItsFilesAreNotMissing) {
+  const TempFolder folder;
+  folder.Write("Name", "x");
+  const NoMoreFiles limit;
+  for (const std::string& path : {folder.Core("NAME"), folder.Core("NAME\\below")}) {
+    EXPECT_EQ(RealPath(path).status.error, ErrorClass::kOther) << path;
+    EXPECT_EQ(RealPathOfNew(path).status.error, ErrorClass::kOther) << path;
+    EXPECT_EQ(CheckReadable(path).error, ErrorClass::kOther) << path;
+    EXPECT_EQ(Look(path).status.error, ErrorClass::kOther) << path;
+    EXPECT_EQ(RemoveFile(path).error, ErrorClass::kOther) << path;
+  }
+  EXPECT_TRUE(RealPath(folder.Core("Name")).ok());
+}
+
+TEST(RealPathOfNew, FolderThatMayBeSearchedButNotListed_HasNoOtherNames) {
+  const TempFolder folder;
+  folder.MakeFolder("drop");
+  folder.Write("drop/Name", "x");
+  folder.SetMode("drop", 0333);
+  if (access(folder.Native("drop").c_str(), R_OK) == 0) GTEST_SKIP() << "the administrator may list every folder";
+  EXPECT_EQ(RealPath(folder.Core("drop\\NAME")).status.error, ErrorClass::kAccessDenied);
+  EXPECT_EQ(RealPathOfNew(folder.Core("drop\\NAME")).value, folder.Native("drop/NAME"));
+  EXPECT_TRUE(WriteWholeFile(folder.Core("drop\\new"), "x").ok());
 }
 
 TEST(RealPathOfNew, ExistingNameInAnyCase_IsFoundLikeByRealPath) {
   const TempFolder folder;
   for (const char* name : {"NAME", "name", "Other"}) folder.Write(name, name);
-  EXPECT_EQ(RealPathOfNew(folder.Core("name")), folder.Native("name"));
-  EXPECT_EQ(RealPathOfNew(folder.Core("Name")), folder.Native("NAME"));
-  EXPECT_EQ(RealPathOfNew(folder.Core("OTHER")), folder.Native("Other"));
-  EXPECT_EQ(RealPathOfNew(folder.Core("New")), folder.Native("New"));
-  EXPECT_EQ(RealPathOfNew("\\"), "/");
-  EXPECT_EQ(RealPathOfNew(""), "");
+  EXPECT_EQ(RealPathOfNew(folder.Core("name")).value, folder.Native("name"));
+  EXPECT_EQ(RealPathOfNew(folder.Core("Name")).value, folder.Native("NAME"));
+  EXPECT_EQ(RealPathOfNew(folder.Core("OTHER")).value, folder.Native("Other"));
+  EXPECT_EQ(RealPathOfNew(folder.Core("New")).value, folder.Native("New"));
+  EXPECT_EQ(RealPathOfNew("\\").value, "/");
+  EXPECT_EQ(RealPathOfNew("").value, "");
 }
 
 TEST(Creating, ExistingFileInAnotherCase_IsUsed) {
@@ -167,7 +212,7 @@ TEST(Creating, TwentyThousandFilesInOneFolder_AreAllThere) {
     ASSERT_TRUE(CopyFileWithProgress(folder.Core("source"), folder.Core("MANY\\F" + std::to_string(i)), nullptr).ok());
   }
   EXPECT_EQ(folder.Names("Many").size(), static_cast<std::size_t>(kFiles));
-  EXPECT_EQ(RealPath(folder.Core("Many\\f19999")), folder.Native("Many/F19999"));
+  EXPECT_EQ(RealPath(folder.Core("Many\\f19999")).value, folder.Native("Many/F19999"));
 }
 
 }  // namespace
