@@ -94,7 +94,8 @@ bool AddTool(steps::Context& context, const Tool& tool, const std::string& locat
                                       .append(": ")
                                       .append(tool.name)
                                       .append(" cannot be started from the CD, and its files may have replaced those "
-                                              "of Windows Setup in I386"));
+                                              "of Windows Setup in I386, or have come into the folder of another tool "
+                                              "(ERDC or OOBC)"));
   return true;
 }
 

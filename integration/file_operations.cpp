@@ -35,7 +35,10 @@ bool CopyMatchingFiles(steps::Context& context, const std::string& SourceSpec, c
   const host::Listing listing = host::ListFolder(from, pattern);
   // A missing folder contains no such files. If a caller needs one, it notes the missing file itself.
   const bool is_missing = listing.status.error == host::ErrorClass::kNotFound;
-  if (!is_missing && !notes.Check(listing.status, from, "could not be listed")) return false;
+  if (!is_missing &&
+      !notes.Check(listing.status, from, "could not be listed, so files that match " + pattern + " may be missing")) {
+    return false;
+  }
   for (const host::Entry& entry : listing.value) {
     const util::Verdict verdict = filter.Decide(entry);
     if (verdict == util::Verdict::kStop) return false;

@@ -27,7 +27,12 @@ constexpr SetupFolder kSetupFolders[] = {{"\\base4.cab", "WIN98"}, {"\\base2.cab
 std::string SetupFolderName(util::Notes& notes, const std::string& Source) {
   std::string name = "WINSETUP";
   for (const SetupFolder& folder : kSetupFolders) {
-    if (util::FileExists(notes, Source + folder.cabinet)) name = folder.name;
+    const host::Status readable = host::CheckReadable(Source + folder.cabinet);
+    if (readable.ok()) name = folder.name;
+    if (readable.ok() || readable.error == host::ErrorClass::kNotFound) continue;
+    notes.Check(
+        readable, Source + folder.cabinet,
+        std::string("could not be opened, so the setup files may be in another folder of the CD than ") + folder.name);
   }
   return name;
 }

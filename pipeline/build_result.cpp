@@ -67,8 +67,10 @@ steps::BuildResult MasteringFailed(const steps::Context& context, steps::BuildRe
   if (main.LblAbort.visible) {
     return Failed(result, util::Trim(main.LblFinish.caption.get()) + ": " + main.LblAbort.caption.get());
   }
-  return Failed(result, "The mastering " + context.mastering_end.Text() + ". Do not use the file at " +
-                            host::PathToNative(result.image) + ": this build did not make it, or did not finish it.");
+  const std::string end =
+      context.mastering_end.Succeeded() ? "did not say that the image is complete" : context.mastering_end.Text();
+  return Failed(result, "The mastering " + end + ". Do not use the file at " + host::PathToNative(result.image) +
+                            ": this build did not make it, or did not finish it.");
 }
 
 steps::BuildResult Made(steps::Context& context, steps::BuildResult result) {
@@ -112,7 +114,8 @@ steps::BuildResult ResultOf(steps::Context& context) {
     result.end = steps::BuildEnd::kCancelled;
     return result;
   }
-  if (main.LblAbort.visible || !context.mastering_end.Succeeded()) return MasteringFailed(context, result);
+  if (main.LblAbort.visible || !context.mastering_end.Succeeded() || !context.image_was_written)
+    return MasteringFailed(context, result);
   return Made(context, result);
 }
 

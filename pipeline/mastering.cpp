@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "host/files.h"
+#include "host/left_files.h"
 #include "host/script.h"
 #include "host/system.h"
 #include "pipeline/mastering_log.h"
@@ -36,8 +37,11 @@ constexpr const char* kMasteringArguments =
 // - Whether dfl, the linker of duplicate files, has done all of its work. Its last line then is "12 files linked, 3456
 //   bytes saved"; it has more text when dfl could not link every file.
 // - Which files the mastering has left out of the image.
+// - Whether the mastering has run to its end. A shell that cannot read the script to its end may not say so.
 class OutputWatch {
  public:
+  static constexpr std::string_view kWritten = "extents written";  // in the last line of every mastering tool
+
   void Read(std::string_view piece) {
     for (const char character : piece) {
       if (character == '\n') {
@@ -49,11 +53,13 @@ class OutputWatch {
   }
   bool linker_has_finished() const { return linker_has_finished_; }
   const std::vector<std::string>& left_out() const { return left_out_; }
+  bool image_was_written() const { return image_was_written_; }
 
  private:
   void EndLine() {
     linker_has_finished_ = linker_has_finished_ || IsLastLine(line_);
     if (line_.ends_with(": it is not on the disc")) left_out_.push_back(line_);
+    image_was_written_ = image_was_written_ || line_.find(kWritten) != line_.npos;
     line_.clear();
   }
   static bool SkipNumber(std::string_view& text) {
@@ -70,6 +76,7 @@ class OutputWatch {
 
   std::string line_;
   bool linker_has_finished_ = false;
+  bool image_was_written_ = false;
   std::vector<std::string> left_out_;
 };
 
@@ -100,7 +107,12 @@ void LaunchApp_ProcessEnded(steps::Context& context, Mastering& mastering) {
   MasteringLog& log = *mastering.log;
   forms::FrmDiscwright& main = context.main();
   context.mastering_end = context.LaunchApp->End();
-  if (!context.mastering_end.Succeeded()) log.AddLine("The mastering " + context.mastering_end.Text() + ".");
+  context.image_was_written = mastering.output.image_was_written();
+  if (!context.mastering_end.Succeeded()) {
+    log.AddLine("The mastering " + context.mastering_end.Text() + ".");
+    // A mastering that was killed leaves an unfinished image, which may be large.
+    host::RemoveLeftFiles(util::ParentOf(util::NamedFile(main.TxtISOLoc.text.get())));
+  }
   log.Close();
   main.MKISOFSRunning = false;
   // If an earlier build left an image at this path, the finish page shows a failed mastering as a success. Kept as it
@@ -149,6 +161,7 @@ void StartMKISOFS(steps::Context& context, std::string_view ISOLocation, bool Op
     // Otherwise the script of an earlier build would run and overwrite that build's image.
     host::RemoveFile(script);
   }
+  context.image_was_written = false;
   const auto mastering = std::make_shared<Mastering>();
   mastering->links_duplicates = OptimizeISO;
   const bool started = steps::StartLauncher(

@@ -152,7 +152,7 @@ def is_in_the_rest(path, line):
     """Whether a line says of more than the file that it names that it was not copied, and means this one, too."""
     if "the rest of this folder" in line:
         return "/".join(origin_of(path).split("/")[:2]) + "/" in line
-    pattern = re.search(r"nor were the files after it that match ([^:]*):", line)
+    pattern = re.search(r"(?:nor were the files after it that match|so files that match) (.*?)(?: may be missing)?:", line)
     return bool(pattern) and fnmatch.fnmatch(path.lower(), pattern[1].lower().replace("*.*", "*"))
 
 

@@ -27,6 +27,7 @@ struct Context {
   std::unique_ptr<host::Launcher> ASyncApp = nullptr;   // the program that a step waits for; null when there is none
   std::unique_ptr<host::Launcher> LaunchApp = nullptr;  // the running mastering; null when there is none
   host::ProcessEnd mastering_end = {};                  // how the last mastering ended
+  bool image_was_written = false;                       // whether its output says that the image is complete
 
   bool cancelled_by_user = false;
   bool closing = false;      // hide the main window as soon as the cancelled build has returned

@@ -1,6 +1,7 @@
 // Moves between the pages, and contains the handlers of the five buttons.
 #include "wizard/navigation.h"
 
+#include "host/files.h"
 #include "pipeline/build_driver.h"
 #include "settings/session.h"
 #include "util/paths.h"
@@ -72,11 +73,12 @@ forms::Subscription Bind(steps::Context& context) {
 }
 
 host::Status Form_Load(steps::Context& context, const std::string& session_file) {
-  host::Status read;
-  if (util::FileExists(context.notes, session_file)) {
-    read = settings::ReadVexaCDINI(context.windows, context.notes, session_file);
-  } else {
+  host::Status read = host::CheckReadable(session_file);
+  if (read.error == host::ErrorClass::kNotFound) {
     FillStartDefaults(context.main());
+    read = host::Status::Success();
+  } else if (context.notes.Check(read, session_file, "could not be opened")) {
+    read = settings::ReadVexaCDINI(context.windows, context.notes, session_file);
   }
   context.main().visible = true;
   return read;

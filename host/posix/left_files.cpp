@@ -1,10 +1,13 @@
-// Knows by their locks which temporary files are still being written. The system releases the locks of killed programs.
+// Finds temporary files that nobody writes any more. A file that is being written is locked, and the system releases
+// the locks of a killed program.
 #include "host/left_files.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <cerrno>
 
 #include "base/temporary_names.h"
 #include "host/names.h"
@@ -21,13 +24,25 @@ bool IsAt(int fd, const std::string& native) {
          opened.st_ino == named.st_ino;
 }
 
+namespace {
+
+// Whether the file of `fd` is known to have lost its name. After a failed look it counts as one that has its name.
+bool HasLostItsName(int fd, const std::string& native) {
+  struct stat opened {};
+  struct stat named {};
+  if (lstat(native.c_str(), &named) != 0) return errno == ENOENT;
+  return fstat(fd, &opened) == 0 && (opened.st_dev != named.st_dev || opened.st_ino != named.st_ino);
+}
+
+}  // namespace
+
 UniqueFd CreateLocked(const std::string& native, mode_t mode) {
   for (;;) {
     UniqueFd fd(open(native.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode));
     // On a file system without locks nobody else gets one either, and then nothing is deleted.
     if (fd.valid()) static_cast<void>(flock(fd.get(), LOCK_EX | LOCK_NB));
     // Before it was locked, another program may have taken it for a file of a killed run.
-    if (!fd.valid() || IsAt(fd.get(), native)) return fd;
+    if (!fd.valid() || !HasLostItsName(fd.get(), native)) return fd;
   }
 }
 

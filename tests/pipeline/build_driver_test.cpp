@@ -388,6 +388,7 @@ TEST_F(BuildDriver, CancelledWhileTheSessionIsCleaned_LeavesTheRest) {
 
 TEST_F(BuildDriver, CancelledWhileTheImageIsMade_LeavesStepFiveUnmarkedAndCleansNothing) {
   main.ChkCleanSession.value = 1;
+  mastering_output = {"begun\n"};
   programs.run = [&](const std::string& command_line) {
     discwright::testing::FakeRun run = Play(command_line);
     if (command_line.ends_with("makecd.bat")) run.at_end = [this] { context.CancelApp(); };

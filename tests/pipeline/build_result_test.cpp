@@ -23,6 +23,7 @@ class BuildResults : public discwright::testing::PipelineFixture {
   BuildResult AfterMastering(const host::ProcessEnd& end) {
     host.AddFile(kImage, "image");
     context.mastering_end = end;
+    context.image_was_written = end.Succeeded();
     return ResultOf(context);
   }
   // The result of a failed mastering with this log.
@@ -125,6 +126,14 @@ TEST_F(BuildResults, MasteringWithoutAnImage_HasTheTextOfTheFinishPage) {
   EXPECT_EQ(result.size, 0);
 }
 
+TEST_F(BuildResults, MasteringThatSaysNothing_HasNotMadeTheOlderImageThere) {
+  host.AddFile(kImage, "an older image");
+  mastering_output = {"a shell that could not read the script\n"};
+  const BuildResult result = FinishApp(context);
+  EXPECT_EQ(result.end, BuildEnd::kFailed);
+  EXPECT_THAT(result.why, HasSubstr("The mastering did not say that the image is complete. Do not use the file at"));
+}
+
 TEST_F(BuildResults, LogOfAnySize_IsReadAtItsEndOnly) {
   std::string log;
   while (log.size() < 20'000'000) log += "a line of a program that has very much to say\r\n";
@@ -166,6 +175,7 @@ TEST_F(BuildResults, ImageThatCannotBeReadBack_IsAFailure) {
 TEST_F(BuildResults, ImageThatNoLongerExists_IsAFailure) {
   for (const bool wants_digest : {false, true}) {
     context.wants_digest = wants_digest;
+    context.image_was_written = true;
     const BuildResult result = ResultOf(context);
     EXPECT_EQ(result.end, BuildEnd::kFailed);
     EXPECT_EQ(result.why, std::string("C:/out/Rescue.iso: the image cannot be read back: ") +

@@ -51,6 +51,15 @@ TEST_F(Mastering, Start_WritesTheScriptAnewAndRunsIt) {
   EXPECT_THAT(programs.configured, ElementsAre("8192 500"));
 }
 
+TEST_F(Mastering, UnfinishedImageOfAKilledMastering_IsDeleted) {
+  host.AddFile("C:\\out\\.discwright-Rescue.iso.part", "half an image");
+  host.AddFile("C:\\out\\Rescue.iso.part", "a file of the user");
+  mastering_fails = true;
+  Run();
+  EXPECT_FALSE(host.Exists("C:\\out\\.discwright-Rescue.iso.part"));
+  EXPECT_TRUE(host.Exists("C:\\out\\Rescue.iso.part"));
+}
+
 TEST_F(Mastering, Start_DisablesCancelAndPreparesTheBar) {
   main.BarSub_Step.min = 10;
   main.BarSub_Step.max = 60;

@@ -379,7 +379,7 @@ TEST_F(FormLoadTest, SessionFileThatCannotBeRead_IsAFailureAndNotTakenForAMissin
     notes = {};
     host.AddFile("C:\\Discwright\\vexacd.ini", "[MainParams]\r\n");
     host.FailOn(call, "vexacd.ini", host::ErrorClass::kNotReady, "the disk is gone", 1);
-    Form_Load(context, "C:\\Discwright\\vexacd.ini");
+    EXPECT_EQ(Form_Load(context, "C:\\Discwright\\vexacd.ini").error, host::ErrorClass::kNotReady) << call;
     ASSERT_EQ(notes.all().size(), 1U) << call;
     EXPECT_EQ(notes.all()[0].place, "C:\\Discwright\\vexacd.ini");
   }
