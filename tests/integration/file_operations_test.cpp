@@ -66,7 +66,8 @@ TEST_F(CopyMatchingFilesTest, FolderThatCannotBeListed_IsNotedButNotOneThatIsMis
   host.FailOn("ListFolder", "D:\\", host::ErrorClass::kAccessDenied, "Permission denied");
   EXPECT_FALSE(Copy("D:\\win51*.*", "C:\\to\\x"));
   ASSERT_THAT(notes.all(), SizeIs(1));
-  EXPECT_EQ(notes.all()[0].cause, "could not be listed, so files that match win51*.* may be missing: Permission denied");
+  EXPECT_EQ(notes.all()[0].cause,
+            "could not be listed, so files that match win51*.* may be missing: Permission denied");
 }
 
 TEST_F(CopyMatchingFilesTest, FolderThatMatches_IsAFailure) {
