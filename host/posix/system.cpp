@@ -37,12 +37,13 @@ std::string FindProgramFolder() {
   return program.starts_with('/') ? PathFromNative(NativeFolder(program)) : std::string();
 }
 
-// Found before main() can change the current folder, from which a relative path starts.
-const std::string kProgramFolder = FindProgramFolder();
-
 }  // namespace
 
-std::string ProgramFolder() { return kProgramFolder; }
+// Found once. Nothing in the program changes the current folder, from which a relative path of StartedPath starts.
+std::string ProgramFolder() {
+  static const std::string folder = FindProgramFolder();
+  return folder;
+}
 
 std::string CurrentFolder() { return PathFromNative("."); }
 

@@ -2,6 +2,7 @@
 #include <csignal>
 
 #include "tests/end_to_end/build_test.h"
+#include "tests/end_to_end/left_files.h"
 
 namespace discwright::testing {
 
@@ -82,7 +83,8 @@ TEST_F(Cancel, TwiceWhileALargeTreeIsCopied_EndsAtOnce) {
 }
 
 TEST_F(Cancel, WhileTheOldWorkspaceIsDeleted_LeavesTheRestOfIt) {
-  for (int number = 10000; number < 16000; ++number) {
+  WriteLeftFile(program, "vexacd/old/10000", "content");
+  for (int number = 10001; number < 16000; ++number) {
     WriteFile(program / "vexacd/old" / std::to_string(number), "content");
   }
   bool caught = false;
