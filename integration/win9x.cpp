@@ -2,6 +2,8 @@
 #include "integration/win9x.h"
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "host/files.h"
 #include "host/system.h"
@@ -26,13 +28,19 @@ constexpr SetupFolder kSetupFolders[] = {{"\\base4.cab", "WIN98"}, {"\\base2.cab
 
 std::string SetupFolderName(util::Notes& notes, const std::string& Source) {
   std::string name = "WINSETUP";
+  std::vector<std::pair<const SetupFolder*, host::Status>> not_opened;
   for (const SetupFolder& folder : kSetupFolders) {
-    const host::Status readable = host::CheckReadable(Source + folder.cabinet);
-    if (readable.ok()) name = folder.name;
-    if (readable.ok() || readable.error == host::ErrorClass::kNotFound) continue;
-    notes.Check(
-        readable, Source + folder.cabinet,
-        std::string("could not be opened, so the setup files may be in another folder of the CD than ") + folder.name);
+    host::Status readable = host::CheckReadable(Source + folder.cabinet);
+    if (readable.ok()) {
+      name = folder.name;
+    } else if (readable.error != host::ErrorClass::kNotFound) {
+      not_opened.emplace_back(&folder, std::move(readable));
+    }
+  }
+  for (const auto& [folder, status] : not_opened) {
+    const std::string what =
+        "could not be opened, so the setup files are in the folder " + name + " of the CD and not in " + folder->name;
+    notes.Check(status, Source + folder->cabinet, what);
   }
   return name;
 }

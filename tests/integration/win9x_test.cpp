@@ -48,8 +48,8 @@ TEST_F(AddWin9xTest, CabinetThatCannotBeOpened_IsNoted) {
   host.AddFile("D:\\setup\\BASE4.CAB", "cabinet");
   host.FailOn("CheckReadable", "base4.cab", host::ErrorClass::kNotReady, "the disc is scratched");
   Add();
-  EXPECT_THAT(Notes(), HasSubstr("D:\\setup\\base4.cab: could not be opened, so the setup files may be in another "
-                                 "folder of the CD than WIN98: the disc is scratched"));
+  EXPECT_THAT(Notes(), HasSubstr("D:\\setup\\base4.cab: could not be opened, so the setup files are in the folder "
+                                 "WINSETUP of the CD and not in WIN98: the disc is scratched"));
 }
 
 TEST_F(AddWin9xTest, CabinetOfMe_GoesToWinme) {

@@ -17,7 +17,7 @@ namespace discwright::host {
 
 namespace {
 
-testing::FakeHost& Fake() { return testing::FakeHost::Current(); }
+testing::FakeHost& Host() { return testing::FakeHost::Current(); }
 
 }  // namespace
 
@@ -27,13 +27,13 @@ std::string PathToNative(std::string_view path) {
   std::replace(native.begin(), native.end(), '/', '\\');
   const std::size_t root = native.find(':') == 1 ? 3 : 1;  // length of "C:\", or of the root of a system without drives
   while (native.size() > root && native.ends_with('\\')) native.pop_back();
-  if (Fake().shows_slashes) std::replace(native.begin(), native.end(), '\\', '/');
+  if (Host().shows_slashes) std::replace(native.begin(), native.end(), '\\', '/');
   return native;
 }
 
 std::string ShortPath(std::string_view path) {
-  const auto found = Fake().short_paths.find(std::string(path));
-  return found == Fake().short_paths.end() ? "" : found->second;
+  const auto found = Host().short_paths.find(std::string(path));
+  return found == Host().short_paths.end() ? "" : found->second;
 }
 
 std::string FoldCase(std::string_view text) {
@@ -51,7 +51,7 @@ std::string FoldCase(std::string_view text) {
 
 std::string NameOnDisc(std::string_view name) {
   std::string raised(name);
-  const bool is_lower = Fake().shows_disc_names_in_lower_case && FoldCase(name) == name;
+  const bool is_lower = Host().shows_disc_names_in_lower_case && FoldCase(name) == name;
   if (is_lower) std::transform(raised.begin(), raised.end(), raised.begin(), ::toupper);
   return raised;
 }
@@ -71,8 +71,8 @@ Status WriteProfileValue(std::string_view file, std::string_view section, std::s
 }
 
 std::optional<std::string> LocalMachineText(std::string_view sub_key, std::string_view value_name) {
-  const auto found = Fake().registry.find(std::string(sub_key).append("\\").append(value_name));
-  return found == Fake().registry.end() ? std::nullopt : std::optional(found->second);
+  const auto found = Host().registry.find(std::string(sub_key).append("\\").append(value_name));
+  return found == Host().registry.end() ? std::nullopt : std::optional(found->second);
 }
 
 // The script of a host with Windows: a batch file with short paths in lower case.
@@ -89,7 +89,7 @@ std::string ScriptPath(std::string_view path) {
 
 std::string_view ScriptLineEnd() { return "\r\n"; }
 Result<std::string> ScriptBytes(std::string_view text) {
-  if (Status status = Fake().Enter("ScriptBytes", text); !status.ok()) return status;
+  if (Status status = Host().Enter("ScriptBytes", text); !status.ok()) return status;
   return std::string(text);
 }
 
