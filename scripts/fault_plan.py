@@ -74,10 +74,11 @@ ERRORS = {
     "wait4": ("EINTR",),
 }
 # What changes something on the disk or starts something. Between two of these a kill makes no difference.
-# Whole builds under the shell's limits: the largest file in half kilobytes, open files, memory in kilobytes.
+# Whole builds under the shell's limits: the largest file in half kilobytes, open files, memory in kilobytes. The
+# messages of a build go to a file here, so that file must have room for them.
 LIMITS = "limits"
 LIMIT_VALUES = {
-    "ulimit -f": (0, 1, 4, 40, 160, 1000, 2000, 2880, 4000, 8000, 12000, 15000),
+    "ulimit -f": (4, 40, 160, 1000, 2000, 2880, 4000, 8000, 12000, 15000),
     "ulimit -n": (4, 5, 6, 7, 8, 9, 10, 12, 16),
     "ulimit -v": (8000, 10000, 12000, 14000, 16000, 20000, 25000, 30000, 50000, 80000, 90000, 100000, 200000),
 }
