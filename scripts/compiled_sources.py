@@ -2,6 +2,7 @@
 """Lists the files that the compiler gets in a configured build folder, one in a line, without the tests.
 
 In a unity build, one file stands for several sources.
+
     compiled_sources.py BUILD [PART]     with PART: only files whose path, or the path of a source in them, contains it
 """
 
