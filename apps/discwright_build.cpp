@@ -1,4 +1,4 @@
-// discwright-build: makes a rescue CD without a window. Connects the rooms and runs one build.
+// Makes a rescue CD without a window: connects the parts of the program and runs one build.
 #include <clocale>
 #include <vector>
 
@@ -16,7 +16,7 @@ namespace {
 
 using namespace discwright;
 
-// Everything is made and deleted in the program folder, so nothing may start while it is unknown.
+// A build makes and deletes all its files in the program folder. So it must not begin while that folder is unknown.
 constexpr const char* kNoProgramFolder =
     "discwright-build: The system does not tell in which folder this program is, so nothing can be built. Start the "
     "program by its full path.\n";
@@ -50,7 +50,7 @@ int Build(const desktop::Options& options) {
   try {
     return desktop::RunBuild(context, terminal, options);
   } catch (...) {
-    programs->EndAll();  // without this program nobody would follow them
+    programs->EndAll();  // no other program would wait for them or end them
     throw;
   }
 }

@@ -1,4 +1,5 @@
-"""Measures whole builds and the tree copy: time against cp, processor time while a tool runs, memory."""
+"""Measures whole builds and the tree copy: their time against cp, the processor time while a tool runs, and the memory.
+"""
 
 import os
 import sys
@@ -9,8 +10,8 @@ import measure
 import trees
 from common import MADE, build_command, contents, empty_files, passing_folder, program_folder, ratio_text, read_all
 
-COPY_AIM = 1.0  # times the wall time of cp -r
-BUILD_AIM = 1.15  # times the wall time of cp -r of the tree and cp of the image
+COPY_AIM = 1.0  # greatest wall time, as a multiple of that of cp -r
+BUILD_AIM = 1.15  # greatest wall time, as a multiple of that of cp -r of the tree and cp of the image
 WAIT_AIM = 1.0  # per cent of one processor
 MEMORY_AIM = 64  # MiB
 MEBIBYTE = 1024 * 1024
@@ -27,7 +28,7 @@ done
 
 
 class CopyRun:
-    """Copies `source` to a new folder below `copies` at every call. Only the copying itself is measured."""
+    """Copies `source` to a new folder below `copies` at every call. Only the time of the copying itself is measured."""
 
     def __init__(self, command, source, copies):
         self.command, self.source, self.copies, self.calls = command, source, copies, 0
@@ -53,7 +54,7 @@ def copy_row(options):
 
 
 class WaitingShare:
-    """Measures the processor time of a build while its mastering tool sleeps. Passed to measure.run as `watch`."""
+    """Measures the processor time of a build while its mastering tool sleeps. measure.run takes it as `watch`."""
 
     share = None  # of one processor
 

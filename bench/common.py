@@ -1,14 +1,14 @@
-"""Shared by several measurements: program folders, folders for results, and the content of folders."""
+"""Helps several measurements: makes program folders and folders for results, and examines the content of folders."""
 
 import os
 import shutil
 
-MADE = (0, 4)  # exit codes of the program that mean an image was made; 4 is with warnings
+MADE = (0, 4)  # exit codes of the program that mean that an image was made; 4 means that there were warnings
 PASSING = "passing"  # name of the folder for temporary results below the work folder
 
 
 def passing_folder(options, name):
-    """A new folder for the results of a measurement. remove_passing() removes it at the end; see empty_files."""
+    """Makes a new folder for the results of a measurement. remove_passing() removes it at the end; see empty_files."""
     folder = options.work / PASSING / name
     folder.mkdir(parents=True)
     return folder
@@ -19,7 +19,7 @@ def remove_passing(options):
 
 
 def program_folder(options, name):
-    """A new copy of the program folder for builds. It is a passing folder, too."""
+    """Makes a new copy of the program folder for builds. remove_passing() removes it, too."""
     program, folder = options.build / "program", options.work / PASSING / name
     # Leaves out the files that earlier builds have left in the program folder.
     left_out = ["vexacd", "vexacd.ini", "mkisofs.log"]
@@ -36,7 +36,7 @@ def files_below(folder):
 
 
 def contents(folder):
-    """{relative path: size} of all files."""
+    """Returns {relative path: size} of all files."""
     return {path.relative_to(folder): path.stat().st_size for path in files_below(folder)}
 
 

@@ -39,20 +39,20 @@ def run(command, output=subprocess.DEVNULL, watch=None):
 
 
 def must(usage, command, good=(0,)):
-    """Returns the usage of a program with a good exit code. Ends this program for another exit code."""
+    """Runs a program and returns its usage if its exit code is a good one. Ends this program for another exit code."""
     if usage.exit_code not in good:
         sys.exit(f"{' '.join(map(str, command))}: exit code {usage.exit_code}")
     return usage
 
 
 def processor_time(pid):
-    """Seconds of user and system time that a running program has used, without the programs that it started."""
+    """Returns the seconds of user and system time of a running program, without the programs that it started."""
     fields = Path(f"/proc/{pid}/stat").read_text().rpartition(")")[2].split()
     return (int(fields[11]) + int(fields[12])) * CLOCK_TICK
 
 
 def peak_of(pid):
-    """The peak memory of a running program so far, in bytes; None when it has ended."""
+    """Returns the peak memory of a running program so far, in bytes; None when it has ended."""
     try:
         status = Path(f"/proc/{pid}/status").read_text()
     except (FileNotFoundError, ProcessLookupError):
@@ -62,7 +62,7 @@ def peak_of(pid):
 
 
 def descendants(pid):
-    """The process numbers of all programs that a program has started, directly or indirectly."""
+    """Returns the process numbers of all programs that a program has started, directly or indirectly."""
     children = []
     for task in Path("/proc").glob(f"{pid}/task/*/children"):
         try:
@@ -73,10 +73,10 @@ def descendants(pid):
 
 
 class PeakMemory:
-    """Measures the peak memory of a program and of the largest program that it starts, in bytes. Passed as `watch`.
+    """Measures the peak memory of a program and of the largest program that it starts, in bytes.
 
-    The figure that the system gives at the end of a process cannot be used, because it includes the memory of the
-    process that started it.
+    The caller passes it to run() as `watch`. The figure that the system gives at the end of a process cannot be used,
+    because it includes the memory of the process that started it.
     """
 
     peak = 0
@@ -95,7 +95,7 @@ class Comparison:
 
     ours: float  # median, seconds
     theirs: float
-    ratio: float  # median of the ratios pair by pair
+    ratio: float  # the median of the ratios, one for each pair of runs
     lowest: float
     highest: float
 

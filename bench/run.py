@@ -12,7 +12,7 @@ from common import remove_passing
 ROOT = Path(__file__).resolve().parent.parent
 README = ROOT / "bench" / "README.md"
 TABLE_BEGIN, TABLE_END = "<!-- table begin -->\n", "<!-- table end -->\n"
-QUIET = 0.5  # load average above which other programs disturb the measurements
+QUIET = 0.5  # at a higher load average other programs disturb the measurements
 
 # Each function returns [(what, measured value, aim, whether the aim was reached)].
 ROWS = {
@@ -27,7 +27,7 @@ ROWS = {
 
 
 def machine(folder):
-    """A short description of this machine."""
+    """Returns a short description of this machine."""
     gigabytes = round(os.sysconf("SC_PHYS_PAGES") * os.sysconf("SC_PAGE_SIZE") / 2**30)
     release = dict(line.split("=", 1) for line in Path("/etc/os-release").read_text().splitlines() if "=" in line)
     mounts = [line.split() for line in Path("/proc/mounts").read_text().splitlines()]

@@ -9,17 +9,17 @@ import measure
 import trees
 from common import empty_files, passing_folder, ratio_text, read_all
 
-GENISOIMAGE_AIM, XORRISO_AIM, CP_AIM = 0.75, 0.4, 1.05  # times their wall times
-LINKER_AIM = 0.7  # times the wall time of the faster of two peers
+GENISOIMAGE_AIM, XORRISO_AIM, CP_AIM = 0.75, 0.4, 1.05  # greatest wall times, as multiples of those of these programs
+LINKER_AIM = 0.7  # greatest wall time, as a multiple of that of the faster of two similar programs
 GROWTH = (10_000, 100_000, 1_000_000)  # files
-GROWTH_AIM = 1.5  # times per file: that of the largest tree divided by that of the smallest
+GROWTH_AIM = 1.5  # greatest time per file for the largest tree, as a multiple of that for the smallest tree
 FILE_MEMORY_AIM = 200  # bytes per file beyond its name
 MASTERING = ["-iso-level", "4", "-follow-links", "-cache-inodes", "-volid", "BENCH"]
 XORRISO = ["xorriso", "-as", "mkisofs", "-iso-level", "3", "-f", "-volid", "BENCH"]  # xorriso has no level 4
 
 
 class MakeFile:
-    """Runs a command that makes the file `made`. Removes an older one first."""
+    """Runs a command that makes the file `made`. Removes an older file of this name first."""
 
     def __init__(self, command, made, source):
         self.command, self.made, self.source = command, made, source
@@ -55,7 +55,7 @@ def mkisofs_rows(options):
 
 
 def growth_rows(options):
-    """Measures in memory, so that the disk does not influence the growth of the time."""
+    """Measures with files in memory, so that the disk does not influence the growth of the time."""
     folder = options.memory / f"discwright-bench-{os.getpid()}"
     folder.mkdir()
     try:
@@ -99,7 +99,7 @@ def measure_growth(options, folder):
 
 
 class LinkRun:
-    """Links the duplicates in a new copy of `source` at every call. `saved` is the number of bytes freed by it."""
+    """Links the duplicates in a new copy of `source` at every call. `saved` is the number of bytes that this freed."""
 
     def __init__(self, command, source, copies):
         self.command, self.source, self.copies, self.calls, self.saved = command, source, copies, 0, 0
@@ -108,7 +108,7 @@ class LinkRun:
         self.calls += 1
         copy = self.copies / f"{Path(self.command[0]).name}{self.calls}"
         os.sync()
-        # Links at once, as a build does: the copy is still in memory and not yet on the disk.
+        # The program links at once, as in a build: the copy is still in memory and not yet on the disk.
         shutil.copytree(self.source, copy)
         before = disk_use(copy)
         command = [str(copy) if word == "TREE" else word for word in self.command]
@@ -119,7 +119,7 @@ class LinkRun:
 
 
 def disk_use(folder):
-    """The size of all files below a folder. Hard links count once."""
+    """Returns the size of all files below a folder. Hard links count once."""
     files = {}
     for path in folder.rglob("*"):
         facts = path.stat()

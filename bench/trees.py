@@ -19,7 +19,7 @@ SMALLEST, MEDIAN, SPREAD = 200, 15_000, 1.5  # sizes of the small files in bytes
 
 
 def small_sizes(numbers, count, total):
-    """`count` sizes in bytes with the sum `total`: many small ones and few large ones."""
+    """Returns `count` sizes in bytes with the sum `total`: many small ones and few large ones."""
     drawn = [max(SMALLEST, int(numbers.lognormvariate(0, SPREAD) * MEDIAN)) for _ in range(count)]
     sizes = [max(SMALLEST, size * total // sum(drawn)) for size in drawn]
     sizes[-1] += total - sum(sizes)
@@ -27,7 +27,7 @@ def small_sizes(numbers, count, total):
 
 
 def setup_plan():
-    """The plan of a tree like a Windows XP CD."""
+    """Returns the plan of a tree like a Windows XP CD."""
     numbers = random.Random(2001)
     cabinets = [size * MEGABYTE for size in CABINETS]
     sizes = cabinets + small_sizes(numbers, SETUP_FILES - len(cabinets), SETUP_BYTES - sum(cabinets))
@@ -39,14 +39,15 @@ def setup_plan():
 
 
 def many_plan(files, per_folder=500, size=1_000):
-    """The plan of many small files."""
+    """Returns the plan of a tree of many small files."""
     return [(f"PART{number // per_folder:03}/FILE{number:06}.TXT", size, number) for number in range(files)]
 
 
 def duplicates_plan():
-    """The plan of a tree like a Windows XP CD in which a tenth of the files are duplicates, as with several editions.
+    """Returns the plan of a tree like a Windows XP CD in which a tenth of the files are duplicates.
 
-    Every tenth file, and one of the cabinets, has the content of the file before it.
+    Such trees occur when a CD has several editions. Every tenth file, and one of the cabinets, has the content of the
+    file before it.
     """
     plan = setup_plan()
     for number in range(1, len(plan)):
@@ -56,7 +57,7 @@ def duplicates_plan():
 
 
 def write_files(folder, plan):
-    """Writes the files of a plan below `folder` (a Path)."""
+    """Writes the files of a plan below `folder`, which is a Path."""
     made = set()
     for path, size, content in plan:
         target = folder / path.lstrip("/")

@@ -1,4 +1,5 @@
-# GoogleTest for a Windows compiler, from Debian's sources (package googletest): there is none that is built already.
+# Builds GoogleTest for a Windows compiler from Debian's sources (package googletest), because Debian has no package of
+# it that is already built for Windows.
 set(googletest /usr/src/googletest)
 if(NOT EXISTS ${googletest}/googletest/src/gtest-all.cc)
   message(FATAL_ERROR "${googletest} is missing; scripts/bootstrap.sh test installs it")

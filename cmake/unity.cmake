@@ -1,6 +1,7 @@
-# Unity builds (several sources compiled as one) are for the presets that nobody edits in: they build everything once.
-# These sources use names that another file of their room uses, too, for something else: each is compiled by itself.
-# When a new pair of names clashes, put one of the two files here.
+# Configures unity builds, in which several sources are compiled as one. They are for the presets that build everything
+# once, in which nobody edits sources.
+# Each of the following sources uses a name that another file of its room uses for something else, so each is compiled
+# by itself. When a new pair of files clashes, add one of the two here.
 set(compiled_alone
     host/posix/script.cpp host/posix/source_tree.cpp host/win32/runtime_calls.cpp
     settings/session_table.cpp settings/win9x_info.cpp
@@ -24,7 +25,8 @@ endif()
 list(TRANSFORM compiled_alone PREPEND ${CMAKE_SOURCE_DIR}/)
 set_source_files_properties(${compiled_alone} DIRECTORY ${folders} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 
-# Tests link the parts of these that they need, with a host of their own beside them.
+# The tests link single objects of these libraries, together with a replacement of the host. So every source of these
+# libraries must stay an object of its own.
 set(taken_in_parts host)
 if(DISCWRIGHT_TESTS AND WIN32)
   list(APPEND taken_in_parts gmock_main)

@@ -1,4 +1,4 @@
-# Debian's cross compiler for 64-bit Windows: the same sources, for the tests under Wine.
+# Selects Debian's cross compiler for 64-bit Windows. It builds the same sources, for the tests under Wine.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR AMD64)
 set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-win32)

@@ -1,4 +1,4 @@
-# Debian's cross compiler for 32-bit Windows: what ships.
+# Selects Debian's cross compiler for 32-bit Windows, which builds the programs that ship.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-win32)

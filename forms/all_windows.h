@@ -1,4 +1,5 @@
-// The program's three windows, and what scripts and faces ask of their controls: by name, as a value, as shown text.
+// Contains the program's three windows, and functions that scripts and faces use: they find a control by its name,
+// convert its value to text and back, and return the texts that a window shows.
 #pragma once
 
 #include <array>
@@ -29,18 +30,18 @@ std::vector<Control*> FindControls(Windows& windows, std::string_view name);
 // string.
 std::string Assign(Control& control, std::string_view value);
 
-// The value in the form that Assign takes, or the shown caption of a control without a value.
+// Returns the value in the form that Assign takes. For a control without a value, returns the caption as it is shown.
 std::string ValueText(const Control& control);
 
-// The caption as a window shows it: without the ampersand that marks the access key, and with "&" for "&&".
+// Returns the caption as a window shows it: without the ampersand that marks the access key, and with "&" for "&&".
 std::string ShownText(const Captioned& control);
 
-// The text by which a user knows the control: its own caption, or the label of a text box. Empty for a bar or a
-// picture.
+// Returns the text by which a user knows the control: its own caption, or the label of a text box. The text is empty
+// for a bar or a picture.
 std::string NamingText(const Control& control);
 
-// The letter to press together with Alt, in the letter case of the caption; 0 when there is none. A text box and a link
-// have the key of their label.
+// Returns the letter that the user presses together with Alt, in the letter case of the caption; 0 if the control has
+// no access key. A text box and a link have the key of their label.
 char AccessKey(const Control& control);
 
 }  // namespace discwright::forms

@@ -1,5 +1,5 @@
-// The kinds of control that a window is made of. A window of the program is a struct with one member for each control;
-// a face shows the members and listens to their changes.
+// Defines the kinds of control that a window is made of. A window of the program is a struct with one member for each
+// control; a face shows the members and listens to their changes.
 #pragma once
 
 #include <array>
@@ -83,7 +83,7 @@ class Control {
   friend class ControlArray;
 
  private:
-  // Called before the listeners, so that a new value can change other controls.
+  // This function is called before the listeners, so that a new value can change other controls.
   virtual void Changed(Facet, By) {}
 
   std::string name_;
@@ -109,8 +109,8 @@ class Form : public Control {
   Form(std::string name, std::string caption);
 
   const std::vector<Control*>& controls() const { return controls_; }
-  // The first control with this name, in any letter case, and with this index in its ControlArray; -1 stands for any
-  // index. Null when there is none.
+  // Returns the first control that has this name, in any letter case, and this index in its ControlArray; -1 stands for
+  // any index. Returns null if there is no such control.
   Control* Find(std::string_view name, int index = -1) const;
   // `listener` is called for changes of the form itself and of each of its controls.
   [[nodiscard]] Subscription Listen(Listener listener) { return listeners_.Add(nullptr, std::move(listener)); }

@@ -1,4 +1,5 @@
-// Sets what the declarations of the main window cannot say: hidden, disabled, read-only and password controls.
+// Sets what the declarations of the main window cannot say: which controls are hidden, disabled, read-only or for
+// passwords.
 #include "forms/frm_discwright.h"
 
 #include <algorithm>
@@ -28,7 +29,7 @@ const Label& FrmDiscwright::Heading(std::size_t page) const {
     const auto* label = dynamic_cast<const Label*>(control);
     return label != nullptr && label->heading && label->container() == &FraMain[page];
   });
-  return dynamic_cast<const Label&>(**found);  // every page has one
+  return dynamic_cast<const Label&>(**found);  // the cast is safe, because every page has a title line
 }
 
 }  // namespace discwright::forms

@@ -1,4 +1,5 @@
-// The main window as data: its state and its eleven pages, each control with its name, caption and first value.
+// Describes the main window as data: its state and its eleven pages, with the name, the caption and the first value of
+// each control. The faces show it, and the wizard reads and changes it.
 #pragma once
 
 #include <cstdint>
@@ -34,7 +35,7 @@ struct FrmDiscwright : Form {
   FileDialog DlgOpen{*this, "DlgOpen"};
   ControlArray<Frame, kPageCount> FraMain{*this, "FraMain"};
 
-  // 0: welcome
+  // Page 0: welcome.
   Label LblHeadWelcome{FraMain[0], "LblHeadWelcome", "  Welcome to The Vexa Discwright v2.0"};
   Label LblWelcome1{FraMain[0], "LblWelcome1",
                     "The wizard will assist you in the process of creating the Vexa Rescue CD."};
@@ -43,7 +44,7 @@ struct FrmDiscwright : Form {
                     "this file using your favorite CD/DVD recording utility."};
   Label LblWelcome3{FraMain[0], "LblWelcome3", "Press Next to start the wizard"};
 
-  // 1: contents
+  // Page 1: contents.
   Label LblHeadContents{FraMain[1], "LblHeadContents", "  Select the Contents of the CD"};
   CheckBox ChkGet_Vexadisks{
       FraMain[1], "ChkGet_Vexadisks", "Vexa Boot Disks (Vexa Software - Vexa Net)", {.key = 'V'}, 1};
@@ -54,7 +55,7 @@ struct FrmDiscwright : Form {
   CheckBox ChkGet_Win9x{FraMain[1], "ChkGet_Win9x", "Microsoft Windows 98/98SE/Me Setup Files", {.key = 'M'}};
   CheckBox ChkGet_Advtools{FraMain[1], "ChkGet_Advtools", "Advanced Tools", {.key = 'T'}};
 
-  // 2: Windows 2000/XP/2003, source and service pack
+  // Page 2: Windows 2000/XP/2003, source and service pack.
   Label LblHeadWin2K1{FraMain[2], "LblHeadWin2K1", "  Add Windows 2000/XP/2003 Setup (1)"};
   Label Lbl_i386_Loc{FraMain[2], "Lbl_i386_Loc", "Location of Windows Setup Files", {.key = 'L'}};
   TextBox Txt_i386_Loc{FraMain[2], "Txt_i386_Loc", Lbl_i386_Loc};
@@ -70,7 +71,7 @@ struct FrmDiscwright : Form {
   CommandButton Cmd_Sel_hotfixes{FraHotfix, "Cmd_Sel_hotfixes", "Select Hotfixes to include...", {.key = 'x'}};
   Label LblHotNum{FraHotfix, "LblHotNum", "Hotfixes : 0", {.beside = true}};
 
-  // 3: Windows 2000/XP/2003, options and answers
+  // Page 3: Windows 2000/XP/2003, options and answers.
   Label LblHeadWin2K2{FraMain[3], "LblHeadWin2K2", "  Add Windows 2000/XP/2003 Setup (2)"};
   Frame FraMisc{FraMain[3], "FraMisc", " Miscellaneous Options : "};
   CheckBox ChkDelTree_Lang{FraMisc, "ChkDelTree_Lang", "Remove Extra Languages Files", {.key = 'R'}};
@@ -84,7 +85,7 @@ struct FrmDiscwright : Form {
   CheckBox ChkWin2KInfo_Unattend{
       FraWin2KInfo, "ChkWin2KInfo_Unattend", "Store this info in the Windows 2000/XP Installation", {.key = 'W'}};
 
-  // 4: Windows 98/98SE/Me
+  // Page 4: Windows 98/98SE/Me.
   Label LblHeadWin9x{FraMain[4], "LblHeadWin9x", "  Add Windows 98/98SE/Me Setup"};
   Label LblWin9x_Loc{FraMain[4], "LblWin9x_Loc", "Location of Windows Setup Files", {.key = 'L'}};
   TextBox TxtWin9x_Loc{FraMain[4], "TxtWin9x_Loc", LblWin9x_Loc};
@@ -96,7 +97,7 @@ struct FrmDiscwright : Form {
   CheckBox ChkWin9xInfo_MSBatch{
       FraWin9xInfo, "ChkWin9xInfo_MSBatch", "Store this info in the Windows Installation", {.key = 'W'}};
 
-  // 5: advanced tools
+  // Page 5: advanced tools.
   Label LblHeadAdvtools{FraMain[5], "LblHeadAdvtools", "  Advanced Tools"};
   CheckBox ChkERDC{FraMain[5], "ChkERDC", "ERD Commander 2002/2003", {.key = 'E'}};
   Label LblERDC{FraMain[5], "LblERDC", "Specify the location of your ERD Commander CD :", {.key = 'S'}};
@@ -107,7 +108,7 @@ struct FrmDiscwright : Form {
   TextBox TxtBCon{FraMain[5], "TxtBCon", LblBCon};
   CommandButton CmdBrw_BCon{FraMain[5], "CmdBrw_BCon", "Browse ...", {.key = 'w', .beside = true}};
 
-  // 6: utilities and additional files
+  // Page 6: utilities and additional files.
   Label LblHeadUtils{FraMain[6], "LblHeadUtils", "  Vexa Utilities / Additional Files"};
   Frame FraUtils{FraMain[6], "FraUtils"};
   CheckBox ChkVexaUtils{FraUtils, "ChkVexaUtils", " Vexa Utilities ", {.key = 'V', .heads = true}};
@@ -123,7 +124,7 @@ struct FrmDiscwright : Form {
   CommandButton CmdExp_AddFiles{FraAddFiles, "CmdExp_AddFiles", "Explore...", {.key = 'x'}};
   CommandButton CmdBrw_AddFiles{FraAddFiles, "CmdBrw_AddFiles", "Browse...", {.key = 'w', .beside = true}};
 
-  // 7: ISO options
+  // Page 7: ISO options.
   Label LblHeadISO{FraMain[7], "LblHeadISO", "  Specify ISO File Options"};
   CheckBox ChkPassProtect{FraMain[7], "ChkPassProtect", "Password Protect the created CD", {.key = 'P'}};
   Label LblPass1{FraMain[7], "LblPass1", "Password", {.key = 'a'}};
@@ -138,11 +139,11 @@ struct FrmDiscwright : Form {
       FraISO, "ChkOptimizeISO", "Optimize the ISO file size by encoding duplicate files", {.key = 'O'}};
   CheckBox ChkCleanSession{FraISO, "ChkCleanSession", "Clean Session's temporary files after completing", {.key = 'l'}};
 
-  // 8: summary
+  // Page 8: summary.
   Label LblHeadSummery{FraMain[8], "LblHeadSummery", "  Ready to create ISO file", {.key = 'R'}};
   TextBox TxtSummery{FraMain[8], "TxtSummery", LblHeadSummery};
 
-  // 9: finish
+  // Page 9: finish.
   Label LblFinish{FraMain[9], "LblFinish", "  Operation completed successfully"};
   Label LblAbort{FraMain[9], "LblAbort", "Couldn't access destination ISO File"};
   Label LblVisit_vexacd{FraMain[9],
@@ -158,7 +159,7 @@ struct FrmDiscwright : Form {
   Label LblVisit_Third{FraMain[9], "LblVisit_Third", "For more about creating bootable CD-ROMs, visit :", {.key = 'm'}};
   Link LblLink_Third{FraMain[9], "LblLink_Third", LblVisit_Third, kBootableCdsPage};
 
-  // 10: progress, one line for each step of the build with its mark beside it
+  // Page 10: progress. It has one line for each step of the build, with its mark beside it.
   Label LblWait{FraMain[10], "LblWait", "  Please Wait ... Creating the ISO file"};
   Label LblMsg1{FraMain[10], "LblMsg1", "Creating Vexa Boot Disks"};
   Label LblRight1{FraMain[10], "LblRight1", "", {.beside = true}};
@@ -173,15 +174,14 @@ struct FrmDiscwright : Form {
   Label LblSub_Step{FraMain[10], "LblSub_Step"};
   ProgressBar BarSub_Step{FraMain[10], "BarSub_Step"};
 
-  // Below every page
+  // These buttons are below every page. CmdFinish is shown instead of CmdNext.
   CommandButton CmdHelp{*this, "CmdHelp", "&Help", {.key = kKeyInCaption}};
   CommandButton CmdCancel{*this, "CmdCancel", "&Cancel", {.key = kKeyInCaption, .beside = true}};
   CommandButton CmdBack{*this, "CmdBack", "< &Back", {.key = kKeyInCaption, .beside = true}};
   CommandButton CmdNext{*this, "CmdNext", "&Next >", {.key = kKeyInCaption, .beside = true}};
-  CommandButton CmdFinish{
-      *this, "CmdFinish", "&Finish", {.key = kKeyInCaption, .beside = true}};  // shown instead of CmdNext
+  CommandButton CmdFinish{*this, "CmdFinish", "&Finish", {.key = kKeyInCaption, .beside = true}};
 
-  // The title line of a page. `page` is an index into FraMain.
+  // Returns the title line of a page. `page` is an index into FraMain.
   const Label& Heading(std::size_t page) const;
 };
 

@@ -1,4 +1,5 @@
-// The installation info dialog of Windows 2000/XP/2003 as data: its controls with their captions and first values.
+// Describes the installation info dialog of Windows 2000/XP/2003 as data: its controls with their captions and first
+// values.
 #pragma once
 
 #include "forms/control.h"

@@ -1,4 +1,4 @@
-// The installation info dialog of Windows 98/Me as data: its controls with their captions and first values.
+// Describes the installation info dialog of Windows 98/Me as data: its controls with their captions and first values.
 #pragma once
 
 #include "forms/control.h"

@@ -1,5 +1,6 @@
-// The list of listeners. While a listener runs, an entry that has ended is only marked: the listener may have ended
-// itself, and its function object must not be destroyed while it is running. Sweep() removes marked entries later.
+// Keeps the list of listeners. When a subscription ends while a listener runs, its entry is only marked: the listener
+// may have ended itself, and its function object must not be destroyed while it is running. Sweep() removes marked
+// entries later.
 #include "forms/listeners.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-// The listeners of a form. Control::Listen and Form::Listen return a Subscription, which ends the listening when it is
-// destroyed. A listener may begin or end subscriptions while it is called.
+// Keeps the listeners of a form. Control::Listen and Form::Listen return a Subscription, which ends the listening when
+// it is destroyed. A listener may begin or end subscriptions while it is called.
 #pragma once
 
 #include <functional>
@@ -14,11 +14,11 @@ class Control;
 // Which property of a control has changed.
 enum class Facet {
   kText,      // the caption, or the text of a field
-  kValue,     // of a check box, an option button or a bar; of a form: the mouse pointer
-  kVisible,   // shown or hidden
-  kEnabled,   // enabled or disabled
-  kRange,     // minimum or maximum of a bar
-  kEmphasis,  // bold, colour
+  kValue,     // the value of a check box, an option button or a bar; the mouse pointer of a form
+  kVisible,   // whether it is shown or hidden
+  kEnabled,   // whether it is enabled or disabled
+  kRange,     // the minimum or maximum of a bar
+  kEmphasis,  // bold type or colour
   kRepaint,   // nothing has changed; a face should draw earlier changes now
 };
 
@@ -27,7 +27,7 @@ enum class By { kProgram, kUser };
 
 using Listener = std::function<void(Control& control, Facet facet, By by)>;
 
-// Keeps a listener alive. Can be moved, and may outlive the form.
+// Keeps a listener registered. A subscription can be moved, and may outlive the form.
 class Subscription {
  public:
   struct Entry;

@@ -1,4 +1,4 @@
-// What a user can do to a control. Every face calls these functions for its user, and so do tests.
+// Does to a control what a user can do to it. Every face calls these functions for its user, and so do the tests.
 #pragma once
 
 #include <string_view>
@@ -15,15 +15,15 @@ bool CanBeUsed(const Control& control);
 // read-only.
 bool TakesInput(const Control& control);
 
-// Each of these does nothing and returns false when the control cannot be used.
+// Each of these functions does nothing and returns false when the control cannot be used.
 bool Press(CommandButton& button);
 bool Toggle(CheckBox& box, bool on);
 bool Choose(OptionButton& option);
 bool Type(TextBox& field, std::string_view text);  // `text` replaces the old text; false for a read-only field
 bool Follow(Link& link);
 
-// For the close button of a window, and for a request of the system to close it. The program decides whether the form
-// is closed.
+// A face calls this when the user clicks the close button of a window, and when the system asks the window to close.
+// The program decides whether the form is closed.
 void AskToClose(Form& form);
 
 }  // namespace discwright::forms

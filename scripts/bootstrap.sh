@@ -1,15 +1,15 @@
 #!/bin/sh
-# Installs the Debian 12 packages that building and testing need; does nothing when they are all there.
-#   scripts/bootstrap.sh build    what the program itself needs (default)
+# Installs the Debian 12 packages that building and testing need. Does nothing if all of them are installed.
+#   scripts/bootstrap.sh build    for building the program itself (default)
 #   scripts/bootstrap.sh windows  also the compilers of the Windows programs
 #   scripts/bootstrap.sh test     also the readers that the tests compare against, and the emulator
-#   scripts/bootstrap.sh wine32   what makes a Wine for 32-bit programs (scripts/wine32.sh)
+#   scripts/bootstrap.sh wine32   for making a Wine for 32-bit programs (scripts/wine32.sh)
 #   scripts/bootstrap.sh wine64   the Wine for 64-bit programs
 #   scripts/bootstrap.sh fuzz     also the compiler of the fuzz targets
 #   scripts/bootstrap.sh lint     also the checkers
-#   scripts/bootstrap.sh bench    also the programs that are measured against
-#   scripts/bootstrap.sh faults   also what makes system calls fail, and a reader of images
-#   scripts/bootstrap.sh mutants  also what changes the code to see whether a test notices
+#   scripts/bootstrap.sh bench    also the programs whose speed is compared
+#   scripts/bootstrap.sh faults   also the tool that makes system calls fail, and a reader of images
+#   scripts/bootstrap.sh mutants  also the tools of scripts/mutants.sh
 set -eu
 
 packages="g++ make cmake ninja-build nasm libssl-dev libxxhash-dev"
@@ -41,5 +41,5 @@ if [ "$(id -u)" -ne 0 ]; then
 fi
 echo "Installing:$missing"
 $as_root apt-get update -q
-# shellcheck disable=SC2086  # one word per package is meant
+# shellcheck disable=SC2086  # each word must become one argument, because each is a package
 $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends $missing

@@ -5,13 +5,14 @@ import re
 
 import sources
 
-# From the ground up. A room includes itself and the rooms of all floors below it, none of its own floor.
+# The floors from the lowest to the highest. A room may include itself and all rooms of the floors below, but no other
+# room of its own floor.
 FLOORS = [["base", "forms"], ["host"], ["util"], ["settings", "steps"], ["integration"], ["pipeline"], ["wizard"],
           ["desktop"], ["apps"]]
-# Rooms below that a room does not know either: copying and asking the system know no windows.
+# Rooms of lower floors that a room must not include either: copying files and calling the system need no windows.
 UNKNOWN = {"host": {"forms"}, "util": {"forms"}}
-# Rooms beside the floors: each of them includes itself and the rooms named here. A folder of tools/ is a program: it
-# includes its own files and the headers that stand directly in tools/, but no other program's.
+# Rooms beside the floors. Each of them may include itself and the rooms named here. A folder of tools/ is a program: it
+# may include its own files and the headers directly in tools/, but no files of another program.
 BESIDE = {"tools": {"host", "base"}, "bench": {"util", "host"}, "boot": set()}
 TESTS = "tests"  # may include every room
 BACK_ROOMS = [("host", "posix"), ("host", "win32")]  # included by their own files and by tests only
@@ -41,7 +42,7 @@ def room_allows(room, other):
 
 
 def objection(file, included):
-    """Why `file` must not include `included` (paths from the root), or None."""
+    """Returns why `file` must not include `included`, or None if it may. Both are paths from the root."""
     room, other = file.parts[0], included.parts[0]
     if not room_allows(room, other):
         return f"{room} must not include {other}"
@@ -53,7 +54,7 @@ def objection(file, included):
 
 
 def resolve(root, file, name):
-    """The included file, looked up in the folder of `file` and those above it; None when there is none below `root`."""
+    """Finds the included file in the folder of `file` or one above it; None when `root` does not contain it."""
     for folder in (root / file).parents:
         candidate = (folder / name).resolve()
         if candidate.is_file() and candidate.is_relative_to(root):
@@ -64,7 +65,7 @@ def resolve(root, file, name):
 
 
 def includes_of(root, file):
-    """(line number, name as written, file or None) of every #include "..." of a file."""
+    """Yields (line number, name as written, file or None) for every #include "..." of a file."""
     text = sources.read_text(root / file)
     for match in INCLUDE.finditer(text):
         line = text.count("\n", 0, match.start(1)) + 1
@@ -72,7 +73,7 @@ def includes_of(root, file):
 
 
 def find_circle(graph):
-    """One circle of a {file: [files]} graph as a list whose first and last entry are equal; None when there is none."""
+    """Returns a circle of a {file: [files]} graph as a list that ends with its first entry; None if there is no circle."""
     done = set()
 
     def visit(file, way):

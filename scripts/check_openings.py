@@ -9,7 +9,7 @@ PRAGMA_ONCE = re.compile(r"^#pragma once$", re.MULTILINE)
 
 
 def opening_comment(text):
-    """The // lines at the start of a file, joined to one text."""
+    """Returns the // lines at the start of a file, joined to one text."""
     lines = []
     for line in text.splitlines():
         if not line.startswith("//"):

@@ -21,7 +21,7 @@ MACRO = re.compile(r"^\s*#.*?\b(_WIN32|_WIN64|_MSC_VER|__MINGW32__|__linux__|__u
 
 
 def foreign_name(line):
-    """The header or macro of a platform that a line of C++ names, or None."""
+    """Returns the header or macro of a platform that a line of C++ names, or None."""
     header = HEADER.match(line)
     if header:
         return f"<{header[1]}>"

@@ -19,13 +19,13 @@ TEST_NAME = re.compile(r"/\^\s*TEST\w*\((\w+), *(\w+)\)")
 
 
 def function_name(fields):
-    """The name of a function in a line of ctags. A test has the name Suite.Name."""
+    """Returns the name of a function in a line of ctags. A test has the name Suite.Name."""
     test = TEST_NAME.match(fields[2])
     return f"{test[1]}.{test[2]}" if test else fields[0]
 
 
 def function_lengths(root, files):
-    """[(lines, "path: Function")] of all functions. The lines of a lambda count for the function around it."""
+    """Returns [(lines, "path: Function")] of all functions. The lines of a lambda count for the function around it."""
     names = "\n".join(map(str, files))
     tags = subprocess.run(CTAGS, cwd=root, input=names, stdout=subprocess.PIPE, text=True, errors="replace", check=True)
     lengths = []
@@ -35,13 +35,13 @@ def function_lengths(root, files):
             continue
         start = int(re.search(r"\tline:(\d+)", tag)[1])
         end = re.search(r"\tend:(\d+)", tag)
-        if end:  # missing for "= default"
+        if end:  # the end is missing for "= default"
             lengths.append((int(end[1]) - start + 1, f"{fields[1]}: {function_name(fields)}"))
     return lengths
 
 
 def percentile(lengths, percent):
-    """The smallest length that at least `percent` of the sorted lengths do not exceed."""
+    """Returns the smallest length that at least `percent` of the sorted lengths do not exceed."""
     return lengths[max(0, -(-len(lengths) * percent // 100) - 1)][0]
 
 

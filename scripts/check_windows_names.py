@@ -20,7 +20,7 @@ WORD = re.compile(r"\b[A-Za-z_]\w*\b")
 
 
 def macros_of(includes):
-    """The names of all macros that are defined after these #include lines."""
+    """Returns the names of all macros that are defined after these #include lines."""
     output = subprocess.run([COMPILER, "-DNOMINMAX", "-DWIN32_LEAN_AND_MEAN", "-E", "-dM", "-xc++", "-"],
                             input=includes, capture_output=True, text=True, check=True).stdout
     return {re.split(r"[ (]", line, maxsplit=2)[1] for line in output.splitlines()}
@@ -32,7 +32,7 @@ def windows_macros():
 
 
 def names_in(text):
-    """(line number, name) of every name in C++ text, without comments, literals and preprocessor lines."""
+    """Yields (line number, name) of every name in C++ text, without comments, literals and preprocessor lines."""
     text = SKIPPED.sub(lambda match: "\n" * match[0].count("\n"), text)
     for number, line in enumerate(text.splitlines(), 1):
         for name in WORD.findall(line):

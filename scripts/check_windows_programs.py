@@ -74,7 +74,7 @@ class Program:
         return self.numbers(kind, at)[0]
 
     def place(self, address):
-        """The offset in the file of the byte with this address in memory."""
+        """Returns the offset in the file of the byte with this address in memory."""
         for size, start, stored, at in self.sections:
             if start <= address < start + max(size, stored):
                 return at + address - start
@@ -89,7 +89,7 @@ class Program:
         return self.number("I", self.optional + 96 + 8 * index) if index < count else 0
 
     def imports(self):
-        """(library in lower case, name of the function or "#number") of each import."""
+        """Returns (library in lower case, name of the function or "#number") of each import."""
         table = self.directory(DIRECTORY_IMPORT)
         while table:
             names, _, _, library, addresses = self.numbers("IIIII", self.place(table))
@@ -108,7 +108,7 @@ class Program:
 
 
 def reviewed_imports(path=IMPORTS):
-    """{(library, function)} of windows_imports.txt."""
+    """Returns {(library, function)} of windows_imports.txt."""
     lines = [line.partition("#")[0].split() for line in path.read_text(encoding="utf-8").splitlines()]
     return {(words[0], words[1]) for words in lines if words}
 
@@ -140,7 +140,7 @@ def import_problems(program, reviewed):
 
 
 def instruction_problems(lines):
-    """One problem for each function in a disassembly that uses instructions newer than a Pentium Pro's."""
+    """Returns one problem for each function in a disassembly that uses instructions newer than a Pentium Pro's."""
     function, named, seen = None, False, {}
     for line in lines:
         label = FUNCTION.match(line)
@@ -161,7 +161,7 @@ def disassembly(path):
 
 
 def check(path, reviewed):
-    """All problems of one program."""
+    """Returns all problems of one program."""
     try:
         program = Program(Path(path).read_bytes())
         problems = header_problems(program)

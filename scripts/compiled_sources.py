@@ -1,7 +1,9 @@
 #!/usr/bin/env python3
-"""Lists the C++ sources of a configured build folder, but those of the tests, one a line; sources of a unity as one.
+"""Lists the files that the compiler gets in a configured build folder, one in a line, without the tests.
 
-    compiled_sources.py BUILD [PART]     with PART: only those whose path, or that of a source of theirs, contains it
+In a unity build, one file stands for several sources.
+
+    compiled_sources.py BUILD [PART]     with PART: only files whose path, or the path of a source in them, contains it
 """
 
 import json
@@ -10,18 +12,18 @@ from pathlib import Path
 
 
 def compiled(build):
-    """The source files that the compiler is given."""
+    """Returns the source files that the compiler gets."""
     return sorted({entry["file"] for entry in json.loads((build / "compile_commands.json").read_text())})
 
 
 def sources_in(file):
-    """The sources that a file stands for."""
+    """Returns the sources that a file stands for: those that a unity includes, or the file itself."""
     lines = Path(file).read_text(encoding="utf-8").splitlines() if "/Unity/" in file else []
     return [line.split('"')[1] for line in lines if line.startswith("#include")] or [file]
 
 
 def chosen(build, root, part=""):
-    """The files for the checkers."""
+    """Yields the files that the checkers should read."""
     for file in compiled(build):
         sources = sources_in(file)
         paths = [Path(source).relative_to(root) for source in sources if Path(source).is_relative_to(root)]

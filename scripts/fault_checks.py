@@ -1,4 +1,4 @@
-"""The invariants of a build into which a fault was injected, and the check of each."""
+"""Defines the invariants of a build into which a fault was injected, and checks each of them."""
 
 import fnmatch
 import hashlib
@@ -23,14 +23,15 @@ INVARIANTS = {
 SECTOR = 2048
 KNOWN_CODES = {0, 1, 2, 3, 4}
 MADE_WITH_WARNINGS = 4
-SHOWN = 6  # paths in one finding
+SHOWN = 6  # the largest number of paths that a finding names
 CRASH = re.compile(
     r"terminate called|what\(\):|Sanitizer|runtime error:|Assertion .* failed|Segmentation fault|core dumped|"
     r"\bSIG(?:ABRT|SEGV|BUS|FPE|ILL|XFSZ|SYS|PIPE)\b|free\(\): invalid|double free|exit code (?:13[24569]|153)\b"
 )
 PROGRESS = re.compile(r"^\d/5 |^Image:|^Size:|^SHA-256:|^remark: ")
 
-# Where what stands in a folder of the CD comes from, and by which other names a message may call a file of the CD.
+# ORIGINS says from which folder the content of a folder of the CD comes. OTHER_NAMES has further names by which a
+# message may call a file of the CD.
 ORIGINS = {
     "I386": "sources/nt/I386",
     "WIN98": "sources/98",
@@ -56,13 +57,13 @@ OTHER_NAMES = {
 
 @dataclass
 class Outcome:
-    """What came of one run. `code` is below 0 after a signal."""
+    """The result of one run. `code` is below 0 if a signal has ended it."""
 
     code: int
     out: str = ""
     err: str = ""
     timed_out: bool = False
-    trace: str = ""  # of the program into which the fault was injected
+    trace: str = ""  # the trace of the program into which the fault was injected
 
     @property
     def was_killed(self):
@@ -78,7 +79,7 @@ class Undisturbed:
     session: bytes | None = None
     old_session: bytes | None = None
     files: dict = field(default_factory=dict)  # {path on the CD: digest}
-    names: list = field(default_factory=list)  # what stands there after a second build
+    names: list = field(default_factory=list)  # the names in the folders that a build writes to, after a second build
 
 
 def content_of(path):
@@ -86,13 +87,13 @@ def content_of(path):
 
 
 def saved_session(stand):
-    """The session that a build saves; it names the image by its full path."""
+    """Returns the saved session without the path of the stand, which is part of the image's path in the session."""
     content = content_of(stand / SAVED_SESSION)
     return content and content.replace(str(stand).encode(), b"")
 
 
 def read_files(image):
-    """{path: digest} of the files that bsdtar finds in an image; None when it cannot read the whole image."""
+    """Returns {path: digest} of the files that bsdtar finds in an image; None when it cannot read the whole image."""
     with tempfile.TemporaryDirectory() as folder:
         file = Path(folder) / "image.iso"
         file.write_bytes(image)
@@ -108,21 +109,21 @@ def read_files(image):
 
 
 def is_whole(image):
-    """Whether the file is as long as its volume says."""
+    """Whether the file is at least as long as its volume descriptor says."""
     at = 16 * SECTOR
     sectors = int.from_bytes(image[at + 80 : at + 84], "little")
     return image[at + 1 : at + 6] == b"CD001" and len(image) >= SECTOR * sectors
 
 
 def boot_start(image):
-    """The four sectors that a BIOS loads from the CD."""
+    """Returns the four sectors of 512 bytes that a BIOS loads from the CD."""
     catalogue = int.from_bytes(image[17 * SECTOR + 71 : 17 * SECTOR + 75], "little") * SECTOR
     start = int.from_bytes(image[catalogue + 40 : catalogue + 44], "little") * SECTOR
     return image[start : start + SECTOR]
 
 
 def lost_files(image, undisturbed):
-    """The paths on the CD that are missing, differ or should not be there; None when the image cannot be read."""
+    """Returns the paths on the CD that are missing, differ or should not exist; None when the image cannot be read."""
     if image == undisturbed.image:
         return []
     found = read_files(image)
@@ -134,12 +135,12 @@ def lost_files(image, undisturbed):
 
 
 def origin_of(path):
-    """The folder that a file of the CD, or the folder of it in the CD's root, comes from."""
+    """Returns the folder from which a file of the CD comes. The file's folder in the root of the CD decides this."""
     return ORIGINS.get(path.split("/")[0], "sources/additional files")
 
 
 def names_of(path):
-    """What a message may call a file of the CD: its own name, or a folder that it stands in."""
+    """Returns what a message may call a file of the CD: its name, another name of it, or a folder that contains it."""
     parents = path.split("/")[:-1]
     origin = origin_of(path)
     names = [path.rsplit("/", 1)[-1], origin, *OTHER_NAMES.get(path, ())]
@@ -149,7 +150,7 @@ def names_of(path):
 
 
 def is_in_the_rest(path, line):
-    """Whether a line says of more than the file that it names that it was not copied, and means this one, too."""
+    """Whether a line says that more files than the one it names were not copied, and this file is among them."""
     if "the rest of this folder" in line:
         return "/".join(origin_of(path).split("/")[:2]) + "/" in line
     pattern = re.search(r"(?:nor were the files after it that match|so files that match) (.*?)(?: may be missing)?:", line)
@@ -157,7 +158,7 @@ def is_in_the_rest(path, line):
 
 
 def is_named(path, text):
-    """Whether a line says the name of this file, or that of its folder with nothing of the folder behind it."""
+    """Whether a line names this file, or names its folder without naming something in that folder."""
     names = [r"(?<![\w.])" + re.escape(name) + r"(?![\w/\\.]\w)" for name in names_of(path)]
     if any(re.search(name, text, re.IGNORECASE) for name in names):
         return True
@@ -170,14 +171,14 @@ def some(paths):
 
 
 def changed_sources(before, stand):
-    """Invariant 1."""
+    """Checks invariant 1."""
     after = fingerprint(stand)
     changed = sorted(path for path in before.keys() | after.keys() if before.get(path) != after.get(path))
     return [(1, f"changed: {some(changed)}")] if changed else []
 
 
 def wrong_image(outcome, stand, undisturbed):
-    """Invariant 2."""
+    """Checks invariant 2."""
     found = []
     image = content_of(stand / IMAGE)
     if image is None and undisturbed.old_image is not None:
@@ -199,7 +200,7 @@ def wrong_image(outcome, stand, undisturbed):
 
 
 def incomplete_success(outcome, stand, undisturbed):
-    """Invariant 3."""
+    """Checks invariant 3."""
     if outcome.code != 0:
         return []
     image = content_of(stand / IMAGE)
@@ -217,7 +218,7 @@ def incomplete_success(outcome, stand, undisturbed):
 
 
 def unnamed_losses(outcome, stand, undisturbed):
-    """Invariant 4."""
+    """Checks invariant 4."""
     if outcome.code <= 0 or outcome.timed_out:
         return []
     reasons = [line for line in outcome.err.splitlines() if " " in line.strip() and not PROGRESS.match(line)]
@@ -234,7 +235,7 @@ def unnamed_losses(outcome, stand, undisturbed):
 
 
 def crashes(outcome):
-    """Invariant 5."""
+    """Checks invariant 5."""
     if outcome.timed_out:
         return [(5, "it did not end")]
     found = [found[0] for found in CRASH.finditer(outcome.out + outcome.err)]
@@ -245,7 +246,7 @@ def crashes(outcome):
 
 
 def failed_repetition(outcome, stand, undisturbed, still_running):
-    """Invariant 6; `outcome` is that of the next build, without a fault."""
+    """Checks invariant 6. `outcome` is that of the next build, into which no fault is injected."""
     found = []
     if outcome.code != 0 or outcome.timed_out:
         said = " | ".join(outcome.err.splitlines()[-2:])
@@ -262,7 +263,7 @@ def failed_repetition(outcome, stand, undisturbed, still_running):
 
 
 def broken_by(outcome, stand, undisturbed, before):
-    """[(invariant, what was found)] after a run with a fault."""
+    """Returns [(invariant, what was found)] after a run with a fault."""
     return [
         *changed_sources(before, stand),
         *wrong_image(outcome, stand, undisturbed),

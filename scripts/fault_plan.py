@@ -3,9 +3,11 @@
 import re
 from dataclasses import dataclass, field
 
-# Of one call in the code, from one place that calls it, only these occurrences: the first, the last, and some between.
+# The calls that one chain of places in the code makes are one site. Faults are injected into this many calls of a site:
+# the first, the last, and some between.
 MOST_PER_SITE = 3
-# So many of the innermost places tell one way to a call from another. A folder in a folder is the same way.
+# A site is told from others by this many of the innermost places on the stack. A place that calls itself, for a folder
+# in a folder, counts once.
 FRAMES = 6
 
 STATS = ("EIO", "EACCES")
@@ -73,15 +75,16 @@ ERRORS = {
     "lseek": ("EIO",),
     "wait4": ("EINTR",),
 }
-# What changes something on the disk or starts something. Between two of these a kill makes no difference.
-# Whole builds under the shell's limits: the largest file in half kilobytes, open files, memory in kilobytes. The
-# messages of a build go to a file here, so that file must have room for them.
+# Limits of the shell for whole builds: the largest file in half kilobytes, the open files, the memory in kilobytes. The
+# messages of a build go to a file, which must have room for them.
 LIMITS = "limits"
 LIMIT_VALUES = {
     "ulimit -f": (4, 40, 160, 1000, 2000, 2880, 4000, 8000, 12000, 15000),
     "ulimit -n": (4, 5, 6, 7, 8, 9, 10, 12, 16),
     "ulimit -v": (8000, 10000, 12000, 14000, 16000, 20000, 25000, 30000, 50000, 80000, 90000, 100000, 200000),
 }
+# The calls that change something on the disk or start something. A kill is injected into these only, because a kill
+# between two of them makes no difference.
 CHANGES = set(
     "write pwrite64 writev rename renameat renameat2 link linkat symlink symlinkat unlink unlinkat rmdir mkdir mkdirat "
     "copy_file_range sendfile ftruncate fallocate chmod fchmod fchmodat utimensat clone clone3 vfork pipe2".split()
@@ -108,7 +111,7 @@ class Call:
 
 
 def own_frame(line, folder):
-    """(address, function) of a line of the call's stack, or None when it is not in our code."""
+    """Returns (address, function) of a line of the call's stack, or None when the line is not in our code."""
     found = FRAME.match(line)
     if not found or not found[1].startswith(folder):
         return None
@@ -116,7 +119,7 @@ def own_frame(line, folder):
 
 
 def read_calls(lines, folder):
-    """The calls of a trace made by `strace -k`, with or without -f. Our programs stand in `folder`."""
+    """Returns the calls of a trace made by `strace -k`, with or without -f. Our programs are in `folder`."""
     calls, counts, latest = [], {}, {}
     for line in lines:
         frame = own_frame(line, folder)
@@ -127,7 +130,7 @@ def read_calls(lines, folder):
             continue
         if line.startswith(" > "):
             continue
-        # The stack of a call that another task has interrupted stands behind the line in which it is resumed.
+        # If another task interrupts a call, the stack of the call follows the line in which the call is resumed.
         resumed = re.match(r"^(\d+) +<\.\.\. [a-z_0-9]+ resumed>(.*)", line)
         if resumed:
             latest["call"] = latest.get(resumed[1])
@@ -140,7 +143,8 @@ def read_calls(lines, folder):
             continue
         task, name = entry[1] or "", entry[2]
         counts[task, name] = counts.get((task, name), 0) + 1
-        # The stack of a call that starts something cannot be read; the code of libraries starts nothing by itself.
+        # strace cannot read the stack of a call that starts something. The code of libraries starts nothing by itself,
+        # so such a call comes from our code.
         site = (name,) if name in BLIND else ()
         latest["call"] = latest[task] = Call(task, name, counts[task, name], entry[3], site)
         calls.append(latest["call"])
@@ -152,9 +156,9 @@ class Unit:
     """One program of the build, or one of its starts, into which faults are injected."""
 
     program: str
-    arguments: str = ""  # tells the starts of one program apart; empty: every start
-    threads: bool = False  # the calls of its other threads
-    path: str = ""  # only the calls that name this file
+    arguments: str = ""  # tells apart the starts of one program; empty: the unit is every start
+    threads: bool = False  # the unit has the calls of the program's other threads
+    path: str = ""  # the unit has only the calls that name this file; empty: all calls
     calls: list = field(default_factory=list)
 
     @property
@@ -165,7 +169,7 @@ class Unit:
 
 @dataclass(frozen=True)
 class Injection:
-    """One fault: which call fails, where, and how."""
+    """One fault: the call that fails, its place, and the way in which it fails."""
 
     number: int
     scenario: str
@@ -195,12 +199,15 @@ class Injection:
 
 
 def errors_of(call, is_first=True):
-    """What may happen to this call; all of it at the first one of a site, and a kill where it makes a difference."""
+    """Returns the faults for this call.
+
+    The first call of a site gets all of them, other calls only one error. A kill is among them where it matters.
+    """
     errors = list(ERRORS.get(call.name, ()))[: None if is_first else 1]
     creates = call.name.startswith("open") and CREATES.search(call.text)
     if creates:
         errors.append("ENOSPC")
-    # A file that is open already: only the disk may fail.
+    # The file is already open, so only the disk may fail.
     if call.name == "newfstatat" and "AT_EMPTY_PATH" in call.text:
         errors = ["EIO"]
     if creates or call.name in CHANGES:
@@ -209,7 +216,7 @@ def errors_of(call, is_first=True):
 
 
 def some_of(items, most):
-    """The first, the last, and others at equal distances; all when there are no more than `most`."""
+    """Returns the first, the last, and others at equal distances; all when there are no more than `most`."""
     if len(items) <= most:
         return list(items)
     last = len(items) - 1
@@ -217,7 +224,7 @@ def some_of(items, most):
 
 
 def chosen_calls(units, most):
-    """[(unit, call, whether it is the first of its site)] in the recorded order, at most `most` for each site."""
+    """Returns [(unit, call, whether it is the first of its site)] in the recorded order, at most `most` of a site."""
     sites = {}
     for at, unit in enumerate(units):
         for call in unit.calls:
@@ -231,7 +238,7 @@ def chosen_calls(units, most):
 
 
 def plan(recorded, most=MOST_PER_SITE):
-    """The numbered list of all injections; `recorded` is {scenario: its units}."""
+    """Returns the numbered list of all injections. `recorded` is {scenario: its units}."""
     injections = []
     for scenario, units in recorded.items():
         for unit, call, is_first in chosen_calls(units, most):
@@ -246,7 +253,7 @@ def plan(recorded, most=MOST_PER_SITE):
 
 
 def split_tasks(calls):
-    """(calls of the first task, those of its threads): a task that starts a program is neither."""
+    """Returns (calls of the first task, calls of its threads). A task that starts a program belongs to neither."""
     first = calls[0].task if calls else ""
     starting = {call.task for call in calls if call.name == "execve" and call.task != first}
     threads = [call for call in calls if call.task != first and call.task not in starting]
@@ -254,22 +261,24 @@ def split_tasks(calls):
 
 
 def shown_text(text, folder):
-    """The arguments of a call without what is different in each run."""
+    """Returns the arguments of a call without the parts that differ from run to run."""
     return re.sub(r"0x[0-9a-f]{6,}", "0x...", text.replace(folder, ""))
 
 
 def units_of_program(program, lines, folder):
-    """The unit of a started program and that of its threads, from its trace."""
+    """Returns the unit of a started program and the unit of its threads, from its trace."""
     calls = read_calls(lines, folder)
     own, threads = split_tasks(calls)
     started = STARTED.search(f"execve({own[0].text}") if own else None
     words = re.findall(r'"((?:[^"\\]|\\.)*)"', started[1]) if started else []
-    # Only CreateDsk is started several times; the arguments of the others hold paths.
+    # Only CreateDsk is started several times, so only its starts must be told apart. The arguments of the others hold
+    # paths.
     arguments = " ".join(words[1:]) if program == "CreateDsk" else ""
     for call in calls:
         call.text = shown_text(call.text, folder)
     units = [Unit(program, arguments, calls=own)]
-    # The call of the first task with the same number fails, too. That must not be one of the system's loader.
+    # strace also makes the call of the first task with the same number fail. That call must not be one of the system's
+    # loader.
     by_loader = {(call.name, call.number) for call in own if not call.site}
     alone = [call for call in threads if (call.name, call.number) not in by_loader]
     return units + ([Unit(program, arguments, True, calls=alone)] if alone else [])

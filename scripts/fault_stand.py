@@ -1,4 +1,4 @@
-"""Makes what scripts/faults.py builds a small CD from: its sources, a program folder, the places that it writes to."""
+"""Makes the stands of scripts/faults.py: the sources of a small CD, a program folder, and folders for the results."""
 
 import hashlib
 import os
@@ -7,7 +7,8 @@ import stat
 import subprocess
 
 PROGRAMS = ("discwright-build", "CreateDsk", "dfl", "mkisofs")
-# What a build writes to. The other folder of a stand, "sources", and the files of the program are only read.
+# The folders of a stand that a build writes to. Its other folder, "sources", and the files of the program are only
+# read.
 WRITTEN = ("program", "out", "home", "tmp")
 IMAGE = "out/rescue.iso"
 SAVED_SESSION = "out/saved.ini"
@@ -39,7 +40,7 @@ CHOICES = {
 
 
 def setup_folder():
-    """The files of a setup folder of the NT family; several name the folder, as the build patches it."""
+    """Returns the files of a setup folder of the NT family. The build patches the folder's name in several of them."""
     return {
         "I386/SETUPLDR.BIN": b"MZ" + b"\0" * 300 + b"i386\\ntdetect.com" + b"\0" * 900 + b"\\i386\\txtsetup.sif" * 2,
         "I386/TXTSETUP.SIF": b"[SetupData]\r\nSetupSourcePath = \\i386\r\n; the same in capitals: \\I386\r\n",
@@ -50,7 +51,7 @@ def setup_folder():
 
 
 def source_files():
-    """{path below "sources": bytes}; some files are equal, so that the optimiser has something to link."""
+    """Returns {path below "sources": bytes}. Some files are equal, so that dfl has something to link."""
     nt = setup_folder()
     nt.update({"I386/LANG/KOR/GULIM.TT_": b"MSCF gulim", "I386/NT5.CAT": b"catalogue", "SETUP.EXE": b"MZ setup"})
     nt.update({"CDROM_IP.5": b"Windows 2000 Professional\r\n", "CDROM_NT.5": b"Windows 2000\r\n"})
@@ -77,7 +78,7 @@ def write_sources(folder):
 
 
 class Scenario:
-    """One whole build: how it is called, and what stands there before it."""
+    """One whole build: its name and its command line."""
 
     def __init__(self, name, choices, arguments):
         self.name = name
@@ -98,14 +99,14 @@ SCENARIOS = (FIRST, AGAIN)
 
 
 def surroundings(stand, **more):
-    """The environment of a build; nothing of the caller's own comes in."""
+    """Returns the environment of a build. The caller's environment adds only PATH and the options of sanitizers."""
     given = {"PATH": os.environ["PATH"], "HOME": str(stand / "home"), "TMPDIR": str(stand / "tmp"), "LC_ALL": "C.UTF-8"}
     sanitizers = {name: value for name, value in os.environ.items() if name.endswith("SAN_OPTIONS")}
     return {**given, **sanitizers, "SOURCE_DATE_EPOCH": str(SOURCE_DATE), **more}
 
 
 def build_quietly(stand, command):
-    """A build that must succeed while the stands are made."""
+    """Runs a build that must succeed. Returns its output, or ends this program with the output if the build fails."""
     done = subprocess.run(
         command,
         cwd=stand,
@@ -122,7 +123,7 @@ def build_quietly(stand, command):
 
 
 def make_stand(stand, program, scenario):
-    """What stands there before the build of this scenario."""
+    """Makes the folders of a stand as they are before the build of this scenario."""
     for name in WRITTEN:
         (stand / name).mkdir(parents=True)
     for name in (*PROGRAMS, "files"):
@@ -130,7 +131,8 @@ def make_stand(stand, program, scenario):
         copy(program / name, stand / "program" / name)
     write_sources(stand / "sources")
     if scenario is AGAIN:
-        # A session with all choices, the traces of an earlier build, its image, and an older session to be replaced.
+        # This scenario needs a session with all choices, the traces of an earlier build, its image, and an older
+        # session that is replaced.
         chosen = Scenario("session", CHOICES, ["--save-session", "sources/session.ini"])
         build_quietly(stand, chosen.command)
         (stand / IMAGE).unlink()
@@ -139,13 +141,16 @@ def make_stand(stand, program, scenario):
 
 
 def copy_folder(source, target):
-    """Copies with modes and times, and quickly: it is done thousands of times."""
+    """Copies a folder with its modes and times. cp is used because it is fast, and this is done thousands of times."""
     subprocess.run(["cp", "-a", "--", source, target], check=True)
 
 
 def mark_workspaces(stand):
-    """The program empties only folders that it knows by their identity, and a copied folder has a new one. So its mark
-    is written again, as the program writes it."""
+    """Writes the marks of a copied program folder again.
+
+    The program empties only folders that it knows by their identity, and a copied folder has a new identity. So each
+    mark is written in the form in which the program writes it.
+    """
     for mark in (stand / "program").glob("*.own"):
         folder = mark.with_suffix("")
         made = subprocess.run(["stat", "-c", "%.W", "--", folder], check=True, stdout=subprocess.PIPE, text=True).stdout
@@ -154,7 +159,7 @@ def mark_workspaces(stand):
 
 
 def facts_of(path):
-    """What must not change of a file or folder that is only read. A folder's size is the file system's own affair."""
+    """Returns what must not change of a file or folder that is only read. A folder's size may change."""
     facts = path.lstat()
     content = ""
     if stat.S_ISREG(facts.st_mode):
@@ -163,7 +168,7 @@ def facts_of(path):
 
 
 def fingerprint(stand):
-    """{path: its facts} of everything that a build may only read."""
+    """Returns {path: its facts} of everything that a build may only read."""
     found = {}
     for top in (stand / "sources", stand / "program" / "files"):
         for path in (top, *top.rglob("*")):
@@ -172,5 +177,5 @@ def fingerprint(stand):
 
 
 def names_below(stand):
-    """The names in all places that a build writes to, sorted."""
+    """Returns the names in all folders that a build writes to, sorted."""
     return sorted(str(path.relative_to(stand)) for top in WRITTEN for path in (stand / top).rglob("*"))

@@ -36,23 +36,23 @@ from fault_checks import INVARIANTS, Outcome, Undisturbed
 from fault_plan import KILL, LIMITS, Call, Injection, Unit
 
 ROOT = Path(__file__).resolve().parent.parent
-MARK = "DISCWRIGHT_FAULTS"  # in the environment of every process that is started here
-LEAST_LIMIT = 20  # seconds
+MARK = "DISCWRIGHT_FAULTS"  # an environment variable of every process that is started here
+LEAST_LIMIT = 20  # the smallest time limit of a build, in seconds
 TIMES_UNDISTURBED = 20
-# While a script stands in the place of a program, the program itself has this behind its name.
+# While a script takes the place of a program, the name of the program itself ends in this.
 REAL = ".real"
-KILLED = "killed by SIGKILL"  # how a trace ends then
+KILLED = "killed by SIGKILL"  # a trace ends with this after a kill
 
 
 def processes_of(mark):
-    """The processes of one run, by the mark in their environment."""
+    """Returns the processes of one run. They have the mark in their environment."""
     found = []
     for entry in Path("/proc").iterdir():
         try:
             if entry.name.isdigit() and mark.encode() in (entry / "environ").read_bytes():
                 found.append(int(entry.name))
         except OSError:
-            continue  # it has ended, or belongs to somebody else
+            continue  # the process has ended, or belongs to another user
     return found
 
 
@@ -65,7 +65,7 @@ def end_all(mark):
 
 
 def still_running(mark, seconds):
-    """Waits for the processes of a run to end; those that do not."""
+    """Waits for the processes of a run to end. Returns those that still run after this time."""
     last_moment = time.monotonic() + seconds
     while found := processes_of(mark):
         if time.monotonic() > last_moment:
@@ -75,7 +75,10 @@ def still_running(mark, seconds):
 
 
 def run_build(stand, command, mark, limit):
-    """Runs a build, or a strace of one. Its output goes to files: a program that outlives the build delays nobody."""
+    """Runs a build, or a strace of one.
+
+    The output goes to files, because a pipe would make this function wait for a program that outlives the build.
+    """
     with open(stand.parent / "out.txt", "w+b") as out, open(stand.parent / "err.txt", "w+b") as err:
         process = subprocess.Popen(
             command,
@@ -101,7 +104,7 @@ def run_build(stand, command, mark, limit):
 
 
 def stand_in(stand, program, arguments, options):
-    """Puts a script in the place of a program, which starts the real one under strace."""
+    """Replaces a program by a script that starts the real program under strace."""
     file = stand / "program" / program
     real = file.with_name(program + REAL)
     file.rename(real)
@@ -119,7 +122,7 @@ def put_back(stand):
 
 
 def options_of(injection, stand):
-    """The options of strace that inject the fault."""
+    """Returns the options of strace that inject the fault."""
     options = ["-e", f"trace={injection.name}", "-e", f"inject={injection.expression}", "-s", "200"]
     if injection.program == "sh":
         return ["-f", *(["-P", injection.path.format(stand=stand)] if injection.path else []), *options]
@@ -129,7 +132,10 @@ def options_of(injection, stand):
 
 
 def units_of_the_shell():
-    """The starts of programs and the reading of the script, whose own calls cannot be recorded one by one."""
+    """Returns units for the shell, which starts programs and reads the script.
+
+    They are not recorded, because the shell's own calls cannot be recorded one by one.
+    """
 
     def call(name, number, text):
         return Call("", name, number, text, (name, number, text), "the shell")
@@ -155,7 +161,7 @@ class Campaign:
         self.key = hashlib.sha256(b"".join(path.read_bytes() for path in names)).hexdigest()
 
     def prepare(self):
-        """Makes the stands anew, and looks at what undisturbed builds leave."""
+        """Makes the stands anew, and notes what undisturbed builds leave."""
         shutil.rmtree(self.work / "stands", ignore_errors=True)
         for scenario in fault_stand.SCENARIOS:
             fault_stand.make_stand(self.work / "stands" / scenario.name, self.program, scenario)
@@ -181,7 +187,7 @@ class Campaign:
         return Undisturbed(image, old_image, session, old_session, files, fault_stand.names_below(stand))
 
     def record(self, scenario):
-        """The units of a scenario, from the trace of an undisturbed build with the stack of each call."""
+        """Returns the units of a scenario, from the trace of an undisturbed build with the stack of each call."""
         job = Job(self, f"recorded_{scenario.name}")
         job.set_up(scenario.name)
         names = ",".join("?" + name for name in fault_plan.ERRORS)
@@ -198,7 +204,7 @@ class Campaign:
         return sorted(units, key=lambda unit: fault_stand.PROGRAMS.index(unit.program)) + units_of_the_shell()
 
     def plan(self):
-        """The numbered injections; recorded once for each state of the programs and of these scripts."""
+        """Returns the numbered injections. They are recorded once for each state of programs and scripts."""
         kept = self.work / "plan.json"
         if kept.exists():
             stored = json.loads(kept.read_text(encoding="utf-8"))
@@ -215,7 +221,7 @@ class Campaign:
 
 
 class Job:
-    """One worker with a stand of its own."""
+    """A worker that has a stand of its own."""
 
     def __init__(self, campaign, name):
         self.campaign = campaign
@@ -229,7 +235,7 @@ class Job:
         fault_stand.mark_workspaces(self.stand)
 
     def command(self, injection):
-        """Makes the stand ready for the fault; the command to be run in it."""
+        """Prepares the stand for the fault. Returns the command that must run in the stand."""
         scenario = next(one for one in fault_stand.SCENARIOS if one.name == injection.scenario)
         if injection.program == LIMITS:
             return ["/bin/sh", "-c", f'{injection.expression} && exec "$@"', "sh", *scenario.command]
@@ -243,7 +249,7 @@ class Job:
         return "".join(path.read_text(errors="replace") for path in sorted(self.traces.iterdir()))
 
     def run(self, injection):
-        """(the outcome, [(invariant, what was found)], whether the fault was injected)"""
+        """Returns (the outcome, [(invariant, what was found)], whether the fault was injected)."""
         undisturbed = self.campaign.undisturbed[injection.scenario]
         self.set_up(injection.scenario)
         before = fault_stand.fingerprint(self.stand)
@@ -264,7 +270,7 @@ class Job:
         return outcome, broken, was_struck(outcome, injection)
 
     def repeat(self, injection, undisturbed, mark, before):
-        """Builds again without a fault, at once: programs of a killed build may still be running."""
+        """Builds again without a fault. It begins at once, while programs of a killed build may still be running."""
         scenario = next(one for one in fault_stand.SCENARIOS if one.name == injection.scenario)
         outcome = run_build(self.stand, scenario.command, mark, self.campaign.limit)
         running = still_running(f"{MARK}={mark}", LEAST_LIMIT)
@@ -276,7 +282,10 @@ class Job:
 
 
 def struck_line(trace, injection):
-    """The call of the trace that was struck, which may be another one than in the recorded run; empty when none was."""
+    """Returns the line of the trace with the call into which the fault was injected; empty when there is no such line.
+
+    The call may be another one than in the recorded run.
+    """
     lines = trace.splitlines()
     if injection.error != KILL:
         return next((line for line in lines if line.endswith("(INJECTED)")), "")
@@ -284,19 +293,22 @@ def struck_line(trace, injection):
 
 
 def was_struck(outcome, injection):
-    """Whether the fault came to a call of ours; a limit did when something failed after the start of the program."""
+    """Whether the fault was injected into a call of our programs.
+
+    A limit counts as injected when something failed after the start of the program.
+    """
     if injection.program == LIMITS:
         return outcome.code != 0 and not cannot_start(outcome)
     return bool(struck_line(outcome.trace, injection))
 
 
 def cannot_start(outcome):
-    """Whether the system's loader has ended the program. That says nothing about our code."""
+    """Whether the system's loader has ended the program. Then the run shows nothing about our code."""
     return outcome.code == 127 and "error while loading shared libraries" in outcome.err
 
 
 class Report:
-    """Prints what was found, and counts."""
+    """Prints what was found, and counts the runs."""
 
     def __init__(self):
         self.codes, self.lock = collections.Counter(), threading.Lock()
@@ -333,7 +345,10 @@ class Report:
 
 
 def run_all(campaign, injections, jobs, last_moment):
-    """Runs them side by side; the report, and how many were left out. Ctrl-C ends it after the builds that run."""
+    """Runs the injections side by side. Returns the report and the number of injections that were left out.
+
+    Ctrl-C ends the campaign when the running builds have ended.
+    """
     waiting = queue.SimpleQueue()
     for injection in injections:
         waiting.put(injection)
@@ -348,7 +363,7 @@ def run_all(campaign, injections, jobs, last_moment):
         except queue.Empty:
             pass
         finally:
-            # A worker that fails ends the campaign: its exception is raised below.
+            # A worker that fails ends the campaign. Its exception is raised below.
             stop.set()
 
     with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
@@ -377,7 +392,7 @@ def run_one(campaign, injection):
 
 
 def why_not_traced():
-    """Why no process can be traced here; empty when it can."""
+    """Returns why no process can be traced here; empty when tracing works."""
     if not shutil.which("strace"):
         return "strace is not installed (scripts/bootstrap.sh faults)"
     command = ["strace", "-o", "/dev/null", "true"]

@@ -11,7 +11,8 @@ cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMP
   -DDISCWRIGHT_TESTS=OFF -DDISCWRIGHT_FUZZ=ON -DDISCWRIGHT_SANITIZE=ON --log-level=WARNING
 cmake --build $build --target fuzz_iso_reader fuzz_mkisofs_options mkisofs
 
-# Seeds: two images and a command line. The fuzzer adds the inputs that it finds, for the next run.
+# The seeds are two images and a command line. The fuzzer adds the inputs that it finds, and the next run starts from
+# them.
 seeds=$build/seeds
 mkdir -p $seeds/tree/boot/deeper $seeds/iso_reader $seeds/mkisofs_options
 echo loader >$seeds/tree/boot/loader.bin

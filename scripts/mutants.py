@@ -14,26 +14,29 @@ from pathlib import Path, PurePath
 from mutation_places import find_places
 
 ROOT = Path(__file__).resolve().parent.parent
-# From the ground up: the tests of a room may notice a change in every room below it.
+# The rooms from the lowest to the highest: the tests of a room may notice a change in every room below it.
 ROOMS = ["base", "host", "forms", "util", "settings", "steps", "integration", "pipeline", "wizard", "desktop"]
 KINDS = {
     "random": {"swap", "drop", "negate", "operator", "constant", "text"},
     "swaps": {"swap", "drop"},
 }
-SHARE_OF_TEXTS = 0.25  # how often a changed text is drawn, to any other change: tests repeat texts word by word
-TIME_OUT = 60  # seconds
-MEMORY = 4 << 30  # bytes: a changed loop may ask for more and more
+SHARE_OF_TEXTS = 0.25  # how often a text is drawn, compared with another change: tests repeat texts word by word
+TIME_OUT = 60  # the time limit of a test program, in seconds
+MEMORY = 4 << 30  # the memory limit in bytes: a changed loop may ask for more and more
 
 
 def git_files(*arguments):
-    """The files of the checkout that are not ignored, relative to its top."""
+    """Returns the files of the checkout that are not ignored, relative to its top."""
     command = ["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard", *arguments]
     listed = subprocess.run(command, cwd=ROOT, stdout=subprocess.PIPE, check=True, text=True).stdout
     return sorted({name for name in listed.split("\0") if name and (ROOT / name).is_file()})
 
 
 def copy_checkout(tree):
-    """Makes `tree` hold what the checkout holds; a file that is the same keeps its date, and is not built again."""
+    """Makes the content of `tree` equal to that of the checkout.
+
+    A file that is equal already keeps its date, so that it is not compiled again.
+    """
     files = git_files()
     for old in [path for path in tree.rglob("*") if path.is_file()]:
         if str(old.relative_to(tree)) not in set(files):
@@ -53,7 +56,7 @@ def configure(tree, build):
 
 
 def compile_arguments(build):
-    """{path: arguments for clang} of all compiled files."""
+    """Returns {path: arguments for clang} of all compiled files."""
     commands = json.loads((build / "compile_commands.json").read_text(encoding="utf-8"))
     kept = ("-I", "-D", "-std", "-isystem")
     return {
@@ -63,7 +66,10 @@ def compile_arguments(build):
 
 
 def all_places(tree, build, names):
-    """The places of the named files, folders and lines; a header is read as the sources of its folder are."""
+    """Returns the places in the named files, folders and lines.
+
+    A header is read with the arguments of the sources in its folder.
+    """
     arguments = compile_arguments(build)
     of_folder = {str(Path(path).parent): given for path, given in arguments.items()}
     places = []
@@ -77,20 +83,23 @@ def all_places(tree, build, names):
 
 
 def draw(places, tree, kind, seed):
-    """The places of one kind of draw in an order that the seed makes; other places do not change their order."""
+    """Returns the places of the kinds that `kind` names, in an order that the seed decides.
+
+    The order of two places does not depend on the other places.
+    """
 
     def chance(place):
-        """A number from 0 to 1."""
+        """Returns a number from 0 to 1, which depends only on the seed and the place."""
         named = f"{seed} {PurePath(place.path).relative_to(tree)} {place.line} {place.start} {place.kind} {place.shown}"
         return int(hashlib.sha256(named.encode()).hexdigest(), 16) / 2**256
 
     drawn = [(chance(place), place) for place in places if place.kind in KINDS[kind]]
-    # Texts come later by so much that a part of them is drawn.
+    # Texts get larger numbers, so that only a part of them comes early enough to be drawn.
     return [place for _, place in sorted((n / SHARE_OF_TEXTS if p.kind == "text" else n, p) for n, p in drawn)]
 
 
 def test_programs(tree, path):
-    """The unit tests that may notice a change of this file, its own room's first."""
+    """Returns the unit tests that may notice a change of this file. Those of its own room come first."""
     parts = PurePath(path).relative_to(tree).parts
     room = parts[1] if parts[0] == "tools" else parts[0]
     rooms = ROOMS[ROOMS.index(room) :] if room in ROOMS else [room]
@@ -123,12 +132,12 @@ class Workshop:
             return False
 
     def check_unchanged(self, places):
-        """The program of which the tests fail already, or none."""
+        """Returns the first program whose tests fail without a change, or None."""
         programs = {program for path in {place.path for place in places} for program in self.programs(path)}
         return next((name for name in sorted(programs) if not (self.builds(name) and self.passes(name))), None)
 
     def outcome(self, place):
-        """What the tests say of one change: "noticed by ...", "SURVIVED" or "invalid"."""
+        """Returns what the tests say about one change: "noticed by ...", "SURVIVED" or "invalid"."""
         file = Path(place.path)
         original = file.read_bytes()
         try:
@@ -144,12 +153,15 @@ class Workshop:
 
 
 def try_places(workshop, drawn, count):
-    """Prints a line for each change until `count` of them were built; True in the list stands for a noticed one."""
+    """Tries changes until `count` of them were compiled, and prints a line for each change.
+
+    Returns a list with True for every change that a test noticed, and False for every other one that was compiled.
+    """
     noticed = []
     drawn = list(drawn)
     try:
         while drawn and len(noticed) < count:
-            # File by file: each change of file costs a compilation more.
+            # The changes are tried file by file, because another file costs one more compilation.
             batch = sorted(drawn[: count - len(noticed)])
             del drawn[: count - len(noticed)]
             for place in batch:

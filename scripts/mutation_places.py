@@ -5,7 +5,7 @@ import sys
 from dataclasses import dataclass
 from itertools import combinations
 
-sys.path.append("/usr/lib/python3/dist-packages")  # Debian's bindings, also for a Python that is not Debian's
+sys.path.append("/usr/lib/python3/dist-packages")  # Debian's bindings, for a Python that does not search there
 from clang.cindex import CursorKind, Index, TypeKind  # noqa: E402  (found through the line above)
 
 OTHER_OPERATOR = {
@@ -17,25 +17,25 @@ OPERATIONS = {CursorKind.BINARY_OPERATOR, CursorKind.COMPOUND_ASSIGNMENT_OPERATO
 LITERALS = {CursorKind.INTEGER_LITERAL, CursorKind.CXX_BOOL_LITERAL_EXPR, CursorKind.STRING_LITERAL}
 LOOPS = {CursorKind.FOR_STMT, CursorKind.CXX_FOR_RANGE_STMT, CursorKind.WHILE_STMT}
 JUMPS = {CursorKind.RETURN_STMT, CursorKind.CONTINUE_STMT, CursorKind.BREAK_STMT}
-ORDERLESS = {"min", "max"}  # functions that give the same for swapped arguments
-HINTS = {"reserve"}  # calls that make no difference but in time
+ORDERLESS = {"min", "max"}  # functions whose result is the same for swapped arguments
+HINTS = {"reserve"}  # calls that change nothing but the running time
 
 
 @dataclass(frozen=True, order=True)
 class Place:
-    """One change: `new` takes the place of the bytes from `start` to `end` of the file `path`."""
+    """One change: `new` replaces the bytes from `start` to `end` of the file `path`."""
 
     path: str
     start: int
     end: int
     kind: str  # swap, drop, negate, operator, constant, text
     new: bytes
-    shown: str  # the change for a reader
+    shown: str  # the change in a form for readers
     line: int
 
 
 def type_name(cursor_type):
-    """The type as it matters for a swap: without reference, const and alias."""
+    """Returns the name of the type without reference, const and alias, which do not matter for a swap."""
     canonical = cursor_type.get_canonical()
     if canonical.kind in (TypeKind.LVALUEREFERENCE, TypeKind.RVALUEREFERENCE):
         canonical = canonical.get_pointee().get_canonical()
@@ -43,12 +43,12 @@ def type_name(cursor_type):
 
 
 def extent_of(cursor):
-    """(start, end) in bytes"""
+    """Returns (start, end) of the cursor's text in bytes."""
     return cursor.extent.start.offset, cursor.extent.end.offset
 
 
 def other_constant(text):
-    """What stands for a number or a truth value instead; none when it is neither."""
+    """Returns another value for a number or a truth value; None for other texts."""
     fixed = {"0": "1", "1": "0", "true": "false", "false": "true"}
     if text in fixed:
         return fixed[text]
@@ -56,7 +56,7 @@ def other_constant(text):
 
 
 def condition_index(if_children):
-    """Where the condition stands among the parts of an if: a declaration may come before it."""
+    """Returns the index of the condition among the parts of an if. A declaration may come before it."""
     return 1 if if_children[0].kind == CursorKind.DECL_STMT else 0
 
 
@@ -84,7 +84,7 @@ class Finder:
         self.places.add(Place(self.path, *extent, kind, new.encode(), " ".join(shown.split()), line))
 
     def add_at(self, kind, cursor, change):
-        """The change gives what is to stand in place of the cursor's text."""
+        """Adds a place that replaces the cursor's text. `change` makes the new text from the old one."""
         old = self.text(*extent_of(cursor))
         self.add(kind, extent_of(cursor), change(old), f"{old} -> {change(old)}")
 
@@ -98,12 +98,12 @@ class Finder:
         self.literal(cursor)
         self.swaps(cursor, children)
         for child in children:
-            # What stands before the name of a declaration is its type.
+            # The text before the name of a declaration is its type, which is not changed.
             if not cursor.kind.is_declaration() or child.extent.start.offset >= cursor.location.offset:
                 self.visit(child)
 
     def statements(self, cursor, children):
-        """Statements that can go: expressions, and an if around nothing but a jump."""
+        """Adds the statements that can be dropped: expressions, and an if that contains only a jump."""
         if cursor.kind in LOOPS | {CursorKind.CASE_STMT, CursorKind.DEFAULT_STMT}:
             children = children[-1:]
         elif cursor.kind == CursorKind.IF_STMT:
@@ -112,13 +112,14 @@ class Finder:
             return
         for child in children:
             if child.spelling not in HINTS and (child.kind.is_expression() or self.is_guard(child)):
-                # A dropped expression leaves its semicolon behind; a dropped if with braces leaves none.
+                # The semicolon after a dropped expression stays. After a dropped if with braces nothing would stay, so
+                # "{}" replaces it.
                 rest = "" if child.kind.is_expression() else "{}"
                 self.add("drop", extent_of(child), rest, self.text(*extent_of(child)))
 
     @staticmethod
     def is_guard(cursor):
-        """Whether it is an if without else whose body only returns or goes on."""
+        """Whether the cursor is an if without else whose body is a single return, continue or break."""
         parts = list(cursor.get_children())
         if cursor.kind != CursorKind.IF_STMT or len(parts) != 2:
             return False
@@ -127,7 +128,7 @@ class Finder:
 
     @staticmethod
     def condition_of(cursor, children):
-        """The condition that a statement decides by, where it is an expression."""
+        """Returns the condition that decides about a statement, if it is an expression; otherwise None."""
         if cursor.kind in (CursorKind.WHILE_STMT, CursorKind.CONDITIONAL_OPERATOR):
             return children[0] if children[0].kind.is_expression() else None
         if cursor.kind == CursorKind.DO_STMT:
@@ -166,7 +167,7 @@ class Finder:
             self.add_at("text", cursor, lambda text: text[:-1] + 'x"')
 
     def swaps(self, cursor, children):
-        """Pairs of arguments, or of fields of one row, that the compiler takes in either order."""
+        """Adds swaps of two arguments, or of two fields of one row, that the compiler accepts in either order."""
         if cursor.kind == CursorKind.CALL_EXPR and cursor.spelling not in ORDERLESS:
             values = [(value, kind) for value, kind in self.arguments(cursor) if self.is_written(value, cursor)]
         elif cursor.kind == CursorKind.INIT_LIST_EXPR:
@@ -182,7 +183,10 @@ class Finder:
 
     @staticmethod
     def arguments(call):
-        """[(argument, type of its parameter)]; the argument's own type where the function is not known."""
+        """Returns [(argument, type of its parameter)].
+
+        If the function is not known, the type is that of the argument itself.
+        """
         given = list(call.get_arguments())
         declared = list(call.referenced.get_arguments()) if call.referenced else []
         typed = declared if len(declared) == len(given) else given
@@ -190,12 +194,12 @@ class Finder:
 
     @staticmethod
     def is_written(value, call):
-        """Whether the argument stands in the call: one by default does not."""
+        """Whether the argument is written in the call. A default argument is not."""
         start, end = extent_of(value)
         return call.extent.start.offset <= start < end <= call.extent.end.offset
 
     def value_extent(self, value):
-        """(start, end) of a value; of a field given by its name only what stands after the equals sign."""
+        """Returns (start, end) of a value. For a named field this is only the text after the equals sign."""
         start, end = extent_of(value)
         named = re.match(r"\.\w+ = ", self.text(start, end))
         return (start + named.end() if named else start), end
@@ -209,5 +213,5 @@ class Finder:
 
 
 def find_places(path, arguments):
-    """All places of a file that is compiled with these arguments of clang, sorted."""
+    """Returns all places of a file that is compiled with these arguments of clang, sorted."""
     return Finder(path, arguments).find()

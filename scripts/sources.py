@@ -1,4 +1,4 @@
-"""Shared by the check_*.py scripts: the list of C++ files, and running a check."""
+"""Helps the check_*.py scripts: lists the C++ files and runs a check."""
 
 import os
 import sys
@@ -8,7 +8,7 @@ ROOMS_OUTSIDE = {"build", "files"}  # built files, and data that ships unchanged
 
 
 def cpp_files(root):
-    """The sorted paths of all C++ files below `root` (a Path), relative to it."""
+    """Returns the sorted paths of all C++ files below `root` (a Path), relative to it."""
     found = []
     for folder, folders, names in os.walk(root):
         top = Path(folder) == root
@@ -18,7 +18,7 @@ def cpp_files(root):
 
 
 def read_text(path):
-    """The text of a file. Bytes that are not UTF-8 are replaced, because no check needs them."""
+    """Returns the text of a file. Bytes that are not UTF-8 are replaced, because no check needs them."""
     return path.read_text(encoding="utf-8", errors="replace")
 
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Prints how many tests passed, failed and were skipped, with the reasons, out of a file of results.
+"""Reads a file of test results. Prints how many tests passed, failed and were skipped, with the reasons.
 
-    summary_of_tests.py RESULTS.xml      what "ctest --output-junit" has written
+    summary_of_tests.py RESULTS.xml      the file that "ctest --output-junit" has written
 """
 
 import collections
@@ -10,7 +10,8 @@ import sys
 import xml.etree.ElementTree
 from pathlib import Path
 
-# What the two kinds of test programs print. GoogleTest, told to be brief, counts all at its end but those that failed.
+# The lines that the two kinds of test programs print. With --gtest_brief GoogleTest prints at its end the numbers of
+# all tests except the failed ones.
 GOOGLETEST_COUNT = re.compile(r"^\[  (PASSED|SKIPPED) +\] (\d+) tests?[.,]", re.MULTILINE)
 GOOGLETEST_FAILED = re.compile(r"^\[  FAILED  \] .* \(\d+ ms\)$", re.MULTILINE)
 UNITTEST_COUNT = re.compile(r"^Ran (\d+) tests? in ", re.MULTILINE)
@@ -19,7 +20,7 @@ UNITTEST_SKIPPED = re.compile(r"\.\.\. skipped [\"'](.*)[\"']$", re.MULTILINE)
 
 
 class Summary:
-    """Counts of the tests of all programs."""
+    """Counts the tests of all programs."""
 
     def __init__(self):
         self.counts = collections.Counter()
@@ -27,7 +28,7 @@ class Summary:
         self.failed_programs = []
 
     def add(self, program, status, output):
-        """`status` is ctest's: "run" for a program that passed, "fail", "notrun" for one that was skipped."""
+        """Adds the output of one program. `status` comes from ctest: "run" (passed), "fail" or "notrun" (skipped)."""
         for word, count in GOOGLETEST_COUNT.findall(output):
             self.counts[word] += int(count)
         self.counts["FAILED"] += len(GOOGLETEST_FAILED.findall(output))
@@ -45,7 +46,7 @@ class Summary:
             self.counts["PASSED"] += sum(int(count) for count in UNITTEST_COUNT.findall(output)) - len(not_run)
 
     def lines(self):
-        """The summary as it is printed."""
+        """Yields the lines of the summary."""
         counts = self.counts
         yield f"{counts['PASSED']} tests passed, {counts['FAILED']} failed, {counts['SKIPPED']} were skipped"
         for reason, count in sorted(self.reasons.items()):
@@ -55,7 +56,7 @@ class Summary:
 
 
 def summary_of(path):
-    """The summary of one file of results."""
+    """Returns the summary of one file of results."""
     summary = Summary()
     for case in xml.etree.ElementTree.parse(path).getroot().iter("testcase"):
         summary.add(case.get("name"), case.get("status"), case.findtext("system-out") or "")

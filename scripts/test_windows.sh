@@ -1,6 +1,7 @@
 #!/bin/sh
-# Builds the Windows programs and runs their tests under Wine: the 32-bit programs, which ship. Where no Wine for these
-# can be made, the tests run on a 64-bit build of the same sources, and those of the 32-bit programs are told as skipped.
+# Builds the Windows programs and runs their tests under Wine. The tests use the 32-bit programs, which ship. If no Wine
+# can be made for these, the tests use a 64-bit build of the same sources, and the tests of the 32-bit programs are
+# reported as skipped.
 #   scripts/test_windows.sh
 set -eu
 cd "$(dirname "$0")/.."

@@ -1,14 +1,15 @@
 #!/bin/sh
 # Runs a Windows program under Wine, as one of the two families of Windows, without a display and without questions.
 #   scripts/wine.sh nt|98 PROGRAM.exe [ARGUMENTS...]
-# Each family has a prefix of its own in build/, made when it is first needed. A 32-bit program (and a command of
-# Windows, such as "cmd") runs in the Wine of scripts/wine32.sh where that was made, a 64-bit one in that of this system.
+# Each family has its own Wine prefix in build/, which is made when it is first needed. A 32-bit program, or a command
+# of Windows such as "cmd", runs in the Wine of scripts/wine32.sh if that exists. A 64-bit program runs in the Wine of
+# this system.
 set -eu
 [ $# -ge 2 ] || { sed -n '2,3p' "$0" >&2; exit 2; }
 here=$(realpath "$0")
 build=$(dirname "$here")/../build
 
-# What kind of processor a Windows program is for, as four hexadecimal digits.
+# Prints for which kind of processor a Windows program is made, as four hexadecimal digits.
 machine_of() {
   header=$(od -A n -t u4 -j 60 -N 4 "$1" | tr -d ' ')
   od -A n -t x2 -j $((header + 4)) -N 2 "$1" | tr -d ' '
@@ -31,9 +32,9 @@ esac
 
 mkdir -p "$build"
 prefix=$(realpath "$build")/wine-$family-$bits
-# No offers to install .NET and a browser, no debugger that waits where a program has crashed.
+# Wine must not offer to install .NET and a browser, and must not start a debugger that waits after a crash.
 export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe="
-# Names in UTF-8, and the code page 1252.
+# Under this locale Wine takes names as UTF-8 and uses the code page 1252.
 export LC_ALL=C.UTF-8
 unset DISPLAY
 if [ $bits = 32 ]; then
@@ -43,13 +44,13 @@ else
   wine=wine
   WINESERVER=wineserver
 fi
-# Wine needs a page at a fixed address below 2 GB. Where the system randomizes addresses, the heap of a new program lies
-# over it once in many thousand starts, and Wine then says "Internal error" before the program has begun.
+# Wine needs a page at a fixed address below 2 GB. On systems that randomize addresses, the heap of a new program covers
+# this page once in many thousand starts. Wine then prints "Internal error" before the program has begun.
 fixed="setarch -R"
 $fixed true 2>/dev/null || fixed=""
 
-# Goes on as a program of Wine's own world. This unshare shares everything: it changes the root directory and keeps the
-# working one.
+# Replaces this script by a program of Wine. A 32-bit Wine needs its own root directory: this unshare makes no new
+# namespace, it only changes the root directory and keeps the working directory.
 become() {
   if [ $bits = 32 ]; then set -- unshare --root="$WINE32_GUEST" --wd="$PWD" "$@"; fi
   exec $fixed "$@"
@@ -61,7 +62,8 @@ make_prefix() {
   (become $WINESERVER --wait)
 }
 
-# Made under another name, so that a prefix is whole or is not there, and by one run only.
+# The prefix is made under another name and renamed at the end, so that it is either complete or missing. The lock lets
+# only one run make it.
 if [ ! -d "$prefix" ]; then
   exec 9>"$prefix.lock"
   flock 9

@@ -1,10 +1,10 @@
 #!/bin/sh
-# The Wine that runs 32-bit Windows programs: Debian's packages for i386, unpacked into build/wine32 (some 700 MB).
-#   scripts/wine32.sh make             makes it where it is missing; exit code 1 and build/wine32.reason where it cannot
+# Makes the Wine for 32-bit Windows programs from Debian's packages for i386 in build/wine32 (some 700 MB), and runs it.
+#   scripts/wine32.sh make             makes it if it is missing; if that fails, ends with 1 and build/wine32.reason
 #   scripts/wine32.sh run COMMAND...   runs a command of this system, such as a test, that starts Windows programs
-# "run" gives the command a mount namespace and the environment variable WINE32_GUEST: the folder that wine.sh makes the
-# root directory of a 32-bit program. All mounts stand in that namespace and go with its last process: outside there is never one, and build/ can be deleted at
-# any time.
+# "run" gives the command its own mount namespace and the environment variable WINE32_GUEST. The variable names the
+# folder that wine.sh makes the root directory of a 32-bit program. All mounts are made in that namespace and disappear
+# with its last process. No mount is ever visible outside, so build/ can be deleted at any time.
 set -eu
 started_in=$PWD
 cd "$(dirname "$0")/.."
@@ -19,9 +19,9 @@ give_up() {
   exit 1
 }
 
-# Debian's own archive as this machine reaches it, from the list of its package sources.
+# Prints the address of Debian's own archive as this machine reaches it, from the list of its package sources.
 archive() {
-  # shellcheck disable=SC2016  # these are apt's names, not the shell's
+  # shellcheck disable=SC2016  # the names after "$" belong to apt, not to the shell
   apt-get indextargets --format '$(ORIGIN) $(CODENAME) $(COMPONENT) $(REPO_URI)' 'Created-By: Packages' |
     sed -n 's/^Debian bookworm main //p' | head -n 1
 }
@@ -30,8 +30,9 @@ in_namespace() {
   if [ "$(id -u)" -eq 0 ]; then unshare --mount "$@"; else unshare --map-root-user --mount "$@"; fi
 }
 
-# Without the packages' own scripts, so that no root and no other system is needed. What libwine's script does is to
-# put the zlib of the Windows compiler among Wine's libraries, marked as one of them. Only usr is kept, with lib in it.
+# Unpacks the packages without running their own scripts, so that neither root nor another system is needed. The script
+# of libwine would put the zlib of the Windows compiler among Wine's libraries, marked as one of them; this function
+# does the same. Of the packages' files only usr is kept, with the content of lib in it.
 unpack() {
   mmdebstrap --arch=i386 --variant=extract --include=wine32,libwine,libc-bin --format=tar bookworm - "deb $1 bookworm main" |
     tar -x -C "$root.new" --no-same-owner --exclude='./dev/*' --exclude='./usr/share/doc' --exclude='./usr/share/locale' \
@@ -43,7 +44,8 @@ unpack() {
   printf 'Wine builtin DLL\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0' | dd of="$zlib" bs=1 seek=64 conv=notrunc status=none
 }
 
-# Under another name first, so that it is whole or is not there.
+# Makes build/wine32. The folder is made under another name and renamed at the end, so that it is either complete or
+# missing.
 make_root() {
   [ ! -d "$root" ] || return 0
   mkdir -p build
@@ -58,7 +60,7 @@ make_root() {
   mkdir "$root.new"
   echo "Making the 32-bit Wine from $source"
   unpack "$source" >"$root.log" 2>&1 9>&- || { tail -n 20 "$root.log" >&2; give_up "Debian's i386 packages could not be had"; }
-  # shellcheck disable=SC2016  # the variable is set in there only
+  # shellcheck disable=SC2016  # only the inner shell knows the variable
   WINE32_ROOT="$root.new" scripts/wine32.sh run sh -c 'chroot "$WINE32_GUEST" /usr/lib/wine/wine --version' \
     9>&- >>"$root.log" 2>&1 || {
     tail -n 20 "$root.log" >&2
@@ -67,8 +69,8 @@ make_root() {
   mv "$root.new" "$root"
 }
 
-# The root directory for the 32-bit programs: this system's, with the i386 packages laid over usr. Shared with it, so that
-# what a test mounts is seen in both.
+# Makes the root directory for the 32-bit programs: that of this system, with the i386 packages laid over usr. The
+# mounts of both are shared, so that what a test mounts is seen in both.
 mount_guest() {
   mount --make-rprivate /
   mount --make-rshared /
@@ -89,7 +91,7 @@ mount_guest() {
     esac
   done
   mkdir "$guest/usr"
-  # Relative, because a colon would end the name.
+  # The path is relative, because a colon in it would end the name.
   (cd "$(dirname "$used_root")" && mount -t overlay -o "lowerdir=$(basename "$used_root")/usr:/usr" wine32 "$guest/usr")
   case $PWD in /usr/*) mount --rbind "$PWD" "$guest$PWD" ;; esac
 }
@@ -101,7 +103,7 @@ case $command in
   run)
     script=$PWD/scripts/wine32.sh
     cd "$started_in"
-    # Once is enough; and without a 32-bit Wine the command says itself what it cannot do.
+    # One namespace is enough. Without a 32-bit Wine the command runs anyway, and reports itself what it cannot do.
     if [ -n "${WINE32_GUEST:-}" ] || [ ! -d "$used_root" ]; then exec "$@"; fi
     in_namespace "$script" guest "$@"
     ;;

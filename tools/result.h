@@ -1,5 +1,5 @@
-// How a step of a tool says that it failed: Result, the return type of every step that can stop a run.
-// A step ends with `return Result::Success()` or `return Result::Failure("the image is full")`.
+// Defines Result, the return type of every step of a tool that can fail and so end the run. A step ends with `return
+// Result::Success()` or `return Result::Failure("the image is full")`.
 #pragma once
 
 #include <string>

@@ -1,5 +1,6 @@
-// The names that dfl gives to new links until they replace files. A dfl that is killed leaves a few of them, each
-// beside the file whose content it has. The next dfl removes them, and mkisofs leaves them out.
+// Makes and recognises the names that dfl gives to new links until they replace files. When dfl is killed, it leaves a
+// few of these links, each beside the file whose content it has. The next run of dfl removes them, and mkisofs does not
+// store them.
 #pragma once
 
 #include <algorithm>
@@ -9,7 +10,7 @@
 
 namespace discwright::tools {
 
-// Long and odd enough that no file of a user has a name that begins like this.
+// The beginning is so long and unusual that no file of a user has a name that begins with it.
 inline constexpr std::string_view kTemporaryLinkStart = ".discwright-dfl-link-7c1f5e9a2b-";
 
 inline std::string TemporaryLinkName(std::size_t number) {

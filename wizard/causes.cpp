@@ -13,7 +13,7 @@ namespace discwright::wizard {
 
 namespace {
 
-// Why nothing usable was found at the path `text`; `status` is the failure of looking there.
+// Returns why nothing usable was found at the path `text`. `status` is the failure of looking there.
 std::string WhyNotFound(const std::string& text, const std::string& wanted, const host::Status& status) {
   if (util::Trim(text).empty()) return "The field is empty: enter " + wanted + ".";
   if (text.starts_with('"') || text.ends_with('"')) {
@@ -24,7 +24,7 @@ std::string WhyNotFound(const std::string& text, const std::string& wanted, cons
   return host::PathToNative(text) + " cannot be read: " + status.cause + ".";
 }
 
-// Why the text is not the path of a folder that contains something; empty if it is.
+// Returns why the text is not the path of a folder that contains something; empty if it is.
 std::string WhyNotUsable(const std::string& text) {
   const host::Result<host::Entry> entry = host::Look(text);
   if (!entry.ok()) return WhyNotFound(text, "a folder", entry.status);
@@ -44,7 +44,8 @@ std::string LacksFile(const std::string& text, const char* file) {
   return "There is no file " + host::PathToNative(Below(text, std::string_view(file).substr(1))) + ".";
 }
 
-// Why `text` is not the folder of the setup files. On a setup CD this folder is in the root and has one of the `names`.
+// Returns why `text` is not the folder of the setup files. On a setup CD this folder is in the root and has one of the
+// `names`.
 std::string WhyNoSetupFolder(const std::string& text, const char* file, std::span<const char* const> names) {
   if (std::string why = WhyNotUsable(text); !why.empty()) return why;
   for (const char* name : names) {

@@ -194,8 +194,8 @@ FoundControl FindControl(Windows& windows, const std::string& name) {
 
 std::string Choose(steps::Context& context, std::span<const Choice> choices) {
   Windows& windows = context.windows;
-  settings::LoadWin2KInfo(windows.win2k_info,
-                          context.notes);  // loading the dialogs later would replace the chosen answers
+  // The dialogs are loaded first. Loading them later would replace the chosen answers.
+  settings::LoadWin2KInfo(windows.win2k_info, context.notes);
   settings::LoadWin9xInfo(windows.win9x_info, context.notes);
   FillFromChosenScript(context, choices);
   for (const Choice& choice : choices) {

@@ -15,8 +15,8 @@ struct Choice {
   std::string value;    // see forms::Assign
 };
 
-// The name of a control for scripts: its own name. The name of its window is put before it if its own name alone would
-// find another control, or two.
+// Returns the name of a control for scripts, which is its own name. The name of its window is put before it if its own
+// name alone would find another control, or two.
 std::string NameOf(forms::Windows& windows, const forms::Control& control);
 
 struct FoundControl {
@@ -39,9 +39,9 @@ std::string Choose(steps::Context& context, std::span<const Choice> choices);
 // Call it after Choose.
 std::vector<std::string> ConfirmDialogs(steps::Context& context, std::span<const Choice> choices, bool has_session);
 
-// What a user should know about accepted choices, one sentence each: choices that have no effect, with the reason, and
-// names that Windows Setup will refuse. If the user has named the session (`session_is_own`), its check boxes are
-// examined too.
+// Returns what a user should know about accepted choices, one sentence each: choices that have no effect, with the
+// reason, and names that Windows Setup will refuse. If the user has named the session (`session_is_own`), its check
+// boxes are examined too.
 std::vector<std::string> RemarksOn(forms::Windows& windows, std::span<const Choice> choices, bool session_is_own);
 
 // Presses Next until the summary page. Returns false if a page refuses its contents.

@@ -1,4 +1,4 @@
-// The tables of the choosers, and what their buttons do.
+// Performs the actions of the choosers' buttons. Tables say which field belongs to which button.
 #include "wizard/choosers.h"
 
 #include <algorithm>
@@ -99,7 +99,7 @@ bool IsDriveRoot(std::string_view folder) {
 }  // namespace
 
 // A text counts as the root of a drive if it occurs anywhere in the list of the drives' roots, for example "D:" in
-// "C:\", "D:\". So do shorter texts such as ":". Kept as it has always been.
+// "C:\", "D:\". So do shorter texts such as ":". This is kept as it has always been.
 std::string StartFolder(std::string_view text) {
   std::string folder(text);
   if (folder.empty()) folder = host::HomeFolder();

@@ -1,4 +1,4 @@
-// The help viewer and the topics of the pages. Call ShowHelp to show the topic of a page.
+// Defines the help viewer and the topics of the pages. Call ShowHelp to show the topic of a page.
 #pragma once
 
 #include <cstdint>
@@ -35,7 +35,7 @@ inline constexpr const char* kHelpViewerTitle = "The Vexa Rescue CD Help";
 
 inline constexpr int kPageInView = 255;  // means the visible page
 
-// The id of a page's topic in the help file: 1110 for page 0, 1120 for page 1, up to 1210 for page 10.
+// Returns the id of a page's topic in the help file: 1110 for page 0, 1120 for page 1, up to 1210 for page 10.
 constexpr int HelpTopic(int page) { return (page + 1) * 10 + 1100; }
 
 // Shows the topic of page `intStep`, or of the visible page for kPageInView. Without `ForceShow`, does so only if the

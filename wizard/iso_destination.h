@@ -6,9 +6,9 @@
 
 namespace discwright::wizard {
 
-// Why the image cannot be written there and what the user can do, as a sentence; empty if it can be written. Double
-// quotes around the path are ignored. An existing file is accepted. For a new file the function creates and deletes a
-// test file of that name. Folders, devices, pipes and sockets are refused without being opened.
+// Returns why the image cannot be written there and what the user can do, as a sentence; empty if it can be written.
+// Double quotes around the path are ignored. An existing file is accepted. For a new file the function creates and
+// deletes a test file of that name. Folders, devices, pipes and sockets are refused without being opened.
 std::string WhyNoIsoDestination(const std::string& text);
 
 // Whether there is a file that is not a disc image, so that it must not be replaced without asking. A disc image has

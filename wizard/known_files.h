@@ -1,4 +1,5 @@
-// The files by which the pages recognise setup folders and tool CDs. Append one to the path of the folder.
+// Names the files by which the pages recognise setup folders and tool CDs. Append one of them to the path of the
+// folder.
 #pragma once
 
 namespace discwright::wizard {

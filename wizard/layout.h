@@ -35,10 +35,10 @@ Layout LayoutOfPage(forms::Windows& windows, int page);
 Layout LayoutOfDialog(forms::Form& dialog);
 Layout LayoutOfButtons(forms::Windows& windows);  // the five buttons below the pages
 
-// The layouts of the eleven pages, of the buttons below them, and of both dialogs.
+// Returns the layouts of the eleven pages, of the buttons below them, and of both dialogs.
 std::vector<Layout> AllLayouts(forms::Windows& windows);
 
-// The controls of a layout in reading order, which is also the order of the Tab key.
+// Returns the controls of a layout in reading order, which is also the order of the Tab key.
 std::vector<forms::Control*> ControlsOf(const Layout& layout);
 
 }  // namespace discwright::wizard

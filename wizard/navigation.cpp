@@ -28,8 +28,8 @@ void ShowPage(steps::Context& context, std::size_t page) {
   ShowHelp(context, kPageInView, false);
 }
 
-// The page after `page`, or `page` itself if one of its checks fails. The defaults and the summary are filled in even
-// then.
+// Returns the page after `page`, or `page` itself if one of its checks fails. The defaults and the summary are filled
+// in even then.
 int PageAfter(steps::Context& context, int page) {
   FrmDiscwright& main = context.main();
   if (page >= kSummaryPage) return kSummaryPage;

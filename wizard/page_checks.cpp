@@ -1,4 +1,4 @@
-// The table of the checks, and how they are made.
+// Makes the checks of the pages, which are listed in a table.
 #include "wizard/page_checks.h"
 
 #include <algorithm>

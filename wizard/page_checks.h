@@ -1,4 +1,4 @@
-// The checks that the Next button makes before it leaves a page. Call PageIsValid.
+// Makes the checks that the Next button requires before it leaves a page. Call PageIsValid.
 #pragma once
 
 #include "steps/context.h"

@@ -1,4 +1,4 @@
-// The table of the default locations.
+// Fills in the default locations from a table.
 #include "wizard/page_defaults.h"
 
 #include <string>
@@ -26,7 +26,7 @@ struct DefaultLocation {
 };
 
 // Without an optical drive the first four become "\I386", "\WIN98", "\" and "\". The checks of their pages refuse
-// these. Kept as it has always been.
+// these. This is kept as it has always been.
 constexpr DefaultLocation kDefaultLocations[] = {
     {kContentsPage, &FrmDiscwright::ChkGet_Win2k, &FrmDiscwright::Txt_i386_Loc, util::FirstCDROMDrive, "\\I386",
      integration::ShowWinVer},

@@ -1,4 +1,4 @@
-// The table of the check boxes that decide which pages are skipped, and questions about pages.
+// Answers questions about pages. A table has the check boxes that decide which pages are skipped.
 #include "wizard/pages.h"
 
 #include <algorithm>

@@ -22,10 +22,10 @@ enum Page : int {
 forms::CheckBox* ContentOf(forms::FrmDiscwright& main, int page);
 bool IsOnTheWay(forms::FrmDiscwright& main, int page);  // whether Next and Back show the page
 
-// The visible page. It can differ from `Step`: CancelApp shows the finish page and does not change `Step`.
+// Returns the visible page. It can differ from `Step`: CancelApp shows the finish page and does not change `Step`.
 int PageInView(const forms::FrmDiscwright& main);
 
-// The page that contains a control; -1 for a button below the pages and for a control of a dialog.
+// Returns the page that contains a control; -1 for a button below the pages and for a control of a dialog.
 int PageOf(forms::FrmDiscwright& main, const forms::Control& control);
 
 // Whether a build is running.

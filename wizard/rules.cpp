@@ -1,4 +1,4 @@
-// The table of the rules that say which check boxes enable which fields.
+// Applies the rules that say which check boxes enable which fields. The rules are listed in a table.
 #include "wizard/rules.h"
 
 #include <algorithm>
@@ -50,8 +50,8 @@ constexpr EnableRule kEnableRules[] = {
      {Field<&FrmDiscwright::CmdSetWin9xInfo>}},
 };
 
-// A greyed box does not count as checked here. Next, the summary and the build count it as checked. Kept as it has
-// always been.
+// A greyed box does not count as checked here. Next, the summary and the build count it as checked. This is kept as it
+// has always been.
 bool IsChecked(const forms::CheckBox& box) { return box.value == 1; }
 
 bool Holds(const FrmDiscwright& main, const EnableRule& rule) {
@@ -79,7 +79,8 @@ void ApplyAll(FrmDiscwright& main) {
   for (const EnableRule& rule : kEnableRules) Apply(main, rule);
 }
 
-// For a control in a dialog, the button of the main window that opens the dialog. For any other control, the control.
+// For a control in a dialog, returns the button of the main window that opens the dialog; for any other control, the
+// control.
 const forms::Control& OnTheMainWindow(forms::Windows& windows, const forms::Control& control) {
   if (&control.form() == &windows.win2k_info) return windows.main.CmdSetWin2KInfo;
   if (&control.form() == &windows.win9x_info) return windows.main.CmdSetWin9xInfo;

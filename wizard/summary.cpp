@@ -1,4 +1,4 @@
-// The table of the summary's sections and lines.
+// Makes the text of the summary from a table of its sections and lines.
 #include "wizard/summary.h"
 
 #include <iomanip>
@@ -96,7 +96,7 @@ constexpr Section kSections[] = {
     {"[Vexa Utilities / Additional Files]", kUtilities},
 };
 
-// For example "Sun 11, 15, 2026": the month comes before the day. Kept as it has always been.
+// An example is "Sun 11, 15, 2026": the month comes before the day. This is kept as it has always been.
 std::string DateText(const host::Date& date) {
   std::ostringstream text;
   text << date.weekday << std::setfill('0') << ' ' << std::setw(2) << date.month << ", " << std::setw(2) << date.day

@@ -1,4 +1,4 @@
-; The CD boot sector of Windows Setup and the recovery tools: loads I386\SETUPLDR.BIN from the CD and starts it.
+; Loads I386\SETUPLDR.BIN from the CD and starts it: this is the CD boot sector of Windows Setup and the recovery tools.
 ;
 ; The build replaces the name "I386" by "ERDC" or "OOBC" in two copies of this sector. So the name occurs exactly once,
 ; and the messages are put together from it. Tests: ShippedFiles.BootSectors_AreOneCdSectorWithOneNameToPatch.
@@ -11,7 +11,8 @@
 ;   1000:0000-1000:7FFF  buffer for volume descriptors and directories, 16 sectors at a time
 ;   2000:0000-           SETUPLDR.BIN, up to the end of the memory that INT 12h reports
 ;
-; The BIOS enters at 0000:7C00 or 07C0:0000 with DL = drive. The other registers are undefined. Needs an 80386.
+; The BIOS enters at 0000:7C00 or 07C0:0000 with the number of the drive in DL. The other registers are undefined. The
+; program needs an 80386.
 
 bits 16
 cpu 386
@@ -21,7 +22,7 @@ TELETYPE_OUTPUT  equ 0x0E       ; function of INT 10h
 EXTENDED_READ    equ 0x42       ; function of INT 13h
 SECTOR           equ 2048
 PIECE            equ 16         ; sectors per read: 32 KB, a size that every BIOS accepts
-TRIES            equ 4          ; for each read
+TRIES            equ 4          ; the number of tries for each read
 BUFFER           equ 0x1000     ; segments at multiples of 32 KB: no piece crosses a 64 KB boundary, as DMA requires
 TARGET           equ 0x2000
 TARGET_KB        equ TARGET / 64
@@ -85,7 +86,8 @@ start:
     mov dl, [drive]
     jmp TARGET:0x0000
 
-; Sets `extent` to the root directory of the volume. Ends with a message when there is no primary descriptor.
+; Sets `extent` to the root directory of the volume. Shows a message and does not return if there is no primary
+; descriptor.
 ; IN: -. OUT: extent. CLOBBERS: EAX, CX, DI, ES.
 open_root:
     mov ax, BUFFER
@@ -113,7 +115,7 @@ open_root:
     jmp open_found
 
 ; Searches the directory in `extent` for a name in any letter case. Takes the entry with exactly this spelling, or else
-; the first one. Ends with a message when there is none.
+; the first one. Shows a message and does not return if there is no such entry.
 ; IN: SI = name, CX = its length, DL = IS_FILE or IS_FOLDER. OUT: extent = that of the entry.
 ; CLOBBERS: EAX, BX, DH, BP, DI, ES.
 search:
@@ -243,7 +245,7 @@ note_record:
     mov [found.count], eax
     ret
 
-; Ends with a message when the file in `extent` is empty, or when its sectors do not fit into the memory.
+; Shows a message and does not return if the file in `extent` is empty, or if its sectors do not fit into the memory.
 ; IN: extent. OUT: -. CLOBBERS: EAX, SI.
 check_size:
     mov si, empty
@@ -298,7 +300,7 @@ read_piece:
     pop ecx
     ret
 
-; Reads sectors of the CD and repeats a failed read. Ends with a message when all tries have failed.
+; Reads sectors of the CD and repeats a failed read. Shows a message and does not return if all tries have failed.
 ; IN: EAX = sector, CX = count (1 to PIECE), ES:0000 = buffer. OUT: -. CLOBBERS: -.
 read:
     push dx

@@ -1,9 +1,9 @@
-; The boot loader of the CD. It does not have a boot menu yet: it shows a message, waits for a key and restarts the
-; machine.
+; Starts when a machine boots from the CD. It is the boot loader, which does not have a boot menu yet: it shows a
+; message, waits for a key and restarts the machine.
 ;
-; Memory map: 0000:7C00-0000:83FF this program (one CD sector); stack from 0000:7C00 downwards.
-; The BIOS loads 4 sectors of 512 bytes and enters at 0000:7C00 or 07C0:0000 with DL = drive. The other registers are
-; undefined.
+; Memory map: this program is at 0000:7C00-0000:83FF (one CD sector); the stack grows from 0000:7C00 downwards.
+; The BIOS loads 4 sectors of 512 bytes and enters at 0000:7C00 or 07C0:0000 with the number of the drive in DL. The
+; other registers are undefined.
 
 bits 16
 org 0x7C00

@@ -1,4 +1,4 @@
-// Prints message boxes as lines, and waits for programs and Ctrl-C.
+// Prints message boxes as lines, and waits for programs and for Ctrl-C.
 #include "desktop/console/console_user.h"
 
 #include "host/console.h"

@@ -1,4 +1,5 @@
-// The user interface of the headless program: prints message boxes on standard error, gives no answers, reports Ctrl-C.
+// Defines the user interface of the headless program. It prints message boxes on standard error, gives no answers, and
+// reports Ctrl-C. Construct one ConsoleUser and pass it to the build.
 #pragma once
 
 #include <functional>

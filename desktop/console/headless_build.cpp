@@ -42,7 +42,8 @@ int UsageError(Terminal& terminal, const std::string& error) {
   return kExitUsage;
 }
 
-// The first line of standard input; of an endless one as much as shows that it is too long.
+// Returns the first line of standard input. If the line is too long or endless, returns only so much that its length
+// shows this.
 std::string FirstLineOfInput() {
   std::string line;
   for (char character = 0; line.size() <= kLongestPassword && std::cin.get(character) && character != '\n';) {
@@ -81,7 +82,8 @@ std::string ApplyPassword(forms::FrmDiscwright& main, const std::string& file) {
   return "";
 }
 
-// Whether --set names a password field. Every user of a machine can read the command lines of its programs.
+// Whether the command line sets a password field with --set. That is refused, because every user of a machine can read
+// the command lines of its programs.
 bool ChoosesPassword(forms::Windows& windows, const Options& options) {
   for (const wizard::Choice& choice : options.choices) {
     for (const forms::Control* control : forms::FindControls(windows, choice.control)) {
@@ -92,8 +94,9 @@ bool ChoosesPassword(forms::Windows& windows, const Options& options) {
   return false;
 }
 
-// Why the session file cannot be used. A file named on the command line is checked line by line, because a slip in it
-// would be lost silently. The program's own file is only checked for being a session.
+// Returns why the session file cannot be used; empty if it can. A file that the command line names is checked line by
+// line, because a mistake in it would otherwise have no visible effect. For the program's own file the only check is
+// whether it is a session.
 std::string WhyNoSession(const std::string& session, const Options& options) {
   const std::string shown = options.session.empty() ? host::PathToNative(session) : options.session;
   const host::Status readable = host::ReadWholeFile(session).status;
@@ -112,7 +115,7 @@ std::string WhyNoSession(const std::string& session, const Options& options) {
   return problems;
 }
 
-// Sets the controls as the command line says.
+// Sets the controls to the values of the command line.
 std::string ApplyOptions(steps::Context& context, const Options& options) {
   forms::FrmDiscwright& main = context.main();
   if (ChoosesPassword(context.windows, options)) {
@@ -136,7 +139,7 @@ bool IsOneFile(const std::string& a, const std::string& b) {
   return host::FoldCase(name_a) == host::FoldCase(name_b) && host::SameFolder(folder_a, folder_b);
 }
 
-// The files that this run reads or writes itself.
+// Returns the files that this run reads or writes itself.
 std::vector<std::string> OwnFiles(const std::string& session, const Options& options) {
   std::vector<std::string> files = {session, util::PathOf(util::Item::kWorkingKeyFile),
                                     util::PathOf(util::Item::kBuildKeyFile)};
@@ -145,8 +148,8 @@ std::vector<std::string> OwnFiles(const std::string& session, const Options& opt
   return files;
 }
 
-// Why the file `path` must not be replaced. A file that this run needs is never replaced. A file of another kind is
-// replaced only with --force.
+// Returns why the file `path` must not be replaced; empty if it may be. A file that this run needs is never replaced. A
+// file of another kind is replaced only with --force.
 std::string WhyNotReplaced(const std::string& path, bool is_other_kind, const std::string& session,
                            const Options& options) {
   const std::string shown = host::PathToNative(path);
@@ -157,7 +160,8 @@ std::string WhyNotReplaced(const std::string& path, bool is_other_kind, const st
   return shown + " is a file of another kind: choose another name, or add --force to replace it";
 }
 
-// Why a file of the command line is in a folder that the build empties.
+// Returns why a file of the command line would be deleted, which happens in a folder that the build empties. The text
+// is empty if no file is in such a folder.
 std::string WhyDeleted(const Options& options) {
   for (const std::string& file : {options.session, options.password_file, options.save_session}) {
     const bool is_file = !file.empty() && file != "-";
@@ -168,7 +172,7 @@ std::string WhyDeleted(const Options& options) {
   return "";
 }
 
-// Why the image or the kept session cannot be written to its place.
+// Returns why the image or the kept session cannot be written to its place; empty if both can.
 std::string WhyNotWritten(const steps::Context& context, const std::string& session, const Options& options) {
   const std::string destination = context.main().TxtISOLoc.text;
   const std::string image = util::NamedFile(destination);

@@ -1,4 +1,5 @@
-// One build without a window: RunBuild presses the wizard's buttons one after the other and returns the exit code.
+// Performs one build without a window. RunBuild presses the wizard's buttons one after the other and returns the exit
+// code.
 #pragma once
 
 #include "desktop/console/options.h"

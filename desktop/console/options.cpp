@@ -1,4 +1,4 @@
-// The table of options, and the code that reads a command line with it.
+// Reads a command line with the help of the table of options.
 #include "desktop/console/options.h"
 
 #include <array>
@@ -73,7 +73,8 @@ void Apply(Options& options, const OptionRow& row, const Argument& argument) {
     row.apply(options, "");
     return;
   }
-  // An empty value counts as missing. A script with an unset variable passes one, and must not run without the option.
+  // An empty value counts as missing. If a script passes a variable that is not set, the value is empty, and the
+  // program must not run as if the option were absent.
   const std::string value = argument.value.value_or("");
   if (value.empty() && !IsOptional(row)) {
     options.error = argument.name + " needs " + row.value;

@@ -1,4 +1,4 @@
-// The command line of the headless program: main() calls ParseOptions and looks at `error` first.
+// Describes the command line of the headless program. main() calls ParseOptions and looks at `error` first.
 #pragma once
 
 #include <optional>
@@ -24,10 +24,10 @@ struct Options {
   std::string error;  // why the command line is wrong; empty on success
 };
 
-// `arguments` lack the program's name. Paths stay as the user spells them.
+// Reads the command line. `arguments` do not include the program's name. Paths stay as the user spells them.
 Options ParseOptions(std::span<const std::string> arguments);
 
-// The text of --help.
+// Returns the text of --help.
 std::string UsageText();
 
 }  // namespace discwright::desktop

@@ -1,4 +1,4 @@
-// Formats the lines, in the order of the controls on the page.
+// Formats one line for each control, in the order of the controls on the page.
 #include "desktop/console/page_text.h"
 
 #include <vector>
@@ -41,7 +41,8 @@ bool HasValue(const Control& control) {
          dynamic_cast<const forms::Link*>(&control) == nullptr;
 }
 
-// The boxes that must be checked before the control can be used. Of boxes joined by "or" one is enough.
+// Returns the boxes that must be checked before the control can be used. Of boxes that are joined by "or" one is
+// enough.
 std::string NeededBoxes(forms::Windows& windows, const Control& control) {
   std::string text;
   for (const auto& boxes : wizard::MissingFor(windows, control)) {

@@ -1,4 +1,4 @@
-// Pages and dialogs as text, for --controls: PageText().
+// Shows pages and dialogs as text, for the option --controls. Call PageText.
 #pragma once
 
 #include <string>
@@ -8,10 +8,10 @@
 
 namespace discwright::desktop {
 
-// One line for each control of a page: its name, its kind, whether a user can change or press it now ("yes" or "no";
-// blank for a control without input), its caption, its value, its access key, and the boxes that must be checked first.
-// `page` is the number of a page or the name of a dialog, or empty for all of them. The text is empty when there is no
-// such page.
+// Returns one line for each control of a page: its name, its kind, whether a user can change or press it now ("yes" or
+// "no"; blank for a control without input), its caption, its value, its access key, and the boxes that must be checked
+// first. `page` is the number of a page or the name of a dialog; if it is empty, the text has the controls of all of
+// them. The text is empty if there is no such page.
 std::string PageText(forms::Windows& windows, std::string_view page);
 
 }  // namespace discwright::desktop

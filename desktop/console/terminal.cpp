@@ -1,4 +1,4 @@
-// Prints the lines and draws the live line.
+// Prints the lines of the headless program and draws the live line below them.
 #include "desktop/console/terminal.h"
 
 #include <array>
@@ -10,8 +10,8 @@ namespace discwright::desktop {
 
 namespace {
 
-constexpr auto kRedrawInterval =
-    std::chrono::milliseconds(50);  // drawing more often would slow down a copy of small files
+// If the line were drawn more often, it would slow down a copy of small files.
+constexpr auto kRedrawInterval = std::chrono::milliseconds(50);
 constexpr std::size_t kStepCount = 5;
 
 struct Line {

@@ -1,5 +1,5 @@
-// The output of the headless program on standard error: lines, and on a terminal one live line with the progress.
-// Construct one for the main window, then print everything through PrintLine.
+// Prints the output of the headless program on standard error: lines, and on a terminal one live line that shows the
+// progress. Construct one Terminal for the main window, then print everything through PrintLine.
 #pragma once
 
 #include <chrono>
@@ -20,7 +20,7 @@ class Terminal {
   // Prints one or more lines, which end in CR LF or LF, above the live line.
   void PrintLine(std::string_view text);
 
-  // Draws the live line if it has changed. With kLimited not more often than a terminal can keep up with.
+  // Draws the live line if it has changed. With kLimited it is drawn no more often than a terminal can keep up with.
   enum class Pace { kAtOnce, kLimited };
   void Update(Pace pace);
   // Draws the last state of the live line, then removes the line. The next change of the window brings it back.

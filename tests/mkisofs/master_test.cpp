@@ -74,7 +74,8 @@ TEST_F(MasterTree, FilesAroundTheSectorSize_AreStoredWhole) {
   for (const std::size_t size : sizes) EXPECT_EQ(Content(iso.Find(std::to_string(size))), BytesOfSize(size)) << size;
 }
 
-// With so many sizes, buffers become full inside a file, at its end and in the padding after it.
+// The files have so many different sizes that buffers become full at every kind of position: inside a file, at its end
+// and in the padding after it.
 TEST_F(MasterTree, ManyFilesOfManySizes_AreStoredWhole) {
   for (std::size_t i = 0; i < 400; ++i) folder.Write("tree/" + std::to_string(i), BytesOfSize(i * 37 % 9000));
   const IsoImage iso = MasteredImage();

@@ -1,4 +1,4 @@
-// Reads the command line word by word.
+// Reads the command line of CreateDsk word by word.
 #include "tools/createdsk/arguments.h"
 
 namespace discwright::tools {

@@ -1,4 +1,4 @@
-// Fills in, loads and stores the parameter block, and holds the code for disks without a system.
+// Fills in, loads and stores the parameter block of a boot sector. Contains the boot code for disks without a system.
 #include "tools/createdsk/boot_sector.h"
 
 #include <algorithm>

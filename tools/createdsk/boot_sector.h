@@ -1,5 +1,6 @@
-// The boot sector of a FAT12 floppy: its BIOS parameter block (BPB), and a sector for disks without a system.
-// LoadParameterBlock and StoreParameterBlock move the block between a struct and the bytes of a sector.
+// Describes the boot sector of a FAT12 floppy and its BIOS parameter block (BPB), and makes a boot sector for disks
+// without a system. LoadParameterBlock and StoreParameterBlock move the block between a struct and the bytes of a
+// sector.
 #pragma once
 
 #include <array>
@@ -39,25 +40,26 @@ static_assert(sizeof(ParameterBlock) == 59);
 
 inline constexpr std::uint8_t kExtendedSignature = 0x29;  // the serial number, the label and the file system are valid
 
-// The parameter block of an empty disk. Its serial number is 0, its label "NO NAME".
+// Returns the parameter block of an empty disk. Its serial number is 0, and its label is "NO NAME".
 ParameterBlock MakeParameterBlock(const DiskFormat& format);
 
 // Sets the fields after BPB_TotSec32 in the block of an old system, which lacks them. Leaves a complete block
 // unchanged.
 void CompleteParameterBlock(ParameterBlock& block);
 
-// `sector` has at least 512 bytes here and below. Storing changes the block only, not the jump and the code around it.
+// This function and the two below need a `sector` of at least 512 bytes. StoreParameterBlock changes only the block,
+// not the jump and the code around it.
 ParameterBlock LoadParameterBlock(std::span<const std::uint8_t> sector);
 void StoreParameterBlock(const ParameterBlock& block, std::span<std::uint8_t> sector);
 
-// True when the sector ends with the signature 55 AA.
+// Whether the sector ends with the signature 55 AA.
 bool HasBootSignature(std::span<const std::uint8_t> sector);
 
-// A boot sector for a disk without a system: its code shows a message, waits for a key and restarts the machine. The
-// parameter block is zero.
+// Returns a boot sector for a disk without a system: its code shows a message, waits for a key and restarts the
+// machine. All bytes of its parameter block are zero.
 BootSector NoSystemBootSector();
 
-// A serial number for a volume: a hash (FNV-1a) of `bytes`, so that equal bytes give equal disks.
+// Returns a serial number for a volume. It is a hash (FNV-1a) of `bytes`, so that equal bytes give equal disks.
 std::uint32_t SerialOf(std::span<const std::uint8_t> bytes);
 
 }  // namespace discwright::tools

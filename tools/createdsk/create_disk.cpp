@@ -22,7 +22,7 @@ Result CannotRead(std::string_view path, const host::Status& status) {
   return Result::Failure(Shown(path) + " cannot be read: " + status.cause + ". Make it readable and try again.");
 }
 
-// Whether something may be there although looking has failed.
+// Whether something may exist at a path although the attempt to look at it has ended with this failure.
 bool CouldNotLook(const host::Status& status) { return !status.ok() && status.error != host::ErrorClass::kNotFound; }
 
 Result FindProfileFolder(std::string_view disks, const std::string& profile, std::string& folder) {
@@ -62,11 +62,11 @@ Result ReadProfile(const std::string& folder, bool selection, Profile& profile) 
   return result.ok() ? result : Result::Failure(Shown(path) + ": " + result.failure);
 }
 
-// Where a file is that disk.ini names.
+// A file that disk.ini names.
 struct Source {
-  const std::string& folder;  // the profile's
-  const std::string& name;    // its path below the folder
-  std::string key;            // under which disk.ini names it
+  const std::string& folder;  // the profile folder
+  const std::string& name;    // the path of the file below the profile folder
+  std::string key;            // the key of disk.ini that names the file
 
   std::string Path() const { return folder + "/" + name; }
 };
@@ -155,8 +155,8 @@ bool IsFloppyImage(const host::Entry& entry) {
   return !entry.is_link && entry.kind == host::EntryKind::kFile && has_size;
 }
 
-// Writes a new file and gives it the name, so that nothing of the older file, such as the right to be started, passes
-// on to it.
+// Writes the image to a new file, which then takes the place of the older one. So the new image inherits nothing from
+// the older file, for example no permission to be executed.
 Result WriteImage(const std::string& path, const Image& image) {
   const host::Result<host::Entry> older = host::ReadEntry(path);
   if (CouldNotLook(older.status)) return CannotRead(path, older.status);
@@ -169,7 +169,7 @@ Result WriteImage(const std::string& path, const Image& image) {
   if (status.ok()) status = file.value->WriteAt(0, image);
   if (status.ok()) status = file.value->Commit();
   if (status.ok()) return Result::Success();
-  const bool may_not_grow = status.error == host::ErrorClass::kTooLarge;  // its cause says what forbids it
+  const bool may_not_grow = status.error == host::ErrorClass::kTooLarge;  // the cause already says what forbids it
   return Result::Failure(Shown(path) + " cannot be written: " + status.cause +
                          (may_not_grow ? "." : ". Make the folder writable and make room there, then try again."));
 }

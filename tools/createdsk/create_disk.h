@@ -1,4 +1,4 @@
-// A whole run of CreateDsk: main() calls CreateDisk to make one floppy image file from a profile folder.
+// Performs a whole run of CreateDsk. main() calls CreateDisk, which makes one floppy image file from a profile folder.
 #pragma once
 
 #include <string>
@@ -10,8 +10,8 @@
 namespace discwright::tools {
 
 // Reads the folder files/disks/<profile>/ of the program folder and writes the image into the program folder, under the
-// name that disk.ini gives it. Sets `image_path` to its path. Replaces a floppy image that has the name, and nothing
-// else. After a failure an older image is as it was, and no part of a new one is left.
+// name that disk.ini gives it. Sets `image_path` to its path. A floppy image that already has this name is replaced; a
+// file of any other kind is not. After a failure an older image is unchanged, and no part of a new one is left.
 Result CreateDisk(const Arguments& arguments, std::string_view program_folder, std::string& image_path);
 
 }  // namespace discwright::tools

@@ -1,4 +1,5 @@
-// The directory entry of a FAT volume, 32 bytes. MakeRecord and SetContent fill one in, KindOf classifies one.
+// Describes the directory entry of a FAT volume, which has 32 bytes. MakeRecord and SetContent fill in an entry, KindOf
+// classifies one.
 #pragma once
 
 #include <array>
@@ -47,7 +48,7 @@ enum class RecordKind {
 };
 RecordKind KindOf(const DirectoryRecord& record);
 
-// A record without clusters, of size 0.
+// Returns a record of size 0 that has no clusters.
 DirectoryRecord MakeRecord(const ShortName& name, std::uint8_t attributes);
 
 // Sets the first cluster and the size in bytes. `first` is 0 for an empty file and for the root folder, `size` is 0 for

@@ -1,4 +1,4 @@
-// The two floppy formats that CreateDsk makes. FindDiskFormat looks one up by its name on the command line.
+// Describes the two floppy formats that CreateDsk makes. FindDiskFormat finds one by its name on the command line.
 #pragma once
 
 #include <array>
@@ -34,7 +34,7 @@ inline constexpr std::uint16_t kReservedSectors = 1;
 inline constexpr std::uint16_t kHeads = 2;
 inline constexpr std::uint8_t kMedia = 0xF0;
 
-// The format with this name after "-t"; null when there is none.
+// Returns the format that has this name after "-t"; null if no format has it.
 constexpr const DiskFormat* FindDiskFormat(std::string_view type) {
   for (const DiskFormat& format : kDiskFormats) {
     if (format.type == type) return &format;

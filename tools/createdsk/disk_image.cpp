@@ -8,9 +8,9 @@
 namespace discwright::tools {
 namespace {
 
-// The layout fields always stay those of the image, whatever the profile's boot sector says. A base without a boot
-// sector from the profile keeps its own. Only the label in it changes, because systems expect it to equal the label in
-// the root folder.
+// The layout fields always stay those of the image, whatever the profile's boot sector contains. A base image keeps its
+// own boot sector if the profile has none. Then only the label in that sector changes, because systems expect it to
+// equal the label in the root folder.
 void FinishBootSector(const DiskRequest& request, Image& image) {
   const Profile& profile = request.profile;
   ParameterBlock block = LoadParameterBlock(image);

@@ -15,13 +15,13 @@ namespace discwright::tools {
 
 using Image = std::vector<std::uint8_t>;
 
-// An empty FAT12 volume whose boot sector says that the disk holds no system.
+// Returns an empty FAT12 volume. Its boot sector shows the message that the disk holds no system.
 Image FormatDisk(const DiskFormat& format);
 
-// What goes on a disk.
+// Says what FillDisk puts on a disk.
 struct DiskRequest {
   const Profile& profile;
-  std::vector<std::int64_t> sizes;        // bytes of the profile's files, in the same order
+  std::vector<std::int64_t> sizes;        // the sizes of the profile's files in bytes, in the order of the profile
   std::optional<BootSector> boot_sector;  // the profile's own; its parameter block (bytes 3 to 61) is ignored
 };
 

@@ -1,5 +1,5 @@
-// The file allocation table of a FAT12 volume. FatTable unpacks it, follows and resizes cluster chains, and packs it
-// again.
+// Reads and changes the file allocation table of a FAT12 volume. FatTable unpacks the table, follows and resizes
+// cluster chains, and packs it again.
 #pragma once
 
 #include <cstddef>
@@ -29,13 +29,14 @@ class FatTable {
   // `fat` holds at least cluster_count + 2 packed entries.
   FatTable(std::span<const std::uint8_t> fat, std::size_t cluster_count);
 
-  // Follows the chain that begins at `first`. Fails when the chain leaves the disk, or meets itself or a chain claimed
-  // before.
+  // Follows the chain that begins at `first`. Fails when the chain leads to a cluster outside the disk, or to a cluster
+  // that already belongs to this chain or to a chain claimed before.
   Result ClaimChain(Cluster first, Chain& chain);
 
   std::size_t FreeClusters() const;
 
-  // Makes a chain `clusters` long: frees its last clusters, or adds the first free ones, of which there must be enough.
+  // Gives a chain the length `clusters`: frees its last clusters, or adds the first free clusters of the volume. There
+  // must be enough free clusters.
   void Resize(Chain& chain, std::size_t clusters);
 
   // Packs all entries into `fat`. Leaves the bits after the last entry unchanged.

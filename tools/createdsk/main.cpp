@@ -1,4 +1,4 @@
-// CreateDsk: makes a FAT12 floppy image from one of the disk profiles in files/disks beside the program.
+// Starts CreateDsk, the program that makes a FAT12 floppy image from one of the disk profiles in files/disks beside it.
 #include <string>
 #include <vector>
 

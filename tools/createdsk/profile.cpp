@@ -32,8 +32,8 @@ std::vector<std::string_view> SplitAtSeparators(std::string_view path) {
 // Users copy a profile folder to other machines, so a profile may only name files in its own folder.
 bool StaysInside(std::string_view source) { return std::ranges::all_of(SplitAtSeparators(source), IsBareName); }
 
-// The image stands among the program's own files, and a profile may come from another machine. No file of the program
-// has a name that ends like this.
+// The image is written into the program folder, and a profile may come from another machine. So the name of an image
+// must have an ending that no file of the program has.
 bool IsImageName(std::string_view name) {
   constexpr std::string_view kEnding = ".img";
   return IsBareName(name) && name.size() > kEnding.size() && Lower(name).ends_with(kEnding);

@@ -1,4 +1,5 @@
-// A disk profile: the content of the file disk.ini of a profile folder, which ParseProfile reads.
+// Describes a disk profile, which is the content of the file disk.ini in a profile folder. Call ParseProfile to read
+// one.
 #pragma once
 
 #include <optional>
@@ -32,8 +33,8 @@ struct Profile {
 // with the same path, or is added. Fails with a sentence that names the section and the key.
 Result ParseProfile(std::string_view text, bool selection, Profile& profile);
 
-// Whether the text is the name of one file or folder, without separators, "..", wildcards or a drive letter, and not
-// that of a device of Windows.
+// Whether the text is the name of one file or folder: it has no separator, "..", wildcard or drive letter, and it is
+// not the name of a Windows device.
 bool IsBareName(std::string_view name);
 
 }  // namespace discwright::tools

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t kLargestFat12 = 4084;  // clusters; with more the volume is FAT16
 
-// Why a field cannot be used; empty when all fields are safe for computing the sizes.
+// Returns why a field cannot be used. The text is empty when the sizes can safely be computed from all fields.
 std::string WrongField(const ParameterBlock& block, const VolumeLayout& layout) {
   if (base::LoadLe16(block.bytes_per_sector) != kSectorBytes) return "BPB_BytsPerSec is not 512";
   if (!std::has_single_bit(layout.sectors_per_cluster)) return "BPB_SecPerClus is not a power of two";
@@ -22,7 +22,7 @@ std::string WrongField(const ParameterBlock& block, const VolumeLayout& layout) 
   return "";
 }
 
-// Why the sizes do not fit together; empty when they do.
+// Returns why the sizes do not fit together. The text is empty when they do.
 std::string WrongSize(const VolumeLayout& layout, std::size_t image_bytes) {
   if (layout.total_sectors * kSectorBytes != image_bytes) return "its number of sectors is not that of the image";
   if (layout.FirstDataSector() + layout.sectors_per_cluster > layout.total_sectors) return "it has no room for files";

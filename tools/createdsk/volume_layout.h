@@ -1,4 +1,4 @@
-// The place of every part of a FAT12 volume in its image. ReadLayout takes it from the parameter block.
+// Describes where every part of a FAT12 volume is in its image. ReadLayout takes the layout from the parameter block.
 #pragma once
 
 #include <cstddef>
@@ -36,7 +36,8 @@ struct VolumeLayout {
 };
 
 // Reads the layout from the boot sector. Fails when the parameter block does not describe a FAT12 volume that fills
-// `image` exactly. After success every offset above is inside the image. The failure lacks its subject, the image.
+// `image` exactly. After success every offset above is inside the image. The sentence of a failure has no subject: the
+// caller puts the name of the image before it.
 Result ReadLayout(std::span<const std::uint8_t> image, VolumeLayout& layout);
 
 }  // namespace discwright::tools

@@ -81,7 +81,7 @@ Result VolumePlan::CheckSpace() const {
   return Result::Success();
 }
 
-// Replaces `folder` by its subfolder `name`, which is added when it is missing.
+// Sets `folder` to its subfolder `name`. Adds the subfolder when it is missing.
 Result VolumePlan::EnterFolder(const ShortName& name, Folder*& folder) {
   std::optional<std::size_t> record = FindRecord(*folder, name);
   if (!record) {

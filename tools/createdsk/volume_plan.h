@@ -1,5 +1,5 @@
-// The sizing pass: decides where the files of a profile go on a volume. Add the label and all files to a VolumePlan,
-// then call CheckSpace; WriteVolume carries the plan out.
+// Decides, in the sizing pass, where the files of a profile go on a volume. Add the label and all files to a
+// VolumePlan, then call CheckSpace. WriteVolume writes the planned files.
 #pragma once
 
 #include <cstdint>
@@ -32,7 +32,8 @@ class VolumePlan {
   // Adds a file and the folders of its path, or replaces the file with the same path. `file` must outlive the plan.
   Result AddFile(const ProfileFile& file, std::int64_t size);
 
-  // Fails with a sentence that names the first folder or file that does not fit, and the number of bytes it lacks.
+  // Fails with a sentence that names the first folder or file that does not fit, and the number of bytes that are
+  // missing for it.
   Result CheckSpace() const;
 
   const std::vector<Placement>& placements() const { return placements_; }
@@ -45,7 +46,7 @@ class VolumePlan {
   std::vector<Placement> placements_;
 };
 
-// The number of clusters that a content of `bytes`, or the records of a folder other than the root, take.
+// Returns the number of clusters that `bytes` bytes of content take, or of records of a folder other than the root.
 std::uint64_t ClustersFor(const VolumeLayout& layout, std::int64_t bytes);
 std::size_t ClustersFor(const VolumeLayout& layout, const Folder& folder);
 

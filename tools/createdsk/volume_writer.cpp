@@ -1,4 +1,4 @@
-// Assigns clusters and writes contents, folders and FATs.
+// Assigns clusters to the planned files and writes contents, folders and FATs.
 #include "tools/createdsk/volume_writer.h"
 
 #include <algorithm>
@@ -45,7 +45,7 @@ class VolumeWriter {
   }
 
  private:
-  // The plan has seen that they are on the disk.
+  // The cast is safe, because CheckSpace has made sure that these clusters are on the disk.
   std::size_t ClustersOf(const Placement& placement) const {
     return static_cast<std::size_t>(ClustersFor(volume_.layout, placement.size));
   }

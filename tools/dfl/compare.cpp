@@ -76,7 +76,7 @@ class Comparison {
     std::size_t alike = others.size();
     for (std::int64_t position = 0; alike > 0;) {
       const std::span<const std::byte> bytes = first.reader.Read(position, INT64_MAX, 0);
-      if (bytes.empty()) return;  // at its end, or after a failure, which the caller checks
+      if (bytes.empty()) return;  // the file has ended, or reading it has failed; the caller checks for a failure
       for (Candidate& other : others) {
         if (other.differs) continue;
         const std::span<const std::byte> theirs = other.reader.Read(position, INT64_MAX, 1);
@@ -98,8 +98,8 @@ std::vector<Group> EqualFiles(Group group, const Tree& tree, Problems& problems)
   for (File& file : group) files.push_back({&file, Reader(tree, file)});
   Comparison comparison(problems);
   std::vector<Group> equal;
-  // Two files are compared without a digest. SplitByDigest has digested the first bytes of many files before, and they
-  // are too many to be open at once.
+  // Two files need no splitting by their first bytes. More than kSideBySide files are too many to be open at once, and
+  // SplitByDigest has digested their first bytes already.
   if (files.size() == 2 || files.size() > kSideBySide) {
     comparison.AppendEqual(std::move(files), equal);
     return equal;

@@ -1,4 +1,4 @@
-// Finds the equal files of a group by comparing them byte by byte: EqualFiles().
+// Finds the equal files of a group by comparing them byte by byte. Call EqualFiles.
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-// The steps of a run: scan, digest, compare and link, with the lines that they print.
+// Performs the steps of a run (scan, digest, compare and link) and prints the lines that report them.
 #include "tools/dfl/dfl.h"
 
 #include <algorithm>

@@ -1,4 +1,5 @@
-// A whole run of the duplicate file linker: main() calls RunDfl with the command line and returns its exit code.
+// Performs a whole run of the duplicate file linker. main() calls RunDfl with the command line and returns its exit
+// code.
 #pragma once
 
 #include <ostream>
@@ -19,8 +20,8 @@ struct Machine {
   LinkCalls calls;
 };
 
-// `arguments` lack the program's name. The build's progress monitor reads the lines on `output`, so their words must
-// not change.
+// Runs the linker and returns its exit code. `arguments` do not include the program's name. The build's progress
+// monitor reads the lines on `output`, so their words must not change.
 int RunDfl(const std::vector<std::string>& arguments, std::ostream& output, std::ostream& errors,
            const Machine& machine = {});
 

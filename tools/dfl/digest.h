@@ -22,7 +22,7 @@ struct Digest {
   bool operator<(const Digest& other) const { return std::tie(high, low) < std::tie(other.high, other.low); }
 };
 
-// The digest of the first `length` bytes. No value, and a problem, when they cannot be read.
+// Returns the digest of the first `length` bytes. When they cannot be read, adds a problem and returns no value.
 std::optional<Digest> DigestOf(Reader& reader, std::int64_t length, Problems& problems);
 
 // Splits every group of more than `few` files: first by the digest of the first bytes, then by that of the whole

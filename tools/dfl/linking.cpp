@@ -14,7 +14,7 @@ namespace {
 
 std::int64_t BytesOf(const Group& group) { return group[0].facts.size * static_cast<std::int64_t>(group.size()); }
 
-// The indexes of the groups, those with the most bytes first.
+// Returns the indexes of the groups. Those of the groups with the most bytes come first.
 std::vector<std::size_t> LargestFirst(const std::vector<Group>& groups) {
   std::vector<std::size_t> order(groups.size());
   std::iota(order.begin(), order.end(), std::size_t{0});
@@ -147,7 +147,8 @@ host::LinkAnswer Linking::MakeTemporaryLink(const File& keeper, std::size_t plac
   }
 }
 
-// Whether the file is the one that the scan saw, and that was compared. Otherwise it becomes a problem.
+// Whether the file is still the one that the scan found and that was compared. If it is not, this function adds a
+// problem.
 bool Linking::IsUnchanged(std::size_t place) {
   const std::string path = tree_.Path(place);
   const std::optional<host::FileFacts> facts = host::FactsOf(path);

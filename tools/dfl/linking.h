@@ -1,4 +1,4 @@
-// Replaces files of equal content by hard links to one of them: call Linking::Run once.
+// Replaces files of equal content by hard links to one of them. Call Linking::Run once.
 #pragma once
 
 #include <atomic>
@@ -36,7 +36,7 @@ class Linking {
   // attributes they get. A file that has changed since the scan becomes a problem and is not linked.
   Saving Run(const std::vector<Group>& groups, unsigned threads);
 
-  // One folder for each volume whose file system has no hard links, in the order of the tree.
+  // Returns one folder for each volume whose file system has no hard links, in the order of the tree.
   std::vector<std::string> FoldersWithoutLinks() const;
 
  private:

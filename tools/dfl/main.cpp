@@ -1,4 +1,4 @@
-// dfl: replaces duplicate files by hard links, so that mastering stores their content once.
+// Starts dfl, the program that replaces duplicate files by hard links, so that mastering stores their content once.
 #include "host/console.h"
 #include "host/native_text.h"
 #include "host/run_program.h"

@@ -1,4 +1,5 @@
-// Threads take the numbers of their calls from one counter. The first exception on any of them reaches the caller.
+// Runs the calls of a loop on several threads, which take the numbers of their calls from one counter. The first
+// exception on any of the threads reaches the caller.
 #include "tools/dfl/parallel.h"
 
 #include <algorithm>
@@ -16,7 +17,7 @@ bool StartThread(std::vector<host::Thread>& threads, const std::function<void()>
   try {
     threads.emplace_back(work);
     return true;
-  } catch (const std::exception&) {  // no thread or no memory left
+  } catch (const std::exception&) {  // the system has no thread or no memory left
     return false;                    // the threads that could be started do all the work
   }
 }
@@ -31,7 +32,7 @@ void ForEach(std::size_t count, unsigned threads, const std::function<void(std::
     try {
       for (std::size_t index = next++; index < count; index = next++) work(index);
     } catch (...) {
-      next = count;  // the other threads stop after the call that they are in
+      next = count;  // makes the other threads stop after the calls that they are running
       const std::lock_guard lock(mutex);
       if (!failure) failure = std::current_exception();
     }

@@ -1,4 +1,4 @@
-// Words, sorts and prints the problems.
+// Makes sentences of the problems, sorts them and prints them.
 #include "tools/dfl/problems.h"
 
 #include <algorithm>

@@ -32,8 +32,8 @@ class Problems {
   std::vector<Problem> problems_;
 };
 
-// A path as messages show it: with the host's separators, and control characters as "\x0A", so that it fits on one
-// line.
+// Returns a path as messages show it: with the host's separators, and with control characters as "\x0A", so that it
+// fits on one line.
 std::string Shown(std::string_view path);
 
 }  // namespace discwright::tools::dfl

@@ -1,4 +1,4 @@
-// Reads into buffers that each thread keeps for all its readers.
+// Reads the pieces of a file into buffers. Each thread has its own buffers, and all its readers share them.
 #include "tools/dfl/reader.h"
 
 #include <algorithm>
@@ -9,8 +9,8 @@
 namespace discwright::tools::dfl {
 namespace {
 
-constexpr std::int64_t kPieceSize =
-    std::int64_t{128} * 1024;  // bytes; two pieces fit into the cache of a processor core
+// In bytes. Two pieces fit into the cache of a processor core.
+constexpr std::int64_t kPieceSize = std::int64_t{128} * 1024;
 using Piece = std::array<std::byte, kPieceSize>;
 
 Piece& Memory(std::size_t which) {

@@ -1,4 +1,4 @@
-// Reads a file piece by piece and keeps its first failure: call Read() until it returns no bytes, then Check().
+// Reads a file piece by piece and keeps its first failure. Call Read until it returns no bytes, then Check.
 #pragma once
 
 #include <cstddef>
@@ -18,15 +18,15 @@ class Reader {
  public:
   Reader(const Tree& tree, const File& file) : tree_(&tree), file_(&file) {}
 
-  // The bytes from `position` on, up to `end`, the end of the file or the size of a buffer. No bytes at the end or
-  // after a failure. Each thread has two buffers, `which` 0 and 1, that all its readers share: the bytes are valid
-  // until the thread's next read into the same buffer.
+  // Returns the bytes from `position` up to `end`, the end of the file or the size of a buffer, whichever comes first.
+  // Returns no bytes at the end of the file or after a failure. `which`, 0 or 1, selects one of two buffers that all
+  // readers of a thread share. The bytes are valid until the thread's next read into the same buffer.
   std::span<const std::byte> Read(std::int64_t position, std::int64_t end, std::size_t which);
 
   // Closes the file until the next read.
   void Close() { open_.reset(); }
 
-  // Whether all reads have succeeded so far. Adds a problem at the first call after a failure.
+  // Whether all reads have succeeded so far. The first call after a failure adds a problem.
   bool Check(Problems& problems);
 
  private:

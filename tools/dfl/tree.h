@@ -1,5 +1,5 @@
-// The files below a folder, read by the constructor of Tree. The order of its names decides which file of several equal
-// ones is kept, and the order of messages.
+// Finds all files below a folder: construct a Tree to read them. The order of its names decides which of several equal
+// files is kept, and in which order messages appear.
 #pragma once
 
 #include <cstddef>
@@ -17,7 +17,7 @@ namespace discwright::tools::dfl {
 struct FoundName {
   std::size_t folder = 0;  // index into Tree's folders
   std::string name;
-  host::FileFacts facts;  // of the file at the time of the scan
+  host::FileFacts facts;  // what the file was at the time of the scan
 };
 
 // A file with all its names in the tree: its hard links, in the order of the tree.

@@ -1,4 +1,4 @@
-// Fills the boot record and the boot catalogue.
+// Fills in the boot record and the boot catalogue.
 #include "tools/mkisofs/boot_catalogue.h"
 
 #include <algorithm>
@@ -20,7 +20,7 @@ std::uint16_t SumOfWords(const ValidationEntry& entry) {
   return static_cast<std::uint16_t>(sum & 0xFFFF);
 }
 
-// El Torito 2.1.
+// Fills in the validation entry as El Torito 2.1 describes it.
 ValidationEntry MakeValidationEntry(std::string_view id) {
   ValidationEntry entry{};
   entry.header_id[0] = 1;
@@ -32,7 +32,7 @@ ValidationEntry MakeValidationEntry(std::string_view id) {
 
 }  // namespace
 
-// El Torito 2.0.
+// Fills in the boot record as El Torito 2.0 describes it.
 BootRecord MakeBootRecord(std::uint32_t catalogue) {
   BootRecord record{};
   record.head = MakeDescriptorHead(kBootRecordType, 1);
@@ -47,7 +47,7 @@ std::uint16_t BootLoadSectors(const Options& options, std::uint32_t size) {
   return static_cast<std::uint16_t>(std::min<std::uint32_t>(all, 0xFFFF));
 }
 
-// El Torito 2.2. The entries after the default one stay zero: that ends the list.
+// The catalogue has the layout of El Torito 2.2. The entries after the default entry stay zero, which ends the list.
 BootCatalogue MakeBootCatalogue(std::string_view id, std::uint16_t load_sectors, std::uint32_t boot_image) {
   BootCatalogue catalogue{};
   catalogue.validation = MakeValidationEntry(id);

@@ -1,5 +1,6 @@
-// El Torito 1.0: the boot record in sector 17 names the sector of the boot catalogue, which names that of the boot
-// image. The image writer stores what MakeBootRecord and MakeBootCatalogue return.
+// Makes the structures by which a BIOS boots from the disc (El Torito 1.0). The boot record in sector 17 names the
+// sector of the boot catalogue, and the catalogue names the sector of the boot image. The image writer stores what
+// MakeBootRecord and MakeBootCatalogue return.
 #pragma once
 
 #include <array>
@@ -17,7 +18,7 @@ struct BootRecord {
   DescriptorHead head;
   std::array<std::uint8_t, 32> boot_system_id;  // "EL TORITO SPECIFICATION"
   std::array<std::uint8_t, 32> unused_27h;
-  std::array<std::uint8_t, 4> catalogue;  // its sector
+  std::array<std::uint8_t, 4> catalogue;  // the sector of the boot catalogue
   std::array<std::uint8_t, 1973> unused_4bh;
 };
 static_assert(sizeof(BootRecord) == kSectorSize);
@@ -42,8 +43,8 @@ struct DefaultEntry {
   std::array<std::uint8_t, 2> load_segment;    // 0 stands for the traditional 07C0h
   std::array<std::uint8_t, 1> system_type;
   std::array<std::uint8_t, 1> unused_5;
-  std::array<std::uint8_t, 2> load_sectors;  // of 512 bytes
-  std::array<std::uint8_t, 4> boot_image;    // its first sector
+  std::array<std::uint8_t, 2> load_sectors;  // the number of sectors of 512 bytes that the BIOS loads
+  std::array<std::uint8_t, 4> boot_image;    // the first sector of the boot image
   std::array<std::uint8_t, 20> unused_12;
 };
 static_assert(sizeof(DefaultEntry) == 32);
@@ -55,12 +56,12 @@ struct BootCatalogue {
 };
 static_assert(sizeof(BootCatalogue) == kSectorSize);
 
-// How many 512-byte sectors of the boot image a BIOS loads: the number in `options`, or without one the whole image of
-// `size` bytes, which is at least 1.
+// Returns how many 512-byte sectors of the boot image a BIOS loads: the number in `options`, or the whole image if they
+// have no number. `size` is the size of the image in bytes, at least 1.
 std::uint16_t BootLoadSectors(const Options& options, std::uint32_t size);
 
-// The catalogue of a disc with one boot image, which begins at the sector `boot_image`. An `id` of more than 24 bytes
-// is cut.
+// Returns the catalogue of a disc with one boot image, which begins at the sector `boot_image`. An `id` of more than 24
+// bytes is cut.
 BootCatalogue MakeBootCatalogue(std::string_view id, std::uint16_t load_sectors, std::uint32_t boot_image);
 
 }  // namespace discwright::tools::mkisofs

@@ -46,7 +46,7 @@ void StoreDigits(std::span<std::uint8_t> field, unsigned value) {
 
 }  // namespace
 
-// ECMA-119 9.1.5: the year counts from 1900; the last byte is the time zone.
+// ECMA-119 9.1.5 defines this format: the year counts from 1900, and the last byte is the time zone.
 RecordingTime MakeRecordingTime(std::int64_t seconds) {
   const Parts parts = Split(std::clamp(seconds, kFirstRecorded, kLastRecorded));
   const auto byte = [](unsigned value) { return static_cast<std::uint8_t>(value); };
@@ -59,7 +59,8 @@ RecordingTime MakeRecordingTime(std::int64_t seconds) {
           0};
 }
 
-// ECMA-119 8.4.26.1: decimal digits down to hundredths of a second, then the time zone as a binary number.
+// ECMA-119 8.4.26.1 defines this format: decimal digits down to hundredths of a second, then the time zone as a binary
+// number.
 VolumeTime MakeVolumeTime(std::int64_t seconds) {
   const Parts parts = Split(std::clamp(seconds, kFirstOfVolume, kLastOfVolume));
   VolumeTime time = NoVolumeTime();

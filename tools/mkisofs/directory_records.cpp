@@ -1,4 +1,4 @@
-// Sizes directories and writes their records.
+// Computes the sizes of directories and makes their records.
 #include "tools/mkisofs/directory_records.h"
 
 #include <algorithm>
@@ -13,8 +13,8 @@ namespace {
 constexpr std::uint8_t kDirectoryFlag = 0x02;  // ECMA-119 9.1.6
 constexpr std::uint16_t kOnlyVolume = 1;
 
-// The offset in a directory at which a record of `length` bytes begins, after `position` bytes of other records: in the
-// next sector when it would cross into it (ECMA-119 6.8.1.1).
+// Returns the offset in a directory at which a record of `length` bytes begins when other records take the first
+// `position` bytes. A record that would cross into the next sector begins in that sector (ECMA-119 6.8.1.1).
 std::uint64_t RecordStart(std::uint64_t position, std::size_t length) {
   const std::uint64_t used = position % kSectorSize;
   return used + length > kSectorSize ? position - used + kSectorSize : position;
@@ -32,7 +32,7 @@ void AppendRecord(const Node& node, std::string_view name, TimeLimit limit, std:
 
 }  // namespace
 
-// ECMA-119 9.1.
+// Fills in the record as ECMA-119 9.1 describes it.
 DirectoryRecordHead MakeDirectoryRecordHead(const Node& node, std::size_t name_length, TimeLimit limit) {
   DirectoryRecordHead head{};
   head.length[0] = static_cast<std::uint8_t>(DirectoryRecordLength(name_length));
@@ -56,7 +56,8 @@ std::uint64_t DirectorySize(const Tree& tree, const Folder& folder) {
   return SectorsFor(position) * kSectorSize;
 }
 
-// ECMA-119 6.8.2 and 9.3: the folder itself, its parent, then its entries in the order of their names.
+// The order of the records is that of ECMA-119 6.8.2 and 9.3: the folder itself, its parent, then its entries in the
+// order of their names.
 void AppendDirectory(const Tree& tree, const Folder& folder, TimeLimit limit, std::vector<std::uint8_t>& bytes) {
   const std::size_t start = bytes.size();
   AppendRecord(tree.NodeOf(folder), kSelf, limit, start, bytes);

@@ -1,5 +1,5 @@
-// Directories (ECMA-119 6.8): one record for each entry of a folder. The sizing pass calls DirectorySize, the writing
-// pass AppendDirectory.
+// Computes the size of a directory (ECMA-119 6.8) and makes its records, one for each entry of a folder. The sizing
+// pass calls DirectorySize, the writing pass calls AppendDirectory.
 #pragma once
 
 #include <array>
@@ -32,7 +32,7 @@ struct DirectoryRecordHead {
 };
 static_assert(sizeof(DirectoryRecordHead) == 33);
 
-// Bytes of a record, with the padding byte that makes its length even (ECMA-119 9.1.12).
+// Returns the length of a record in bytes, including the padding byte that makes it even (ECMA-119 9.1.12).
 constexpr std::size_t DirectoryRecordLength(std::size_t name_length) {
   return sizeof(DirectoryRecordHead) + name_length + (name_length % 2 == 0 ? 1 : 0);
 }
@@ -43,10 +43,12 @@ inline constexpr TimeLimit kNoTimeLimit = std::numeric_limits<TimeLimit>::max();
 
 DirectoryRecordHead MakeDirectoryRecordHead(const Node& node, std::size_t name_length, TimeLimit limit);
 
-// Bytes of a folder's directory: whole sectors, because no record may cross the border between two sectors.
+// Returns the size of a folder's directory in bytes. It is a number of whole sectors, because no record may cross the
+// border between two sectors.
 std::uint64_t DirectorySize(const Tree& tree, const Folder& folder);
 
-// Appends a folder's directory, padded with zeros to whole sectors. PlaceEverything must have set all extents.
+// Appends the directory of `folder` to `bytes`: its records, padded with zeros to whole sectors. No record shows a
+// later date than `limit`. PlaceEverything must have set all extents before.
 void AppendDirectory(const Tree& tree, const Folder& folder, TimeLimit limit, std::vector<std::uint8_t>& bytes);
 
 }  // namespace discwright::tools::mkisofs

@@ -10,10 +10,10 @@
 namespace discwright::tools::mkisofs {
 namespace {
 
-// The fastest size that was measured: a piece of it stays in the processor's cache between reading and writing. Larger
-// pieces need fewer system calls and are slower (see README.md).
+// This size was the fastest in measurements: a piece stays in the processor's cache between reading and writing. Larger
+// pieces need fewer system calls, but they are slower (see README.md).
 constexpr std::size_t kPieceSize = 262144;
-constexpr std::size_t kPieces = 8;  // at least 3: one being filled, one being written by the other thread, one free
+constexpr std::size_t kPieces = 8;  // at least 3: one is filled, one is written by the other thread, and one is free
 
 }  // namespace
 
@@ -94,7 +94,8 @@ void ImageStream::TakeFreePiece() {
   free_.pop_back();
 }
 
-// An exception must not leave the writing thread. The words of its cause fit into a string without memory of its own.
+// An exception must not leave the writing thread. The text of its cause is so short that the string needs no memory
+// from the heap.
 host::Status ImageStream::Write(const Piece& piece) {
   try {
     return file_.WriteAt(piece.position, {piece.bytes, piece.used});

@@ -25,7 +25,7 @@ class ImageStream {
   ImageStream& operator=(const ImageStream&) = delete;
   ~ImageStream();  // bytes that were not flushed may be lost
 
-  // Memory for the next bytes of the image; never empty. It is valid until the next call of any function.
+  // Returns memory for the next bytes of the image; it is never empty. It is valid until the next call of any function.
   std::span<std::uint8_t> Room();
   void Fill(std::size_t count);  // appends the first `count` bytes of Room
 
@@ -41,7 +41,7 @@ class ImageStream {
   struct Piece {
     std::uint8_t* bytes = nullptr;  // null when the using thread holds no piece
     std::size_t used = 0;
-    std::uint64_t position = 0;  // of its first byte in the image
+    std::uint64_t position = 0;  // the place of its first byte in the image
   };
   using Lock = std::unique_lock<host::Mutex>;
 

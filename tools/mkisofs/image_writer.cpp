@@ -14,8 +14,8 @@
 namespace discwright::tools::mkisofs {
 namespace {
 
-constexpr std::size_t kDirectoryBytesKept =
-    65536;  // directories are collected up to this size and then appended at once
+// In bytes. Directories are collected up to this size and then appended at once.
+constexpr std::size_t kDirectoryBytesKept = 65536;
 
 class Writer {
  public:
@@ -133,7 +133,7 @@ class Writer {
     return plan_.stopped() && !Fail("", "interrupted");
   }
 
-  // Keeps the failure for Write(). `path` is below the tree; the empty path stands for the image.
+  // Keeps the failure, which Write() returns. `path` is below the tree; an empty path stands for the image.
   bool Fail(const std::string& path, const std::string& cause) {
     result_ = Result::Failure((path.empty() ? plan_.options.output : plan_.options.tree + "/" + path) + ": " + cause);
     return false;

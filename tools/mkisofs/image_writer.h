@@ -1,4 +1,4 @@
-// The writing pass: WriteImage stores every part of the image at the sectors that the sizing pass gave it.
+// Writes the image in the writing pass. WriteImage stores every part at the sectors that the sizing pass gave it.
 #pragma once
 
 #include <cstdint>
@@ -20,7 +20,8 @@ struct ImageDates {
   TimeLimit records = kNoTimeLimit;  // latest date of a directory record
 };
 
-// What is written. `stopped` returns true when the user wants to end the run; it is called after every piece of a file.
+// Says what is written. `stopped` returns true when the user wants to end the run; it is called after every piece of a
+// file.
 struct ImagePlan {
   const Options& options;
   const Tree& tree;
@@ -29,7 +30,8 @@ struct ImagePlan {
   std::function<bool()> stopped;
 };
 
-// Fails with a sentence that names the file at fault. The caller commits `file` after success only.
+// Writes the image. Fails with a sentence that names the file at fault. The caller must commit `file`, and only after
+// success.
 Result WriteImage(const ImagePlan& plan, host::SourceTree& source, host::PartFile& file, Progress& progress);
 
 }  // namespace discwright::tools::mkisofs

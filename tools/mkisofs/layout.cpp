@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::uint64_t kLargestField = std::numeric_limits<std::uint32_t>::max();  // sizes and sectors have 32 bits
 
-// What two names have in common when they are hard links of one file, and the node that carries the name.
+// Identifies the file of a node. Two nodes with the same id and volume are hard links of one file.
 struct FileIdentity {
   std::uint64_t id;
   NodeIndex node;

@@ -1,5 +1,5 @@
-// The sizing pass: gives every part of the image its sectors before the writing pass begins. Master() calls ShareData,
-// if hard links are to be stored once, and then PlaceEverything.
+// Gives every part of the image its sectors in the sizing pass, before the writing pass begins. Master() calls
+// ShareData, if hard links are to be stored once, and then PlaceEverything.
 #pragma once
 
 #include <cstdint>
@@ -33,7 +33,8 @@ void ShareData(Tree& tree);
 // Fails when the tree is too large for a volume.
 Result PlaceEverything(Tree& tree, Layout& layout);
 
-// Whether the data of a node stand among the files of the image. Those of a hard link and of an empty file do not.
+// Whether the image has a place for the data of this node. Folders, the boot catalogue, further names of a file and
+// empty files have none.
 bool IsStoredFile(const Node& node);
 
 }  // namespace discwright::tools::mkisofs

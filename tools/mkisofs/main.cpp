@@ -1,4 +1,4 @@
-// mkisofs: masters a folder tree into a bootable ISO 9660 image.
+// Starts mkisofs, the program that masters a folder tree into a bootable ISO 9660 image.
 #include <chrono>
 #include <cstdlib>
 #include <string>

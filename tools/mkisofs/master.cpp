@@ -1,4 +1,4 @@
-// The steps of a run: read the tree, plan the image, write it.
+// Performs the steps of a run: reads the tree, plans the image and writes it.
 #include "tools/mkisofs/master.h"
 
 #include <algorithm>
@@ -58,7 +58,7 @@ class Run {
     return Result::Success();
   }
 
-  // What is wrong with single files goes to problems_, so that one run names them all.
+  // Failures of single files are collected in problems_, so that one run names all of them.
   Result ReadSource() {
     auto source = host::OpenSourceTree(host::PathFromNative(options_.tree));
     if (!source.ok()) return FailureAt(options_.tree, source.status.cause);

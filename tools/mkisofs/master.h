@@ -1,4 +1,4 @@
-// A whole run of mkisofs: main() calls Master with the command line and returns its exit code.
+// Performs a whole run of mkisofs. main() calls Master with the command line and returns its exit code.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 namespace discwright::tools::mkisofs {
 
-// What a run gets from the process around it. Tests give values of their own.
+// What a run gets from the process that runs it. Tests give their own values.
 struct Surroundings {
   const char* source_date = nullptr;  // the environment variable SOURCE_DATE_EPOCH; null when it is not set
   std::int64_t now = 0;               // seconds since 1970-01-01 00:00 UTC
@@ -18,7 +18,7 @@ struct Surroundings {
 
 // Masters the image that `words`, the command line without the program's name, describe. Progress and errors are
 // printed on `messages`. Returns 0 on success, 1 when the image could not be made, 2 for a wrong command line. After a
-// failure an older image is as it was, and no part of a new one is left.
+// failure an older image is unchanged, and no part of a new one is left.
 int Master(std::span<const std::string> words, const Surroundings& surroundings, std::ostream& messages);
 
 }  // namespace discwright::tools::mkisofs

@@ -18,13 +18,14 @@ bool IsAscii(std::string_view name) {
 
 char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
-// The result of matching a "[...]" at the start of a pattern against a character.
+// The result of comparing a "[...]" at the start of a pattern with a character.
 struct Set {
-  std::size_t length = 0;  // of the "[...]" in the pattern; 0 when "]" is missing and "[" stands for itself
+  std::size_t length = 0;  // the length of the "[...]" in the pattern; 0 when "]" is missing and "[" stands for itself
   bool matches = false;
 };
 
-// The character at `at`, or the one after it when that is a "\". Moves `at` past it.
+// Returns the character at `at`. If it is a "\" and not the last character, returns the next one, which stands for
+// itself. Moves `at` behind the returned character.
 unsigned char TakeCharacter(std::string_view pattern, std::size_t& at) {
   if (pattern[at] == '\\' && at + 1 < pattern.size()) ++at;
   return static_cast<unsigned char>(pattern[at++]);
@@ -46,7 +47,8 @@ Set MatchSet(std::string_view pattern, unsigned char character) {
   return {at + 1, found != negated};
 }
 
-// The length of the first part of a pattern, which is not "*", when that part matches `character`; 0 when it does not.
+// Returns the length of the first part of a pattern if it matches `character`, otherwise 0. The first part must not be
+// "*".
 std::size_t MatchOne(std::string_view pattern, char character) {
   if (pattern.front() == '?') return 1;
   if (pattern.front() == '[') {

@@ -1,4 +1,4 @@
-// The table of options, and the code that reads a command line with it.
+// Reads a command line with the help of the table of options.
 #include "tools/mkisofs/options.h"
 
 #include <algorithm>
@@ -121,7 +121,7 @@ const Option* FindOption(std::string_view word) {
   return found == std::end(kOptions) ? nullptr : found;
 }
 
-// Checks what a single option cannot show: missing words, and options that need one another.
+// Checks what shows only after all words were read: missing words, and options that need one another.
 Result CheckWhole(const Parsed& parsed) {
   const Options& options = parsed.options;
   if (options.output.empty()) return Result::Failure("-output is missing");

@@ -1,4 +1,4 @@
-// The command line of mkisofs: Master() calls ParseOptions, and prints UsageText when it fails.
+// Describes the command line of mkisofs. Master() calls ParseOptions, and prints UsageText when it fails.
 #pragma once
 
 #include <cstdint>
@@ -30,7 +30,7 @@ struct Options {
 // first word that is wrong.
 Result ParseOptions(std::span<const std::string> words, Options& options);
 
-// The usage line and one line per option.
+// Returns the usage line and one line per option.
 std::string UsageText();
 
 }  // namespace discwright::tools::mkisofs

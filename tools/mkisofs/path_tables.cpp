@@ -1,4 +1,4 @@
-// Sizes path tables and makes their records.
+// Computes the sizes of path tables and makes their records.
 #include "tools/mkisofs/path_tables.h"
 
 #include <algorithm>
@@ -42,7 +42,7 @@ std::uint64_t PathTableSize(const Tree& tree) {
   return size;
 }
 
-// ECMA-119 6.9.1 and 9.4. The folders of the tree are in the order that the standard asks for.
+// ECMA-119 6.9.1 and 9.4 define the table. The folders of the tree are already in the order that the standard requires.
 std::vector<std::uint8_t> MakePathTable(const Tree& tree, ByteOrder order) {
   std::vector<std::uint8_t> table;
   for (const Folder& folder : tree.folders) {

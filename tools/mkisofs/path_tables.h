@@ -1,5 +1,5 @@
-// Path tables (ECMA-119 6.9): all folders in one list, with which a reader finds a folder without walking the
-// directories. The sizing pass calls PathTableSize, the writing pass MakePathTable for each byte order.
+// Makes path tables (ECMA-119 6.9). They list all folders, so that a reader finds a folder without walking the
+// directories. The sizing pass calls PathTableSize, the writing pass calls MakePathTable for each byte order.
 #pragma once
 
 #include <array>
@@ -10,7 +10,7 @@
 
 namespace discwright::tools::mkisofs {
 
-enum class ByteOrder { kLittle, kBig };  // of the L and the M path table
+enum class ByteOrder { kLittle, kBig };  // kLittle is for the L path table, kBig for the M path table
 
 // The fixed part of a path table record; the name follows it (ECMA-119 9.4).
 struct PathTableRecordHead {
@@ -21,10 +21,10 @@ struct PathTableRecordHead {
 };
 static_assert(sizeof(PathTableRecordHead) == 8);
 
-// Bytes of one table, without padding.
+// Returns the size of one table in bytes, without padding.
 std::uint64_t PathTableSize(const Tree& tree);
 
-// One table, without padding. PlaceEverything must have set all extents.
+// Returns one table, without padding. PlaceEverything must have set all extents before.
 std::vector<std::uint8_t> MakePathTable(const Tree& tree, ByteOrder order);
 
 }  // namespace discwright::tools::mkisofs

@@ -1,5 +1,5 @@
-// What keeps an image from being made: Problems collects one sentence for each file at fault, CauseOf() words a failure
-// of the operating system.
+// Collects what keeps an image from being made. Problems holds one sentence for each file at fault, CauseOf returns the
+// cause of a failure of the operating system.
 #pragma once
 
 #include <cstddef>
@@ -31,8 +31,8 @@ class Problems {
   std::size_t count_ = 0;
 };
 
-// The cause of a failure. A full disk always has the same English words, because the build's progress monitor looks for
-// them; the system's own sentence may be in another language.
+// Returns the cause of a failure. A full disk always has the same English words, because the build's progress monitor
+// looks for them; the system's own sentence may be in another language.
 inline std::string CauseOf(const host::Status& status) {
   return status.error == host::ErrorClass::kDiskFull ? "No space left on device" : status.cause;
 }

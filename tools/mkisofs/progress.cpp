@@ -1,4 +1,4 @@
-// Formats the progress lines.
+// Formats the progress lines of the mastering.
 #include "tools/mkisofs/progress.h"
 
 #include <array>

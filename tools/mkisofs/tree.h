@@ -1,4 +1,4 @@
-// The tree to be mastered, in memory. Its arrays are compact, because a tree may have millions of files.
+// Holds the tree to be mastered in memory. Its arrays are compact, because a tree may have millions of files.
 // ReadTree fills a Tree; ShareData and PlaceEverything complete it.
 #pragma once
 
@@ -15,15 +15,15 @@ using FolderIndex = std::uint32_t;
 
 // A name in the tree: a folder, or one name of a file.
 struct Node {
-  std::uint32_t name_offset = 0;  // in Tree::names
+  std::uint32_t name_offset = 0;  // where the name begins in Tree::names
   FolderIndex parent = 0;         // the folder that contains it; the root's parent is the root, 0
-  FolderIndex folder = 0;         // of a folder: its index in Tree::folders
-  std::uint32_t size = 0;         // bytes; of a folder: the size of its directory on the disc
-  std::uint32_t extent = 0;       // its first sector on the disc; before PlaceEverything see data_of_other
+  FolderIndex folder = 0;         // the index of a folder in Tree::folders
+  std::uint32_t size = 0;         // in bytes; for a folder, the size of its directory on the disc
+  std::uint32_t extent = 0;       // the first sector on the disc; before PlaceEverything has run, see data_of_other
   std::uint16_t volume = 0;       // index in Tree::volumes; together with `id` the identity of the file on the host
   std::uint8_t name_length = 0;
   bool is_folder : 1 = false;
-  bool is_hidden : 1 = false;      // in no directory of the disc; its data are stored
+  bool is_hidden : 1 = false;      // no directory of the disc has the name, but the data are stored
   bool is_catalogue : 1 = false;   // the boot catalogue, which does not exist on the host
   bool data_of_other : 1 = false;  // a further name of a file; until PlaceEverything `extent` is the node with the data
   bool has_other_names : 1 = false;  // the file has several hard links
@@ -37,7 +37,7 @@ struct Folder {
   NodeIndex node = 0;
   NodeIndex first = 0;
   std::uint32_t count = 0;
-  std::uint32_t number = 0;  // in the path tables, from 1; 0 for a hidden folder, which they leave out
+  std::uint32_t number = 0;  // counts from 1 in the path tables; 0 for a hidden folder, which they leave out
 };
 
 // Node 0 and folder 0 are the root, whose name is empty. `folders` has the order of the path tables: by depth, then by

@@ -14,7 +14,7 @@ namespace {
 // ECMA-119 9.4.4: the number of a parent folder in the path tables has 16 bits.
 constexpr std::uint32_t kLastParentNumber = 0xFFFF;
 constexpr std::uint64_t kLargestFile = 0xFFFFFFFF;
-// Offsets and indexes of Tree have 32 bits.
+// Offsets and indexes of Tree have 32 bits, so they end at this number.
 constexpr std::size_t kLargestIndex = std::numeric_limits<std::uint32_t>::max();
 
 // A name by its hash without letter case. Two names with one hash may be the same name for DOS and Windows.
@@ -137,7 +137,7 @@ class Reader {
     tree_.folders.push_back({.node = node, .number = hidden ? 0 : ++last_number_});
   }
 
-  // Whether a folder is one of its own parents, which only a link makes possible.
+  // Whether a folder is one of its own parents. Only a link makes this possible.
   bool LeadsBack(NodeIndex index) const {
     const Node& node = tree_.nodes[index];
     for (NodeIndex above = index; above != 0;) {

@@ -1,4 +1,4 @@
-// Reads the tree to be mastered: ReadTree() returns it and adds everything that an image cannot hold to the problems.
+// Reads the tree to be mastered. ReadTree returns it, and adds everything that an image cannot hold to the problems.
 #pragma once
 
 #include "host/source_tree.h"

@@ -9,7 +9,7 @@
 namespace discwright::tools::mkisofs {
 namespace {
 
-// ECMA-119 8.1.1 and 8.5.
+// These values are defined in ECMA-119 8.1.1 and 8.5.
 constexpr std::uint8_t kPrimaryType = 1;
 constexpr std::uint8_t kEnhancedType = 2;
 constexpr std::uint8_t kTerminatorType = 255;
@@ -44,12 +44,13 @@ void StorePlaces(const Layout& layout, VolumeDescriptor& descriptor) {
 
 }  // namespace
 
-// ECMA-119 8.1.
+// Fills in the fields of ECMA-119 8.1.
 DescriptorHead MakeDescriptorHead(std::uint8_t type, std::uint8_t version) {
   return {{type}, {'C', 'D', '0', '0', '1'}, {version}};
 }
 
-// ECMA-119 8.4. An enhanced descriptor is a supplementary descriptor with version 2 (ISO 9660:1999 8.5).
+// ECMA-119 8.4 defines the fields. An enhanced descriptor is a supplementary descriptor with version 2 (ISO 9660:1999
+// 8.5).
 VolumeDescriptor MakeVolumeDescriptor(DescriptorKind kind, const Options& options, const Tree& tree,
                                       const Layout& layout, std::int64_t created, TimeLimit limit) {
   VolumeDescriptor descriptor{};
@@ -64,7 +65,7 @@ VolumeDescriptor MakeVolumeDescriptor(DescriptorKind kind, const Options& option
   return descriptor;
 }
 
-// ECMA-119 8.3.
+// Fills in the fields of ECMA-119 8.3.
 TerminatorDescriptor MakeTerminator() {
   TerminatorDescriptor descriptor{};
   descriptor.head = MakeDescriptorHead(kTerminatorType, 1);

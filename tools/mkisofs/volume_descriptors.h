@@ -1,5 +1,5 @@
-// Volume descriptors (ECMA-119 8): the disc's identifiers, its size, and where its root and path tables are.
-// The image writer stores a primary one, an enhanced one and a terminator.
+// Makes the volume descriptors (ECMA-119 8). They hold the disc's identifiers, its size, and the places of its root and
+// of its path tables. The image writer stores a primary descriptor, an enhanced one and a terminator.
 #pragma once
 
 #include <array>
@@ -14,7 +14,7 @@
 
 namespace discwright::tools::mkisofs {
 
-// Bytes of the text fields that the command line sets.
+// The sizes, in bytes, of the text fields that the command line sets.
 inline constexpr std::size_t kVolumeIdSize = 32;
 inline constexpr std::size_t kTextSize = 128;
 
