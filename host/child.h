@@ -1,4 +1,5 @@
-// A program that this one has started and whose output it reads: what each system does in its own way.
+// Starts other programs, reads their output, waits for their ends and ends them. Each system has its own
+// implementation. Call StartCaptured or StartUncaptured; a build uses host/processes.h instead.
 #pragma once
 
 #include <chrono>
@@ -11,34 +12,36 @@
 
 namespace discwright::host {
 
-// All functions but Read and Waiting may be called by several threads at once. The owner calls WaitForEnd until it is
-// true; otherwise some systems keep an entry for the ended program.
+// A running program. Several threads may call its functions at once, except Read and Waiting. The owner must call
+// WaitForEnd until it returns true; otherwise some systems keep an entry for the ended program.
 class Child {
  public:
   using Clock = std::chrono::steady_clock;
 
   virtual ~Child() = default;
 
-  // Waits for output and reads it; returns the number of bytes. 0 when the time is over or the program has ended first.
-  // A time below 0 has no limit and outlasts the end of the program: then 0 says that no program can write any more.
+  // Waits for output, reads it, and returns the number of bytes. Returns 0 when the time is over, or when the program
+  // has ended before there was output. A negative time means no limit; Read then waits even after the program has
+  // ended, and 0 means that no program can write to the pipe any more.
   virtual std::size_t Read(std::span<char> buffer, int milliseconds) = 0;
-  virtual std::size_t Waiting() = 0;  // bytes of output that can be read at once
+  virtual std::size_t Waiting() = 0;  // the number of bytes that Read returns without waiting
 
-  virtual bool WaitForEnd(int milliseconds) = 0;  // whether it has ended; a time below 0 has no limit
-  virtual ProcessEnd End() = 0;                   // valid once it has ended
+  virtual bool WaitForEnd(int milliseconds) = 0;  // whether the program has ended; a negative time means no limit
+  virtual ProcessEnd End() = 0;                   // valid once the program has ended
 
-  // Asks or makes the program end with all that it has started; false when it has ended already. What is still running
-  // at `last_moment` is ended by force.
+  // RequestEnd asks or forces the program to end, with everything that it has started. It returns false when the
+  // program has already ended. WaitUntilGone waits for the end; programs that still run at `last_moment` are ended by
+  // force.
   virtual bool RequestEnd() = 0;
   virtual void WaitUntilGone(Clock::time_point last_moment) = 0;
 };
 
-// Starts a command line, see Launcher::Start: without a window, with standard input from nothing, and with standard
-// output and error to the pipe that Read reads.
+// Starts a command line (see Launcher::Start) without a window. The program's standard input is empty. Its standard
+// output and standard error go to the pipe that Read reads.
 Result<std::shared_ptr<Child>> StartCaptured(std::string_view command_line);
 
-// Ends every program that StartCaptured has started and that still runs, with all that these have started. Returns when
-// they have gone, after two seconds at the latest. A signal handler may call it.
+// Ends every program that StartCaptured has started and that still runs, with everything that these have started.
+// Returns when they are gone, but after two seconds at the latest. A signal handler may call it.
 void EndStartedPrograms();
 
 // See ProgramRunner::StartProcess.

@@ -12,11 +12,11 @@ std::string_view WithoutLeadingBlanks(std::string_view text) {
   return text.substr(std::min(text.find_first_not_of(kBlanks), text.size()));
 }
 
-// Takes a quote and the `backslashes` before it from the front of `text`.
+// Removes a quote and the `backslashes` before it from the front of `text`, and adds to `argument` what they stand for.
 void TakeQuote(std::string_view& text, std::size_t backslashes, bool& is_quoted, std::string& argument) {
   const bool is_escaped = backslashes % 2 == 1;
   text.remove_prefix(backslashes + 1);
-  const bool is_doubled = !is_escaped && is_quoted && text.starts_with('"');  // two quotes in quotes are a plain one
+  const bool is_doubled = !is_escaped && is_quoted && text.starts_with('"');  // between quotes, two quotes are one
   if (is_doubled) text.remove_prefix(1);
   argument.append(backslashes / 2, '\\');
   if (is_escaped || is_doubled) {
@@ -26,7 +26,7 @@ void TakeQuote(std::string_view& text, std::size_t backslashes, bool& is_quoted,
   }
 }
 
-// Takes one argument from the front of `text`.
+// Removes one argument from the front of `text` and returns it.
 std::string TakeArgument(std::string_view& text) {
   std::string argument;
   for (bool is_quoted = false; !text.empty() && (is_quoted || kBlanks.find(text.front()) == kBlanks.npos);) {

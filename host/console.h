@@ -1,4 +1,4 @@
-// The terminal: sleeping until something happens, Ctrl-C, and printing text.
+// Waits for events, handles Ctrl-C, and writes to the terminal. Print text through a PrintStream:
 //
 //   PrintStream errors(Stream::kError);
 //   errors << "text\n";
@@ -10,31 +10,32 @@
 
 namespace discwright::host {
 
-// Ends a running WaitForWakeUp, or else the next one. May be called from any thread.
+// Ends a running WaitForWakeUp. If none is running, the next one returns at once. Any thread may call this.
 void SetWakeUp();
-// Sleeps until SetWakeUp is called or Ctrl-C is pressed, but at most so long. Returns at once when either has happened
-// since the last call.
+// Sleeps until SetWakeUp is called or Ctrl-C is pressed, but at most for this time. Returns at once when one of them
+// has happened since the last call.
 void WaitForWakeUp(int milliseconds);
 
-// From now on the first Ctrl-C, or request to terminate, does not end the program; it is counted. The second one ends
-// the program at once with `exit_code`, whatever it is doing, and all programs that it has started through a launcher.
+// From now on, the first Ctrl-C or request to terminate is counted, and does not end the program. The second one ends
+// the program at once with `exit_code`, whatever the program is doing. It also ends all programs that were started
+// through a launcher.
 void CatchInterrupts(int exit_code);
-// How often the user has pressed Ctrl-C since CatchInterrupts.
+// How often the user has pressed Ctrl-C, or the program was asked to terminate, since CatchInterrupts.
 int InterruptCount();
 
 bool StandardErrorIsTerminal();
-// Columns of the terminal; 80 when unknown.
+// The number of columns of the terminal; 80 when it is unknown.
 int TerminalWidth();
-// On the terminal: from the cursor to the end of its line.
+// Clears the terminal from the cursor to the end of its line.
 void EraseRestOfLine();
 
 enum class Stream { kOutput, kError };
-// Prints UTF-8 text at once. On Windows a console gets it in the console's code page, and a file or pipe in the ANSI
-// code page; "?" or a similar character stands there for what the code page lacks.
+// Prints UTF-8 text at once. On Windows the text is converted: to the code page of the console, or to the ANSI code
+// page for a file or pipe. Characters that the code page lacks become "?" or a similar character.
 void Print(Stream stream, std::string_view text);
 
-// A standard stream of C++ in front of Print. Takes UTF-8. Whatever was written since the last flush is printed by the
-// next one, or by the end of the stream; on standard error at once.
+// A C++ stream that prints UTF-8 text through Print. Text is printed by the next flush, or when the stream is
+// destroyed. A stream on standard error prints at once.
 class PrintStream : public std::ostream {
  public:
   explicit PrintStream(Stream stream) : std::ostream(nullptr), buffer_(stream) {

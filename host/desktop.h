@@ -1,4 +1,5 @@
-// Where a user's search for files starts: drives, the home folder, the file manager.
+// Finds the places where a user starts to look for files: call DriveRoots, OpticalDrives or HomeFolder. FileManagerLine
+// makes the line that starts the file manager.
 #pragma once
 
 #include <string>
@@ -7,19 +8,20 @@
 
 namespace discwright::host {
 
-// The roots of the logical drives in the system's order: "C:\" on Windows, the one root "\" elsewhere.
+// The roots of the logical drives in the order of the system: on Windows for example "C:\", on other systems only the
+// root "\".
 std::vector<std::string> DriveRoots();
 
-// The drives that hold optical discs, in the system's order: "D:" on Windows, the mount point of each mounted optical
-// disc elsewhere.
+// The drives for optical discs in the order of the system: on Windows for example "D:", on other systems the mount
+// point of each mounted optical disc.
 std::vector<std::string> OpticalDrives();
 
-// The user's home folder where the system has no drive C: to start from. Empty on Windows.
+// The user's home folder. Empty on Windows, where the user starts at drive C: instead.
 std::string HomeFolder();
 
-// The command line that shows a folder in the file manager. On Windows `folder` is put at the line's end as it is,
-// without quotes, also when it holds blanks. Elsewhere it is a core path, and an empty one is the home folder. Empty
-// when the system has no file manager that this program knows to start.
+// The command line that shows a folder in the file manager. On Windows `folder` is added at the end of the line without
+// quotes, even when it contains blanks. On other systems `folder` is a core path, and an empty one stands for the home
+// folder. The result is empty when the system has no file manager that this program can start.
 std::string FileManagerLine(std::string_view folder);
 
 }  // namespace discwright::host

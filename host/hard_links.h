@@ -1,5 +1,5 @@
-// Hard links: which names are one file already, and giving a file one more name. Paths are spelled exactly as listings
-// gave them; letter case is not looked up here.
+// Finds out which names belong to the same file, and creates hard links. Pass paths spelled exactly as listings return
+// them; these functions do not look for names in another letter case.
 #pragma once
 
 #include <cstdint>
@@ -14,13 +14,13 @@
 
 namespace discwright::host {
 
-// What tells a file from every other and shows whether its content may have changed.
+// Identifies a file, and shows whether its content may have changed.
 struct FileFacts {
   std::uint64_t volume = 0;
-  std::uint64_t number = 0;   // of the file on its volume; all its names share it
+  std::uint64_t number = 0;   // the number of the file on its volume; all names of the file share it
   std::int64_t size = 0;      // bytes
   std::int64_t modified = 0;  // nanoseconds since 1970, UTC
-  std::uint64_t links = 0;    // how many names it has
+  std::uint64_t links = 0;    // how many names the file has
 
   bool IsSameFile(const FileFacts& other) const { return volume == other.volume && number == other.number; }
   bool IsUnchanged(const FileFacts& other) const {
@@ -31,18 +31,18 @@ struct FileFacts {
 struct NamedFacts {
   std::string name;  // without a folder
   bool is_folder = false;
-  FileFacts facts;     // of files only
-  Status status = {};  // not ok: why nothing is known of it but its name
+  FileFacts facts;     // only for files
+  Status status = {};  // not ok: why only the name is known
 };
 
-// The folders and regular files in `folder`, sorted by name byte by byte. Symbolic links and special files are left
-// out. An entry that cannot be looked at is listed with its failure.
+// The folders and regular files in `folder`, sorted by the bytes of their names. Symbolic links and special files are
+// left out. An entry that the system cannot describe is listed with its failure.
 Result<std::vector<NamedFacts>> ListFacts(std::string_view folder);
 
-// The facts of a regular file; nothing when there is none under this name. A symbolic link is not followed.
+// The facts of a regular file; std::nullopt when the path is not one. A symbolic link is not followed.
 std::optional<FileFacts> FactsOf(std::string_view path);
 
-// Opens a file for reading if it is still what its facts say; otherwise that is the failure. A link is not followed.
+// Opens a file for reading. Fails when the file no longer has these facts. A link is not followed.
 Result<std::unique_ptr<BinaryFile>> OpenUnchanged(std::string_view path, const FileFacts& facts);
 
 enum class LinkEnd {
@@ -56,17 +56,18 @@ enum class LinkEnd {
 
 struct LinkAnswer {
   LinkEnd end = LinkEnd::kMade;
-  Status status;  // not ok unless the link was made
+  Status status;  // a success only when the link was made
 };
 
-// Gives the file `existing` the further name `fresh`, which must be free. Where the system's answer leaves open whether
-// the file system has hard links at all, that is tried with an empty file beside `fresh`, which is removed again.
+// Gives the file `existing` the additional name `fresh`, which must be free. When the system's error does not show
+// whether the file system supports hard links, this is tried with an empty file in the folder of `fresh`, which is
+// deleted again.
 LinkAnswer MakeHardLink(std::string_view existing, std::string_view fresh);
 
-// Moves a file over another of the same folder in one step: the name `to` always shows the one or the other.
+// Renames a file over another file in the same folder in one step: at every moment `to` is one of the two files.
 Status MoveOver(std::string_view from, std::string_view to);
 
-// Removes the name of a file unless it is the file's last one. True when it was removed.
+// Removes a name of a file unless it is the file's last one. Returns whether it was removed.
 bool RemoveSpareName(std::string_view path);
 
 }  // namespace discwright::host

@@ -1,4 +1,4 @@
-// Lists folders and looks at single paths: which names match, and which links lead back.
+// Lists folders and describes single paths. Selects the names that match, and marks the links that lead back.
 #include <algorithm>
 
 #include "base/paths.h"
@@ -12,8 +12,8 @@ namespace {
 
 bool TakesEveryName(std::string_view pattern) { return pattern == "*.*" || pattern == "*"; }
 
-// Whether a link leads to the folder it is in or to one above that, by the way the folder's path is written: a link
-// that the path goes through is one of the folders above.
+// Whether a link leads to the folder that contains it, or to one above. The folders above are found by the spelling of
+// the folder's path, so a link in this path counts as one of them.
 bool LeadsBack(const std::string& folder, const std::string& link) {
   for (std::string parent = folder;;) {
     if (SameFolder(parent, link)) return true;
@@ -30,13 +30,14 @@ bool IsLinkToFolder(const Entry& entry) { return entry.is_link && entry.kind == 
 }  // namespace
 
 Listing ListFolder(std::string_view folder, std::string_view pattern) {
-  // The system's own matching is not used. On Windows it also takes short names: "*.HTM" would find every ".html".
+  // The system's own matching is not used, because on Windows it also compares short names: "*.HTM" would find every
+  // ".html".
   const std::string folded = FoldCase(pattern);
   Listing listing = ReadEntries(folder, [&](const std::string& name) {
     return TakesEveryName(pattern) || base::MatchesWildcard(FoldCase(name), folded);
   });
   std::sort(listing.value.begin(), listing.value.end(), [](const Entry& a, const Entry& b) { return a.name < b.name; });
-  std::string absolute;  // made when the first link turns up
+  std::string absolute;  // set when the first link is found
   for (Entry& entry : listing.value) {
     if (!IsLinkToFolder(entry)) continue;
     if (absolute.empty()) absolute = Absolute(folder);

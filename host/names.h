@@ -1,7 +1,7 @@
-// How names and paths are spelled: by the user, by the system, on a disc, and without letter case.
+// Converts names and paths between the spellings of the core, the system and a disc, and folds letter case.
 //
-// Inside the program all paths are the core's. PathFromNative(what the user typed) makes one; PathToNative(path) is for
-// showing.
+// Inside the program all paths are core paths. PathFromNative makes one from the text that the user has typed;
+// PathToNative makes the text to show.
 #pragma once
 
 #include <string>
@@ -9,20 +9,21 @@
 
 namespace discwright::host {
 
-// A path as the user or the system spells it, in the core's spelling and made absolute; and back. Both are text like
-// any other here: UTF-8, or the host's raw bytes.
+// PathFromNative converts a path in the spelling of the user or the system to the core's spelling, and makes it
+// absolute; PathToNative converts it back. Both take and return UTF-8, or the raw bytes of the system.
 std::string PathFromNative(std::string_view native);
 std::string PathToNative(std::string_view path);
 
-// The 8.3 form of an existing path; empty when the system has none (always, off Windows).
+// The short (8.3) form of an existing path. Empty when the system has none, and always on systems other than Windows.
 std::string ShortPath(std::string_view path);
 
-// The name that a file or folder of a setup CD has on the disc. Those discs name all in upper case, which some systems
-// show in lower case. There a name without an upper-case letter becomes upper case. Elsewhere, and with a mixed name,
-// it is the name itself.
+// The name that a file or folder of a setup CD has on the disc. All names on these discs are in upper case, but some
+// systems show them in lower case. On those systems a name without an upper-case letter is converted to upper case. In
+// all other cases the result is the name itself.
 std::string NameOnDisc(std::string_view name);
 
-// A text without letter case, for comparing names: two names are one on a CD when their folded forms are equal.
+// The text in a form without letter case, for comparing names: two names are the same on a CD when their folded forms
+// are equal.
 std::string FoldCase(std::string_view text);
 
 }  // namespace discwright::host

@@ -1,4 +1,4 @@
-// What is alike on every system: the bytes of settings files, and the words of the command line.
+// Converts settings files and the arguments of the command line, as far as this is the same on every system.
 #include "host/native_text.h"
 
 #include "base/utf8.h"
@@ -6,8 +6,8 @@
 namespace discwright::host {
 
 std::string EncodeText(std::string_view text) {
-  // The bytes of some texts in the code page are valid UTF-8 by chance ("Ã¤" becomes the bytes of "ä"). These texts
-  // would be read back as others, so they are stored as UTF-8.
+  // The bytes of some texts in the code page are valid UTF-8 by chance ("Ã¤" becomes the bytes of "ä"). DecodeText
+  // would return another text for them, so these texts are stored as UTF-8.
   const std::optional<std::string> bytes = CodePageBytes(text);
   if (bytes && DecodeText(*bytes) == text) return *bytes;
   return std::string(base::kUtf8Mark).append(text);

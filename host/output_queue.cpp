@@ -1,4 +1,4 @@
-// Cuts output at line ends and hands it from one thread to another.
+// Cuts output at line ends and passes it from one thread to another.
 #include "host/output_queue.h"
 
 #include <algorithm>
@@ -8,7 +8,8 @@
 namespace discwright::host {
 namespace {
 
-// Bounds the memory for output that nobody takes. The program then waits until its pipe is read again.
+// This limits the memory for output that is not taken. When the queue is full, the program waits until its pipe is read
+// again.
 constexpr std::size_t kMostPieces = 64;
 
 }  // namespace

@@ -1,4 +1,5 @@
-// The output of a launched program on its way from the thread that reads it to the thread that shows it.
+// Passes the output of a launched program from the thread that reads it to the thread that shows it. The reading thread
+// calls Add and AddEnd, the showing thread calls Take and TakeEnd.
 #pragma once
 
 #include <chrono>
@@ -15,8 +16,8 @@
 
 namespace discwright::host {
 
-// Cuts output into pieces at line ends and keeps them until they are taken. A piece is never larger than `largest`
-// bytes. An unfinished line becomes a piece when it fills one, or when it was held back for `hold`.
+// Cuts output into pieces at line ends and keeps them until they are taken. A piece has at most `largest` bytes. An
+// unfinished line becomes a piece when it has this size, or when it was held back for the time `hold`.
 class OutputQueue {
  public:
   using Clock = std::chrono::steady_clock;
@@ -26,20 +27,21 @@ class OutputQueue {
   OutputQueue(std::size_t largest, std::chrono::milliseconds hold, std::function<void()> wake)
       : largest_(largest), hold_(hold), wake_(std::move(wake)) {}
 
-  // For the thread that reads. Add waits while the queue is full, and puts an unfinished line that is due into the
-  // queue even when `output` is empty. AddEnd puts in what is held back, and then the end.
+  // These functions are for the reading thread. Add waits while the queue is full. It also adds an unfinished line that
+  // is due, even when `output` is empty. AddEnd adds the text that is still held back, and then the end.
   void Add(std::string_view output, Clock::time_point now);
   void AddEnd(ProcessEnd end);
-  // What the reading thread threw. TakeEnd throws it on the thread that shows, which then ends the build.
+  // Stores an exception of the reading thread. TakeEnd throws it on the showing thread, which then ends the build.
   void AddFailure(std::exception_ptr failure);
-  // The time until the unfinished line is due; `hold` when there is none.
+  // The time until the unfinished line is due; `hold` when there is no unfinished line.
   int MillisecondsToWait(Clock::time_point now) const;
 
-  // For the thread that shows. Take gives the next piece; TakeEnd gives the end once, after the last piece was taken.
+  // These functions are for the showing thread. Take returns the next piece. TakeEnd returns the end once, after the
+  // last piece was taken.
   std::size_t PieceCount() const;
   std::optional<std::string> Take();
   std::optional<ProcessEnd> TakeEnd();
-  // After this nothing can be taken, what is added is dropped, and `wake` is not called again.
+  // Afterwards nothing can be taken, added output is dropped, and `wake` is not called again.
   void Release();
 
  private:
@@ -47,10 +49,10 @@ class OutputQueue {
 
   const std::size_t largest_;
   const std::chrono::milliseconds hold_;
-  std::string held_;       // of the thread that reads: the unfinished line
-  Clock::time_point due_;  // of the thread that reads: when the unfinished line becomes a piece
+  std::string held_;       // for the reading thread: the unfinished line
+  Clock::time_point due_;  // for the reading thread: when the unfinished line becomes a piece
 
-  mutable Mutex mutex_;  // guards all that follows
+  mutable Mutex mutex_;  // guards all members below
   Condition has_room_;
   std::deque<std::string> pieces_;
   std::optional<ProcessEnd> end_;

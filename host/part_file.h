@@ -1,4 +1,5 @@
-// A large file that is written under a temporary name and gets its own name when it is whole.
+// Writes a large file under a temporary name, and gives it its final name when it is complete. Call CreatePartFile,
+// WriteAt for each part, and Commit.
 #pragma once
 
 #include <cstdint>
@@ -10,22 +11,24 @@
 
 namespace discwright::host {
 
-// Unless Commit succeeds, the destructor removes the unfinished file, and a file that has the name stays as it is.
+// An unfinished file. Unless Commit succeeds, the destructor deletes it, and an existing file with the final name does
+// not change.
 class PartFile {
  public:
   virtual ~PartFile() = default;
-  // Parts may be written in any order, and by several threads at once.
+  // Writes bytes at a byte position. Parts may be written in any order, and by several threads at once.
   virtual Status WriteAt(std::uint64_t position, std::span<const std::uint8_t> bytes) = 0;
-  // Reports late write errors and gives the file its name, replacing a file that has it.
+  // Reports write errors that only show at the end, and gives the file its final name. Replaces an existing file of
+  // that name.
   virtual Status Commit() = 0;
 };
 
-// Starts a file under the name base::PartName(NAME). An unfinished file of that name, which another run has left or is
-// still writing, is replaced, and the Commit of that run then fails (kExists). On Windows 95, 98 and Me it cannot be
-// replaced while it is being written: that is a failure (kAccessDenied). Other files that killed runs left in the
-// folder are deleted. A NAME that is no regular file is a failure (kWrongKind). Room for `size` bytes is set aside
-// where the file system can, so that a full disk (kDiskFull), or a file that may not become so large
-// (kTooLarge), is known at once.
+// Creates an unfinished file for `path`; its name is base::PartName of the final name. An unfinished file with this
+// name, which another run has left or is still writing, is replaced; the Commit of that run then fails (kExists). On
+// Windows 95, 98 and Me it cannot be replaced while it is being written; that is a failure (kAccessDenied). Other
+// temporary files that killed runs have left in the folder are deleted. Fails with kWrongKind when `path` exists and is
+// not a regular file. Reserves room for `size` bytes where the file system supports this, so that a full disk
+// (kDiskFull), or a file that may not become so large (kTooLarge), is reported at once.
 Result<std::unique_ptr<PartFile>> CreatePartFile(std::string_view path, std::uint64_t size);
 
 }  // namespace discwright::host

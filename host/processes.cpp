@@ -1,4 +1,4 @@
-// Runs other programs: the launcher, and the thread that reads for it.
+// Implements the launcher, and the thread that reads the output of its program.
 #include "host/processes.h"
 
 #include <algorithm>
@@ -16,7 +16,7 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = Child::Clock;
 
-// What the reading thread does, from the program's first output to its end.
+// The work of the reading thread, from the program's first output until no program can write to the pipe any more.
 void ReadOutput(Child& child, OutputQueue& queue) {
   std::array<char, 16384> buffer{};
   const auto read = [&](std::size_t most, int milliseconds) {
@@ -24,13 +24,15 @@ void ReadOutput(Child& child, OutputQueue& queue) {
     queue.Add({buffer.data(), count}, Clock::now());
     return count;
   };
-  // The pipe may stay open longer: what the program has left behind can write to it.
+  // This waits for the end of the child and not for that of the pipe: programs that the child has started may keep the
+  // pipe open.
   while (!child.WaitForEnd(0)) read(buffer.size(), queue.MillisecondsToWait(Clock::now()));
-  // What the program itself has written before its end. More may come from what it has left behind.
+  // Reads what the child has written before its end. It reads no further, because programs that the child has started
+  // may write for ever.
   std::size_t left = child.Waiting();
   for (std::size_t count = left; left > 0 && count > 0; left -= count) count = read(left, 0);
   queue.AddEnd(child.End());
-  // What the program has left behind must not be stopped by a pipe that is full or closed.
+  // Programs that the child has started must not be stopped by a pipe that is full or closed.
   while (child.Read(buffer, -1) > 0) {
   }
 }
@@ -46,7 +48,7 @@ class SystemLauncher : public Launcher {
 
   void Configure(int buffer_size, int poll_interval) override {
     buffer_size_ = std::max(buffer_size, 1);
-    poll_interval_ = std::max(std::chrono::milliseconds(poll_interval), 10ms);  // a shorter one is busy waiting
+    poll_interval_ = std::max(std::chrono::milliseconds(poll_interval), 10ms);  // a shorter one wastes processor time
   }
 
   Status Start(std::string_view command_line) override {
@@ -55,7 +57,7 @@ class SystemLauncher : public Launcher {
     const std::shared_ptr<Child>& child = started.value;
     queue_ = std::make_shared<OutputQueue>(static_cast<std::size_t>(buffer_size_), poll_interval_, wake_);
     try {
-      // The thread outlives this launcher: it goes on for as long as anybody can write.
+      // The thread may outlive this launcher: it reads until no program can write to the pipe any more.
       Thread([child, queue = queue_] {
         try {
           ReadOutput(*child, *queue);
@@ -74,11 +76,13 @@ class SystemLauncher : public Launcher {
 
   void Deliver() override {
     if (!queue_) return;
-    // Either function may destroy this launcher. So these are copies; the queue of a destroyed launcher gives nothing.
+    // Either function may destroy this launcher, so local copies are used. Nothing can be taken from the queue of a
+    // destroyed launcher.
     const std::shared_ptr<OutputQueue> queue = queue_;
     const auto received = data_received;
     const auto ended = process_ended;
-    // Only what is there now: a program that writes faster than it is read must not hold the caller for ever.
+    // Only the pieces that are there now are delivered: a program that writes faster than its output is shown must not
+    // hold the caller for ever.
     for (std::size_t left = queue->PieceCount(); left > 0; --left) {
       const std::optional<std::string> piece = queue->Take();
       if (piece && received) received(TextFromNative(*piece));
@@ -93,7 +97,7 @@ class SystemLauncher : public Launcher {
 
  private:
   std::function<void()> wake_;
-  std::shared_ptr<OutputQueue> queue_;  // none before the start
+  std::shared_ptr<OutputQueue> queue_;  // null before the start
   int buffer_size_ = 8192;              // bytes
   std::chrono::milliseconds poll_interval_ = 500ms;
   ProcessEnd end_;

@@ -1,4 +1,4 @@
-// Profile files as text: each call reads or rewrites the whole file.
+// Reads and writes profile files as text. Each call reads or rewrites the whole file.
 #include "host/profile.h"
 
 #include "base/ini_text.h"
@@ -15,7 +15,7 @@ ProfileValue ReadTextProfile(std::string_view file, std::string_view section, st
 
 Status WriteTextProfile(std::string_view file, std::string_view section, std::string_view key, std::string_view value) {
   const Result<std::string> bytes = ReadWholeFile(file);
-  // A file that is there but cannot be read must not be replaced by one key.
+  // A file that exists but cannot be read must not be replaced by a file with only this key.
   if (!bytes.ok() && bytes.status.error != ErrorClass::kNotFound) return bytes.status;
   return WriteWholeFile(file, EncodeText(base::WithIniValue(DecodeText(bytes.value), section, key, value)));
 }

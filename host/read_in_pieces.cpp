@@ -1,4 +1,4 @@
-// Reads files from their start to their end.
+// Reads files from start to end.
 #include <algorithm>
 #include <memory>
 #include <vector>
@@ -8,7 +8,7 @@
 namespace discwright::host {
 
 Status ReadInPieces(std::string_view path, const std::function<bool(std::span<const std::byte>)>& take) {
-  constexpr std::int64_t kPiece = 1 << 18;  // bytes per read; larger ones are not faster
+  constexpr std::int64_t kPiece = 1 << 18;  // bytes per read; larger pieces are not faster
   const Result<std::unique_ptr<BinaryFile>> file = OpenBinary(path, OpenMode::kRead);
   if (!file.ok()) return file.status;
   const Result<std::int64_t> length = file.value->Length();

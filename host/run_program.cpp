@@ -1,4 +1,4 @@
-// Words the failures that no other part of a program handles.
+// Runs a program and prints the failures that nothing else handles.
 #include "host/run_program.h"
 
 #include <cstdlib>
@@ -13,7 +13,7 @@
 namespace discwright::host {
 namespace {
 
-// In pieces, because joining them would take memory.
+// The texts are printed one by one, because joining them would need memory.
 int Fail(std::string_view name, std::string_view cause, std::string_view remedy = "") {
   for (const std::string_view text : {name, std::string_view(": "), cause, remedy, std::string_view("\n")}) {
     Print(Stream::kError, text);
@@ -28,8 +28,8 @@ int FailForMemory(std::string_view name) {
 
 std::string_view running_program;
 
-// With hardly any memory at its start a program cannot even make the exception that tells so. Then nothing can be
-// destroyed, but nothing was begun either.
+// When there is hardly any memory at the start of the program, not even the exception that reports this can be created.
+// Then nothing can be destroyed, but nothing was begun either.
 void EndWithoutException() {
   if (!std::current_exception()) std::_Exit(FailForMemory(running_program));
   std::abort();
@@ -45,7 +45,7 @@ int RunProgram(std::string_view name, const std::function<int()>& program) {
     return program();
   } catch (const std::bad_alloc&) {
     return FailForMemory(name);
-  } catch (const std::system_error& failure) {  // host::Thread
+  } catch (const std::system_error& failure) {  // thrown by host::Thread
     return Fail(name, failure.what(),
                 ": no further thread could be started. Close other programs, or raise the limit of this account, and "
                 "try again.");

@@ -1,5 +1,5 @@
-// How calls of the host fail: they return a Status, or a Result when they also give something. Failures are sorted into
-// the few classes that a user can act on.
+// Describes how calls to the system end. A function returns a Status, or a Result when it also returns a value.
+// Failures are sorted into the few classes that a user can act on.
 #pragma once
 
 #include <string>
@@ -10,12 +10,12 @@ namespace discwright::host {
 
 enum class ErrorClass {
   kNone,
-  kNotFound,      // the name, or a folder on the way to it, is not there
+  kNotFound,      // the name, or a folder on the way to it, does not exist
   kAccessDenied,  // read only, locked, or in use
   kDiskFull,
   kTooLarge,   // the file is larger than it may be, or may not grow any more
-  kNotReady,   // the drive or device gave an input/output error
-  kExists,     // the name, or one that differs only in letter case, is taken
+  kNotReady,   // the drive or device reported an input/output error
+  kExists,     // the name, or one that differs only in letter case, already exists
   kLoop,       // a link leads back to one of its own parents
   kWrongKind,  // a folder where a file is needed, or a device, pipe or socket
   kOther,
@@ -31,27 +31,28 @@ struct Status {
   static Status Failure(ErrorClass error, std::string cause) { return {error, std::move(cause)}; }
 };
 
-// The system does not let a file grow. Unlike for a full disk, making room does not help.
+// The failure for a file that the system does not let grow. Unlike for a full disk, deleting other files does not help.
 inline Status FileMayNotGrow() {
   return Status::Failure(ErrorClass::kTooLarge,
                          "the file may not grow any more: the file system (FAT: 4 GB) or a limit of this account does "
                          "not allow it");
 }
 
-// What a call that gives something and can fail gives back:
+// The result of a call that returns a value and can fail:
 //
 //   const Result<std::string> content = ReadWholeFile(path);
 //   if (!content.ok()) return content.status;
 //   Use(content.value);
 template <typename T>
 struct [[nodiscard]] Result {
-  T value{};      // without content, null or 0 after a failure
+  T value{};      // empty, null or 0 after a failure
   Status status;  // not ok: why there is no value
 
   Result() = default;
-  // Both are implicit, for "return failure;" and "return value;".
+  // These constructors are implicit, so that functions can write "return failure;" and "return value;".
   Result(Status failure) : status(std::move(failure)) {}  // NOLINT(google-explicit-constructor)
-  // Takes what becomes a T, which no Result does: copies and moves are not taken for it.
+  // Accepts everything that converts to T. A Result does not convert to T, so this is never used to copy or move a
+  // Result.
   template <typename Given, typename = std::enable_if_t<std::is_convertible_v<Given, T>>>
   Result(Given&& given) : value(std::forward<Given>(given)) {}  // NOLINT(google-explicit-constructor)
 

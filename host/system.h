@@ -1,4 +1,4 @@
-// The running program and the machine it runs on: ProgramFolder(), Today() and the like.
+// Tells facts about the running program and the machine on which it runs: call ProgramFolder(), Today() and so on.
 #pragma once
 
 #include <memory>
@@ -7,21 +7,22 @@
 
 namespace discwright::host {
 
-// The folder that holds the running program, without a separator at its end. Empty when the system does not tell: then
-// nothing must be written or deleted in it.
+// The folder that contains the running program, without a separator at its end. Empty when the system cannot tell; then
+// the caller must not write or delete anything in the program's folder.
 std::string ProgramFolder();
 
 std::string CurrentFolder();
 
-// The sole use of an existing folder, until what is returned is destroyed or the program ends. Null while another
-// program has it: on Windows one of the same logon session, elsewhere one of the same machine. Leaves nothing in the
-// folder.
+// Claims an existing folder for this program alone, until the returned object is destroyed or the program ends. Returns
+// null while another program has claimed the folder: on Windows a program of the same logon session, on other systems a
+// program on the same machine. Leaves nothing in the folder.
 std::shared_ptr<void> ClaimFolder(std::string_view folder);
 
-// From now on a write beyond the largest size that this account may give a file fails, and does not end the program.
+// From now on, a write fails when it would make a file larger than this account may make it, and does not end the
+// program.
 void LetLargeWritesFail();
 
-// 1 = Windows 95/98/Me, 2 = the NT family and every other system.
+// 1 for Windows 95, 98 and Me; 2 for the NT family and all other systems.
 int PlatformId();
 
 struct Date {

@@ -1,5 +1,5 @@
-// Threads, locks and conditions, as few as the program needs: the C++ library for Windows has none that would run on
-// every Windows.
+// Provides threads, locks and conditions, but no more than the program needs. Use these classes instead of those of the
+// C++ library, which for Windows has none that run on every Windows.
 #pragma once
 
 #include <functional>
@@ -7,7 +7,7 @@
 
 namespace discwright::host {
 
-// Guards data; to be held through std::lock_guard or std::unique_lock. Not recursive.
+// Protects data. Hold it through std::lock_guard or std::unique_lock. Not recursive.
 class Mutex {
  public:
   Mutex();
@@ -23,7 +23,8 @@ class Mutex {
   std::unique_ptr<State> state_;
 };
 
-// Lets threads wait for a change of what a mutex guards. It may wake without one: wait in a loop.
+// Lets threads wait until data that a mutex protects has changed. A wait may also end without a notification, so wait
+// in a loop.
 class Condition {
  public:
   Condition();
@@ -31,9 +32,9 @@ class Condition {
   Condition(const Condition&) = delete;
   Condition& operator=(const Condition&) = delete;
 
-  // Called with `mutex` held; lets go of it while waiting.
+  // The caller must hold `mutex`. It is released during the wait.
   void Wait(Mutex& mutex);
-  // The same for at most so many milliseconds; false when they are over.
+  // Like Wait, but for at most this many milliseconds. Returns false when the time is over.
   bool WaitFor(Mutex& mutex, int milliseconds);
   void NotifyOne();
   void NotifyAll();
@@ -45,15 +46,15 @@ class Condition {
 
 class Thread {
  public:
-  Thread();  // none
-  // Starts at once. Throws std::system_error when the system has no thread left.
+  Thread();  // creates no thread
+  // Starts the thread at once. Throws std::system_error when the system cannot start another thread.
   explicit Thread(std::function<void()> work);
   Thread(Thread&& other) noexcept;
   Thread& operator=(Thread&& other) noexcept;
-  ~Thread();  // joined or detached before
+  ~Thread();  // Join or Detach must have been called before
 
-  void Join();    // returns when the work is done
-  void Detach();  // it goes on by itself
+  void Join();    // waits until the work is done
+  void Detach();  // the thread goes on by itself
 
  private:
   struct State;

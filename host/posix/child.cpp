@@ -1,4 +1,5 @@
-// Child processes in process groups of their own: started, read, ended with their group, and never left as zombies.
+// Starts child processes in process groups of their own, reads their output, ends them with their groups, and reaps
+// them.
 #include "host/child.h"
 
 #include <fcntl.h>
@@ -31,8 +32,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Starts `arguments` in a process group of its own, with default signal handlers; 0 or an errno value. Its standard
-// output and error is `output`, below 0 the parent's.
+// Starts `arguments` in a process group of its own, with default signal handlers. Returns 0 or an errno value. The
+// child's standard output and standard error are the descriptor `output`, or those of the parent when it is below 0.
 int Spawn(std::vector<char*>& arguments, int output, pid_t& pid) {
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
@@ -40,7 +41,8 @@ int Spawn(std::vector<char*>& arguments, int output, pid_t& pid) {
     posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
     posix_spawn_file_actions_adddup2(&actions, output, STDERR_FILENO);
   }
-  // Standard input comes last: `output` itself may have its number when the parent was started without one.
+  // Standard input must come last: `output` itself may have its number, when the parent was started without standard
+  // input.
   posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
   posix_spawnattr_t attributes;
   posix_spawnattr_init(&attributes);
@@ -57,8 +59,9 @@ int Spawn(std::vector<char*>& arguments, int output, pid_t& pid) {
   return error;
 }
 
-// The process groups of the captured programs that run, each named by its leader. A signal handler reads them, so there
-// is no lock. A program beyond the last place is not ended by EndStartedPrograms; a build runs one at a time.
+// The process groups of the running captured programs, each named by its leader. A signal handler reads them, so there
+// is no lock. When all places are taken, EndStartedPrograms does not end further programs; a build runs only one at a
+// time.
 class RunningGroups {
  public:
   using Copy = std::array<pid_t, 64>;
@@ -85,8 +88,8 @@ class RunningGroups {
 
 constinit RunningGroups running_groups;
 
-// While it exists, no request to end this program is handled on this thread: a program that has just been started must
-// be in the list first.
+// While an object of this class exists, this thread handles no request to end this program: a program that was just
+// started must be in the list first.
 class RequestsToEndBlocked {
  public:
   RequestsToEndBlocked() {
@@ -128,7 +131,7 @@ class PosixChild : public Child {
       if (poll(&waiting, 1, milliseconds) <= 0) return 0;
       const long count = ReadSome(pipe_.get(), buffer.data(), buffer.size());
       if (count > 0) return static_cast<std::size_t>(count);
-      pipe_.Close();  // nobody can write any more
+      pipe_.Close();  // no program can write any more
     }
     WaitForEnd(milliseconds);
     return 0;
@@ -141,9 +144,9 @@ class PosixChild : public Child {
 
   bool WaitForEnd(int milliseconds) override {
     siginfo_t info{};
-    // Waits without reaping the child and without the lock: another thread may signal it meanwhile.
+    // Another thread may signal the child during this wait, so the child is not reaped and the lock is not held.
     while (milliseconds < 0 && !Reap()) waitid(P_PID, static_cast<id_t>(pid_), &info, WEXITED | WNOWAIT);
-    // There is no such call with a time limit.
+    // waitid() has no time limit, so this waits by asking again and again.
     const auto last_moment = Clock::now() + std::chrono::milliseconds(milliseconds);
     for (auto pause = 1ms; !Reap(); pause = std::min(2 * pause, 16ms)) {
       if (Clock::now() >= last_moment) return false;
@@ -164,7 +167,7 @@ class PosixChild : public Child {
   }
 
   void WaitUntilGone(Clock::time_point last_moment) override {
-    // A child that has ended but was not reaped would count as one that is there.
+    // For kill(), a child that has ended but was not reaped still exists.
     while (Reap(), kill(-pid_, 0) == 0) {
       if (Clock::now() >= last_moment) {
         kill(-pid_, SIGKILL);
@@ -182,16 +185,16 @@ class PosixChild : public Child {
     const bool runs =
         waitid(P_PID, static_cast<id_t>(pid_), &info, WEXITED | WNOHANG | WNOWAIT) == 0 && info.si_pid == 0;
     if (runs) return false;
-    running_groups.Remove(pid_);  // before the system may give the number to another program
+    running_groups.Remove(pid_);  // before the system can give the number to another program
     const pid_t result = waitpid(pid_, &wait_status_, WNOHANG);
-    // Without a child to wait for (somebody ignores SIGCHLD) its end cannot be learnt any better.
+    // When there is no child to wait for (because SIGCHLD is ignored), its exit code is lost.
     is_reaped_ = result == pid_ || (result < 0 && errno == ECHILD);
     return is_reaped_;
   }
 
   const pid_t pid_;
   UniqueFd pipe_;
-  std::mutex mutex_;  // the pid is only the child's own until it is reaped
+  std::mutex mutex_;  // needed because after reaping, the pid may be that of another program
   bool is_reaped_ = false;
   int wait_status_ = 0;
 };
@@ -200,7 +203,7 @@ class PosixProcess : public Process {
  public:
   explicit PosixProcess(std::shared_ptr<Child> child) : child_(std::move(child)) {}
 
-  // Nothing tells when a program is ready for input, so one that runs counts as ready.
+  // The system does not tell when a program is ready for input, so a running program counts as ready.
   bool Wait(int milliseconds, bool wait_for_idle) override {
     return wait_for_idle || child_->WaitForEnd(milliseconds >= 1 ? milliseconds : -1);
   }
@@ -209,7 +212,7 @@ class PosixProcess : public Process {
   std::shared_ptr<Child> child_;
 };
 
-// `pipe` is what the child's output is read from.
+// `pipe` is the end from which the child's output is read; it is not valid when the output is not captured.
 Result<std::shared_ptr<Child>> Start(std::string_view command_line, int output, UniqueFd pipe) {
   Command command = ParseCommandLine(command_line);
   if (!command.status.ok()) return command.status;
@@ -239,7 +242,7 @@ void EndStartedPrograms() {
   constexpr int kLooks = 100;
   const RunningGroups::Copy groups = running_groups.Now();
   Signal(groups, SIGTERM);
-  // The threads that read their output take note of the end of each.
+  // The threads that read the output of these programs reap them.
   for (int look = 0; look < kLooks && IsAnyThere(groups); ++look) nanosleep(&kPause, nullptr);
   Signal(groups, SIGKILL);
 }
@@ -248,7 +251,7 @@ std::unique_ptr<Process> StartUncaptured(std::string_view command_line, int, int
   const std::shared_ptr<Child> child = Start(command_line, -1, UniqueFd()).value;
   if (!child) return nullptr;
   try {
-    // Reaps the child, also when the caller has closed the process before.
+    // Reaps the child, even when the caller has destroyed the Process before.
     std::thread([child] { child->WaitForEnd(-1); }).detach();
   } catch (const std::system_error&) {
     child->RequestEnd();

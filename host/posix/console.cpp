@@ -1,4 +1,4 @@
-// Sleeping, waking, Ctrl-C and the terminal.
+// Waits, handles Ctrl-C, and writes to the terminal.
 #include "host/console.h"
 
 #include <poll.h>
@@ -25,7 +25,7 @@ static_assert(std::atomic<int>::is_always_lock_free, "a signal handler counts wi
 std::atomic<int> interrupts = 0;
 std::atomic<int> exit_code_of_second = 0;
 
-// The descriptor that is readable while the flag is set; open as long as the program runs.
+// The descriptor that is readable while the wake-up flag is set. It stays open until the program ends.
 int WakeFd() {
   static const int fd = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
   return fd;
@@ -50,14 +50,14 @@ int MillisecondsUntil(Clock::time_point end) {
 
 void SetWakeUp() {
   const std::uint64_t one = 1;
-  // It can only fail when the flag is set a great many times over.
+  // The call fails only after a very large number of calls without a wait, and the flag is set then, too.
   [[maybe_unused]] const ssize_t written = write(WakeFd(), &one, sizeof one);
 }
 
 void WaitForWakeUp(int milliseconds) {
   const auto end = Clock::now() + std::chrono::milliseconds(std::max(milliseconds, 0));
   pollfd waiting{WakeFd(), POLLIN, 0};
-  // A signal that has nothing to do with the flag (a resized terminal) does not end the sleep.
+  // A signal that does not set the flag, for example for a resized terminal, must not end the wait.
   while (poll(&waiting, 1, MillisecondsUntil(end)) < 0 && errno == EINTR) {
   }
   std::uint64_t count = 0;
@@ -66,7 +66,7 @@ void WaitForWakeUp(int milliseconds) {
 
 void CatchInterrupts(int exit_code) {
   exit_code_of_second = exit_code;
-  WakeFd();  // made here, because the handler must not
+  WakeFd();  // created here, because the signal handler must not create it
   struct sigaction action {};
   action.sa_handler = OnInterrupt;
   action.sa_flags = SA_RESTART;

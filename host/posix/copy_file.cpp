@@ -1,4 +1,4 @@
-// Copies files through the kernel, with progress after every piece.
+// Copies files through the kernel, and reports progress after every piece.
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -18,7 +18,8 @@ namespace {
 
 enum class OnExisting { kReplace, kRefuse };
 
-// Large enough that progress costs nothing, small enough that a slow disc still moves the bar.
+// Large enough that reporting progress costs nothing, and small enough that the progress bar moves even for a slow
+// disc.
 constexpr std::size_t kCopyPiece = std::size_t{16} << 20;
 
 bool KernelCannotCopy(int error) {
@@ -27,7 +28,7 @@ bool KernelCannotCopy(int error) {
 
 Status Stopped() { return StatusOf(ECANCELED); }
 
-// Moves the content from one open file to the other, piece by piece.
+// Copies the content of one open file to another, piece by piece.
 class ContentCopy {
  public:
   ContentCopy(int from, int to, const CopyRoutine& routine) : from_(from), to_(to), routine_(routine) {}
@@ -39,7 +40,7 @@ class ContentCopy {
       if (moved < 0) return LastFailure();
       transferred_ += moved;
       const bool is_end = moved == 0 || transferred_ == size;
-      // An empty read at the end is no news, unless the whole file is empty.
+      // An empty read at the end is reported only when the whole file is empty.
       if ((moved > 0 || transferred_ == 0) && !Tell(CopyEvent::kChunkFinished)) return Stopped();
       if (is_end) return Status::Success();
     }
@@ -48,12 +49,13 @@ class ContentCopy {
  private:
   bool Tell(CopyEvent event) const { return !routine_ || routine_(event, transferred_); }
 
-  // Bytes moved, 0 at the end of the source, -1 with errno.
+  // Returns the number of bytes moved, 0 at the end of the source, or -1 with errno.
   long MovePiece() {
     if (by_kernel_) {
       const ssize_t moved = copy_file_range(from_, nullptr, to_, nullptr, kCopyPiece, 0);
       if (moved > 0 || (moved < 0 && !KernelCannotCopy(errno) && errno != EINTR)) return moved;
-      // Also after 0, which the kernel returns for files that it makes up while they are read.
+      // The kernel also returns 0 for files that it generates while they are read. So after 0, read() decides whether
+      // this is the end.
       by_kernel_ = false;
     }
     return MoveByHand();
@@ -79,10 +81,10 @@ class ContentCopy {
   std::unique_ptr<std::array<char, kReadPiece>> bytes_;
 };
 
-// Starts the target, which is refused when it is the source under another name. An existing one is replaced as a name:
-// what else shares its content (a hard link, a link's target) keeps it.
+// Creates the target. Refuses it when it is the source under another name. An existing target is replaced as a name:
+// other hard links to it, or the target of a link, keep their content.
 Status StartTarget(NewFile& target, const std::string& to, const struct stat& source, OnExisting on_existing) {
-  const mode_t mode = (source.st_mode & 0777u) | S_IRUSR | S_IWUSR;  // less the user's umask, as for any new file
+  const mode_t mode = (source.st_mode & 0777u) | S_IRUSR | S_IWUSR;  // the umask also applies, as for any new file
   Status created = target.Create(to, mode);
   if (created.error != ErrorClass::kExists || on_existing == OnExisting::kRefuse) return created;
   struct stat existing {};
@@ -95,13 +97,13 @@ Status StartTarget(NewFile& target, const std::string& to, const struct stat& so
   return target.CreateBeside(to, mode);
 }
 
-// A file system that cannot store the time is no reason to fail.
+// A failure is ignored, because some file systems cannot store the time.
 void KeepTime(int fd, const struct stat& source) {
   const std::array<timespec, 2> times{timespec{0, UTIME_OMIT}, source.st_mtim};
   static_cast<void>(futimens(fd, times.data()));
 }
 
-// Most names are spelt as they are on the disk, so that is tried before anything is looked up.
+// Most names are spelled as on the disk. So the path is tried in its own spelling before anything is looked up.
 RegularFile OpenSource(std::string_view path) {
   RegularFile file = OpenRegular(NativePath(path), O_RDONLY);
   if (file.status.error != ErrorClass::kNotFound) return file;

@@ -1,4 +1,5 @@
-// The one root, optical discs, the home folder, and the file manager that the desktop's own command starts.
+// Lists the root and the optical discs, and finds the home folder and the file manager, which the desktop's own command
+// starts.
 #include "host/desktop.h"
 
 #include <pwd.h>
@@ -20,7 +21,7 @@ constexpr std::size_t kLargestPasswordEntry = std::size_t{1} << 20U;
 
 bool IsAbsolute(std::string_view native) { return native.starts_with('/'); }
 
-// The native folder that the system's list of users names; empty when it has none.
+// The user's native home folder in the system's list of users; empty when the list has none.
 std::string HomeOfUser() {
   for (std::string buffer(kPasswordEntry, '\0'); buffer.size() <= kLargestPasswordEntry;
        buffer.resize(buffer.size() * 2)) {

@@ -1,4 +1,4 @@
-// Folds errno values into the few classes that a user can act on.
+// Sorts errno values into the few classes that a user can act on.
 #include "host/posix/errors.h"
 
 #include <cerrno>

@@ -1,4 +1,4 @@
-// Makes and removes files and folders, and tells whether two paths are one.
+// Creates folders, removes files and folders, and tells whether two paths lead to the same place.
 #include "host/files.h"
 
 #include <fcntl.h>
@@ -17,7 +17,7 @@
 namespace discwright::host {
 namespace {
 
-// mkdir that takes an existing folder (or a link to one) for a success.
+// mkdir() that treats an existing folder, or a link to one, as a success.
 Status MakeFolder(const std::string& native) {
   if (mkdir(native.c_str(), 0777) == 0) {
     NoteCreated(native);
@@ -36,7 +36,7 @@ Status MakeNativeFolders(const std::string& native) {
   return status.ok() ? MakeFolder(native) : status;
 }
 
-// The facts of the one file or folder that both paths lead to; nothing when they lead to two or to nothing.
+// The facts of the file or folder to which both paths lead; std::nullopt when they lead to different places or to none.
 std::optional<struct stat> FactsOfBoth(std::string_view a, std::string_view b) {
   struct stat first {};
   struct stat second {};

@@ -1,4 +1,4 @@
-// Looks for programs, and writes the lines that start them.
+// Finds programs, and writes the command lines that start them.
 #include "host/posix/find_program.h"
 
 #include <sys/stat.h>
@@ -29,7 +29,7 @@ bool IsFile(const std::string& native) {
 
 bool IsExecutable(const std::string& native) { return access(native.c_str(), X_OK) == 0; }
 
-// How a program may be spelled: as written, and with ".exe" removed or added.
+// The spellings in which a program is looked for: as written, and with ".exe" removed or added.
 std::vector<std::string> Spellings(std::string_view program) {
   if (program.empty()) return {};
   if (EndsWithExtension(program, ".exe")) {
@@ -44,7 +44,8 @@ Status FailureOf(std::string_view program, int error) {
   return status;
 }
 
-// The arguments that start `program` itself. None when it is no program; `refused` then says why, if a file is there.
+// The first arguments of the command, which start `program`. Empty when it cannot be started; then `refused` has the
+// reason, unless the file just does not exist.
 std::vector<std::string> StartOf(std::string_view program, Status& refused) {
   for (const std::string& spelling : Spellings(program)) {
     const Result<std::string> found = RealPath(spelling);
@@ -58,13 +59,14 @@ std::vector<std::string> StartOf(std::string_view program, Status& refused) {
   return {};
 }
 
-// As it is shown when the line is, except where a backslash in a name would be read as a separator.
+// A path as a line contains it: in the native spelling, which is the one to show. A native path with a backslash in a
+// name would be read as another path, so it stays a core path.
 std::string AsInLine(const std::string& path) {
   const std::string native = NativePath(path);
   return native.find('\\') == native.npos ? native : path;
 }
 
-// An empty folder in PATH would be the current one, where nobody has installed a program.
+// An empty folder in PATH means the current folder, where no programs are installed, so it is skipped.
 std::optional<std::string> FindInPath(std::string_view name) {
   const char* const list = std::getenv("PATH");
   for (std::string_view folders = list != nullptr ? list : ""; !folders.empty();) {
@@ -76,11 +78,11 @@ std::optional<std::string> FindInPath(std::string_view name) {
   return std::nullopt;
 }
 
-// A program at the start of a line. A quote cannot stand between quotes there; without them the line's reader finds
-// the end of the program by itself.
+// A program at the start of a line. A quote cannot stand between quotes there. Without quotes, the reader of the line
+// finds the end of the program by itself.
 std::string QuotedProgram(const std::string& path) { return path.find('"') == path.npos ? "\"" + path + "\"" : path; }
 
-// One argument of a line, see SplitArguments.
+// Quotes one argument of a line; see SplitArguments.
 std::string Quoted(std::string_view argument) {
   std::string quoted = "\"";
   std::size_t backslashes = 0;
@@ -98,7 +100,7 @@ std::string_view WithoutQuotes(std::string_view program) {
   return is_quoted ? program.substr(1, program.size() - 2) : program;
 }
 
-// Drive Z: of Wine is the whole file system, unless the user has changed that.
+// In Wine, drive Z: is the whole file system, unless the user has changed this.
 std::string PathUnderWine(std::string native) {
   std::replace(native.begin(), native.end(), '/', '\\');
   return "Z:" + native;

@@ -1,4 +1,4 @@
-// Finds out what names in a folder are, with as few looks at the disk as possible.
+// Describes the entries of folders with as few accesses to the disk as possible.
 #include "host/folder_entries.h"
 
 #include <fcntl.h>
@@ -21,7 +21,7 @@ void SetKind(Entry& entry, const struct stat& facts) {
   if (entry.kind == EntryKind::kFile) entry.size = facts.st_size;
 }
 
-// Sets what the entry's name stands for; for a link this is what its target is.
+// Sets the kind and size of the file or folder to which a link leads, or marks the link as broken.
 void FollowLink(Entry& entry, int folder, const char* name) {
   struct stat facts {};
   const Status status = StatusOfResult(fstatat(folder, name, &facts, 0));
@@ -34,7 +34,8 @@ void FollowLink(Entry& entry, int folder, const char* name) {
   }
 }
 
-// Describes what has the native name `name` in the open folder. `type` is what readdir says of it, or DT_UNKNOWN.
+// Describes the entry with the native name `name` in the open folder. `type` is the type that readdir() has returned,
+// or DT_UNKNOWN.
 Entry Describe(int folder, const char* name, unsigned char type) {
   Entry entry;
   entry.name = CoreName(NativeName(name));

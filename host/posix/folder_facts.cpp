@@ -1,4 +1,5 @@
-// Asks the kernel about folders, and follows links by hand, because the last parts of a path need not exist.
+// Asks the kernel about folders. Links are followed by this program's own code, because the last parts of a path need
+// not exist.
 #include "host/folder_facts.h"
 
 #include <fcntl.h>
@@ -18,8 +19,8 @@
 namespace discwright::host {
 namespace {
 
-// The number of a folder can be given to another one after its deletion. So the time of its making is preferred; not
-// every file system keeps that.
+// After a folder was deleted, another one may get its number. So the time of its creation is preferred, but not every
+// file system stores this time.
 std::string IdentityOf(const struct statx& facts) {
   if ((facts.stx_mask & STATX_BTIME) == 0) return "number " + std::to_string(facts.stx_ino);
   return "made " + std::to_string(facts.stx_btime.tv_sec) + "." + std::to_string(facts.stx_btime.tv_nsec);
@@ -29,7 +30,7 @@ bool IsMountPoint(const std::string& native, const struct statx& facts) {
   if ((facts.stx_attributes_mask & STATX_ATTR_MOUNT_ROOT) != 0) {
     return (facts.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
   }
-  // Linux before 5.8 does not say so.
+  // Linux before 5.8 does not report this attribute.
   return IsInMountTable("/proc/self/mounts", NativePath(FollowedPath(PathFromNative(native))));
 }
 

@@ -1,4 +1,4 @@
-// Reads the names in a folder: the one loop over readdir, which all others use.
+// Reads the names in a folder. This is the only loop over readdir(); all other code uses it:
 //
 //   FolderReader reader(native);
 //   while (const dirent* found = reader.Next()) ...
@@ -19,14 +19,15 @@ namespace discwright::host {
 class FolderReader {
  public:
   explicit FolderReader(const std::string& native);
-  // Takes over what openat() gave; without a valid descriptor, errno says why.
+  // Takes ownership of the result of openat(). When it is not a valid descriptor, errno must hold the reason.
   explicit FolderReader(UniqueFd folder);
 
-  // The next entry, valid until the next call; "." and ".." are left out. Null at the end and after a failure.
+  // Returns the next entry, which is valid until the next call, or null at the end and after a failure. Leaves out "."
+  // and "..".
   const dirent* Next();
-  // The open folder, for the ...at() calls; only while the status is ok.
+  // The open folder, for openat() and similar calls. Call this only while the status is ok.
   int fd() const { return dirfd(stream_.get()); }
-  // Not ok: the folder could not be opened, or not be read to its end.
+  // Not ok when the folder could not be opened, or not be read to its end.
   const Status& status() const { return status_; }
 
  private:
@@ -37,7 +38,7 @@ class FolderReader {
 // The names in a folder, sorted byte by byte.
 Result<std::vector<std::string>> NamesIn(const std::string& folder);
 
-// Whether a folder stands there, or a link that leads to one.
+// Whether the path is a folder, or a link that leads to one.
 bool IsFolder(const std::string& native);
 
 }  // namespace discwright::host

@@ -1,4 +1,4 @@
-// Hard links and what is known of them.
+// Creates hard links, and describes the files that may have some.
 #include "host/hard_links.h"
 
 #include <fcntl.h>
@@ -25,7 +25,7 @@ FileFacts ToFacts(const struct stat& facts) {
           facts.st_nlink};
 }
 
-// Nothing for what is left out of a listing.
+// Returns std::nullopt for an entry that is left out of a listing.
 std::optional<NamedFacts> Describe(int folder_fd, const dirent& found) {
   const bool may_be_file = found.d_type == DT_REG || found.d_type == DT_UNKNOWN;
   if (found.d_type == DT_DIR) return NamedFacts{CoreName(found.d_name), true, {}};
@@ -42,28 +42,30 @@ std::optional<NamedFacts> Describe(int folder_fd, const dirent& found) {
 }
 
 UniqueFd OpenQuietly(const std::string& native) {
-  // Without waiting for the other end, should a pipe have taken the name's place.
+  // O_NONBLOCK: the call must not wait for the other end of a pipe that has taken the file's place.
   constexpr int kFlags = O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY;
-  // Noting the time of the access would cost more than many a file's reading; only its owner may leave that out.
+  // Storing the time of the access would cost more than reading many of the files. Only the owner of a file may prevent
+  // it.
   UniqueFd fd(open(native.c_str(), kFlags | O_NOATIME));
   return fd.valid() || errno != EPERM ? std::move(fd) : UniqueFd(open(native.c_str(), kFlags));
 }
 
-// A refused link may be the fault of this one file (protected, not ours) or of the file system; only trying tells.
+// Whether links can be made in a folder. A refusal may be due to this one file (it is protected or has another owner)
+// or to the file system. Only a test with new files shows which.
 bool FolderTakesLinks(const std::string& folder) {
   static std::atomic<unsigned> counter = 0;
   const std::string stem = NativeJoin(folder, ".discwright-" + std::to_string(getpid()) + "-link-");
   const std::string probe = stem + std::to_string(counter++);
   const std::string second = stem + std::to_string(counter++);
   const UniqueFd fd(open(probe.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600));
-  if (!fd.valid()) return true;  // nothing is known; the file's own failure is the better message
+  if (!fd.valid()) return true;  // unknown; the failure of the file itself is the better message
   const bool takes = link(probe.c_str(), second.c_str()) == 0;
   if (takes) unlink(second.c_str());
   unlink(probe.c_str());
   return takes;
 }
 
-// Some file systems without hard links answer that one name is the most a file can have.
+// Some file systems without hard links report that a file with one name has the largest possible number of names.
 bool HasOneName(const std::string& native) {
   struct stat facts {};
   return lstat(native.c_str(), &facts) == 0 && facts.st_nlink < 2;
@@ -126,8 +128,8 @@ LinkAnswer MakeHardLink(std::string_view existing, std::string_view fresh) {
 Status MoveOver(std::string_view from, std::string_view to) {
   const std::string source = NativePath(from);
   const std::string target = NativePath(to);
-  // A rename over another file makes ext4 write out the data of a file that was only just made, which nobody asked for
-  // here; an exchange does not.
+  // When a rename replaces a file, ext4 writes the data of a new file to the disk at once, which is not needed here. An
+  // exchange does not cause this.
   if (renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_EXCHANGE) == 0) {
     return StatusOfResult(unlink(source.c_str()));
   }

@@ -1,5 +1,5 @@
-// Finds temporary files that nobody writes any more. A file that is being written is locked, and the system releases
-// the locks of a killed program.
+// Deletes temporary files that no program writes any more. A file that is being written is locked, and the system
+// releases the locks of a killed program.
 #include "host/left_files.h"
 
 #include <fcntl.h>
@@ -26,7 +26,7 @@ bool IsAt(int fd, const std::string& native) {
 
 namespace {
 
-// Whether the file of `fd` is known to have lost its name. After a failed look it counts as one that has its name.
+// Whether the file of `fd` is known to have lost its name. When this cannot be found out, the result is false.
 bool HasLostItsName(int fd, const std::string& native) {
   struct stat opened {};
   struct stat named {};
@@ -39,9 +39,9 @@ bool HasLostItsName(int fd, const std::string& native) {
 UniqueFd CreateLocked(const std::string& native, mode_t mode) {
   for (;;) {
     UniqueFd fd(open(native.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode));
-    // On a file system without locks nobody else gets one either, and then nothing is deleted.
+    // On a file system without locks no other program gets a lock either, so RemoveLeftFiles deletes nothing there.
     if (fd.valid()) static_cast<void>(flock(fd.get(), LOCK_EX | LOCK_NB));
-    // Before it was locked, another program may have taken it for a file of a killed run.
+    // Before the file was locked, another program may have taken it for one of a killed run and deleted it.
     if (!fd.valid() || !HasLostItsName(fd.get(), native)) return fd;
   }
 }

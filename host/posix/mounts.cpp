@@ -1,4 +1,4 @@
-// Reads the mount table.
+// Reads the system's table of mounted file systems.
 #include "host/posix/mounts.h"
 
 #include <mntent.h>
@@ -15,7 +15,7 @@ namespace {
 
 void ForEachRow(const std::string& table_file, const std::function<void(const mntent& row)>& take) {
   const std::unique_ptr<FILE, int (*)(FILE*)> table(setmntent(table_file.c_str(), "re"), endmntent);
-  std::array<char, 32768> text{};  // holds one line, in which each byte of a path may be written as four
+  std::array<char, 32768> text{};  // room for one line, in which each byte of a path may take four
   mntent row{};
   while (table != nullptr && getmntent_r(table.get(), &row, text.data(), text.size()) != nullptr) take(row);
 }

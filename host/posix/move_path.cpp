@@ -1,4 +1,4 @@
-// Moves by renaming where the system can, and by copying where it cannot.
+// Moves files and folders by renaming them where the system can, and by copying them where it cannot.
 #include "host/posix/move_path.h"
 
 #include <fcntl.h>
@@ -33,10 +33,10 @@ bool IsLink(const std::string& native) {
   return lstat(native.c_str(), &facts) == 0 && S_ISLNK(facts.st_mode);
 }
 
-// Whether `native`, which need not exist, is somewhere in the folder.
+// Whether `native`, which need not exist, is inside the folder.
 bool IsBelow(const std::string& native, const struct stat& folder) {
   std::error_code error;
-  // With its links followed: only then a path's own parents are those of its text.
+  // Links are followed first: otherwise the folders in the text of the path may not be its real parents.
   std::string parent = std::filesystem::weakly_canonical(NativeFolder(native), error).native();
   for (; !error; parent = NativeFolder(parent)) {
     struct stat facts {};
@@ -46,16 +46,16 @@ bool IsBelow(const std::string& native, const struct stat& folder) {
   return false;
 }
 
-// rename() that also puts a folder in the place of a link.
+// rename() that can also replace a link by a folder.
 int RenameOver(const std::string& from, const std::string& to) {
   const int result = std::rename(from.c_str(), to.c_str());
   if (result == 0 || errno != ENOTDIR || !IsLink(to) || unlink(to.c_str()) != 0) return result;
   return std::rename(from.c_str(), to.c_str());
 }
 
-// Copies a file, a link or a folder with all below it to a name that is free, with times and modes, and with owners
-// where the system lets them be given. Links are never followed. Devices, sockets and pipes are a failure. A failure
-// leaves a part of the copy.
+// Copies a file, a link or a whole folder to a name that is free. Keeps times and modes, and also owners where the
+// system permits this. Never follows links. Devices, sockets and pipes are a failure. After a failure, a part of the
+// copy remains.
 Status CopyTree(const std::string& from, const std::string& to);
 
 Status CopyLink(const std::string& from, const std::string& to) {
@@ -67,7 +67,7 @@ Status CopyLink(const std::string& from, const std::string& to) {
 }
 
 Status CopyFolder(const std::string& from, const std::string& to) {
-  // Its own mode comes last: it may not let anything be made in it.
+  // The folder's own mode is set last, because it may not allow creating anything in it.
   Status status = StatusOfResult(mkdir(to.c_str(), S_IRWXU));
   if (!status.ok()) return status;
   const Result<std::vector<std::string>> names = NamesIn(from);
@@ -84,14 +84,15 @@ Status CopyOfKind(const std::string& from, const std::string& to, mode_t mode) {
   return S_ISREG(mode) ? CopyToFreeName(from, to) : NotARegularFile(false);
 }
 
-// Gives a copy the owner, mode and times of the original. Changing the owner may clear bits of the mode, so it is
-// first.
+// Gives a copy the owner, mode and times of the original. The owner is set first, because this may clear bits of the
+// mode.
 Status TakeOver(const std::string& to, const struct stat& original) {
   const bool is_same_owner = lchown(to.c_str(), original.st_uid, original.st_gid) == 0;
-  // Without the owner, the set-user-ID and set-group-ID bits are left out: the program would run as somebody else.
+  // When the owner cannot be kept, the set-user-ID and set-group-ID bits are dropped: a program with these bits would
+  // run as another user.
   const mode_t kept = is_same_owner ? 07777 : 0777;
   if (!S_ISLNK(original.st_mode) && chmod(to.c_str(), original.st_mode & kept) != 0) return LastFailure();
-  // A file system that cannot store the times is no reason to fail.
+  // A failure is ignored, because some file systems cannot store the times.
   const std::array<timespec, 2> times{original.st_atim, original.st_mtim};
   static_cast<void>(utimensat(AT_FDCWD, to.c_str(), times.data(), AT_SYMLINK_NOFOLLOW));
   return Status::Success();
@@ -104,12 +105,12 @@ Status CopyTree(const std::string& from, const std::string& to) {
   return status.ok() ? TakeOver(to, original) : status;
 }
 
-// Removes a file, a link or a folder with all below it, folders without the right to write to them included.
+// Removes a file, a link or a whole folder, even when folders in it may not be written to.
 Status RemoveTree(const std::string& native) {
   struct stat facts {};
   if (lstat(native.c_str(), &facts) != 0) return LastFailure();
   if (!S_ISDIR(facts.st_mode)) return StatusOfResult(unlink(native.c_str()));
-  // When this is not permitted, neither is what follows.
+  // When this is not permitted, the calls below fail and report it.
   if ((facts.st_mode & S_IRWXU) != S_IRWXU) static_cast<void>(chmod(native.c_str(), S_IRWXU));
   const Result<std::vector<std::string>> names = NamesIn(native);
   for (const std::string& name : names.value) {
@@ -118,7 +119,7 @@ Status RemoveTree(const std::string& native) {
   return names.ok() ? StatusOfResult(rmdir(native.c_str())) : names.status;
 }
 
-// rename() that refuses an existing target, also on file systems that cannot do so in one step.
+// rename() that refuses an existing target, even on file systems that cannot do this in one step.
 int RenameToFreeName(const std::string& from, const std::string& to) {
   const int result = renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE);
   if (result == 0 || (errno != EINVAL && errno != ENOSYS)) return result;
@@ -130,7 +131,7 @@ int RenameToFreeName(const std::string& from, const std::string& to) {
   return std::rename(from.c_str(), to.c_str());
 }
 
-// Copies to a temporary name first: nobody ever sees half a copy under the final name.
+// Copies to a temporary name first, so that an incomplete copy never has the final name.
 Status MoveAcross(const std::string& from, const std::string& to) {
   const std::string temporary = TemporaryName(to);
   Status status = CopyTree(from, temporary);
@@ -153,15 +154,15 @@ Status PutAt(const std::string& from, const std::string& to) {
   return status;
 }
 
-// Both paths are one file: two names of it, which become one, or one name whose letter case the file system ignores.
-// rename() alone would do nothing in either case.
+// Handles two paths that are the same file: either two names of it, which become one, or one name on a file system that
+// ignores letter case. rename() alone would do nothing in both cases.
 Status MoveOntoItself(const std::string& from, const std::string& to) {
   if (from == to) return Status::Success();
   const std::string temporary = TemporaryName(to);
   if (std::rename(from.c_str(), temporary.c_str()) != 0) return LastFailure();
   Status status = StatusOfResult(std::rename(temporary.c_str(), to.c_str()));
   if (status.ok()) {
-    unlink(temporary.c_str());  // still there if it was the second name
+    unlink(temporary.c_str());  // exists only if it was the file's second name
   } else {
     std::rename(temporary.c_str(), from.c_str());
   }
@@ -169,9 +170,9 @@ Status MoveOntoItself(const std::string& from, const std::string& to) {
   return status;
 }
 
-// The name that each of `names` gets in a folder that has the names `there`; both are sorted. It is a name there that
-// differs only in letter case, if there is one. Such a name is used once, and not when exactly this name is one of
-// `names`, too.
+// Returns the name that each of `names` gets in a folder that contains the names `there`; both are sorted. When the
+// folder has a name that differs only in letter case, this name is used, but only once, and not when `names` contains
+// exactly this name, too.
 std::vector<std::string> PlacesFor(const std::vector<std::string>& names, const std::vector<std::string>& there) {
   std::unordered_map<std::string, std::string> others;
   for (const std::string& name : there) {
@@ -188,7 +189,7 @@ std::vector<std::string> PlacesFor(const std::vector<std::string>& names, const 
 }
 
 // Whether only this one name cannot be moved, because a file is in the place of a folder or the other way round. The
-// shell of Windows then goes on with the next name.
+// shell of Windows goes on with the next name in this case.
 bool IsInTheWay(const Status& status) {
   return status.error == ErrorClass::kWrongKind || status.error == ErrorClass::kExists;
 }
@@ -200,7 +201,7 @@ Status JoinFolder(const std::string& from, const std::string& to) {
   return status.ok() ? StatusOfResult(rmdir(from.c_str())) : status;
 }
 
-// Moves to a path where something stands.
+// Moves to a path that exists.
 Status MoveOver(const std::string& from, bool is_folder, const std::string& to, bool is_folder_there) {
   if (is_folder && is_folder_there) return JoinFolder(from, to);
   if (is_folder_there) return NotARegularFile(true);

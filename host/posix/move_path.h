@@ -1,4 +1,5 @@
-// Moving files and folders by native paths, joining folders that are on both sides.
+// Moves files and folders by native paths, and merges folders that exist on both sides. Call MovePath for one path, and
+// MoveNames for several names of one folder.
 #pragma once
 
 #include <string>
@@ -8,15 +9,18 @@
 
 namespace discwright::host {
 
-// Gives what stands at `from` the path `to`. A file there is overwritten, and a folder comes into the place of a link
-// to a folder; a folder joins a folder, its names found there in any letter case. A link is moved itself. Missing
-// folders on the way are made. kExists: a file is where a folder is needed; kWrongKind: a folder is where a file is
-// needed; kLoop: `to` is in the folder itself.
-// Each file and folder is moved whole or stays as it was, also across file systems; a failure ends the joining.
+// Moves a file, folder or link from the path `from` to the path `to`. A file at `to` is overwritten, and a link to a
+// folder is replaced by a folder. A folder is merged with a folder, in which names are found in any letter case. Links
+// themselves are moved. Missing folders on the way are created. kExists: a file is where a folder is needed;
+// kWrongKind: a folder is where a file is needed; kLoop: `to` is inside the folder itself.
+// Each file and folder is moved completely or not at all, even to another file system. A merge ends at its first
+// failure, except that after kExists and kWrongKind the other names are still moved.
 Status MovePath(const std::string& from, const std::string& to);
 
-// Moves the things of these names, which are sorted, from one folder into another until one fails; both folders exist.
-// A name there that differs only in letter case is the same name, but two names of one side stay two.
+// Moves the files and folders with these names, which must be sorted, from one existing folder to another. Ends at the
+// first failure, except after kExists and kWrongKind: then the other names are still moved, and the first of these
+// failures is returned. A name in `to` that differs only in letter case counts as the same name, but two names of one
+// folder stay two.
 Status MoveNames(const std::string& from, const std::vector<std::string>& names, const std::string& to);
 
 }  // namespace discwright::host

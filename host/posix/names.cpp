@@ -1,4 +1,4 @@
-// How the system spells names and paths, and text without letter case.
+// Converts names and paths to the system's spelling, and folds letter case.
 #include <clocale>
 #include <cwctype>
 
@@ -10,7 +10,7 @@
 namespace discwright::host {
 namespace {
 
-// A locale of our own: the program's may be "C", which knows no letters beyond ASCII.
+// The program's locale may be "C", which has only ASCII letters, so a separate locale is used.
 locale_t Utf8Letters() {
   static const locale_t letters = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
   return letters;
@@ -22,8 +22,8 @@ char32_t Lower(char32_t code_point) {
   return static_cast<char32_t>(towlower_l(static_cast<wint_t>(code_point), Utf8Letters()));
 }
 
-// The letter itself when its lower-case form is another letter: a sharp s, a long s, a dotless i. Two names that differ
-// must not become one.
+// The upper-case form of a letter. It is the letter itself when that form has another lower-case form (a sharp s, a
+// long s, a dotless i), because two different names must not become the same.
 char32_t Upper(char32_t code_point) {
   if (code_point < 0x80) return code_point >= U'a' && code_point <= U'z' ? code_point - 32 : code_point;
   if (Utf8Letters() == nullptr) return code_point;
@@ -31,14 +31,14 @@ char32_t Upper(char32_t code_point) {
   return Lower(upper) == code_point ? upper : code_point;
 }
 
-// The text with each character changed.
+// Returns the text with `change` applied to each character.
 std::string Changed(std::string_view text, char32_t (*change)(char32_t)) {
   std::string changed;
   changed.reserve(text.size());
   while (!text.empty()) {
     const base::Utf8Character next = base::FirstUtf8Character(text);
     if (next.length == 0) {
-      changed += text.front();  // not UTF-8: a byte is only equal to itself
+      changed += text.front();  // not UTF-8: the byte does not change
       text.remove_prefix(1);
     } else {
       base::AppendUtf8(changed, change(next.code_point));

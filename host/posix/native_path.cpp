@@ -13,12 +13,12 @@ namespace discwright::host {
 namespace {
 
 constexpr std::string_view kBackslashInName = "\xEF\x81\x9C";  // U+F05C
-// U+F05D, before a character of a name that is U+F05C or U+F05D itself.
+// U+F05D stands before each U+F05C or U+F05D that belongs to the name itself.
 constexpr std::string_view kEscape = "\xEF\x81\x9D";
 
 bool IsEscaped(std::string_view text) { return text.starts_with(kBackslashInName) || text.starts_with(kEscape); }
 
-// Appends a core name as the system spells it.
+// Appends a core name in the system's spelling.
 void AppendNativeName(std::string& native, std::string_view name) {
   while (!name.empty()) {
     std::size_t length = 1;
@@ -45,7 +45,7 @@ std::string WorkingFolder() {
 
 using AppendName = void(std::string& native, std::string_view name);
 
-// Appends the components of `path`, which any of `separators` divides, to the native path.
+// Appends the components of `path`, which are divided by any of `separators`, to the native path.
 void AppendComponents(std::string& native, std::string_view path, std::string_view separators, AppendName* append) {
   while (!path.empty()) {
     const std::size_t end = std::min(path.find_first_of(separators), path.size());
@@ -58,7 +58,8 @@ void AppendComponents(std::string& native, std::string_view path, std::string_vi
   }
 }
 
-// `path` made absolute and clean; empty when it is empty or has a NUL, which the system would read as its end.
+// `path` made absolute, without empty and "." components. Empty when it is empty or has a NUL, which the system would
+// take for its end.
 std::string Absolute(std::string_view path, std::string_view separators, AppendName* append) {
   if (path.empty() || path.find('\0') != path.npos) return {};
   std::string native;

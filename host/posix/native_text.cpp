@@ -1,4 +1,5 @@
-// The system's own text is UTF-8. Settings files are in Windows-1252, because Windows reads the same files.
+// Converts settings files to and from Windows-1252, because Windows reads the same files. The system's own text is
+// UTF-8 already.
 #include "host/native_text.h"
 
 #include "base/windows_1252.h"

@@ -1,4 +1,4 @@
-// Creates files that are either finished or removed, and replaces the content of files as a whole.
+// Creates files that are either completed or deleted, and replaces the whole content of files.
 #include "host/posix/new_file.h"
 
 #include <fcntl.h>
@@ -21,19 +21,19 @@ namespace {
 
 // Gives the new file the owner and mode of the one that it replaces.
 Status TakeOver(int fd, const struct stat& replaced) {
-  // Only an administrator may give files away, and for anybody else the owner is right already.
+  // Only an administrator may change the owner of a file, and for all other users the owner is right already.
   if (fchown(fd, replaced.st_uid, replaced.st_gid) != 0 && errno != EPERM) return LastFailure();
   return StatusOfResult(fchmod(fd, replaced.st_mode & 07777u));
 }
 
-// A file system that cannot store the times is no reason to fail.
+// A failure is ignored, because some file systems cannot store the times.
 void KeepTimes(int fd, const struct stat& replaced) {
   const std::array<timespec, 2> times{replaced.st_atim, replaced.st_mtim};
   static_cast<void>(futimens(fd, times.data()));
 }
 
-// Whether the existing file may be replaced. The system would only ask whether its folder may be changed, and so
-// replace a read-only file.
+// Whether the existing file may be replaced. For a rename the system only checks whether its folder may be changed, so
+// it would replace a read-only file.
 Status MayReplace(const std::string& native, const struct stat& facts) {
   const Status status = CheckRegular(facts);
   return status.ok() ? StatusOfResult(access(native.c_str(), W_OK)) : status;
@@ -50,7 +50,7 @@ Status NewFile::Create(const std::string& native, mode_t mode) {
   fd_ = UniqueFd(open(native.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode));
   if (!fd_.valid()) return LastFailure();
   name_ = temporary_name_ = native;
-  // At once and not in Commit: what others do in the folder while this file is written must be noticed.
+  // This call is here and not in Commit, so that what other programs do in the folder during the writing is noticed.
   NoteCreated(native);
   return Status::Success();
 }
@@ -67,7 +67,7 @@ Status NewFile::CreateBeside(const std::string& native, mode_t mode) {
 }
 
 Status NewFile::Commit() {
-  // A second descriptor keeps the lock until the file has its name.
+  // A second descriptor keeps the lock until the file has its final name.
   const UniqueFd lock(fcntl(fd_.get(), F_DUPFD_CLOEXEC, 0));
   if (!lock.valid() || fd_.Close() != 0) return LastFailure();
   if (temporary_name_ != name_) {
@@ -88,7 +88,7 @@ Status WriteWholeFile(std::string_view path, std::string_view content, FileTimes
   if (!found.ok()) return found.status;
   const std::string& native = found.value;
   struct stat replaced {};
-  // A link is replaced like a missing file: neither its target nor what that allows counts.
+  // A link is replaced as if the file did not exist: its target and the permissions of the target do not matter.
   const bool exists = lstat(native.c_str(), &replaced) == 0 && !S_ISLNK(replaced.st_mode);
   Status status = exists ? MayReplace(native, replaced) : Status::Success();
   NewFile file;

@@ -1,4 +1,5 @@
-// A file being written that gets its name only when it is whole, or disappears.
+// Writes a file that gets its final name only when it is complete, and is deleted otherwise. Call Create or
+// CreateBeside, write to fd(), and call Commit.
 #pragma once
 
 #include <sys/types.h>
@@ -10,18 +11,19 @@
 
 namespace discwright::host {
 
-// A name beside `native` that nothing of this program has (see base/temporary_names.h). It is short and does not depend
-// on the final name, which may be as long as the system allows.
+// A name in the folder of `native` that this program uses for no other file (see base/temporary_names.h). It is short
+// and does not depend on the final name, which may be as long as the system allows.
 std::string TemporaryName(const std::string& native);
 
-// Whether `fd` is what stands at `native`. In left_files.cpp, like the next one.
+// Whether `native` is a path of the file of `fd`. This function and the next one are in left_files.cpp.
 bool IsAt(int fd, const std::string& native);
 
-// Creates a temporary file; not valid, with errno, when that fails. It is locked until the last descriptor of it is
-// closed: RemoveLeftFiles leaves it alone so long.
+// Creates a temporary file. When this fails, the descriptor is not valid and errno has the reason. The file is locked
+// until its last descriptor is closed; until then RemoveLeftFiles does not delete it.
 UniqueFd CreateLocked(const std::string& native, mode_t mode);
 
-// Unless Commit succeeds, the destructor removes what was written, and a file that had the name stays as it was.
+// A file that is being written. Unless Commit succeeds, the destructor deletes it, and a file that had the final name
+// does not change.
 class NewFile {
  public:
   NewFile() = default;
@@ -29,15 +31,16 @@ class NewFile {
   NewFile& operator=(const NewFile&) = delete;
   ~NewFile() { Discard(); }
 
-  // Creates the file under its own name; kExists when that is taken.
+  // Creates the file under its final name. The failure is kExists when the name is taken.
   Status Create(const std::string& native, mode_t mode);
 
-  // Creates it under a temporary name in the same folder; Commit then renames it over what has the name.
+  // Creates the file under a temporary name in the same folder. Commit then renames it, and replaces a file that has
+  // the final name.
   Status CreateBeside(const std::string& native, mode_t mode);
 
   int fd() const { return fd_.get(); }
 
-  // Closes the file, which reports late write errors, and gives it its name.
+  // Closes the file, which reports late write errors, and gives it its final name.
   Status Commit();
 
  private:
@@ -45,10 +48,11 @@ class NewFile {
 
   UniqueFd fd_;
   std::string name_;            // the final native path
-  std::string temporary_name_;  // what it is called while being written; empty when there is nothing to discard
+  std::string temporary_name_;  // the name during the writing; empty when there is no file to delete
 };
 
-// Copies a file to a name that is free, without progress; kExists when the name is taken. In copy_file.cpp.
+// Copies a file to a name that is free, without progress. The failure is kExists when the name is taken. This function
+// is in copy_file.cpp.
 Status CopyToFreeName(const std::string& from, const std::string& to);
 
 }  // namespace discwright::host

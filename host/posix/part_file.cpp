@@ -1,4 +1,4 @@
-// Writes a file under a temporary name and renames it to NAME.
+// Writes a file under a temporary name, and renames it when it is complete.
 #include "host/part_file.h"
 
 #include <fcntl.h>
@@ -39,13 +39,13 @@ class PosixPartFile : public PartFile {
   }
 
   Status Commit() override {
-    // A second descriptor tells which file it was even after close(), which may report what writing could not.
+    // close() may report errors that writing could not. The second descriptor still identifies the file after it.
     UniqueFd written(fcntl(fd_.get(), F_DUPFD_CLOEXEC, 0));
     if (!written.valid()) return LastFailure();
     std::swap(fd_, written);
     if (written.Close() != 0) return LastFailure();
     // Another run may put its own file under the part's name at any time. So the part first gets a name that no other
-    // run uses, and there it is checked whose file it is.
+    // run uses. Then it is checked whose file it is.
     const std::string mine = TemporaryName(name_);
     if (std::rename(part_.c_str(), mine.c_str()) != 0) return errno == ENOENT ? Replaced() : LastFailure();
     if (!IsAt(fd_.get(), mine)) {
@@ -61,7 +61,7 @@ class PosixPartFile : public PartFile {
  private:
   UniqueFd fd_;
   std::string name_;
-  std::string part_;  // where it stands until it has its name
+  std::string part_;  // the path until the file has its final name
 };
 
 Status OnlyRegular(const std::string& native) {
@@ -69,7 +69,8 @@ Status OnlyRegular(const std::string& native) {
   return stat(native.c_str(), &facts) == 0 ? CheckRegular(facts) : Status::Success();
 }
 
-// The size itself is left alone: some file systems would write zeros up to it.
+// Reserves room for `size` bytes, but does not change the size of the file, because some file systems would write zeros
+// up to it.
 Status SetAside(int fd, std::uint64_t size) {
   if (size == 0 || fallocate(fd, FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(size)) == 0) return Status::Success();
   const Status status = LastFailure();
@@ -88,13 +89,13 @@ Result<std::unique_ptr<PartFile>> CreatePartFile(std::string_view path, std::uin
   RemoveLeftFiles(PathFromNative(NativeFolder(name)));
   UniqueFd fd;
   do {
-    // What is there is not written into: a run that was left behind may still have it open.
+    // An existing file is deleted and not reused, because an earlier run may still have it open.
     if (unlink(part.c_str()) != 0 && errno != ENOENT) break;
     fd = CreateLocked(part, 0666);
   } while (!fd.valid() && errno == EEXIST);
   if (!fd.valid()) return LastFailure();
   Status status = SetAside(fd.get(), size);
-  // On a failure its end removes the file again.
+  // After a failure, the destructor of this object deletes the file.
   auto file = std::make_unique<PosixPartFile>(std::move(fd), name, part);
   if (!status.ok()) return status;
   return file;

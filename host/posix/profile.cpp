@@ -1,4 +1,4 @@
-// Profile files are plain text here, and there is no registry.
+// Reads and writes profile files as plain text. There is no registry on these systems.
 #include "host/profile.h"
 
 namespace discwright::host {

@@ -1,4 +1,4 @@
-// Opens regular files and moves their bytes, also for the core.
+// Opens regular files, and reads and writes them.
 #include "host/posix/regular_file.h"
 
 #include <cerrno>
@@ -11,7 +11,7 @@ namespace {
 
 RegularFile Refused(Status status) { return {UniqueFd(), {}, std::move(status)}; }
 
-// Moves on by what a call has done; false when it failed for good.
+// Advances by the number of bytes that a call has moved. Returns false when the call failed and must not be repeated.
 template <typename Bytes>
 bool Advance(ssize_t done, std::int64_t& position, Bytes& bytes) {
   if (done < 0) return errno == EINTR;
@@ -47,7 +47,7 @@ class PosixBinaryFile : public BinaryFile {
   UniqueFd fd_;
 };
 
-// A file that does not exist yet.
+// Creates and opens a file that does not exist yet.
 RegularFile CreateRegular(const std::string& native) {
   RegularFile file;
   file.fd = UniqueFd(open(native.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666));
@@ -63,8 +63,8 @@ RegularFile CreateRegular(const std::string& native) {
 
 RegularFile OpenRegular(const std::string& native, int flags) {
   RegularFile file;
-  // Asked before opening, because opening a device may already do something; and without waiting for the other end,
-  // should a pipe take the name's place in between.
+  // The kind is checked before the file is opened, because opening a device may already have an effect. O_NONBLOCK
+  // prevents waiting for the other end of a pipe that takes the file's place in between.
   if (stat(native.c_str(), &file.facts) != 0) return Refused(LastFailure());
   if (Status status = CheckRegular(file.facts); !status.ok()) return Refused(std::move(status));
   file.fd = UniqueFd(open(native.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
@@ -117,7 +117,7 @@ Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode m
   if (mode == OpenMode::kCreateEmpty && is_link && unlink(native.c_str()) != 0) return LastFailure();
   RegularFile file = OpenRegular(native, writes ? O_RDWR : O_RDONLY);
   if (writes && file.status.error == ErrorClass::kNotFound) file = CreateRegular(native);
-  // Emptied only now, when it is known to be a file.
+  // The file is emptied only here, where it is known to be a regular file.
   if (file.status.ok() && mode == OpenMode::kCreateEmpty && file.facts.st_size > 0) {
     file.status = StatusOfResult(ftruncate(file.fd.get(), 0));
   }
@@ -136,7 +136,8 @@ Result<std::string> ReadWholeFile(std::string_view path, std::int64_t most) {
   const RegularFile file = OpenRegular(native.value, O_RDONLY);
   if (!file.status.ok()) return file.status;
   if (file.facts.st_size > most) return TooLarge(file.facts.st_size, most);
-  // The size is only a hint: files that the kernel makes up have none. One byte more leaves room to see the end.
+  // The size is only a hint: files that the kernel generates have none. The additional byte leaves room to find the
+  // end.
   std::string content(static_cast<std::size_t>(file.facts.st_size) + 1, '\0');
   std::size_t filled = 0;
   for (;;) {

@@ -1,4 +1,4 @@
-// Generated scripts for /bin/sh.
+// Writes the parts of scripts for /bin/sh.
 #include "host/script.h"
 
 #include <algorithm>
@@ -9,7 +9,7 @@
 namespace discwright::host {
 namespace {
 
-// One word for the shell, whatever is in it: between single quotes only the single quote itself means something.
+// Quotes any text as one word for the shell: between single quotes only the single quote itself has a special meaning.
 std::string Quoted(std::string_view text) {
   std::string quoted = "'";
   for (const char character : text) {

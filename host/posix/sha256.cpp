@@ -1,4 +1,4 @@
-// The SHA-256 of files, computed by OpenSSL: it uses the processor's own instructions.
+// Computes the SHA-256 of files with OpenSSL, because it uses the processor's own instructions.
 #include <openssl/evp.h>
 
 #include <array>

@@ -1,4 +1,4 @@
-// Does what the shell's file-operation service of Windows does, without windows and questions.
+// Moves and renames like the shell's file-operation service of Windows, but without windows and questions.
 #include "host/shell_operations.h"
 
 #include <sys/stat.h>
@@ -19,9 +19,9 @@
 namespace discwright::host {
 namespace {
 
-// The service's number for a path that it cannot take.
+// The service's error number for a path that it cannot use.
 constexpr int kInvalidFiles = 0x7C;
-// The system's own number for a new name that is taken: the service replaces nothing when it renames.
+// The system's own error number for a new name that exists already: the service replaces nothing when it renames.
 constexpr int kAlreadyThere = 183;
 
 struct Number {
@@ -29,7 +29,8 @@ struct Number {
   int number;
 };
 
-// The service's numbers as they are documented, and the system's own where it has none. Wine tells of fewer failures.
+// The error numbers that the service documents, and the system's own where it documents none. Wine reports fewer
+// failures.
 constexpr std::array<Number, 10> kNumbers{{
     {ErrorClass::kNone, 0},
     {ErrorClass::kNotFound, 2},         // the system's own; Windows before Vista says 0x402
@@ -51,7 +52,7 @@ Status MoveMatches(std::string_view folder, std::string_view pattern, std::strin
   const Result<std::string> found = RealPath(folder.empty() ? "." : folder);
   if (!found.ok()) return found.status;
   const std::string& from = found.value;
-  // Listed first: a destination that is made inside the folder is not one of its own sources.
+  // The names are listed first, so that a destination that is created inside the folder is not moved itself.
   Result<std::vector<std::string>> names = NamesIn(from);
   if (!names.ok()) return names.status;
   const std::string folded = FoldCase(pattern);
@@ -64,7 +65,7 @@ Status MoveMatches(std::string_view folder, std::string_view pattern, std::strin
   return to.ok() ? MoveNames(from, names.value, to.value) : to.status;
 }
 
-// Into a folder that is there, or else to a new name.
+// Moves into an existing folder, or otherwise to a new name.
 Status MoveOne(std::string_view source, std::string_view destination) {
   const Result<std::string> from = RealPath(source);
   const Result<std::string> to = RealPathOfNew(destination);
@@ -95,7 +96,7 @@ int Rename(std::string_view source, std::string_view destination) {
   std::string to = real_destination.value;
   if (!IsThere(from) || !IsFolder(NativeFolder(to))) return NumberOf(ErrorClass::kNotFound);
   if (to != from && IsThere(to)) return kAlreadyThere;
-  // Found under its old name: only the letter case changes.
+  // The destination was found under its old name, so only the letter case changes.
   if (to == from) to = NativeJoin(NativeFolder(to), NativeName(NativePath(destination)));
   return NumberOf(MovePath(from, to).error);
 }

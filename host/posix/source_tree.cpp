@@ -17,11 +17,11 @@ namespace discwright::host {
 namespace {
 
 constexpr int kFolderFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
-// A pipe or terminal may have taken a file's place since it was listed. It must not block, nor become the program's
-// own terminal.
+// A pipe or terminal may have taken a file's place since the file was listed. It must not block, and must not become
+// the program's own terminal.
 constexpr int kFileFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
 
-// openat() for paths of any length: what the system cannot take at once is gone through folder by folder.
+// openat() for paths of any length. A path that is too long for the system is opened folder by folder.
 UniqueFd OpenBelow(int root, std::string_view path, int flags) {
   UniqueFd held;
   int base = root;
@@ -56,7 +56,7 @@ TreeEntry LookAt(int folder, const dirent& found) {
   entry.is_link = found.d_type == DT_LNK;
   struct stat facts {};
   int result = fstatat(folder, found.d_name, &facts, entry.is_link ? 0 : AT_SYMLINK_NOFOLLOW);
-  if (result == 0 && S_ISLNK(facts.st_mode)) {  // a file system that does not tell kinds while listing
+  if (result == 0 && S_ISLNK(facts.st_mode)) {  // the listing did not tell the kind
     entry.is_link = true;
     result = fstatat(folder, found.d_name, &facts, 0);
   }
@@ -76,7 +76,8 @@ class PosixSourceFile : public SourceFile {
       if (got < 0) return LastFailure();
       if (got == 0) break;
       count += static_cast<std::size_t>(got);
-      // A regular file gives less than asked only at its end; asking again would be a system call for each file.
+      // A regular file returns less than requested only at its end. Asking again would be one more system call for each
+      // file.
       if (count < bytes.size()) break;
     }
     return count;

@@ -1,4 +1,4 @@
-// Facts about the machine and the running program.
+// Tells facts about the machine and the running program.
 #include "host/system.h"
 #include "host/names.h"
 
@@ -22,7 +22,7 @@ namespace discwright::host {
 
 namespace {
 
-// Where /proc is missing, the path by which the program was started says where it is. It may lead through links.
+// The path by which the program was started, with links followed; used where /proc is missing.
 std::string StartedPath() {
   const auto* const started = reinterpret_cast<const char*>(getauxval(AT_EXECFN));
   const std::unique_ptr<char, void (*)(void*)> real(started == nullptr ? nullptr : realpath(started, nullptr),

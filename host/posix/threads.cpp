@@ -1,4 +1,4 @@
-// The C++ library's own.
+// Implements threads, locks and conditions with those of the C++ library.
 #include "host/threads.h"
 
 #include <algorithm>
@@ -47,7 +47,7 @@ struct Thread::State {
 };
 
 Thread::Thread(std::function<void()> work) : state_(std::make_unique<State>()) {
-  state_->thread = std::thread(std::move(work));  // only now: a thread that runs must not be dropped for lack of memory
+  state_->thread = std::thread(std::move(work));  // last, so that no running thread is lost for lack of memory
 }
 Thread::Thread() = default;
 Thread::Thread(Thread&& other) noexcept = default;

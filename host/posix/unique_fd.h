@@ -1,4 +1,4 @@
-// A file descriptor that is closed by its owner's destructor.
+// Owns a file descriptor and closes it in its destructor: const UniqueFd fd(open(...)).
 #pragma once
 
 #include <unistd.h>
@@ -23,7 +23,7 @@ class UniqueFd {
   int get() const { return fd_; }
   bool valid() const { return fd_ >= 0; }
   int Release() { return std::exchange(fd_, -1); }
-  // The result of close(); 0 when there was nothing to close.
+  // Returns the result of close(), or 0 when there was no descriptor to close.
   int Close() {
     const int fd = Release();
     return fd >= 0 ? close(fd) : 0;

@@ -1,8 +1,9 @@
-// Processes without a window: started with a pipe, read, and ended with what they have started.
+// Starts processes without a window, reads their output through a pipe, and ends them with everything that they have
+// started.
 #include "host/child.h"
 
 #include <windows.h>
-// After it, because it needs its types.
+// This header must follow windows.h, because it needs its types.
 #include <tlhelp32.h>
 
 #include <algorithm>
@@ -23,12 +24,12 @@
 namespace discwright::host {
 namespace {
 
-constexpr DWORD kEndedByUs = 0xC000013A;  // what the system gives a program that Ctrl-C ends
+constexpr DWORD kEndedByUs = 0xC000013A;  // the exit code that the system gives to a program that Ctrl-C ends
 
-// Of an exception that nobody caught the system makes such an exit code.
+// Whether the system has made this exit code from an exception that the program did not handle.
 bool IsException(DWORD exit_code) { return exit_code >> 28 == 0xC; }
 
-// The processes of the system; none where it does not list them (Windows NT 4).
+// All processes of the system. Empty where the system does not list them (Windows NT 4).
 std::vector<PROCESSENTRY32> Processes() {
   static auto* const create = NewerCall<decltype(CreateToolhelp32Snapshot)>("kernel32.dll", "CreateToolhelp32Snapshot");
   static auto* const first = NewerCall<decltype(Process32First)>("kernel32.dll", "Process32First");
@@ -45,7 +46,8 @@ std::vector<PROCESSENTRY32> Processes() {
   return processes;
 }
 
-// Ends what the process `id` has started and what these have started, as far as their parents still run.
+// Ends what the process `id` has started, and what these processes have started in turn. A process is found only while
+// its parent still runs.
 void TerminateDescendants(DWORD id) {
   const std::vector<PROCESSENTRY32> processes = Processes();
   std::vector<DWORD> family = {id};
@@ -60,13 +62,15 @@ void TerminateDescendants(DWORD id) {
   }
 }
 
-// A job, which holds a program and all that it starts. None on systems without jobs: Windows 95 to Me, and NT 4.
+// Creates a job, which contains a program and everything that it starts. The result is not valid on systems without
+// jobs: Windows 95 to Me, and NT 4.
 OwnedHandle MakeJob() {
   static auto* const create = NewerCall<decltype(CreateJobObjectA)>("kernel32.dll", "CreateJobObjectA");
   return OwnedHandle(create == nullptr || !IsNtFamily() ? nullptr : create(nullptr, nullptr));
 }
 
-// Whether the process is in the job now; not where this program itself is in one that cannot be divided.
+// Puts the process into the job. Returns false when this fails, as it does where this program itself is in a job that
+// cannot contain another one.
 bool PutIntoJob(const OwnedHandle& job, HANDLE process) {
   static auto* const assign = NewerCall<decltype(AssignProcessToJobObject)>("kernel32.dll", "AssignProcessToJobObject");
   return assign != nullptr && assign(job.get(), process) != 0;
@@ -83,8 +87,8 @@ class WindowsChild : public Child {
       : process_(started.hProcess), id_(started.dwProcessId), job_(std::move(job)), pipe_(std::move(pipe)) {}
 
   std::size_t Read(std::span<char> buffer, int milliseconds) override {
-    // A pipe without a name cannot be waited for together with a process on every Windows, so it is looked at again and
-    // again. Output seldom comes alone: the first looks follow soon.
+    // Not every Windows can wait for a pipe without a name and a process together, so the pipe is checked again and
+    // again. More output often follows soon, so the first pauses are short.
     constexpr int kLongestPause = 500;
     for (int pause = 2; milliseconds >= 0 && Waiting() == 0; pause = std::min(2 * pause, kLongestPause)) {
       pause = std::min(pause, milliseconds);
@@ -92,7 +96,7 @@ class WindowsChild : public Child {
       milliseconds -= pause;
     }
     DWORD count = 0;
-    // A program that writes no bytes makes a read return without any.
+    // When a program writes zero bytes, ReadFile succeeds without any bytes.
     while (ReadFile(pipe_.get(), buffer.data(), static_cast<DWORD>(buffer.size()), &count, nullptr) != 0 &&
            count == 0) {
     }
@@ -122,14 +126,15 @@ class WindowsChild : public Child {
   bool RequestEnd() override {
     if (WaitForEnd(0)) return false;
     if (TerminateJob(job_)) return true;
-    // The program itself first: a script would go on with its next line when what it runs ends.
+    // The program itself is ended first: a script would otherwise go on with its next line when the program that it
+    // runs ends.
     TerminateProcess(process_.get(), kEndedByUs);
-    // What was being started at that moment is only seen by another look.
+    // A process that was being started during one look is only found by the next one.
     for (int look = 0; look < 3; ++look) TerminateDescendants(id_);
     return true;
   }
 
-  // The system ends a program that is writing a little later.
+  // The system may end a program that is writing a little later, so its end is awaited.
   void WaitUntilGone(Clock::time_point last_moment) override {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(last_moment - Clock::now());
     WaitForEnd(static_cast<int>(std::max<std::chrono::milliseconds::rep>(left.count(), 0)));
@@ -138,12 +143,12 @@ class WindowsChild : public Child {
  private:
   OwnedHandle process_;
   DWORD id_;
-  OwnedHandle job_;  // none on systems without jobs
+  OwnedHandle job_;  // not valid on systems without jobs
   OwnedHandle pipe_;
 };
 
-// The captured programs; those that have ended may be among them. The system calls the handler of Ctrl-C on a thread of
-// its own.
+// The captured programs; some of them may have ended. A lock protects them, because the system calls the handler of
+// Ctrl-C on a thread of its own.
 class StartedChildren {
  public:
   void Add(const std::shared_ptr<WindowsChild>& child) {
@@ -177,7 +182,7 @@ class WindowsProcess : public Process {
  public:
   explicit WindowsProcess(HANDLE process) : process_(process) {}
 
-  // WaitForInputIdle fails for programs without windows; that is no readiness.
+  // WaitForInputIdle fails for programs without windows. These count as not ready.
   bool Wait(int milliseconds, bool wait_for_idle) override {
     const DWORD limit = milliseconds >= 1 ? static_cast<DWORD>(milliseconds) : INFINITE;
     return (wait_for_idle ? WaitForInputIdle(process_.get(), limit) : WaitForSingleObject(process_.get(), limit)) == 0;
@@ -187,7 +192,8 @@ class WindowsProcess : public Process {
   OwnedHandle process_;
 };
 
-// Starts a native line whose standard handles are both inheritable; `pipe` is what its output is read from.
+// Starts a native command line. Both standard handles must be inheritable. `pipe` is the end from which the output is
+// read.
 Result<std::shared_ptr<Child>> Start(std::string line, HANDLE input, HANDLE output, OwnedHandle pipe) {
   STARTUPINFOA startup{};
   startup.cb = sizeof(startup);
@@ -197,8 +203,9 @@ Result<std::shared_ptr<Child>> Start(std::string line, HANDLE input, HANDLE outp
   startup.hStdOutput = output;
   startup.hStdError = output;
   OwnedHandle job = MakeJob();
-  // Windows 95 to Me know no program without a window: there it gets a console of its own, which the start-up record
-  // hides. A program that gets a job must not start anything before it is in it.
+  // Windows 95 to Me cannot start a program without a window. There the program gets a console of its own, which
+  // STARTUPINFO hides. A program that gets a job must not start anything before it is in the job, so it starts
+  // suspended.
   const DWORD window = IsNtFamily() ? CREATE_NO_WINDOW : CREATE_NEW_CONSOLE;
   const DWORD flags = window | (job.valid() ? CREATE_SUSPENDED : 0);
   PROCESS_INFORMATION started{};
@@ -223,10 +230,11 @@ Result<std::shared_ptr<Child>> StartCaptured(std::string_view command_line) {
   SECURITY_ATTRIBUTES inherited{sizeof(inherited), nullptr, TRUE};
   HANDLE reading = nullptr;
   HANDLE writing = nullptr;
-  constexpr DWORD kRoom = 65536;  // bytes; a program that writes much seldom waits for its reader
+  constexpr DWORD kRoom = 65536;  // bytes; so much that a program seldom waits for its reader
   if (CreatePipe(&reading, &writing, &inherited, kRoom) == 0) return LastFailure();
   const OwnedHandle output(writing);
-  // The program does not inherit this end: with it, it would wait for ever on a full pipe when this program has gone.
+  // The program must not inherit the reading end. Otherwise, when this program has ended, it would wait for ever on a
+  // full pipe.
   HANDLE own = nullptr;
   const HANDLE self = GetCurrentProcess();
   DuplicateHandle(self, reading, self, &own, 0, FALSE, DUPLICATE_SAME_ACCESS | DUPLICATE_CLOSE_SOURCE);
@@ -256,8 +264,8 @@ std::unique_ptr<Process> StartUncaptured(std::string_view command_line, int wind
   return std::make_unique<WindowsProcess>(started.hProcess);
 }
 
-// Windows programs are programs like any other here. There are no quotes around paths with blanks: the start looks for
-// the shortest leading part that names a file, and the program takes all that follows its option for one path.
+// Paths with blanks are not quoted: Windows looks for the shortest leading part that names a file, and the program
+// takes all text after its option as one path.
 std::optional<std::string> WindowsProgramLine(std::string_view program, std::string_view option,
                                               std::string_view path) {
   return std::string(program).append(" ").append(option).append(path);

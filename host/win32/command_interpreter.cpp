@@ -1,4 +1,4 @@
-// Writes lines for cmd.exe and command.com, which differ in quotes and names.
+// Writes command lines for cmd.exe and command.com, which differ in their quotes and names.
 #include "host/win32/command_interpreter.h"
 
 #include <windows.h>
@@ -12,7 +12,7 @@
 namespace discwright::host {
 namespace {
 
-// The variable for the path of a script that the interpreter would change.
+// The environment variable for the path of a script that cmd.exe would change.
 constexpr const char* kScriptVariable = "DISCWRIGHT_SCRIPT";
 
 bool IsFile(const std::string& native) {
@@ -20,7 +20,7 @@ bool IsFile(const std::string& native) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
-// In any letter case.
+// Compares in any letter case.
 bool EndsWith(const std::string& native, std::string_view end) {
   return native.size() >= end.size() && lstrcmpiA(native.c_str() + native.size() - end.size(), end.data()) == 0;
 }
@@ -34,8 +34,8 @@ std::string Interpreter() {
   return IsNtFamily() ? "cmd.exe" : "command.com";
 }
 
-// cmd.exe takes away the outer pair of quotes. It would look for variables in a path with percent signs, but not in a
-// variable's text.
+// cmd.exe removes the outer pair of quotes. It would replace variables in a path with percent signs, but it does not do
+// so in the value of a variable.
 std::string ByCmd(const std::string& interpreter, const std::string& script, std::string_view arguments) {
   const bool has_percent = script.find('%') != script.npos;
   if (has_percent) SetEnvironmentVariableA(kScriptVariable, script.c_str());
@@ -43,7 +43,7 @@ std::string ByCmd(const std::string& interpreter, const std::string& script, std
   return Quoted(interpreter) + " /c " + Quoted(Quoted(name).append(arguments));
 }
 
-// command.com is a DOS program, at home with short names only.
+// command.com is a DOS program, which can only be relied on to handle short names.
 std::string ByCommandCom(const std::string& interpreter, const std::string& script, std::string_view arguments) {
   std::array<char, MAX_PATH> short_path{};
   const DWORD length = GetShortPathNameA(script.c_str(), short_path.data(), static_cast<DWORD>(short_path.size()));

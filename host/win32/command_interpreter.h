@@ -1,4 +1,5 @@
-// Batch files, which only the command interpreter (cmd.exe or command.com) can run.
+// Makes command lines that run batch files, which only the command interpreter (cmd.exe or command.com) can do. Pass a
+// command line to RunnableLine, and its result to CreateProcess.
 #pragma once
 
 #include <string>
@@ -6,8 +7,9 @@
 
 namespace discwright::host {
 
-// The native line that CreateProcess can run for `native`: the same, or one that starts the command interpreter when
-// the program is a ".bat". The program is the shortest leading part that names a file, with or without ".exe".
+// The native line with which CreateProcess can run the line `native`. This is `native` itself, or a line that starts
+// the command interpreter when the program is a ".bat" file. The program is the shortest leading part that names a
+// file, with or without ".exe".
 std::string RunnableLine(std::string_view native);
 
 }  // namespace discwright::host

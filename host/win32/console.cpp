@@ -1,4 +1,4 @@
-// Sleeping, waking, Ctrl-C and the console.
+// Waits, handles Ctrl-C, and writes to the console.
 #include "host/console.h"
 
 #include <windows.h>
@@ -17,21 +17,22 @@ namespace {
 std::atomic<int> interrupts = 0;
 std::atomic<int> exit_code_of_second = 0;
 
-// The event that is set while the flag is; there as long as the program runs.
+// The event that is set while the wake-up flag is set. It exists until the program ends.
 HANDLE WakeEvent() {
   static const HANDLE event = CreateEventA(nullptr, FALSE, FALSE, nullptr);
   return event;
 }
 
-// On a thread of the system's own.
+// The system calls this function on a thread of its own.
 BOOL WINAPI OnInterrupt(DWORD event) {
   if (++interrupts > 1) {
     EndStartedPrograms();
-    // ExitProcess might wait for what the threads of the program hold.
+    // ExitProcess could wait for a lock that another thread of the program holds.
     TerminateProcess(GetCurrentProcess(), static_cast<UINT>(exit_code_of_second.load()));
   }
   SetWakeUp();
-  // A closed window or a logoff ends the program as soon as this returns. Until then it can end by itself.
+  // After a closed window or a logoff, the system ends the program as soon as this function returns. So it does not
+  // return, and the program can end by itself.
   if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) Sleep(INFINITE);
   return TRUE;
 }
@@ -51,7 +52,7 @@ void WaitForWakeUp(int milliseconds) {
 
 void CatchInterrupts(int exit_code) {
   exit_code_of_second = exit_code;
-  WakeEvent();  // made here, not by two threads at once
+  WakeEvent();  // created here, so that two threads cannot create it at once
   static const BOOL caught = SetConsoleCtrlHandler(OnInterrupt, TRUE);
   static_cast<void>(caught);
 }
@@ -67,7 +68,7 @@ int TerminalWidth() {
   return known && width > 0 ? width : 80;
 }
 
-// No console before Windows 10 knows escape sequences.
+// This writes blanks, because no console before Windows 10 supports escape sequences.
 void EraseRestOfLine() {
   const HANDLE console = GetStdHandle(STD_ERROR_HANDLE);
   CONSOLE_SCREEN_BUFFER_INFO facts{};

@@ -1,4 +1,4 @@
-// Copies files with progress.
+// Copies files and reports the progress.
 #include <memory>
 
 #include "host/files.h"
@@ -17,18 +17,18 @@ using SystemCopy = decltype(CopyFileExA);
 
 Status Stopped() { return StatusOf(ERROR_REQUEST_ABORTED); }
 
-// Tells the routine of the progress, and remembers what it was told.
+// Reports the progress to the routine, and remembers what it has reported.
 class Teller {
  public:
   explicit Teller(const CopyRoutine& routine) : routine_(routine) {}
 
-  // False stops the copy.
+  // Returns false when the copy must stop.
   bool Tell(CopyEvent event, std::int64_t transferred) {
     if (event == CopyEvent::kStreamSwitch) started_ = true;
     if (event == CopyEvent::kChunkFinished) transferred_ = transferred;
     return !routine_ || routine_(event, transferred);
   }
-  // What the system has left out, as it may for an empty file.
+  // Reports what the system has not reported, as can happen for an empty file.
   bool TellTheRest(std::int64_t size) {
     if (!started_ && !Tell(CopyEvent::kStreamSwitch, 0)) return false;
     return transferred_ == size || Tell(CopyEvent::kChunkFinished, size);
@@ -43,7 +43,7 @@ class Teller {
 DWORD CALLBACK TellOfSystemCopy(LARGE_INTEGER, LARGE_INTEGER transferred, LARGE_INTEGER, LARGE_INTEGER, DWORD stream,
                                 DWORD reason, HANDLE, HANDLE, LPVOID teller) {
   const bool is_switch = reason == CALLBACK_STREAM_SWITCH;
-  // A file's further streams are a part of it, not another file.
+  // Further streams are a part of the same file, so they are not reported as another file.
   if (is_switch && stream > 1) return PROGRESS_CONTINUE;
   const CopyEvent event = is_switch ? CopyEvent::kStreamSwitch : CopyEvent::kChunkFinished;
   const bool goes_on = static_cast<Teller*>(teller)->Tell(event, is_switch ? 0 : transferred.QuadPart);
@@ -70,7 +70,7 @@ Status CopyBytes(HANDLE from, HANDLE to, Teller& teller) {
   return Status::Success();
 }
 
-// A file system that cannot store the time is no reason to fail.
+// A failure is ignored, because some file systems cannot store the time.
 void KeepTime(HANDLE from, HANDLE to) {
   FILETIME modified{};
   if (GetFileTime(from, nullptr, nullptr, &modified) != 0) SetFileTime(to, nullptr, nullptr, &modified);
@@ -81,7 +81,7 @@ Result<NativeFacts> FactsOfSource(const AnsiPath& from) {
   return facts.ok() && facts.value.IsFolder() ? NotARegularFile() : facts;
 }
 
-// The target is refused when it is the source under another name.
+// Refuses a target that is no regular file, or that is the source under another name.
 Status CheckTarget(const AnsiPath& to, const NativeFacts& source) {
   if (Status status = OnlyRegular(to); !status.ok()) return status;
   const Result<NativeFacts> facts = FactsOfPath(to, Links::kFollow);
@@ -90,7 +90,7 @@ Status CheckTarget(const AnsiPath& to, const NativeFacts& source) {
   return Status::Success();
 }
 
-// As CopyByHand, by the system itself.
+// Does the same as CopyByHand, with the system's own copy function.
 Status CopyBySystem(const AnsiPath& from, const AnsiPath& to, const CopyRoutine& routine) {
   Teller teller(routine);
   BOOL cancel = FALSE;
@@ -124,7 +124,7 @@ Status CopyFileWithProgress(std::string_view from, std::string_view to, const Co
   if (!facts.ok()) return facts.status;
   Status status = CheckTarget(target, facts.value);
   if (!status.ok()) return status;
-  // What is replaced stays until the copy is whole.
+  // An existing target stays until the copy is complete.
   const bool replaces = IsThere(target);
   const AnsiPath copy(replaces ? TemporaryName(target) : target.core);
   status = copy.status;

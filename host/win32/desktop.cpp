@@ -1,4 +1,4 @@
-// The drives, and the file manager of Windows.
+// Lists the drives, and writes the line that starts the file manager of Windows.
 #include "host/desktop.h"
 
 #include <windows.h>

@@ -1,4 +1,4 @@
-// Folds the system's error codes into the few classes that a user can act on.
+// Sorts the system's error codes into the few classes that a user can act on.
 #include "host/win32/errors.h"
 
 #include <array>

@@ -1,4 +1,4 @@
-// Failures of the system's calls.
+// Converts the system's error codes to the host's Status. Call LastFailure() directly after a call that has failed.
 #pragma once
 
 #include <windows.h>
@@ -7,15 +7,15 @@
 
 namespace discwright::host {
 
-// An error code of the system as a status: its class and the system's own sentence for it.
+// The failure for an error code: its class and the system's own sentence.
 Status StatusOf(DWORD error);
 
 Status LastFailure();
 
-// The status of a call that gives zero when it fails.
+// The status of a call that returns zero when it fails.
 Status StatusOfResult(BOOL result);
 
-// For a name or path that the ANSI code page cannot hold.
+// The failure for a name or path that the ANSI code page cannot hold.
 Status NameNotInCodePage();
 
 Status NotARegularFile();

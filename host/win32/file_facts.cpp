@@ -1,4 +1,4 @@
-// Looks at files through handles on the NT family, and through listings on Windows 95, 98 and Me.
+// Describes files through handles on the NT family, and through listings on Windows 95, 98 and Me.
 #include "host/win32/file_facts.h"
 
 #include <array>
@@ -19,14 +19,15 @@ std::uint64_t Join(DWORD high, DWORD low) { return (std::uint64_t{high} << 32) |
 
 std::uint64_t Join(const FILETIME& time) { return Join(time.dwHighDateTime, time.dwLowDateTime); }
 
-// 64-bit FNV-1a.
+// The 64-bit FNV-1a hash.
 std::uint64_t Hash(std::string_view text) {
   std::uint64_t hash = 0xCBF29CE484222325;
   for (const char character : text) hash = (hash ^ static_cast<unsigned char>(character)) * 0x100000001B3;
   return hash;
 }
 
-// One text for all spellings of a path: short names, which every file of Windows 95, 98 and Me has.
+// Returns the same text for all spellings of a path. It is made from the short path, because on Windows 95, 98 and Me
+// every file has a short name.
 std::string CanonicalPath(const AnsiPath& path) {
   const std::string absolute = AbsolutePath(path.core);
   const AnsiPath full(absolute);
@@ -44,7 +45,7 @@ Result<NativeFacts> FactsByName(const AnsiPath& path) {
     facts.size = SizeOf(found);
     facts.modified = Join(found.ftLastWriteTime);
   } else {
-    // A root, which stands in no listing and has no time.
+    // This is the root of a drive, which is in no listing and has no time.
     facts.attributes = GetFileAttributesA(path.c_str());
     if (facts.attributes == INVALID_FILE_ATTRIBUTES) return LastFailure();
     facts.modified = kUnixEpoch;
@@ -78,7 +79,7 @@ std::int64_t NativeFacts::ModifiedSeconds() const {
 }
 
 std::int64_t NativeFacts::ModifiedNanoseconds() const {
-  // What does not fit, times before 1677, wraps around: it still differs from every other time.
+  // Times before 1677 do not fit and wrap around. The result still differs from that of every other time.
   return static_cast<std::int64_t>((modified - kUnixEpoch) * 100);
 }
 
@@ -131,7 +132,7 @@ std::uint64_t SizeOf(const WIN32_FIND_DATAA& found) { return Join(found.nFileSiz
 bool IsLink(const WIN32_FIND_DATAA& found) {
   if ((found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return false;
   const DWORD tag = found.dwReserved0;
-  // Where Windows itself is not real, its links may come without a tag.
+  // Where Windows is only imitated, links may have no tag.
   return tag == IO_REPARSE_TAG_SYMLINK || tag == IO_REPARSE_TAG_MOUNT_POINT || tag == IO_REPARSE_TAG_RESERVED_ZERO;
 }
 

@@ -1,4 +1,5 @@
-// What the system says of files and folders: whether something is there, what it is, and which file it is.
+// Describes files and folders: whether a path exists, what it is, and which file it is. Call FactsOfPath, FactsOfHandle
+// or one of the single questions.
 #pragma once
 
 #include <windows.h>
@@ -12,12 +13,12 @@
 
 namespace discwright::host {
 
-// Whether anything stands at the path, be it a link that leads nowhere.
+// Whether a file, a folder or a link exists at the path. A link whose target is missing exists, too.
 bool IsThere(const AnsiPath& path);
 
 bool IsFolder(const AnsiPath& path);
 
-// Clears the read-only mark and no other. It keeps a file from being written, replaced or deleted.
+// Clears the read-only mark, and no other mark. This mark prevents a file from being written, replaced or deleted.
 Status MakeWritable(const AnsiPath& path);
 
 struct NativeFacts {
@@ -25,7 +26,7 @@ struct NativeFacts {
   std::uint64_t size = 0;      // bytes
   std::uint64_t modified = 0;  // 100 nanoseconds since 1601, UTC
   std::uint64_t volume = 0;
-  std::uint64_t number = 0;  // on its volume
+  std::uint64_t number = 0;  // the number of the file on its volume
   std::uint64_t links = 1;
 
   bool IsFolder() const { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
@@ -34,7 +35,7 @@ struct NativeFacts {
   std::int64_t ModifiedNanoseconds() const;  // since 1970
 };
 
-// What others may do meanwhile to a file that is opened: everything that this Windows lets them.
+// The share mode that permits other programs to do everything with an open file that this Windows can permit.
 DWORD ShareEverything();
 
 // The size of an open file in bytes.
@@ -42,18 +43,19 @@ Result<std::int64_t> SizeOf(HANDLE file);
 
 Result<NativeFacts> FactsOfHandle(HANDLE file);
 
-enum class Links { kFollow, kTake };  // kTake: the link itself
+enum class Links { kFollow, kTake };  // kTake: describes the link itself
 
-// Windows 95, 98 and Me cannot say which file it is, nor can the NT family when it denies access. Volume and number are
-// then made from the path.
+// The facts of a file or folder. Windows 95, 98 and Me cannot identify a file, and the NT family cannot when it denies
+// access. In these cases volume and number are made from the path.
 Result<NativeFacts> FactsOfPath(const AnsiPath& path, Links links);
 
-// What the listing says of one file or folder; not of the root of a drive.
+// Looks up one file or folder in the listing of its folder. Returns false when it is not there, as for the root of a
+// drive.
 bool FindOne(const std::string& native, WIN32_FIND_DATAA& found);
 
 std::uint64_t SizeOf(const WIN32_FIND_DATAA& found);  // bytes
 
-// Whether what was listed is a symbolic link or junction. Other reparse points are files and folders like any other.
+// Whether the entry is a symbolic link or junction. Other reparse points count as ordinary files and folders.
 bool IsLink(const WIN32_FIND_DATAA& found);
 bool IsLink(const AnsiPath& path);
 

@@ -1,4 +1,4 @@
-// Making, moving and removing files and folders.
+// Creates folders, moves and removes files and folders, and tells whether two paths lead to the same place.
 #include "host/files.h"
 
 #include <windows.h>
@@ -16,7 +16,7 @@ namespace {
 
 using MakePathCall = BOOL WINAPI(const char*);
 
-// The system's own way. It does not say why it failed.
+// Creates all missing folders with a single call of the system. This call does not tell why it failed.
 bool MakeAtOnce(const AnsiPath& path) {
   static MakePathCall* const make = NewerCall<MakePathCall>("imagehlp.dll", "MakeSureDirectoryPathExists");
   const std::string with_separator = path.native + "\\";
@@ -34,7 +34,7 @@ Status MakeOneByOne(const AnsiPath& path) {
   return status.ok() ? StatusOfResult(CreateDirectoryA(path.c_str(), nullptr)) : status;
 }
 
-// The facts of the one file or folder that both paths lead to; nothing when they lead to two or to nothing.
+// The facts of the file or folder to which both paths lead; std::nullopt when they lead to different places or to none.
 std::optional<NativeFacts> FactsOfBoth(std::string_view a, std::string_view b) {
   const Result<NativeFacts> first = FactsOfPath(AnsiPath(a), Links::kFollow);
   const Result<NativeFacts> second = FactsOfPath(AnsiPath(b), Links::kFollow);
@@ -69,7 +69,7 @@ Status MakeFolders(std::string_view path) {
   return absolute.status.ok() && MakeAtOnce(absolute) ? Status::Success() : MakeOneByOne(absolute);
 }
 
-// Only the read-only mark stands in the way of deleting.
+// Only the read-only mark prevents a file from being deleted.
 Status ClearAttributes(std::string_view path) { return MakeWritable(AnsiPath(path)); }
 
 Status RemoveFile(std::string_view path) {
@@ -92,7 +92,7 @@ Status RenameFile(std::string_view from, std::string_view to) {
   const bool was_free = !IsThere(target);
   if (MoveFileA(source.c_str(), target.c_str()) != 0) return Status::Success();
   Status failure = LastFailure();
-  // The copy to another drive that broke off may have left its part.
+  // A copy to another drive that was interrupted may have left a part of the target.
   if (was_free && failure.error != ErrorClass::kExists && IsThere(source) && IsThere(target)) DeleteForSure(target);
   return failure;
 }

@@ -1,4 +1,4 @@
-// Lists folders and marks names that lead elsewhere.
+// Lists folders, and marks the names under which no file can be opened.
 #include "host/win32/find_entries.h"
 
 #include <algorithm>
@@ -13,7 +13,7 @@
 namespace discwright::host {
 namespace {
 
-// Closes a search of the system.
+// Owns a search handle of the system, and closes it.
 class Search {
  public:
   Search(const std::string& pattern, WIN32_FIND_DATAA& first) : handle_(FindFirstFileA(pattern.c_str(), &first)) {}
@@ -29,8 +29,8 @@ class Search {
   HANDLE handle_;
 };
 
-// For a character that the code page lacks, the system may give a similar one, even one that no name can have. Names
-// that end in a dot or a blank are opened without it.
+// For a character that the code page lacks, the system may return a similar one, even one that no name can contain.
+// When a name ends in a dot or a blank, the system opens the name without it.
 std::string NameWithMarks(const char* listed) {
   std::string name = TextOfCodePage(listed);
   for (char& character : name) {
@@ -41,7 +41,7 @@ std::string NameWithMarks(const char* listed) {
   return name;
 }
 
-// Of entries whose names are one but for letter case, at most one can be reached under each listed name.
+// When names of entries differ only in letter case, at most one entry can be opened under each listed name.
 void MarkAllButOne(std::string_view folder, std::vector<FoundEntry>::iterator first,
                    std::vector<FoundEntry>::iterator last) {
   std::vector<std::string> taken;
@@ -52,7 +52,7 @@ void MarkAllButOne(std::string_view folder, std::vector<FoundEntry>::iterator fi
     const bool is_new = std::find(taken.begin(), taken.end(), entry->name) == taken.end();
     if (is_new && path.status.ok() && FindOne(path.native, data) && TextOfCodePage(data.cFileName) == entry->name) {
       taken.push_back(entry->name);
-      entry->data = data;  // the listing may have given those of the other one
+      entry->data = data;  // the listing may have had the data of the other one
     } else {
       entry->name += '?';
     }
@@ -75,7 +75,7 @@ Status WhyNotListed(const AnsiPath& folder) {
   const DWORD attributes = GetFileAttributesA(folder.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) return StatusOf(error);
   if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return StatusOf(ERROR_DIRECTORY);
-  // The root of an empty drive has no entries at all, not even the dots.
+  // The root of an empty drive has no entries at all, not even "." and "..".
   return error == ERROR_FILE_NOT_FOUND ? Status::Success() : StatusOf(error);
 }
 
@@ -84,7 +84,7 @@ Status WhyNotListed(const AnsiPath& folder) {
 Result<std::vector<FoundEntry>> FindEntries(std::string_view folder) {
   const AnsiPath path(folder);
   if (!path.status.ok()) return path.status;
-  // By hand, because the root keeps its separator and "C:" is the current folder of its drive.
+  // InFolder makes the pattern, because a root keeps its own separator, and "C:" is the current folder of its drive.
   const std::string pattern = *CodePageBytes(base::InFolder(path.core, "*.*"));
   if (pattern.size() >= MAX_PATH) return StatusOf(ERROR_FILENAME_EXCED_RANGE);
   std::vector<FoundEntry> entries;

@@ -1,5 +1,5 @@
-// Lists folders through the system, and marks the names under which no file can be opened. The one loop over
-// FindNextFile, which all others use.
+// Lists folders through the system, and marks the names under which no file can be opened. FindEntries is the only loop
+// over FindNextFile; all other code calls it.
 #pragma once
 
 #include <windows.h>
@@ -14,8 +14,8 @@
 namespace discwright::host {
 
 struct FoundEntry {
-  // UTF-8. It has a "?" if the file cannot be opened by its name: the code page lacks a character of it, or the system
-  // would open another file or a file of another name.
+  // The name in UTF-8. It contains a "?" when the file cannot be opened by its name: the code page lacks a character of
+  // it, or the system would open another file or a file of another name.
   std::string name;
   WIN32_FIND_DATAA data{};
 
@@ -23,7 +23,7 @@ struct FoundEntry {
   bool IsFolder() const { return (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
 };
 
-// Everything in a folder without "." and "..", sorted by name byte by byte.
+// All entries of a folder except "." and "..", sorted by the bytes of their names.
 Result<std::vector<FoundEntry>> FindEntries(std::string_view folder);
 
 }  // namespace discwright::host

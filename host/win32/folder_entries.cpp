@@ -1,4 +1,4 @@
-// Tells files, folders and devices of a listing apart, and looks behind its links.
+// Tells whether the entries of a folder are files, folders or devices, and follows links.
 #include "host/folder_entries.h"
 
 #include "base/paths.h"
@@ -16,7 +16,7 @@ void SetKind(Entry& entry, DWORD attributes, std::uint64_t size) {
   if (entry.kind == EntryKind::kFile) entry.size = static_cast<std::int64_t>(size);
 }
 
-// Describes what is listed under `name` and stands at `path`.
+// Describes the entry at `path`, which is listed under `name`.
 Entry Describe(const std::string& name, const WIN32_FIND_DATAA& data, const AnsiPath& path) {
   Entry entry;
   entry.name = name;
@@ -52,7 +52,7 @@ Result<Entry> ReadEntry(std::string_view path) {
   if (base::IsDevicePath(ansi.core)) return Entry{name, EntryKind::kSpecial};
   WIN32_FIND_DATAA data{};
   if (FindOne(ansi.native, data)) return Describe(TextOfCodePage(data.cFileName), data, ansi);
-  // A root is in no listing.
+  // The root of a drive is in no listing.
   const Result<NativeFacts> facts = FactsOfPath(ansi, Links::kFollow);
   if (!facts.ok()) return facts.status;
   Entry root;

@@ -16,7 +16,7 @@
 namespace discwright::host {
 namespace {
 
-// Where an existing path leads; empty when the system does not tell.
+// The path to which an existing path leads; empty when the system cannot tell.
 std::string TargetOf(const AnsiPath& path) {
   using Call = DWORD WINAPI(HANDLE, LPSTR, DWORD, DWORD);
   static Call* const ask = IsNtFamily() ? NewerCall<Call>("kernel32.dll", "GetFinalPathNameByHandleA") : nullptr;

@@ -1,4 +1,4 @@
-// Hard links and what is known of them.
+// Creates hard links, and describes the files that may have some.
 #include "host/hard_links.h"
 
 #include <windows.h>
@@ -18,7 +18,7 @@ namespace {
 
 using LinkCall = decltype(CreateHardLinkA);
 
-// Null where there are no links: Windows 95, 98 and Me, and NT before 2000.
+// Returns null where there are no hard links: on Windows 95, 98 and Me, and on NT before 2000.
 LinkCall* FindLinkCall() {
   static LinkCall* const call = IsNtFamily() ? NewerCall<LinkCall>("kernel32.dll", "CreateHardLinkA") : nullptr;
   return call;
@@ -30,8 +30,8 @@ FileFacts ToFacts(const NativeFacts& facts) {
 
 bool IsListed(const FoundEntry& found) { return !IsLink(found.data) && !base::IsDevicePath(found.name); }
 
-// A file that cannot be opened is listed with the little that is known of it, as one more file on its folder's volume.
-// Reading it later tells why.
+// A file that cannot be opened is listed with the little that is known of it, as a separate file on the volume of its
+// folder. Reading it later reports the reason.
 NamedFacts Describe(std::string_view folder, const FoundEntry& found, FileFacts unknown) {
   NamedFacts entry{found.name, found.IsFolder(), {}};
   if (entry.is_folder) return entry;
@@ -45,11 +45,12 @@ NamedFacts Describe(std::string_view folder, const FoundEntry& found, FileFacts 
   return entry;
 }
 
-// A refused link may be the fault of this one file (protected, not ours) or of the file system; only trying tells.
+// Whether links can be made in the folder of `fresh`. A refusal may be due to this one file (it is protected or has
+// another owner) or to the file system. Only a test with new files shows which.
 bool FolderTakesLinks(const AnsiPath& fresh) {
   const AnsiPath probe(TemporaryName(fresh));
   const RegularFile file = OpenRegular(probe, GENERIC_WRITE, CREATE_NEW, ShareEverything());
-  if (!file.status.ok()) return true;  // nothing is known; the file's own failure is the better message
+  if (!file.status.ok()) return true;  // unknown; the failure of the file itself is the better message
   const AnsiPath second(TemporaryName(fresh));
   const bool takes = FindLinkCall()(second.c_str(), probe.c_str(), nullptr) != 0;
   if (takes) DeleteFileA(second.c_str());
@@ -84,7 +85,7 @@ Result<std::vector<NamedFacts>> ListFacts(std::string_view folder) {
   const std::uint64_t volume = FactsOfPath(AnsiPath(folder), Links::kFollow).value.volume;
   std::vector<NamedFacts> entries;
   for (const FoundEntry& entry : found.value) {
-    // A number that no file is likely to have.
+    // This is a number that no file is likely to have.
     const std::string place = std::string(folder) + "\\" + std::to_string(entries.size());
     const FileFacts unknown{volume, std::hash<std::string>()(place)};
     if (IsListed(entry)) entries.push_back(Describe(folder, entry, unknown));
@@ -106,7 +107,7 @@ Result<std::unique_ptr<BinaryFile>> OpenUnchanged(std::string_view path, const F
   RegularFile file = OpenRegular(ansi, GENERIC_READ, OPEN_EXISTING, ShareEverything(), flags);
   if (!file.status.ok()) return file.status;
   if (named) {
-    // On the NT family the open file itself is asked: another one may have taken its name just now.
+    // On the NT family the open file itself is asked, because another file may have just taken its name.
     const FileFacts now = IsNtFamily() ? ToFacts(FactsOfHandle(file.handle.get()).value) : *named;
     if (now.IsUnchanged(facts)) return WrapBinaryFile(std::move(file.handle));
   }

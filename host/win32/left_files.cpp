@@ -1,4 +1,5 @@
-// Temporary files that are still being written are open, and nobody else can open them alone.
+// Deletes temporary files that no program writes any more. A file that is being written is open, and no other program
+// can open it for exclusive use.
 #include "host/left_files.h"
 
 #include <windows.h>

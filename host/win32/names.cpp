@@ -1,4 +1,4 @@
-// How the system spells names and paths, and text without letter case.
+// Converts names and paths to the system's spelling, and folds letter case.
 #include "host/names.h"
 
 #include <windows.h>
@@ -17,7 +17,8 @@ constexpr std::size_t kShortPathBuffer = 300;
 
 bool IsAscii(char character) { return static_cast<unsigned char>(character) < 0x80; }
 
-// By the system's tables for its ANSI code page: what that lacks is in no name that can be opened.
+// Uses the system's tables for its ANSI code page. No name that can be opened has a character that this code page
+// lacks.
 std::string Lower(std::string_view character) {
   std::optional<std::string> ansi = CodePageBytes(character);
   if (!ansi) return std::string(character);

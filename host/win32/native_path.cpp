@@ -1,4 +1,4 @@
-// Translates separators and text, and takes paths apart.
+// Translates the separators and the text of paths for the system's calls, and makes paths absolute.
 #include "host/win32/native_path.h"
 
 #include <algorithm>
@@ -12,21 +12,21 @@ namespace discwright::host {
 namespace {
 
 std::string Backslashed(std::string_view path) {
-  // In UTF-8, so that no second byte of a double-byte character is taken for a separator.
+  // The path is still in UTF-8 here, so that no second byte of a double-byte character is taken for a separator.
   std::string backslashed(path);
   std::replace(backslashed.begin(), backslashed.end(), '/', '\\');
   return backslashed;
 }
 
-// The system's calls take at most so many bytes, the NUL at the end included.
+// The system's calls take at most MAX_PATH bytes, including the NUL at the end.
 Status WhyNotAsked(const std::string& native) {
   if (native.empty()) return StatusOf(ERROR_PATH_NOT_FOUND);
-  // Some calls take these, too, for wildcards.
+  // Some calls also take these characters for wildcards.
   if (native.find_first_of("<>\"|") != native.npos) return StatusOf(ERROR_INVALID_NAME);
   return native.size() < MAX_PATH ? Status::Success() : StatusOf(ERROR_FILENAME_EXCED_RANGE);
 }
 
-// Some calls refuse a separator at the end, and a root needs its own.
+// Some calls refuse a separator at the end of a path, but a root needs its own.
 std::string WithoutLastSeparators(std::string path) {
   while (path.size() > base::RootLength(path) && path.ends_with('\\')) path.pop_back();
   return path;

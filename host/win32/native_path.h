@@ -1,4 +1,4 @@
-// Paths as the system's ANSI calls take them.
+// Translates core paths to paths for the system's ANSI calls:
 //
 //   const AnsiPath path(core_path);
 //   if (!path.status.ok()) return path.status;
@@ -13,12 +13,12 @@
 
 namespace discwright::host {
 
-// A core path in the ANSI code page: "\" between names, otherwise as given. Nothing when the code page cannot hold it,
-// or when it has "?" or "*". The system lists these in place of characters that its code page lacks, and would take
-// them for wildcards.
+// A core path in the ANSI code page, with "\" between names and otherwise unchanged. Returns std::nullopt when the code
+// page cannot hold it, or when it contains "?" or "*". The system lists these characters in place of those that its
+// code page lacks, and would take them for wildcards.
 std::optional<std::string> NativePath(std::string_view path);
 
-// A core path that was translated and checked.
+// A core path that was translated to the ANSI code page and checked.
 struct AnsiPath {
   explicit AnsiPath(std::string_view path);
 
@@ -28,11 +28,11 @@ struct AnsiPath {
   const char* c_str() const { return native.c_str(); }
 };
 
-// The path as the system takes it from here on, whatever the current folder becomes: without a separator at its end,
-// unless it is a root. What the system cannot be asked about only gets its separators.
+// The path made absolute, so that it no longer depends on the current folder, and without a separator at its end unless
+// it is a root. When the system cannot be asked about the path, only its separators are changed.
 std::string AbsolutePath(std::string_view path);
 
-// The folder of Windows; empty when the system does not tell.
+// The folder of Windows; empty when the system cannot tell.
 std::string WindowsFolder();
 
 }  // namespace discwright::host

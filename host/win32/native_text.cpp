@@ -1,4 +1,5 @@
-// The code pages of Windows. Text goes through UTF-16; UTF-8 is read by our own code, because Windows 95 cannot.
+// Converts text to and from the code pages of Windows, by way of UTF-16. UTF-8 is read by this program's own code,
+// because Windows 95 cannot read it.
 #include "host/win32/native_text.h"
 
 #include <windows.h>
@@ -78,7 +79,7 @@ std::string NearestInCodePage(std::string_view text, unsigned code_page) {
 
 }  // namespace discwright::host
 
-// The compiler's start-up code must not take "*" and "?" in arguments for wildcards, however it was built.
+// The compiler's start-up code must not take "*" and "?" in arguments for wildcards, however that code was built.
 extern "C" {
 extern int _dowildcard;
 int _dowildcard = 0;

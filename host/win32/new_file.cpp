@@ -1,4 +1,4 @@
-// Creates files that are either finished or removed, and replaces the content of files as a whole.
+// Creates files that are either completed or deleted, and replaces the whole content of files.
 #include "host/win32/new_file.h"
 
 #include <atomic>
@@ -13,8 +13,8 @@
 namespace discwright::host {
 namespace {
 
-// Windows 95, 98 and Me cannot rename over a file. The old one steps aside first: a crash in between leaves the name
-// free, the old content and the new under temporary names, and loses neither.
+// Windows 95, 98 and Me cannot rename a file over another one. So the old file gets a temporary name first. After a
+// crash in between, no file has the final name, but the old and the new content both exist under temporary names.
 Status StepAside(const AnsiPath& from, const AnsiPath& to) {
   const AnsiPath aside(TemporaryName(to));
   if (!aside.status.ok()) return aside.status;
@@ -27,15 +27,15 @@ Status StepAside(const AnsiPath& from, const AnsiPath& to) {
   return DeleteForSure(aside);
 }
 
-// Marks that the replacing file takes over.
+// The attributes that the new file takes over from the file that it replaces.
 constexpr DWORD kKeptMarks = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
 
-// A time that the file system does not keep is zero, which is no time to set.
+// A time that the file system does not store is zero, and must not be set.
 const FILETIME* OrNone(const FILETIME& time) {
   return time.dwHighDateTime != 0 || time.dwLowDateTime != 0 ? &time : nullptr;
 }
 
-// A file system that cannot store the times is no reason to fail.
+// A failure is ignored, because some file systems cannot store the times.
 void KeepTimes(HANDLE file, const AnsiPath& path) {
   WIN32_FIND_DATAA replaced{};
   if (!FindOne(path.native, replaced)) return;
@@ -80,7 +80,7 @@ NewFile::~NewFile() {
 }
 
 Status NewFile::Commit(DWORD attributes) {
-  // A crash after the renaming must not find the content still on its way to the disk.
+  // The content must be on the disk before the renaming, in case there is a crash directly after it.
   if (FlushFileBuffers(handle_.get()) == 0) return LastFailure();
   handle_.Close();
   if (SetFileAttributesA(temporary_.c_str(), attributes) == 0) return LastFailure();

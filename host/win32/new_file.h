@@ -1,4 +1,5 @@
-// A file being written that gets its name only when it is whole, or disappears.
+// Writes a file that gets its final name only when it is complete, and is deleted otherwise. Create a NewFile, write to
+// handle(), and call Commit.
 #pragma once
 
 #include <string>
@@ -10,20 +11,21 @@
 
 namespace discwright::host {
 
-// A name beside `path` that nothing has (see base/temporary_names.h). It is short and does not depend on the final
-// name, which may be as long as the system allows.
+// A name in the folder of `path` that does not exist yet (see base/temporary_names.h). It is short and does not depend
+// on the final name, which may be as long as the system allows.
 std::string TemporaryName(const AnsiPath& path);
 
-// Moves a file over what may have the name `to`, in one step where the system can. A read-only file there is replaced.
+// Renames a file to `to`, in one step where the system can. An existing file there is replaced, even a read-only one.
 Status MoveOver(const AnsiPath& from, const AnsiPath& to);
 
-// Deletes a file even when it is marked read only.
+// Deletes a file, even a read-only one.
 Status DeleteForSure(const AnsiPath& path);
 
-// Unless Commit succeeds, the destructor removes what was written, and a file that had the name stays as it was.
+// A file that is being written. Unless Commit succeeds, the destructor deletes it, and a file that had the final name
+// does not change.
 class NewFile {
  public:
-  // Creates a file under a temporary name beside `path`; see status().
+  // Creates a file under a temporary name in the folder of `path`; status() tells whether this succeeded.
   explicit NewFile(const AnsiPath& path);
   NewFile(const NewFile&) = delete;
   NewFile& operator=(const NewFile&) = delete;
@@ -32,7 +34,7 @@ class NewFile {
   const Status& status() const { return status_; }
   HANDLE handle() const { return handle_.get(); }
 
-  // Gives the file these attributes, writes it to the disk, closes it and gives it its name.
+  // Gives the file these attributes, writes it to the disk, closes it and gives it its final name.
   Status Commit(DWORD attributes);
 
  private:
@@ -43,9 +45,9 @@ class NewFile {
   bool is_whole_ = false;
 };
 
-// The copy of Windows 95, 98 and Me, whose own copy says nothing of its progress; in copy_file.cpp. It makes `to`, or
-// replaces it, with the content, the modification time and the attributes of `from`. A failure may leave a part. Here
-// for the tests, which run it on the NT family, too.
+// Copies a file on Windows 95, 98 and Me, whose own copy function does not report its progress. Creates or replaces
+// `to` with the content, the modification time and the attributes of `from`. A failure may leave a partial file. This
+// function is in copy_file.cpp. It is declared here for the tests, which run it on the NT family, too.
 Status CopyByHand(const AnsiPath& from, const AnsiPath& to, const CopyRoutine& routine);
 
 }  // namespace discwright::host

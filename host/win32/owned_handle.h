@@ -1,4 +1,4 @@
-// A handle of the system that is closed by its owner's end.
+// Owns a handle of the system and closes it in its destructor: const OwnedHandle file(CreateFileA(...)).
 #pragma once
 
 #include <windows.h>
@@ -7,7 +7,7 @@
 
 namespace discwright::host {
 
-// Holds null for "none"; INVALID_HANDLE_VALUE becomes that.
+// Holds null when there is no handle. INVALID_HANDLE_VALUE becomes null.
 class OwnedHandle {
  public:
   OwnedHandle() = default;

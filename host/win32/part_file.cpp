@@ -1,4 +1,4 @@
-// Writes a file under a temporary name and renames it to NAME.
+// Writes a file under a temporary name, and renames it when it is complete.
 #include "host/part_file.h"
 
 #include <windows.h>
@@ -21,8 +21,9 @@ namespace {
 
 Status Replaced() { return Status::Failure(ErrorClass::kExists, "Another run has replaced the unfinished file"); }
 
-// Whether `file` is what stands at `path`. Both are in one folder, so the volumes are not compared: Wine forgets the
-// volume of a file that is renamed while it is open. Windows 95, 98 and Me let nobody rename or delete an open file.
+// Whether `path` is the path of the open file. Both are in the same folder, so the volumes are not compared: Wine
+// forgets the volume of a file that is renamed while it is open. On Windows 95, 98 and Me no program can rename or
+// delete an open file.
 bool IsAt(HANDLE file, const AnsiPath& path) {
   if (!IsNtFamily()) return true;
   const Result<NativeFacts> opened = FactsOfHandle(file);
@@ -39,7 +40,7 @@ class WindowsPartFile : public PartFile {
   ~WindowsPartFile() override {
     if (!is_unfinished_) return;
     const bool is_mine = !file_.valid() || IsAt(file_.get(), part_);
-    // The NT family would delete it while it is open, too, but keep its name until then.
+    // The NT family could also delete the file while it is open, but the name would stay until the file is closed.
     file_.Close();
     if (is_mine) DeleteFileA(part_.c_str());
   }
@@ -62,7 +63,7 @@ class WindowsPartFile : public PartFile {
 
  private:
   // Another run may put its own file under the part's name at any time. So the part first gets a name that no other run
-  // uses, and there it is checked whose file it is.
+  // uses. Then it is checked whose file it is.
   Status CommitWhileOpen() {
     const AnsiPath mine(TemporaryName(name_));
     if (!mine.status.ok()) return mine.status;
@@ -84,15 +85,15 @@ class WindowsPartFile : public PartFile {
     return MoveOver(part_, name_);
   }
 
-  Mutex mutex_;  // between moving to a position and writing there
+  Mutex mutex_;  // is held from moving to a position to the end of writing there
   OwnedHandle file_;
   AnsiPath name_;
-  AnsiPath part_;  // where it stands until it has its name
+  AnsiPath part_;  // the path until the file has its final name
   std::uint64_t end_ = 0;
   bool is_unfinished_ = true;
 };
 
-// Removes an old part. It is not reused, because another run may still have it open. On the NT family a deleted file
+// Deletes an old part. It is not reused, because another run may still have it open. On the NT family a deleted file
 // keeps its name until it is closed, so it is renamed first.
 Status Clear(const AnsiPath& part) {
   Status status = OnlyRegular(part);
@@ -105,21 +106,21 @@ Status Clear(const AnsiPath& part) {
   return DeleteForSure(aside);
 }
 
-// False where nothing is known, as on the first Windows 95.
+// Returns false when the room on the disk is unknown, as on the first Windows 95.
 bool DiskIsTooSmall(const AnsiPath& file, std::uint64_t size) {
   using Call = decltype(GetDiskFreeSpaceExA);
   static Call* const look = NewerCall<Call>("kernel32.dll", "GetDiskFreeSpaceExA");
   const AnsiPath folder(base::ParentFolder(AbsolutePath(file.core)));
   ULARGE_INTEGER room{};
-  // A share of another computer is only known with a separator at its end.
+  // The call accepts a share of another computer only with a separator at its end.
   return look != nullptr && look((folder.native + "\\").c_str(), &room, nullptr, nullptr) != 0 && room.QuadPart < size;
 }
 
-// The largest file of FAT. Beyond it the system calls the disk full, although there is room.
+// The largest file that FAT can store. For a larger one the system reports a full disk, although there is room.
 constexpr std::uint64_t kLargestOnFat = 0xFFFFFFFF;  // bytes
 
-// Only a disk or file system that is too small is a failure, not one that cannot set room aside. The disk is asked
-// first, because some file systems only record the size.
+// Reserves room for `size` bytes. Fails only when the disk or the file system is too small, and not when room cannot be
+// reserved. The disk is asked first, because some file systems only record the size.
 Status SetAside(HANDLE file, const AnsiPath& path, std::uint64_t size) {
   if (DiskIsTooSmall(path, size)) return StatusOf(ERROR_DISK_FULL);
   const bool is_large = size > kLargestOnFat;
@@ -143,7 +144,7 @@ Result<std::unique_ptr<PartFile>> CreatePartFile(std::string_view path, std::uin
   } while (file.status.error == ErrorClass::kExists);
   if (!file.status.ok()) return file.status;
   Status status = SetAside(file.handle.get(), part, size);
-  // On a failure its end removes the file again.
+  // After a failure, the destructor of this object deletes the file.
   auto made = std::make_unique<WindowsPartFile>(std::move(file.handle), name, part);
   if (!status.ok()) return status;
   return made;

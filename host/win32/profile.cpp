@@ -1,5 +1,5 @@
-// The system's calls for profile files and the registry. Profile files in UTF-8, which these calls do not know, are
-// read and written as text. So are values that the ANSI code page cannot hold.
+// Reads and writes profile files and the registry with the system's calls. Profile files in UTF-8, which these calls do
+// not support, are read and written as text. So are values that the ANSI code page cannot hold.
 #include "host/profile.h"
 
 #include <windows.h>
@@ -17,7 +17,8 @@
 namespace discwright::host {
 namespace {
 
-// The default given to the call. No value can be this, so it means that there is no such key.
+// The default value that is passed to the call. No value in a file can be equal to it, so it means that the key does
+// not exist.
 constexpr const char* kNoValue = "\n";
 
 // The arguments of the system's calls.
@@ -27,14 +28,14 @@ struct NativeKey {
   std::string key;
 };
 
-// The full path. The calls look for a name without a folder in the folder of Windows.
+// The full path of a profile file. The calls look for a name without a folder in the folder of Windows.
 std::string PlaceOf(std::string_view file) {
   const bool is_bare = !file.empty() && base::NameOf(file) == file;
   const std::string windows = is_bare ? WindowsFolder() : "";
   return windows.empty() ? PathFromNative(file) : base::InFolder(windows, file);
 }
 
-// Nothing when the ANSI code page cannot hold one of them.
+// Returns std::nullopt when the ANSI code page cannot hold one of them.
 std::optional<NativeKey> ToNative(std::string_view file, std::string_view section, std::string_view key) {
   const std::optional<std::string> native_file = NativePath(file);
   const std::optional<std::string> native_section = CodePageBytes(section);
@@ -43,10 +44,10 @@ std::optional<NativeKey> ToNative(std::string_view file, std::string_view sectio
   return NativeKey{*native_file, *native_section, *native_key};
 }
 
-// Windows 95 to Me keep the last used profile in memory; others write these files too.
+// Windows 95 to Me keep the last used profile in memory. It is dropped, because other programs write these files, too.
 void DropKeptProfile(const std::string& file) { WritePrivateProfileStringA(nullptr, nullptr, nullptr, file.c_str()); }
 
-// A key that is closed by its owner's end; null when it could not be opened.
+// Owns an open registry key and closes it in its destructor. The key is null when it could not be opened.
 class OpenKey {
  public:
   explicit OpenKey(const std::string& sub_key) {
@@ -73,7 +74,7 @@ ProfileValue ReadProfileValue(std::string_view file_name, std::string_view secti
   const std::optional<NativeKey> native = ToNative(file, section, key);
   if (!native || base::IsUtf8File(bytes.value)) return ReadTextProfile(file, section, key);
   DropKeptProfile(native->file);
-  std::string value(bytes.value.size() + 3, '\0');  // no value is longer; and room for the default
+  std::string value(bytes.value.size() + 3, '\0');  // longer than any value, and than the default
   value.resize(GetPrivateProfileStringA(native->section.c_str(), native->key.c_str(), kNoValue, value.data(),
                                         static_cast<DWORD>(value.size()), native->file.c_str()));
   return value == kNoValue ? ProfileValue() : ProfileValue(TextOfCodePage(value));
@@ -86,8 +87,8 @@ Status WriteProfileValue(std::string_view file_name, std::string_view section, s
   if (!bytes.ok() && bytes.status.error != ErrorClass::kNotFound) return bytes.status;
   const std::optional<NativeKey> native = ToNative(file, section, key);
   const std::optional<std::string> native_value = CodePageBytes(base::OneLine(value));
-  // Nor may the value's own bytes make UTF-8 of the file by chance.
-  // Through a link the system's call would change the target.
+  // The value is written as text when its bytes could make the file look like UTF-8 by chance. So it is when the file
+  // is a link, because the system's call would change the link's target.
   if (!native || !native_value || base::IsUtf8File(bytes.value) || base::IsUtf8File(*native_value) ||
       IsLink(AnsiPath(file))) {
     return WriteTextProfile(file, section, key, value);

@@ -1,4 +1,4 @@
-// Opens regular files and moves their bytes, also for the core.
+// Opens regular files, and reads and writes them.
 #include "host/win32/regular_file.h"
 
 #include <algorithm>
@@ -11,7 +11,7 @@
 namespace discwright::host {
 namespace {
 
-// One call's bytes: a larger buffer is more than some network drives take.
+// The most bytes that one call moves. Some network drives do not accept larger buffers.
 constexpr std::size_t kLargestCall = std::size_t{16} << 20;
 
 DWORD CallSize(std::size_t left) { return static_cast<DWORD>(std::min(left, kLargestCall)); }
@@ -36,8 +36,8 @@ class WindowsBinaryFile : public BinaryFile {
   }
 
  private:
-  // Windows 95, 98 and Me do not clear the gap between a file's end and what is written behind it: it would show what
-  // the disk held before.
+  // Windows 95, 98 and Me do not clear the gap between the end of a file and data that is written behind it. The gap
+  // would contain what the disk held before.
   Status FillUpTo(std::int64_t position) {
     static constexpr std::array<std::byte, 4096> kZeros{};
     const Result<std::int64_t> length = Length();
@@ -65,7 +65,7 @@ Status OnlyRegular(const AnsiPath& path) {
 
 RegularFile OpenRegular(const AnsiPath& path, DWORD access, DWORD disposition, DWORD share, DWORD flags) {
   RegularFile file;
-  // Asked before opening, because opening a device may already do something.
+  // The kind is checked before the file is opened, because opening a device may already have an effect.
   file.status = OnlyRegular(path);
   if (!file.status.ok()) return file;
   file.handle = OwnedHandle(
@@ -94,7 +94,7 @@ Status WriteAll(HANDLE file, std::span<const std::byte> bytes) {
   while (!bytes.empty()) {
     DWORD done = 0;
     if (WriteFile(file, bytes.data(), CallSize(bytes.size()), &done, nullptr) == 0) return LastFailure();
-    // Some systems tell of a full disk only by this.
+    // Some systems report a full disk only in this way.
     if (done == 0) return StatusOf(ERROR_DISK_FULL);
     bytes = bytes.subspan(done);
   }
@@ -124,7 +124,8 @@ Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode m
     if (Status removed = RemoveFile(path); !removed.ok()) return removed;
   }
   RegularFile file = OpenRegular(AnsiPath(path), access, writes ? OPEN_ALWAYS : OPEN_EXISTING, ShareEverything());
-  // Emptied only now, when it is known to be a file. Besides, CREATE_ALWAYS refuses hidden files.
+  // The file is emptied only here, where it is known to be a regular file. CREATE_ALWAYS would also refuse hidden
+  // files.
   if (file.status.ok() && mode == OpenMode::kCreateEmpty) file.status = SetSize(file.handle.get(), 0);
   if (!file.status.ok()) return file.status;
   return WrapBinaryFile(std::move(file.handle));

@@ -1,7 +1,8 @@
-// Calls that the compiler's runtime imports and that Windows 95 and 98 lack or only fail: made here from older ones.
+// Implements calls that the compiler's runtime imports, but that are missing or always fail on Windows 95 and 98. They
+// are made from older calls.
 //
-// The runtime calls through pointers with the names below, which the linker takes from an import library only when no
-// object file has them. Each does only what the runtime needs of it.
+// The runtime makes these calls through pointers with the names below. The linker takes such a pointer from an import
+// library only when no object file defines it. Each function does only what the runtime needs.
 #include <sys/stat.h>
 #include <windows.h>
 
@@ -16,7 +17,7 @@
 namespace discwright::host {
 namespace {
 
-// For names of libraries, which are plain ASCII.
+// Converts the name of a library, which is plain ASCII.
 class NarrowName {
  public:
   explicit NarrowName(const wchar_t* wide) : is_null_(wide == nullptr) {
@@ -34,20 +35,20 @@ HMODULE WINAPI ModuleHandle(const wchar_t* name) { return GetModuleHandleA(Narro
 
 HMODULE WINAPI Load(const wchar_t* name) { return LoadLibraryA(NarrowName(name).get()); }
 
-// The runtime asks for the library that a thread's objects belong to, to keep it loaded. Here that is the program
-// itself, which stays loaded anyway. The runtime releases nothing when it gets null.
+// The runtime asks for the library to which a thread's objects belong, to keep it loaded. Here this is the program
+// itself, which always stays loaded. The runtime releases nothing when it gets null.
 BOOL WINAPI ModuleOfAddress(DWORD, const wchar_t*, HMODULE* module) {
   *module = nullptr;
   return TRUE;
 }
 
-// The runtime's semaphores have no names. A failure here would be an error of every lock that two threads want at once.
+// The runtime's semaphores have no names. If this call failed, every lock that two threads want at once would fail.
 HANDLE WINAPI Semaphore(SECURITY_ATTRIBUTES* security, LONG first, LONG most, const wchar_t*) {
   return CreateSemaphoreA(security, first, most, nullptr);
 }
 
-#ifndef _WIN64  // no 64-bit Windows lacks it
-// Streams ask for the size of a file.
+#ifndef _WIN64  // every 64-bit Windows has it
+// The C++ streams ask for the size of a file with this call.
 int __cdecl FileFacts(int file, struct _stat64* facts) {
   struct _stati64 old {};
   const int result = _fstati64(file, &old);

@@ -1,4 +1,4 @@
-// Batch files for cmd.exe and command.com.
+// Writes the parts of batch files for cmd.exe and command.com.
 #include "host/script.h"
 
 #include <windows.h>
@@ -11,15 +11,16 @@
 namespace discwright::host {
 namespace {
 
-// What separates arguments or means something to a shell. Beyond ASCII nothing does.
+// The characters that separate arguments or have a special meaning for a shell. None of them is outside ASCII.
 constexpr std::string_view kSpecial = " \t&()^;,=%!|<>";
 
-// The short form of an absolute path; of one that is not there yet, that of its folder with its own name.
+// The short form of an absolute path. When the path does not exist yet, the short form of its folder, with the name
+// itself.
 std::string Shortened(const std::string& path) {
   if (std::string short_path = ShortPath(path); !short_path.empty()) return short_path;
   const std::size_t separator = path.rfind('\\');
   if (separator == path.npos) return path;
-  // The root of a drive is a folder only with its separator.
+  // The path of a drive's root must end in its separator.
   std::string folder = ShortPath(path.substr(0, separator + 1));
   if (folder.empty()) return path;
   if (!folder.ends_with('\\')) folder += '\\';
@@ -28,11 +29,11 @@ std::string Shortened(const std::string& path) {
 
 std::string WithoutQuotes(std::string_view path) {
   std::string without(path);
-  std::erase(without, '"');  // no name has one
+  std::erase(without, '"');  // no name contains a quote
   return without;
 }
 
-// One argument of a line in a batch file, where a percent sign stands for itself only when doubled.
+// Writes one argument of a line in a batch file, where a percent sign must be doubled to stand for itself.
 std::string Argument(const std::string& text) {
   if (text.find_first_of(kSpecial) == text.npos) return text;
   std::string quoted = "\"";
@@ -44,7 +45,7 @@ std::string Argument(const std::string& text) {
 
 std::array<std::string, 3> ScriptPrologue(std::string_view folder) {
   const std::string argument = ScriptPath(folder);
-  // The shell has no current folder on another computer; this gives it a drive there.
+  // The shell cannot have a current folder on another computer; pushd gives it a drive there.
   if (folder.starts_with("\\\\")) return {"@echo off", "rem The program is on another computer.", "pushd " + argument};
   return {"@echo off", std::string(folder.substr(0, 2)), "cd " + argument};
 }
@@ -57,7 +58,8 @@ std::string ScriptPath(std::string_view path) {
 
 std::string_view ScriptLineEnd() { return "\r\n"; }
 
-// Both shells read scripts in the OEM code page. In the ANSI code page a name beyond ASCII would be another name there.
+// Both shells read scripts in the OEM code page. In the ANSI code page, a name with characters outside ASCII would be
+// read as another name.
 Result<std::string> ScriptBytes(std::string_view text) {
   std::optional<std::string> bytes = BytesInCodePage(text, CP_OEMCP);
   if (!bytes) return NameNotInCodePage();

@@ -1,4 +1,4 @@
-// The SHA-256 of files, computed by our own code: Windows 98 has none.
+// Computes the SHA-256 of files with this program's own code, because Windows 98 has no function for it.
 #include "base/sha256.h"
 
 #include "host/files.h"

@@ -1,8 +1,8 @@
-// Hands moves and renames to the shell's file-operation service.
+// Passes moves and renames to the shell's file-operation service.
 #include "host/shell_operations.h"
 
 #include <windows.h>
-// After it, because it needs its types.
+// This header must follow windows.h, because it needs its types.
 #include <shellapi.h>
 
 #include <algorithm>
@@ -13,13 +13,13 @@
 namespace discwright::host {
 namespace {
 
-// Packed on 32-bit Windows only; elsewhere the service reads other members than it was given.
+// The structure is packed on 32-bit Windows only. With another layout, the service would read the wrong members.
 static_assert(sizeof(void*) != 4 || sizeof(SHFILEOPSTRUCTA) == 30);
 
-// The service's number for a path that it cannot take.
+// The service's error number for a path that it cannot use.
 constexpr int kInvalidFiles = 0x7C;
 
-// A list of one for the service: it ends at the second of two NULs, one of which every string has.
+// Makes a list of one entry for the service. The list ends with two NULs, and every string has one already.
 std::optional<std::string> ListOf(std::string_view text) {
   std::optional<std::string> ansi = CodePageBytes(text);
   if (ansi) ansi->push_back('\0');
@@ -27,7 +27,7 @@ std::optional<std::string> ListOf(std::string_view text) {
 }
 
 std::optional<std::string> PathList(std::string path) {
-  // A list of none would mean every file of the current folder.
+  // The service would take an empty list for every file of the current folder.
   if (path.empty() || path.find('\0') != path.npos) return std::nullopt;
   std::replace(path.begin(), path.end(), '/', '\\');
   return ListOf(path);

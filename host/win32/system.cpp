@@ -1,4 +1,4 @@
-// Facts about the machine and the running program.
+// Tells facts about the machine and the running program.
 #include "host/system.h"
 #include "host/names.h"
 
@@ -16,7 +16,7 @@
 namespace discwright::host {
 namespace {
 
-// A drive without a disc is a failure like any other; the system would ask the user to put one in.
+// A drive without a disc is a failure like any other. By default, the system would ask the user to insert a disc.
 const UINT kFormerErrorMode = SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
 
 }  // namespace
@@ -35,16 +35,16 @@ std::string CurrentFolder() {
 
 std::shared_ptr<void> ClaimFolder(std::string_view folder) {
   std::string name = "Discwright " + AnsiPath(FoldCase(AbsolutePath(folder))).native;
-  std::replace(name.begin(), name.end(), '\\', '/');  // no name of a mutex can have a backslash
+  std::replace(name.begin(), name.end(), '\\', '/');  // the name of a mutex must not have a backslash
   SetLastError(ERROR_SUCCESS);
   OwnedHandle mutex(CreateMutexA(nullptr, FALSE, name.c_str()));
   const DWORD error = GetLastError();
-  // A mutex of another user exists, but must not be opened.
+  // A mutex of another user exists, too, but cannot be opened.
   if (error == ERROR_ALREADY_EXISTS || error == ERROR_ACCESS_DENIED) return nullptr;
   return std::make_shared<OwnedHandle>(std::move(mutex));
 }
 
-void LetLargeWritesFail() {}  // they always do
+void LetLargeWritesFail() {}  // on Windows they always fail
 
 int PlatformId() {
   OSVERSIONINFOA version{};

@@ -1,4 +1,5 @@
-// Critical sections, semaphores and threads: what every Windows since 95 has.
+// Implements threads, locks and conditions with critical sections, semaphores and threads of the system, which every
+// Windows since 95 has.
 #include "host/threads.h"
 
 #include <process.h>
@@ -21,8 +22,8 @@ Mutex::~Mutex() { DeleteCriticalSection(&state_->section); }
 void Mutex::lock() { EnterCriticalSection(&state_->section); }
 void Mutex::unlock() { LeaveCriticalSection(&state_->section); }
 
-// Waiting threads are counted under the condition's own lock. A notice takes one off the count and releases the
-// semaphore once, so no notice is lost, and none is kept for a thread that comes later.
+// The condition counts the waiting threads under its own lock. A notification takes one thread off the count and
+// releases the semaphore once. So no notification is lost, and none is kept for a thread that comes later.
 struct Condition::State {
   CRITICAL_SECTION section;
   HANDLE semaphore = nullptr;
@@ -52,7 +53,7 @@ bool Condition::WaitFor(Mutex& mutex, int milliseconds) {
   bool noticed = WaitForSingleObject(state_->semaphore, limit) == WAIT_OBJECT_0;
   if (!noticed) {
     EnterCriticalSection(&state_->section);
-    // A notice may have come between the end of the time and here; then its release belongs to this thread.
+    // A notification may have come after the time was over. Then this thread must take its release of the semaphore.
     if (WaitForSingleObject(state_->semaphore, 0) == WAIT_OBJECT_0) {
       noticed = true;
     } else {
@@ -96,10 +97,10 @@ struct Thread::State {
 
 Thread::Thread(std::function<void()> work) : state_(std::make_unique<State>()) {
   auto own = std::make_unique<std::function<void()>>(std::move(work));
-  unsigned id = 0;  // Windows 95 does not take a null pointer for it
-  // The C library's own call, which prepares what it keeps for each thread.
+  unsigned id = 0;  // Windows 95 does not accept a null pointer for it
+  // _beginthreadex is the C library's own call. It prepares the data that the library keeps for each thread.
   const std::uintptr_t handle = _beginthreadex(nullptr, 0, RunThread, own.get(), 0, &id);
-  state_->handle = reinterpret_cast<HANDLE>(handle);  // NOLINT(performance-no-int-to-ptr): so it is declared
+  state_->handle = reinterpret_cast<HANDLE>(handle);  // NOLINT(performance-no-int-to-ptr): the call returns a number
   if (state_->handle == nullptr)
     throw std::system_error(std::make_error_code(std::errc::resource_unavailable_try_again));
   static_cast<void>(own.release());
