@@ -40,7 +40,7 @@ void EndWithoutException() {
 int RunProgram(std::string_view name, const std::function<int()>& program) {
   running_program = name;
   std::set_terminate(EndWithoutException);
-  LetLargeWritesFail();
+  SetUpSignals();
   try {
     return program();
   } catch (const std::bad_alloc&) {

@@ -18,9 +18,10 @@ std::string CurrentFolder();
 // program on the same machine. Leaves nothing in the folder.
 std::shared_ptr<void> ClaimFolder(std::string_view folder);
 
-// From now on, a write fails when it would make a file larger than this account may make it, and does not end the
-// program.
-void LetLargeWritesFail();
+// Prepares the signals of POSIX systems; every program calls it at its start. Afterwards a write that makes a file too
+// large fails and does not end the program. The exit codes of started programs are known, even if the parent of this
+// program ignores the signal SIGCHLD and has handed that down.
+void SetUpSignals();
 
 // 1 for Windows 95, 98 and Me; 2 for the NT family and all other systems.
 int PlatformId();

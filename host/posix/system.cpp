@@ -54,7 +54,10 @@ std::shared_ptr<void> ClaimFolder(std::string_view folder) {
   return claim;
 }
 
-void LetLargeWritesFail() { std::signal(SIGXFSZ, SIG_IGN); }
+void SetUpSignals() {
+  std::signal(SIGXFSZ, SIG_IGN);
+  std::signal(SIGCHLD, SIG_DFL);
+}
 
 int PlatformId() { return 2; }
 

@@ -4,6 +4,7 @@
 
 #include <csignal>
 
+#include "host/system.h"
 #include "tests/host/launching.h"
 
 namespace discwright::host {
@@ -27,6 +28,15 @@ TEST_F(PosixChild, SignalIgnoredByTheParent_IsNotIgnoredByTheProgram) {
   const ProcessEnd end = RunToEnd(*launcher, BatchFile({"kill -INT $$"}));
   std::signal(SIGINT, old_handler);
   EXPECT_EQ(end.killed_by, "SIGINT");
+}
+
+// Some parents start programs with SIGCHLD ignored. The system then keeps no exit codes.
+TEST_F(PosixChild, FailureUnderAParentThatIgnoresTheEndOfItsChildren_IsKnown) {
+  std::signal(SIGCHLD, SIG_IGN);
+  SetUpSignals();
+  const auto launcher = Create();
+  EXPECT_EQ(RunToEnd(*launcher, BatchFile({"exit 7"})).exit_code, 7);
+  std::signal(SIGXFSZ, SIG_DFL);
 }
 
 TEST_F(PosixChild, EachProgram_HasAProcessGroupOfItsOwn) {

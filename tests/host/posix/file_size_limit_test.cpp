@@ -19,7 +19,7 @@ constexpr std::uint64_t kLargest = 4096;
 class FileSizeLimit : public ::testing::Test {
  protected:
   void SetUp() override {
-    LetLargeWritesFail();
+    SetUpSignals();
     getrlimit(RLIMIT_FSIZE, &before_);
     const rlimit limit{kLargest, before_.rlim_max};
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
