@@ -1,4 +1,4 @@
-// Translates core paths to paths for the system's ANSI calls:
+// Translates paths of the core to paths for the ANSI calls of the system. Example:
 //
 //   const AnsiPath path(core_path);
 //   if (!path.status.ok()) return path.status;
