@@ -176,7 +176,7 @@ Result<std::string> LookUp(const std::string& native, Unlisted unlisted) {
   return NativeJoin(folder, real.ok() ? real.value : std::string(name));
 }
 
-Result<std::string> RealPath(std::string_view path, Unlisted unlisted) {
+Result<std::string> FindRealPath(std::string_view path, Unlisted unlisted) {
   std::string native = NativePath(path);
   if (native.empty()) return native;
   const Status there = LookAt(native);
@@ -186,7 +186,7 @@ Result<std::string> RealPath(std::string_view path, Unlisted unlisted) {
 
 }  // namespace
 
-Result<std::string> RealPath(std::string_view path) { return RealPath(path, Unlisted::kFailure); }
+Result<std::string> RealPath(std::string_view path) { return FindRealPath(path, Unlisted::kFailure); }
 
 Result<std::string> RealPathOfNew(std::string_view path) {
   std::string native = NativePath(path);
@@ -194,7 +194,8 @@ Result<std::string> RealPathOfNew(std::string_view path) {
   if (name.empty()) return native;
   const Result<std::string> real = Cache().Find(NativeFolder(native), name, Unlisted::kEmpty);
   // Otherwise the name is not new, or its folder is missing. Then an exact match of the whole path goes first.
-  return real.ok() && real.value == name ? Result<std::string>(std::move(native)) : RealPath(path, Unlisted::kEmpty);
+  return real.ok() && real.value == name ? Result<std::string>(std::move(native))
+                                         : FindRealPath(path, Unlisted::kEmpty);
 }
 
 void NoteCreated(const std::string& native) { Cache().NoteCreated(native); }

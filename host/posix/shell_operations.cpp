@@ -59,7 +59,7 @@ Status MoveMatches(std::string_view folder, std::string_view pattern, std::strin
   std::erase_if(names.value,
                 [&](const std::string& name) { return !base::MatchesWildcard(FoldCase(CoreName(name)), folded); });
   if (names.value.empty()) return StatusOf(ENOENT);
-  const Status made = MakeFolders(destination);
+  Status made = MakeFolders(destination);
   if (!made.ok()) return made;
   const Result<std::string> to = RealPathOfNew(destination);
   return to.ok() ? MoveNames(from, names.value, to.value) : to.status;

@@ -24,6 +24,8 @@ namespace {
 
 // The path by which the program was started, with links followed; used where /proc is missing.
 std::string StartedPath() {
+  // The function returns addresses as numbers.
+  // NOLINTNEXTLINE(performance-no-int-to-ptr)
   const auto* const started = reinterpret_cast<const char*>(getauxval(AT_EXECFN));
   const std::unique_ptr<char, void (*)(void*)> real(started == nullptr ? nullptr : realpath(started, nullptr),
                                                     std::free);
