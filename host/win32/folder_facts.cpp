@@ -45,7 +45,7 @@ Result<FolderFacts> FactsOfFolder(std::string_view path) {
 }
 
 std::string FollowedPath(std::string_view path) {
-  const std::string absolute = AbsolutePath(path);
+  std::string absolute = AbsolutePath(path);
   std::string rest;
   for (std::string existing = absolute;;) {
     if (std::string target = TargetOf(AnsiPath(existing)); !target.empty()) {
