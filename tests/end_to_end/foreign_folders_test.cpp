@@ -166,7 +166,7 @@ TEST_F(ForeignFolders, WithoutProc_TheProgramsOwnFolderIsUsedAndNotTheCurrentOne
        {(program / "discwright-build").string(), std::string("../program/discwright-build"), std::string("../link")}) {
     // The sanitizer's search for leaks needs /proc.
     const Outcome outcome = RunProgram(Join(hide_proc, {started, "-o", image.string()}),
-                                       {.environment = {{"ASAN_OPTIONS", "detect_leaks=0"}}, .working_folder = photos});
+                                       {.working_folder = photos, .environment = {{"ASAN_OPTIONS", "detect_leaks=0"}}});
     EXPECT_EQ(outcome.exit_code, 0) << outcome.err;
     EXPECT_TRUE(fs::remove(image));
     EXPECT_EQ(ReadFile(photos / "vexacd" / "photo.jpg"), "mine");
