@@ -22,7 +22,7 @@ void NoteHiddenIn(steps::Context& context, const std::string& folder) {
     const bool is_folder = entry.kind == host::EntryKind::kFolder;
     if (is_hidden) {
       context.notes.Add(path, std::string("will not be visible on the CD, because the boot files have names like this: "
-                                          "rename the ") +
+                                          "rename your ") +
                                   (is_folder ? "folder" : "file") + " and build the CD again");
     } else if (is_folder && !entry.loops) {
       NoteHiddenIn(context, path);

@@ -53,7 +53,8 @@ class OutputWatch {
   }
   bool linker_has_finished() const { return linker_has_finished_; }
   const std::vector<std::string>& left_out() const { return left_out_; }
-  bool image_was_written() const { return image_was_written_; }
+  // The last line may lack its line end.
+  bool image_was_written() const { return image_was_written_ || line_.find(kWritten) != line_.npos; }
 
  private:
   void EndLine() {

@@ -32,8 +32,8 @@ TEST_F(HiddenFiles, FilesAndFoldersWithTheNamesOfTheBootFiles_AreNoted) {
   EXPECT_THAT(NoteLines(), ElementsAre(HasSubstr(cd + "boot\\boot.catalog: will not be visible on the CD"),
                                        HasSubstr(cd + "vexa\\tool\\loader.bin: will not be visible on the CD"),
                                        HasSubstr(cd + "work\\boot.catalog: will not be visible on the CD")));
-  EXPECT_THAT(NoteLines()[1], HasSubstr("rename the file "));
-  EXPECT_THAT(NoteLines()[2], HasSubstr("rename the folder "));
+  EXPECT_THAT(NoteLines()[1], HasSubstr("rename your file "));
+  EXPECT_THAT(NoteLines()[2], HasSubstr("rename your folder "));
 }
 
 TEST_F(HiddenFiles, WholeBuild_NotesThemBeforeTheMastering) {
