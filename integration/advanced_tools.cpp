@@ -114,7 +114,7 @@ void MoveRemaining(steps::Context& context, const std::string& from, const std::
     const std::string source = from + "\\" + entry.name;
     const host::Result<host::Entry> existing = host::Look(to + "\\" + entry.name);
     const bool is_new = existing.status.error == host::ErrorClass::kNotFound;
-    // What is not known to fit stays. MoveToTree notes it.
+    // An entry is not moved when it is unknown whether it fits. MoveToTree notes it.
     if (!entry.problem.ok() || (!existing.ok() && !is_new)) continue;
     if (existing.ok() && existing.value.kind != entry.kind) continue;
     if (existing.ok() && entry.kind == host::EntryKind::kFolder) {

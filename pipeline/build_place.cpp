@@ -26,8 +26,8 @@ struct Claim {
   std::shared_ptr<void> folder;
 };
 
-// An image that a killed run left may never be fetched, because the next build may not make this disk. One that a run
-// left which ended by itself is used when CreateDsk fails (see boot_disks.cpp).
+// Deletes the disk images of a killed run. A later build may not make all of these disks, and would leave their images
+// there for ever. Images of a run that ended by itself stay: they are used when CreateDsk fails (see boot_disks.cpp).
 void RemoveImagesOfAKilledRun() {
   using util::Item;
   if (!util::FileExists(util::PathOf(Item::kWriteTest))) return;

@@ -26,7 +26,9 @@ class Deletion {
   // The folder is listed once, before anything in it is deleted. So the loop ends even if something cannot be deleted.
   bool RemoveTree(const std::string& folder) {
     // What is mounted in a folder belongs to the user.
-    if (host::FactsOfFolder(folder).value.is_mount_point) {
+    const host::Result<host::FolderFacts> facts = host::FactsOfFolder(folder);
+    if (!Removed(facts.status, folder)) return false;
+    if (facts.value.is_mount_point) {
       if (notes_ != nullptr) notes_->Add(folder, "was not deleted: it is a mount point; unmount it");
       return false;
     }

@@ -1,6 +1,6 @@
 // The two folders of the program folder that every build empties: the workspace and the staging folder. A build makes
-// them with MakeEmptiedFolder, which leaves a mark beside the folder. A folder without its mark is somebody else's and
-// is never emptied: call WhyNotEmptied before a build.
+// them with MakeEmptiedFolder, which leaves a mark beside the folder. A folder without its mark may belong to the user
+// and is never emptied. Call WhyNotEmptied before a build.
 #pragma once
 
 #include <functional>

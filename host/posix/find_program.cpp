@@ -78,8 +78,8 @@ std::optional<std::string> FindInPath(std::string_view name) {
   return std::nullopt;
 }
 
-// A program at the start of a line. A quote cannot stand between quotes there. Without quotes, the reader of the line
-// finds the end of the program by itself.
+// Puts the path of a program in quotes for the start of a command line. A path that contains a quote stays without
+// quotes, because the part in quotes would end there. ParseCommandLine then finds the end of the path by itself.
 std::string QuotedProgram(const std::string& path) { return path.find('"') == path.npos ? "\"" + path + "\"" : path; }
 
 // Quotes one argument of a line; see SplitArguments.

@@ -66,6 +66,17 @@ TEST_F(DelTreeTest, MountPoint_StaysWithEverythingInItAndIsNoted) {
   EXPECT_EQ(notes.all()[0].cause, "was not deleted: it is a mount point; unmount it");
 }
 
+// Something of the user may be mounted there.
+TEST_F(DelTreeTest, FolderThatCannotBeExamined_StaysWithEverythingInItAndIsNoted) {
+  host.AddFile("C:\\tree\\inner\\photo.jpg", "mine");
+  host.FailOn("FactsOfFolder", "inner", host::ErrorClass::kNotReady, "the disk is gone");
+  EXPECT_FALSE(DelTree("C:\\tree", &notes));
+  EXPECT_EQ(host.Content("C:\\tree\\inner\\photo.jpg"), "mine");
+  ASSERT_EQ(notes.all().size(), 1U);
+  EXPECT_EQ(notes.all()[0].place, "C:\\tree\\inner");
+  EXPECT_EQ(notes.all()[0].cause, "could not be deleted: the disk is gone");
+}
+
 TEST_F(DelTreeTest, FolderThatCannotBeListed_IsNotTakenForDeleted) {
   host.AddFile("C:\\t\\file", "x");
   host.FailOn("ListFolder", "C:\\t", host::ErrorClass::kNotReady, "Input/output error");
