@@ -16,9 +16,8 @@ void SetWakeUp();
 // has happened since the last call.
 void WaitForWakeUp(int milliseconds);
 
-// From now on, the first Ctrl-C or request to terminate is counted, and does not end the program. The second one ends
-// the program at once with `exit_code`, whatever the program is doing. It also ends all programs that were started
-// through a launcher.
+// After this call the first Ctrl-C, or request to terminate, does not end the program: InterruptCount reports it. The
+// second one ends the program at once with `exit_code`, and every program that it has started through a launcher.
 void CatchInterrupts(int exit_code);
 // How often the user has pressed Ctrl-C, or the program was asked to terminate, since CatchInterrupts.
 int InterruptCount();

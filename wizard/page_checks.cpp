@@ -1,4 +1,4 @@
-// Makes the checks of the pages, which are listed in a table.
+// Checks the choices on each page before Next leaves it. A table lists the checks.
 #include "wizard/page_checks.h"
 
 #include <algorithm>

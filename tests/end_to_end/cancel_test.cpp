@@ -1,5 +1,7 @@
 // Tests of Ctrl-C at every stage: the build ends with a message, and leaves neither a running program nor an image.
 #include <csignal>
+#include <functional>
+#include <vector>
 
 #include "tests/end_to_end/build_test.h"
 #include "tests/end_to_end/left_files.h"
@@ -9,6 +11,14 @@ namespace discwright::testing {
 namespace {
 
 constexpr int kCancelled = 130;
+
+// Waits for the file `first` and stops the process, so that a fast machine does not finish the build. False when the
+// build has already made `last`.
+bool CaughtInTheMiddle(RunningProgram& build, const fs::path& first, const fs::path& last) {
+  const bool begun = WaitUntil([&] { return fs::exists(first) || build.HasEnded(); });
+  build.Send(SIGSTOP);
+  return begun && !build.HasEnded() && !fs::exists(last);
+}
 
 class Cancel : public BuildTest {
  protected:
@@ -20,20 +30,25 @@ class Cancel : public BuildTest {
     EXPECT_TRUE(NoImageAt(image));
     EXPECT_TRUE(AllProcessesEnd(place.path())) << ::testing::PrintToString(ProcessesIn(place.path()));
   }
+  // Sends the signals to a build in the middle of a copy, and passes the build to `check`.
+  void InterruptTheCopy(const std::vector<int>& signals, const std::function<void(RunningProgram&)>& check) const {
+    for (int number = 10000; number < 16000; ++number) WriteFile(place / "tools" / std::to_string(number), "content");
+    bool caught = false;
+    for (int attempt = 0; attempt < 5 && !caught; ++attempt) {
+      RunningProgram build(Command(Utilities(place / "tools")));
+      caught = CaughtInTheMiddle(build, program / "vexacd/vexa/10000", program / "vexacd/vexa/15999");
+      for (const int signal : signals) build.Send(signal);
+      build.Send(SIGCONT);
+      if (caught) check(build);
+    }
+    ASSERT_TRUE(caught) << "the copy was always faster than this test";
+  }
   void ExpectNextBuildSucceeds() const {
     const Outcome outcome = Build();
     EXPECT_EQ(outcome.exit_code, 0) << outcome.err;
     EXPECT_TRUE(fs::exists(image));
   }
 };
-
-// Waits for the file `first` and stops the process, so that a fast machine does not finish the build. False when the
-// build has already made `last`.
-bool CaughtInTheMiddle(RunningProgram& build, const fs::path& first, const fs::path& last) {
-  const bool begun = WaitUntil([&] { return fs::exists(first) || build.HasEnded(); });
-  build.Send(SIGSTOP);
-  return begun && !build.HasEnded() && !fs::exists(last);
-}
 
 // Makes `levels` folders, each with two links to the next: so many ways lead through them that a count has no end.
 void MakeLinkFarm(const fs::path& folder, int levels = 40) {
@@ -66,20 +81,11 @@ TEST_F(Cancel, WhileALinkFarmIsCounted_CopiesNothing) {
 }
 
 TEST_F(Cancel, TwiceWhileALargeTreeIsCopied_EndsAtOnce) {
-  for (int number = 10000; number < 16000; ++number) WriteFile(place / "tools" / std::to_string(number), "content");
-  bool caught = false;
-  for (int attempt = 0; attempt < 5 && !caught; ++attempt) {
-    RunningProgram build(Command(Utilities(place / "tools")));
-    caught = CaughtInTheMiddle(build, program / "vexacd/vexa/10000", program / "vexacd/vexa/15999");
-    build.Send(SIGINT);
-    build.Send(SIGTERM);
-    build.Send(SIGCONT);
+  InterruptTheCopy({SIGINT, SIGTERM}, [&](RunningProgram& build) {
     const Outcome outcome = build.Wait();
-    if (!caught) continue;
     EXPECT_EQ(outcome.exit_code, kCancelled) << outcome.err;
     EXPECT_FALSE(fs::exists(program / "vexacd/vexa/15999"));
-  }
-  ASSERT_TRUE(caught) << "the copy was always faster than this test";
+  });
 }
 
 TEST_F(Cancel, WhileTheOldWorkspaceIsDeleted_LeavesTheRestOfIt) {
@@ -104,16 +110,7 @@ TEST_F(Cancel, WhileTheOldWorkspaceIsDeleted_LeavesTheRestOfIt) {
 }
 
 TEST_F(Cancel, WhileCopying_EndsAfterTheCopy) {
-  for (int number = 10000; number < 16000; ++number) WriteFile(place / "tools" / std::to_string(number), "content");
-  bool caught = false;
-  for (int attempt = 0; attempt < 5 && !caught; ++attempt) {
-    RunningProgram build(Command(Utilities(place / "tools")));
-    caught = CaughtInTheMiddle(build, program / "vexacd/vexa/10000", program / "vexacd/vexa/15999");
-    build.Send(SIGINT);
-    build.Send(SIGCONT);
-    if (caught) ExpectCancelled(build);
-  }
-  ASSERT_TRUE(caught) << "the copy was always faster than this test";
+  InterruptTheCopy({SIGINT}, [&](RunningProgram& build) { ExpectCancelled(build); });
   ExpectNextBuildSucceeds();
 }
 
