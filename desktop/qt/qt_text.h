@@ -1,0 +1,14 @@
+// Converts text between the core, which uses UTF-8, and Qt.
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+namespace discwright::desktop {
+
+// Bytes that are not valid UTF-8 become U+FFFD.
+QString ToQt(std::string_view text);
+std::string FromQt(const QString& text);
+
+}  // namespace discwright::desktop
