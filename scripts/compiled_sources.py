@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Lists the files that the compiler gets in a configured build folder, one in a line, without the tests.
+"""Lists the files that the compiler gets in a configured build folder, one in a line, without the tests and without
+sources that the build generates.
 
 In a unity build, one file stands for several sources.
 
@@ -27,7 +28,8 @@ def chosen(build, root, part=""):
     for file in compiled(build):
         sources = sources_in(file)
         paths = [Path(source).relative_to(root) for source in sources if Path(source).is_relative_to(root)]
-        if paths and paths[0].suffix == ".cpp" and paths[0].parts[0] != "tests" and any(part in p.as_posix() for p in paths):
+        is_ours = paths and paths[0].suffix == ".cpp" and paths[0].parts[0] not in ("tests", "build")
+        if is_ours and any(part in p.as_posix() for p in paths):
             yield file
 
 
