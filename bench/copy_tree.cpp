@@ -12,7 +12,7 @@ using namespace discwright;
 
 class SilentUser : public host::UserInterface {
  public:
-  void ShowMessage(const host::Message&) override {}
+  bool ShowMessage(const host::Message&) override { return true; }
   void DoEvents(int) override {}
   void Wake() override {}
   std::string ChooseFolder(std::string_view, std::string_view) override { return ""; }

@@ -1,5 +1,5 @@
-// Shows messages, dialogs and help to the user. A window, the headless program and a recording test double implement
-// UserInterface; pass one to code that needs the user.
+// Shows messages, dialogs and help to the user, and asks questions. A window, the headless program and a recording test
+// double implement UserInterface; pass one to code that needs the user.
 #pragma once
 
 #include <string>
@@ -16,12 +16,13 @@ struct Message {
   bool system_modal = false;
   std::string control = {};  // the name of the field that the message is about, in case no page shows it
   std::string detail = {};   // a line below the text: what is wrong there and what to do about it
+  bool question = false;     // the user answers Yes or No
 };
 
 struct FileRequest {
   std::string title;
   std::string filter;     // "Description (*.ext)|*.ext"
-  std::string file_name;  // the name that the dialog shows first
+  std::string file_name;  // what the dialog shows first: a path of the core, a bare name, or any other text of a field
   bool must_exist = false;
 };
 
@@ -40,7 +41,9 @@ class UserInterface {
  public:
   virtual ~UserInterface() = default;
 
-  virtual void ShowMessage(const Message& box) = 0;  // returns when the user has closed the message
+  // Returns when the user has closed the message. The result is whether the user agreed: true for an ordinary message,
+  // and for a question whether the answer was Yes. Closing a question without an answer means No.
+  virtual bool ShowMessage(const Message& box) = 0;
 
   // Handles pending clicks and repaints. With `wait_milliseconds` above 0, it first sleeps until there is something to
   // do, Wake was called, or the time is over.
@@ -49,7 +52,8 @@ class UserInterface {
   // Ends a running wait of DoEvents, or the next one. Only this function may be called by other threads.
   virtual void Wake() = 0;
 
-  // These return the chosen folder or file, or an empty text when the user has cancelled.
+  // These return the chosen folder or file, or an empty text when the user has cancelled. `start_folder` and the result
+  // are paths of the core: see PathToNative and PathFromNative in host/names.h.
   virtual std::string ChooseFolder(std::string_view start_folder, std::string_view title) = 0;
   virtual std::string ChooseFile(const FileRequest& request) = 0;
 

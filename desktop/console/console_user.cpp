@@ -5,9 +5,11 @@
 
 namespace discwright::desktop {
 
-void ConsoleUser::ShowMessage(const host::Message& box) {
+bool ConsoleUser::ShowMessage(const host::Message& box) {
+  if (box.question) return true;
   terminal_.PrintLine(box.title + ": " + box.text);
   if (!box.detail.empty()) terminal_.PrintLine(box.control.empty() ? box.detail : box.control + ": " + box.detail);
+  return true;
 }
 
 void ConsoleUser::DoEvents(int wait_milliseconds) {

@@ -1,5 +1,5 @@
-// Defines the user interface of the headless program. It prints message boxes on standard error, gives no answers, and
-// reports Ctrl-C. Construct one ConsoleUser and pass it to the build.
+// Defines the user interface of the headless program. It prints message boxes on standard error, answers questions
+// with Yes, chooses no file or folder, and reports Ctrl-C. Construct one ConsoleUser and pass it to the build.
 #pragma once
 
 #include <functional>
@@ -16,7 +16,8 @@ class ConsoleUser : public host::UserInterface {
   ConsoleUser(Terminal& terminal, std::function<void()> interrupted)
       : terminal_(terminal), interrupted_(std::move(interrupted)) {}
 
-  void ShowMessage(const host::Message& box) override;
+  // A question is not printed, because nobody is there to answer it. The answer is Yes: Ctrl-C is meant at once.
+  bool ShowMessage(const host::Message& box) override;
   void DoEvents(int wait_milliseconds) override;
   void Wake() override;
   std::string ChooseFolder(std::string_view, std::string_view) override { return ""; }

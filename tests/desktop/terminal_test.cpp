@@ -238,5 +238,16 @@ TEST_F(Terminals, MessageBox_IsItsTitleItsTextAndWhatItIsAbout) {
   EXPECT_EQ(console.TakeError(), "Error: It is wrong !\nChoose again\nTxtERDC: It is empty.\n");
 }
 
+TEST_F(Terminals, Question_IsAnsweredWithYesAndNotPrinted) {
+  ConsoleUser user(Open(Progress::kLinePerStep), [] {});
+  host::Message box{"Cancel the build?", "Vexa Discwright"};
+  box.question = true;
+  EXPECT_TRUE(user.ShowMessage(box));
+  EXPECT_EQ(console.TakeError(), "");
+  box.question = false;
+  EXPECT_TRUE(user.ShowMessage(box));
+  EXPECT_EQ(console.TakeError(), "Vexa Discwright: Cancel the build?\n");
+}
+
 }  // namespace
 }  // namespace discwright::desktop

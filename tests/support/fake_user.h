@@ -11,7 +11,11 @@ namespace discwright::testing {
 
 class FakeUser : public host::UserInterface {
  public:
-  void ShowMessage(const host::Message& box) override { messages.push_back(box); }
+  bool ShowMessage(const host::Message& box) override {
+    messages.push_back(box);
+    if (box.question && on_question) on_question();
+    return !box.question || answer;
+  }
   void DoEvents(int wait_milliseconds) override {
     ++do_events_calls;
     waited.push_back(wait_milliseconds);
@@ -39,6 +43,8 @@ class FakeUser : public host::UserInterface {
   void OpenLink(std::string_view address) override { links.emplace_back(address); }
 
   std::vector<host::Message> messages;
+  bool answer = true;                 // to every question
+  std::function<void()> on_question;  // called while a question is open
   std::vector<std::string> asked;
   std::vector<std::string> file_filters;
   std::vector<host::FileRequest> file_requests;
