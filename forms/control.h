@@ -121,10 +121,11 @@ class Form : public Control {
   void* window = nullptr;                            // handle of the window that shows the form; null without one
   bool loaded = false;                               // the load handler of the window has run; it runs once
 
-  // Enter presses the visible default button, Esc the cancel button. Null when the form has no cancel button.
+  // Enter presses the visible default button. `cancel_button` is null when the form has none.
   std::vector<CommandButton*> default_buttons;
   CommandButton* cancel_button = nullptr;
-  std::function<void()> asked_to_close;  // called when the user closes the window
+  std::function<void()> asked_to_cancel;  // called when the user presses Esc; when empty, Esc presses cancel_button
+  std::function<void()> asked_to_close;   // called when the user closes the window
 
  private:
   friend class Control;

@@ -22,6 +22,9 @@ bool Choose(OptionButton& option);
 bool Type(TextBox& field, std::string_view text);  // `text` replaces the old text; false for a read-only field
 bool Follow(Link& link);
 
+// A face calls this when the user presses Esc. The program decides what is cancelled.
+void AskToCancel(Form& form);
+
 // A face calls this when the user clicks the close button of a window, and when the system asks the window to close.
 // The program decides whether the form is closed.
 void AskToClose(Form& form);
