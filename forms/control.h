@@ -191,6 +191,9 @@ class OptionButton : public Captioned {
   void Changed(Facet facet, By by) override;
 };
 
+// What the user can drop onto a field.
+enum class DropKind { kNothing, kFolder, kFile };
+
 class TextBox : public Control {
  public:
   // `above` is the label that names the field. It may also stand beside the field.
@@ -201,6 +204,8 @@ class TextBox : public Control {
   bool read_only = false;
   bool multi_line = false;
   bool password = false;
+  DropKind drop_kind = DropKind::kNothing;  // a face refuses other things while the user drags them over the field
+  std::function<void(const std::string& path)> dropped;  // called when the user drops a path; empty: takes none
 };
 
 class ProgressBar : public Control {

@@ -111,6 +111,24 @@ TEST_F(UserActions, OptionSetByTheProgram_ClearsTheOtherOneToo) {
   EXPECT_FALSE(windows.win2k_info.OptJoinWorkgroup.value);
 }
 
+TEST_F(UserActions, Drop_GivesThePathToAFieldThatTakesOne) {
+  std::vector<std::string> paths;
+  main.TxtERDC.dropped = [this, &paths](const std::string& path) {
+    main.TxtERDC.dropped = nullptr;
+    paths.push_back(path);
+  };
+  EXPECT_TRUE(Drop(main.TxtERDC, "E:\\erd"));
+  EXPECT_EQ(paths, std::vector<std::string>{"E:\\erd"});
+  EXPECT_FALSE(Drop(main.TxtERDC, "E:\\erd"));
+}
+
+TEST_F(UserActions, Drop_DisabledFieldTakesNothing) {
+  main.TxtERDC.dropped = [this](const std::string&) { ++clicks; };
+  main.TxtERDC.enabled = false;
+  EXPECT_FALSE(Drop(main.TxtERDC, "E:\\erd"));
+  EXPECT_EQ(clicks, 0);
+}
+
 TEST_F(UserActions, AskToCancel_PressesTheCancelButton) {
   windows.win9x_info.CmdCancel.click = [this] { ++clicks; };
   AskToCancel(windows.win9x_info);
