@@ -121,10 +121,11 @@ class Form : public Control {
   void* window = nullptr;                            // handle of the window that shows the form; null without one
   bool loaded = false;                               // the load handler of the window has run; it runs once
 
-  // Enter presses the visible default button, Esc the cancel button. Null when the form has no cancel button.
+  // Enter presses the visible default button. `cancel_button` is null when the form has none.
   std::vector<CommandButton*> default_buttons;
   CommandButton* cancel_button = nullptr;
-  std::function<void()> asked_to_close;  // called when the user closes the window
+  std::function<void()> asked_to_cancel;  // called when the user presses Esc; when empty, Esc presses cancel_button
+  std::function<void()> asked_to_close;   // called when the user closes the window
 
  private:
   friend class Control;
@@ -190,6 +191,9 @@ class OptionButton : public Captioned {
   void Changed(Facet facet, By by) override;
 };
 
+// What the user can drop onto a field.
+enum class DropKind { kNothing, kFolder, kFile };
+
 class TextBox : public Control {
  public:
   // `above` is the label that names the field. It may also stand beside the field.
@@ -200,6 +204,8 @@ class TextBox : public Control {
   bool read_only = false;
   bool multi_line = false;
   bool password = false;
+  DropKind drop_kind = DropKind::kNothing;  // a face refuses other things while the user drags them over the field
+  std::function<void(const std::string& path)> dropped;  // called when the user drops a path; empty: takes none
 };
 
 class ProgressBar : public Control {

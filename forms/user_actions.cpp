@@ -53,6 +53,21 @@ bool Type(TextBox& field, std::string_view text) {
   return true;
 }
 
+bool Drop(TextBox& field, const std::string& path) {
+  if (!CanBeUsed(field) || !field.dropped) return false;
+  const auto handler = field.dropped;  // a copy: see Click
+  handler(path);
+  return true;
+}
+
+void AskToCancel(Form& form) {
+  if (const std::function<void()> handler = form.asked_to_cancel) {
+    handler();
+  } else if (form.cancel_button != nullptr) {
+    Press(*form.cancel_button);
+  }
+}
+
 void AskToClose(Form& form) {
   if (const std::function<void()> handler = form.asked_to_close) handler();
 }

@@ -1,6 +1,7 @@
 // Does to a control what a user can do to it. Every face calls these functions for its user, and so do the tests.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "forms/control.h"
@@ -21,6 +22,10 @@ bool Toggle(CheckBox& box, bool on);
 bool Choose(OptionButton& option);
 bool Type(TextBox& field, std::string_view text);  // `text` replaces the old text; false for a read-only field
 bool Follow(Link& link);
+bool Drop(TextBox& field, const std::string& path);  // a path of the core; false for a field that takes no paths
+
+// A face calls this when the user presses Esc. The program decides what is cancelled.
+void AskToCancel(Form& form);
 
 // A face calls this when the user clicks the close button of a window, and when the system asks the window to close.
 // The program decides whether the form is closed.

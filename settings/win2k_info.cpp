@@ -63,6 +63,12 @@ host::Result<std::string> TemplateFor(util::Notes& notes, const INIFile& key_fil
   return own;
 }
 
+void TakeScript(forms::FrmWin2KInfo& dialog, util::Notes& notes, const std::string& script) {
+  dialog.DlgOpen.file_name = script;  // what the next chooser opens with
+  dialog.TxtTemplate.text = util::AsTyped(script);
+  FillSetupDataFromUnattend(dialog, notes, script);
+}
+
 }  // namespace
 
 void LoadWin2KInfo(forms::FrmWin2KInfo& dialog, util::Notes& notes) {
@@ -145,15 +151,14 @@ void BindWin2KInfo(forms::FrmWin2KInfo& dialog, host::UserInterface& user, util:
   dialog.CmdBrwUnattend.click = [&dialog, &user, &notes] { CmdBrwUnattend_Click(dialog, user, notes); };
   dialog.CmdOK.click = [&dialog, &notes] { CmdOK_Click(dialog, notes); };
   dialog.CmdCancel.click = [&dialog] { CmdCancel_Click(dialog); };
+  dialog.TxtTemplate.drop_kind = forms::DropKind::kFile;
+  dialog.TxtTemplate.dropped = [&dialog, &notes](const std::string& script) { TakeScript(dialog, notes, script); };
 }
 
 void CmdBrwUnattend_Click(forms::FrmWin2KInfo& dialog, host::UserInterface& user, util::Notes& notes) {
-  forms::FileDialog& open = dialog.DlgOpen;
+  const forms::FileDialog& open = dialog.DlgOpen;
   const std::string script = user.ChooseFile({open.title, open.filter, open.file_name, true});
-  if (script.empty()) return;
-  open.file_name = script;  // what the next chooser opens with
-  dialog.TxtTemplate.text = script;
-  FillSetupDataFromUnattend(dialog, notes, script);
+  if (!script.empty()) TakeScript(dialog, notes, script);
 }
 
 void CmdOK_Click(forms::FrmWin2KInfo& dialog, util::Notes& notes) {

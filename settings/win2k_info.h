@@ -31,7 +31,8 @@ void FillSetupDataFromKeyFile(forms::FrmWin2KInfo& dialog, util::Notes& notes, c
 // result is true. Returns false, with a note, when the answer file could not be made.
 bool FillSetupDataFromKeyFileToUnattend(util::Notes& notes, const std::string& KeyFile, const std::string& Unattend);
 
-// Binds the three buttons to the handlers below.
+// Binds the three buttons to the handlers below. A script that the user drops onto its field is taken as if it had been
+// chosen.
 void BindWin2KInfo(forms::FrmWin2KInfo& dialog, host::UserInterface& user, util::Notes& notes);
 
 // Lets the user choose a script and fills the fields from it. Changes nothing if the user cancels.

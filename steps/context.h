@@ -31,6 +31,7 @@ struct Context {
 
   bool cancelled_by_user = false;
   bool closing = false;      // hide the main window as soon as the cancelled build has returned
+  bool is_asking = false;    // the user is being asked whether to cancel the build
   std::string failure = {};  // why a step halted the build; empty when none has
   bool wants_digest = true;  // whether a build computes the SHA-256 of its image
   BuildResult result = {};   // the result of the last build

@@ -1,4 +1,5 @@
-// Performs the actions of the choosers' buttons. Tables say which field belongs to which button.
+// Performs the actions of the choosers' buttons, and takes what is dropped onto their fields. Tables say which field
+// belongs to which button.
 #include "wizard/choosers.h"
 
 #include <algorithm>
@@ -62,25 +63,30 @@ constexpr ExploreButton kExploreButtons[] = {
     {&FrmDiscwright::CmdExp_AddFiles, &FrmDiscwright::TxtAddFiles_Loc},
 };
 
-void ChooseFolder(steps::Context& context, const FolderChooser& chooser) {
-  forms::TextBox& field = context.main().*chooser.field;
-  const std::string chosen = context.user.ChooseFolder(StartFolder(field.text.get()), chooser.title);
-  if (chosen.empty()) return;
-  field.text = chosen;
+void TakeFolder(steps::Context& context, const FolderChooser& chooser, const std::string& chosen) {
+  (context.main().*chooser.field).text = util::AsTyped(chosen);
   if (chooser.then != nullptr) chooser.then(context.main(), chosen);
 }
 
-// The field always takes the file name of the dialog. After a cancelled dialog that is the text of the field itself.
+void ChooseFolder(steps::Context& context, const FolderChooser& chooser) {
+  const std::string start = StartFolder((context.main().*chooser.field).text.get());
+  const std::string chosen = context.user.ChooseFolder(start, chooser.title);
+  if (!chosen.empty()) TakeFolder(context, chooser, chosen);
+}
+
+void TakeFile(steps::Context& context, const FileChooser& chooser, const std::string& chosen) {
+  context.main().DlgOpen.file_name = util::AsTyped(chosen);
+  (context.main().*chooser.field).text = context.main().DlgOpen.file_name;
+}
+
 void ChooseFile(steps::Context& context, const FileChooser& chooser) {
-  forms::TextBox& field = context.main().*chooser.field;
   forms::FileDialog& dialog = context.main().DlgOpen;
   dialog.title = chooser.title;
   dialog.filter = chooser.filter;
-  dialog.file_name = field.text;
+  dialog.file_name = (context.main().*chooser.field).text;
   const std::string chosen =
       context.user.ChooseFile({dialog.title, dialog.filter, dialog.file_name, chooser.must_exist});
-  if (!chosen.empty()) dialog.file_name = chosen;
-  field.text = dialog.file_name;
+  if (!chosen.empty()) TakeFile(context, chooser, chosen);
 }
 
 // Waits without a limit until the file manager is ready for input. If it cannot be started, nothing happens.
@@ -107,7 +113,7 @@ std::string StartFolder(std::string_view text) {
   const bool ends_in_separator = util::IsPathSeparator(folder.back());
   if (IsDriveRoot(folder)) {
     if (!ends_in_separator) folder += '\\';
-  } else if (ends_in_separator) {
+  } else if (ends_in_separator && folder.size() > 1) {
     folder.pop_back();
   }
   return folder;
@@ -117,9 +123,15 @@ void BindChoosers(steps::Context& context) {
   FrmDiscwright& main = context.main();
   for (const FolderChooser& chooser : kFolderChoosers) {
     (main.*chooser.button).click = [&context, &chooser] { ChooseFolder(context, chooser); };
+    (main.*chooser.field).drop_kind = forms::DropKind::kFolder;
+    (main.*chooser.field).dropped = [&context, &chooser](const std::string& path) {
+      TakeFolder(context, chooser, path);
+    };
   }
   for (const FileChooser& chooser : kFileChoosers) {
     (main.*chooser.button).click = [&context, &chooser] { ChooseFile(context, chooser); };
+    (main.*chooser.field).drop_kind = forms::DropKind::kFile;
+    (main.*chooser.field).dropped = [&context, &chooser](const std::string& path) { TakeFile(context, chooser, path); };
   }
   for (const ExploreButton& explore : kExploreButtons) {
     (main.*explore.button).click = [&context, &field = main.*explore.field] { Explore(context, field); };

@@ -1,6 +1,9 @@
-// Moves between the pages, and contains the handlers of the five buttons.
+// Moves between the pages, and contains the handlers of the five buttons, of Esc, and of the close button.
 #include "wizard/navigation.h"
 
+#include <utility>
+
+#include "forms/user_actions.h"
 #include "host/files.h"
 #include "pipeline/build_driver.h"
 #include "settings/session.h"
@@ -55,6 +58,19 @@ void CancelByUser(steps::Context& context) {
   context.CancelApp();
 }
 
+// Asks whether to cancel the build, because hours of work would be lost. Returns true for a build that is cancelled
+// already. While a question is open, a second one is not asked and counts as No. After the answer, the build may have
+// ended; that counts as No, too.
+bool UserGivesUpTheBuild(steps::Context& context) {
+  if (context.main().CancelCopy) return true;
+  if (std::exchange(context.is_asking, true)) return false;
+  host::Message question{"Cancel the build?", context.main().caption, host::MessageIcon::kExclamation};
+  question.question = true;
+  const bool agrees = context.user.ShowMessage(question);
+  context.is_asking = false;
+  return agrees && BuildRuns(context.main());
+}
+
 }  // namespace
 
 forms::Subscription Bind(steps::Context& context) {
@@ -64,6 +80,7 @@ forms::Subscription Bind(steps::Context& context) {
   main.CmdFinish.click = [&context] { CmdFinish_Click(context); };
   main.CmdCancel.click = [&context] { CmdCancel_Click(context); };
   main.CmdHelp.click = [&context] { CmdHelp_Click(context); };
+  main.asked_to_cancel = [&context] { CancelByKey(context); };
   main.asked_to_close = [&context] { CloseMainWindow(context); };
   context.ShowHelp = [&context](int intStep, bool ForceShow) { ShowHelp(context, intStep, ForceShow); };
   BindChoosers(context);
@@ -128,12 +145,19 @@ void CmdCancel_Click(steps::Context& context) { CancelByUser(context); }
 
 void CmdHelp_Click(steps::Context& context) { ShowHelp(context, kPageInView, true); }
 
+void CancelByKey(steps::Context& context) {
+  FrmDiscwright& main = context.main();
+  if (BuildRuns(main) && !UserGivesUpTheBuild(context)) return;
+  forms::Press(main.CmdCancel);  // does nothing when the build was cancelled while the question was open
+}
+
 void CloseMainWindow(steps::Context& context) {
   FrmDiscwright& main = context.main();
   if (!BuildRuns(main)) {
     main.visible = false;
     return;
   }
+  if (!UserGivesUpTheBuild(context)) return;
   context.closing = true;
   CancelByUser(context);
   // The window closes, so nobody waits for the image any more.

@@ -1,4 +1,4 @@
-// Contains the handlers of the wizard's five buttons, of its start, and of the close button of its window. Call Bind
+// Contains the handlers of the wizard's five buttons, of its start, of Esc, and of the close button of its window. Call Bind
 // once, then Form_Load.
 #pragma once
 
@@ -22,8 +22,12 @@ void CmdFinish_Click(steps::Context& context);  // starts the build; after it, s
 void CmdCancel_Click(steps::Context& context);
 void CmdHelp_Click(steps::Context& context);
 
-// Ends the program without saving anything. If a build is running, it is cancelled and its mastering is ended; the
-// window closes when the build has returned.
+// Esc is the Cancel button. If a build is running, the user is asked first, because a key is pressed by accident more
+// easily than a button.
+void CancelByKey(steps::Context& context);
+
+// Ends the program without saving anything. If a build is running, the user is asked first. Then the build is cancelled
+// and its mastering is ended; the window closes when the build has returned.
 void CloseMainWindow(steps::Context& context);
 
 }  // namespace discwright::wizard

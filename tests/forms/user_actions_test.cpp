@@ -111,6 +111,48 @@ TEST_F(UserActions, OptionSetByTheProgram_ClearsTheOtherOneToo) {
   EXPECT_FALSE(windows.win2k_info.OptJoinWorkgroup.value);
 }
 
+TEST_F(UserActions, Drop_GivesThePathToAFieldThatTakesOne) {
+  std::vector<std::string> paths;
+  main.TxtERDC.dropped = [this, &paths](const std::string& path) {
+    main.TxtERDC.dropped = nullptr;
+    paths.push_back(path);
+  };
+  EXPECT_TRUE(Drop(main.TxtERDC, "E:\\erd"));
+  EXPECT_EQ(paths, std::vector<std::string>{"E:\\erd"});
+  EXPECT_FALSE(Drop(main.TxtERDC, "E:\\erd"));
+}
+
+TEST_F(UserActions, Drop_DisabledFieldTakesNothing) {
+  main.TxtERDC.dropped = [this](const std::string&) { ++clicks; };
+  main.TxtERDC.enabled = false;
+  EXPECT_FALSE(Drop(main.TxtERDC, "E:\\erd"));
+  EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(UserActions, AskToCancel_PressesTheCancelButton) {
+  windows.win9x_info.CmdCancel.click = [this] { ++clicks; };
+  AskToCancel(windows.win9x_info);
+  EXPECT_EQ(clicks, 1);
+  windows.win9x_info.CmdCancel.enabled = false;
+  AskToCancel(windows.win9x_info);
+  EXPECT_EQ(clicks, 1);
+  windows.win9x_info.cancel_button = nullptr;
+  AskToCancel(windows.win9x_info);
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(UserActions, AskToCancel_CallsTheProgramInsteadWhenItWantsToDecide) {
+  int asked = 0;
+  main.CmdCancel.click = [this] { ++clicks; };
+  main.asked_to_cancel = [this, &asked] {
+    main.asked_to_cancel = nullptr;
+    ++asked;
+  };
+  AskToCancel(main);
+  EXPECT_EQ(asked, 1);
+  EXPECT_EQ(clicks, 0);
+}
+
 TEST_F(UserActions, AskToClose_IsTheProgramsDecision) {
   main.visible = true;
   AskToClose(main);

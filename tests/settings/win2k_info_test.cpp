@@ -186,6 +186,24 @@ TEST_F(Win2KInfoTest, Browse_AsksWithTheDialogsOwnDataAndReadsTheChosenScript) {
   ExpectChoice(true, "CORP");
 }
 
+TEST_F(Win2KInfoTest, DroppedScript_IsReadLikeAChosenOne) {
+  host.AddFile("D:\\mine.sif", kUserData);
+  BindWin2KInfo(dialog, user, notes);
+  EXPECT_EQ(dialog.TxtTemplate.drop_kind, forms::DropKind::kFile);
+  EXPECT_TRUE(forms::Drop(dialog.TxtTemplate, "D:\\mine.sif"));
+  EXPECT_EQ(dialog.TxtTemplate.text.get(), "D:\\mine.sif");
+  EXPECT_EQ(dialog.DlgOpen.file_name, "D:\\mine.sif");
+  EXPECT_EQ(dialog.TxtOwner.text.get(), "Ann Lee");
+  EXPECT_THAT(user.asked, ::testing::IsEmpty());
+}
+
+TEST_F(Win2KInfoTest, ChosenScript_IsShownAsTheSystemSpellsIt) {
+  host.shows_slashes = true;
+  user.file_answer = "\\home\\ann\\mine.sif";
+  CmdBrwUnattend_Click(dialog, user, notes);
+  EXPECT_EQ(dialog.TxtTemplate.text.get(), "/home/ann/mine.sif");
+}
+
 TEST_F(Win2KInfoTest, BrowseCancelled_ChangesNothing) {
   host.AddFile("D:\\mine.sif", kUserData);
   dialog.TxtTemplate.text = "D:\\mine.sif";

@@ -47,6 +47,22 @@ TEST_P(FolderChooserTest, Chosen_GoesIntoTheFieldAndIsWhereTheNextOneOpens) {
   EXPECT_THAT(user.asked, ElementsAre(Asked("S:\\utils"), Asked("T:\\my folder")));
 }
 
+TEST_P(FolderChooserTest, Dropped_DoesTheSameAsChoosing) {
+  EXPECT_EQ(field.drop_kind, forms::DropKind::kFolder);
+  EXPECT_TRUE(forms::Drop(field, "T:\\my folder"));
+  EXPECT_EQ(field.text.get(), "T:\\my folder");
+  EXPECT_THAT(user.asked, IsEmpty());
+}
+
+TEST_P(FolderChooserTest, ChosenOrDropped_IsShownAsTheSystemSpellsIt) {
+  host.shows_slashes = true;
+  user.folder_answer = "\\media\\cd";
+  forms::Press(button);
+  EXPECT_EQ(field.text.get(), "/media/cd");
+  forms::Drop(field, "\\home\\ann");
+  EXPECT_EQ(field.text.get(), "/home/ann");
+}
+
 TEST_P(FolderChooserTest, Cancelled_LeavesTheField) {
   field.text = "C:\\old text\\";
   EXPECT_TRUE(forms::Press(button));
@@ -127,6 +143,23 @@ TEST_P(FileChooserTest, Chosen_GoesIntoTheFieldAndIsWhatTheNextOneOpensWith) {
   EXPECT_THAT(user.messages, IsEmpty());
 }
 
+TEST_P(FileChooserTest, Dropped_DoesTheSameAsChoosing) {
+  EXPECT_EQ(field.drop_kind, forms::DropKind::kFile);
+  EXPECT_TRUE(forms::Drop(field, "E:\\new name.bin"));
+  EXPECT_EQ(field.text.get(), "E:\\new name.bin");
+  EXPECT_EQ(main.DlgOpen.file_name, "E:\\new name.bin");
+  EXPECT_THAT(user.asked, IsEmpty());
+}
+
+TEST_P(FileChooserTest, ChosenOrDropped_IsShownAsTheSystemSpellsIt) {
+  host.shows_slashes = true;
+  user.file_answer = "\\media\\one.bin";
+  forms::Press(button);
+  EXPECT_EQ(field.text.get(), "/media/one.bin");
+  forms::Drop(field, "\\home\\two.bin");
+  EXPECT_EQ(field.text.get(), "/home/two.bin");
+}
+
 TEST_P(FileChooserTest, Cancelled_LeavesTheField) {
   main.DlgOpen.file_name = "E:\\another name.bin";  // of the other button
   field.text = "E:\\old name.bin";
@@ -160,6 +193,12 @@ TEST_F(ChoosersTest, BoxClear_KeepsItsBrowseButtonFromAsking) {
     EXPECT_FALSE(forms::Press(*button)) << button->name();
   }
   EXPECT_THAT(user.asked, IsEmpty());
+}
+
+TEST_F(ChoosersTest, BoxClear_KeepsItsFieldFromTakingWhatIsDropped) {
+  forms::Toggle(main.ChkERDC, false);
+  EXPECT_FALSE(forms::Drop(main.TxtERDC, "X:\\erd"));
+  EXPECT_EQ(main.TxtERDC.text.get(), "T:");
 }
 
 class EditionTest : public ChoosersTest {
@@ -199,6 +238,12 @@ TEST_F(EditionTest, RootFolderOfASystemWithoutDrives_IsIdentifiedByItsOwnTagFile
   host.AddFile("\\WIN51IP", "tag");
   EXPECT_EQ(EditionOf("\\"), "Microsoft Windows XP Professional Edition");
   EXPECT_EQ(EditionOf("\\I386"), "Microsoft Windows XP Professional Edition");
+}
+
+TEST_F(EditionTest, DroppedFolder_IsIdentifiedLikeAChosenOne) {
+  main.LblWin2KOSVer.caption = "nothing yet";
+  EXPECT_TRUE(forms::Drop(main.Txt_i386_Loc, "S:\\copy of me\\I386"));
+  EXPECT_EQ(main.LblWin2KOSVer.caption.get(), "Microsoft Windows XP Home Edition");
 }
 
 TEST_F(EditionTest, Cancelled_LeavesWhatIsShown) {
@@ -273,6 +318,8 @@ TEST_F(StartFolderTest, Folder_EndsInNoSeparator) {
   EXPECT_EQ(StartFolder("C:/my files/"), "C:/my files");
   EXPECT_EQ(StartFolder("C:\\my files\\\\"), "C:\\my files\\");
 }
+
+TEST_F(StartFolderTest, RootFolder_KeepsItsOnlyCharacter) { EXPECT_EQ(StartFolder("/"), "/"); }
 
 TEST_F(StartFolderTest, NoDrives_EveryTextIsAFolder) {
   host.drive_roots = {};

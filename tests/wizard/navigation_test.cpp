@@ -174,10 +174,19 @@ TEST_F(NavigationTest, HelpAfterCancel_OpensTheFinishPagesTopic) {
   EXPECT_THAT(user.help_shown, ElementsAre("C:\\Discwright\\vexacd_builder.chm>Down 1200"));
 }
 
+TEST_F(NavigationTest, EscOnAPage_IsTheCancelButtonAndAsksNothing) {
+  StartOn(3);
+  forms::AskToCancel(main);
+  EXPECT_THAT(VisiblePages(), ElementsAre(9));
+  EXPECT_TRUE(context.cancelled_by_user);
+  EXPECT_THAT(user.messages, IsEmpty());
+}
+
 TEST_F(NavigationTest, CrossOfTheWindow_ClosesItWithoutSaving) {
   StartOn(3);
   forms::AskToClose(main);
   EXPECT_FALSE(main.visible);
+  EXPECT_THAT(user.messages, IsEmpty());
   EXPECT_FALSE(main.Finished);
   EXPECT_FALSE(host.Exists("C:\\Discwright\\vexacd.ini"));
 }
@@ -185,8 +194,10 @@ TEST_F(NavigationTest, CrossOfTheWindow_ClosesItWithoutSaving) {
 TEST_F(NavigationTest, CrossAfterTheEnd_ClosesItWithoutSaving) {
   StartOn(8);
   forms::Press(main.CmdFinish);
+  user.messages.clear();
   forms::AskToClose(main);
   EXPECT_FALSE(main.visible);
+  EXPECT_THAT(user.messages, IsEmpty());
   EXPECT_FALSE(host.Exists("C:\\Discwright\\vexacd.ini"));
 }
 
@@ -357,6 +368,120 @@ TEST_F(FinishTest, SecondPress_SavesTheSessionAndCloses) {
   EXPECT_TRUE(host.Exists("C:\\Discwright\\vexacd.ini"));
   EXPECT_FALSE(main.visible);
   EXPECT_EQ(programs.started.size(), started);
+}
+
+// The user presses Esc or closes the window while a build runs, and is asked whether to cancel it.
+class QuestionTest : public FinishTest {
+ protected:
+  // Does `act` once, at the first moment of the build at which the user can act.
+  void BuildAnd(const std::function<void()>& act) {
+    bool has_acted = false;
+    user.on_do_events = [this, &act, &has_acted] {
+      if (programs.started.empty() || std::exchange(has_acted, true)) return;
+      act();
+    };
+    forms::Press(main.CmdFinish);
+    EXPECT_TRUE(has_acted);
+    EXPECT_FALSE(context.is_asking);
+  }
+
+  void SetUp() override {
+    context.CancelApp = [this, cancel = context.CancelApp] {
+      ++cancellations;
+      cancel();
+    };
+  }
+
+  int cancellations = 0;
+};
+
+TEST_F(QuestionTest, Esc_AsksAndNoLetsTheBuildGoOn) {
+  user.answer = false;
+  BuildAnd([this] { forms::AskToCancel(main); });
+  ASSERT_EQ(user.messages.size(), 1U);
+  EXPECT_EQ(user.messages[0].text, "Cancel the build?");
+  EXPECT_EQ(user.messages[0].title, "Vexa Discwright");
+  EXPECT_EQ(user.messages[0].icon, host::MessageIcon::kExclamation);
+  EXPECT_TRUE(user.messages[0].question);
+  EXPECT_FALSE(main.CancelCopy);
+  EXPECT_TRUE(main.visible);
+}
+
+TEST_F(QuestionTest, EscAndYes_IsTheCancelButton) {
+  BuildAnd([this] { forms::AskToCancel(main); });
+  EXPECT_EQ(user.messages.size(), 1U);
+  EXPECT_EQ(cancellations, 1);
+  EXPECT_EQ(context.result.end, steps::BuildEnd::kCancelled);
+  EXPECT_TRUE(main.visible);
+}
+
+TEST_F(QuestionTest, Cross_AsksAndNoLetsTheBuildGoOn) {
+  user.answer = false;
+  BuildAnd([this] { forms::AskToClose(main); });
+  EXPECT_EQ(user.messages.size(), 1U);
+  EXPECT_FALSE(main.CancelCopy);
+  EXPECT_TRUE(main.visible);
+  EXPECT_FALSE(context.closing);
+}
+
+TEST_F(QuestionTest, NoAndThenEsc_AsksAgain) {
+  user.answer = false;
+  BuildAnd([this] {
+    forms::AskToClose(main);
+    forms::AskToCancel(main);
+  });
+  EXPECT_EQ(user.messages.size(), 2U);
+}
+
+TEST_F(QuestionTest, CancelButton_AsksNothing) {
+  BuildAnd([this] { forms::Press(main.CmdCancel); });
+  EXPECT_THAT(user.messages, IsEmpty());
+  EXPECT_EQ(context.result.end, steps::BuildEnd::kCancelled);
+}
+
+TEST_F(QuestionTest, CancelledBuildThatStillRuns_AsksNothing) {
+  BuildAnd([this] {
+    forms::Press(main.CmdCancel);
+    forms::AskToCancel(main);
+    EXPECT_EQ(cancellations, 1);
+    EXPECT_TRUE(main.visible);
+    forms::AskToClose(main);
+  });
+  EXPECT_THAT(user.messages, IsEmpty());
+  EXPECT_FALSE(main.visible);
+}
+
+TEST_F(QuestionTest, BuildCancelledWhileTheQuestionIsOpen_IsNotCancelledAgainByYes) {
+  user.on_question = [this] { forms::Press(main.CmdCancel); };
+  BuildAnd([this] { forms::AskToCancel(main); });
+  EXPECT_EQ(cancellations, 1);
+  EXPECT_EQ(context.result.end, steps::BuildEnd::kCancelled);
+}
+
+TEST_F(QuestionTest, BuildThatEndsWhileTheQuestionIsOpen_IsNotCancelledByYes) {
+  user.on_question = [this] {
+    main.Step = 9;
+    main.Finished = true;
+  };
+  for (const auto ask : {forms::AskToCancel, forms::AskToClose}) {
+    StartOn(10);
+    ask(main);
+    EXPECT_TRUE(main.visible);
+    EXPECT_FALSE(context.closing);
+  }
+  EXPECT_EQ(cancellations, 0);
+}
+
+TEST_F(QuestionTest, EscWhileTheQuestionIsOpen_AsksNoSecondTime) {
+  user.answer = false;
+  user.on_question = [this] {
+    user.on_question = nullptr;
+    forms::AskToCancel(main);
+    forms::AskToClose(main);
+  };
+  BuildAnd([this] { forms::AskToCancel(main); });
+  EXPECT_EQ(user.messages.size(), 1U);
+  EXPECT_FALSE(main.CancelCopy);
 }
 
 class FormLoadTest : public WizardFixture {};
