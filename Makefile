@@ -3,12 +3,19 @@
 program := build/linux/program
 windows_program := build/windows-x86/program
 jobs := $(shell nproc)
+PREFIX := /usr/local
+DESTDIR :=
+version := $(shell sed -n 's/^project.Discwright VERSION \([^ ]*\) .*/\1/p' CMakeLists.txt)
+package := build/discwright-$(version)-linux-$(shell uname -m).tar.gz
 
-.PHONY: help program windows iso test test-asan bench faults lint format clean
+.PHONY: help program install uninstall package windows iso test test-asan bench faults lint format clean
 
 help:
 	@echo "make iso        makes the example CD image, build/vexacd.iso"
 	@echo "make program    builds the program folder, $(program)"
+	@echo "make install    installs the program for all users below PREFIX, $(PREFIX); DESTDIR=FOLDER puts a folder before it"
+	@echo "make uninstall  removes what make install has installed there"
+	@echo "make package    packs the program folder, $(package)"
 	@echo "make windows    builds the program folder for Windows, $(windows_program)"
 	@echo "make check      builds and runs the unit tests for Linux, but for the slowest: after each small change"
 	@echo "make test       builds and runs every test: test-linux, then test-windows"
@@ -25,6 +32,15 @@ program:
 	scripts/bootstrap.sh build
 	cmake --preset linux -DDISCWRIGHT_TESTS=OFF --log-level=WARNING
 	cmake --build --preset linux -j $(jobs)
+
+install: program
+	umask 022 && DESTDIR="$(DESTDIR)" cmake --install build/linux --prefix "$(PREFIX)"
+
+uninstall:
+	scripts/uninstall.sh "$(DESTDIR)$(PREFIX)"
+
+package: program
+	scripts/package.sh build/linux "$(package)"
 
 iso: program
 	$(program)/discwright-build --session examples/rescue_cd.ini -o build/vexacd.iso
