@@ -51,6 +51,7 @@ inline constexpr char kKeyInCaption = '&';
 struct Placing {
   char key = 0;         // the access key, a letter of the caption; the key of a label moves the focus to its field
   bool beside = false;  // the control continues the row of the control declared before it
+  bool inset = false;   // the row begins further to the right, because it belongs to the check box above it
   bool heads = false;   // the control is a check box in the title of its frame
 };
 
@@ -124,6 +125,7 @@ class Form : public Control {
   // Enter presses the visible default button. `cancel_button` is null when the form has none.
   std::vector<CommandButton*> default_buttons;
   CommandButton* cancel_button = nullptr;
+  CommandButton* help_button = nullptr;   // F1 presses this button; null when the form has no help
   std::function<void()> asked_to_cancel;  // called when the user presses Esc; when empty, Esc presses cancel_button
   std::function<void()> asked_to_close;   // called when the user closes the window
 
@@ -154,6 +156,7 @@ class Label : public Captioned {
   Property<int> fore_color{*this, Facet::kEmphasis, 0};  // red + 256 x green + 65536 x blue
   bool symbol_font = false;                              // the caption is shown in a symbol font
   bool heading = false;                                  // the label is the title line of a page
+  bool one_line = false;  // the text changes all the time; what does not fit into one line may be left out
 };
 
 // A line with a web address. Following it opens the address.

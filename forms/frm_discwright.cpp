@@ -22,6 +22,8 @@ FrmDiscwright::FrmDiscwright() : Form("FrmDiscwright", "Vexa Discwright") {
   }
   default_buttons = {&CmdNext, &CmdFinish};
   cancel_button = &CmdCancel;
+  help_button = &CmdHelp;
+  LblSub_Step.one_line = true;
 }
 
 const Label& FrmDiscwright::Heading(std::size_t page) const {

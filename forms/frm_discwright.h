@@ -100,12 +100,12 @@ struct FrmDiscwright : Form {
   // Page 5: advanced tools.
   Label LblHeadAdvtools{FraMain[5], "LblHeadAdvtools", "  Advanced Tools"};
   CheckBox ChkERDC{FraMain[5], "ChkERDC", "ERD Commander 2002/2003", {.key = 'E'}};
-  Label LblERDC{FraMain[5], "LblERDC", "Specify the location of your ERD Commander CD :", {.key = 'S'}};
-  TextBox TxtERDC{FraMain[5], "TxtERDC", LblERDC};
+  Label LblERDC{FraMain[5], "LblERDC", "Specify the location of your ERD Commander CD :", {.key = 'S', .inset = true}};
+  TextBox TxtERDC{FraMain[5], "TxtERDC", LblERDC, "", {.inset = true}};
   CommandButton CmdBrw_ERDC{FraMain[5], "CmdBrw_ERDC", "Browse ...", {.key = 'r', .beside = true}};
   CheckBox ChkBCon{FraMain[5], "ChkBCon", "O&O BlueCon XXL Pro", {.key = 'O'}};
-  Label LblBCon{FraMain[5], "LblBCon", "Specify the location of your BlueCon CD :", {.key = 'l'}};
-  TextBox TxtBCon{FraMain[5], "TxtBCon", LblBCon};
+  Label LblBCon{FraMain[5], "LblBCon", "Specify the location of your BlueCon CD :", {.key = 'l', .inset = true}};
+  TextBox TxtBCon{FraMain[5], "TxtBCon", LblBCon, "", {.inset = true}};
   CommandButton CmdBrw_BCon{FraMain[5], "CmdBrw_BCon", "Browse ...", {.key = 'w', .beside = true}};
 
   // Page 6: utilities and additional files.
@@ -127,9 +127,9 @@ struct FrmDiscwright : Form {
   // Page 7: ISO options.
   Label LblHeadISO{FraMain[7], "LblHeadISO", "  Specify ISO File Options"};
   CheckBox ChkPassProtect{FraMain[7], "ChkPassProtect", "Password Protect the created CD", {.key = 'P'}};
-  Label LblPass1{FraMain[7], "LblPass1", "Password", {.key = 'a'}};
+  Label LblPass1{FraMain[7], "LblPass1", "Password", {.key = 'a', .inset = true}};
   TextBox TxtPass1{FraMain[7], "TxtPass1", LblPass1, "", {.beside = true}};
-  Label LblPass2{FraMain[7], "LblPass2", "Confirm Password", {.key = 'm'}};
+  Label LblPass2{FraMain[7], "LblPass2", "Confirm Password", {.key = 'm', .inset = true}};
   TextBox TxtPass2{FraMain[7], "TxtPass2", LblPass2, "", {.beside = true}};
   Frame FraISO{FraMain[7], "FraISO", " ISO File Details "};
   Label LblISOLoc{FraISO, "LblISOLoc", "Specify the Location to save the generated ISO file to:", {.key = 'S'}};

@@ -20,7 +20,7 @@ class Collector {
       layout_.groups.push_back({frame, nullptr, {}});
       return;
     }
-    const auto* label = dynamic_cast<const forms::Label*>(&control);
+    auto* label = dynamic_cast<forms::Label*>(&control);
     if (label != nullptr && label->heading) {
       layout_.heading = label;
       return;

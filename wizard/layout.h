@@ -24,7 +24,7 @@ struct Group {
 struct Layout {
   forms::Form* form = nullptr;
   int page = -1;                          // the index in FraMain; -1: a dialog, or the buttons below the pages
-  const forms::Label* heading = nullptr;  // the title of a page; it is not part of a row
+  forms::Label* heading = nullptr;        // the title of a page; it is not part of a row
   std::vector<Group> groups;              // from top to bottom
   forms::Control* first_focus = nullptr;  // null: no control takes input, and the default button gets the focus
 };
