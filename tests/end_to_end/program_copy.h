@@ -23,7 +23,7 @@ class ProgramCopy {
 
   // Replaces a program by a shell script. `lines` follow the "#!" line.
   void ReplaceProgram(const std::string& name, const std::string& lines) const;
-  // Restores a replaced program.
+  // Restores a replaced program, or adds the program with the window ("discwright"), which few tests need.
   void RestoreProgram(const std::string& name) const;
 
  private:

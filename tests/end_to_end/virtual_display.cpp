@@ -1,0 +1,58 @@
+// Starts Xvfb, and runs xdotool for each action.
+#include "tests/end_to_end/virtual_display.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <sstream>
+
+#include "tests/end_to_end/waiting.h"
+
+namespace discwright::testing {
+
+// The server chooses a free number, and writes it to standard error when it is ready.
+VirtualDisplay::VirtualDisplay()
+    : server_(std::make_unique<RunningProgram>(
+          std::vector<std::string>{"Xvfb", "-displayfd", "2", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"})) {
+  std::string number;
+  const bool ready = WaitUntil([&] {
+    number = server_->ErrorText();
+    return server_->HasEnded() || number.ends_with('\n');
+  });
+  EXPECT_TRUE(ready && !server_->HasEnded()) << "Xvfb does not start: " << number;
+  std::erase_if(number, [](unsigned char character) { return std::isdigit(character) == 0; });
+  name_ = ":" + number;
+}
+
+Outcome VirtualDisplay::Tool(std::vector<std::string> arguments) const {
+  arguments.insert(arguments.begin(), "xdotool");
+  return RunProgram(arguments, {.environment = Environment()});
+}
+
+std::vector<std::string> VirtualDisplay::Windows(const std::string& title) const {
+  std::istringstream lines(Tool({"search", "--onlyvisible", "--name", "^" + title + "$"}).out);
+  std::vector<std::string> windows;
+  for (std::string line; std::getline(lines, line);) windows.push_back(line);
+  return windows;
+}
+
+std::string VirtualDisplay::WaitForWindow(const std::string& title, std::size_t count) const {
+  std::vector<std::string> windows;
+  const bool appeared = WaitUntil([&] {
+    windows = Windows(title);
+    return windows.size() == count;
+  });
+  return appeared ? *std::max_element(
+                        windows.begin(), windows.end(),
+                        [](const std::string& a, const std::string& b) { return std::stoul(a) < std::stoul(b); })
+                  : "";
+}
+
+void VirtualDisplay::Press(const std::string& window, const std::vector<std::string>& keys) const {
+  std::vector<std::string> arguments = {"windowfocus", "--sync", window, "key", "--clearmodifiers"};
+  arguments.insert(arguments.end(), keys.begin(), keys.end());
+  Tool(arguments);
+}
+
+}  // namespace discwright::testing
