@@ -143,9 +143,12 @@ struct FrmDiscwright : Form {
   Label LblHeadSummery{FraMain[8], "LblHeadSummery", "  Ready to create ISO file", {.key = 'R'}};
   TextBox TxtSummery{FraMain[8], "TxtSummery", LblHeadSummery};
 
-  // Page 9: finish.
+  // Page 9: finish. LblResult and TxtReport are shown after a build. The wizard fills them in, always with the letter
+  // of the access key in the text of LblResult.
   Label LblFinish{FraMain[9], "LblFinish", "  Operation completed successfully"};
   Label LblAbort{FraMain[9], "LblAbort", "Couldn't access destination ISO File"};
+  Label LblResult{FraMain[9], "LblResult", "The result of the build", {.key = 'i'}};
+  TextBox TxtReport{FraMain[9], "TxtReport", LblResult};
   Label LblVisit_vexacd{FraMain[9],
                         "LblVisit_vexacd",
                         "Visit the Vexa Rescue CD homepage for updated versions of the Vexa Discwright at :",

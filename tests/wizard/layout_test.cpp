@@ -119,9 +119,9 @@ TEST_F(LayoutTest, IsoOptions_HaveAFrameForTheFile) {
 
 TEST_F(LayoutTest, Summary_IsItsText) { EXPECT_THAT(LinesOfPage(8), ElementsAre("TxtSummery")); }
 
-TEST_F(LayoutTest, Finish_IsThreeLinksUnderTheirLines) {
-  EXPECT_THAT(LinesOfPage(9), ElementsAre("LblAbort", "LblVisit_vexacd", "LblLink_vexacd", "LblVisit_cdshell",
-                                          "LblLink_cdshell", "LblVisit_Third", "LblLink_Third"));
+TEST_F(LayoutTest, Finish_IsTheReportAndThreeLinksUnderTheirLines) {
+  EXPECT_THAT(LinesOfPage(9), ElementsAre("LblAbort", "LblResult", "TxtReport", "LblVisit_vexacd", "LblLink_vexacd",
+                                          "LblVisit_cdshell", "LblLink_cdshell", "LblVisit_Third", "LblLink_Third"));
 }
 
 TEST_F(LayoutTest, Progress_IsACheckListOfMarksAndLines) {
@@ -257,7 +257,8 @@ TEST_F(LayoutTest, LabelOfAFieldOrLink_StandsRightBeforeIt) {
       EXPECT_EQ(view[i - 1], label) << view[i]->name();
     }
   }
-  EXPECT_EQ(fields, 10 + 1 + 3 + 5 + 5);  // the pages' locations and passwords, the summary, the links, the dialogs
+  // The pages' locations and passwords, the summary, the report, the links, the dialogs.
+  EXPECT_EQ(fields, 10 + 1 + 1 + 3 + 5 + 5);
 }
 
 TEST_F(LayoutTest, AccessKeys_AreUniqueInWhatIsSeenAtATime) {
