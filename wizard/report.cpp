@@ -10,8 +10,6 @@ namespace {
 using steps::BuildEnd;
 using steps::BuildResult;
 
-constexpr const char* kLineEnd = "\r\n";
-
 // A place that begins with a quote is the command line of a program, not a path.
 std::string NoteText(const util::Note& note) {
   const bool is_path = !note.place.starts_with('"');
@@ -20,7 +18,7 @@ std::string NoteText(const util::Note& note) {
 
 // One MB has 1,048,576 bytes here, as on the label of an empty CD: one of 700 MB takes an image of "700.0 MB".
 std::string Megabytes(std::int64_t bytes) {
-  constexpr std::int64_t kBytesPerMegabyte = 1024 * 1024;
+  constexpr std::int64_t kBytesPerMegabyte = 1'048'576;
   const std::int64_t tenths = (bytes * 10 + kBytesPerMegabyte / 2) / kBytesPerMegabyte;
   return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10) + " MB";
 }
@@ -56,8 +54,8 @@ std::vector<std::string> FirstLines(const BuildResult& result) {
 std::string ReportText(const BuildResult& result, const util::Notes& notes) {
   std::string text;
   for (const std::vector<std::string>& lines : {FirstLines(result), NoteLines(notes), LogLines(result)}) {
-    if (!text.empty() && !lines.empty()) text += kLineEnd;
-    for (const std::string& line : lines) text += line + kLineEnd;
+    if (!text.empty() && !lines.empty()) text += "\r\n";
+    for (const std::string& line : lines) text += line + "\r\n";
   }
   return text;
 }
