@@ -6,11 +6,11 @@
 #include "desktop/console/headless_build.h"
 #include "forms/user_actions.h"
 #include "host/console.h"
-#include "host/names.h"
 #include "host/native_text.h"
 #include "host/run_program.h"
 #include "host/system.h"
 #include "wizard/navigation.h"
+#include "wizard/report.h"
 
 namespace {
 
@@ -37,14 +37,8 @@ int Build(const desktop::Options& options) {
   };
   desktop::ConsoleUser user(terminal, interrupted);
   steps::Context context{windows, user, *programs, notes};
-  notes.added = [&](const util::Note& note) {
-    // A place that begins with a quote is the command line of a program, not a path.
-    const bool is_path = !note.place.starts_with('"');
-    terminal.PrintLine("warning: " + (is_path ? host::PathToNative(note.place) : note.place) + ": " + note.cause);
-  };
-  notes.remarked = [&](const util::Note& remark) {
-    terminal.PrintLine("remark: " + host::PathToNative(remark.place) + ": " + remark.cause);
-  };
+  notes.added = [&](const util::Note& note) { terminal.PrintLine(wizard::WarningLine(note)); };
+  notes.remarked = [&](const util::Note& remark) { terminal.PrintLine(wizard::RemarkLine(remark)); };
   const forms::Subscription rules = wizard::Bind(context);
   host::CatchInterrupts(desktop::kExitCancelled);
   try {

@@ -10,10 +10,13 @@ FrmDiscwright::FrmDiscwright() : Form("FrmDiscwright", "Vexa Discwright") {
   for (std::size_t page = 1; page < FraMain.size(); ++page) FraMain[page].visible = false;
   CmdBack.enabled = false;
   CmdFinish.visible = false;
-  LblAbort.visible = false;
   BarSub_Step.visible = false;
-  TxtSummery.read_only = true;
-  TxtSummery.multi_line = true;
+  for (Label* label : {&LblAbort, &LblResult}) label->visible = false;
+  TxtReport.visible = false;
+  for (TextBox* box : {&TxtSummery, &TxtReport}) {
+    box->read_only = true;
+    box->multi_line = true;
+  }
   for (TextBox* box : {&TxtPass1, &TxtPass2}) box->password = true;
   for (Label* mark : {&LblRight1, &LblRight2, &LblRight3, &LblRight4, &LblRight5}) mark->symbol_font = true;
   for (Label* heading : {&LblHeadWelcome, &LblHeadContents, &LblHeadWin2K1, &LblHeadWin2K2, &LblHeadWin9x,

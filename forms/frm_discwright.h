@@ -143,9 +143,12 @@ struct FrmDiscwright : Form {
   Label LblHeadSummery{FraMain[8], "LblHeadSummery", "  Ready to create ISO file", {.key = 'R'}};
   TextBox TxtSummery{FraMain[8], "TxtSummery", LblHeadSummery};
 
-  // Page 9: finish.
+  // Page 9: finish. LblResult and TxtReport are shown after a build. The wizard fills them in, always with the letter
+  // of the access key in the text of LblResult.
   Label LblFinish{FraMain[9], "LblFinish", "  Operation completed successfully"};
   Label LblAbort{FraMain[9], "LblAbort", "Couldn't access destination ISO File"};
+  Label LblResult{FraMain[9], "LblResult", "The result of the build", {.key = 'i'}};
+  TextBox TxtReport{FraMain[9], "TxtReport", LblResult};
   Label LblVisit_vexacd{FraMain[9],
                         "LblVisit_vexacd",
                         "Visit the Vexa Rescue CD homepage for updated versions of the Vexa Discwright at :",
@@ -159,18 +162,18 @@ struct FrmDiscwright : Form {
   Label LblVisit_Third{FraMain[9], "LblVisit_Third", "For more about creating bootable CD-ROMs, visit :", {.key = 'm'}};
   Link LblLink_Third{FraMain[9], "LblLink_Third", LblVisit_Third, kBootableCdsPage};
 
-  // Page 10: progress. It has one line for each step of the build, with its mark beside it.
+  // Page 10: progress. It has one line for each step of the build, with its mark before the text.
   Label LblWait{FraMain[10], "LblWait", "  Please Wait ... Creating the ISO file"};
-  Label LblMsg1{FraMain[10], "LblMsg1", "Creating Vexa Boot Disks"};
-  Label LblRight1{FraMain[10], "LblRight1", "", {.beside = true}};
-  Label LblMsg2{FraMain[10], "LblMsg2", "Inserting Windows 2000/XP/2003 Setup Files"};
-  Label LblRight2{FraMain[10], "LblRight2", "", {.beside = true}};
-  Label LblMsg3{FraMain[10], "LblMsg3", "Inserting Windows 9x Setup Files"};
-  Label LblRight3{FraMain[10], "LblRight3", "", {.beside = true}};
-  Label LblMsg4{FraMain[10], "LblMsg4", "Adding Vexa Utilities/Advanced Tools"};
-  Label LblRight4{FraMain[10], "LblRight4", "", {.beside = true}};
-  Label LblMsg5{FraMain[10], "LblMsg5", "Creating Final ISO File"};
-  Label LblRight5{FraMain[10], "LblRight5", "", {.beside = true}};
+  Label LblRight1{FraMain[10], "LblRight1"};
+  Label LblMsg1{FraMain[10], "LblMsg1", "Creating Vexa Boot Disks", {.beside = true}};
+  Label LblRight2{FraMain[10], "LblRight2"};
+  Label LblMsg2{FraMain[10], "LblMsg2", "Inserting Windows 2000/XP/2003 Setup Files", {.beside = true}};
+  Label LblRight3{FraMain[10], "LblRight3"};
+  Label LblMsg3{FraMain[10], "LblMsg3", "Inserting Windows 9x Setup Files", {.beside = true}};
+  Label LblRight4{FraMain[10], "LblRight4"};
+  Label LblMsg4{FraMain[10], "LblMsg4", "Adding Vexa Utilities/Advanced Tools", {.beside = true}};
+  Label LblRight5{FraMain[10], "LblRight5"};
+  Label LblMsg5{FraMain[10], "LblMsg5", "Creating Final ISO File", {.beside = true}};
   Label LblSub_Step{FraMain[10], "LblSub_Step"};
   ProgressBar BarSub_Step{FraMain[10], "BarSub_Step"};
 

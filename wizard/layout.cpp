@@ -26,11 +26,15 @@ class Collector {
       return;
     }
     AddToGroup(GroupOf(control), control);
-    const bool first = layout_.first_focus == nullptr && forms::TakesInput(control);
-    if (first) layout_.first_focus = &control;
+    if (layout_.first_focus == nullptr && IsToBeFilledIn(control)) layout_.first_focus = &control;
   }
 
  private:
+  // Links take input too, but a user who opens the page does not come for them.
+  static bool IsToBeFilledIn(const forms::Control& control) {
+    return forms::TakesInput(control) && dynamic_cast<const forms::Link*>(&control) == nullptr;
+  }
+
   Group& GroupOf(const forms::Control& control) {
     if (control.container() == &page_) {
       if (layout_.groups.empty() || layout_.groups.back().frame != nullptr) layout_.groups.emplace_back();

@@ -26,7 +26,7 @@ struct Layout {
   int page = -1;                          // the index in FraMain; -1: a dialog, or the buttons below the pages
   forms::Label* heading = nullptr;        // the title of a page; it is not part of a row
   std::vector<Group> groups;              // from top to bottom
-  forms::Control* first_focus = nullptr;  // null: no control takes input, and the default button gets the focus
+  forms::Control* first_focus = nullptr;  // null: nothing is to be filled in, and the default button gets the focus
 };
 
 // A layout follows from the records of the controls: the order of their declarations, their frames, and their
@@ -38,7 +38,8 @@ Layout LayoutOfButtons(forms::Windows& windows);  // the five buttons below the 
 // Returns the layouts of the eleven pages, of the buttons below them, and of both dialogs.
 std::vector<Layout> AllLayouts(forms::Windows& windows);
 
-// Returns the controls of a layout in reading order, which is also the order of the Tab key.
+// Returns the controls of a layout in reading order, which is also the order of the Tab key. The key stops at controls
+// that take input (forms::TakesInput) and at read-only text boxes, which the user scrolls with other keys.
 std::vector<forms::Control*> ControlsOf(const Layout& layout);
 
 }  // namespace discwright::wizard

@@ -14,6 +14,7 @@
 #include "wizard/page_checks.h"
 #include "wizard/page_defaults.h"
 #include "wizard/pages.h"
+#include "wizard/report.h"
 #include "wizard/rules.h"
 #include "wizard/summary.h"
 
@@ -137,6 +138,7 @@ void CmdFinish_Click(steps::Context& context) {
   ShowPage(context, forms::kProgressPage);
   context.result = pipeline::FinishApp(context);
   main.Finished = true;
+  ShowReport(context);
   ShowPage(context, forms::kFinishPage);
   if (context.closing) main.visible = false;
 }

@@ -1,5 +1,5 @@
-// Contains the handlers of the wizard's five buttons, of its start, of Esc, and of the close button of its window. Call Bind
-// once, then Form_Load.
+// Contains the handlers of the wizard's five buttons, of its start, of Esc, and of the close button of its window. Call
+// Bind once, then Form_Load.
 #pragma once
 
 #include <string>

@@ -29,6 +29,7 @@
 #include "wizard/iso_destination.h"
 #include "wizard/navigation.h"
 #include "wizard/pages.h"
+#include "wizard/report.h"
 
 namespace discwright::desktop {
 
@@ -214,10 +215,7 @@ int ReportRefusal(const forms::FrmDiscwright& main, Terminal& terminal) {
 
 int ReportFailure(const steps::Context& context, Terminal& terminal) {
   const steps::BuildResult& result = context.result;
-  if (!result.log.empty()) {
-    terminal.PrintLine("The end of " + host::PathToNative(result.log) + ":");
-    for (const std::string& line : result.log_tail) terminal.PrintLine("  " + line);
-  }
+  for (const std::string& line : wizard::LogLines(result)) terminal.PrintLine(line);
   const bool was_shown = result.why == context.failure;  // by the message box of the step that failed
   if (!was_shown) terminal.PrintLine(result.why);
   return kExitFailed;
@@ -226,12 +224,10 @@ int ReportFailure(const steps::Context& context, Terminal& terminal) {
 int ReportImage(const steps::Context& context, Terminal& terminal) {
   const steps::BuildResult& result = context.result;
   if (!result.sha256.empty()) {
-    host::Print(host::Stream::kOutput, "Image:   " + host::PathToNative(result.image) + "\nSize:    " +
-                                           std::to_string(result.size) + " bytes\nSHA-256: " + result.sha256 + "\n");
+    for (const std::string& line : wizard::ImageLines(result)) host::Print(host::Stream::kOutput, line + "\n");
   }
   if (result.end == steps::BuildEnd::kMade) return kExitMade;
-  const std::size_t warnings = context.notes.all().size();
-  terminal.PrintLine("The image was made, with " + std::to_string(warnings) + " warning" + (warnings == 1 ? "" : "s") +
+  terminal.PrintLine("The image was made, with " + wizard::Counted(context.notes.all().size(), "warning") +
                      " (see above).");
   return kExitMadeWithWarnings;
 }

@@ -110,6 +110,7 @@ constexpr TextRow kTexts[] = {
 
     {kMain, "LblFinish", "  Operation completed successfully"},
     {kMain, "LblAbort", "Couldn't access destination ISO File"},
+    {kMain, "LblResult", "The result of the build"},
     {kMain, "LblVisit_vexacd", "Visit the Vexa Rescue CD homepage for updated versions of the Vexa Discwright at :"},
     {kMain, "LblVisit_cdshell", "The CDShell homepage, simply the most advanced Bootable CDs Loader :"},
     {kMain, "LblLink_vexacd", "https://discwright.example.org/"},
@@ -156,9 +157,9 @@ constexpr std::pair<const char*, const char*> kStartEmpty[] = {
     {kMain, "FraMain"},      {kMain, "Txt_i386_Loc"}, {kMain, "FraSP_Loc"},       {kMain, "FraHotfix"},
     {kMain, "TxtWin9x_Loc"}, {kMain, "TxtERDC"},      {kMain, "TxtBCon"},         {kMain, "FraUtils"},
     {kMain, "TxtUtils_Loc"}, {kMain, "FraAddFiles"},  {kMain, "TxtAddFiles_Loc"}, {kMain, "TxtPass1"},
-    {kMain, "TxtPass2"},     {kMain, "TxtSummery"},   {kMain, "LblRight1"},       {kMain, "LblRight2"},
-    {kMain, "LblRight3"},    {kMain, "LblRight4"},    {kMain, "LblRight5"},       {kMain, "LblSub_Step"},
-    {kWin2K, "TxtTemplate"}, {kWin2K, "TxtPCName"},   {kWin9x, "TxtPCName"},
+    {kMain, "TxtPass2"},     {kMain, "TxtSummery"},   {kMain, "TxtReport"},       {kMain, "LblRight1"},
+    {kMain, "LblRight2"},    {kMain, "LblRight3"},    {kMain, "LblRight4"},       {kMain, "LblRight5"},
+    {kMain, "LblSub_Step"},  {kWin2K, "TxtTemplate"}, {kWin2K, "TxtPCName"},      {kWin9x, "TxtPCName"},
 };
 
 enum class Kind {
@@ -249,6 +250,8 @@ constexpr KindRow kNamedControls[] = {
     {kMain, "TxtSummery", Kind::kTextBox, 8},
     {kMain, "LblFinish", Kind::kLabel, 9},
     {kMain, "LblAbort", Kind::kLabel, 9},
+    {kMain, "LblResult", Kind::kLabel, 9},
+    {kMain, "TxtReport", Kind::kTextBox, 9},
     {kMain, "LblLink_vexacd", Kind::kLink, 9},
     {kMain, "LblLink_cdshell", Kind::kLink, 9},
     {kMain, "LblLink_Third", Kind::kLink, 9},

@@ -192,6 +192,14 @@ TEST(FrmDiscwright, AtStart_HasTheDesignTimeTexts) {
   EXPECT_EQ(main.ChkVexaUtils.container(), &main.FraUtils);
 }
 
+TEST(FrmDiscwright, SummaryAndReport_AreBoxesOfSeveralLinesThatTheProgramFillsIn) {
+  const FrmDiscwright main;
+  for (const TextBox* box : {&main.TxtSummery, &main.TxtReport}) {
+    EXPECT_TRUE(box->multi_line) << box->name();
+    EXPECT_TRUE(box->read_only) << box->name();
+  }
+}
+
 TEST(Dialogs, AtStart_HaveTheirDefaults) {
   Windows windows;
   EXPECT_EQ(windows.win9x_info.caption.get(), "Windows 9x Installation Info");

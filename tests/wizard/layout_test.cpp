@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "forms/user_actions.h"
+#include "wizard/rules.h"
 
 namespace discwright::wizard {
 namespace {
@@ -118,14 +119,14 @@ TEST_F(LayoutTest, IsoOptions_HaveAFrameForTheFile) {
 
 TEST_F(LayoutTest, Summary_IsItsText) { EXPECT_THAT(LinesOfPage(8), ElementsAre("TxtSummery")); }
 
-TEST_F(LayoutTest, Finish_IsThreeLinksUnderTheirLines) {
-  EXPECT_THAT(LinesOfPage(9), ElementsAre("LblAbort", "LblVisit_vexacd", "LblLink_vexacd", "LblVisit_cdshell",
-                                          "LblLink_cdshell", "LblVisit_Third", "LblLink_Third"));
+TEST_F(LayoutTest, Finish_IsTheReportAndThreeLinksUnderTheirLines) {
+  EXPECT_THAT(LinesOfPage(9), ElementsAre("LblAbort", "LblResult", "TxtReport", "LblVisit_vexacd", "LblLink_vexacd",
+                                          "LblVisit_cdshell", "LblLink_cdshell", "LblVisit_Third", "LblLink_Third"));
 }
 
-TEST_F(LayoutTest, Progress_IsFiveLinesWithTheirMarks) {
-  EXPECT_THAT(LinesOfPage(10), ElementsAre("LblMsg1 | LblRight1", "LblMsg2 | LblRight2", "LblMsg3 | LblRight3",
-                                           "LblMsg4 | LblRight4", "LblMsg5 | LblRight5", "LblSub_Step", "BarSub_Step"));
+TEST_F(LayoutTest, Progress_IsACheckListOfMarksAndLines) {
+  EXPECT_THAT(LinesOfPage(10), ElementsAre("LblRight1 | LblMsg1", "LblRight2 | LblMsg2", "LblRight3 | LblMsg3",
+                                           "LblRight4 | LblMsg4", "LblRight5 | LblMsg5", "LblSub_Step", "BarSub_Step"));
 }
 
 TEST_F(LayoutTest, Buttons_AreOneRow) {
@@ -173,15 +174,25 @@ TEST_F(LayoutTest, Headings_AreThoseOfThePagesInOrder) {
                                     "  Please Wait ... Creating the ISO file", "none", "none", "none"));
 }
 
-TEST_F(LayoutTest, FirstFocus_IsTheFirstThatTakesInput) {
+// A page with nothing to fill in leaves the focus to the default button. The links of the finish page do not take it.
+TEST_F(LayoutTest, FirstFocus_IsTheFirstThatIsToBeFilledIn) {
   std::vector<std::string> names;
   for (const Layout& layout : AllLayouts(windows)) {
     names.push_back(layout.first_focus == nullptr ? "none" : layout.first_focus->name());
   }
-  EXPECT_THAT(names,
-              ElementsAre("none", "ChkGet_Vexadisks", "Txt_i386_Loc", "ChkDelTree_Lang", "TxtWin9x_Loc", "ChkERDC",
-                          "ChkVexaUtils", "ChkPassProtect", "none", "LblLink_vexacd", "none",  // the pages
-                          "CmdHelp", "TxtTemplate", "TxtOwner"));
+  EXPECT_THAT(names, ElementsAre("none", "ChkGet_Vexadisks", "Txt_i386_Loc", "ChkDelTree_Lang", "TxtWin9x_Loc",
+                                 "ChkERDC", "ChkVexaUtils", "ChkPassProtect", "none", "none", "none",  // the pages
+                                 "CmdHelp", "TxtTemplate", "TxtOwner"));
+}
+
+// The rules disable many controls while the boxes are clear, as they are here. The focus must not go to one of them.
+TEST_F(LayoutTest, FirstFocus_CanAlwaysBeUsedAndHasATextThatNamesIt) {
+  const forms::Subscription rules = KeepRules(windows);
+  for (const Layout& layout : AllLayouts(windows)) {
+    if (layout.first_focus == nullptr) continue;
+    EXPECT_TRUE(forms::CanBeUsed(*layout.first_focus)) << layout.first_focus->name();
+    EXPECT_NE(forms::NamingText(*layout.first_focus), "") << layout.first_focus->name();
+  }
 }
 
 // Frames are drawn around rows, headings above them; the rest is no part of any page.
@@ -246,7 +257,8 @@ TEST_F(LayoutTest, LabelOfAFieldOrLink_StandsRightBeforeIt) {
       EXPECT_EQ(view[i - 1], label) << view[i]->name();
     }
   }
-  EXPECT_EQ(fields, 10 + 1 + 3 + 5 + 5);  // the pages' locations and passwords, the summary, the links, the dialogs
+  // The pages' locations and passwords, the summary, the report, the links, the dialogs.
+  EXPECT_EQ(fields, 10 + 1 + 1 + 3 + 5 + 5);
 }
 
 TEST_F(LayoutTest, AccessKeys_AreUniqueInWhatIsSeenAtATime) {

@@ -273,6 +273,24 @@ TEST_F(FinishTest, BuildHasEnded_ShowsTheFinishPage) {
   EXPECT_FALSE(host.Exists("C:\\Discwright\\vexacd.ini"));
 }
 
+TEST_F(FinishTest, BuildHasEnded_ReportsItsResultBeforeTheFinishPageIsShown) {
+  Listen(main.FraMain[9], [this](forms::Control&, forms::Facet, forms::By) { EXPECT_TRUE(main.TxtReport.visible); });
+  forms::Press(main.CmdFinish);
+  EXPECT_EQ(main.LblResult.caption.get(), "The image was not made.");
+  EXPECT_THAT(main.TxtReport.text.get(), HasSubstr("The mastering did not say that the image is complete."));
+}
+
+TEST_F(FinishTest, CancelledBuild_ReportsItWhenItHasReturned) {
+  user.on_do_events = [this] {
+    if (programs.started.empty() || main.Finished) return;
+    forms::Press(main.CmdCancel);
+    EXPECT_FALSE(main.LblResult.visible);
+  };
+  forms::Press(main.CmdFinish);
+  EXPECT_TRUE(main.LblResult.visible);
+  EXPECT_EQ(main.LblResult.caption.get(), "You have cancelled the build.");
+}
+
 TEST_F(FinishTest, OpenHelp_MovesToTheProgressAndThenToTheFinishTopic) {
   user.help_is_open = true;
   forms::Press(main.CmdFinish);
