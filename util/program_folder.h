@@ -19,6 +19,7 @@ enum class Item {
   kDfl,
   kMkisofs,
   kHelpFile,
+  kHelpTopics,
   // Holds the user's choices.
   kSession,
   kWorkingKeyFile,

@@ -21,6 +21,7 @@
 #include "desktop/qt/qt_text.h"
 #include "host/names.h"
 #include "util/paths.h"
+#include "util/program_folder.h"
 #include "wizard/help.h"
 
 namespace discwright::desktop {
@@ -37,10 +38,11 @@ QString WhyNotReadable(const QString& path) {
       .arg(path, file.errorString());
 }
 
-// Returns the path of a file of the folder "help", which is beside the help file of `request_path`.
+// Returns the path of a topic. The folder of the topics is beside the help file that `request_path` names.
 QString PathInHelp(const std::string& request_path, const std::string& name) {
   const std::string help_file = request_path.substr(0, request_path.rfind('>'));
-  return ToQt(host::PathToNative(util::ParentOf(help_file) + "\\help\\" + name));
+  const std::string topics(util::NameInFolder(util::Item::kHelpTopics));
+  return ToQt(host::PathToNative(util::ParentOf(help_file) + "\\" + topics + "\\" + name));
 }
 
 std::string FileOf(const host::HelpRequest& request) {
@@ -50,13 +52,15 @@ std::string FileOf(const host::HelpRequest& request) {
 
 // A text browser that says what is wrong when the file of a link is missing, where it would otherwise show nothing.
 // It opens no links itself.
-class Page : public QTextBrowser {
+class HelpPage : public QTextBrowser {
  public:
-  explicit Page(const QString& name) {
+  explicit HelpPage(const QString& name) {
     constexpr int kMargin = 10;
+    constexpr int kIndent = 20;  // of a list
     setAccessibleName(name);
     setOpenLinks(false);
     document()->setDocumentMargin(kMargin);
+    document()->setIndentWidth(kIndent);
   }
 
   QVariant loadResource(int type, const QUrl& name) override {
@@ -106,9 +110,9 @@ struct HelpWindow::Parts {
   QPushButton start{QStringLiteral("&Start")};
   QSplitter panes;
   QTabWidget lists;
-  Page contents{QStringLiteral("Contents")};
-  Page index{QStringLiteral("Index")};
-  Page topic{QStringLiteral("Topic")};
+  HelpPage contents{QStringLiteral("Contents")};
+  HelpPage index{QStringLiteral("Index")};
+  HelpPage topic{QStringLiteral("Topic")};
 };
 
 HelpWindow::HelpWindow(std::function<void(const std::string&)> open_link)
@@ -124,14 +128,16 @@ HelpWindow::~HelpWindow() = default;
 
 // The sizes are multiples of the height of a line, so they follow the font of the desktop.
 void HelpWindow::Arrange() {
-  constexpr int kListWidth = 15;
-  constexpr int kTopicWidth = 34;
-  constexpr int kHeight = 33;
+  constexpr int kListWidth = 16;
+  constexpr int kTopicWidth = 38;
+  constexpr int kHeight = 37;
   Parts& parts = *parts_;
   parts.lists.addTab(&parts.contents, QStringLiteral("&Contents"));
   parts.lists.addTab(&parts.index, QStringLiteral("&Index"));
   parts.lists.setAccessibleName(QStringLiteral("Lists of the topics"));
   parts.lists.tabBar()->setAccessibleName(QStringLiteral("Contents or Index"));
+  // The tabs have a frame of their own.
+  for (QTextBrowser* list : {&parts.contents, &parts.index}) list->setFrameShape(QFrame::NoFrame);
   for (QPushButton* button : {&parts.back, &parts.forward, &parts.start}) {
     button->setAccessibleName(button->text().remove(QLatin1Char('&')));
     parts.buttons.addWidget(button);

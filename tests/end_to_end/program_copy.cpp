@@ -22,7 +22,7 @@ ProgramCopy::ProgramCopy(fs::path folder) : folder_(std::move(folder)) {
   const fs::path built = PROGRAM_FOLDER;
   fs::create_directories(folder_);
   // Copies a list of names, because a build by hand may have left other files in the built folder.
-  for (const char* name : {"discwright-build", "CreateDsk", "dfl", "mkisofs", "files"}) {
+  for (const char* name : {"discwright-build", "CreateDsk", "dfl", "mkisofs", "files", "help"}) {
     fs::copy(built / name, folder_ / name, fs::copy_options::recursive);
   }
 }
