@@ -68,7 +68,6 @@ int Run() {
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   QApplication::setApplicationName("discwright");
-  QApplication::setApplicationDisplayName("Vexa Discwright");
   QApplication::setApplicationVersion(DISCWRIGHT_VERSION);
   QApplication::setDesktopFileName("org.example.discwright");
   QApplication::setWindowIcon(desktop::ProgramIcon());
