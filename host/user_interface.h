@@ -35,6 +35,7 @@ struct HelpRequest {
   HelpCommand command = HelpCommand::kContents;
   std::string topic_file = {};  // with kTopicFile
   int topic_id = 0;             // with kTopicId
+  bool to_front = true;         // an open viewer comes to the front; false: it stays where it is
 };
 
 class UserInterface {

@@ -29,6 +29,8 @@ struct Context {
   host::ProcessEnd mastering_end = {};                  // how the last mastering ended
   bool image_was_written = false;                       // whether its output says that the image is complete
 
+  std::shared_ptr<void> claim = nullptr;  // keeps other programs from building in the program folder
+
   bool cancelled_by_user = false;
   bool closing = false;      // hide the main window as soon as the cancelled build has returned
   bool is_asking = false;    // the user is being asked whether to cancel the build

@@ -80,6 +80,17 @@ std::string ParentOf(std::string path) {
   return parent;
 }
 
+bool IsOneFile(const std::string& a, const std::string& b) {
+  if (host::SameFile(a, b)) return true;
+  std::string folder_a;
+  std::string folder_b;
+  std::string name_a;
+  std::string name_b;
+  SplitPath(a, folder_a, name_a);
+  SplitPath(b, folder_b, name_b);
+  return host::FoldCase(name_a) == host::FoldCase(name_b) && host::SameFolder(folder_a, folder_b);
+}
+
 std::string AsTyped(const std::string& path) {
   std::string native = host::PathToNative(path);
   return native.find('\\') == std::string::npos && host::PathToNative(native) == native ? native : path;

@@ -38,6 +38,9 @@ void SplitPath(std::string_view full_path, std::string& folder, std::string& fil
 // folder, the result is the input.
 std::string ParentOf(std::string path);
 
+// Whether two paths name one file. Paths of files that do not exist yet are compared by folder and name.
+bool IsOneFile(const std::string& a, const std::string& b);
+
 // A path in the spelling in which a user would type it into a field: the system's spelling. The result is the input
 // when the system's spelling would be read as another path, for example because it contains a backslash.
 std::string AsTyped(const std::string& path);

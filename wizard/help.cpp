@@ -14,7 +14,9 @@ constexpr const char* kHelpWindow = "Down";
 }  // namespace
 
 host::HelpRequest clsHTMLHelp::Request(host::HelpCommand command) const {
-  return {hWnd, host::ProgramFolder() + "\\" + FileName + ">" + HelpWindow, command};
+  host::HelpRequest request{hWnd, host::ProgramFolder() + "\\" + FileName + ">" + HelpWindow, command};
+  request.to_front = to_front;
+  return request;
 }
 
 void clsHTMLHelp::ShowHelpContents() const { user_.ShowHelp(Request(host::HelpCommand::kContents)); }
@@ -38,6 +40,7 @@ void ShowHelp(steps::Context& context, int intStep, bool ForceShow) {
   clsHTMLHelp help(context.user);
   help.FileName = util::NameInFolder(util::Item::kHelpFile);
   help.HelpWindow = kHelpWindow;
+  help.to_front = ForceShow;  // a viewer that only follows the pages must not cover them
   help.ShowTopicID(HelpTopic(intStep == kPageInView ? PageInView(context.main()) : intStep));
 }
 

@@ -17,6 +17,7 @@ class clsHTMLHelp {
   void* hWnd = nullptr;    // the window that owns the viewer; null: none
   std::string FileName;    // the name of the help file in the program folder
   std::string HelpWindow;  // the name of a window type that the help file defines
+  bool to_front = true;    // whether an open viewer comes to the front
 
   void ShowHelpContents() const;
   void ShowHelpIndex() const;

@@ -12,6 +12,7 @@
 #include "host/files.h"
 #include "host/names.h"
 #include "util/paths.h"
+#include "util/program_folder.h"
 
 namespace discwright::wizard {
 
@@ -70,13 +71,20 @@ std::string WhyNotCreated(const std::string& path) {
   return status.ok() ? "" : shown + " cannot be written: " + status.cause + ".";
 }
 
+// The image must not replace a part of the program, nor the choices and answers that it keeps.
+bool IsOfTheProgram(const std::string& path) {
+  return std::any_of(util::kProgramFolder.begin(), util::kProgramFolder.end(),
+                     [&](const util::FolderItem& row) { return util::IsOneFile(path, util::PathOf(row.item)); });
+}
+
 }  // namespace
 
 // The path is examined first, so that the test never opens, and thereby empties, an existing file that cannot be read.
 std::string WhyNoIsoDestination(const std::string& text) {
   if (util::StripQuotes(text).empty()) return "The field is empty: enter the path of the image.";
-  const host::Result<host::Entry> entry = host::Look(util::NamedFile(text));
   const std::string shown = host::PathToNative(util::NamedFile(text));
+  if (IsOfTheProgram(util::NamedFile(text))) return shown + " is a file that the program needs: choose another name.";
+  const host::Result<host::Entry> entry = host::Look(util::NamedFile(text));
   if (entry.ok()) {
     if (entry.value.kind == host::EntryKind::kFile) return "";
     if (entry.value.kind == host::EntryKind::kFolder) return shown + " is a folder: add the name of the image.";

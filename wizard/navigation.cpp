@@ -5,12 +5,15 @@
 
 #include "forms/user_actions.h"
 #include "host/files.h"
+#include "host/names.h"
 #include "pipeline/build_driver.h"
+#include "pipeline/build_place.h"
 #include "settings/session.h"
 #include "util/paths.h"
 #include "wizard/choosers.h"
 #include "wizard/dialogs.h"
 #include "wizard/help.h"
+#include "wizard/iso_destination.h"
 #include "wizard/page_checks.h"
 #include "wizard/page_defaults.h"
 #include "wizard/pages.h"
@@ -70,6 +73,23 @@ bool UserGivesUpTheBuild(steps::Context& context) {
   const bool agrees = context.user.ShowMessage(question);
   context.is_asking = false;
   return agrees && BuildRuns(context.main());
+}
+
+// Whether the build can begin: the program folder can be used, and no file of the user would be replaced without a
+// question.
+bool MayBuild(steps::Context& context) {
+  host::Message message{"", "Error"};
+  if (context.claim == nullptr) message.text = pipeline::WhyNotBuiltHere(context.claim);
+  if (!message.text.empty()) {
+    context.user.ShowMessage(message);
+    return false;
+  }
+  const std::string destination = context.main().TxtISOLoc.text;
+  if (!HoldsSomethingElse(destination)) return true;
+  message.text = host::PathToNative(util::NamedFile(destination)) + " is a file of another kind.\r\nReplace it?";
+  message.icon = host::MessageIcon::kExclamation;
+  message.question = true;
+  return context.user.ShowMessage(message);
 }
 
 }  // namespace
@@ -132,11 +152,12 @@ void CmdFinish_Click(steps::Context& context) {
     return;
   }
   // The build handles clicks before it disables this button. A double click must not start a second build.
-  if (BuildRuns(main)) return;
+  if (BuildRuns(main) || !MayBuild(context)) return;
   main.CmdBack.enabled = false;
   main.CmdFinish.enabled = true;
   ShowPage(context, forms::kProgressPage);
   context.result = pipeline::FinishApp(context);
+  context.claim.reset();
   main.Finished = true;
   ShowReport(context);
   ShowPage(context, forms::kFinishPage);
@@ -149,6 +170,7 @@ void CmdHelp_Click(steps::Context& context) { ShowHelp(context, kPageInView, tru
 
 void CancelByKey(steps::Context& context) {
   FrmDiscwright& main = context.main();
+  if (!forms::CanBeUsed(main.CmdCancel)) return;
   if (BuildRuns(main) && !UserGivesUpTheBuild(context)) return;
   forms::Press(main.CmdCancel);  // does nothing when the build was cancelled while the question was open
 }

@@ -128,18 +128,6 @@ std::string ApplyOptions(steps::Context& context, const Options& options) {
   return options.password_file.empty() ? "" : ApplyPassword(main, options.password_file);
 }
 
-// Whether two paths name one file. Paths of files that do not exist yet are compared by folder and name.
-bool IsOneFile(const std::string& a, const std::string& b) {
-  if (host::SameFile(a, b)) return true;
-  std::string folder_a;
-  std::string folder_b;
-  std::string name_a;
-  std::string name_b;
-  util::SplitPath(a, folder_a, name_a);
-  util::SplitPath(b, folder_b, name_b);
-  return host::FoldCase(name_a) == host::FoldCase(name_b) && host::SameFolder(folder_a, folder_b);
-}
-
 // Returns the files that this run reads or writes itself.
 std::vector<std::string> OwnFiles(const std::string& session, const Options& options) {
   std::vector<std::string> files = {session, util::PathOf(util::Item::kWorkingKeyFile),
@@ -155,7 +143,7 @@ std::string WhyNotReplaced(const std::string& path, bool is_other_kind, const st
                            const Options& options) {
   const std::string shown = host::PathToNative(path);
   for (const std::string& own : OwnFiles(session, options)) {
-    if (IsOneFile(path, own)) return shown + " is a file that this run needs: choose another name";
+    if (util::IsOneFile(path, own)) return shown + " is a file that this run needs: choose another name";
   }
   if (!is_other_kind || options.force) return "";
   return shown + " is a file of another kind: choose another name, or add --force to replace it";
@@ -182,12 +170,12 @@ std::string WhyNotWritten(const steps::Context& context, const std::string& sess
   why = WhyNotReplaced(image, wizard::HoldsSomethingElse(destination), session, options);
   if (!why.empty() || options.save_session.empty()) return why;
   const std::string kept = host::PathFromNative(options.save_session);
-  if (IsOneFile(kept, session)) return "";  // saving over the session that was loaded is allowed
+  if (util::IsOneFile(kept, session)) return "";  // saving over the session that was loaded is allowed
   const host::ErrorClass error = host::CheckReadable(kept).error;
   const bool is_file = error != host::ErrorClass::kNotFound && error != host::ErrorClass::kWrongKind;
   const bool is_other_kind = is_file && !settings::HoldsChoices(kept);
   why = WhyNotReplaced(kept, is_other_kind, session, options);
-  return why.empty() && IsOneFile(kept, image)
+  return why.empty() && util::IsOneFile(kept, image)
              ? host::PathToNative(kept) + " is the name of the image: choose another name for the session"
              : why;
 }
@@ -284,9 +272,8 @@ int RunBuild(steps::Context& context, Terminal& terminal, const Options& options
   std::string problem = WhyNoSession(session, options);
   if (problem.empty()) problem = host::TextFromNative(base::WhyNoSourceDate(std::getenv(base::kSourceDateVariable)));
   if (!problem.empty()) return UsageError(terminal, problem);
-  std::shared_ptr<void> claim;
   if (!options.controls) {
-    problem = pipeline::WhyNotBuiltHere(claim);
+    problem = pipeline::WhyNotBuiltHere(context.claim);
     if (!problem.empty()) {
       terminal.PrintLine(problem);
       return kExitFailed;

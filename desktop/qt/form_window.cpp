@@ -14,7 +14,7 @@ namespace discwright::desktop {
 FormWindow::FormWindow(forms::Form& form, QWidget* owner) : QDialog(owner), form_(form) {
   setWindowTitle(ToQt(form.caption.get()));
   setObjectName(ToQt(form.name()));
-  setModal(owner != nullptr);
+  if (owner != nullptr) setWindowModality(Qt::WindowModal);
   if (form.help_button == nullptr) return;
   const auto* const help = new QShortcut(QKeySequence::HelpContents, this);
   connect(help, &QShortcut::activated, this, [this] { forms::Press(*form_.help_button); });

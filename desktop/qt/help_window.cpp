@@ -159,7 +159,6 @@ void HelpWindow::Connect() {
   for (QTextBrowser* page : parts.Pages()) {
     connect(page, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) { Follow(link); });
   }
-  for (QPushButton* button : {&parts.back, &parts.forward}) button->setEnabled(false);
   connect(&parts.topic, &QTextBrowser::backwardAvailable, &parts.back, &QWidget::setEnabled);
   connect(&parts.topic, &QTextBrowser::forwardAvailable, &parts.forward, &QWidget::setEnabled);
   connect(&parts.back, &QPushButton::clicked, &parts.topic, &QTextBrowser::backward);
@@ -183,7 +182,7 @@ std::string HelpWindow::Show(const host::HelpRequest& request) {
   const bool was_open = isVisible();
   if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
   show();
-  raise();
+  if (request.to_front) raise();
   if (!was_open) activateWindow();
   return "";
 }

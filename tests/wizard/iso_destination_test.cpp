@@ -45,6 +45,15 @@ TEST_F(IsoDestinationTest, NewFileInAnExistingFolder_IsTriedOutWithoutATrace) {
   EXPECT_FALSE(host.Exists("E:\\images\\new.iso"));
 }
 
+TEST_F(IsoDestinationTest, FileOfTheProgram_IsRefused) {
+  host.AddFile("C:\\Discwright\\vexacd.ini", "[Vexa]");
+  for (const char* name : {"VEXACD.ini", "keyfile2.txt", "mkisofs.exe"}) {
+    const std::string path = std::string("C:\\Discwright\\") + name;
+    EXPECT_EQ(WhyNoIsoDestination(path), path + " is a file that the program needs: choose another name.");
+  }
+  EXPECT_EQ(WhyNoIsoDestination("C:\\Discwright\\rescue.iso"), kCorrect);
+}
+
 TEST_F(IsoDestinationTest, NewFileOnADrive_IsCorrect) { EXPECT_EQ(WhyNoIsoDestination("E:\\new.iso"), kCorrect); }
 
 TEST_F(IsoDestinationTest, NewFileInTheRootFolder_IsCorrect) {

@@ -274,19 +274,22 @@ TEST_F(HelpWindowTest, EveryWidgetThatTakesTheKeyboard_HasAnAccessibleName) {
   }
 }
 
-TEST_F(HelpWindowTest, OtherPalette_GivesTheLinksItsColour) {
+TEST_F(HelpWindowTest, OtherPalette_GivesTheLinksItsColourAndKeepsThePlace) {
   const auto colour = [this] {
     QTextCursor cursor(Topic().document());
-    cursor.setPosition(Topic().document()->characterCount() - 2);
+    cursor.setPosition(1);
     return cursor.charFormat().foreground().color().name();
   };
   const QPalette before = QApplication::palette();
-  ShowFile("web.html");
+  Write("long.html", "<a href='1110.html'>link</a>" + Lines());
+  ShowFile("long.html");
+  Topic().verticalScrollBar()->setValue(200);
   QPalette palette = before;
   palette.setColor(QPalette::Link, QColor(1, 2, 3));
   QApplication::setPalette(palette);
   QApplication::processEvents();
   EXPECT_EQ(colour(), QStringLiteral("#010203"));
+  EXPECT_EQ(Topic().verticalScrollBar()->value(), 200);
   QApplication::setPalette(before);
 }
 
