@@ -10,7 +10,9 @@
 #include "host/native_text.h"
 #include "host/run_program.h"
 #include "host/system.h"
+#include "util/users_program_folder.h"
 #include "wizard/navigation.h"
+#include "wizard/place.h"
 
 namespace {
 
@@ -45,6 +47,11 @@ int Build(const desktop::Options& options) {
   notes.remarked = [&](const util::Note& remark) {
     terminal.PrintLine("remark: " + host::PathToNative(remark.place) + ": " + remark.cause);
   };
+  if (const std::string why = util::WhyNoUsersFolder(notes); !why.empty()) {
+    terminal.PrintLine(why);
+    return desktop::kExitFailed;
+  }
+  wizard::ShowPlace(windows.main);
   const forms::Subscription rules = wizard::Bind(context);
   host::CatchInterrupts(desktop::kExitCancelled);
   try {

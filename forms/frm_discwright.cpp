@@ -11,6 +11,7 @@ FrmDiscwright::FrmDiscwright() : Form("FrmDiscwright", "Vexa Discwright") {
   CmdBack.enabled = false;
   CmdFinish.visible = false;
   LblAbort.visible = false;
+  LblPlace.visible = false;
   BarSub_Step.visible = false;
   TxtSummery.read_only = true;
   TxtSummery.multi_line = true;

@@ -19,6 +19,8 @@ enum class Item {
   kDfl,
   kMkisofs,
   kHelpFile,
+  // Is in an installed folder and in the folder of a user that was filled from it (util/users_program_folder.h).
+  kInstalledList,
   // Holds the user's choices.
   kSession,
   kWorkingKeyFile,

@@ -153,12 +153,12 @@ constexpr TextRow kTexts[] = {
 
 // Controls whose first text is empty: the program or the user fills them in later.
 constexpr std::pair<const char*, const char*> kStartEmpty[] = {
-    {kMain, "FraMain"},      {kMain, "Txt_i386_Loc"}, {kMain, "FraSP_Loc"},       {kMain, "FraHotfix"},
-    {kMain, "TxtWin9x_Loc"}, {kMain, "TxtERDC"},      {kMain, "TxtBCon"},         {kMain, "FraUtils"},
-    {kMain, "TxtUtils_Loc"}, {kMain, "FraAddFiles"},  {kMain, "TxtAddFiles_Loc"}, {kMain, "TxtPass1"},
-    {kMain, "TxtPass2"},     {kMain, "TxtSummery"},   {kMain, "LblRight1"},       {kMain, "LblRight2"},
-    {kMain, "LblRight3"},    {kMain, "LblRight4"},    {kMain, "LblRight5"},       {kMain, "LblSub_Step"},
-    {kWin2K, "TxtTemplate"}, {kWin2K, "TxtPCName"},   {kWin9x, "TxtPCName"},
+    {kMain, "FraMain"},     {kMain, "LblPlace"},     {kMain, "Txt_i386_Loc"}, {kMain, "FraSP_Loc"},
+    {kMain, "FraHotfix"},   {kMain, "TxtWin9x_Loc"}, {kMain, "TxtERDC"},      {kMain, "TxtBCon"},
+    {kMain, "FraUtils"},    {kMain, "TxtUtils_Loc"}, {kMain, "FraAddFiles"},  {kMain, "TxtAddFiles_Loc"},
+    {kMain, "TxtPass1"},    {kMain, "TxtPass2"},     {kMain, "TxtSummery"},   {kMain, "LblRight1"},
+    {kMain, "LblRight2"},   {kMain, "LblRight3"},    {kMain, "LblRight4"},    {kMain, "LblRight5"},
+    {kMain, "LblSub_Step"}, {kWin2K, "TxtTemplate"}, {kWin2K, "TxtPCName"},   {kWin9x, "TxtPCName"},
 };
 
 enum class Kind {
