@@ -12,20 +12,23 @@
 #include "host/run_program.h"
 #include "host/system.h"
 #include "util/program_folder.h"
+#include "util/users_program_folder.h"
 #include "wizard/navigation.h"
+#include "wizard/place.h"
 
 namespace {
 
 using namespace discwright;
 
+constexpr const char* kTitle = "Vexa Discwright";
+constexpr int kExitFailed = 1;
 constexpr int kExitInterrupted = 130;
 
 // Tells the user about a session file that cannot be read. The wizard then starts with its first values.
 void TellAboutSession(host::UserInterface& user, const std::string& session, const host::Status& read) {
   if (read.ok()) return;
-  user.ShowMessage({"Your choices of the last time cannot be read, so the pages show their first values.",
-                    "Vexa Discwright", host::MessageIcon::kExclamation, false, "",
-                    host::PathToNative(session) + ": " + read.cause});
+  user.ShowMessage({"Your choices of the last time cannot be read, so the pages show their first values.", kTitle,
+                    host::MessageIcon::kExclamation, false, "", host::PathToNative(session) + ": " + read.cause});
 }
 
 int ShowWizard() {
@@ -35,6 +38,11 @@ int ShowWizard() {
   const auto programs = host::SystemProgramRunner();
   desktop::QtUser user([&] { forms::AskToClose(windows.main); });
   steps::Context context{windows, user, *programs, notes};
+  if (const std::string why = util::WhyNoUsersFolder(notes); !why.empty()) {
+    user.ShowMessage({why, kTitle});
+    return kExitFailed;
+  }
+  wizard::ShowPlace(windows.main);
   const forms::Subscription rules = wizard::Bind(context);
   desktop::MainWindow main(windows);
   const desktop::DialogWindow win2k_info(wizard::LayoutOfDialog(windows.win2k_info), &main);

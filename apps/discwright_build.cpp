@@ -9,7 +9,9 @@
 #include "host/native_text.h"
 #include "host/run_program.h"
 #include "host/system.h"
+#include "util/users_program_folder.h"
 #include "wizard/navigation.h"
+#include "wizard/place.h"
 #include "wizard/report.h"
 
 namespace {
@@ -39,6 +41,11 @@ int Build(const desktop::Options& options) {
   steps::Context context{windows, user, *programs, notes};
   notes.added = [&](const util::Note& note) { terminal.PrintLine(wizard::WarningLine(note)); };
   notes.remarked = [&](const util::Note& remark) { terminal.PrintLine(wizard::RemarkLine(remark)); };
+  if (const std::string why = util::WhyNoUsersFolder(notes); !why.empty()) {
+    terminal.PrintLine(why);
+    return desktop::kExitFailed;
+  }
+  wizard::ShowPlace(windows.main);
   const forms::Subscription rules = wizard::Bind(context);
   host::CatchInterrupts(desktop::kExitCancelled);
   try {

@@ -11,7 +11,7 @@ FrmDiscwright::FrmDiscwright() : Form("FrmDiscwright", "Vexa Discwright") {
   CmdBack.enabled = false;
   CmdFinish.visible = false;
   BarSub_Step.visible = false;
-  for (Label* label : {&LblAbort, &LblResult}) label->visible = false;
+  for (Label* label : {&LblPlace, &LblAbort, &LblResult}) label->visible = false;
   TxtReport.visible = false;
   for (TextBox* box : {&TxtSummery, &TxtReport}) {
     box->read_only = true;

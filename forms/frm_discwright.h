@@ -42,6 +42,7 @@ struct FrmDiscwright : Form {
   Label LblWelcome2{FraMain[0], "LblWelcome2",
                     "It will create an ISO file that contains all the contents of the Vexa Rescue CD, you can burn "
                     "this file using your favorite CD/DVD recording utility."};
+  Label LblPlace{FraMain[0], "LblPlace"};  // where an installed program works; otherwise hidden
   Label LblWelcome3{FraMain[0], "LblWelcome3", "Press Next to start the wizard"};
 
   // Page 1: contents.

@@ -1,5 +1,5 @@
-// Finds the places where a user starts to look for files: call DriveRoots, OpticalDrives or HomeFolder. FileManagerLine
-// makes the line that starts the file manager.
+// Finds the places where a user starts to look for files: call DriveRoots, OpticalDrives or HomeFolder. DataHome is
+// where programs keep data of the user. FileManagerLine makes the line that starts the file manager.
 #pragma once
 
 #include <string>
@@ -18,6 +18,10 @@ std::vector<std::string> OpticalDrives();
 
 // The user's home folder. Empty on Windows, where the user starts at drive C: instead.
 std::string HomeFolder();
+
+// The folder in which programs keep the data of this user, without a separator at its end. It may be missing. Empty on
+// Windows, and when the system knows no home folder of the user.
+std::string DataHome();
 
 // The command line that shows a folder in the file manager. On Windows `folder` is added at the end of the line without
 // quotes, even when it contains blanks. On other systems `folder` is a core path, and an empty one stands for the home

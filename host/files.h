@@ -98,6 +98,10 @@ using CopyRoutine = std::function<bool(CopyEvent event, std::int64_t transferred
 // the copy writable for its owner. A failed or stopped copy leaves no partial file.
 Status CopyFileWithProgress(std::string_view from, std::string_view to, const CopyRoutine& routine);
 
+// Copies a file like the last function, without progress. The copy appears at `to` when it is complete, never in part;
+// until then it has a temporary name in the same folder. It has the permissions of the file.
+Status CopyWholeFile(std::string_view from, std::string_view to);
+
 enum class OpenMode {
   kRead,
   kReadWrite,    // created when missing, never truncated

@@ -7,9 +7,12 @@
 
 namespace discwright::host {
 
-// The folder that contains the running program, without a separator at its end. Empty when the system cannot tell; then
-// the caller must not write or delete anything in the program's folder.
+// The folder in which the program works, without a separator at its end: the folder that contains the running program,
+// or the one that UseProgramFolder named. Empty when the system cannot tell; then the caller must not write or delete
+// anything in the program's folder.
 std::string ProgramFolder();
+// From now on ProgramFolder returns this folder. Call it once, at the start of the program.
+void UseProgramFolder(std::string_view folder);
 
 std::string CurrentFolder();
 

@@ -19,6 +19,7 @@ constexpr std::array<FolderItem, static_cast<std::size_t>(Item::kCount)> kProgra
     {Item::kMkisofs, "\\mkisofs.exe", "", ""},
     {Item::kHelpFile, "\\vexacd_builder.chm", "", ""},
     {Item::kHelpTopics, "\\help", "", ""},
+    {Item::kInstalledList, "\\installed.list", "WhyNoUsersFolder", ""},
     {Item::kSession, "\\vexacd.ini", "WriteVexaCDINI", ""},
     {Item::kWorkingKeyFile, "\\keyfile2.txt", "FillSetupDataToKeyFile", "CleanSession"},
     {Item::kBuildKeyFile, "\\keyfile.txt", "FillKeyFile", ""},

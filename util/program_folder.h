@@ -20,6 +20,8 @@ enum class Item {
   kMkisofs,
   kHelpFile,
   kHelpTopics,
+  // Is in an installed folder and in the folder of a user that was filled from it (util/users_program_folder.h).
+  kInstalledList,
   // Holds the user's choices.
   kSession,
   kWorkingKeyFile,

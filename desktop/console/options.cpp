@@ -26,7 +26,7 @@ void AddAssignment(Options& options, const std::string& value) {
 }
 
 constexpr std::array<OptionRow, 10> kOptions = {{
-    {"--session", "", "FILE", "choices from a session file (default: vexacd.ini beside the program)",
+    {"--session", "", "FILE", "choices from a session file (default: vexacd.ini in the program folder)",
      [](Options& options, const std::string& value) { options.session = value; }},
     {"--save-session", "", "FILE", "write the choices of this run as a session file, to use them again",
      [](Options& options, const std::string& value) { options.save_session = value; }},

@@ -16,7 +16,11 @@
 namespace discwright::host {
 namespace {
 
-enum class OnExisting { kReplace, kRefuse };
+enum class Target {
+  kNew,       // an existing file is refused
+  kReplaced,  // an existing file is replaced by the complete copy; without one, the copy grows under its own name
+  kWhole,     // the copy appears when it is complete, and replaces an existing file
+};
 
 // Large enough that reporting progress costs nothing, and small enough that the progress bar moves even for a slow
 // disc.
@@ -83,10 +87,12 @@ class ContentCopy {
 
 // Creates the target. Refuses it when it is the source under another name. An existing target is replaced as a name:
 // other hard links to it, or the target of a link, keep their content.
-Status StartTarget(NewFile& target, const std::string& to, const struct stat& source, OnExisting on_existing) {
+Status StartTarget(NewFile& target, const std::string& to, const struct stat& source, Target kind) {
   const mode_t mode = (source.st_mode & 0777u) | S_IRUSR | S_IWUSR;  // the umask also applies, as for any new file
-  Status created = target.Create(to, mode);
-  if (created.error != ErrorClass::kExists || on_existing == OnExisting::kRefuse) return created;
+  if (kind != Target::kWhole) {
+    Status created = target.Create(to, mode);
+    if (created.error != ErrorClass::kExists || kind == Target::kNew) return created;
+  }
   struct stat existing {};
   if (stat(to.c_str(), &existing) == 0) {
     if (Status status = CheckRegular(existing); !status.ok()) return status;
@@ -113,11 +119,10 @@ RegularFile OpenSource(std::string_view path) {
   return file;
 }
 
-Status CopyOpenFile(const RegularFile& source, const std::string& to, OnExisting on_existing,
-                    const CopyRoutine& routine) {
+Status CopyOpenFile(const RegularFile& source, const std::string& to, Target kind, const CopyRoutine& routine) {
   if (!source.status.ok()) return source.status;
   NewFile target;
-  Status status = StartTarget(target, to, source.facts, on_existing);
+  Status status = StartTarget(target, to, source.facts, kind);
   if (status.ok()) status = ContentCopy(source.fd.get(), target.fd(), routine).Run(source.facts.st_size);
   if (!status.ok()) return status;
   KeepTime(target.fd(), source.facts);
@@ -127,12 +132,17 @@ Status CopyOpenFile(const RegularFile& source, const std::string& to, OnExisting
 }  // namespace
 
 Status CopyToFreeName(const std::string& from, const std::string& to) {
-  return CopyOpenFile(OpenRegular(from, O_RDONLY), to, OnExisting::kRefuse, nullptr);
+  return CopyOpenFile(OpenRegular(from, O_RDONLY), to, Target::kNew, nullptr);
 }
 
 Status CopyFileWithProgress(std::string_view from, std::string_view to, const CopyRoutine& routine) {
   const Result<std::string> target = RealPathOfNew(to);
-  return target.ok() ? CopyOpenFile(OpenSource(from), target.value, OnExisting::kReplace, routine) : target.status;
+  return target.ok() ? CopyOpenFile(OpenSource(from), target.value, Target::kReplaced, routine) : target.status;
+}
+
+Status CopyWholeFile(std::string_view from, std::string_view to) {
+  const Result<std::string> target = RealPathOfNew(to);
+  return target.ok() ? CopyOpenFile(OpenSource(from), target.value, Target::kWhole, nullptr) : target.status;
 }
 
 }  // namespace discwright::host

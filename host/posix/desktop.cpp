@@ -34,6 +34,19 @@ std::string HomeOfUser() {
   return {};
 }
 
+// The value of an environment variable if it is an absolute path, otherwise empty.
+std::string AbsolutePathIn(const char* variable) {
+  const char* const value = std::getenv(variable);
+  return value != nullptr && IsAbsolute(value) ? value : "";
+}
+
+// The user's native home folder; empty when the system knows none.
+std::string NativeHome() {
+  std::string home = AbsolutePathIn("HOME");
+  if (home.empty()) home = HomeOfUser();
+  return IsAbsolute(home) ? home : "";
+}
+
 }  // namespace
 
 std::vector<std::string> DriveRoots() { return {"\\"}; }
@@ -45,10 +58,16 @@ std::vector<std::string> OpticalDrives() {
 }
 
 std::string HomeFolder() {
-  const char* const named = std::getenv("HOME");
-  if (named != nullptr && IsAbsolute(named)) return PathFromNative(named);
-  const std::string home = HomeOfUser();
-  return IsAbsolute(home) ? PathFromNative(home) : "\\";
+  const std::string home = NativeHome();
+  return home.empty() ? "\\" : PathFromNative(home);
+}
+
+// The rules are those of the XDG Base Directory Specification, which also demands that a relative path is ignored.
+std::string DataHome() {
+  const std::string named = AbsolutePathIn("XDG_DATA_HOME");
+  if (!named.empty()) return PathFromNative(named);
+  const std::string home = NativeHome();
+  return home.empty() ? std::string() : PathFromNative(home + "/.local/share");
 }
 
 std::string FileManagerLine(std::string_view folder) {

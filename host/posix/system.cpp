@@ -1,6 +1,5 @@
 // Tells facts about the machine and the running program.
 #include "host/system.h"
-#include "host/names.h"
 
 #include <fcntl.h>
 #include <sys/auxv.h>
@@ -15,6 +14,7 @@
 #include <ctime>
 #include <memory>
 
+#include "host/names.h"
 #include "host/posix/native_path.h"
 #include "host/posix/unique_fd.h"
 
@@ -39,13 +39,17 @@ std::string FindProgramFolder() {
   return program.starts_with('/') ? PathFromNative(NativeFolder(program)) : std::string();
 }
 
-}  // namespace
-
 // Found once. Nothing in the program changes the current folder, from which a relative path of StartedPath starts.
-std::string ProgramFolder() {
-  static const std::string folder = FindProgramFolder();
+std::string& TheProgramFolder() {
+  static std::string folder = FindProgramFolder();
   return folder;
 }
+
+}  // namespace
+
+std::string ProgramFolder() { return TheProgramFolder(); }
+
+void UseProgramFolder(std::string_view folder) { TheProgramFolder() = folder; }
 
 std::string CurrentFolder() { return PathFromNative("."); }
 

@@ -102,6 +102,26 @@ Status CopyBySystem(const AnsiPath& from, const AnsiPath& to, const CopyRoutine&
   return teller.TellTheRest(static_cast<std::int64_t>(facts.value.size)) ? Status::Success() : Stopped();
 }
 
+// Copies to a temporary name first when the target exists, so that it stays until the copy is complete, or when the
+// copy is to appear as a whole.
+Status CopyTo(std::string_view from, std::string_view to, bool appears_whole, const CopyRoutine& routine) {
+  const AnsiPath source(from);
+  const AnsiPath target(to);
+  const Result<NativeFacts> facts = FactsOfSource(source);
+  if (!facts.ok()) return facts.status;
+  Status status = CheckTarget(target, facts.value);
+  if (!status.ok()) return status;
+  const bool is_beside = appears_whole || IsThere(target);
+  const AnsiPath copy(is_beside ? TemporaryName(target) : target.core);
+  status = copy.status;
+  if (!status.ok()) return status;
+  status = FindSystemCopy() != nullptr ? CopyBySystem(source, copy, routine) : CopyByHand(source, copy, routine);
+  if (status.ok()) status = MakeWritable(copy);
+  if (status.ok() && is_beside) status = MoveOver(copy, target);
+  if (!status.ok()) DeleteForSure(copy);
+  return status;
+}
+
 }  // namespace
 
 Status CopyByHand(const AnsiPath& from, const AnsiPath& to, const CopyRoutine& routine) {
@@ -118,22 +138,9 @@ Status CopyByHand(const AnsiPath& from, const AnsiPath& to, const CopyRoutine& r
 }
 
 Status CopyFileWithProgress(std::string_view from, std::string_view to, const CopyRoutine& routine) {
-  const AnsiPath source(from);
-  const AnsiPath target(to);
-  const Result<NativeFacts> facts = FactsOfSource(source);
-  if (!facts.ok()) return facts.status;
-  Status status = CheckTarget(target, facts.value);
-  if (!status.ok()) return status;
-  // An existing target stays until the copy is complete.
-  const bool replaces = IsThere(target);
-  const AnsiPath copy(replaces ? TemporaryName(target) : target.core);
-  status = copy.status;
-  if (!status.ok()) return status;
-  status = FindSystemCopy() != nullptr ? CopyBySystem(source, copy, routine) : CopyByHand(source, copy, routine);
-  if (status.ok()) status = MakeWritable(copy);
-  if (status.ok() && replaces) status = MoveOver(copy, target);
-  if (!status.ok()) DeleteForSure(copy);
-  return status;
+  return CopyTo(from, to, false, routine);
 }
+
+Status CopyWholeFile(std::string_view from, std::string_view to) { return CopyTo(from, to, true, nullptr); }
 
 }  // namespace discwright::host

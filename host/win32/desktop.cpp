@@ -33,6 +33,8 @@ std::vector<std::string> OpticalDrives() {
 
 std::string HomeFolder() { return {}; }
 
+std::string DataHome() { return {}; }
+
 std::string FileManagerLine(std::string_view folder) {
   return base::InFolder(WindowsFolder(), "explorer.exe ").append(folder);
 }

@@ -19,14 +19,23 @@ namespace {
 // A drive without a disc is a failure like any other. By default, the system would ask the user to insert a disc.
 const UINT kFormerErrorMode = SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
 
-}  // namespace
-
-std::string ProgramFolder() {
+std::string FindProgramFolder() {
   std::array<char, MAX_PATH> path{};
   const DWORD length = GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()));
   const std::string program = TextOfBuffer(path, length);
   return program.substr(0, program.rfind('\\'));
 }
+
+std::string& TheProgramFolder() {
+  static std::string folder = FindProgramFolder();
+  return folder;
+}
+
+}  // namespace
+
+std::string ProgramFolder() { return TheProgramFolder(); }
+
+void UseProgramFolder(std::string_view folder) { TheProgramFolder() = folder; }
 
 std::string CurrentFolder() {
   std::array<char, MAX_PATH> path{};

@@ -37,11 +37,12 @@ class ProgramFolder : public BuildTest {
 };
 
 // The names of the table's entries that a build makes and `stays` accepts. The program's own session file is written by
-// the window only.
+// the window only, and the list of installed files by the installed program only.
 std::set<std::string> InTable(bool (*stays)(const util::FolderItem&)) {
   std::set<std::string> names;
   for (const util::FolderItem& item : util::kProgramFolder) {
-    const bool is_made_by_a_build = !item.made_by.empty() && item.item != util::Item::kSession;
+    const bool is_made_by_a_build =
+        !item.made_by.empty() && item.item != util::Item::kSession && item.item != util::Item::kInstalledList;
     if (is_made_by_a_build && stays(item)) names.emplace(util::NameInFolder(item.item));
   }
   return names;

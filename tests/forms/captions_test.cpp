@@ -160,6 +160,7 @@ constexpr std::pair<const char*, const char*> kStartEmpty[] = {
     {kMain, "TxtPass2"},     {kMain, "TxtSummery"},   {kMain, "TxtReport"},       {kMain, "LblRight1"},
     {kMain, "LblRight2"},    {kMain, "LblRight3"},    {kMain, "LblRight4"},       {kMain, "LblRight5"},
     {kMain, "LblSub_Step"},  {kWin2K, "TxtTemplate"}, {kWin2K, "TxtPCName"},      {kWin9x, "TxtPCName"},
+    {kMain, "LblPlace"},
 };
 
 enum class Kind {

@@ -109,6 +109,25 @@ TEST(CopyFile, AcrossFileSystems_CopiesTheContent) {
   EXPECT_EQ(disk.folder().Read("to"), BytesOfSize(600000));
 }
 
+TEST(CopyWholeFile, MissingAndLongerTarget_GetTheContent) {
+  const TempFolder folder;
+  folder.Write("from", "new");
+  folder.Write("longer", "a longer old content");
+  for (const char* target : {"missing", "longer"}) {
+    EXPECT_TRUE(CopyWholeFile(folder.Core("FROM"), folder.Core(target)).ok());
+    EXPECT_EQ(folder.Read(target), "new");
+  }
+  EXPECT_THAT(folder.Names(), ElementsAre("from", "longer", "missing"));
+}
+
+TEST(CopyWholeFile, MissingSourceOrFolder_IsNotFoundAndLeavesNothing) {
+  const TempFolder folder;
+  EXPECT_EQ(CopyWholeFile(folder.Core("missing"), folder.Core("to")).error, ErrorClass::kNotFound);
+  folder.Write("from", "new");
+  EXPECT_EQ(CopyWholeFile(folder.Core("from"), folder.Core("missing\\to")).error, ErrorClass::kNotFound);
+  EXPECT_THAT(folder.Names(), ElementsAre("from"));
+}
+
 TEST(CopyFile, ReadOnlyLongerTarget_IsReplacedWhole) {
   const TempFolder folder;
   folder.Write("from", "new");

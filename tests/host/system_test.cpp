@@ -8,6 +8,13 @@
 namespace discwright::host {
 namespace {
 
+TEST(ProgramFolder, FolderToUse_IsReturnedFromThenOn) {
+  const std::string before = ProgramFolder();
+  UseProgramFolder("\\elsewhere");
+  EXPECT_EQ(ProgramFolder(), "\\elsewhere");
+  UseProgramFolder(before);
+}
+
 TEST(Today, Parts_AreWithinTheirRanges) {
   const Date today = Today();
   EXPECT_GE(today.year, 2024);

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <stdexcept>
 
+#include "base/sha256.h"
 #include "base/temporary_names.h"
 #include "host/folder_facts.h"
 #include "host/left_files.h"
@@ -292,6 +293,8 @@ Status Store(std::string_view path, std::string_view content, std::int64_t size_
   return Status::Success();
 }
 
+Status NotAFile() { return Status::Failure(ErrorClass::kWrongKind, "not a regular file"); }
+
 void RemoveLink(std::string_view path) {
   const std::string key = testing::Resolve(Fake(), FakeHost::Key(path), false);
   const auto node = Fake().nodes.find(key);
@@ -397,9 +400,7 @@ Status CheckReadable(std::string_view path) {
   const bool names_a_folder = path.ends_with('\\') || path.ends_with('/');
   const FakeHost::Node* node = Following(path);
   if (node == nullptr) return testing::Missing();
-  if (names_a_folder || node->kind != EntryKind::kFile) {
-    return Status::Failure(ErrorClass::kWrongKind, "not a regular file");
-  }
+  if (names_a_folder || node->kind != EntryKind::kFile) return NotAFile();
   return Status::Success();
 }
 
@@ -474,7 +475,7 @@ Status CopyFileWithProgress(std::string_view from, std::string_view to, const Co
   if (Status status = Fake().Enter("CopyFileWithProgress", record, record); !status.ok()) return status;
   const FakeHost::Node* source = Following(from);
   if (source == nullptr) return testing::Missing();
-  if (source->kind != EntryKind::kFile) return Status::Failure(ErrorClass::kWrongKind, "not a regular file");
+  if (source->kind != EntryKind::kFile) return NotAFile();
   const auto stopped = [] { return Status::Failure(ErrorClass::kOther, "stopped"); };
   const Entry entry = testing::EntryOf(*source);
   if (routine && !routine(CopyEvent::kStreamSwitch, 0)) return stopped();
@@ -484,6 +485,14 @@ Status CopyFileWithProgress(std::string_view from, std::string_view to, const Co
   return Store(to, source->content, source->size_override);
 }
 
+Status CopyWholeFile(std::string_view from, std::string_view to) {
+  const std::string record = std::string(from) + " -> " + std::string(to);
+  if (Status status = Fake().Enter("CopyWholeFile", record, record); !status.ok()) return status;
+  const FakeHost::Node* source = Following(from);
+  if (source == nullptr) return testing::Missing();
+  return source->kind == EntryKind::kFile ? Store(to, source->content, source->size_override) : NotAFile();
+}
+
 Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode mode) {
   Status status = Fake().Enter("OpenBinary", path, path);
   if (!status.ok()) return status;
@@ -491,7 +500,7 @@ Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode m
   FakeHost::Node* node = Following(path);
   if (mode == OpenMode::kRead && node == nullptr) status = testing::Missing();
   if (node != nullptr && node->kind != EntryKind::kFile) {
-    status = Status::Failure(ErrorClass::kWrongKind, "not a regular file");
+    status = NotAFile();
   }
   if (mode != OpenMode::kRead && status.ok() && (node == nullptr || mode == OpenMode::kCreateEmpty)) {
     status = Store(path, "");
@@ -505,12 +514,16 @@ Result<std::unique_ptr<BinaryFile>> OpenBinary(std::string_view path, OpenMode m
 Result<std::string> Sha256OfFile(std::string_view path, const std::function<bool()>& go_on) {
   Status status = Fake().Enter("Sha256OfFile", path);
   if (status.ok() && Following(path) == nullptr) status = testing::Missing();
+  if (status.ok() && Following(path)->kind != EntryKind::kFile) status = NotAFile();
   if (status.ok() && go_on && !go_on()) status = StoppedReading();
   if (!status.ok()) return status;
-  return "digest-of-" + std::string(path);
+  base::Sha256 digest;
+  digest.Add(std::as_bytes(std::span(Following(path)->content)));
+  return digest.Finish();
 }
 
 std::string ProgramFolder() { return Fake().program_folder; }
+void UseProgramFolder(std::string_view folder) { Fake().program_folder = folder; }
 std::string CurrentFolder() { return Fake().current_folder; }
 std::shared_ptr<void> ClaimFolder(std::string_view folder) {
   return folder == Fake().claimed_folder ? nullptr : std::make_shared<int>();
@@ -519,6 +532,7 @@ int PlatformId() { return Fake().platform_id; }
 std::vector<std::string> OpticalDrives() { return Fake().optical_drives; }
 std::vector<std::string> DriveRoots() { return Fake().drive_roots; }
 std::string HomeFolder() { return Fake().home_folder; }
+std::string DataHome() { return Fake().data_home; }
 std::string FileManagerLine(std::string_view folder) {
   return (Fake().windows_folder + "explorer.exe ").append(folder);
 }

@@ -65,6 +65,7 @@ class FakeHost {
   std::vector<std::string> drive_roots{"A:\\", "C:\\", "D:\\"};
   std::string windows_folder = "C:\\WINDOWS\\";
   std::string home_folder;
+  std::string data_home;
   std::map<std::string, std::string> short_paths;  // by the path as the program spells it
   std::map<std::string, std::string> registry;     // text values by "Sub key\\Value name"
   bool shows_disc_names_in_lower_case = false;

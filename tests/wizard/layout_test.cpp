@@ -72,8 +72,8 @@ class LayoutTest : public ::testing::Test {
   }
 };
 
-TEST_F(LayoutTest, Welcome_IsThreeLines) {
-  EXPECT_THAT(LinesOfPage(0), ElementsAre("LblWelcome1", "LblWelcome2", "LblWelcome3"));
+TEST_F(LayoutTest, Welcome_IsThreeLinesAndOneForAnInstalledProgram) {
+  EXPECT_THAT(LinesOfPage(0), ElementsAre("LblWelcome1", "LblWelcome2", "LblPlace", "LblWelcome3"));
 }
 
 TEST_F(LayoutTest, Contents_AreOneBoxPerRow) {

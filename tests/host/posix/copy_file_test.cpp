@@ -1,9 +1,14 @@
 // Tests of copying links, pipes and devices, and of the attributes that only POSIX files have.
 #include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
+#include <csignal>
+#include <filesystem>
+
 #include "host/files.h"
+#include "host/left_files.h"
 #include "tests/host/temp_folder.h"
 
 namespace discwright::host {
@@ -44,6 +49,30 @@ TEST(CopyFile, SourceThatOnlyOthersMayUse_GivesACopyWithItsOtherBits) {
   folder.SetMode("from", 0455);
   ASSERT_TRUE(Copy(folder, "from", "to").ok());
   EXPECT_EQ(folder.Mode("to"), 0655u);
+}
+
+TEST(CopyWholeFile, Program_StaysExecutable) {
+  const TempFolder folder;
+  folder.Write("from", "x");
+  folder.SetMode("from", 0755);
+  ASSERT_TRUE(CopyWholeFile(folder.Core("from"), folder.Core("to")).ok());
+  EXPECT_EQ(folder.Mode("to"), 0755u);
+}
+
+TEST(CopyWholeFile, ProgramThatIsKilledMidway_LeavesNothingUnderTheFinalName) {
+  const TempFolder folder;
+  folder.Write("from", std::string(65536, 'x'));
+  const auto copy_until_killed = [&] {
+    std::signal(SIGXFSZ, SIG_DFL);  // kills the program when a file becomes larger than the limit
+    const rlimit limit{4096, 4096};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    CopyWholeFile(folder.Core("from"), folder.Core("to"));
+  };
+  EXPECT_EXIT(copy_until_killed(), ::testing::KilledBySignal(SIGXFSZ), "");
+  EXPECT_FALSE(std::filesystem::exists(folder.Path("to")));
+  EXPECT_EQ(folder.Names().size(), 2U) << "the program was not killed midway";
+  RemoveLeftFiles(folder.Core());
+  EXPECT_THAT(folder.Names(), ElementsAre("from"));
 }
 
 TEST(CopyFile, LargeFile_ReportsSeveralPieces) {

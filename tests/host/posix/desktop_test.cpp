@@ -36,6 +36,19 @@ TEST(HomeFolder, HomeThatIsMissingOrRelative_IsTheOneOfTheListOfUsers) {
   }
 }
 
+TEST(DataHome, AbsolutePathOfItsVariable_IsThat) {
+  const Variable data("XDG_DATA_HOME", "/data of/Jörg/");
+  EXPECT_EQ(DataHome(), "\\data of\\Jörg");
+}
+
+TEST(DataHome, VariableThatIsMissingOrRelative_IsInTheHomeFolder) {
+  const Variable home("HOME", "/home/Jörg");
+  for (const char* value : {static_cast<const char*>(nullptr), "", "data", "./data"}) {
+    const Variable data("XDG_DATA_HOME", value);
+    EXPECT_EQ(DataHome(), "\\home\\Jörg\\.local\\share") << (value != nullptr ? value : "not set");
+  }
+}
+
 class FileManagerLineTest : public ::testing::Test {
  protected:
   FileManagerLineTest() { testing::AddStandIn(folder_, "my bin/xdg-open"); }
