@@ -8,9 +8,10 @@ DESTDIR :=
 version := $(shell sed -n 's/^project.Discwright VERSION \([^ ]*\) .*/\1/p' CMakeLists.txt)
 package := build/discwright-$(version)-linux-$(shell uname -m).tar.gz
 
-.PHONY: help program install uninstall package windows iso test test-asan bench faults lint format clean
+.PHONY: help program wizard install uninstall package windows iso test test-asan bench faults lint format clean
 
 help:
+	@echo "make wizard     builds the program and opens its window"
 	@echo "make iso        makes the example CD image, build/vexacd.iso"
 	@echo "make program    builds the program folder, $(program)"
 	@echo "make install    installs the program for all users below PREFIX, $(PREFIX); DESTDIR=FOLDER puts a folder before it"
@@ -41,6 +42,9 @@ uninstall:
 
 package: program
 	scripts/package.sh build/linux "$(package)"
+
+wizard: program
+	$(program)/discwright
 
 iso: program
 	$(program)/discwright-build --session examples/rescue_cd.ini -o build/vexacd.iso
@@ -86,7 +90,7 @@ test-asan:
 
 bench: program
 	scripts/bootstrap.sh bench
-	cmake --build --preset linux -j $(jobs) --target bench_copy_tree
+	cmake --build --preset linux -j $(jobs) --target bench_copy_tree bench_window_build
 	python3 bench/run.py
 
 # FAULTS="--sample 200 --seed 7" draws some of them; see scripts/faults.py --help.

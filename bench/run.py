@@ -7,6 +7,7 @@ from pathlib import Path
 
 import build_rows
 import tool_rows
+import window_rows
 from common import remove_passing
 
 ROOT = Path(__file__).resolve().parent.parent
@@ -23,6 +24,8 @@ ROWS = {
     "mkisofs": tool_rows.mkisofs_rows,
     "growth": tool_rows.growth_rows,
     "dfl": tool_rows.dfl_rows,
+    "start": window_rows.start_row,
+    "answer": window_rows.gap_row,
 }
 
 

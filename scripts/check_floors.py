@@ -13,7 +13,7 @@ FLOORS = [["base", "forms"], ["host"], ["util"], ["settings", "steps"], ["integr
 UNKNOWN = {"host": {"forms"}, "util": {"forms"}}
 # Rooms beside the floors. Each of them may include itself and the rooms named here. A folder of tools/ is a program: it
 # may include its own files and the headers directly in tools/, but no files of another program.
-BESIDE = {"tools": {"host", "base"}, "bench": {"util", "host"}, "boot": set()}
+BESIDE = {"tools": {"host", "base"}, "bench": {room for rooms in FLOORS for room in rooms} - {"apps"}, "boot": set()}
 TESTS = "tests"  # may include every room
 BACK_ROOMS = [("host", "posix"), ("host", "win32")]  # included by their own files and by tests only
 

@@ -71,10 +71,10 @@ bool QtUser::ShowMessage(const host::Message& box) {
   return answer != QMessageBox::No;
 }
 
-// A copy calls this with every piece of a file. Without a wait, events are handled some hundred times in a second at
+// A copy calls this with every piece of a file. Without a wait, events are handled fifty times in a second at
 // most, because each call costs time even if nothing has happened.
 void QtUser::DoEvents(int wait_milliseconds) {
-  constexpr int kShortestPause = 5;  // milliseconds
+  constexpr int kShortestPause = 20;  // milliseconds
   if (wait_milliseconds <= 0 && since_events_.isValid() && since_events_.elapsed() < kShortestPause) return;
   QCoreApplication::processEvents();
   if (wait_milliseconds > 0 && !woken_.exchange(false)) {
