@@ -63,7 +63,9 @@ void MainWindow::AddPages(forms::Windows& windows) {
 void MainWindow::OnChange(forms::Control& control, forms::Facet facet) {
   FormWindow::OnChange(control, facet);
   const bool is_page = dynamic_cast<forms::Frame*>(&control) != nullptr && control.index() >= 0;
-  if (is_page && facet == forms::Facet::kVisible && control.visible) ShowPage(control.index());
+  if (!is_page || facet != forms::Facet::kVisible || !control.visible) return;
+  // A page that refuses Next is shown again. The focus then stays in the field that the message has named.
+  if (control.index() != pages_->currentIndex()) ShowPage(control.index());
 }
 
 void MainWindow::ShowPage(int page) {

@@ -46,6 +46,16 @@ QString Suffix(std::string_view filter) {
 
 std::string CorePath(const QString& native) { return native.isEmpty() ? "" : host::PathFromNative(FromQt(native)); }
 
+// The window that a message or chooser belongs to: the dialog that is open, or else the main window. It need not be the
+// active window, which is another one while the user is in the help or in another program.
+QWidget* Owner() {
+  if (QWidget* const dialog = QApplication::activeModalWidget()) return dialog;
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && qobject_cast<QDialog*>(window) != nullptr) return window;
+  }
+  return nullptr;
+}
+
 void FocusOn(QWidget* window, const std::string& control) {
   QWidget* const widget = window == nullptr || control.empty() ? nullptr : window->findChild<QWidget*>(ToQt(control));
   if (widget != nullptr) widget->setFocus(Qt::TabFocusReason);
@@ -59,7 +69,7 @@ QtUser::~QtUser() = default;
 
 bool QtUser::ShowMessage(const host::Message& box) {
   if (interrupt_seen_ && box.question) return true;  // a signal asks the program to end, and nobody may be there
-  QWidget* const owner = QApplication::activeWindow();
+  QWidget* const owner = Owner();
   QMessageBox window(IconOf(box), ToQt(box.title), LinesToQt(box.text), QMessageBox::NoButton, owner);
   window.setTextFormat(Qt::PlainText);
   window.setInformativeText(LinesToQt(box.detail));
@@ -76,12 +86,13 @@ bool QtUser::ShowMessage(const host::Message& box) {
 void QtUser::DoEvents(int wait_milliseconds) {
   constexpr int kShortestPause = 20;  // milliseconds
   if (wait_milliseconds <= 0 && since_events_.isValid() && since_events_.elapsed() < kShortestPause) return;
-  QCoreApplication::processEvents();
   if (wait_milliseconds > 0 && !woken_.exchange(false)) {
     QTimer end;
     end.setSingleShot(true);
     end.start(wait_milliseconds);
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);  // does not wait if an event is pending
+  } else {
+    QCoreApplication::processEvents();
   }
   since_events_.start();
   HandleInterrupt();
@@ -100,13 +111,12 @@ void QtUser::Wake() {
 }
 
 std::string QtUser::ChooseFolder(std::string_view start_folder, std::string_view title) {
-  return CorePath(QFileDialog::getExistingDirectory(QApplication::activeWindow(), ToQt(title),
-                                                    ToQt(host::PathToNative(start_folder))));
+  return CorePath(QFileDialog::getExistingDirectory(Owner(), ToQt(title), ToQt(host::PathToNative(start_folder))));
 }
 
 // No question is asked before an existing file is chosen: the wizard asks when it would lose something.
 std::string QtUser::ChooseFile(const host::FileRequest& request) {
-  QFileDialog dialog(QApplication::activeWindow(), ToQt(request.title));
+  QFileDialog dialog(Owner(), ToQt(request.title));
   dialog.setNameFilter(QtFilter(request.filter));
   dialog.setFileMode(request.must_exist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
   dialog.setAcceptMode(request.must_exist ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);

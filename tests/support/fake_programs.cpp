@@ -29,6 +29,7 @@ class FakeLauncher : public host::Launcher {
     if (!running_) return;
     if (next_piece_ < run_.pieces.size()) {
       const std::string piece = run_.pieces[next_piece_++];
+      if (wake_) wake_();  // for the next piece or the end
       // Calls a copy, because the function may destroy this launcher.
       if (const auto received = data_received) received(piece);
       return;

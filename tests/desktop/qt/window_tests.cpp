@@ -2,10 +2,19 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <cstdio>
 
+// The platform without a display warns about what it does not do, such as raising a window.
+static void PrintWarning(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& text) {
+  if (!text.startsWith("This plugin does not support")) std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
+// The platform has the screens of SCREENS: a large one, and a small one beside it.
 int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" SCREENS);
+  qInstallMessageHandler(PrintWarning);
   const QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
   ::testing::InitGoogleMock(&argc, argv);
   return RUN_ALL_TESTS();
 }
