@@ -26,7 +26,9 @@ class Collector {
       return;
     }
     AddToGroup(GroupOf(control), control);
-    const bool first = layout_.first_focus == nullptr && forms::TakesInput(control);
+    // A link never comes first: Enter would open its web page, where the user expects the default button.
+    const bool may_be_first = forms::TakesInput(control) && dynamic_cast<forms::Link*>(&control) == nullptr;
+    const bool first = layout_.first_focus == nullptr && may_be_first;
     if (first) layout_.first_focus = &control;
   }
 

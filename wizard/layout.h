@@ -26,7 +26,7 @@ struct Layout {
   int page = -1;                          // the index in FraMain; -1: a dialog, or the buttons below the pages
   forms::Label* heading = nullptr;        // the title of a page; it is not part of a row
   std::vector<Group> groups;              // from top to bottom
-  forms::Control* first_focus = nullptr;  // null: no control takes input, and the default button gets the focus
+  forms::Control* first_focus = nullptr;  // null: the default button gets the focus
 };
 
 // A layout follows from the records of the controls: the order of their declarations, their frames, and their
