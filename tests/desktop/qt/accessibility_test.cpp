@@ -1,4 +1,5 @@
 // Tests of what assistive programs learn about the window: names, values, and which label belongs to which field.
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QLabel>
 #include <QLineEdit>
@@ -11,7 +12,6 @@
 
 namespace discwright::desktop {
 namespace {
-
 
 class AccessibilityTest : public testing::WindowFixture {
  protected:
@@ -123,9 +123,25 @@ TEST_F(AccessibilityTest, Marks_SayWhatTheyMean) {
 }
 
 TEST_F(AccessibilityTest, ChangedLabel_SpeaksItsNewText) {
-  records().LblSub_Step.caption = "Copying a&b.txt";
-  EXPECT_EQ(Spoken(Widget("LblSub_Step")), "Copying a&b.txt");
-  EXPECT_EQ(ShownText("LblSub_Step"), "Copying a&b.txt");
+  records().LblWin2KOSVer.caption = "An edition & its service pack";
+  EXPECT_EQ(Spoken(Widget("LblWin2KOSVer")), "An edition & its service pack");
+  EXPECT_EQ(ShownText("LblWin2KOSVer"), "An edition & its service pack");
+}
+
+TEST_F(AccessibilityTest, Captions_AreShownAsTheyAreWrittenWithTheirAccessKeysMarked) {
+  for (const wizard::Layout& layout : wizard::AllLayouts(program->windows)) {
+    for (const forms::Control* control : wizard::ControlsOf(layout)) {
+      const auto* captioned = dynamic_cast<const forms::Captioned*>(control);
+      const auto* button = dynamic_cast<const QAbstractButton*>(&WidgetOf(*control));
+      if (captioned == nullptr || button == nullptr) continue;
+      QString text = button->text().replace("&&", "<and>");
+      const qsizetype mark = text.indexOf('&');
+      const char key = forms::AccessKey(*control);
+      EXPECT_EQ(mark < 0 ? 0 : text.at(mark + 1).toLatin1(), key) << control->name();
+      text = text.remove('&').replace("<and>", "&");
+      EXPECT_EQ(FromQt(text), forms::ShownText(*captioned));
+    }
+  }
 }
 
 TEST_F(AccessibilityTest, CutText_IsWholeInTheToolTip) {
