@@ -150,6 +150,14 @@ TEST_F(PagesTest, SummaryPage_ShowsTheSummaryOfTheChoices) {
   EXPECT_EQ(text, LinesToQt(records().TxtSummery.text.get()));
 }
 
+TEST_F(PagesTest, BusyForm_ShowsTheWaitCursor) {
+  EXPECT_EQ(main().cursor().shape(), Qt::ArrowCursor);
+  records().busy = true;
+  EXPECT_EQ(main().cursor().shape(), Qt::WaitCursor);
+  records().busy = false;
+  EXPECT_EQ(main().cursor().shape(), Qt::ArrowCursor);
+}
+
 TEST_F(PagesTest, Window_HasTheSameSizeOnEveryPage) {
   const QSize at_start = main().size();
   GoTo(1);
