@@ -3,6 +3,7 @@
 #include "desktop/qt/control_views.h"
 
 #include <QCheckBox>
+#include <QFocusEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -28,7 +29,8 @@ constexpr int kBarSteps = 10000;
 
 void Name(QWidget& widget, const forms::Control& control) {
   widget.setObjectName(ToQt(control.name()));
-  widget.setAccessibleName(ToQt(forms::NamingText(control)).trimmed());
+  const bool is_bar = dynamic_cast<const forms::ProgressBar*>(&control) != nullptr;
+  widget.setAccessibleName(is_bar ? QStringLiteral("Progress") : ToQt(forms::NamingText(control)).trimmed());
 }
 
 void ShowEmphasis(QWidget& widget, const forms::Label& label) {
@@ -45,6 +47,23 @@ void ShowEmphasis(QWidget& widget, const forms::Label& label) {
   palette.setColor(QPalette::WindowText, QColor(color & kByte, color >> 8 & kByte, color >> 16 & kByte));
   widget.setPalette(palette);
 }
+
+// A label of Qt selects its link only when Tab is pressed a second time in it. This one selects the link with the first
+// Tab and with the access key, so that Enter follows it.
+class LinkLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override {
+    QLabel::focusInEvent(event);
+    const Qt::FocusReason reason = event->reason();
+    const bool by_key =
+        reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+    if (by_key) QLabel::focusNextPrevChild(true);
+  }
+  bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
+};
 
 int StepsOf(const forms::ProgressBar& bar) {
   const std::int64_t range = bar.max - bar.min;
@@ -90,7 +109,7 @@ View MakeMarkView(forms::Label& mark, QWidget* parent) {
 }
 
 View MakeLinkView(forms::Link& link, QWidget* parent) {
-  auto* const widget = new QLabel(parent);
+  auto* const widget = new LinkLabel(parent);
   widget->setTextFormat(Qt::RichText);
   widget->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
   widget->setFocusPolicy(Qt::StrongFocus);

@@ -61,9 +61,10 @@ void FormWindow::ApplyToView(forms::Control& control, forms::Facet facet) {
     since_repaint_.start();
   }
   // Qt would move the focus of a widget that is disabled or hidden to the next one. That could be the Cancel button,
-  // and a key pressed by accident would end a build.
+  // and a key pressed by accident would end a build. So the window itself gets the focus. If no widget had it, Qt would
+  // choose one as soon as the window becomes active again.
   const bool loses_focus = found->second.widget->hasFocus() && !(control.visible && control.enabled);
-  if (loses_focus) found->second.widget->clearFocus();
+  if (loses_focus) setFocus();
   found->second.apply(facet);
   const bool is_default = dynamic_cast<forms::CommandButton*>(&control) != nullptr && facet == forms::Facet::kVisible;
   if (is_default) ShowDefaultButton();

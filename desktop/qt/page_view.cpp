@@ -247,6 +247,7 @@ void SetTabOrder(const wizard::Layout& layout, const Views& views) {
   QWidget* before = nullptr;
   for (const Control* control : wizard::ControlsOf(layout)) {
     QWidget* const widget = views.at(control).widget;
+    if (widget->focusPolicy() == Qt::NoFocus) continue;  // setTabOrder does nothing for it
     if (before != nullptr) QWidget::setTabOrder(before, widget);
     before = widget;
   }

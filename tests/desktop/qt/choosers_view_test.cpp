@@ -202,15 +202,16 @@ TEST_F(FileDialogsTest, ExploreButtons_StartTheFileManagerOnTheTypedFolder) {
 
 class DropTest : public ChooserViewFixture {
  protected:
-  // Drags something to a field and drops it. Returns whether the field showed that it would take it.
+  // Drags something to a field and drops it, with the Shift key, which asks the source to move it. Returns whether the
+  // field showed that it would take it.
   bool Drop(const std::string& name, const QMimeData& data) {
     QWidget& field = Widget(name);
     const QPoint place = field.rect().center();
-    QDragEnterEvent enter(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDragEnterEvent enter(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::ShiftModifier);
     QApplication::sendEvent(&field, &enter);
     const bool may_move = enter.isAccepted() && data.hasUrls() && enter.dropAction() != Qt::CopyAction;
     EXPECT_FALSE(may_move);
-    QDropEvent drop(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::ShiftModifier);
     if (enter.isAccepted()) QApplication::sendEvent(&field, &drop);
     return enter.isAccepted();
   }

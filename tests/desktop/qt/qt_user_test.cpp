@@ -92,7 +92,7 @@ TEST_F(QtUserTest, Wake_EndsNoMoreThanTheNextWait) {
     user.DoEvents(kEndless);
     ++waits;
   }
-  EXPECT_LE(waits, 3);  // a wait that does not wait would be repeated thousands of times
+  EXPECT_LE(waits, 20);  // a wait that does not wait would be repeated thousands of times
 }
 
 TEST_F(QtUserTest, CallsWithoutAWait_HandleEvents) {

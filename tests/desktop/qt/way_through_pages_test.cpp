@@ -147,7 +147,15 @@ TEST_F(PagesTest, SummaryPage_ShowsTheSummaryOfTheChoices) {
   const QString text = Widget("TxtSummery").property("plainText").toString();
   EXPECT_TRUE(text.contains("S:\\I386")) << FromQt(text);
   EXPECT_TRUE(text.contains("c:\\vexacd.iso")) << FromQt(text);
-  EXPECT_FALSE(text.contains('\r'));
+  EXPECT_EQ(text, LinesToQt(records().TxtSummery.text.get()));
+}
+
+TEST_F(PagesTest, BusyForm_ShowsTheWaitCursor) {
+  EXPECT_EQ(main().cursor().shape(), Qt::ArrowCursor);
+  records().busy = true;
+  EXPECT_EQ(main().cursor().shape(), Qt::WaitCursor);
+  records().busy = false;
+  EXPECT_EQ(main().cursor().shape(), Qt::ArrowCursor);
 }
 
 TEST_F(PagesTest, Window_HasTheSameSizeOnEveryPage) {

@@ -43,7 +43,7 @@ bool WindowWatch::eventFilter(QObject* watched, QEvent* event) {
     QMetaObject::invokeMethod(
         window, [this, window] { Act(*window); }, Qt::QueuedConnection);
   }
-  // The keyboard goes back to the owner of a window that has closed: the part of a window manager.
+  // A window manager gives the keyboard back to the owner of a window that has closed.
   QWidget* const owner = window->parentWidget();
   if (event->type() == QEvent::Hide && owner != nullptr) {
     QMetaObject::invokeMethod(
@@ -53,6 +53,8 @@ bool WindowWatch::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void WindowWatch::Act(QDialog& window) {
+  window.activateWindow();
+  QCoreApplication::processEvents();
   auto* const box = qobject_cast<QMessageBox*>(&window);
   if (box != nullptr) {
     messages.push_back({desktop::FromQt(box->windowTitle()), desktop::FromQt(box->text()),
@@ -63,6 +65,8 @@ void WindowWatch::Act(QDialog& window) {
     const auto act = acts_.front();
     acts_.pop_front();
     act(window);
+    EXPECT_FALSE(window.isVisible()) << "the test has not closed the window " << window.windowTitle().toStdString();
+    if (window.isVisible()) window.close();
   } else if (box != nullptr) {
     QTest::keyClick(window.windowHandle(), Qt::Key_Enter);
   } else {

@@ -45,6 +45,8 @@ struct SeenMessage {
   QMessageBox::Icon icon = QMessageBox::NoIcon;
   QMessageBox::StandardButtons buttons;
   bool has_owner = false;
+
+  friend void PrintTo(const SeenMessage& message, std::ostream* out) { *out << message.title << ": " << message.text; }
 };
 
 // Acts in the windows that open over the main window: each runs an event loop of its own, in which the test cannot go
@@ -53,8 +55,9 @@ class WindowWatch : public QObject {
  public:
   WindowWatch();
 
-  // Calls `act` in the next window that opens. Nothing must be called for a message box: its default button is pressed
-  // with the Enter key then. Any other window without an act is a failure of the test, and is closed.
+  // Calls `act` in the next window that opens; `act` closes the window. Nothing must be called for a message box: its
+  // default button is pressed with the Enter key then. Any other window without an act is a failure of the test, and is
+  // closed.
   void InNext(std::function<void(QDialog&)> act) { acts_.push_back(std::move(act)); }
   std::size_t acts_left() const { return acts_.size(); }
   std::vector<SeenMessage> messages;  // of all message boxes, in order

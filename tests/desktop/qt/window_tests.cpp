@@ -4,9 +4,12 @@
 #include <QApplication>
 #include <cstdio>
 
-// The platform without a display warns about what it does not do, such as raising a window.
+// The platform without a display warns about what it does not do, such as raising a window, and Qt about a session that
+// nobody has logged into.
 static void PrintWarning(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& text) {
-  if (!text.startsWith("This plugin does not support")) std::fprintf(stderr, "%s\n", qPrintable(text));
+  const bool is_expected =
+      text.startsWith("This plugin does not support") || text.startsWith("QStandardPaths: XDG_RUNTIME_DIR not set");
+  if (!is_expected) std::fprintf(stderr, "%s\n", qPrintable(text));
 }
 
 // The platform has the screens of SCREENS: a large one, and a small one beside it.
