@@ -16,6 +16,12 @@
 
 namespace discwright::testing {
 
+// The content of a file with the mark of a disc image (ECMA-119, 8.1.2), which a build replaces without a question.
+inline std::string DiscImage() {
+  constexpr std::size_t kMarkAt = 16 * 2048 + 1;
+  return std::string(kMarkAt, '\0') + "CD001";
+}
+
 // Implements all functions of host/files.h, host/folder_facts.h, host/left_files.h, host/names.h, host/system.h,
 // host/desktop.h, host/script.h, host/profile.h, host/native_text.h, host/shell_operations.h and WindowsProgramLine.
 // Construct one at the start of each test, as a member of the fixture. It starts empty; its program folder is

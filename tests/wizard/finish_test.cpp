@@ -13,6 +13,7 @@
 namespace discwright::wizard {
 namespace {
 
+using testing::DiscImage;
 using ::testing::ElementsAre;
 using testing::FakeRun;
 using ::testing::HasSubstr;
@@ -27,12 +28,6 @@ struct Moment {
   bool back_enabled = false;
   bool finished = false;
 };
-
-// The content of a file with the mark of a disc image.
-std::string DiscImage() {
-  constexpr std::size_t kMarkAt = 16 * 2048 + 1;
-  return std::string(kMarkAt, '\0') + "CD001";
-}
 
 class FinishTest : public WizardFixture {
  protected:

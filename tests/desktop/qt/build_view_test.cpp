@@ -34,7 +34,7 @@ class BuildViewTest : public testing::WindowFixture {
     for (const char* image : {"vexastart.img", "vexaemm.img", "vexanet.img", "vexawin.img", "vexalinkwell.img"}) {
       host.AddFile("C:\\Discwright\\" + std::string(image), "disk");
     }
-    host.AddFile("C:\\vexacd.iso", "image");
+    host.AddFile("C:\\vexacd.iso", testing::DiscImage());
     GoTo(8);
     Choose(false, false, false);
   }

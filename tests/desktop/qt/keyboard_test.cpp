@@ -25,13 +25,15 @@ class KeyboardFixture : public testing::WindowFixture {
                                  &records().ChkWin2KInfo_Assis, &records().ChkWin9xInfo_Assis}) {
       box->value = 1;
     }
+    records().LblResult.visible = true;
+    records().TxtReport.visible = true;
   }
   wizard::Layout Page(int page) { return wizard::LayoutOfPage(program->windows, page); }
 
   std::vector<std::string> ExpectedTabs(const wizard::Layout& layout) {
     std::vector<std::string> names;
     for (const forms::Control* control : wizard::ControlsOf(layout)) {
-      const bool reads = forms::TakesInput(*control) || control->name() == "TxtSummery";
+      const bool reads = forms::TakesInput(*control) || dynamic_cast<const forms::TextBox*>(control) != nullptr;
       if (reads && forms::CanBeUsed(*control)) names.push_back(control->name());
     }
     return names;
@@ -200,7 +202,7 @@ TEST_F(KeysTest, WholeWayWithKeysAlone) {
   for (const char* image : {"vexastart.img", "vexaemm.img", "vexanet.img", "vexawin.img"}) {
     host.AddFile("C:\\Discwright\\" + std::string(image), "disk");
   }
-  host.AddFile("C:\\vexacd.iso", "image");
+  host.AddFile("C:\\vexacd.iso", testing::DiscImage());
   PressKey(Qt::Key_Enter);  // the contents
   PressAlt('t');
   PressKey(Qt::Key_Enter);  // the tools
