@@ -75,7 +75,7 @@ void MainWindow::ShowPage(int page) {
 }
 
 QSize MainWindow::SizeOfPages() const {
-  constexpr int kLettersWide = 88;
+  constexpr int kLettersWide = 96;
   constexpr int kLinesHigh = 26;
   int width = fontMetrics().averageCharWidth() * kLettersWide;
   for (int i = 0; i < pages_->count(); ++i) width = std::max(width, pages_->widget(i)->minimumSizeHint().width());
@@ -84,8 +84,21 @@ QSize MainWindow::SizeOfPages() const {
   return {width, height};
 }
 
+// Controls that are hidden now count, too: the window must not grow when one of them appears.
+QSize MainWindow::SizeOfFullPages() {
+  std::vector<QWidget*> shown;
+  for (const auto& [control, view] : views()) {
+    if (!view.widget->isHidden() || !pages_->isAncestorOf(view.widget)) continue;
+    view.widget->show();
+    shown.push_back(view.widget);
+  }
+  const QSize size = SizeOfPages();
+  for (QWidget* const widget : shown) widget->hide();
+  return size;
+}
+
 void MainWindow::FitToPages() {
-  const QSize wanted = SizeOfPages();
+  const QSize wanted = SizeOfFullPages();
   pages_->setMinimumSize(wanted);
   // The borders of the window, which the system draws, and the panels of the desktop need some room, too.
   constexpr double kPartOfScreen = 0.95;

@@ -23,6 +23,7 @@ class MainWindow : public FormWindow {
   void AddPages(forms::Windows& windows);
   void ShowPage(int page);
   QSize SizeOfPages() const;
+  QSize SizeOfFullPages();
   void FitToPages();
 
   forms::FrmDiscwright& main_;
