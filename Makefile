@@ -8,7 +8,7 @@ DESTDIR :=
 version := $(shell sed -n 's/^project.Discwright VERSION \([^ ]*\) .*/\1/p' CMakeLists.txt)
 package := build/discwright-$(version)-linux-$(shell uname -m).tar.gz
 
-.PHONY: help program wizard install uninstall package windows iso test test-asan bench faults lint format clean
+.PHONY: help program wizard install uninstall package windows iso test test-asan screenshots bench faults lint format clean
 
 help:
 	@echo "make wizard     builds the program and opens its window"
@@ -23,6 +23,7 @@ help:
 	@echo "make test-linux    those of the Linux programs: unit tests, whole builds, starts in an emulator"
 	@echo "make test-windows  those of the Windows programs, under Wine"
 	@echo "make test-asan  test-linux under the address and undefined behaviour sanitizers"
+	@echo "make screenshots  draws the pictures of README.md anew"
 	@echo "make bench      measures and prints ratios"
 	@echo "make faults     makes system calls of whole builds fail, one at a time: some 5,000, in about an hour"
 	@echo "make lint       runs the checkers"
@@ -87,6 +88,14 @@ test-asan:
 	cmake --preset linux-asan -DDISCWRIGHT_TESTS=ON --log-level=WARNING
 	cmake --build --preset linux-asan -j $(jobs)
 	scripts/run_tests.sh linux-asan
+
+# The pictures of README.md, as the tests of the window draw them.
+screenshots: configured
+	cmake --build --preset linux -j $(jobs) --target window_test
+	build/linux/tests/window_test --gtest_filter='*Screenshot*' --gtest_brief=1
+	cp build/linux/tests/screenshots/page1_light.png packaging/screenshots/contents.png
+	cp build/linux/tests/screenshots/page10_light.png packaging/screenshots/progress.png
+	cp build/linux/tests/screenshots/page9_dark.png packaging/screenshots/finish.png
 
 bench: program
 	scripts/bootstrap.sh bench

@@ -15,6 +15,7 @@
 #include "util/users_program_folder.h"
 #include "wizard/navigation.h"
 #include "wizard/place.h"
+#include "wizard/report.h"
 
 namespace {
 
@@ -31,6 +32,24 @@ void TellAboutSession(host::UserInterface& user, const std::string& session, con
                     host::MessageIcon::kExclamation, false, "", host::PathToNative(session) + ": " + read.cause});
 }
 
+// Prepares the folder in which an installed program works, and tells which of its files an update has left as the user
+// has changed them. Returns false when the program cannot work.
+bool HasProgramFolder(host::UserInterface& user) {
+  util::Notes notes;
+  if (const std::string why = util::WhyNoUsersFolder(notes); !why.empty()) {
+    user.ShowMessage({why, kTitle});
+    return false;
+  }
+  std::string kept;
+  for (const util::Note& remark : notes.remarks()) {
+    const bool is_file = remark.place != host::ProgramFolder();  // the first page names the folder itself
+    if (is_file) kept += wizard::RemarkLine(remark) + "\r\n";
+  }
+  if (!kept.empty())
+    user.ShowMessage({"The program has been updated.", kTitle, host::MessageIcon::kNone, false, "", kept});
+  return true;
+}
+
 int ShowWizard() {
   constexpr int kLongestWait = 1000;  // milliseconds; whatever happens in the window ends the wait
   forms::Windows windows;
@@ -38,10 +57,7 @@ int ShowWizard() {
   const auto programs = host::SystemProgramRunner();
   desktop::QtUser user([&] { forms::AskToClose(windows.main); });
   steps::Context context{windows, user, *programs, notes};
-  if (const std::string why = util::WhyNoUsersFolder(notes); !why.empty()) {
-    user.ShowMessage({why, kTitle});
-    return kExitFailed;
-  }
+  if (!HasProgramFolder(user)) return kExitFailed;
   wizard::ShowPlace(windows.main);
   const forms::Subscription rules = wizard::Bind(context);
   desktop::MainWindow main(windows);
