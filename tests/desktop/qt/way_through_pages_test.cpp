@@ -160,11 +160,9 @@ TEST_F(PagesTest, BusyForm_ShowsTheWaitCursor) {
 
 TEST_F(PagesTest, Window_HasTheSameSizeOnEveryPage) {
   const QSize at_start = main().size();
-  GoTo(1);
-  for (int page = 1; page <= 8; ++page) {
+  for (int page = 1; page <= static_cast<int>(forms::kFinishPage); ++page) {
+    GoTo(page);
     EXPECT_EQ(main().size(), at_start) << page;
-    PressKey(Qt::Key_Enter, page < 7 ? Qt::NoModifier : Qt::ShiftModifier);
-    Settle();
   }
 }
 
