@@ -110,8 +110,16 @@ TEST_F(PagesTest, Start_ShowsTheWelcomePageInTheWindow) {
   EXPECT_EQ(main().windowTitle(), "Vexa Discwright");
   EXPECT_EQ(PageSeen(), 0);
   EXPECT_FALSE(IsUsable("CmdBack"));
-  EXPECT_TRUE(IsShown("PicSideImage"));
   EXPECT_TRUE(main().isActiveWindow());
+}
+
+TEST_F(PagesTest, SidePicture_StandsAtTheLeftFromTheTopToTheButtons) {
+  const QWidget& picture = Widget("PicSideImage");
+  const QWidget& heading = Widget("LblHeadWelcome");
+  EXPECT_TRUE(picture.isVisible());
+  EXPECT_EQ(picture.mapTo(&main(), QPoint(0, 0)), QPoint(0, 0));
+  EXPECT_LE(picture.width(), heading.mapTo(&main(), QPoint(0, 0)).x());
+  EXPECT_GT(picture.height(), main().height() * 2 / 3);
 }
 
 TEST_F(PagesTest, FinishStandsInThePlaceOfNext) {
