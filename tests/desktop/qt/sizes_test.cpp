@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <algorithm>
 
 #include "tests/desktop/qt/window_fixture.h"
 #include "wizard/layout.h"
@@ -34,9 +35,16 @@ class SizesTest : public testing::WindowFixture, public ::testing::WithParamInte
  protected:
   SizesTest() { Start(); }
 
+  static int WidestWord(const QLabel& label) {
+    int widest = 0;
+    for (const QString& word : label.text().split(' ')) {
+      widest = std::max(widest, label.fontMetrics().horizontalAdvance(word));
+    }
+    return widest;
+  }
   static QSize NeededBy(const QWidget& widget) {
     const auto* label = qobject_cast<const QLabel*>(&widget);
-    if (label != nullptr && label->wordWrap()) return {0, label->heightForWidth(label->width())};
+    if (label != nullptr && label->wordWrap()) return {WidestWord(*label), label->heightForWidth(label->width())};
     if (widget.inherits("QLabel") && widget.sizePolicy().horizontalPolicy() == QSizePolicy::Ignored) {
       return {0, widget.fontMetrics().height()};  // it is cut on purpose
     }
