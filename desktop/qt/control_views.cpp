@@ -180,7 +180,7 @@ View MakeTextView(forms::TextBox& text, QWidget* parent) {
   widget->setReadOnly(text.read_only);
   widget->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   widget->setTabChangesFocus(true);
-  constexpr int kLinesHigh = 6;  // at least; the text takes all the room of its page
+  constexpr int kLinesHigh = 8;  // at least; the text takes all the room of its page
   widget->setMinimumHeight(widget->fontMetrics().lineSpacing() * kLinesHigh);
   widget->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
   return {widget, [widget, &text](Facet facet) {

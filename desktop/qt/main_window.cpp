@@ -76,7 +76,7 @@ void MainWindow::ShowPage(int page) {
 
 QSize MainWindow::SizeOfPages() const {
   constexpr int kLettersWide = 96;
-  constexpr int kLinesHigh = 26;
+  constexpr int kLinesHigh = 28;
   int width = fontMetrics().averageCharWidth() * kLettersWide;
   for (int i = 0; i < pages_->count(); ++i) width = std::max(width, pages_->widget(i)->minimumSizeHint().width());
   int height = fontMetrics().height() * kLinesHigh;

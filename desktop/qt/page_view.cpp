@@ -39,6 +39,18 @@ bool IsFieldWithButton(const Controls& row) {
   return row.size() == 2 && Is<forms::TextBox>(*row.front()) && Is<forms::CommandButton>(*row.back());
 }
 
+bool IsOneLine(const Control& control) {
+  const auto* label = dynamic_cast<const forms::Label*>(&control);
+  return label != nullptr && label->one_line;
+}
+
+// Whether the label `above` belongs to the control below it: it names a field or a link, or tells what a bar measures.
+bool Names(const Control& above, const Control& below) {
+  if (const auto* field = dynamic_cast<const forms::TextBox*>(&below)) return field->label == &above;
+  if (const auto* link = dynamic_cast<const forms::Link*>(&below)) return link->label == &above;
+  return Is<forms::ProgressBar>(below) && IsOneLine(above);
+}
+
 bool IsTall(const Control& control) {
   const auto* text = dynamic_cast<const forms::TextBox*>(&control);
   return text != nullptr && text->multi_line;
@@ -135,13 +147,11 @@ class PageBuilder {
     return group.head == nullptr ? block : WithHead(*group.head, block, body);
   }
 
-  // A label stands close above the field that it names.
+  // A label stands close above the field or bar that it belongs to.
   void AddSpace(QGridLayout& grid, const Controls& above, const Controls& below) const {
-    const auto* field = dynamic_cast<const forms::TextBox*>(below.front());
-    const auto* link = dynamic_cast<const forms::Link*>(below.front());
-    const forms::Control* named_by = field != nullptr ? field->label : link != nullptr ? link->label : nullptr;
-    const int height = above.front() == named_by ? Line(page_) / 4 : Line(page_) * 2 / 3;
-    grid.addItem(new QSpacerItem(0, height), grid.rowCount(), 0);
+    constexpr int kParts = 12;  // of the height of a line
+    const int parts = Names(*above.front(), *below.front()) ? 3 : IsOneLine(*below.front()) ? 20 : 8;
+    grid.addItem(new QSpacerItem(0, Line(page_) * parts / kParts), grid.rowCount(), 0);
   }
 
   QWidget* WithHead(forms::CheckBox& head, QWidget* block, QWidget* body) {

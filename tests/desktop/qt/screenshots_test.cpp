@@ -8,6 +8,8 @@
 #include <set>
 
 #include "tests/desktop/qt/window_fixture.h"
+#include "wizard/report.h"
+#include "wizard/summary.h"
 
 namespace discwright::desktop {
 namespace {
@@ -54,9 +56,22 @@ class ScreenshotsTest : public testing::WindowFixture {
                                  &records().ChkWin9xInfo_MSBatch, &records().ChkOptimizeISO}) {
       box->value = 1;
     }
-    records().TxtSummery.text =
-        "Vexa Rescue CD\r\n\r\nVexa Boot Disks\r\nWindows XP Home Edition SP3\r\n   /media/ann/WXPHOME_EN/I386\r\n";
+    records().TxtSummery.text = wizard::GenerateSummery(records());
     FillProgressIn();
+    FillReportIn();
+  }
+  void FillReportIn() {
+    steps::BuildResult& result = program->context.result;
+    result = {steps::BuildEnd::kMadeWithNotes, "/home/ann/vexacd.iso", 644'245'094};
+    result.sha256 = "9f86d081884c7d659a2feaa0c55ad015a3bf4f1b2b0b822cd15d6c15b0f00a08";
+    program->notes.Add("/home/ann/rescue/Additional Files/.git",
+                       "not copied: folders whose names begin with a dot are skipped");
+    program->notes.Remark("/home/ann/rescue/Additional Files/autorun.inf",
+                          "replaces the file of the same name that is already on the CD");
+    wizard::ShowReport(program->context);
+    std::string report = records().TxtReport.text;
+    std::replace(report.begin(), report.end(), '\\', '/');  // the fake host spells paths as Windows does
+    records().TxtReport.text = report;
   }
   void FillProgressIn() {
     records().LblRight1.caption = forms::kTick;
@@ -72,6 +87,8 @@ class ScreenshotsTest : public testing::WindowFixture {
     records().CmdBack.enabled = page > 0 && page < 9;
     records().CmdNext.visible = page < 8;
     records().CmdFinish.visible = page >= 8;
+    records().CmdFinish.enabled = page != 10;
+    records().CmdCancel.enabled = page != 9;
     Settle();
   }
   static Picture Take(QWidget& window, const std::string& name) {
