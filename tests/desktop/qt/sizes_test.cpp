@@ -131,12 +131,15 @@ INSTANTIATE_TEST_SUITE_P(Fonts, SizesTest, ::testing::Values(1.0, 1.5, 2.0),
 
 class ScreenTest : public testing::WindowFixture {};
 
-TEST_F(ScreenTest, LargerFontWhileTheWindowIsOpen_MakesItLarger) {
-  const QSize before = main().size();
+TEST_F(ScreenTest, LargerFontWhileTheWindowIsOpen_GivesThePagesTheSizeThatTheyWouldStartWith) {
+  const auto size_of_pages = [this] { return main().findChild<QScrollArea*>()->size(); };
+  const QSize before = size_of_pages();
   const LargerFont font(1.5);
   Settle();
-  EXPECT_GT(main().width(), before.width());
-  EXPECT_GT(main().height(), before.height());
+  const QSize after = size_of_pages();
+  EXPECT_GT(after.width(), before.width());
+  Start();
+  EXPECT_EQ(after, size_of_pages());
 }
 
 TEST_F(ScreenTest, SmallScreen_HoldsTheWindowAndScrollsItsPages) {
