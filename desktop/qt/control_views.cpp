@@ -4,6 +4,7 @@
 
 #include <QCheckBox>
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -12,6 +13,7 @@
 #include <QRadioButton>
 #include <algorithm>
 
+#include "desktop/qt/child.h"
 #include "desktop/qt/drop_target.h"
 #include "desktop/qt/painted_widgets.h"
 #include "desktop/qt/qt_text.h"
@@ -47,6 +49,17 @@ void ShowEmphasis(QWidget& widget, const forms::Label& label) {
   palette.setColor(QPalette::WindowText, QColor(color & kByte, color >> 8 & kByte, color >> 16 & kByte));
   widget.setPalette(palette);
 }
+
+// A key that is held down presses the button once.
+class Button : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (!event->isAutoRepeat()) QPushButton::keyPressEvent(event);
+  }
+};
 
 // A label of Qt selects its link only when Tab is pressed a second time in it. This one selects the link with the first
 // Tab and with the access key, so that Enter follows it.
@@ -87,7 +100,7 @@ QString CaptionWithKey(const forms::Captioned& control) {
 }
 
 View MakeLabelView(forms::Label& label, QWidget* parent) {
-  QLabel* const widget = label.one_line ? new CutLabel(parent) : new QLabel(parent);
+  QLabel* const widget = label.one_line ? MakeChild<CutLabel>(parent) : MakeChild<QLabel>(parent);
   widget->setTextFormat(Qt::PlainText);
   widget->setWordWrap(!label.one_line);
   return {widget, [widget, &label](Facet facet) {
@@ -101,7 +114,7 @@ View MakeLabelView(forms::Label& label, QWidget* parent) {
 }
 
 View MakeMarkView(forms::Label& mark, QWidget* parent) {
-  auto* const widget = new MarkWidget(parent);
+  auto* const widget = MakeChild<MarkWidget>(parent);
   return {widget, [widget, &mark](Facet facet) {
             if (facet != Facet::kText) return;
             const std::string& glyph = mark.caption;
@@ -112,7 +125,7 @@ View MakeMarkView(forms::Label& mark, QWidget* parent) {
 }
 
 View MakeLinkView(forms::Link& link, QWidget* parent) {
-  auto* const widget = new LinkLabel(parent);
+  auto* const widget = MakeChild<LinkLabel>(parent);
   widget->setTextFormat(Qt::RichText);
   widget->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
   widget->setFocusPolicy(Qt::StrongFocus);
@@ -125,7 +138,7 @@ View MakeLinkView(forms::Link& link, QWidget* parent) {
 }
 
 View MakeButtonView(forms::CommandButton& button, QWidget* parent) {
-  auto* const widget = new QPushButton(parent);
+  auto* const widget = MakeChild<Button>(parent);
   QObject::connect(widget, &QPushButton::clicked, widget, [&button] { forms::Press(button); });
   return {widget, [widget, &button](Facet facet) {
             if (facet == Facet::kText) widget->setText(CaptionWithKey(button));
@@ -133,7 +146,7 @@ View MakeButtonView(forms::CommandButton& button, QWidget* parent) {
 }
 
 View MakeCheckBoxView(forms::CheckBox& box, QWidget* parent) {
-  auto* const widget = new QCheckBox(parent);
+  auto* const widget = MakeChild<QCheckBox>(parent);
   const auto show_value = [widget, &box] {
     constexpr int kGreyed = 2;
     widget->setTristate(box.value == kGreyed);
@@ -150,7 +163,7 @@ View MakeCheckBoxView(forms::CheckBox& box, QWidget* parent) {
 }
 
 View MakeOptionView(forms::OptionButton& option, QWidget* parent) {
-  auto* const widget = new QRadioButton(parent);
+  auto* const widget = MakeChild<QRadioButton>(parent);
   widget->setAutoExclusive(false);  // the form clears the other options itself
   const auto show_value = [widget, &option] { widget->setChecked(option.value); };
   QObject::connect(widget, &QRadioButton::clicked, widget, [&option, show_value] {
@@ -164,7 +177,7 @@ View MakeOptionView(forms::OptionButton& option, QWidget* parent) {
 }
 
 View MakeFieldView(forms::TextBox& field, QWidget* parent) {
-  auto* const widget = new QLineEdit(parent);
+  auto* const widget = MakeChild<QLineEdit>(parent);
   widget->setEchoMode(field.password ? QLineEdit::Password : QLineEdit::Normal);
   widget->setReadOnly(field.read_only);
   constexpr int kLettersWide = 28;  // at least; a field takes all the room of its row
@@ -179,7 +192,7 @@ View MakeFieldView(forms::TextBox& field, QWidget* parent) {
 }
 
 View MakeTextView(forms::TextBox& text, QWidget* parent) {
-  auto* const widget = new QPlainTextEdit(parent);
+  auto* const widget = MakeChild<QPlainTextEdit>(parent);
   widget->setReadOnly(text.read_only);
   widget->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   widget->setTabChangesFocus(true);
@@ -192,7 +205,7 @@ View MakeTextView(forms::TextBox& text, QWidget* parent) {
 }
 
 View MakeProgressView(forms::ProgressBar& bar, QWidget* parent) {
-  auto* const widget = new QProgressBar(parent);
+  auto* const widget = MakeChild<QProgressBar>(parent);
   widget->setRange(0, kBarSteps);
   QSizePolicy keeps_its_place = widget->sizePolicy();
   keeps_its_place.setRetainSizeWhenHidden(true);
@@ -203,7 +216,7 @@ View MakeProgressView(forms::ProgressBar& bar, QWidget* parent) {
 }
 
 View MakePictureView(forms::Picture& /*picture*/, QWidget* parent) {
-  return {new SidePictureWidget(parent), [](Facet) {}};
+  return {MakeChild<SidePictureWidget>(parent), [](Facet) {}};
 }
 
 namespace {

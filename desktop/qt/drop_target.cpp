@@ -6,6 +6,7 @@
 #include <QMimeData>
 #include <QUrl>
 
+#include "desktop/qt/child.h"
 #include "desktop/qt/qt_text.h"
 #include "forms/user_actions.h"
 #include "host/names.h"
@@ -55,8 +56,6 @@ class DropTarget : public QObject {
 }  // namespace
 
 // The target belongs to the widget, which deletes it.
-void TakeDrops(QWidget& widget, forms::TextBox& field) {
-  new DropTarget(widget, field);  // NOLINT(cppcoreguidelines-owning-memory)
-}
+void TakeDrops(QWidget& widget, forms::TextBox& field) { MakeChild<DropTarget>(widget, field); }
 
 }  // namespace discwright::desktop

@@ -2,10 +2,12 @@
 #include "desktop/qt/form_window.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "desktop/qt/child.h"
 #include "desktop/qt/qt_text.h"
 #include "forms/user_actions.h"
 
@@ -16,7 +18,7 @@ FormWindow::FormWindow(forms::Form& form, QWidget* owner) : QDialog(owner), form
   setObjectName(ToQt(form.name()));
   if (owner != nullptr) setWindowModality(Qt::WindowModal);
   if (form.help_button == nullptr) return;
-  const auto* const help = new QShortcut(QKeySequence::HelpContents, this);
+  const auto* const help = MakeChild<QShortcut>(QKeySequence::HelpContents, this);
   connect(help, &QShortcut::activated, this, [this] { forms::Press(*form_.help_button); });
 }
 
@@ -26,6 +28,11 @@ void FormWindow::reject() { forms::AskToCancel(form_); }
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   forms::AskToClose(form_);
+}
+
+// A key that is held down acts once. Enter would otherwise run through all pages and press Finish.
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  if (!event->isAutoRepeat()) QDialog::keyPressEvent(event);
 }
 
 void FormWindow::ShowChanges() {
@@ -88,7 +95,7 @@ void FormWindow::SetFocusTo(const forms::Control* first) {
 }
 
 DialogWindow::DialogWindow(const wizard::Layout& layout, QWidget* owner) : FormWindow(*layout.form, owner) {
-  auto* const column = new QVBoxLayout(this);
+  auto* const column = MakeChild<QVBoxLayout>(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(MakePage(layout, this, views()));
   column->setSizeConstraint(QLayout::SetFixedSize);

@@ -25,6 +25,7 @@ class FormWindow : public QDialog {
   // Sets the focus to the first control of a page, or to the default button if `first` is null.
   void SetFocusTo(const forms::Control* first);
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
   forms::Form& form() const { return form_; }
   Views& views() { return views_; }

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/qt/child.h"
 #include "wizard/pages.h"
 
 namespace discwright::desktop {
@@ -23,8 +24,8 @@ int HeightOf(const QWidget& page, int width) {
 MainWindow::MainWindow(forms::Windows& windows)
     : FormWindow(windows.main, nullptr),
       main_(windows.main),
-      area_(new QScrollArea(this)),
-      pages_(new QStackedWidget(area_)) {
+      area_(MakeChild<QScrollArea>(this)),
+      pages_(MakeChild<QStackedWidget>(area_)) {
   setWindowFlags(Qt::Window | Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
   View picture = MakeView(main_.PicSideImage, this);
   AddPages(windows);
@@ -33,11 +34,11 @@ MainWindow::MainWindow(forms::Windows& windows)
   area_->setFocusPolicy(Qt::NoFocus);
   area_->setWidget(pages_);
 
-  auto* const upper = new QHBoxLayout;
+  auto* const upper = MakeChild<QHBoxLayout>();
   upper->setSpacing(0);
   upper->addWidget(picture.widget);
   upper->addWidget(area_, 1);
-  auto* const column = new QVBoxLayout(this);
+  auto* const column = MakeChild<QVBoxLayout>(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   column->addLayout(upper, 1);

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/qt/child.h"
 #include "desktop/qt/qt_text.h"
 #include "forms/all_windows.h"
 
@@ -70,7 +71,7 @@ class PageBuilder {
   PageBuilder(QWidget& page, Views& views) : page_(page), views_(views) {}
 
   void Build(const wizard::Layout& layout) {
-    auto* const column = new QVBoxLayout(&page_);
+    auto* const column = MakeChild<QVBoxLayout>(&page_);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     if (layout.heading != nullptr) {
@@ -97,10 +98,10 @@ class PageBuilder {
   // The heading stands in a band of its own. Its caption begins with blanks, which would move it to the right.
   QWidget* MakeHeading(forms::Label& heading) {
     constexpr qreal kLarger = 1.45;
-    auto* const band = new QFrame(&page_);
+    auto* const band = MakeChild<QFrame>(&page_);
     band->setAutoFillBackground(true);
     band->setBackgroundRole(QPalette::Base);
-    auto* const row = new QHBoxLayout(band);
+    auto* const row = MakeChild<QHBoxLayout>(band);
     QWidget* const widget = Add(heading, band);
     QFont font = widget->font();
     font.setPointSizeF(font.pointSizeF() * kLarger);
@@ -113,8 +114,8 @@ class PageBuilder {
   }
 
   QWidget* MakeBody(const std::vector<wizard::Group>& groups) {
-    auto* const body = new QWidget(&page_);
-    auto* const column = new QVBoxLayout(body);
+    auto* const body = MakeChild<QWidget>(&page_);
+    auto* const column = MakeChild<QVBoxLayout>(body);
     column->setContentsMargins(Margin(), Margin(), Margin(), Margin());
     column->setSpacing(Line(page_) * 3 / 4);
     bool fills = false;
@@ -133,8 +134,8 @@ class PageBuilder {
   // block.
   QWidget* MakeGroup(const wizard::Group& group, QWidget* body) {
     const QString title = group.frame == nullptr ? QString() : ToQt(forms::ShownText(*group.frame)).trimmed();
-    auto* const block = title.isEmpty() ? new QWidget(body) : new QGroupBox(title, body);
-    auto* const grid = new QGridLayout(block);
+    auto* const block = title.isEmpty() ? MakeChild<QWidget>(body) : MakeChild<QGroupBox>(title, body);
+    auto* const grid = MakeChild<QGridLayout>(block);
     if (title.isEmpty()) grid->setContentsMargins(group.frame == nullptr ? 0 : Inset(page_), 0, 0, 0);
     grid->setColumnStretch(kFields, 1);
     grid->setVerticalSpacing(0);
@@ -151,12 +152,12 @@ class PageBuilder {
   void AddSpace(QGridLayout& grid, const Controls& above, const Controls& below) const {
     constexpr int kParts = 12;  // of the height of a line
     const int parts = Names(*above.front(), *below.front()) ? 3 : IsOneLine(*below.front()) ? 20 : 8;
-    grid.addItem(new QSpacerItem(0, Line(page_) * parts / kParts), grid.rowCount(), 0);
+    grid.addItem(MakeChild<QSpacerItem>(0, Line(page_) * parts / kParts), grid.rowCount(), 0);
   }
 
   QWidget* WithHead(forms::CheckBox& head, QWidget* block, QWidget* body) {
-    auto* const both = new QWidget(body);
-    auto* const column = new QVBoxLayout(both);
+    auto* const both = MakeChild<QWidget>(body);
+    auto* const column = MakeChild<QVBoxLayout>(both);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(Add(head, both));
     column->addWidget(block);
@@ -187,7 +188,7 @@ class PageBuilder {
 
   // The layout of the first cell of a row.
   QHBoxLayout* MakeStart(const Controls& row) const {
-    auto* const start = new QHBoxLayout;
+    auto* const start = MakeChild<QHBoxLayout>();
     start->setSpacing(Line(page_) / 2);
     if (row.front()->placing().inset) start->addSpacing(Inset(page_));
     return start;
@@ -226,22 +227,22 @@ void SetBuddies(const Views& views) {
 }  // namespace
 
 QFrame* MakeLine(QWidget* parent) {
-  auto* const line = new QFrame(parent);
+  auto* const line = MakeChild<QFrame>(parent);
   line->setFrameShape(QFrame::HLine);
   line->setFrameShadow(QFrame::Sunken);
   return line;
 }
 
 QWidget* MakePage(const wizard::Layout& layout, QWidget* parent, Views& views) {
-  auto* const page = new QWidget(parent);
+  auto* const page = MakeChild<QWidget>(parent);
   PageBuilder(*page, views).Build(layout);
   SetBuddies(views);
   return page;
 }
 
 QWidget* MakeButtonRow(const wizard::Layout& layout, QWidget* parent, Views& views) {
-  auto* const row = new QWidget(parent);
-  auto* const strip = new QHBoxLayout(row);
+  auto* const row = MakeChild<QWidget>(parent);
+  auto* const strip = MakeChild<QHBoxLayout>(row);
   const int margin = Line(*row) * 3 / 4;
   strip->setContentsMargins(margin, margin, margin, margin);
   for (Control* control : wizard::ControlsOf(layout)) {

@@ -1,6 +1,7 @@
 // Tests of the keyboard: the first focus, the Tab key, the access keys, and the keys of the buttons on every page.
 #include <QAbstractButton>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QTest>
 #include <algorithm>
@@ -199,6 +200,21 @@ TEST_F(KeysTest, ClickOnALink_FollowsIt) {
     QTest::mouseClick(&Widget(link), Qt::LeftButton, Qt::NoModifier, QPoint(20, Widget(link).height() / 2));
   }
   EXPECT_THAT(followed, ElementsAreArray({"LblLink_vexacd", "LblLink_cdshell", "LblLink_Third"}));
+}
+
+// A key that is held down repeats itself until it is released.
+TEST_F(KeysTest, EnterThatIsHeldDown_MovesOnePageOnly) {
+  const auto hold = [] {
+    for (int repeat = 0; repeat < 5; ++repeat) {
+      QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", repeat > 0);
+      QApplication::sendEvent(QApplication::focusWidget(), &press);
+    }
+    Settle();
+  };
+  hold();  // on the Next button
+  EXPECT_EQ(PageSeen(), 1);
+  hold();  // on a check box
+  EXPECT_EQ(PageSeen(), 6);
 }
 
 TEST_F(KeysTest, WholeWayWithKeysAlone) {
