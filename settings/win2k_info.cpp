@@ -55,7 +55,7 @@ host::Result<std::string> TemplateFor(util::Notes& notes, const INIFile& key_fil
   if (util::FileExists(script)) return script;
   // If the path of the program folder is long, the key file contains only the start of the path of the program's own
   // template. That is not a failure.
-  if (!own.starts_with(script)) {
+  if (!own.starts_with(script) && !util::AsTyped(own).starts_with(script)) {
     notes.Add(script,
               "could not be opened (paths are cut at 99 characters); the answer file is made from the program's own "
               "template");
@@ -74,7 +74,7 @@ void TakeScript(forms::FrmWin2KInfo& dialog, util::Notes& notes, const std::stri
 void LoadWin2KInfo(forms::FrmWin2KInfo& dialog, util::Notes& notes) {
   if (std::exchange(dialog.loaded, true)) return;
   if (!util::FileExists(notes, dialog.TxtTemplate.text.get()))
-    dialog.TxtTemplate.text = util::PathOf(util::Item::kWin2KTemplate);
+    dialog.TxtTemplate.text = util::AsTyped(util::PathOf(util::Item::kWin2KTemplate));
   FillSetupDataFromUnattend(dialog, notes, dialog.TxtTemplate.text);
 }
 

@@ -53,7 +53,7 @@ void FillDefaults(FrmDiscwright& main, int page) {
     const bool chosen = row.choice == nullptr || (main.*row.choice).checked();
     if (row.page != page || !chosen || !location.text.get().empty()) continue;
     const std::string root = row.root();
-    location.text = root + row.suffix;
+    location.text = util::AsTyped(root + row.suffix);
     if (row.then != nullptr) row.then(main, root);
   }
 }

@@ -132,6 +132,15 @@ TEST_F(AnswerFileTest, OwnTemplateWithALongPath_IsUsedWithoutANote) {
   EXPECT_THAT(notes.all(), IsEmpty());
 }
 
+TEST_F(AnswerFileTest, OwnTemplateWithALongPathAsTheSystemSpellsIt_IsUsedWithoutANote) {
+  host.shows_slashes = true;
+  host.program_folder = "\\home\\" + std::string(120, 'x');
+  host.AddFile(host.program_folder + "\\files\\inf_files\\win2k_template.inf", "[Mine]\r\nx=1\r\n");
+  const std::string own = "/home/" + std::string(120, 'x') + "/files/inf_files/win2k_template.inf";
+  EXPECT_THAT(Unattend("[Win2KInfo]\r\nTemplateFile=" + own + "\r\n"), HasSubstr("[Mine]\r\nx=1\r\n"));
+  EXPECT_THAT(notes.all(), IsEmpty());
+}
+
 TEST_F(AnswerFileTest, TemplateThatIsTheOldAnswerFile_IsDeletedBeforeItIsRead) {
   host.AddFile(kUnattend, "[Mine]\r\nx=1\r\n");
   EXPECT_THAT(Unattend("[Win2KInfo]\r\nTemplateFile=" + kUnattend + "\r\n"), HasSubstr("UnattendMode=ProvideDefault"));

@@ -204,6 +204,13 @@ TEST_F(Win2KInfoTest, ChosenScript_IsShownAsTheSystemSpellsIt) {
   EXPECT_EQ(dialog.TxtTemplate.text.get(), "/home/ann/mine.sif");
 }
 
+TEST_F(Win2KInfoTest, OwnTemplate_IsShownAsTheSystemSpellsIt) {
+  host.shows_slashes = true;
+  host.program_folder = "\\home\\ann\\discwright";
+  LoadWin2KInfo(dialog, notes);
+  EXPECT_EQ(dialog.TxtTemplate.text.get(), "/home/ann/discwright/files/inf_files/win2k_template.inf");
+}
+
 TEST_F(Win2KInfoTest, BrowseCancelled_ChangesNothing) {
   host.AddFile("D:\\mine.sif", kUserData);
   dialog.TxtTemplate.text = "D:\\mine.sif";

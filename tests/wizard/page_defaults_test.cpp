@@ -97,6 +97,14 @@ TEST_F(PageDefaultsTest, OnlyTheBootDisks_ProposesTheProgramsOwnFolders) {
   EXPECT_EQ(main.TxtERDC.text.get(), "");
 }
 
+TEST_F(PageDefaultsTest, ProposedFolder_IsShownAsTheSystemSpellsIt) {
+  host.shows_slashes = true;
+  host.program_folder = "\\home\\ann\\discwright";
+  StartOn(1);
+  Next();
+  EXPECT_EQ(main.TxtUtils_Loc.text.get(), "/home/ann/discwright/vexa_utilities");
+}
+
 TEST_F(PageDefaultsTest, TypedFolders_AreNotReplaced) {
   main.TxtUtils_Loc.text = " ";
   main.TxtAddFiles_Loc.text = "S:\\files";
