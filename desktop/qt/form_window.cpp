@@ -94,14 +94,19 @@ void FormWindow::SetFocusTo(const forms::Control* first) {
   }
 }
 
-DialogWindow::DialogWindow(const wizard::Layout& layout, QWidget* owner) : FormWindow(*layout.form, owner) {
+DialogWindow::DialogWindow(const wizard::Layout& layout, QWidget* owner)
+    : FormWindow(*layout.form, owner), first_focus_(layout.first_focus) {
   auto* const column = MakeChild<QVBoxLayout>(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(MakePage(layout, this, views()));
   column->setSizeConstraint(QLayout::SetFixedSize);
   SetTabOrder(layout, views());
-  SetFocusTo(layout.first_focus);
   ShowChanges();
+}
+
+void DialogWindow::showEvent(QShowEvent* event) {
+  SetFocusTo(first_focus_);
+  FormWindow::showEvent(event);
 }
 
 }  // namespace discwright::desktop

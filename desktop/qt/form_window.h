@@ -45,6 +45,12 @@ class FormWindow : public QDialog {
 class DialogWindow : public FormWindow {
  public:
   DialogWindow(const wizard::Layout& layout, QWidget* owner);
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  const forms::Control* first_focus_;
 };
 
 }  // namespace discwright::desktop

@@ -60,6 +60,17 @@ TEST_P(InfoDialogTest, Opened_ShowsItsFieldsAndTheirLabels) {
   });
 }
 
+TEST_P(InfoDialogTest, OpenedAgain_BeginsWithItsFirstField) {
+  Open([&](QDialog&) {
+    The<QAbstractButton>("CmdCancel").setFocus();
+    PressKey(Qt::Key_Escape);
+  });
+  Open([&](QDialog&) {
+    EXPECT_EQ(Focus(), GetParam().fields.front().second);
+    PressKey(Qt::Key_Escape);
+  });
+}
+
 TEST_P(InfoDialogTest, WhileItIsOpen_TheMainWindowRefusesInput) {
   Open([&](QDialog& dialog) {
     ClickOn(*main().findChild<QWidget*>("CmdNext"));
