@@ -56,6 +56,17 @@ QWidget* Owner() {
   return nullptr;
 }
 
+// Runs a dialog to its end. A signal that asks the program to end closes it: DoEvents does not run meanwhile.
+int Run(QDialog& dialog) {
+  constexpr int kLookEvery = 250;  // milliseconds
+  QTimer timer;
+  timer.callOnTimeout([&dialog] {
+    if (host::InterruptCount() > 0) dialog.reject();
+  });
+  timer.start(kLookEvery);
+  return dialog.exec();
+}
+
 void FocusOn(QWidget* window, const std::string& control) {
   QWidget* const widget = window == nullptr || control.empty() ? nullptr : window->findChild<QWidget*>(ToQt(control));
   if (widget != nullptr) widget->setFocus(Qt::TabFocusReason);
@@ -76,9 +87,9 @@ bool QtUser::ShowMessage(const host::Message& box) {
   window.setStandardButtons(box.question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
   if (box.question) window.setDefaultButton(QMessageBox::No);
   if (box.system_modal) window.setWindowFlag(Qt::WindowStaysOnTopHint);
-  const int answer = window.exec();
+  const int answer = Run(window);
   FocusOn(owner, box.control);
-  return answer != QMessageBox::No;
+  return !box.question || answer == QMessageBox::Yes;
 }
 
 // A copy calls this with every piece of a file. Without a wait, events are handled fifty times in a second at
@@ -111,7 +122,10 @@ void QtUser::Wake() {
 }
 
 std::string QtUser::ChooseFolder(std::string_view start_folder, std::string_view title) {
-  return CorePath(QFileDialog::getExistingDirectory(Owner(), ToQt(title), ToQt(host::PathToNative(start_folder))));
+  QFileDialog dialog(Owner(), ToQt(title), ToQt(host::PathToNative(start_folder)));
+  dialog.setFileMode(QFileDialog::Directory);
+  dialog.setOption(QFileDialog::ShowDirsOnly);
+  return Run(dialog) == QDialog::Accepted ? CorePath(dialog.selectedFiles().value(0)) : "";
 }
 
 // No question is asked before an existing file is chosen: the wizard asks when it would lose something.
@@ -125,7 +139,7 @@ std::string QtUser::ChooseFile(const host::FileRequest& request) {
   const QFileInfo named(ToQt(host::PathToNative(request.file_name)));
   if (named.dir().exists()) dialog.setDirectory(named.dir());
   dialog.selectFile(named.fileName());
-  return dialog.exec() == QDialog::Accepted ? CorePath(dialog.selectedFiles().value(0)) : "";
+  return Run(dialog) == QDialog::Accepted ? CorePath(dialog.selectedFiles().value(0)) : "";
 }
 
 bool QtUser::HelpIsOpen(std::string_view /*window_class*/, std::string_view title) {

@@ -32,6 +32,7 @@ class WholeWizard : public BuildTest {
     auto environment = display.Environment();
     environment.emplace_back("SOURCE_DATE_EPOCH", "1000000000");
     environment.emplace_back("QT_QPA_PLATFORM", "xcb");
+    environment.emplace_back("LSAN_OPTIONS", "print_suppressions=0:suppressions=" FOREIGN_LEAKS);
     wizard = std::make_unique<RunningProgram>(std::vector<std::string>{(program / "discwright").string()},
                                               Surroundings{.environment = environment});
     window = display.WaitForWindow(kTitle);

@@ -112,6 +112,17 @@ TEST_F(QtUserTest, RequestToEndTheProgram_IsReportedOnce) {
   EXPECT_EQ(interruptions, 1);
 }
 
+TEST_F(QtUserTest, RequestToEndTheProgram_ClosesTheOpenMessageAndTheOpenChooser) {
+  const testing::FakeHost host;
+  console.interrupts = 1;
+  host::Message question{"Cancel the build?", "Vexa Discwright"};
+  question.question = true;
+  EXPECT_FALSE(user.ShowMessage(question));
+  EXPECT_EQ(user.ChooseFolder("/", "Choose a folder"), "");
+  EXPECT_EQ(user.ChooseFile({"Choose a file", "Text (*.txt)|*.txt", "", false}), "");
+  EXPECT_EQ(interruptions, 0);  // DoEvents reports it
+}
+
 TEST_F(QtUserTest, QuestionAfterARequestToEndTheProgram_IsAnsweredYes) {
   console.interrupts = 1;
   user.DoEvents(1);
