@@ -187,8 +187,7 @@ std::string WhyNoUsersFolder(Notes& notes) {
   if (home.empty()) {
     return "This program is installed for all users and needs a folder of yours to work in, but the system does not "
            "know your home folder. Set the environment variable XDG_DATA_HOME to a folder in which you may write "
-           "files, "
-           "and start the program again.";
+           "files, and start the program again.";
   }
   const std::string folder = base::InFolder(home, "discwright");
   UsersFolder users(host::ProgramFolder(), folder, notes);

@@ -89,7 +89,9 @@ bool MayBuild(steps::Context& context) {
   message.text = host::PathToNative(util::NamedFile(destination)) + " is a file of another kind.\r\nReplace it?";
   message.icon = host::MessageIcon::kExclamation;
   message.question = true;
-  return context.user.ShowMessage(message);
+  const bool agrees = context.user.ShowMessage(message);
+  if (!agrees) context.claim.reset();
+  return agrees;
 }
 
 }  // namespace

@@ -104,7 +104,7 @@ class PageBuilder {
     auto* const row = MakeChild<QHBoxLayout>(band);
     QWidget* const widget = Add(heading, band);
     QFont font = widget->font();
-    font.setPointSizeF(font.pointSizeF() * kLarger);
+    font.setPointSizeF(QFontInfo(font).pointSizeF() * kLarger);
     font.setWeight(QFont::DemiBold);
     widget->setFont(font);
     const int blanks = QFontMetrics(font).horizontalAdvance(u"  "_qs);

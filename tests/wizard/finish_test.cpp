@@ -333,6 +333,7 @@ TEST_F(StartOfABuildTest, FileOfAnotherKind_IsNotReplacedWithoutAYes) {
   EXPECT_EQ(question.title, "Error");
   EXPECT_TRUE(question.question);
   EXPECT_EQ(host.Content("C:\\vexacd.iso"), "a letter to Ann");
+  EXPECT_EQ(context.claim, nullptr);
 }
 
 TEST_F(StartOfABuildTest, FileOfAnotherKindAndYes_IsBuilt) {

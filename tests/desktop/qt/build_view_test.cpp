@@ -1,5 +1,7 @@
 // Tests of the window during and after a build: the progress page, the ways to cancel, and the ways to end the program.
 #include <QAbstractButton>
+#include <QApplication>
+#include <QClipboard>
 #include <QLabel>
 #include <QProgressBar>
 #include <QTest>
@@ -121,6 +123,22 @@ TEST_F(BuildViewTest, EndedBuild_ShowsTheFinishPage) {
   EXPECT_FALSE(IsShown("CmdNext"));
   EXPECT_FALSE(IsShown("LblAbort"));
   EXPECT_THAT(watch.messages, IsEmpty());
+}
+
+TEST_F(BuildViewTest, Report_CanBeReadSelectedAndCopied) {
+  host.AddFile("S:\\files\\boot\\loader.bin", "of the user");
+  records().ChkAddFiles.value = 1;
+  Build();
+  EXPECT_EQ(ShownText("LblResult"), "The image was made, with 1 remark.");
+  PressAlt('i');
+  EXPECT_EQ(Focus(), "TxtReport");
+  PressKey(Qt::Key_A, Qt::ControlModifier);
+  PressKey(Qt::Key_C, Qt::ControlModifier);
+  const std::string copied = FromQt(QApplication::clipboard()->text());
+  EXPECT_THAT(copied, HasSubstr("Image:   c:\\vexacd.iso\n"));
+  EXPECT_THAT(copied, HasSubstr("\nremark: S:\\files\\boot\\loader.bin: replaces the file"));
+  Write("typed");
+  EXPECT_EQ(records().TxtReport.text.get().find("typed"), std::string::npos);
 }
 
 TEST_F(BuildViewTest, FullDisk_IsShownOnTheFinishPage) {
