@@ -51,6 +51,8 @@ MainWindow::MainWindow(forms::Windows& windows)
   SetTabOrder(buttons, views());
   ShowChanges();
   ShowPage(wizard::PageInView(main_));
+  FitToPages();
+  adjustSize();  // the system places the window by the size that it has when it appears
 }
 
 void MainWindow::AddPages(forms::Windows& windows) {
