@@ -12,19 +12,19 @@
 #   scripts/bootstrap.sh mutants  also the tools of scripts/mutants.sh
 set -eu
 
-packages="g++ make cmake ninja-build nasm libssl-dev libxxhash-dev qt6-base-dev librsvg2-bin"
+packages="g++ make cmake ninja-build nasm libssl-dev libxxhash-dev qt6-base-dev librsvg2-bin g++-multilib python3"
 cross="g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32"
 case "${1:-build}" in
   build) ;;
-  windows) packages="$packages $cross python3" ;;
-  test) packages="$packages $cross lld libgtest-dev libgmock-dev googletest qemu-system-x86 mtools dosfstools genisoimage xorriso libarchive-tools p7zip-full strace python3 universal-ctags appstream desktop-file-utils xvfb xdotool" ;;
+  windows) packages="$packages $cross" ;;
+  test) packages="$packages $cross lld libgtest-dev libgmock-dev googletest qemu-system-x86 mtools dosfstools genisoimage xorriso libarchive-tools p7zip-full strace universal-ctags appstream desktop-file-utils xvfb xdotool" ;;
   wine32) packages="mmdebstrap util-linux" ;;
   wine64) packages="wine wine64" ;;
   fuzz) packages="$packages clang libclang-rt-14-dev" ;;
-  lint) packages="$packages $cross libgtest-dev libgmock-dev googletest clang-format clang-tidy shellcheck python3 universal-ctags" ;;
-  bench) packages="$packages genisoimage xorriso jdupes rdfind python3 xvfb xdotool" ;;
-  faults) packages="$packages strace libarchive-tools python3" ;;
-  mutants) packages="$packages lld libgtest-dev libgmock-dev googletest python3 python3-clang-14 libclang-14-dev" ;;
+  lint) packages="$packages $cross libgtest-dev libgmock-dev googletest clang-format clang-tidy shellcheck universal-ctags" ;;
+  bench) packages="$packages genisoimage xorriso jdupes rdfind xvfb xdotool" ;;
+  faults) packages="$packages strace libarchive-tools" ;;
+  mutants) packages="$packages lld libgtest-dev libgmock-dev googletest python3-clang-14 libclang-14-dev" ;;
   *) echo "bootstrap.sh: unknown set '$1' (build, windows, test, wine32, wine64, fuzz, lint, bench, faults or mutants)" >&2; exit 2 ;;
 esac
 

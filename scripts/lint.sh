@@ -17,3 +17,5 @@ python3 -B scripts/compiled_sources.py "$build" | $tidy -p "$build"
 headers=$(i686-w64-mingw32-g++-win32 -print-file-name=include/c++)
 python3 -B scripts/compiled_sources.py "$windows_build" /win32/ | $tidy -p "$windows_build" \
   --extra-arg=--target=i686-w64-mingw32 --extra-arg="-isystem$headers" --extra-arg="-isystem$headers/i686-w64-mingw32"
+# The sources for the bare machine are compiled with options of their own.
+git ls-files 'boot/loader/pc/*.cpp' | $tidy -p "$build/boot"

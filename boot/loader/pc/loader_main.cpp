@@ -1,0 +1,19 @@
+// Prepares what C++ code needs, and calls Main(). entry.asm calls it.
+#include "boot/loader/pc/loader_main.h"
+
+#include "boot/loader/pc/a20.h"
+
+// `drive`, `shift`: as BiosDisk::Drive; `sector`: where the loader is in the image.
+extern "C" [[noreturn]] void LoaderMain(std::uint32_t drive, std::uint32_t shift, std::uint32_t sector);
+
+void LoaderMain(std::uint32_t drive, std::uint32_t shift, std::uint32_t /*sector*/) {
+  using namespace discwright::loader;
+  Console console;
+  BiosDisk disk({static_cast<std::uint8_t>(drive), static_cast<std::uint8_t>(shift)});
+  if (!EnableA20()) {
+    console.Write(
+        "\nThe memory above 1 MB cannot be used: line A20 stays off (code 5).\n"
+        "Look for a setting of \"Gate A20\" in the BIOS. Programs from this disc may fail.\n");
+  }
+  Main(console, disk);
+}

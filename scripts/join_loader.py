@@ -1,0 +1,53 @@
+#!/usr/bin/env python3
+"""Joins the two stages of the CD's loader to one file and fills in what stage 1 must know about the rest: its length
+and its checksums. Prints the size of the file.
+
+    join_loader.py STAGE1 STAGE2 RESULT     three files
+"""
+
+import struct
+import sys
+from pathlib import Path
+
+SECTOR = 2048
+MARK = b"DWLOADER"  # stands at MARK_PLACE of stage 1, which says what the values behind it are
+MARK_PLACE = 8
+MOST_SECTORS = 47  # the room in memory between stage 1 and the buffer of the reads
+
+
+def checksums(rest):
+    """Returns the sum of the words of 32 bits, and the sum of that sum after each word."""
+    total = total_of_totals = 0
+    for (word,) in struct.iter_unpack("<I", rest):
+        total = (total + word) & 0xFFFFFFFF
+        total_of_totals = (total_of_totals + total) & 0xFFFFFFFF
+    return total, total_of_totals
+
+
+def joined(stage1, stage2):
+    """Returns the bytes of the loader. Raises ValueError when the stages do not fit together."""
+    if len(stage1) != SECTOR or stage1[MARK_PLACE : MARK_PLACE + len(MARK)] != MARK:
+        raise ValueError("stage 1 is not a sector with the loader's mark")
+    rest = stage2 + bytes(-len(stage2) % SECTOR)
+    sectors = len(rest) // SECTOR
+    if not 1 <= sectors <= MOST_SECTORS:
+        raise ValueError(f"stage 2 has {sectors} sectors; stage 1 loads 1 to {MOST_SECTORS}")
+    values = struct.pack("<HHII", sectors, 0, *checksums(rest))
+    place = MARK_PLACE + len(MARK)
+    return stage1[:place] + values + stage1[place + len(values) :] + rest
+
+
+def main(arguments):
+    if len(arguments) != 3:
+        sys.exit(__doc__)
+    stage1, stage2, result = map(Path, arguments)
+    try:
+        loader = joined(stage1.read_bytes(), stage2.read_bytes())
+    except ValueError as problem:
+        sys.exit(f"{result}: {problem}")
+    result.write_bytes(loader)
+    print(f"{result.name}: {len(loader)} bytes")
+
+
+if __name__ == "__main__":
+    main(sys.argv[1:])
