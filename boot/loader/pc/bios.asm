@@ -6,6 +6,7 @@ cpu 386
 global RealModeCall
 global RealModeWait
 global RealModeJump
+global RealModeStartKernel
 extern gdt_register
 
 %include "selectors.inc"
@@ -61,6 +62,16 @@ RealModeJump:
     mov [target], eax
     mov word [routine], jump
     push dword [esp + 8]
+    call run
+
+; void RealModeStartKernel(std::uint32_t address): jumps to segment:offset and does not return. All segment registers get
+; the segment that begins 20h paragraphs below, the stack ends at offset E000h in it, and interrupts are forbidden.
+; IN: on the stack. OUT: does not return.
+RealModeStartKernel:
+    mov eax, [esp + 4]
+    mov [target], eax
+    mov word [routine], start_kernel
+    push dword registers
     call run
 
 ; Runs `routine` in real mode.
@@ -163,6 +174,19 @@ jump:
     call load_registers
     mov ds, [cs:registers + REGISTERS.ds]
     sti
+    jmp far [cs:target]
+
+; Jumps to `target`, the entry of a Linux kernel.
+; IN: target, interrupts forbidden. OUT: does not return.
+start_kernel:
+    mov ax, [target + 2]
+    sub ax, 0x20
+    mov ds, ax
+    mov es, ax
+    mov fs, ax
+    mov gs, ax
+    mov ss, ax
+    mov sp, 0xE000
     jmp far [cs:target]
 
 ; IN: registers. OUT: all registers as they say, but for DS and the flags. CLOBBERS: -.

@@ -48,4 +48,7 @@ struct RealAddress {
 };
 [[noreturn]] void Jump(RealAddress address, const Registers& registers);
 
+// Leaves the loader: starts the real-mode part of a Linux kernel, which is at the start of this segment.
+[[noreturn]] void StartKernel(std::uint16_t segment);
+
 }  // namespace discwright::loader::bios

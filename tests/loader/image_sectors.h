@@ -1,0 +1,37 @@
+// The drive of the loader's tests: an image in memory, which counts what is read and fails where a test wants that.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <optional>
+#include <string>
+
+#include "boot/loader/sectors.h"
+
+namespace discwright::testing {
+
+class ImageSectors final : public loader::Sectors {
+ public:
+  explicit ImageSectors(std::string image) : image_(std::move(image)) {}
+
+  bool Read(std::uint32_t sector, std::span<std::uint8_t> to) override {
+    EXPECT_EQ(to.size() % loader::kSectorSize, 0u);
+    EXPECT_GT(to.size(), 0u);
+    ++reads;
+    const std::size_t count = to.size() / loader::kSectorSize;
+    if (bad_sector && *bad_sector >= sector && *bad_sector - sector < count) return false;
+    const std::size_t from = std::size_t{sector} * loader::kSectorSize;
+    if (from > image_.size() || to.size() > image_.size() - from) return false;
+    std::copy_n(image_.begin() + static_cast<std::ptrdiff_t>(from), to.size(), to.begin());
+    return true;
+  }
+
+  std::optional<std::uint32_t> bad_sector;
+  int reads = 0;
+
+ private:
+  std::string image_;
+};
+
+}  // namespace discwright::testing
