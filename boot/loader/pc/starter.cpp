@@ -1,0 +1,158 @@
+// Starts boot sectors, kernels and disks. Everything is read before anything is changed that the loader needs.
+#include "boot/loader/pc/starter.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include "boot/loader/pc/bios.h"
+#include "boot/loader/pc/keyboard.h"
+#include "boot/loader/pc/places.h"
+#include "boot/loader/pc/power.h"
+#include "boot/loader/text.h"
+
+namespace discwright::loader {
+
+namespace {
+
+constexpr std::uint32_t kBootSector = 0x7C00;    // where a boot sector expects to be
+constexpr std::uint32_t kKernelSetup = 0x70000;  // 64 KB for the real-mode part of a kernel; see loader.ld
+constexpr std::string_view kFloppyEmulator = "boot/memdisk";
+constexpr std::uint8_t kDisk = 0x13;  // the interrupt
+constexpr std::uint8_t kFirstHardDisk = 0x80;
+constexpr std::size_t kDiskSectorSize = 512;
+constexpr std::size_t kSignature = 510;  // of a boot sector of a disk: 55h AAh
+
+// The memory at an address. All of it can be reached in protected mode.
+std::span<std::uint8_t> Memory(std::uint32_t address, std::size_t size) {
+  return {reinterpret_cast<std::uint8_t*>(address), size};
+}
+
+[[noreturn]] void JumpToBootSector(std::uint8_t drive) { bios::Jump({0, kBootSector}, {.edx = drive}); }
+
+}  // namespace
+
+std::string_view Starter::Start(const Command& command) {
+  switch (command.kind) {
+    case CommandKind::kFloppy:
+      return StartLinux(kFloppyEmulator, command.options, command.path);
+    case CommandKind::kCdSector:
+      return StartCdSector(command.path);
+    case CommandKind::kLinux:
+      return StartLinux(command.path, command.options, command.initrd);
+    case CommandKind::kFirstHardDisk:
+      return StartHardDisk(kFirstHardDisk);
+    case CommandKind::kSecondHardDisk:
+      return StartHardDisk(kFirstHardDisk + 1);
+    case CommandKind::kNextDevice:
+      StartNextDevice();
+    case CommandKind::kOverview:
+      return ShowOverview();
+    case CommandKind::kRestart:
+      Restart();
+    case CommandKind::kPowerOff:
+      PowerOff();
+      return "This computer cannot be switched off by a program: use its switch.";
+  }
+  return "";
+}
+
+std::string_view Starter::StartCdSector(std::string_view path) {
+  static std::array<std::uint8_t, kSectorSize> sector;
+  std::uint32_t size = 0;
+  const IsoError error = volume_.ReadFile(path, sector, size);
+  if (error != IsoError::kNone) return Words(error);
+  if (size != sector.size()) return "The file is no boot sector for CDs: it must have 2,048 bytes.";
+  std::memcpy(Memory(kBootSector, sector.size()).data(), sector.data(), sector.size());
+  console_.Clear();
+  JumpToBootSector(disk_.number());
+}
+
+std::string_view Starter::StartHardDisk(std::uint8_t number) {
+  bios::Registers registers{.eax = 0x0201,
+                            .ebx = bios::Offset(bounce_buffer),
+                            .ecx = 0x0001,
+                            .edx = number,
+                            .es = bios::Segment(bounce_buffer)};
+  bios::Call(kDisk, registers);
+  if (registers.Has(bios::kCarry)) return "The computer has no such hard disk, or it cannot be read.";
+  if (bounce_buffer[kSignature] != 0x55 || bounce_buffer[kSignature + 1] != 0xAA) {
+    return "The hard disk has no boot sector: no system is installed on it.";
+  }
+  std::memcpy(Memory(kBootSector, kDiskSectorSize).data(), bounce_buffer, kDiskSectorSize);
+  JumpToBootSector(number);
+}
+
+// Loads a part of a file to memory, and shows how far it is.
+IsoError Starter::Load(const IsoEntry& file, std::uint32_t offset, std::uint32_t size, std::uint32_t address,
+                       std::string_view name) {
+  constexpr std::uint32_t kPiece = 0x100000;
+  std::array<char, Console::kColumns> line{};
+  for (std::uint32_t done = 0; done < size;) {
+    const std::uint32_t piece = std::min(kPiece, size - done);
+    const IsoError error = volume_.Read(file, offset + done, Memory(address + done, piece));
+    if (error != IsoError::kNone) return error;
+    done += piece;
+    constexpr unsigned kKilobyte = 10;  // as a power of two
+    const std::uint32_t total = std::max<std::uint32_t>(size >> kKilobyte, 1);
+    TextWriter text(line);
+    text.Add("Loading ").Add(name).Add(": ").Add(std::min<std::uint32_t>((done >> kKilobyte) * 100 / total, 100));
+    text.Add(" %   ");
+    Console::WriteAt({Console::kLines - 1, 2}, text.text(), Console::kLightGrey);
+  }
+  return IsoError::kNone;
+}
+
+std::string_view Starter::StartLinux(std::string_view path, std::string_view options, std::string_view ram_disk) {
+  IsoEntry kernel;
+  IsoEntry disk;
+  IsoError error = volume_.Find(path, kernel);
+  if (error == IsoError::kNone && !ram_disk.empty()) error = volume_.Find(ram_disk, disk);
+  if (error != IsoError::kNone) return Words(error);
+  static std::array<std::uint8_t, kHeaderSize> start;
+  const std::size_t known = std::min<std::size_t>(kernel.size, start.size());
+  error = volume_.Read(kernel, 0, std::span(start).first(known));
+  if (error != IsoError::kNone) return Words(error);
+  KernelHeader header;
+  KernelPlace place;
+  KernelError problem = ReadKernelHeader(std::span(start).first(known), kernel.size, header);
+  if (problem == KernelError::kNone) {
+    problem = PlaceKernel(header, memory_, kKernelSetup, options.size(), disk.size, place);
+  }
+  if (problem != KernelError::kNone) return Explanation(problem);
+  error = Load(kernel, 0, header.setup_size, kKernelSetup, path);
+  if (error == IsoError::kNone) error = Load(kernel, header.setup_size, header.kernel_size, kKernelAddress, path);
+  if (error == IsoError::kNone) error = Load(disk, 0, disk.size, place.ram_disk.begin, ram_disk);
+  if (error != IsoError::kNone) return Words(error);
+  const std::span<std::uint8_t> line = Memory(place.command_line, options.size() + 1);
+  std::memcpy(line.data(), options.data(), options.size());
+  line.back() = 0;
+  CompleteHeader(place, Memory(kKernelSetup, kHeaderSize));
+  console_.Clear();
+  bios::StartKernel(kKernelSetup >> 4);
+}
+
+std::string_view Starter::ShowOverview() {
+  static std::array<char, 240> room;
+  console_.Clear();
+  console_.Write("Memory and disks of this computer\n\n");
+  for (const MemoryRange& range : memory_.ranges()) {
+    TextWriter line(room);
+    line.Add(range.type == kFreeMemory ? "  free      " : "  in use    ");
+    line.Add(static_cast<std::uint32_t>(range.base >> 10)).Add(" KB to ");
+    line.Add(static_cast<std::uint32_t>((range.base + range.length) >> 10)).Add(" KB\n");
+    console_.Write(line.text());
+  }
+  bios::Registers disks{.eax = 0x0800, .edx = kFirstHardDisk};
+  bios::Call(kDisk, disks);
+  TextWriter line(room);
+  line.Add("\n  Free memory: ").Add(static_cast<std::uint32_t>(memory_.FreeKilobytes())).Add(" KB\n");
+  line.Add("  Hard disks that the BIOS knows: ").Add(disks.Has(bios::kCarry) ? 0 : disks.edx & 0xFF).Add("\n");
+  line.Add("\nPress a key to go back to the menu.\n");
+  console_.Write(line.text());
+  ForgetKeys();
+  static_cast<void>(WaitForKey());
+  return "";
+}
+
+}  // namespace discwright::loader
