@@ -1,4 +1,5 @@
-// The memory functions that the compiler calls by itself. There is no C library in the loader.
+// The functions of the C library that the compiler and the headers of C++ call by themselves. There is no C library in
+// the loader.
 #include <cstddef>
 #include <cstdint>
 
@@ -9,6 +10,7 @@ void* memset(void* to, int value, std::size_t size);
 void* memcpy(void* to, const void* from, std::size_t size);
 void* memmove(void* to, const void* from, std::size_t size);
 int memcmp(const void* left, const void* right, std::size_t size);
+std::size_t strlen(const char* text);
 
 void* memset(void* to, int value, std::size_t size) {
   void* at = to;
@@ -42,6 +44,12 @@ int memcmp(const void* left, const void* right, std::size_t size) {
     if (one[at] != other[at]) return one[at] < other[at] ? -1 : 1;
   }
   return 0;
+}
+
+std::size_t strlen(const char* text) {
+  std::size_t size = 0;
+  while (text[size] != '\0') ++size;
+  return size;
 }
 
 }  // extern "C"
