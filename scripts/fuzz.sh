@@ -9,12 +9,12 @@ scripts/bootstrap.sh fuzz
 build=build/fuzz
 cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ \
   -DDISCWRIGHT_TESTS=OFF -DDISCWRIGHT_FUZZ=ON -DDISCWRIGHT_SANITIZE=ON --log-level=WARNING
-cmake --build $build --target fuzz_iso_reader fuzz_mkisofs_options mkisofs
+cmake --build $build --target fuzz_iso_reader fuzz_mkisofs_options fuzz_loader_script mkisofs
 
-# The seeds are two images and a command line. The fuzzer adds the inputs that it finds, and the next run starts from
+# The seeds are two images, a command line, and the shipped script of the boot menu with some keys. The fuzzer adds the inputs that it finds, and the next run starts from
 # them.
 seeds=$build/seeds
-mkdir -p $seeds/tree/boot/deeper $seeds/iso_reader $seeds/mkisofs_options
+mkdir -p $seeds/tree/boot/deeper $seeds/iso_reader $seeds/mkisofs_options $seeds/loader_script
 echo loader >$seeds/tree/boot/loader.bin
 echo text >"$seeds/tree/boot/deeper/a file"
 : >$seeds/tree/empty
@@ -24,8 +24,17 @@ $mkisofs -no-emul-boot -b boot/loader.bin -hide boot.catalog -o $seeds/iso_reade
 printf '%s\0' -volid X -preparer Y -publisher Z -appid W -iso-level 4 -omit-period -no-emul-boot -boot-load-size 4 \
   -eltorito-boot boot/loader.bin -hide '*.[a-c]?' -c c -follow-links -cache-inodes -output o tree \
   >$seeds/mkisofs_options/script
+{
+  cat files/vexacd/boot/scripts/main.cds
+  printf '\0Menu M\nEntry E\nKey E\nPrint x\nWait 1\nRestart\nEndEntry\nEndMenu\nSet Default=E\n'
+  printf '\0\004 \004a\011 \001m\011 \111 \011 '
+} >$seeds/loader_script/menu
+{
+  printf 'Set PasswordRequest=1\nSet PasswordString="pw"\nInclude b\nSet Timeout=1\n\0Entry A\nRestart\nEndEntry\n'
+  printf '\0\001p\001w\011 \011 '
+} >$seeds/loader_script/password
 
-for target in iso_reader mkisofs_options; do
+for target in iso_reader mkisofs_options loader_script; do
   echo "== $target"
   $build/tests/fuzz/fuzz_$target -max_total_time="$seconds" -max_len=400000 -timeout=10 -print_final_stats=1 \
     -artifact_prefix=$build/ $seeds/$target >$build/$target.log 2>&1 || {

@@ -1,0 +1,346 @@
+// Tests of the reader of the boot menu's script.
+#include "boot/loader/script.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "tests/loader/fake_files.h"
+
+namespace discwright::loader {
+namespace {
+
+using ::testing::AllOf;
+using ::testing::Contains;
+using ::testing::Each;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+const std::string kRestartEntry = "Entry Restart\nKey R\nRestart\nEndEntry\n";
+
+// Reads lines in front of a good entry, which must never be lost.
+std::vector<std::string> MistakesOf(const std::string& lines) {
+  const ReadScriptText read(lines + "\n" + kRestartEntry, {"there"});
+  EXPECT_THAT(read.Entries(), Contains("Restart")) << lines;
+  return read.Mistakes();
+}
+
+TEST(ReadScriptTest, EveryCommand_IsReadWithItsTexts) {
+  const ReadScriptText read(
+      "ENTRY Floppy\nkey f\nHELP of the floppy\nFloppy a.img\nOptions raw\nEndEntry\n"
+      "Entry Sector\nCdSector \\boot\\b.bin\nEndEntry\n"
+      "Entry Kernel\nLinux c\nOptions \"a=1 # quiet\"\nInitrd d\nEndEntry\n"
+      "Entry One\nHardDisk 1\nEndEntry\nEntry Two\nHardDisk 2\nEndEntry\nEntry Next\nNextDevice\nEndEntry\n"
+      "Entry Look\nOverview\nEndEntry\nEntry Again\nRestart\nEndEntry\nEntry Off\nPowerOff\nEndEntry\n",
+      {"a.img", "boot/b.bin", "c", "d"});
+  EXPECT_THAT(read.Mistakes(), IsEmpty());
+  ASSERT_EQ(read.script->entry_count, kCommandKinds);
+  for (std::size_t i = 0; i < kCommandKinds; ++i) {
+    EXPECT_EQ(read.script->entries[i].command.kind, static_cast<CommandKind>(i));
+  }
+  const Entry& floppy = read.script->entries[0];
+  EXPECT_EQ(floppy.text, "Floppy");
+  EXPECT_EQ(floppy.key, 'F');
+  EXPECT_EQ(floppy.help, "of the floppy");
+  EXPECT_EQ(floppy.command.path, "a.img");
+  EXPECT_EQ(floppy.command.options, "raw");
+  EXPECT_EQ(read.script->entries[1].command.path, "\\boot\\b.bin");
+  EXPECT_EQ(read.script->entries[2].command.options, "a=1 # quiet");
+  EXPECT_EQ(read.script->entries[2].command.initrd, "d");
+}
+
+TEST(ReadScriptTest, LineEndsBlanksAndComments_DoNotCount) {
+  const ReadScriptText read(
+      "\xEF\xBB\xBF# note\r\n ; note\r\n\r\n\tEntry  Two words \t# note\r\n Restart ; note\r\n\tEndEntry\r\n"
+      "Set Title = a#b ;c\r\nPrint \"  x ; \" # note");
+  EXPECT_THAT(read.Mistakes(), IsEmpty());
+  EXPECT_THAT(read.Entries(), ElementsAre("Two words"));
+  EXPECT_EQ(read.script->title, "a#b");
+  ASSERT_EQ(read.script->step_count, 1);
+  EXPECT_EQ(read.script->steps[0].text, "  x ; ");
+}
+
+TEST(ReadScriptTest, BytesAbove126_ArePassedOn) {
+  EXPECT_EQ(ReadScriptText("Set Title=\x84\xE1 \xC3\xBC").script->title, "\x84\xE1 \xC3\xBC");
+}
+
+TEST(ReadScriptTest, EntryWhoseFileIsMissing_DoesNotAppear) {
+  for (const char* lines : {"Floppy missing", "CdSector missing", "Linux missing", "Linux there\nInitrd missing",
+                            "IfFile missing\nRestart", "Restart\nIfFile there\nIfFile missing"}) {
+    const ReadScriptText read("Entry A\nPrint x\n" + std::string(lines) + "\nEndEntry\n" + kRestartEntry, {"there"});
+    EXPECT_THAT(read.Mistakes(), IsEmpty()) << lines;
+    EXPECT_THAT(read.Entries(), ElementsAre("Restart")) << lines;
+    EXPECT_EQ(read.script->step_count, 0) << lines;
+  }
+}
+
+TEST(ReadScriptTest, BlockWhoseFileIsMissing_DoesNotCount) {
+  const ReadScriptText read(
+      "IfFile missing\nSet Title=no\nPrint no\nInclude no\nMenu No\nKey M\nHelp no\nIfFile there\nEntry No\nKey R\n"
+      "Restart\nEndEntry\nEndIf\nEndMenu\nEndIf\nIfFile there\n" +
+          kRestartEntry + "EndIf\n",
+      {"there"});
+  EXPECT_THAT(read.Mistakes(), IsEmpty());
+  EXPECT_THAT(read.Entries(), ElementsAre("Restart"));
+  EXPECT_EQ(read.script->title, "Boot menu");
+  EXPECT_EQ(read.script->entries[0].key, 'R');
+  EXPECT_EQ(read.script->step_count, 0);
+}
+
+TEST(ReadScriptTest, Submenus_HoldTheirEntriesAndDisappearWhenEmpty) {
+  const ReadScriptText read(
+      "Menu A\nKey A\nHelp of A\nMenu B\n" + kRestartEntry + "EndMenu\n" + kRestartEntry +
+      "Menu Empty\nKey E\nMenu Emptier\nEndMenu\nEntry None\nFloppy missing\nEndEntry\nEndMenu\nEndMenu\n" +
+      kRestartEntry);
+  EXPECT_THAT(read.Mistakes(), IsEmpty());
+  EXPECT_THAT(read.Entries(), ElementsAre("A", "A/B", "A/B/Restart", "A/Restart", "Restart"));
+  EXPECT_EQ(read.script->entries[0].help, "of A");
+  EXPECT_EQ(read.script->entries[0].key, 'A');
+}
+
+TEST(ReadScriptTest, EachMistake_IsNamedWithFileLineAndReasonAndLosesNothingElse) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"\nFoo bar", "main.cds, line 2: no line begins with this word: Foo"},
+      {"\"x\"", "main.cds, line 1: no line begins with this word: \"x"},
+      {"Floppy there", "main.cds, line 1: this word belongs between Entry and EndEntry: Floppy"},
+      {"EndEntry", "main.cds, line 1: this word belongs between Entry and EndEntry: EndEntry"},
+      {"Entry A\nPrint x\nEndEntry", "main.cds, line 1: this Entry is left out, because it has no command: A"},
+      {"Entry A\nRestart\nPowerOff\nEndEntry",
+       "main.cds, line 3: an Entry has one command; this second one does not count"},
+      {"\nEntry A\nRestart", "main.cds, line 2: this Entry is not ended with EndEntry"},
+      {"Entry\nRestart\nEndEntry", "main.cds, line 1: this word needs a value: Entry"},
+      {"Entry A\nFloppy\nEndEntry", "main.cds, line 2: this word needs a value: Floppy"},
+      {"Entry A\nRestart now\nEndEntry", "main.cds, line 2: this word has no value: Restart"},
+      {"Entry A\nHardDisk 3\nRestart\nEndEntry", "main.cds, line 2: HardDisk has the number 1 or 2: 3"},
+      {"Entry A\nKey AB\nRestart\nEndEntry", "main.cds, line 2: a hot key is one letter from A to Z: AB"},
+      {"Entry A\nKey 1\nRestart\nEndEntry", "main.cds, line 2: a hot key is one letter from A to Z: 1"},
+      {"Entry A\nKey X\nRestart\nEndEntry\nEntry B\nKey x\nRestart\nEndEntry",
+       "main.cds, line 6: another entry of this menu has this hot key: x"},
+      {"Key A", "main.cds, line 1: Key belongs into an Entry, or directly into a Menu"},
+      {"Help A", "main.cds, line 1: Help belongs into an Entry, or directly into a Menu"},
+      {"Print \"x", "main.cds, line 1: the second quote of the value is missing"},
+      {"Print \"x\" y", "main.cds, line 1: something stands behind the second quote of the value"},
+      {"Wait x", "main.cds, line 1: Wait has a number of seconds from 0 to 3600: x"},
+      {"Wait 3601", "main.cds, line 1: Wait has a number of seconds from 0 to 3600: 3601"},
+      {"EndIf", "main.cds, line 1: EndIf stands here without its IfFile"},
+      {"EndMenu", "main.cds, line 1: EndMenu stands here without its Menu"},
+      {"IfFile there\nEndMenu\nEndIf", "main.cds, line 2: EndMenu stands here without its Menu"},
+      {"IfFile there", "main.cds, line 1: this IfFile is not ended with EndIf"},
+      {"Set Title", "main.cds, line 1: Set needs a name, an equals sign and a value"},
+      {"Set Title=", "main.cds, line 1: Set needs a value for Title, which may be \"\""},
+      {"Set Colour=1",
+       "main.cds, line 1: Set knows no Colour, only Title, Timeout, Default, PasswordRequest and PasswordString"},
+      {"Set Timeout=-1", "main.cds, line 1: Timeout is a number of seconds from 0 to 3600: -1"},
+      {"Set Timeout=3601", "main.cds, line 1: Timeout is a number of seconds from 0 to 3600: 3601"},
+      {"Set Default=9", "main.cds, line 1: no entry of the main menu has this place or hot key: 9"},
+      {"Set Default=Q", "main.cds, line 1: no entry of the main menu has this place or hot key: Q"},
+      {"Include nowhere.cds", "main.cds, line 1: this script is not on the CD: nowhere.cds"},
+      {"Include \\MAIN.cds", "main.cds, line 1: this script includes itself, perhaps through another: \\MAIN.cds"},
+  };
+  for (const auto& [lines, mistake] : cases) EXPECT_THAT(MistakesOf(lines), ElementsAre(mistake)) << lines;
+}
+
+TEST(ReadScriptTest, MenuThatIsNotEnded_EndsWithItsFile) {
+  FakeFiles files;
+  files.files = {{"main.cds", "Include a\n" + kRestartEntry}, {"a", "Menu A\n" + kRestartEntry}};
+  const ReadScriptText read(files);
+  EXPECT_THAT(read.Mistakes(), ElementsAre("a, line 1: this Menu is not ended with EndMenu"));
+  EXPECT_THAT(read.Entries(), ElementsAre("A", "A/Restart", "Restart"));
+}
+
+TEST(ReadScriptTest, IncludedFile_CannotEndTheBlocksAroundIt) {
+  FakeFiles files;
+  files.files = {{"main.cds", "Menu A\nInclude a\n" + kRestartEntry + "EndMenu\n"},
+                 {"a", "EndMenu\nEndIf\nEndEntry\n"}};
+  const ReadScriptText read(files);
+  EXPECT_THAT(read.Mistakes(), AllOf(SizeIs(3), Each(HasSubstr("a, line "))));
+  EXPECT_THAT(read.Entries(), ElementsAre("A", "A/Restart"));
+}
+
+TEST(ReadScriptTest, Includes_AreReadInTheirPlaceAndNamedInMistakes) {
+  FakeFiles files;
+  files.files = {{"main.cds", "Menu A\nInclude sub/one.cds\nEndMenu\nBad\n" + kRestartEntry},
+                 {"sub/one.cds", "\n\nBad\n" + kRestartEntry + "Include two.cds"},
+                 {"two.cds", kRestartEntry}};
+  const ReadScriptText read(files);
+  EXPECT_THAT(read.Entries(), ElementsAre("A", "A/Restart", "A/Restart", "Restart"));
+  EXPECT_THAT(read.Mistakes(), ElementsAre("sub/one.cds, line 3: no line begins with this word: Bad",
+                                           "two.cds, line 2: another entry of this menu has this hot key: R",
+                                           "main.cds, line 4: no line begins with this word: Bad"));
+}
+
+TEST(ReadScriptTest, CircleOfIncludes_EndsWithAMistake) {
+  FakeFiles files;
+  files.files = {{"main.cds", "Include a\n" + kRestartEntry}, {"a", "Include b"}, {"b", "Include /A"}};
+  const ReadScriptText read(files);
+  EXPECT_THAT(read.Mistakes(), ElementsAre("b, line 1: this script includes itself, perhaps through another: /A"));
+  EXPECT_THAT(read.Entries(), ElementsAre("Restart"));
+}
+
+TEST(ReadScriptTest, NinthIncludeInsideOthers_IsRefused) {
+  FakeFiles files;
+  files.files["main.cds"] = "Include 1\n";
+  for (int i = 1; i <= 9; ++i) {
+    files.files[std::to_string(i)] = "Print x\nInclude " + std::to_string(i + 1) + "\n" + (i == 1 ? kRestartEntry : "");
+  }
+  const ReadScriptText read(files);
+  EXPECT_THAT(read.Mistakes(), ElementsAre("8, line 2: at most 8 scripts may include one another: 9"));
+  EXPECT_EQ(read.script->step_count, 8);
+}
+
+TEST(ReadScriptTest, IncludesThatMultiply_EndAfter64Files) {
+  FakeFiles files;
+  const auto twenty_times = [](const std::string& line) {
+    std::string lines;
+    for (int i = 0; i < 20; ++i) lines += line;
+    return lines;
+  };
+  files.files = {{"main.cds", twenty_times("Include a\n") + kRestartEntry},
+                 {"a", twenty_times("Include b\n")},
+                 {"b", twenty_times("Include c\n")},
+                 {"c", ""}};
+  const ReadScriptText read(files);
+  EXPECT_EQ(files.reads, 64);
+  EXPECT_THAT(read.Mistakes(), Contains(HasSubstr("a menu has at most 64 scripts: c")));
+  EXPECT_THAT(read.Entries(), ElementsAre("Restart"));
+}
+
+TEST(ReadScriptTest, ScriptOf64KB_IsReadToItsEnd) {
+  std::string text(kLargestScript - kRestartEntry.size(), '\n');
+  text += kRestartEntry;
+  const ReadScriptText read(text);
+  EXPECT_THAT(read.Mistakes(), IsEmpty());
+  EXPECT_THAT(read.Entries(), ElementsAre("Restart"));
+}
+
+TEST(ReadScriptTest, LargerScript_IsReadUpToTheLastWholeLine) {
+  std::string text = kRestartEntry;
+  text.resize(kLargestScript - 8, '\n');
+  text += "Set Title=long";
+  const ReadScriptText read(text);
+  EXPECT_THAT(read.Mistakes(),
+              ElementsAre("main.cds: a script has at most 64 KB, so the end of this script does not count: main.cds"));
+  EXPECT_THAT(read.Entries(), ElementsAre("Restart"));
+}
+
+TEST(ReadScriptTest, FullMemory_IsSaid) {
+  FakeFiles files;
+  files.files = {{"main.cds", kRestartEntry + "Include a"}, {"a", std::string(200, '#')}};
+  const ReadScriptText read(files, 100);
+  EXPECT_THAT(
+      read.Mistakes(),
+      ElementsAre("main.cds, line 5: the memory for scripts is full, so the end of this script does not count: a"));
+}
+
+TEST(ReadScriptTest, ThousandEntries_AreRefusedInWords) {
+  std::string text;
+  for (int i = 0; i < 1000; ++i) text += "Entry E\nPrint x\nRestart\nEndEntry\n";
+  const ReadScriptText read(text);
+  EXPECT_EQ(read.script->entry_count, kMostEntries);
+  EXPECT_EQ(read.script->step_count, kMostSteps);
+  EXPECT_THAT(read.Mistakes(),
+              Contains("main.cds, line 1025: the menu has room for 256 entries; this one and all behind "
+                       "it are left out: E"));
+}
+
+TEST(ReadScriptTest, MenuWithoutRoom_IsLeftOutWithItsEntries) {
+  std::string text;
+  for (int i = 0; i < 256; ++i) text += "Entry E\nRestart\nEndEntry\n";
+  const ReadScriptText read(text + "Menu M\nKey Z\nHelp x\nEntry F\nRestart\nEndEntry\nEndMenu\n");
+  EXPECT_EQ(read.script->entry_count, kMostEntries);
+  EXPECT_THAT(read.Mistakes(), SizeIs(1));
+  EXPECT_EQ(read.script->entries[255].help, "");
+}
+
+TEST(ReadScriptTest, BlocksThatAreTooDeep_AreSkippedAndLeaveTheRest) {
+  std::string text;
+  for (int i = 0; i < 40; ++i) text += i % 2 == 0 ? "Menu M\n" : "IfFile main.cds\n";
+  text += "Key A\nHelp x\n" + kRestartEntry;
+  for (int i = 39; i >= 0; --i) text += i % 2 == 0 ? "EndMenu\n" : "EndIf\n";
+  const ReadScriptText read(text + kRestartEntry);
+  EXPECT_THAT(read.Mistakes(),
+              ElementsAre("main.cds, line 17: at most 16 Menu and IfFile may stand inside one another"));
+  EXPECT_THAT(read.Entries(), ElementsAre("Restart"));
+}
+
+TEST(ReadScriptTest, ManyMistakes_AreAllCounted) {
+  std::string text;
+  for (int i = 0; i < 1000; ++i) text += "Bad\n";
+  const ReadScriptText read(text + kRestartEntry);
+  EXPECT_EQ(read.script->mistake_count, 1000U);
+}
+
+TEST(ReadScriptTest, WithoutAnyEntry_TheMenuOffersWhatNeedsNoFile) {
+  FakeFiles files;
+  const ReadScriptText missing(files);
+  EXPECT_THAT(missing.Entries(), ElementsAre("First hard disk", "Next boot device", "Restart", "Power off"));
+  EXPECT_THAT(missing.Mistakes(),
+              ElementsAre("main.cds: this script is not on the CD: main.cds",
+                          "main.cds: no entry can be shown, so the menu has only those that need no file of the CD"));
+  files.files["main.cds"];
+  files.unreadable = "main.cds";
+  const ReadScriptText unreadable(files);
+  EXPECT_THAT(unreadable.Mistakes(), Contains("main.cds: this script could not be read from the CD: main.cds"));
+  EXPECT_THAT(unreadable.Entries(), SizeIs(4));
+}
+
+TEST(ReadScriptTest, Default_IsAPlaceOrAHotKeyOfTheMainMenu) {
+  const std::string entries = "Entry A\nKey A\nRestart\nEndEntry\nMenu M\nKey M\n" + kRestartEntry +
+                              "EndMenu\nEntry B\nKey B\nRestart\nEndEntry\nEntry C\nKey C\nFloppy no\nEndEntry\n";
+  const auto default_of = [&](const std::string& line) { return ReadScriptText(line + entries).script->default_entry; };
+  EXPECT_EQ(default_of(""), 0);
+  EXPECT_EQ(default_of("Set Default=1\n"), 0);
+  EXPECT_EQ(default_of("Set Default=3\n"), 3);
+  EXPECT_EQ(default_of("Set Default=b\n"), 3);
+  EXPECT_EQ(default_of("Set Default=\"B\"\nSet Default=A\n"), 0);
+  EXPECT_EQ(default_of("Set Default=R\n"), kNoEntry);
+  EXPECT_EQ(default_of("Set Default=M\n"), kNoEntry);
+  const ReadScriptText hidden("Set Default=C\n" + entries);
+  EXPECT_EQ(hidden.script->default_entry, kNoEntry);
+  EXPECT_THAT(hidden.Mistakes(), IsEmpty());  // its file may be on another CD
+}
+
+TEST(ReadScriptTest, LongDetail_IsCutInTheMessage) {
+  const std::vector<std::string> mistakes = MistakesOf(std::string(500, 'x'));
+  EXPECT_THAT(mistakes,
+              ElementsAre("main.cds, line 1: no line begins with this word: " + std::string(40, 'x') + "..."));
+}
+
+TEST(ShippedScriptTest, WithAllFiles_IsReadWithoutMistakes) {
+  std::ifstream stream(SHIPPED_SCRIPT, std::ios::binary);
+  const std::string text(std::istreambuf_iterator<char>(stream), {});
+  EXPECT_THAT(text, HasSubstr("\r\nSet PasswordRequest=0\r\nSet PasswordString=\"\"\r\n"));
+  std::vector<std::string> present;
+  for (const char* image :
+       {"vexastart.img", "vexaemm.img", "vexanet.img", "vexawin.img", "w2ksect.bin", "erdc.bin", "oobc.bin"}) {
+    present.push_back(std::string("boot/images/") + image);
+  }
+  const ReadScriptText full(text, present);
+  EXPECT_THAT(full.Mistakes(), IsEmpty());
+  EXPECT_EQ(full.script->entry_count, 14);
+  EXPECT_FALSE(full.script->asks_for_password);
+  EXPECT_TRUE(full.script->has_password);
+  EXPECT_EQ(full.script->default_entry, 0);
+  const ReadScriptText bare(text);
+  EXPECT_THAT(bare.Mistakes(), IsEmpty());
+  EXPECT_THAT(bare.Entries(),
+              ElementsAre("First hard disk", "This computer", "This computer/Second hard disk",
+                          "This computer/Next boot device", "This computer/Memory and disks", "Restart", "Power off"));
+}
+
+TEST(ShippedScriptTest, LocalScriptWithMistakes_LosesNoShippedEntry) {
+  std::ifstream stream(SHIPPED_SCRIPT, std::ios::binary);
+  FakeFiles files;
+  files.files["main.cds"] = std::string(std::istreambuf_iterator<char>(stream), {});
+  files.files["boot/scripts/local.cds"] = "Menu Mine\nEntry One\nKey Q\nRestart\nEnd\nSet x\n";
+  const ReadScriptText read(files);
+  EXPECT_THAT(read.Entries(), AllOf(SizeIs(9), Contains("Power off"), Contains("Mine/One")));
+  EXPECT_THAT(read.Mistakes(), Each(HasSubstr("boot/scripts/local.cds, line ")));
+}
+
+}  // namespace
+}  // namespace discwright::loader
