@@ -80,6 +80,7 @@ std::string_view Starter::StartHardDisk(std::uint8_t number) {
     return "The hard disk has no boot sector: no system is installed on it.";
   }
   std::memcpy(Memory(kBootSector, kDiskSectorSize).data(), bounce_buffer, kDiskSectorSize);
+  console_.Clear();
   JumpToBootSector(number);
 }
 
