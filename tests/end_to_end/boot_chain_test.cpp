@@ -60,10 +60,4 @@ TEST_F(BootChain, LoadersThatNameTheirFolderInUpperCaseOnly_ArePatchedForErdComm
   ExpectStarts("oobc.bin", "I386");
 }
 
-TEST_F(BootChain, CdWithoutAMenu_ShowsAMessage) {
-  ASSERT_EQ(Build().exit_code, 0);
-  Emulator pc(CdDrive(image));
-  EXPECT_TRUE(pc.WaitForScreen("the menu is not part of this version"));
-}
-
 }  // namespace discwright::testing
