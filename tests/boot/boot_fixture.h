@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -51,6 +52,19 @@ class BootTest : public ::testing::Test {
     EXPECT_NE(entry, nullptr) << path;
     return entry == nullptr ? IsoEntry{} : *entry;
   }
+
+  // A CD drive whose reads of one sector fail `count` times, or always when `count` is kAlways.
+  std::vector<std::string> FaultyCdDrive(std::uint32_t sector_of_cd, int count) const {
+    std::string faults;
+    for (int number = 0; number < std::max(count, 1); ++number) {
+      faults += "[inject-error]\nevent = \"read_aio\"\nerrno = \"5\"\nsector = \"" + std::to_string(sector_of_cd * 4) +
+                "\"\nonce = \"" + (count > 0 ? "on" : "off") + "\"\n";
+    }
+    WriteFile(place / "faults", faults);
+    return {"-drive", "if=ide,media=cdrom,driver=raw,file.driver=blkdebug,file.config=" + (place / "faults").string() +
+                          ",file.image.filename=" + image.string()};
+  }
+  static constexpr int kAlways = 0;
 
   TemporaryFolder place{"boot"};
   fs::path tree = place / "tree";

@@ -4,26 +4,29 @@
 ;
 ; SEGMENT    0 enters at 0000:7C00, 0x7C0 at 07C0:0000
 ; MEMORY_KB  the size that INT 12h reports to the sector
-; BAD_BIOS   installs a faulty INT 13h. The CD drive gets the number 9F. The first try of each read fails, the
-;            second reads too few sectors but reports success, the third succeeds. It destroys every register, and the
-;            packet after a failure. It shows an objection to reads of more than 16 sectors or across 64 KB, and to a
-;            new try without a reset
+; DRIVE      the number of the drive that the sector gets, instead of that of the CD
+; A20_OFF    switches line A20 off
+; BAD_BIOS   installs a faulty INT 13h. The CD drive gets the number 9F, and there is no other drive. The function
+;            that tells where the machine was started from is unknown. The first try of each read fails, the second
+;            reads too few sectors but reports success, the third succeeds. It destroys every register, and the packet
+;            after a failure. It shows an objection to reads of more than 16 sectors or across 64 KB, and to a new try
+;            without a reset
 ;
 ; Memory map:
-;   0000:0600-0000:0DFF  this program after it has moved itself
-;   0000:0E00-0000:15FF  buffer for one sector
+;   0000:1000-0000:17FF  this program after it has moved itself
+;   0000:1800-0000:1FFF  buffer for one sector
 ;   ....-0000:7BFF       stack
 ;   0000:7C00-0000:83FF  this program as the BIOS loads it, then the sector
 
 bits 16
 cpu 386
-org 0x600
+org 0x1000
 
 %ifndef SEGMENT
   %define SEGMENT 0
 %endif
 
-SCRATCH           equ 0xE00
+SCRATCH           equ 0x1800
 BOOT_RECORD       equ 17        ; its sector (El Torito 1.2)
 CATALOGUE         equ 0x47      ; offset of its sector in the boot record
 IMAGE             equ 0x28      ; offset of its sector in the catalogue
@@ -31,6 +34,7 @@ MEMORY_SIZE       equ 0x413     ; the BIOS variable that INT 12h returns
 DISK_VECTOR       equ 0x13 * 4
 MOST_SECTORS      equ 16
 BAD_DRIVE         equ 0x9F
+SYSTEM_CONTROL    equ 0x92      ; a port; bit 1 is A20
 
 start:
     cli
@@ -58,6 +62,14 @@ start:
     call read
 %ifdef MEMORY_KB
     mov word [MEMORY_SIZE], MEMORY_KB
+%endif
+%ifdef DRIVE
+    mov dl, DRIVE
+%endif
+%ifdef A20_OFF
+    in al, SYSTEM_CONTROL
+    and al, 0xFC
+    out SYSTEM_CONTROL, al
 %endif
 %ifdef BAD_BIOS
     cli
@@ -131,9 +143,11 @@ ruin:
 bad_bios:
     cld
     cmp dl, BAD_DRIVE
-    jne .objection
+    jne .unknown
     test ah, ah
     je .reset
+    cmp ah, 0x4B
+    je .unknown
     cmp ah, 0x42
     jne .objection
     cmp byte [cs:must_reset], 0
@@ -178,6 +192,7 @@ bad_bios:
     mov [si + 4], eax
     mov [si + 8], eax
     mov [si + 12], eax
+.unknown:
     stc
     jmp .return
 .short:

@@ -10,19 +10,6 @@ class BootSectorLoading : public BootSector {
     WriteFile(tree / "I386/SETUPLDR.BIN", content);
     Master();
   }
-
-  // A CD drive whose reads of one sector fail `count` times, or always when `count` is kAlways.
-  std::vector<std::string> FaultyCdDrive(std::uint32_t sector_of_cd, int count) const {
-    std::string faults;
-    for (int number = 0; number < std::max(count, 1); ++number) {
-      faults += "[inject-error]\nevent = \"read_aio\"\nerrno = \"5\"\nsector = \"" + std::to_string(sector_of_cd * 4) +
-                "\"\nonce = \"" + (count > 0 ? "on" : "off") + "\"\n";
-    }
-    WriteFile(place / "faults", faults);
-    return {"-drive", "if=ide,media=cdrom,driver=raw,file.driver=blkdebug,file.config=" + (place / "faults").string() +
-                          ",file.image.filename=" + image.string()};
-  }
-  static constexpr int kAlways = 0;
 };
 
 class BootSectorLoadingSizes : public BootSectorLoading, public ::testing::WithParamInterface<std::uint32_t> {};

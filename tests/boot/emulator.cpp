@@ -53,6 +53,18 @@ std::vector<std::string> CdDrive(const fs::path& image) {
   return {"-drive", "if=ide,media=cdrom,format=raw,file=" + image.string()};
 }
 
+std::vector<std::string> AhciCdDrive(const fs::path& image) {
+  return {"-drive",  "if=none,id=cd,media=cdrom,format=raw,file=" + image.string(),
+          "-device", "ahci,id=ahci",
+          "-device", "ide-cd,drive=cd,bus=ahci.0,bootindex=0"};
+}
+
+std::vector<std::string> UsbCdDrive(const fs::path& image) {
+  return {"-drive",  "if=none,id=cd,media=cdrom,format=raw,file=" + image.string(),
+          "-device", "qemu-xhci",
+          "-device", "usb-storage,drive=cd,bootindex=0"};
+}
+
 std::vector<std::string> HardDisk(const fs::path& image) {
   return {"-drive", "if=ide,media=disk,format=raw,file=" + image.string()};
 }
@@ -110,6 +122,11 @@ template <typename Look>
 
 bool Emulator::HasEnded() { return program_.HasEnded(); }
 
+std::string Emulator::Events() {
+  Execute("query-status");
+  return events_;
+}
+
 std::string Emulator::Screen() {
   const std::string memory = Memory(kTextScreen, kLines * kColumns * 2);
   std::string screen;
@@ -143,11 +160,12 @@ std::string Emulator::Monitor(const std::string& command) {
 
 std::string Emulator::Execute(const std::string& command, const std::string& arguments) {
   const std::string line = R"({"execute": ")" + command + R"(", "arguments": )" + arguments + "}\n";
-  if (send(control_[0], line.data(), line.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(line.size())) return "";
+  // After the emulator's end nothing can be sent, but its last events can still be read.
+  static_cast<void>(send(control_[0], line.data(), line.size(), MSG_NOSIGNAL));
   for (std::string answer; ReadLine(answer);) {
-    // Skips the greeting and the events, which stand between the answers.
     if (answer.starts_with(R"({"return")")) return answer;
     if (answer.starts_with(R"({"error")")) throw std::runtime_error("the emulator refuses " + line + answer);
+    events_ += answer + '\n';  // also the greeting
   }
   return "";
 }

@@ -18,6 +18,8 @@ namespace discwright::testing {
 
 // QEMU's arguments for a drive. The machine starts from the first CD unless other arguments say otherwise.
 std::vector<std::string> CdDrive(const fs::path& image);
+std::vector<std::string> AhciCdDrive(const fs::path& image);
+std::vector<std::string> UsbCdDrive(const fs::path& image);
 std::vector<std::string> HardDisk(const fs::path& image);
 
 // The machine is switched off when the object is destroyed or the test is killed.
@@ -42,6 +44,9 @@ class Emulator {
   // Waits until the machine is restarted or switched off. Both end the emulator.
   ::testing::AssertionResult WaitForEnd(std::chrono::seconds deadline = kDeadline);
   bool HasEnded();
+  // What QEMU told about the machine without being asked, as lines of JSON. After the end it has the reason:
+  // "guest-reset" after a restart, "guest-shutdown" when the machine switched itself off.
+  std::string Events();
 
   std::string Screen();        // 25 lines without trailing blanks
   std::string Serial() const;  // what was sent through COM1
@@ -62,7 +67,8 @@ class Emulator {
 
   TemporaryFolder folder_{"emulator"};
   std::array<int, 2> control_;  // both ends of the control connection; the emulator has the second
-  std::string received_;        // bytes that have arrived and are not yet a whole line
+  std::string events_;
+  std::string received_;  // bytes that have arrived and are not yet a whole line
   RunningProgram program_;
 };
 

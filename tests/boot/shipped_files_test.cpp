@@ -52,26 +52,5 @@ TEST_F(BootSector, DamagedSetupLoaderOfTests_ReportsTheDamage) {
   EXPECT_TRUE(emulator.WaitForSerial("SETUPLDR: damaged"));
 }
 
-// Tests of the loader that the CD starts with.
-class BootLoader : public BootTest {
- protected:
-  BootLoader() {
-    StartWith(ShippedFile("vexacd/boot/loader.bin"));
-    Master();
-  }
-};
-
-TEST_F(BootLoader, Started_ShowsThatThereIsNoMenu) {
-  EXPECT_TRUE(
-      Emulator(CdDrive(image)).WaitForScreen("This disc has no boot menu: the menu is not part of this version."));
-}
-
-TEST_F(BootLoader, Key_RestartsTheMachine) {
-  Emulator emulator(CdDrive(image));
-  ASSERT_TRUE(emulator.WaitForScreen("press a key to start again."));
-  emulator.SendKey("ret");
-  EXPECT_TRUE(emulator.WaitForEnd());
-}
-
 }  // namespace
 }  // namespace discwright::testing

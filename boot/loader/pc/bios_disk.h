@@ -17,8 +17,7 @@ class BiosDisk final : public Sectors {
 
   bool Read(std::uint32_t sector, std::span<std::uint8_t> to) override;
 
-  [[nodiscard]] std::uint8_t number() const { return drive_.number; }
-  [[nodiscard]] bool IsCd() const { return drive_.shift == 0; }
+  [[nodiscard]] Drive drive() const { return drive_; }
 
   // What the BIOS said about the last read that failed; kShortRead when it read too little and reported success.
   [[nodiscard]] std::uint8_t LastError() const { return last_error_; }

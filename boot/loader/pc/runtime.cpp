@@ -1,5 +1,4 @@
-// The functions of the C library that the compiler and the headers of C++ call by themselves. There is no C library in
-// the loader.
+// The functions that the compiler and its headers call by themselves. There is no C library in the loader.
 #include <cstddef>
 #include <cstdint>
 
@@ -10,6 +9,7 @@ void* memset(void* to, int value, std::size_t size);
 void* memcpy(void* to, const void* from, std::size_t size);
 void* memmove(void* to, const void* from, std::size_t size);
 int memcmp(const void* left, const void* right, std::size_t size);
+const void* memchr(const void* in, int value, std::size_t size);
 std::size_t strlen(const char* text);
 
 void* memset(void* to, int value, std::size_t size) {
@@ -46,10 +46,18 @@ int memcmp(const void* left, const void* right, std::size_t size) {
   return 0;
 }
 
+const void* memchr(const void* in, int value, std::size_t size) {
+  const auto* byte = static_cast<const std::uint8_t*>(in);
+  for (const std::uint8_t* end = byte + size; byte != end; ++byte) {
+    if (*byte == static_cast<std::uint8_t>(value)) return byte;
+  }
+  return nullptr;
+}
+
 std::size_t strlen(const char* text) {
-  std::size_t size = 0;
-  while (text[size] != '\0') ++size;
-  return size;
+  std::size_t left = SIZE_MAX;
+  __asm__ volatile("repne scasb" : "+D"(text), "+c"(left) : "a"(0) : "memory");
+  return SIZE_MAX - left - 1;
 }
 
 }  // extern "C"

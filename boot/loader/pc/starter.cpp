@@ -65,7 +65,7 @@ std::string_view Starter::StartCdSector(std::string_view path) {
   if (size != sector.size()) return "The file is no boot sector for CDs: it must have 2,048 bytes.";
   std::memcpy(Memory(kBootSector, sector.size()).data(), sector.data(), sector.size());
   console_.Clear();
-  JumpToBootSector(disk_.number());
+  JumpToBootSector(disk_.drive().number);
 }
 
 std::string_view Starter::StartHardDisk(std::uint8_t number) {

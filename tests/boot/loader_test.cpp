@@ -1,0 +1,154 @@
+// Tests of the loader that the CD starts with: how its first stage finds, loads and checks the rest.
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+#include "tests/boot/boot_fixture.h"
+
+namespace discwright::testing {
+namespace {
+
+using ::testing::HasSubstr;
+
+constexpr std::size_t kSector = 2048;
+const std::string kMessage = "This disc has no boot menu: the menu is not part of this version.";
+
+class BootLoader : public BootTest {
+ protected:
+  BootLoader() {
+    StartWith(loader);
+    Master();
+  }
+
+  // Replaces the loader by a starter and the loader behind it, which no BIOS and no boot catalogue knows.
+  void MasterWithStarter(const std::string& name) const {
+    StartWith(Starter(name, loader));
+    Master();
+  }
+
+  // The sector of the image where the loader begins.
+  std::uint32_t SectorOfLoader() const {
+    const std::size_t at = ReadFile(image).find(loader);
+    EXPECT_NE(at, std::string::npos);
+    EXPECT_EQ(at % kSector, 0U);
+    return static_cast<std::uint32_t>(at / kSector);
+  }
+
+  // Changes the rest of the loader in the image. `change` gets its bytes.
+  template <typename Change>
+  void Damage(const Change& change) const {
+    std::string bytes = ReadFile(image);
+    const std::size_t at = (SectorOfLoader() + 1) * kSector;
+    std::string rest = bytes.substr(at, loader.size() - kSector);
+    change(rest);
+    WriteFile(image, bytes.replace(at, rest.size(), rest));
+  }
+
+  std::string loader = ShippedFile("vexacd/boot/loader.bin");
+};
+
+TEST_F(BootLoader, Started_ShowsThatThereIsNoMenu) { EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen(kMessage)); }
+
+TEST_F(BootLoader, Key_RestartsTheMachine) {
+  Emulator emulator(CdDrive(image));
+  ASSERT_TRUE(emulator.WaitForScreen("press a key to start again."));
+  emulator.SendKey("ret");
+  EXPECT_TRUE(emulator.WaitForEnd());
+  EXPECT_THAT(emulator.Events(), HasSubstr("guest-reset"));
+}
+
+TEST_F(BootLoader, File_IsWholeSectorsAndOnTheCdByteForByte) {
+  EXPECT_EQ(loader.size() % kSector, 0U);
+  EXPECT_LT(loader.size(), 65536U);
+  EXPECT_GT(SectorOfLoader(), 17U);
+}
+
+TEST_F(BootLoader, AhciDrive_IsStartedFrom) { EXPECT_TRUE(Emulator(AhciCdDrive(image)).WaitForScreen(kMessage)); }
+
+TEST_F(BootLoader, UsbDrive_IsStartedFrom) { EXPECT_TRUE(Emulator(UsbCdDrive(image)).WaitForScreen(kMessage)); }
+
+TEST_F(BootLoader, HardDiskInTheMachine_ChangesNothing) {
+  WriteFile(place / "disk", std::string(1 << 20, '\0'));
+  for (const auto& drive : {CdDrive(image), AhciCdDrive(image), UsbCdDrive(image)}) {
+    EXPECT_TRUE(Emulator(Join(drive, HardDisk(place / "disk"))).WaitForScreen(kMessage));
+  }
+}
+
+TEST_F(BootLoader, EntryAtSegmentZero_Starts) {
+  MasterWithStarter("at_0000_7c00");
+  EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen(kMessage));
+}
+
+TEST_F(BootLoader, EntryAtSegment7C0_Starts) {
+  MasterWithStarter("at_07c0_0000");
+  EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen(kMessage));
+}
+
+TEST_F(BootLoader, FaultyBios_Starts) {
+  MasterWithStarter("on_a_bad_bios");
+  EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen(kMessage));
+}
+
+TEST_F(BootLoader, SmallMemory_IsReported) {
+  MasterWithStarter("with_256_kb");
+  EXPECT_TRUE(Emulator(CdDrive(image))
+                  .WaitForScreen("The loader needs 512 KB of base memory, and this machine has less (code 4)."));
+}
+
+TEST_F(BootLoader, FlippedBit_IsNoticed) {
+  Damage([](std::string& rest) { rest[rest.size() / 2] ^= 1; });
+  Emulator emulator(CdDrive(image));
+  EXPECT_TRUE(
+      emulator.WaitForScreen("\nThe loader on this disc is damaged (code 3).\nMake the image again, and write "));
+  EXPECT_TRUE(emulator.WaitForScreen("\nPress a key to restart.\n"));
+  emulator.SendKey("a");
+  EXPECT_TRUE(emulator.WaitForEnd());
+}
+
+TEST_F(BootLoader, FlippedBitInTheLastByte_IsNoticed) {
+  Damage([](std::string& rest) { rest.back() ^= 1; });
+  EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen("The loader on this disc is damaged (code 3)."));
+}
+
+TEST_F(BootLoader, SectorsInAnotherOrder_AreNoticed) {
+  Damage([](std::string& rest) { std::rotate(rest.begin(), rest.begin() + kSector, rest.end()); });
+  EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen("The loader on this disc is damaged (code 3)."));
+}
+
+TEST_F(BootLoader, TruncatedImage_IsReported) {
+  fs::resize_file(image, (SectorOfLoader() + 2) * kSector);
+  EXPECT_TRUE(Emulator(CdDrive(image))
+                  .WaitForScreen("\nThe disc could not be read (code 2, BIOS error 0C).\nCheck that its image is "));
+}
+
+TEST_F(BootLoader, ErrorThatGoesAway_Starts) {
+  EXPECT_TRUE(Emulator(FaultyCdDrive(SectorOfLoader() + 1, 3)).WaitForScreen(kMessage));
+}
+
+TEST_F(BootLoader, DriveThatReadsSingleSectorsOnly_Starts) {
+  EXPECT_TRUE(Emulator(FaultyCdDrive(SectorOfLoader() + 1, 4)).WaitForScreen(kMessage));
+}
+
+TEST_F(BootLoader, PermanentReadError_IsReported) {
+  EXPECT_TRUE(
+      Emulator(FaultyCdDrive(SectorOfLoader() + 1, kAlways)).WaitForScreen("The disc could not be read (code 2, "));
+}
+
+TEST_F(BootLoader, Memory_IsUsedAsTheMapSays) {
+  Emulator emulator(CdDrive(image));
+  ASSERT_TRUE(emulator.WaitForScreen("press a key to start again."));
+  EXPECT_EQ(emulator.Memory(0x7C00, kSector), loader.substr(0, kSector)) << "stage 1";
+  const std::string rest = loader.substr(kSector);
+  EXPECT_EQ(emulator.Memory(0x20000, static_cast<std::uint32_t>(rest.size())), rest) << "buffer of the reads";
+  const auto untouched = [&](std::uint32_t from, std::uint32_t end) {
+    return emulator.Memory(from, end - from).find_first_not_of('\0') == std::string::npos;
+  };
+  EXPECT_TRUE(untouched(0x1000, 0x6000)) << "the stack of real mode; the BIOS used the 4 KB above for its own";
+  EXPECT_TRUE(untouched(0x8400 + static_cast<std::uint32_t>(rest.size()), 0x20000)) << "behind the loader";
+  EXPECT_TRUE(untouched(0x28000, 0x2F000)) << "the stack of protected mode needs at most 4 KB";
+  EXPECT_TRUE(untouched(0x70000, 0x90000)) << "free memory";
+  EXPECT_TRUE(untouched(0x100000, 0x200000)) << "memory above 1 MB";
+}
+
+}  // namespace
+}  // namespace discwright::testing
