@@ -9,12 +9,12 @@ scripts/bootstrap.sh fuzz
 build=build/fuzz
 cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ \
   -DDISCWRIGHT_TESTS=OFF -DDISCWRIGHT_FUZZ=ON -DDISCWRIGHT_SANITIZE=ON --log-level=WARNING
-cmake --build $build --target fuzz_iso_reader fuzz_mkisofs_options mkisofs
+cmake --build $build --target fuzz_iso_reader fuzz_mkisofs_options fuzz_loader_iso mkisofs
 
-# The seeds are two images and a command line. The fuzzer adds the inputs that it finds, and the next run starts from
+# The seeds are two images, whole and in part, and a command line. The fuzzer adds the inputs that it finds, and the next run starts from
 # them.
 seeds=$build/seeds
-mkdir -p $seeds/tree/boot/deeper $seeds/iso_reader $seeds/mkisofs_options
+mkdir -p $seeds/tree/boot/deeper $seeds/iso_reader $seeds/mkisofs_options $seeds/loader_iso
 echo loader >$seeds/tree/boot/loader.bin
 echo text >"$seeds/tree/boot/deeper/a file"
 : >$seeds/tree/empty
@@ -25,7 +25,12 @@ printf '%s\0' -volid X -preparer Y -publisher Z -appid W -iso-level 4 -omit-peri
   -eltorito-boot boot/loader.bin -hide '*.[a-c]?' -c c -follow-links -cache-inodes -output o tree \
   >$seeds/mkisofs_options/script
 
-for target in iso_reader mkisofs_options; do
+# The loader's reader gets what follows the 16 sectors that every image begins with, and no padding.
+for image in plain boot; do
+  tail -c +32769 $seeds/iso_reader/$image.iso | head -c 61440 >$seeds/loader_iso/$image
+done
+
+for target in iso_reader mkisofs_options loader_iso; do
   echo "== $target"
   $build/tests/fuzz/fuzz_$target -max_total_time="$seconds" -max_len=400000 -timeout=10 -print_final_stats=1 \
     -artifact_prefix=$build/ $seeds/$target >$build/$target.log 2>&1 || {
