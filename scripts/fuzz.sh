@@ -9,12 +9,12 @@ scripts/bootstrap.sh fuzz
 build=build/fuzz
 cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ \
   -DDISCWRIGHT_TESTS=OFF -DDISCWRIGHT_FUZZ=ON -DDISCWRIGHT_SANITIZE=ON --log-level=WARNING
-cmake --build $build --target fuzz_iso_reader fuzz_mkisofs_options fuzz_loader_script mkisofs
+cmake --build $build --target fuzz_iso_reader fuzz_mkisofs_options fuzz_loader_script fuzz_loader_iso mkisofs
 
-# The seeds are two images, a command line, and the shipped script of the boot menu with some keys. The fuzzer adds the inputs that it finds, and the next run starts from
-# them.
+# The seeds are two images, whole and in part, a command line, and the shipped script of the boot menu with some keys. The
+# fuzzer adds the inputs that it finds, and the next run starts from them.
 seeds=$build/seeds
-mkdir -p $seeds/tree/boot/deeper $seeds/iso_reader $seeds/mkisofs_options $seeds/loader_script
+mkdir -p $seeds/tree/boot/deeper $seeds/iso_reader $seeds/mkisofs_options $seeds/loader_script $seeds/loader_iso
 echo loader >$seeds/tree/boot/loader.bin
 echo text >"$seeds/tree/boot/deeper/a file"
 : >$seeds/tree/empty
@@ -34,7 +34,12 @@ printf '%s\0' -volid X -preparer Y -publisher Z -appid W -iso-level 4 -omit-peri
   printf '\0\001p\001w\011 \011 '
 } >$seeds/loader_script/password
 
-for target in iso_reader mkisofs_options loader_script; do
+# The loader's reader gets what follows the 16 sectors that every image begins with, and no padding.
+for image in plain boot; do
+  tail -c +32769 $seeds/iso_reader/$image.iso | head -c 61440 >$seeds/loader_iso/$image
+done
+
+for target in iso_reader mkisofs_options loader_script loader_iso; do
   echo "== $target"
   $build/tests/fuzz/fuzz_$target -max_total_time="$seconds" -max_len=400000 -timeout=10 -print_final_stats=1 \
     -artifact_prefix=$build/ $seeds/$target >$build/$target.log 2>&1 || {

@@ -4,9 +4,9 @@
 #include <array>
 #include <string_view>
 
+#include "boot/loader/pc/bios_memory.h"
 #include "boot/loader/pc/keyboard.h"
 #include "boot/loader/pc/loader_main.h"
-#include "boot/loader/pc/memory_map.h"
 #include "boot/loader/pc/ports.h"
 #include "boot/loader/pc/power.h"
 
@@ -39,11 +39,8 @@ void SayNumbers(std::string_view name, std::initializer_list<std::uint64_t> numb
 }
 
 void ShowMemory() {
-  static std::array<MemoryRange, 32> ranges;
-  const std::size_t count = ReadMemoryMap(ranges);
-  for (const MemoryRange& range : std::span(ranges).first(count)) {
-    SayNumbers("memory", {range.start, range.size, range.kind});
-  }
+  const MemoryMap map = ReadMemoryMap();
+  for (const MemoryRange& range : map.ranges()) SayNumbers("memory", {range.base, range.length, range.type});
 }
 
 // Shows the sum of the bytes of sectors 16 to 55, read at once and one at a time.
@@ -70,11 +67,12 @@ void ShowFailure(BiosDisk& disk) {
 
 void ShowKeys() {
   while (true) {
-    const Key key = WaitForKey();
-    if (key.letter == 'r') Restart();
-    if (key.letter == 'o') PowerOff();
-    if (key.letter == 'n') StartNextDevice();
-    SayNumbers("key", {static_cast<std::uint8_t>(key.letter), key.code});
+    const std::uint16_t key = WaitForKey();
+    const std::uint8_t letter = key & 0xFF;
+    if (letter == 'r') Restart();
+    if (letter == 'o') PowerOff();
+    if (letter == 'n') StartNextDevice();
+    SayNumbers("key", {letter, static_cast<std::uint64_t>(key >> 8)});
   }
 }
 

@@ -87,7 +87,7 @@ void Main(Console& console, BiosDisk& disk) {
   Script& script = script_place.Make();
   ReadScript(files, kScript, texts, script);
   Obstacles obstacles{};
-  if (!disk.IsCd())
+  if (disk.drive().shift != 0)
     obstacles[static_cast<std::size_t>(CommandKind::kCdSector)] = "This can only start from a CD drive.";
   const MemoryMap memory = ReadMemoryMap();
   Starter starter(volume, disk, memory, console);

@@ -1,0 +1,99 @@
+// Gives random bytes to the loader's reader of CDs, as the sectors from the first volume descriptor on. It must end,
+// must not touch memory outside of its buffers, and must read what it has found.
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "boot/loader/iso9660.h"
+
+namespace {
+
+using discwright::loader::IsoEntry;
+using discwright::loader::IsoError;
+using discwright::loader::IsoVolume;
+using discwright::loader::kSectorSize;
+using Bytes = std::span<const std::uint8_t>;
+
+constexpr std::uint32_t kFirstSector = 16;
+constexpr std::size_t kMostEntries = 64;  // of each folder
+
+void Require(bool right) {
+  if (!right) std::abort();
+}
+
+class FuzzedSectors final : public discwright::loader::Sectors {
+ public:
+  explicit FuzzedSectors(Bytes bytes) : bytes_(bytes) {}
+
+  bool Read(std::uint32_t sector, std::span<std::uint8_t> to) override {
+    Require(!to.empty() && to.size() % kSectorSize == 0);
+    if (sector < kFirstSector) return false;
+    const std::size_t from = std::size_t{sector - kFirstSector} * kSectorSize;
+    if (from > bytes_.size() || to.size() > bytes_.size() - from) return false;
+    std::copy_n(bytes_.begin() + static_cast<std::ptrdiff_t>(from), to.size(), to.begin());
+    return true;
+  }
+
+ private:
+  Bytes bytes_;
+};
+
+// Remembers the first entries of a folder, and reads every byte of each name.
+class Entries final : public discwright::loader::IsoVisitor {
+ public:
+  bool Visit(std::string_view name, const IsoEntry& entry) override {
+    Require(!name.empty());
+    if (std::find(name.begin(), name.end(), '/') == name.end() &&
+        std::find(name.begin(), name.end(), '\\') == name.end())
+      names.emplace_back(name);
+    entries.push_back(entry);
+    return entries.size() < kMostEntries;
+  }
+
+  std::vector<std::string> names;
+  std::vector<IsoEntry> entries;
+};
+
+void ReadSome(IsoVolume& volume, const IsoEntry& entry) {
+  std::vector<std::uint8_t> room(std::min<std::size_t>(entry.size, 3 * kSectorSize + 1));
+  const std::uint32_t latest = entry.size - static_cast<std::uint32_t>(room.size());
+  for (const std::uint32_t offset : {0u, 1u, latest}) {
+    const IsoError error = volume.Read(entry, offset, room);
+    if (entry.is_folder) Require(error == IsoError::kNotAFile);
+    if (offset > latest) Require(error != IsoError::kNone);
+  }
+}
+
+// Every listed name is found. `path` leads to the folder, and `folders` is how many more may be walked.
+void Walk(IsoVolume& volume, const IsoEntry& folder, const std::string& path, int& folders) {
+  Entries found;
+  (void)volume.List(folder, found);  // a damaged folder shows what stands before the damage
+  for (const IsoEntry& entry : found.entries) ReadSome(volume, entry);
+  for (const std::string& name : found.names) {
+    IsoEntry entry;
+    Require(volume.Find(path + name, entry) == IsoError::kNone);
+    if (entry.is_folder && folders-- > 0) Walk(volume, entry, path + name + "/", folders);
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  FuzzedSectors sectors({data, size});
+  const std::size_t buffer_sectors = size % 3 + 1;
+  std::vector<std::uint8_t> buffer(buffer_sectors * kSectorSize);
+  IsoVolume volume(sectors, buffer);
+  if (volume.Open() != IsoError::kNone) return 0;
+  IsoEntry entry;
+  Require(volume.Find("", entry) == IsoError::kNone);
+  int folders = 20;
+  Walk(volume, entry, "", folders);
+  std::vector<std::uint8_t> script(65536);
+  std::uint32_t length = 0;
+  if (volume.ReadFile("boot/scripts/main.cds", script, length) == IsoError::kNone) Require(length <= script.size());
+  return 0;
+}
