@@ -5,7 +5,7 @@ namespace discwright::loader {
 
 namespace {
 
-Key KeyFromScanCode(std::uint8_t code) {
+MenuKey MenuKeyFromScanCode(std::uint8_t code) {
   constexpr std::uint8_t kAlt1 = 0x78, kAlt9 = 0x80, kAlt0 = 0x81;
   if (code >= kAlt1 && code <= kAlt9) return {KeyKind::kAltDigit, static_cast<std::uint8_t>(code - kAlt1 + 1)};
   switch (code) {
@@ -30,12 +30,12 @@ Key KeyFromScanCode(std::uint8_t code) {
 
 }  // namespace
 
-Key KeyFromBios(std::uint16_t ax) {
+MenuKey MenuKeyFromBios(std::uint16_t ax) {
   const auto byte = static_cast<std::uint8_t>(ax);
   const auto code = static_cast<std::uint8_t>(ax >> 8);
   // The grey keys between letters and number pad have 0 or E0h in place of the character. With the scan code 0, E0h is
   // a character that was typed by its number.
-  if (byte == 0 || (byte == 0xE0 && code != 0)) return KeyFromScanCode(code);
+  if (byte == 0 || (byte == 0xE0 && code != 0)) return MenuKeyFromScanCode(code);
   switch (byte) {
     case 0x0D:
       return {KeyKind::kEnter, 0};
@@ -46,7 +46,7 @@ Key KeyFromBios(std::uint16_t ax) {
     default:
       break;
   }
-  return byte >= 32 && byte != 127 ? Key{KeyKind::kCharacter, byte} : Key{};
+  return byte >= 32 && byte != 127 ? MenuKey{KeyKind::kCharacter, byte} : MenuKey{};
 }
 
 }  // namespace discwright::loader

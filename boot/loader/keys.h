@@ -25,12 +25,12 @@ enum class KeyKind : std::uint8_t {
   kBackspace,
 };
 
-struct Key {
+struct MenuKey {
   KeyKind kind = KeyKind::kOther;
   std::uint8_t byte = 0;
 };
 
 // `ax` is what INT 16h returns with AH=00h or AH=10h: the scan code in the high byte, the character in the low one.
-Key KeyFromBios(std::uint16_t ax);
+MenuKey MenuKeyFromBios(std::uint16_t ax);
 
 }  // namespace discwright::loader

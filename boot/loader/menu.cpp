@@ -38,7 +38,7 @@ void Menu::Enter(State state) {
   since_ = now_;
 }
 
-Outcome Menu::Press(Key key, Ticks now) {
+Outcome Menu::Press(MenuKey key, Ticks now) {
   now_ = now;
   switch (state_) {
     case State::kPassword:
@@ -103,7 +103,7 @@ void Menu::ShowMessage(std::string_view message) {
   message_size_ = writer.Add(message).text().size();
 }
 
-void Menu::PressInPassword(Key key) {
+void Menu::PressInPassword(MenuKey key) {
   if (key.kind != KeyKind::kAltDigit) alt_digits_ = alt_number_ = 0;
   switch (key.kind) {
     case KeyKind::kCharacter:
@@ -192,7 +192,7 @@ std::string_view Menu::LastPrint() const {
   return text;
 }
 
-Outcome Menu::PressInEntries(Key key) {
+Outcome Menu::PressInEntries(MenuKey key) {
   is_counting_ = false;
   message_size_ = 0;
   const std::size_t last = Places() == 0 ? 0 : Places() - 1;

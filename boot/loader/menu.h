@@ -41,7 +41,7 @@ class Menu {
   Menu(const Script& script, const Obstacles& obstacles, Ticks now);
 
   // A key was pressed, or time has passed. The caller draws, and then does what the outcome says.
-  Outcome Press(Key key, Ticks now);
+  Outcome Press(MenuKey key, Ticks now);
   Outcome Tick(Ticks now);
   // A command has returned: the menu goes on, which before does nothing more. `message` says why the command failed; it
   // is copied, and may be empty.
@@ -57,7 +57,7 @@ class Menu {
   void Enter(State state);
 
   // Password.
-  void PressInPassword(Key key);
+  void PressInPassword(MenuKey key);
   void AddAltDigit(std::uint8_t digit);
   void CheckPassword();
   [[nodiscard]] std::uint32_t PauseSeconds() const;
@@ -71,7 +71,7 @@ class Menu {
   [[nodiscard]] std::string_view LastPrint() const;
 
   // Entries. A place is the number of an entry in the menu that is shown, from 0 on.
-  Outcome PressInEntries(Key key);
+  Outcome PressInEntries(MenuKey key);
   Outcome PressCharacter(std::uint8_t byte);
   Outcome Start(std::uint16_t entry);
   void LeaveSubmenu();

@@ -14,7 +14,6 @@ constexpr std::size_t kCountdownRow = 21;
 constexpr std::size_t kHelpRow = 22;
 constexpr std::size_t kHelpRows = 2;
 constexpr std::size_t kKeysRow = 24;
-constexpr std::size_t kMargin = 2;
 constexpr std::size_t kTextColumn = 6;
 constexpr std::size_t kTextWidth = 66;
 constexpr std::size_t kKeyColumn = 74;

@@ -7,7 +7,6 @@ namespace discwright::loader {
 
 namespace {
 
-constexpr std::size_t kMargin = 2;
 constexpr std::size_t kWidth = kColumns - 2 * kMargin;
 
 // Returns how many bytes of `text` stand in one row. A word that is longer than a row is broken.

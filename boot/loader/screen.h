@@ -10,6 +10,7 @@ namespace discwright::loader {
 
 inline constexpr std::size_t kColumns = 80;
 inline constexpr std::size_t kRows = 25;
+inline constexpr std::size_t kMargin = 2;  // columns that stay free left and right of running text
 
 // The colour of the text in the low half, that of the ground in the high half.
 enum class Attribute : std::uint8_t {
@@ -34,7 +35,8 @@ struct Screen {
   void FillRow(std::size_t row, Attribute attribute);
   // Writes `text` from `column` on, at most up to the right edge. Control bytes become blanks.
   void Write(std::size_t row, std::size_t column, std::string_view text, Attribute attribute);
-  // Writes `text` at column 2 of as many rows as it needs, at most `rows`, broken at blanks. Returns their number.
+  // Writes `text` between the margins of as many rows as it needs, at most `rows`, broken at blanks. Returns their
+  // number.
   std::size_t WriteWrapped(std::size_t row, std::size_t rows, std::string_view text, Attribute attribute);
 };
 

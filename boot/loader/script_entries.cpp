@@ -143,6 +143,7 @@ void ScriptReader::Key(std::string_view letter) {
   }
   if (!IsKey(letter) || IsLeftOut()) return;
   Entry& menu = script_.entries[blocks_[block_count_ - 1].menu];
+  menu.key = 0;  // so that it is not compared with itself
   if (!IsTaken(letter, menu.menu)) menu.key = UpperOf(letter.front());
 }
 

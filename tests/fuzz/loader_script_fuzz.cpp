@@ -69,7 +69,7 @@ void CheckScript(const Script& script) {
 // for typed ones, and so says yes at least as often as the menu may.
 class Typed {
  public:
-  void Press(Key key, std::string_view password) {
+  void Press(MenuKey key, std::string_view password) {
     if (key.kind == KeyKind::kAltDigit) uses_numbers_ = true;
     if (key.kind == KeyKind::kCharacter) count_ += password.find(static_cast<char>(key.byte)) != password.npos;
     if (key.kind == KeyKind::kEnter) may_be_open_ = may_be_open_ || count_ >= password.size() || uses_numbers_;
@@ -92,9 +92,9 @@ void PressKeys(const Script& script, std::string_view keys) {
   for (; keys.size() >= 2; keys.remove_prefix(2)) {
     const auto kind = static_cast<std::uint8_t>(keys[0]);
     const auto byte = static_cast<std::uint8_t>(keys[1]);
-    Key key{static_cast<KeyKind>(kind % 12), byte};
+    MenuKey key{static_cast<KeyKind>(kind % 12), byte};
     if (key.kind == KeyKind::kAltDigit) key.byte %= 10;
-    if ((kind & 0x80) != 0) key = KeyFromBios(static_cast<std::uint16_t>(kind << 8 | byte));
+    if ((kind & 0x80) != 0) key = MenuKeyFromBios(static_cast<std::uint16_t>(kind << 8 | byte));
     now += (kind >> 4) * byte;
     Outcome outcome = menu.Tick(now);
     if (outcome.kind == Outcome::Kind::kNothing) {

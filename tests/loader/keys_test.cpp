@@ -5,14 +5,16 @@
 
 namespace discwright::loader {
 
-bool operator==(const Key& left, const Key& right) { return left.kind == right.kind && left.byte == right.byte; }
+bool operator==(const MenuKey& left, const MenuKey& right) {
+  return left.kind == right.kind && left.byte == right.byte;
+}
 
 namespace {
 
-TEST(KeyFromBiosTest, ReturnedValues_AreTheKeys) {
+TEST(MenuKeyFromBiosTest, ReturnedValues_AreTheKeys) {
   struct Case {
     std::uint16_t ax;
-    Key key;
+    MenuKey key;
   };
   const Case cases[] = {
       {0x1E61, {KeyKind::kCharacter, 'a'}}, {0x3920, {KeyKind::kCharacter, ' '}},
@@ -29,7 +31,7 @@ TEST(KeyFromBiosTest, ReturnedValues_AreTheKeys) {
       {0x3B00, {KeyKind::kOther, 0}},       {0x1E01, {KeyKind::kOther, 0}},
       {0x0E7F, {KeyKind::kOther, 0}},       {0x0000, {KeyKind::kOther, 0}},
   };
-  for (const auto& [ax, key] : cases) EXPECT_TRUE(KeyFromBios(ax) == key) << std::hex << ax;
+  for (const auto& [ax, key] : cases) EXPECT_TRUE(MenuKeyFromBios(ax) == key) << std::hex << ax;
 }
 
 }  // namespace

@@ -332,6 +332,25 @@ TEST(ShippedScriptTest, WithAllFiles_IsReadWithoutMistakes) {
                           "This computer/Next boot device", "This computer/Memory and disks", "Restart", "Power off"));
 }
 
+TEST(ShippedScriptTest, PatchedByTheWizard_AsksForThePassword) {
+  std::ifstream stream(SHIPPED_SCRIPT, std::ios::binary);
+  std::string text(std::istreambuf_iterator<char>(stream), {});
+  // The wizard replaces these texts wherever they stand, in any letter case. So each stands there once.
+  std::string upper(text);
+  std::transform(upper.begin(), upper.end(), upper.begin(), UpperOf);
+  for (const auto& [from, to] : {std::pair("Set PasswordRequest=0", "Set PasswordRequest=1"),
+                                 std::pair("Set PasswordString=\"\"", "Set PasswordString=\" a#b; \"")}) {
+    std::string upper_from(from);
+    std::transform(upper_from.begin(), upper_from.end(), upper_from.begin(), UpperOf);
+    ASSERT_EQ(upper.find(upper_from), upper.rfind(upper_from));
+    text.replace(text.find(from), std::string_view(from).size(), to);
+  }
+  const ReadScriptText read(text + "\r\n\r\n");
+  EXPECT_THAT(read.Mistakes(), IsEmpty());
+  EXPECT_TRUE(read.script->asks_for_password);
+  EXPECT_EQ(read.script->password, " a#b; ");
+}
+
 TEST(ShippedScriptTest, LocalScriptWithMistakes_LosesNoShippedEntry) {
   std::ifstream stream(SHIPPED_SCRIPT, std::ios::binary);
   FakeFiles files;

@@ -11,7 +11,7 @@ inline constexpr std::uint32_t kTicksPerMinute = 1092;  // the clock of the BIOS
 // The ticks since midnight.
 [[nodiscard]] std::uint32_t Clock();
 
-// Waits for a key. Returns AX of INT 16h: the scan code and the character. KeyFromBios of keys.h understands it.
+// Waits for a key. Returns AX of INT 16h: the scan code and the character. MenuKeyFromBios of keys.h understands it.
 [[nodiscard]] std::uint16_t WaitForKey();
 
 // Waits for a key for a number of ticks. Zero ticks take a key that was pressed before.

@@ -46,7 +46,7 @@ Outcome Ask(Menu& menu) {
   while (true) {
     Show(menu);
     const std::optional<std::uint16_t> key = WaitForKey(1);
-    const Outcome outcome = key ? menu.Press(KeyFromBios(*key), Clock()) : menu.Tick(Clock());
+    const Outcome outcome = key ? menu.Press(MenuKeyFromBios(*key), Clock()) : menu.Tick(Clock());
     if (outcome.kind != Outcome::Kind::kNothing) return outcome;
   }
 }

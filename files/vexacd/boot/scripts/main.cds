@@ -109,7 +109,7 @@ Entry Power off
   PowerOff
 EndEntry
 
-# Your own entries. Put a file with this name into the folder of your additional files, for example with:
+# Your own entries. Put them into a file local.cds, in the folder boot\scripts of your additional files. For example:
 #
 #   Entry My kernel
 #     Key K
