@@ -68,7 +68,7 @@ void ShowFailure(BiosDisk& disk) {
 void ShowKeys() {
   while (true) {
     const std::uint16_t key = WaitForKey();
-    const std::uint8_t letter = key & 0xFF;
+    const auto letter = static_cast<std::uint8_t>(key & 0xFF);
     if (letter == 'r') Restart();
     if (letter == 'o') PowerOff();
     if (letter == 'n') StartNextDevice();
