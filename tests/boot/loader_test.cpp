@@ -11,7 +11,7 @@ namespace {
 using ::testing::HasSubstr;
 
 constexpr std::size_t kSector = 2048;
-const std::string kMessage = "This disc has no boot menu: the menu is not part of this version.";
+const std::string kMessage = "boot/scripts/main.cds: ";
 
 class BootLoader : public BootTest {
  protected:
