@@ -134,6 +134,14 @@ TEST_F(BootLoader, PermanentReadError_IsReported) {
       Emulator(FaultyCdDrive(SectorOfLoader() + 1, kAlways)).WaitForScreen("The disc could not be read (code 2, "));
 }
 
+// After the starter, the loader has to search for itself. It reads 16 sectors at a time.
+TEST_F(BootLoader, UnreadableSectorBehindTheLoader_Starts) {
+  MasterWithStarter("at_0000_7c00");
+  const std::uint32_t behind = SectorOfLoader() + static_cast<std::uint32_t>(loader.size() / kSector);
+  ASSERT_LT(behind, 18U + 16U);
+  EXPECT_TRUE(Emulator(FaultyCdDrive(behind, kAlways)).WaitForScreen(kMessage));
+}
+
 TEST_F(BootLoader, Memory_IsUsedAsTheMapSays) {
   Emulator emulator(CdDrive(image));
   ASSERT_TRUE(emulator.WaitForScreen("press a key to start again."));

@@ -65,6 +65,13 @@ void ShowFailure(BiosDisk& disk) {
   SayNumbers("at the last number", {disk.Read(0xFFFFFFFF, sectors)});
 }
 
+// Shows the flag that allows interrupts. In protected mode nothing could handle one.
+void ShowInterrupts() {
+  std::uint32_t flags = 0;
+  __asm__ volatile("pushfl\n\tpopl %0" : "=r"(flags));
+  SayNumbers("interrupts", {flags & 0x200});
+}
+
 void ShowKeys() {
   while (true) {
     const std::uint16_t key = WaitForKey();
@@ -85,11 +92,16 @@ void Main(Console& console, BiosDisk& disk) {
   ShowSectors(disk);
   ShowFailure(disk);
   SayNumbers("key within 3 ticks", {WaitForKey(3).has_value()});
+  ShowInterrupts();
   console.Clear();
-  for (std::uint64_t line = 1; line < 30; ++line) console.Write("line\n");
+  for (char line = 'A'; line <= 'Z'; ++line) {
+    console.Write("line ");
+    console.Write({&line, 1});
+    console.Write("\n");
+  }
   console.Write("last line");
   Console::WriteAt({3, 75}, "1234567", 0x1F);
-  Console::WriteAt({25, 0}, "below the screen", 0x1F);
+  Console::WriteAt({25, 0}, "below", 0x1F);
   Say("ready\n");
   ShowKeys();
   Restart();

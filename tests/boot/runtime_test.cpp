@@ -79,6 +79,7 @@ TEST_F(BootRuntime, FaultyBios_SectorsAreReadAndKeysWork) {
   EXPECT_TRUE(emulator.WaitForSerial("drive 9F 0\n"));
   EXPECT_TRUE(emulator.WaitForSerial(Sectors()));
   ASSERT_TRUE(emulator.WaitForSerial("ready\n"));
+  EXPECT_THAT(emulator.Serial(), HasSubstr("key within 3 ticks 0\n")) << "the starter's key was pressed before";
   emulator.SendKey("a");
   EXPECT_TRUE(emulator.WaitForSerial("key 61 1E\n"));
 }
@@ -112,10 +113,17 @@ TEST_F(BootRuntime, Screen_ScrollsAndClipsAtItsEdges) {
   Emulator emulator(CdDrive(image));
   ASSERT_TRUE(emulator.WaitForSerial("ready\n"));
   std::string expected;
-  for (int line = 0; line < 24; ++line) expected += line == 3 ? "line" + std::string(71, ' ') + "12345\n" : "line\n";
+  for (char line = 'C'; line <= 'Z'; ++line) {
+    expected += std::string("line ") + line + (line == 'F' ? std::string(69, ' ') + "12345\n" : "\n");
+  }
   EXPECT_EQ(emulator.Screen(), expected + "last line\n");
+  EXPECT_THAT(emulator.Memory(0xB8000 + 80 * 25 * 2, 10), Not(HasSubstr("b"))) << "below the screen";
   const std::string cursor = emulator.Memory(0x450, 2);  // column and line, as the BIOS knows them
   EXPECT_EQ(cursor, (std::string{9, 24}));
+}
+
+TEST_F(BootRuntime, Interrupts_AreOffBetweenCalls) {
+  EXPECT_TRUE(Emulator(CdDrive(image)).WaitForSerial("interrupts 0\n"));
 }
 
 TEST_F(BootRuntime, Keys_AreWaitedFor) {
