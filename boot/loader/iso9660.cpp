@@ -42,7 +42,7 @@ struct Record {
 
 // Takes apart the record at the start of `bytes`. Returns false when it contradicts itself or reaches past the end.
 bool ParseRecord(Bytes bytes, Record& record) {
-  if (bytes.size() <= kRecordHead || bytes[0] > bytes.size()) return false;
+  if (bytes.size() < kRecordHead || bytes[0] > bytes.size()) return false;
   const std::size_t name_size = bytes[32];
   if (name_size == 0 || kRecordHead + name_size > bytes[0]) return false;
   const std::uint32_t extent = Number32(bytes, 2);
@@ -143,7 +143,7 @@ NameParts PartsOf(std::string_view name) {
   NameParts parts{name, {}};
   if (digits < name.size() && digits > 1 && name[digits - 1] == ';')
     parts = {{name.data(), digits - 1}, {name.data() + digits, name.size() - digits}};
-  if (parts.stem.size() > 1 && parts.stem.back() == '.') parts.stem.remove_suffix(1);
+  if (!parts.stem.empty() && parts.stem.back() == '.') parts.stem.remove_suffix(1);
   return parts;
 }
 

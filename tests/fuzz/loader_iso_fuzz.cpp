@@ -92,8 +92,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Require(volume.Find("", entry) == IsoError::kNone);
   int folders = 20;
   Walk(volume, entry, "", folders);
-  std::vector<std::uint8_t> script(65536);
+  std::vector<std::uint8_t> room(65536);
   std::uint32_t length = 0;
-  if (volume.ReadFile("boot/scripts/main.cds", script, length) == IsoError::kNone) Require(length <= script.size());
+  if (volume.ReadFile("/Boot\\loader.BIN;1", room, length) == IsoError::kNone) Require(length <= room.size());
   return 0;
 }

@@ -203,6 +203,23 @@ TEST(IsoFind, VersionAndPeriod_MayBeThereOrNot) {
     EXPECT_EQ(iso.Find(path), Words(IsoError::kNotFound)) << path;
 }
 
+TEST(IsoFind, NamesOfOneLetterOrNone_HaveVersionsToo) {
+  IsoWith iso(Record("A.;1", 30) + Record("z", 31) + Record(";1", 32));
+  EXPECT_EQ(iso.Find("a"), "30");
+  EXPECT_EQ(iso.Find("Z;1"), "31");
+  EXPECT_EQ(iso.Find(";1"), "32");
+  EXPECT_EQ(iso.Find("."), Words(IsoError::kNotFound));
+}
+
+TEST(IsoFind, ExactName_EndsTheReading) {
+  HandMadeIso image;
+  image.Put(30, 0, Record("a", 35) + Record("b", 36) + Record("b", 37));
+  image.Put(31, 0, "\1");  // a damaged record
+  IsoWith iso(image, Record("folder", 30, 2 * 2048, kFolderFlag));
+  EXPECT_EQ(iso.Find("folder/b"), "36");
+  EXPECT_EQ(iso.Find("folder/B"), Words(IsoError::kBadFolder));
+}
+
 TEST(IsoFind, SameCaseWithVersion_WinsOverAnotherCase) {
   IsoWith iso(Record("Name", 30) + Record("name;1", 31) + Record("name;2", 32));
   EXPECT_EQ(iso.Find("name"), "31");
@@ -272,6 +289,11 @@ TEST(IsoList, VisitorThatHasEnough_EndsTheReading) {
   EntryCollector two(2);
   EXPECT_EQ(iso.ListRoot(two), IsoError::kNone);
   EXPECT_THAT(two.Names(), ElementsAre("a", "b"));
+  EntryCollector one(1);
+  iso.sectors.reads = 0;
+  EXPECT_EQ(iso.volume.List({.sector = HandMadeIso::kRoot, .size = 10 * 2048, .is_folder = true}, one),
+            IsoError::kNone);
+  EXPECT_EQ(iso.sectors.reads, 1);
 }
 
 TEST(IsoList, EmptyFolder_HasNoEntriesAndIsNotRead) {
@@ -303,6 +325,19 @@ TEST(IsoList, RecordThatContradictsItself_IsABadFolder) {
     EXPECT_THAT(entries.Names(), IsEmpty());
     EXPECT_EQ(iso.Find("good"), Words(IsoError::kBadFolder));
   }
+}
+
+TEST(IsoList, RecordWithoutRoomForItsHead_IsABadFolder) {
+  HandMadeIso image;
+  std::size_t at = 0;
+  for (; at < 2048 - 20; at += 52) image.Put(30, at, Record(std::string(19, 'n'), 1));
+  ASSERT_EQ(at, 2048u - 20);
+  image.Put(30, at, "\x14");  // its 20 bytes end with the sector, and with the buffer
+  OpenedIso iso(image.bytes, 1);
+  ASSERT_EQ(iso.volume.Open(), IsoError::kNone);
+  EntryCollector entries;
+  EXPECT_EQ(iso.volume.List({.sector = 30, .size = 2048, .is_folder = true}, entries), IsoError::kBadFolder);
+  EXPECT_EQ(entries.entries.size(), 39u);
 }
 
 TEST(IsoList, RecordThatCrossesASector_IsABadFolder) {
@@ -457,6 +492,8 @@ TEST_F(IsoReadPieces, ReadFile_ReadsAllIfThereIsRoom) {
   EXPECT_TRUE(std::equal(content.begin(), content.end(), room.begin(),
                          [](char one, std::uint8_t other) { return static_cast<std::uint8_t>(one) == other; }));
   EXPECT_EQ(room.back(), '?');
+  room.resize(kSize);
+  EXPECT_EQ(iso->volume.ReadFile("file", room, size), IsoError::kNone);
   room.resize(kSize - 1);
   size = 0;
   EXPECT_EQ(iso->volume.ReadFile("file", room, size), IsoError::kNotEnoughRoom);
