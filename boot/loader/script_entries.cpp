@@ -99,15 +99,13 @@ void ScriptReader::BeginEntry(std::string_view text) {
   first_step_ = script_.step_count;
 }
 
-// Called by EndEntry, and by everything that shows that EndEntry is missing.
+// Called by all that cannot stand in an entry: then EndEntry is missing.
 void ScriptReader::FinishEntry() {
   if (!is_in_entry_) return;
-  is_in_entry_ = false;
   const std::uint32_t line = line_;
   line_ = entry_line_;
   Say("this Entry is not ended with EndEntry");
   line_ = line;
-  is_in_entry_ = true;
   EndEntry({});
 }
 

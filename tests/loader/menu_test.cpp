@@ -42,6 +42,7 @@ TEST_F(MenuTest, Start_ShowsTitleEntriesKeysAndHelp) {
   EXPECT_EQ(Row(6), "");
   EXPECT_EQ(Row(21), "");
   EXPECT_EQ(Row(22), "  About Alpha");
+  EXPECT_EQ(Row(24), "  Arrows: choose   Enter, digit or letter: start");
   EXPECT_EQ(Chosen(), "Alpha");
 }
 
@@ -86,6 +87,7 @@ TEST_F(MenuTest, Submenu_HasItsOwnEntriesAndIsLeftWithEsc) {
   ShowFour();
   EXPECT_EQ(Started(Type("m")), "nothing");
   EXPECT_EQ(Row(1), "  More");
+  EXPECT_THAT(Row(24), HasSubstr("Esc: back"));
   EXPECT_EQ(Chosen(), "Inner");
   EXPECT_THAT(All(), Not(HasSubstr("Beta")));
   EXPECT_EQ(Started(Type("q")), "start Inner");
@@ -103,7 +105,8 @@ TEST_F(MenuTest, Submenu_HasItsOwnEntriesAndIsLeftWithEsc) {
 
 TEST_F(MenuTest, MoreEntriesThanRows_Scroll) {
   ShowMany(40);
-  EXPECT_THAT(Row(18), HasSubstr("more below"));
+  EXPECT_EQ(Row(18), std::string(69, ' ') + "more below");
+  EXPECT_THAT(Row(17), HasSubstr("E16"));
   EXPECT_EQ(Row(1), "");
   for (int i = 0; i < 16; ++i) Press(KeyKind::kDown);
   EXPECT_EQ(Chosen(), "E17");
@@ -227,6 +230,7 @@ TEST_F(MenuTest, MoreLinesThanRows_ShowTheLast) {
 TEST_F(MenuTest, MistakesOfTheScript_AreShownUntilAKeyOrForAWhile) {
   Show("Bad\n" + EntryOf("A"), {"A"});
   EXPECT_THAT(All(), HasSubstr("main.cds, line 1: no line begins with this word: Bad"));
+  EXPECT_THAT(All(), Not(HasSubstr("more")));
   EXPECT_EQ(Started(Enter()), "nothing");
   EXPECT_EQ(Chosen(), "A");
   Show("Set Timeout=1\nBad\n" + EntryOf("A"), {"A"});

@@ -267,6 +267,41 @@ TEST(ReadScriptTest, BlocksThatAreTooDeep_AreSkippedAndLeaveTheRest) {
   EXPECT_THAT(read.Entries(), ElementsAre("Restart"));
 }
 
+TEST(ReadScriptTest, SixteenBlocksInsideOneAnother_AreFine) {
+  std::string text;
+  for (int i = 0; i < 16; ++i) text += i % 2 == 0 ? "IfFile main.cds\n" : "Menu M\n";
+  text += "Key A\nHelp x\n" + kRestartEntry;
+  for (int i = 15; i >= 0; --i) text += i % 2 == 0 ? "EndIf\n" : "EndMenu\n";
+  const ReadScriptText read(text + "EndIf\nBad\n");
+  EXPECT_THAT(read.Mistakes(), ElementsAre("main.cds, line 39: EndIf stands here without its IfFile",
+                                           "main.cds, line 40: no line begins with this word: Bad"));
+  EXPECT_EQ(read.script->entry_count, 9);
+  EXPECT_EQ(read.script->entries[7].key, 'A');
+  EXPECT_EQ(read.script->entries[7].help, "x");
+  EXPECT_EQ(read.script->entries[8].menu, 7);
+}
+
+TEST(ReadScriptTest, EmptyMenuAtTheDeepestPlace_Disappears) {
+  std::string text;
+  for (int i = 0; i < 16; ++i) text += "Menu M\n";
+  for (int i = 0; i < 16; ++i) text += "EndMenu\n";
+  EXPECT_THAT(ReadScriptText(text + kRestartEntry).Entries(), ElementsAre("Restart"));
+}
+
+TEST(ReadScriptTest, KeyOfAMenuGivenTwice_IsTheLast) {
+  const ReadScriptText read("Menu M\nKey A\nKey A\nKey b\n" + kRestartEntry + "EndMenu\n");
+  EXPECT_THAT(read.Mistakes(), IsEmpty());
+  EXPECT_EQ(read.script->entries[0].key, 'B');
+}
+
+TEST(ReadScriptTest, MistakeBehindAnEntry_HasItsOwnLine) {
+  EXPECT_THAT(MistakesOf("Entry A\nKey A\nEntry B\nKey A\nRestart\nFoo"),
+              ElementsAre("main.cds, line 1: this Entry is not ended with EndEntry",
+                          "main.cds, line 1: this Entry is left out, because it has no command: A",
+                          "main.cds, line 6: no line begins with this word: Foo",
+                          "main.cds, line 3: this Entry is not ended with EndEntry"));
+}
+
 TEST(ReadScriptTest, ManyMistakes_AreAllCounted) {
   std::string text;
   for (int i = 0; i < 1000; ++i) text += "Bad\n";
@@ -278,6 +313,14 @@ TEST(ReadScriptTest, WithoutAnyEntry_TheMenuOffersWhatNeedsNoFile) {
   FakeFiles files;
   const ReadScriptText missing(files);
   EXPECT_THAT(missing.Entries(), ElementsAre("First hard disk", "Next boot device", "Restart", "Power off"));
+  const CommandKind kinds[] = {CommandKind::kFirstHardDisk, CommandKind::kNextDevice, CommandKind::kRestart,
+                               CommandKind::kPowerOff};
+  for (std::uint16_t i = 0; i < 4; ++i) {
+    EXPECT_EQ(missing.script->entries[i].command.kind, kinds[i]);
+    EXPECT_FALSE(missing.script->entries[i].is_menu);
+    EXPECT_EQ(missing.script->entries[i].key, "HNRP"[i]);
+  }
+  EXPECT_THAT(ReadScriptText("\n\nPrint x\n").Mistakes(), ElementsAre(HasSubstr("main.cds: no entry can be shown")));
   EXPECT_THAT(missing.Mistakes(),
               ElementsAre("main.cds: this script is not on the CD: main.cds",
                           "main.cds: no entry can be shown, so the menu has only those that need no file of the CD"));
@@ -302,6 +345,33 @@ TEST(ReadScriptTest, Default_IsAPlaceOrAHotKeyOfTheMainMenu) {
   const ReadScriptText hidden("Set Default=C\n" + entries);
   EXPECT_EQ(hidden.script->default_entry, kNoEntry);
   EXPECT_THAT(hidden.Mistakes(), IsEmpty());  // its file may be on another CD
+}
+
+TEST(ReadScriptTest, DefaultWithoutItsEntry_IsNamedWithTheFileThatSetIt) {
+  FakeFiles files;
+  files.files = {{"main.cds", "Include a\n" + kRestartEntry}, {"a", "\nSet Default=5"}};
+  EXPECT_THAT(ReadScriptText(files).Mistakes(),
+              ElementsAre("a, line 2: no entry of the main menu has this place or hot key: 5"));
+}
+
+TEST(ReadScriptTest, LongestTimes_AreAccepted) {
+  const ReadScriptText read("Set Timeout=3600\nWait 3600\nWait\n" + kRestartEntry);
+  EXPECT_THAT(read.Mistakes(), IsEmpty());
+  EXPECT_EQ(read.script->timeout, 3600U);
+  EXPECT_EQ(read.script->steps[0].seconds, 3600);
+  EXPECT_EQ(read.script->steps[1].seconds, 0);
+}
+
+TEST(ReadScriptTest, HotKeyWithAMistake_IsNone) {
+  for (const char* key : {"AB", "1", "\xC4"}) {
+    const ReadScriptText read("Menu M\nKey " + std::string(key) + "\nEntry A\nKey " + key +
+                              "\nRestart\nEndEntry\nEndMenu");
+    EXPECT_THAT(read.Mistakes(), SizeIs(2)) << key;
+    EXPECT_EQ(read.script->entries[0].key, 0) << key;
+    EXPECT_EQ(read.script->entries[1].key, 0) << key;
+  }
+  const ReadScriptText twice(kRestartEntry + "Entry A\nKey R\nPowerOff\nEndEntry\n");
+  EXPECT_EQ(twice.script->entries[1].key, 0);
 }
 
 TEST(ReadScriptTest, LongDetail_IsCutInTheMessage) {
