@@ -99,6 +99,7 @@ TEST_F(BootRuntime, MemoryMap_IsThatOfTheMachine) {
   ASSERT_TRUE(emulator.WaitForSerial("sectors"));
   EXPECT_THAT(emulator.Serial(), HasSubstr("memory 0 9FC00 1\n"));
   EXPECT_THAT(emulator.Serial(), HasSubstr("memory 100000 3EE0000 1\n")) << "64 MB";
+  EXPECT_THAT(emulator.Serial(), HasSubstr("memory F0000 10000 2\n")) << "the BIOS, which only function E820h tells";
 }
 
 TEST_F(BootRuntime, A20_IsSwitchedOn) {
