@@ -95,6 +95,15 @@ TEST_F(BootLoader, SmallMemory_IsReported) {
                   .WaitForScreen("The loader needs 512 KB of base memory, and this machine has less (code 4)."));
 }
 
+TEST_F(BootLoader, OtherDiscInTheDrive_IsReported) {
+  MasterWithStarter("from_another_disc");
+  Emulator emulator(CdDrive(image));
+  EXPECT_TRUE(
+      emulator.WaitForScreen("\nThe loader did not find the disc that it was started from (code 1).\nTry another "));
+  emulator.SendKey("a");
+  EXPECT_TRUE(emulator.WaitForEnd());
+}
+
 TEST_F(BootLoader, FlippedBit_IsNoticed) {
   Damage([](std::string& rest) { rest[rest.size() / 2] ^= 1; });
   Emulator emulator(CdDrive(image));
