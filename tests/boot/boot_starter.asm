@@ -6,6 +6,7 @@
 ; MEMORY_KB  the size that INT 12h reports to the sector
 ; DRIVE      the number of the drive that the sector gets, instead of that of the CD
 ; A20_OFF    switches line A20 off
+; CHANGED    changes the last byte of the sector in memory, so that it differs from the one on the CD
 ; BAD_BIOS   installs a faulty INT 13h. The CD drive gets the number 9F, and there is no other drive. The function
 ;            that tells where the machine was started from is unknown. The first try of each read fails, the second
 ;            reads too few sectors but reports success, the third succeeds. It destroys every register, and the packet
@@ -65,6 +66,9 @@ start:
 %endif
 %ifdef DRIVE
     mov dl, DRIVE
+%endif
+%ifdef CHANGED
+    xor byte [0x7C00 + 2047], 1
 %endif
 %ifdef A20_OFF
     in al, SYSTEM_CONTROL

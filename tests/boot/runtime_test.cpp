@@ -99,6 +99,7 @@ TEST_F(BootRuntime, MemoryMap_IsThatOfTheMachine) {
   ASSERT_TRUE(emulator.WaitForSerial("sectors"));
   EXPECT_THAT(emulator.Serial(), HasSubstr("memory 0 9FC00 1\n"));
   EXPECT_THAT(emulator.Serial(), HasSubstr("memory 100000 3EE0000 1\n")) << "64 MB";
+  EXPECT_THAT(emulator.Serial(), HasSubstr("memory F0000 10000 2\n")) << "the BIOS, which only function E820h tells";
 }
 
 TEST_F(BootRuntime, A20_IsSwitchedOn) {
@@ -155,6 +156,16 @@ TEST_F(BootRuntime, NextDevice_IsStarted) {
   ASSERT_TRUE(emulator.WaitForSerial("ready\n"));
   emulator.SendKey("n");
   EXPECT_TRUE(emulator.WaitForScreen("Booting from "));
+}
+
+// After the starter, stage 1 has to search for itself. It reads 16 sectors at a time, so the program must end within
+// the first of these pieces.
+TEST_F(BootRuntime, UnreadableSectorBehindTheProgram_IsPassedInTheSearch) {
+  MasterWithStarter("at_0000_7c00");
+  const std::size_t at = ReadFile(image).find(probe);
+  const auto behind = static_cast<std::uint32_t>((at + probe.size()) / kCdSector);
+  ASSERT_LT(behind, 18U + 16U);
+  EXPECT_TRUE(Emulator(FaultyCdDrive(behind, kAlways)).WaitForSerial("drive"));
 }
 
 }  // namespace

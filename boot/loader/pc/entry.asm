@@ -15,7 +15,7 @@ section .start
 
 bits 16
 
-; IN: DL = drive, DH = log2 of its sectors per CD sector, EAX = sector of the loader, DS = 0. OUT: does not return.
+; IN: DL = drive, DH = log2 of its sectors per CD sector, DS = 0. OUT: does not return.
 start:
     cli                         ; from here on, interrupts happen in real mode only (bios.asm)
     lgdt [gdt_register]
@@ -32,12 +32,10 @@ bits 32
     mov gs, bx
     mov ss, bx
     mov esp, stack_top
-    mov esi, eax
     mov edi, bss_start
     mov ecx, bss_words
     xor eax, eax
     rep stosd
-    push esi
     movzx eax, dh
     push eax
     movzx eax, dl

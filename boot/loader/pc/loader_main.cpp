@@ -3,10 +3,10 @@
 
 #include "boot/loader/pc/a20.h"
 
-// `drive`, `shift`: as BiosDisk::Drive; `sector`: where the loader is in the image.
-extern "C" [[noreturn]] void LoaderMain(std::uint32_t drive, std::uint32_t shift, std::uint32_t sector);
+// `drive`, `shift`: as BiosDisk::Drive.
+extern "C" [[noreturn]] void LoaderMain(std::uint32_t drive, std::uint32_t shift);
 
-void LoaderMain(std::uint32_t drive, std::uint32_t shift, std::uint32_t /*sector*/) {
+void LoaderMain(std::uint32_t drive, std::uint32_t shift) {
   using namespace discwright::loader;
   Console console;
   BiosDisk disk({static_cast<std::uint8_t>(drive), static_cast<std::uint8_t>(shift)});

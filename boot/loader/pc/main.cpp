@@ -92,6 +92,7 @@ void Main(Console& console, BiosDisk& disk) {
   const MemoryMap memory = ReadMemoryMap();
   Starter starter(volume, disk, memory, console);
   Menu& menu = menu_place.Make(script, obstacles, Clock());
+  ForgetKeys();  // what a program before the loader has left must not choose anything
   RunMenu(menu, starter, console);
 }
 

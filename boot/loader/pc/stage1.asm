@@ -92,8 +92,7 @@ begin:
     call verify
     mov dl, [drive]
     mov dh, [shift]
-    mov eax, [image]
-    jmp 0x0000:STAGE2             ; to entry.asm
+    jmp 0x0000:STAGE2         ; to entry.asm
 
 ; Finds this program on a drive. Shows a message and does not return if no drive has it.
 ; IN: given. OUT: drive, shift, image. CLOBBERS: EAX, ECX, EDX, SI, DI, BP.
