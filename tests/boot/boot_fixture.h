@@ -18,6 +18,8 @@
 
 namespace discwright::testing {
 
+inline constexpr std::size_t kCdSector = 2048;  // bytes
+
 // A file of the built program folder.
 inline std::string ShippedFile(const std::string& path) { return ReadFile(fs::path(SHIPPED_FILES) / path); }
 
