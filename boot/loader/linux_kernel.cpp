@@ -41,7 +41,7 @@ constexpr std::uint32_t kCommandLineInSegment = 0xE000;
 constexpr std::uint32_t kSegmentSize = 0x10000;
 constexpr std::uint32_t kHeapEndOffset = 0x200;  // the protocol wants this subtracted
 constexpr std::uint32_t kLargestSetup = 0x8000;
-constexpr std::uint32_t kPage = 4096;
+constexpr std::uint32_t kRamDiskAlignment = 4096;
 
 std::uint32_t Load(std::span<const std::uint8_t> bytes, std::size_t at, std::size_t count) {
   std::uint32_t value = 0;
@@ -126,7 +126,7 @@ KernelError PlaceKernel(const KernelHeader& header, const MemoryMap& memory, std
   }
   if (ram_disk_size == 0) return KernelError::kNone;
   const std::uint32_t lowest = kKernelAddress + header.memory_size;
-  const std::optional<Room> room = memory.HighestRoom(ram_disk_size, kPage, lowest, header.ram_disk_end);
+  const std::optional<Room> room = memory.HighestRoom(ram_disk_size, kRamDiskAlignment, lowest, header.ram_disk_end);
   if (!room) return KernelError::kNoRoomForRamDisk;
   place.ram_disk = *room;
   return KernelError::kNone;
