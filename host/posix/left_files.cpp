@@ -39,9 +39,10 @@ bool HasLostItsName(int fd, const std::string& native) {
 UniqueFd CreateLocked(const std::string& native, mode_t mode) {
   for (;;) {
     UniqueFd fd(open(native.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode));
-    // On a file system without locks no other program gets a lock either, so RemoveLeftFiles deletes nothing there.
-    if (fd.valid()) static_cast<void>(flock(fd.get(), LOCK_EX | LOCK_NB));
-    // Before the file was locked, another program may have taken it for one of a killed run and deleted it.
+    // Another program that takes the new file for one of a killed run holds the lock until it has deleted the file, so
+    // this waits for that program. On a file system without locks nobody gets a lock, and nothing is deleted there.
+    while (fd.valid() && flock(fd.get(), LOCK_EX) != 0 && errno == EINTR) {
+    }
     if (!fd.valid() || !HasLostItsName(fd.get(), native)) return fd;
   }
 }
