@@ -25,6 +25,7 @@ constexpr std::size_t kSignature = 510;  // of a boot sector of a disk: 55h AAh
 
 // The memory at an address. All of it can be reached in protected mode.
 std::span<std::uint8_t> Memory(std::uint32_t address, std::size_t size) {
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the loader gets addresses as numbers
   return {reinterpret_cast<std::uint8_t*>(address), size};
 }
 
