@@ -44,6 +44,9 @@ Disc ExpectedTree(const fs::path& program) {
   for (const char* image : {"vexastart.img", "vexaemm.img", "vexawin.img", "vexanet.img"}) {
     tree[std::string("boot/images/") + image] = ReadFile(program / "vexacd" / "boot" / "images" / image);
   }
+  for (const char* name : {"memdisk", "memdisk.txt", "gpl-2.txt"}) {
+    tree[std::string("boot/") + name] = ReadFile(program / "files" / "vexacd" / "boot" / name);
+  }
   tree["boot/scripts/main.cds"] = ReadFile(program / "vexacd" / "boot" / "scripts" / "main.cds");
   return tree;
 }
