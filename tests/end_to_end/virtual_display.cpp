@@ -4,12 +4,24 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cctype>
 #include <sstream>
 
 #include "tests/end_to_end/waiting.h"
 
 namespace discwright::testing {
+
+namespace {
+
+// The server writes the number of its display as a line of its own, among others. Empty while there is no such line.
+std::string NumberIn(const std::string& text) {
+  std::istringstream lines(text.substr(0, text.rfind('\n') + 1));
+  for (std::string line; std::getline(lines, line);) {
+    if (!line.empty() && line.find_first_not_of("0123456789") == std::string::npos) return line;
+  }
+  return "";
+}
+
+}  // namespace
 
 // The server chooses a free number, and writes it to standard error when it is ready.
 VirtualDisplay::VirtualDisplay()
@@ -17,11 +29,10 @@ VirtualDisplay::VirtualDisplay()
           std::vector<std::string>{"Xvfb", "-displayfd", "2", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"})) {
   std::string number;
   const bool ready = WaitUntil([&] {
-    number = server_->ErrorText();
-    return server_->HasEnded() || number.ends_with('\n');
+    number = NumberIn(server_->ErrorText());
+    return server_->HasEnded() || !number.empty();
   });
-  EXPECT_TRUE(ready && !server_->HasEnded()) << "Xvfb does not start: " << number;
-  std::erase_if(number, [](unsigned char character) { return std::isdigit(character) == 0; });
+  EXPECT_TRUE(ready && !server_->HasEnded()) << "Xvfb does not start: " << server_->ErrorText();
   name_ = ":" + number;
 }
 
