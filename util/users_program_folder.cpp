@@ -30,7 +30,8 @@ bool IsDigest(std::string_view text) {
   return text.size() == kDigestLength && text.find_first_not_of("0123456789abcdef") == std::string_view::npos;
 }
 
-// Whether the path leads to a place below the folder to which it is relative.
+// Whether a path of the list stays inside the program folder. A damaged list must not make this program write
+// elsewhere.
 bool LeadsBelow(std::string_view path) {
   if (path.empty() || path.find_first_of("\\:") != std::string_view::npos) return false;
   const std::string framed = "/" + std::string(path) + "/";

@@ -71,7 +71,7 @@ std::string WhyNotCreated(const std::string& path) {
   return status.ok() ? "" : shown + " cannot be written: " + status.cause + ".";
 }
 
-// The image must not replace a part of the program, nor the choices and answers that it keeps.
+// Whether the program needs this file: it ships with the program, or the program keeps choices or answers in it.
 bool IsOfTheProgram(const std::string& path) {
   return std::any_of(util::kProgramFolder.begin(), util::kProgramFolder.end(),
                      [&](const util::FolderItem& row) { return util::IsOneFile(path, util::PathOf(row.item)); });

@@ -18,7 +18,6 @@ bits 16
 cpu 386
 org 0x7C00
 
-TELETYPE_OUTPUT  equ 0x0E       ; function of INT 10h
 EXTENDED_READ    equ 0x42       ; function of INT 13h
 SECTOR           equ 2048
 PIECE            equ 16         ; sectors per read: 32 KB, a size that every BIOS accepts
@@ -352,51 +351,16 @@ disk:
     sti
     ret
 
-; Shows a message, waits for a key and restarts the machine.
-; IN: SI = text. OUT: does not return.
-stop:
-    push si
-.forget:
-    mov ah, 1                   ; drops keys that were pressed before the message
-    int 0x16
-    jz .show
-    mov ah, 0
-    int 0x16
-    jmp .forget
-.show:
-    mov si, new_line
-    call print
-    pop si
-    call print
-    mov si, restart
-    call print
-    mov ah, 0
-    int 0x16
-    mov word [0x0472], 0x1234   ; asks the BIOS to skip its memory test
-    jmp 0xFFFF:0x0000
-
-PATH equ 1                      ; a character in a text that stands for the path of SETUPLDR.BIN
-
-; Shows a text on the screen.
-; IN: SI = text ended by NUL. OUT: -. CLOBBERS: AX, BX, SI.
-print:
-    lodsb
-    test al, al
-    jz .end
-    cmp al, PATH
-    jne .letter
+; Shows the path of SETUPLDR.BIN, for which PLACEHOLDER stands in a text.
+; IN: -. OUT: -. CLOBBERS: AX, BX.
+print_placeholder:
     push si
     mov si, path
     call print
     pop si
-    jmp print
-.letter:
-    mov ah, TELETYPE_OUTPUT
-    mov bx, 7                   ; page 0, light grey
-    int 0x10
-    jmp print
-.end:
     ret
+
+%include "messages.inc"
 
 path:
 folder_name:
@@ -408,19 +372,17 @@ file_name:
 .size equ $ - file_name
     db 0
 missing:
-    db PATH, ' was not found on this CD', 0
+    db PLACEHOLDER, ' was not found on this CD', 0
 empty:
-    db PATH, ' is empty', 0
+    db PLACEHOLDER, ' is empty', 0
 too_large:
-    db PATH, ' is too large for the memory of this machine', 0
+    db PLACEHOLDER, ' is too large for the memory of this machine', 0
 unreadable:
     db 'The CD could not be read', 0
 no_volume:
     db 'This CD has no ISO 9660 volume', 0
 restart:
     db 13, 10, 'Press a key to restart.', 13, 10, 0
-new_line:
-    db 13, 10, 0
 drive:
     db 0
 

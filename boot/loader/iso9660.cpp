@@ -1,7 +1,10 @@
-// Takes volume descriptors and folders of ISO 9660 apart, and reads extents. Believes nothing that the CD says.
+// Takes volume descriptors and folders of ISO 9660 apart, and reads extents. Every number of the CD is checked before
+// it is used, because the CD may be damaged.
 #include "boot/loader/iso9660.h"
 
 #include <algorithm>
+
+#include "boot/loader/text.h"
 
 namespace discwright::loader {
 namespace {
@@ -115,12 +118,6 @@ IsoError WalkSector(FolderWalk& walk, Bytes bytes) {
 
 bool IsSeparator(char letter) { return letter == '\\' || letter == '/'; }
 bool IsDigit(char letter) { return letter >= '0' && letter <= '9'; }
-char UpperCase(char letter) { return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter; }
-
-bool IsEqualInAnyCase(std::string_view left, std::string_view right) {
-  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                    [](char one, char other) { return UpperCase(one) == UpperCase(other); });
-}
 
 // Removes the first name and the separators before it from `path`. Returns the name; it is empty at the end.
 std::string_view TakeName(std::string_view& path) {
@@ -156,7 +153,7 @@ Match Compare(std::string_view wanted, std::string_view name) {
   const bool has_both_versions = !wanted_parts.version.empty() && !parts.version.empty();
   if (has_both_versions && wanted_parts.version != parts.version) return Match::kNone;
   if (wanted_parts.stem == parts.stem) return Match::kSameCase;
-  return IsEqualInAnyCase(wanted_parts.stem, parts.stem) ? Match::kAnyCase : Match::kNone;
+  return IsSameText(wanted_parts.stem, parts.stem) ? Match::kAnyCase : Match::kNone;
 }
 
 // Looks for the name that matches best. The first of several equal matches counts.

@@ -6,7 +6,7 @@
 // key starts; another letter chooses the next entry that begins with it. Esc leaves a submenu. Any key stops the
 // countdown, which begins when the entries appear.
 //
-// Three tries for the password are free of any effect but a pause, which grows; after the third the answer is kRestart.
+// After a wrong password the menu pauses, each time longer. After the third one the outcome is kRestart.
 // How every byte can be typed is said in keys.h.
 #pragma once
 

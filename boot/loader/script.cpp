@@ -164,7 +164,7 @@ void ScriptReader::Do(const Word& word, const ScriptLine& line) {
 
 void ScriptReader::Set(const ScriptLine& line) {
   FinishEntry();
-  // Whoever names the request means to close the menu, even if the rest of the line is wrong.
+  // A line that names the request is meant to close the menu, even if the rest of the line is wrong.
   const bool is_request = IsSameText(Part(line.name, 0, kRequest.size()), kRequest);
   if (is_request && !(line.has_equals_sign && line.has_value)) SetPasswordRequest({});
   if (!line.has_equals_sign) return Say("Set needs a name, an equals sign and a value");

@@ -46,8 +46,8 @@
 // an empty password may be replaced, another one may not. A value of PasswordRequest that is neither 0 nor 1 counts
 // as 1. If a password is requested but no line sets one, the menu does not open.
 //
-// A mistake costs its own line or entry; all else is read. A block that is not ended ends with its file. If no entry
-// is left, the menu offers what needs no file of the CD.
+// A line with a mistake is left out, or the whole entry to which it belongs; everything else is read. A block that is
+// not ended ends with its file. If no entry is left, the menu offers what needs no file of the CD.
 #pragma once
 
 #include <array>

@@ -27,7 +27,8 @@ class MenuFixture : public ::testing::Test {
     return outcome;
   }
   Outcome Enter() { return Press(KeyKind::kEnter); }
-  // Lets time pass in steps of one tick, up to the first outcome. A second has 18.2 ticks.
+  // Lets this many ticks of the clock pass, or fewer if the menu wants something to be started or restarted before. A
+  // second has 18.2 ticks.
   Outcome Pass(std::uint32_t ticks) {
     for (; ticks > 0; --ticks) {
       const Outcome outcome = menu->Tick(++now);

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "tests/support/build_fixture.h"
+#include "tests/support/locations.h"
 #include "wizard/navigation.h"
 
 namespace discwright::testing {
@@ -11,30 +12,14 @@ namespace discwright::testing {
 class WizardFixture : public BuildFixture {
  protected:
   WizardFixture() {
-    host.AddFile("S:\\I386\\setupldr.bin", "loader");
-    host.AddFile("S:\\WIN98\\mini.cab", "cabinet");
-    host.AddFile("S:\\sp.exe", "service pack");
-    host.AddFile("T:\\I386\\SYSTEM32\\CONFIG\\SOFTWARE", "hive");
-    host.AddFile("T:\\I386\\SYSTEM32\\OOBCXXL.EXE", "tool");
-    host.AddFolder("S:\\utils");
-    host.AddFolder("S:\\files");
+    AddLocations(host);
+    FillLocations(main);
     main.visible = true;
-    main.Txt_i386_Loc.text = "S:\\I386";
-    main.TxtSP_exe.text = "S:\\sp.exe";
-    main.TxtWin9x_Loc.text = "S:\\WIN98";
-    main.TxtERDC.text = "T:";
-    main.TxtBCon.text = "T:";
-    main.TxtUtils_Loc.text = "S:\\utils";
-    main.TxtAddFiles_Loc.text = "S:\\files";
   }
 
   forms::Subscription rules = wizard::Bind(context);
 
-  void Choose(bool win2k, bool win9x, bool advtools) {
-    main.ChkGet_Win2k.value = win2k ? 1 : 0;
-    main.ChkGet_Win9x.value = win9x ? 1 : 0;
-    main.ChkGet_Advtools.value = advtools ? 1 : 0;
-  }
+  void Choose(bool win2k, bool win9x, bool advtools) { ChooseContents(main, win2k, win9x, advtools); }
 
   // Starts on a page as if it had been reached.
   void StartOn(int page) {

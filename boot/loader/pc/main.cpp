@@ -14,6 +14,7 @@
 #include "boot/loader/pc/power.h"
 #include "boot/loader/pc/starter.h"
 #include "boot/loader/script.h"
+#include "boot/loader/tick_count.h"
 
 namespace discwright::loader {
 
@@ -42,19 +43,20 @@ void Show(const Menu& menu) {
 }
 
 // Runs the menu until it says what to do.
-Outcome Ask(Menu& menu) {
+Outcome Ask(Menu& menu, TickCount& ticks) {
   while (true) {
     Show(menu);
     const std::optional<std::uint16_t> key = WaitForKey(1);
-    const Outcome outcome = key ? menu.Press(MenuKeyFromBios(*key), Clock()) : menu.Tick(Clock());
+    const Ticks now = ticks.At(Clock());
+    const Outcome outcome = key ? menu.Press(MenuKeyFromBios(*key), now) : menu.Tick(now);
     if (outcome.kind != Outcome::Kind::kNothing) return outcome;
   }
 }
 
-[[noreturn]] void RunMenu(Menu& menu, Starter& starter, Console& console) {
+[[noreturn]] void RunMenu(Menu& menu, TickCount& ticks, Starter& starter, Console& console) {
   Console::ShowCursor(false);
   while (true) {
-    const Outcome outcome = Ask(menu);
+    const Outcome outcome = Ask(menu, ticks);
     if (outcome.kind == Outcome::Kind::kRestart) Restart();
     Console::ShowCursor(true);
     console.MoveCursor({0, 0});
@@ -91,9 +93,10 @@ void Main(Console& console, BiosDisk& disk) {
     obstacles[static_cast<std::size_t>(CommandKind::kCdSector)] = "This can only start from a CD drive.";
   const MemoryMap memory = ReadMemoryMap();
   Starter starter(volume, disk, memory, console);
-  Menu& menu = menu_place.Make(script, obstacles, Clock());
+  TickCount ticks(Clock());
+  Menu& menu = menu_place.Make(script, obstacles, Ticks{0});
   ForgetKeys();  // what a program before the loader has left must not choose anything
-  RunMenu(menu, starter, console);
+  RunMenu(menu, ticks, starter, console);
 }
 
 }  // namespace discwright::loader

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-// The checker takes the declarations for variables of this header.
+// clang-tidy takes these declarations for variables that this header defines.
 // NOLINTBEGIN(bugprone-dynamic-static-initializers)
 extern "C" {
 extern std::uint8_t bios_variables[];

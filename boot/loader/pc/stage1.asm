@@ -13,7 +13,6 @@
 bits 16
 cpu 386
 
-TELETYPE_OUTPUT  equ 0x0E       ; function of INT 10h
 EXTENDED_READ    equ 0x42       ; functions of INT 13h
 EMULATION_STATUS equ 0x4B01
 RESET            equ 0x00
@@ -411,51 +410,15 @@ disk:
     sti
     ret
 
-; Shows a message, waits for a key and restarts the machine.
-; IN: SI = text. OUT: does not return.
-stop:
-    push si
-.forget:
-    mov ah, 1                   ; drops keys that were pressed before the message
-    int 0x16
-    jz .show
-    mov ah, 0
-    int 0x16
-    jmp .forget
-.show:
-    mov si, new_line
-    call print
-    pop si
-    call print
-    mov si, restart
-    call print
-    mov ah, 0
-    int 0x16
-    mov word [0x0472], 0x1234   ; asks the BIOS to skip its memory test
-    jmp 0xFFFF:0x0000
-
-ERROR equ 1                     ; a character in a text that stands for `error`
-
-; Shows a text on the screen.
-; IN: SI = text ended by NUL. OUT: -. CLOBBERS: AX, BX, SI.
-print:
-    lodsb
-    test al, al
-    jz .end
-    cmp al, ERROR
-    je .error
-    call print_letter
-    jmp print
-.error:
+; Shows what the BIOS said about the last failed read, for which PLACEHOLDER stands in a text.
+; IN: error. OUT: -. CLOBBERS: AX, BX.
+print_placeholder:
     mov al, [error]
     shr al, 4
     call print_digit
     mov al, [error]
     and al, 0x0F
-    call print_digit
-    jmp print
-.end:
-    ret
+    ; falls through
 
 ; Shows a hexadecimal digit.
 ; IN: AL = its value. OUT: -. CLOBBERS: AX, BX.
@@ -464,15 +427,9 @@ print_digit:
     cmp al, '9'
     jbe print_letter
     add al, 'A' - '9' - 1
-    ; falls through
+    jmp print_letter
 
-; Shows a character.
-; IN: AL. OUT: -. CLOBBERS: AX, BX.
-print_letter:
-    mov ah, TELETYPE_OUTPUT
-    mov bx, 7                   ; page 0, light grey
-    int 0x10
-    ret
+%include "messages.inc"
 
 boot_record:                    ; how the boot record begins
     db 0, 'CD001', 1, 'EL TORITO SPECIFICATION'
@@ -481,7 +438,7 @@ not_found:
     db 'The loader did not find the disc that it was started from (code 1).', 13, 10
     db 'Try another drive, or other settings of the drives in the BIOS.', 0
 unreadable:
-    db 'The disc could not be read (code 2, BIOS error ', ERROR, ').', 13, 10
+    db 'The disc could not be read (code 2, BIOS error ', PLACEHOLDER, ').', 13, 10
     db 'Check that its image is complete. Clean the disc, or write it again at a lower speed.', 0
 damaged:
     db 'The loader on this disc is damaged (code 3).', 13, 10
@@ -491,8 +448,6 @@ little_memory:
     db 'Look for a setting of the base memory in the BIOS.', 0
 restart:
     db 13, 10, 'Press a key to restart.', 13, 10, 0
-new_line:
-    db 13, 10, 0
 
 %if rest_sectors - start != 16
   %error "scripts/join_loader.py expects the mark at offset 8"

@@ -1,4 +1,4 @@
-// Tests of the messages with which a page refuses Next: what the box shows, and where the user is afterwards.
+// Tests of the messages with which a page refuses Next: what the box shows, and which field has the focus afterwards.
 #include <QLineEdit>
 
 #include "tests/desktop/qt/window_fixture.h"

@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "tests/support/locations.h"
+
 namespace discwright::testing {
 
 namespace {
@@ -43,7 +45,8 @@ bool WindowWatch::eventFilter(QObject* watched, QEvent* event) {
     QMetaObject::invokeMethod(
         window, [this, window] { Act(*window); }, Qt::QueuedConnection);
   }
-  // A window manager gives the keyboard back to the owner of a window that has closed.
+  // The platform without a display has no window manager. So the fixture does what one does: when a window closes, the
+  // window that it belongs to gets the keyboard.
   QWidget* const owner = window->parentWidget();
   if (event->type() == QEvent::Hide && owner != nullptr) {
     QMetaObject::invokeMethod(
@@ -76,13 +79,7 @@ void WindowWatch::Act(QDialog& window) {
 }
 
 WindowFixture::WindowFixture() {
-  host.AddFile("S:\\I386\\setupldr.bin", "loader");
-  host.AddFile("S:\\WIN98\\mini.cab", "cabinet");
-  host.AddFile("S:\\sp.exe", "service pack");
-  host.AddFile("T:\\I386\\SYSTEM32\\CONFIG\\SOFTWARE", "hive");
-  host.AddFile("T:\\I386\\SYSTEM32\\OOBCXXL.EXE", "tool");
-  host.AddFolder("S:\\utils");
-  host.AddFolder("S:\\files");
+  AddLocations(host);
   Start();
 }
 
@@ -100,21 +97,9 @@ void WindowFixture::Start() {
   Settle();
 }
 
-void WindowFixture::Choose(bool win2k, bool win9x, bool advtools) {
-  records().ChkGet_Win2k.value = win2k ? 1 : 0;
-  records().ChkGet_Win9x.value = win9x ? 1 : 0;
-  records().ChkGet_Advtools.value = advtools ? 1 : 0;
-}
+void WindowFixture::Choose(bool win2k, bool win9x, bool advtools) { ChooseContents(records(), win2k, win9x, advtools); }
 
-void WindowFixture::FillLocations() {
-  records().Txt_i386_Loc.text = "S:\\I386";
-  records().TxtSP_exe.text = "S:\\sp.exe";
-  records().TxtWin9x_Loc.text = "S:\\WIN98";
-  records().TxtERDC.text = "T:";
-  records().TxtBCon.text = "T:";
-  records().TxtUtils_Loc.text = "S:\\utils";
-  records().TxtAddFiles_Loc.text = "S:\\files";
-}
+void WindowFixture::FillLocations() { testing::FillLocations(records()); }
 
 void WindowFixture::GoTo(int page) {
   Choose(true, true, true);
