@@ -3,10 +3,7 @@
 # is installed, its commands, and what the desktop reads.
 set(identifier org.example.discwright)
 set(home lib/discwright)
-set(front_programs discwright-build)
-if(TARGET discwright)
-  list(APPEND front_programs discwright)
-endif()
+set(front_programs discwright-build discwright)
 set(tools CreateDsk dfl mkisofs)
 get_property(data GLOBAL PROPERTY shipped_data)
 
@@ -18,10 +15,8 @@ foreach(file ${data})
   cmake_path(GET file PARENT_PATH folder)
   install(FILES ${CMAKE_BINARY_DIR}/program/${file} DESTINATION ${home}/${folder} COMPONENT program)
 endforeach()
-install(DIRECTORY ${CMAKE_BINARY_DIR}/program/help DESTINATION ${home} COMPONENT program OPTIONAL)
 
-install(CODE "set(built \"${CMAKE_BINARY_DIR}/program\")\nset(shipped \"${tools};${data}\")
-              set(commands \"${front_programs}\")" COMPONENT desktop)
+install(CODE "set(shipped \"${tools};${data}\")\nset(commands \"${front_programs}\")" COMPONENT desktop)
 install(SCRIPT cmake/installed.cmake COMPONENT desktop)
 install(FILES LICENSE NOTICE DESTINATION share/doc/discwright COMPONENT desktop)
 install(FILES packaging/${identifier}.desktop DESTINATION share/applications COMPONENT desktop)

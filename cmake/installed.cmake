@@ -8,8 +8,6 @@ foreach(command ${commands})
   message(STATUS "Installing: ${prefix}/bin/${command}")
 endforeach()
 
-file(GLOB_RECURSE help RELATIVE "${built}" "${built}/help/*")
-list(APPEND shipped ${help})
 list(SORT shipped)
 set(list "")
 foreach(file ${shipped})

@@ -30,7 +30,7 @@ class Collector {
   }
 
  private:
-  // Links take input too, but a user who opens the page does not come for them.
+  // A link takes input, too, but the focus must not begin there: Enter would open its web page.
   static bool IsToBeFilledIn(const forms::Control& control) {
     return forms::TakesInput(control) && dynamic_cast<const forms::Link*>(&control) == nullptr;
   }

@@ -16,7 +16,9 @@ class ConsoleUser : public host::UserInterface {
   ConsoleUser(Terminal& terminal, std::function<void()> interrupted)
       : terminal_(terminal), interrupted_(std::move(interrupted)) {}
 
-  // A question is not printed, because nobody is there to answer it. The answer is Yes: Ctrl-C is meant at once.
+  // A question is not printed, and its answer is Yes: a user who presses Ctrl-C wants the build to end, and one who
+  // gives
+  // --force wants the file to be replaced.
   bool ShowMessage(const host::Message& box) override;
   void DoEvents(int wait_milliseconds) override;
   void Wake() override;
