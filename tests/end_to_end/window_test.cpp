@@ -32,7 +32,7 @@ class WholeWizard : public BuildTest {
     auto environment = display.Environment();
     environment.emplace_back("SOURCE_DATE_EPOCH", "1000000000");
     environment.emplace_back("QT_QPA_PLATFORM", "xcb");
-    environment.emplace_back("LSAN_OPTIONS", "print_suppressions=0:suppressions=" FOREIGN_LEAKS);
+    environment.emplace_back("LSAN_OPTIONS", "print_suppressions=0:suppressions='" FOREIGN_LEAKS "'");
     wizard = std::make_unique<RunningProgram>(std::vector<std::string>{(program / "discwright").string()},
                                               Surroundings{.environment = environment});
     window = display.WaitForWindow(kTitle);
@@ -70,7 +70,7 @@ TEST_F(WholeWizard, BuildThroughTheWindow_GivesTheSameImageAsWithoutIt) {
   Start();
   StartTheBuild();
   EndWithFinish();
-  EXPECT_EQ(ReadFile(image), ReadFile(headless));
+  EXPECT_TRUE(ReadFile(image) == ReadFile(headless));  // a failure must not print two images
   EXPECT_TRUE(fs::exists(program / "vexacd.ini"));
 }
 

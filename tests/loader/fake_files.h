@@ -63,7 +63,7 @@ struct ReadScriptText {
     }
     return texts;
   }
-  // The texts of the entries; those of a submenu stand behind its own with a "/" between.
+  // The texts of the entries. An entry in a submenu has the text of the submenu and a "/" in front of its own.
   std::vector<std::string> Entries() const {
     std::vector<std::string> texts;
     for (std::uint16_t i = 0; i < script->entry_count; ++i) texts.push_back(NameOf(i));

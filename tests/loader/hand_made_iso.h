@@ -1,4 +1,4 @@
-// Builds small images of ISO 9660 byte by byte, also such as no mastering program would make.
+// Builds small images of ISO 9660 byte by byte. They may have mistakes that no mastering program makes.
 #pragma once
 
 #include <cstdint>
