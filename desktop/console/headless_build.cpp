@@ -35,7 +35,7 @@ namespace discwright::desktop {
 
 namespace {
 
-constexpr std::size_t kLongestPassword = 4096;  // bytes; the boot menu takes far fewer
+constexpr std::size_t kLongestPassword = 4096;  // bytes: nobody types more at a boot menu
 
 int UsageError(Terminal& terminal, const std::string& error) {
   terminal.PrintLine("discwright-build: " + error);

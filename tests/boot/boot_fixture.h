@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -55,18 +54,10 @@ class BootTest : public ::testing::Test {
     return entry == nullptr ? IsoEntry{} : *entry;
   }
 
-  // A CD drive whose reads of one sector fail `count` times, or always when `count` is kAlways.
+  // As the function of this name, with the image of this test.
   std::vector<std::string> FaultyCdDrive(std::uint32_t sector_of_cd, int count) const {
-    std::string faults;
-    for (int number = 0; number < std::max(count, 1); ++number) {
-      faults += "[inject-error]\nevent = \"read_aio\"\nerrno = \"5\"\nsector = \"" + std::to_string(sector_of_cd * 4) +
-                "\"\nonce = \"" + (count > 0 ? "on" : "off") + "\"\n";
-    }
-    WriteFile(place / "faults", faults);
-    return {"-drive", "if=ide,media=cdrom,driver=raw,file.driver=blkdebug,file.config=" + (place / "faults").string() +
-                          ",file.image.filename=" + image.string()};
+    return testing::FaultyCdDrive(image, place / "faults", sector_of_cd, count);
   }
-  static constexpr int kAlways = 0;
 
   TemporaryFolder place{"boot"};
   fs::path tree = place / "tree";

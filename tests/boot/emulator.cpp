@@ -6,6 +6,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <map>
 #include <stdexcept>
 #include <thread>
 
@@ -47,6 +49,21 @@ std::string Quoted(const std::string& text) {
   return quoted += '"';
 }
 
+// QEMU's name of the key, perhaps together with Shift, that makes a character on a US keyboard.
+std::string KeyOf(char character) {
+  static const std::map<char, std::string> keys = {{' ', "spc"},        {'`', "grave_accent"}, {'-', "minus"},
+                                                   {'=', "equal"},      {'[', "bracket_left"}, {']', "bracket_right"},
+                                                   {'\\', "backslash"}, {';', "semicolon"},    {'\'', "apostrophe"},
+                                                   {',', "comma"},      {'.', "dot"},          {'/', "slash"}};
+  constexpr std::string_view kShifted = "~!@#$%^&*()_+{}|:\"<>?";
+  constexpr std::string_view kUnshifted = "`1234567890-=[]\\;',./";
+  const std::size_t shifted = kShifted.find(character);
+  if (shifted != std::string_view::npos) return "shift+" + KeyOf(kUnshifted[shifted]);
+  if (character >= 'A' && character <= 'Z') return "shift+" + KeyOf(static_cast<char>(character - 'A' + 'a'));
+  const auto key = keys.find(character);
+  return key == keys.end() ? std::string(1, character) : key->second;
+}
+
 }  // namespace
 
 std::vector<std::string> CdDrive(const fs::path& image) {
@@ -67,6 +84,18 @@ std::vector<std::string> UsbCdDrive(const fs::path& image) {
 
 std::vector<std::string> HardDisk(const fs::path& image) {
   return {"-drive", "if=ide,media=disk,format=raw,file=" + image.string()};
+}
+
+std::vector<std::string> FaultyCdDrive(const fs::path& image, const fs::path& faults, std::uint32_t sector_of_cd,
+                                       int count) {
+  std::string lines;
+  for (int number = 0; number < std::max(count, 1); ++number) {
+    lines += "[inject-error]\nevent = \"read_aio\"\nerrno = \"5\"\nsector = \"" + std::to_string(sector_of_cd * 4) +
+             "\"\nonce = \"" + (count > 0 ? "on" : "off") + "\"\n";
+  }
+  WriteFile(faults, lines);
+  return {"-drive", "if=ide,media=cdrom,driver=raw,file.driver=blkdebug,file.config=" + faults.string() +
+                        ",file.image.filename=" + image.string()};
 }
 
 Emulator::Emulator(const std::vector<std::string>& arguments)
@@ -142,7 +171,18 @@ std::string Emulator::Screen() {
 std::string Emulator::Serial() const { return ReadFile(folder_ / "serial"); }
 
 void Emulator::SendKey(const std::string& key) {
-  Execute("send-key", R"({"keys": [{"type": "qcode", "data": )" + Quoted(key) + "}]}");
+  std::string keys;
+  for (std::size_t begin = 0; begin <= key.size();) {
+    const std::size_t end = std::min(key.find('+', begin), key.size());
+    keys +=
+        (keys.empty() ? "" : ", ") + (R"({"type": "qcode", "data": )" + Quoted(key.substr(begin, end - begin)) + "}");
+    begin = end + 1;
+  }
+  Execute("send-key", R"({"hold-time": 10, "keys": [)" + keys + "]}");
+}
+
+void Emulator::Type(std::string_view text) {
+  for (const char character : text) SendKey(KeyOf(character));
 }
 
 std::string Emulator::Memory(std::uint32_t address, std::uint32_t size) {

@@ -22,6 +22,11 @@ std::vector<std::string> AhciCdDrive(const fs::path& image);
 std::vector<std::string> UsbCdDrive(const fs::path& image);
 std::vector<std::string> HardDisk(const fs::path& image);
 
+// A CD drive whose reads of one sector fail `count` times, or always when `count` is kAlways. Writes a file `faults`.
+std::vector<std::string> FaultyCdDrive(const fs::path& image, const fs::path& faults, std::uint32_t sector_of_cd,
+                                       int count);
+inline constexpr int kAlways = 0;
+
 // The machine is switched off when the object is destroyed or the test is killed.
 class Emulator {
  public:
@@ -51,8 +56,10 @@ class Emulator {
   std::string Screen();        // 25 lines without trailing blanks
   std::string Serial() const;  // what was sent through COM1
 
-  // Presses a key. `key` is QEMU's name for it: "a", "ret", "spc", "down".
+  // Presses a key, or several together with a plus sign between them. QEMU's names of keys: "a", "ret", "spc", "alt+1".
   void SendKey(const std::string& key);
+  // Types characters of a US keyboard: 32 to 126.
+  void Type(std::string_view text);
 
   std::string Memory(std::uint32_t address, std::uint32_t size);  // physical address; empty when the emulator has ended
   std::string Monitor(const std::string& command);                // a command of QEMU's human monitor
