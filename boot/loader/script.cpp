@@ -12,8 +12,8 @@ constexpr std::string_view kRequest = "PasswordRequest";
 
 }  // namespace
 
-void ReadScript(Files& files, std::string_view path, std::span<char> memory, Script& script) {
-  ScriptReader(files, memory, script).Read(path);
+void ReadScript(Files& files, std::string_view path, Processor processor, std::span<char> memory, Script& script) {
+  ScriptReader(files, processor, memory, script).Read(path);
 }
 
 std::string_view Describe(const Mistake& mistake, std::span<char> to) {
@@ -36,6 +36,7 @@ std::string_view Describe(const Mistake& mistake, std::span<char> to) {
 constinit const ScriptReader::Word ScriptReader::kWords[] = {
     {"Include", Place::kOutside, Value::kNeeded, &ScriptReader::Include},
     {"IfFile", Place::kAnywhere, Value::kNeeded, &ScriptReader::IfFile},
+    {"IfProcessor", Place::kAnywhere, Value::kNeeded, &ScriptReader::IfProcessor},
     {"EndIf", Place::kOutside, Value::kNone, &ScriptReader::EndIf},
     {"Menu", Place::kOutside, Value::kNeeded, &ScriptReader::Menu},
     {"EndMenu", Place::kOutside, Value::kNone, &ScriptReader::EndMenu},
@@ -122,7 +123,7 @@ void ScriptReader::Close() {
     if (block_count_ <= kMostBlocks) {
       const Block& block = blocks_[block_count_ - 1];
       line_ = block.line;
-      Say(block.is_menu ? "this Menu is not ended with EndMenu" : "this IfFile is not ended with EndIf");
+      Say(block.is_menu ? "this Menu is not ended with EndMenu" : "this IfFile or IfProcessor is not ended with EndIf");
     }
     Drop();
   }

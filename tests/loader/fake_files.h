@@ -44,15 +44,17 @@ class FakeFiles : public Files {
 // A script that was read, together with the memory that its texts are in.
 struct ReadScriptText {
   explicit ReadScriptText(FakeFiles& files, std::size_t room = 256 * 1024) : memory(room) {
-    ReadScript(files, "main.cds", memory, *script);
+    ReadScript(files, "main.cds", Processor::k32Bit, memory, *script);
   }
   explicit ReadScriptText(const std::string& text) : ReadScriptText(text, {}) {}
   // `present` are files that are on the CD.
-  ReadScriptText(const std::string& text, const std::vector<std::string>& present) : memory(256 * 1024) {
+  ReadScriptText(const std::string& text, const std::vector<std::string>& present,
+                 Processor processor = Processor::k32Bit)
+      : memory(256 * 1024) {
     FakeFiles files;
     files.files["main.cds"] = text;
     for (const std::string& path : present) files.files[path];
-    ReadScript(files, "main.cds", memory, *script);
+    ReadScript(files, "main.cds", processor, memory, *script);
   }
 
   std::vector<std::string> Mistakes() const {

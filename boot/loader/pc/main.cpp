@@ -12,6 +12,7 @@
 #include "boot/loader/pc/loader_main.h"
 #include "boot/loader/pc/places.h"
 #include "boot/loader/pc/power.h"
+#include "boot/loader/pc/processor.h"
 #include "boot/loader/pc/starter.h"
 #include "boot/loader/script.h"
 #include "boot/loader/tick_count.h"
@@ -87,7 +88,7 @@ void Main(Console& console, BiosDisk& disk) {
   if (error != IsoError::kNone) SayWhyAndRestart(console, error);
   CdFiles files(volume);
   Script& script = script_place.Make();
-  ReadScript(files, kScript, texts, script);
+  ReadScript(files, kScript, ReadProcessor(), texts, script);
   Obstacles obstacles{};
   if (disk.drive().shift != 0)
     obstacles[static_cast<std::size_t>(CommandKind::kCdSector)] = "This can only start from a CD drive.";
