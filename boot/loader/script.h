@@ -4,8 +4,8 @@
 // words, one value. Words may have any letter case. Blanks and tabs around words and values do not count. A value that
 // has blanks at its ends, a comment's sign or a quote at its beginning stands in double quotes; no quote can stand
 // inside of it. A comment begins with # or ; at the start of a line or behind a blank, outside of quotes. Bytes above
-// 126 are passed on as they are: the screen shows them as code page 437 has them. A path begins at the root of the CD,
-// with / or \ between the names.
+// 126 are passed on as they are: the screen shows them as code page 437 has them. A path begins at the root of the CD
+// or floppy, which are both called CD below, with / or \ between the names.
 //
 //   Set NAME=VALUE    sets Title, Timeout, Default, PasswordRequest or PasswordString (see below)
 //   Include PATH      continues with another script, and then with the next line; at most 8 inside one another

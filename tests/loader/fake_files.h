@@ -16,6 +16,7 @@ namespace discwright::loader {
 
 class FakeFiles : public Files {
  public:
+  Medium medium() const override { return where; }
   bool Exists(std::string_view path) override { return Find(path) != nullptr; }
 
   FileText Read(std::string_view path, std::span<char> to) override {
@@ -28,6 +29,7 @@ class FakeFiles : public Files {
     return {size < text->size() ? ReadEnd::kTooLarge : ReadEnd::kRead, size};
   }
 
+  Medium where = Medium::kCd;
   std::map<std::string, std::string> files;
   std::string unreadable;
   int reads = 0;

@@ -347,6 +347,20 @@ TEST(ReadScriptTest, WithoutAnyEntry_TheMenuOffersWhatNeedsNoFile) {
   EXPECT_THAT(unreadable.Entries(), SizeIs(4));
 }
 
+TEST(ReadScriptTest, OnAFloppy_MessagesNameTheDisk) {
+  FakeFiles files;
+  files.where = Medium::kFloppy;
+  const ReadScriptText missing(files);
+  EXPECT_THAT(missing.Mistakes(),
+              ElementsAre("main.cds: this script is not on the disk: main.cds",
+                          "main.cds: no entry can be shown, so the menu has only those that need no file of the disk"));
+  EXPECT_EQ(missing.script->entries[1].help, "Goes on without this disk.");
+  files.files["main.cds"];
+  files.unreadable = "main.cds";
+  EXPECT_THAT(ReadScriptText(files).Mistakes(),
+              Contains("main.cds: this script could not be read from the disk: main.cds"));
+}
+
 TEST(ReadScriptTest, Default_IsAPlaceOrAHotKeyOfTheMainMenu) {
   const std::string entries = "Entry A\nKey A\nRestart\nEndEntry\nMenu M\nKey M\n" + kRestartEntry +
                               "EndMenu\nEntry B\nKey B\nRestart\nEndEntry\nEntry C\nKey C\nFloppy no\nEndEntry\n";
