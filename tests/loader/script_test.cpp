@@ -91,6 +91,18 @@ TEST(ReadScriptTest, BlockWhoseFileIsMissing_DoesNotCount) {
   EXPECT_EQ(read.script->step_count, 0);
 }
 
+TEST(ReadScriptTest, ProcessorOfTheComputer_DecidesAboutBlocksAndEntries) {
+  const std::string text =
+      "IfProcessor 64\nMenu Block 64\n" + kRestartEntry +
+      "EndMenu\nEndIf\nIfProcessor 32\nIfFile there\nEntry Block 32\n" +
+      "Restart\nEndEntry\nEndIf\nEndIf\nEntry 64\nIfProcessor 64\nRestart\nEndEntry\n" +
+      "Entry 32\nifprocessor 32\nRestart\nEndEntry\nEntry None\nIfProcessor 32\nIfProcessor 64\nRestart\nEndEntry\n" +
+      "IfProcessor 16\nEntry 16\nRestart\nEndEntry\nEndIf\n";
+  EXPECT_THAT(ReadScriptText(text, {"there"}, Processor::k64Bit).Entries(),
+              ElementsAre("Block 64", "Block 64/Restart", "64"));
+  EXPECT_THAT(ReadScriptText(text, {"there"}, Processor::k32Bit).Entries(), ElementsAre("Block 32", "32"));
+}
+
 TEST(ReadScriptTest, Submenus_HoldTheirEntriesAndDisappearWhenEmpty) {
   const ReadScriptText read(
       "Menu A\nKey A\nHelp of A\nMenu B\n" + kRestartEntry + "EndMenu\n" + kRestartEntry +
@@ -126,10 +138,14 @@ TEST(ReadScriptTest, EachMistake_IsNamedWithFileLineAndReasonAndLosesNothingElse
       {"Print \"x\" y", "main.cds, line 1: something stands behind the second quote of the value"},
       {"Wait x", "main.cds, line 1: Wait has a number of seconds from 0 to 3600: x"},
       {"Wait 3601", "main.cds, line 1: Wait has a number of seconds from 0 to 3600: 3601"},
-      {"EndIf", "main.cds, line 1: EndIf stands here without its IfFile"},
+      {"EndIf", "main.cds, line 1: EndIf stands here without its IfFile or IfProcessor"},
       {"EndMenu", "main.cds, line 1: EndMenu stands here without its Menu"},
       {"IfFile there\nEndMenu\nEndIf", "main.cds, line 2: EndMenu stands here without its Menu"},
-      {"IfFile there", "main.cds, line 1: this IfFile is not ended with EndIf"},
+      {"IfFile there", "main.cds, line 1: this IfFile or IfProcessor is not ended with EndIf"},
+      {"IfProcessor 32", "main.cds, line 1: this IfFile or IfProcessor is not ended with EndIf"},
+      {"IfProcessor\nEndIf", "main.cds, line 1: this word needs a value: IfProcessor"},
+      {"IfProcessor 16\nEndIf", "main.cds, line 1: IfProcessor has the number 64 or 32: 16"},
+      {"Entry A\nIfProcessor 16\nRestart\nEndEntry", "main.cds, line 2: IfProcessor has the number 64 or 32: 16"},
       {"Set Title", "main.cds, line 1: Set needs a name, an equals sign and a value"},
       {"Set Title=", "main.cds, line 1: Set needs a value for Title, which may be \"\""},
       {"Set Colour=1",
@@ -263,7 +279,7 @@ TEST(ReadScriptTest, BlocksThatAreTooDeep_AreSkippedAndLeaveTheRest) {
   for (int i = 39; i >= 0; --i) text += i % 2 == 0 ? "EndMenu\n" : "EndIf\n";
   const ReadScriptText read(text + kRestartEntry);
   EXPECT_THAT(read.Mistakes(),
-              ElementsAre("main.cds, line 17: at most 16 Menu and IfFile may stand inside one another"));
+              ElementsAre("main.cds, line 17: at most 16 Menu, IfFile and IfProcessor may stand inside one another"));
   EXPECT_THAT(read.Entries(), ElementsAre("Restart"));
 }
 
@@ -273,7 +289,7 @@ TEST(ReadScriptTest, SixteenBlocksInsideOneAnother_AreFine) {
   text += "Key A\nHelp x\n" + kRestartEntry;
   for (int i = 15; i >= 0; --i) text += i % 2 == 0 ? "EndIf\n" : "EndMenu\n";
   const ReadScriptText read(text + "EndIf\nBad\n");
-  EXPECT_THAT(read.Mistakes(), ElementsAre("main.cds, line 39: EndIf stands here without its IfFile",
+  EXPECT_THAT(read.Mistakes(), ElementsAre("main.cds, line 39: EndIf stands here without its IfFile or IfProcessor",
                                            "main.cds, line 40: no line begins with this word: Bad"));
   EXPECT_EQ(read.script->entry_count, 9);
   EXPECT_EQ(read.script->entries[7].key, 'A');
@@ -329,6 +345,20 @@ TEST(ReadScriptTest, WithoutAnyEntry_TheMenuOffersWhatNeedsNoFile) {
   const ReadScriptText unreadable(files);
   EXPECT_THAT(unreadable.Mistakes(), Contains("main.cds: this script could not be read from the CD: main.cds"));
   EXPECT_THAT(unreadable.Entries(), SizeIs(4));
+}
+
+TEST(ReadScriptTest, OnAFloppy_MessagesNameTheDisk) {
+  FakeFiles files;
+  files.where = Medium::kFloppy;
+  const ReadScriptText missing(files);
+  EXPECT_THAT(missing.Mistakes(),
+              ElementsAre("main.cds: this script is not on the disk: main.cds",
+                          "main.cds: no entry can be shown, so the menu has only those that need no file of the disk"));
+  EXPECT_EQ(missing.script->entries[1].help, "Goes on without this disk.");
+  files.files["main.cds"];
+  files.unreadable = "main.cds";
+  EXPECT_THAT(ReadScriptText(files).Mistakes(),
+              Contains("main.cds: this script could not be read from the disk: main.cds"));
 }
 
 TEST(ReadScriptTest, Default_IsAPlaceOrAHotKeyOfTheMainMenu) {

@@ -17,8 +17,6 @@ class BiosDisk final : public Sectors {
 
   bool Read(std::uint32_t sector, std::span<std::uint8_t> to) override;
 
-  [[nodiscard]] Drive drive() const { return drive_; }
-
   // What the BIOS said about the last read that failed; kShortRead when it read too little and reported success.
   [[nodiscard]] std::uint8_t LastError() const { return last_error_; }
   static constexpr std::uint8_t kShortRead = 0xFF;
