@@ -127,8 +127,8 @@ std::string ProgramText() {
   return text;
 }
 
-TEST(HelpTopics, Folder_HoldsOneTopicForEachPageAndTheThreeLists) {
-  std::vector<std::string> expected = {"contents.html", "help.css", "index.html", "start.html"};
+TEST(HelpTopics, Folder_HoldsOneTopicForEachPageTheThreeListsAndTheScript) {
+  std::vector<std::string> expected = {"contents.html", "help.css", "index.html", "script.html", "start.html"};
   for (int page = 0; page < static_cast<int>(forms::kPageCount); ++page) expected.push_back(FileOfPage(page));
   EXPECT_THAT(Files(), ::testing::UnorderedElementsAreArray(expected));
 }
