@@ -89,10 +89,12 @@ test-asan:
 	cmake --build --preset linux-asan -j $(jobs)
 	scripts/run_tests.sh linux-asan
 
-# The pictures of README.md, as the tests of the window draw them.
+# The pictures of README.md, as the tests of the window and of the boot menu draw them.
 screenshots: configured
-	cmake --build --preset linux -j $(jobs) --target window_test
+	cmake --build --preset linux -j $(jobs) --target window_test end_to_end_test
 	build/linux/tests/window_test --gtest_filter='*Screenshot*' --gtest_brief=1
+	build/linux/tests/end_to_end_test --gtest_filter='BootMenu.Picture*' --gtest_brief=1
+	cp build/linux/tests/screenshots/boot_menu.png packaging/screenshots/boot_menu.png
 	cp build/linux/tests/screenshots/page1_light.png packaging/screenshots/contents.png
 	cp build/linux/tests/screenshots/page10_light.png packaging/screenshots/progress.png
 	cp build/linux/tests/screenshots/page9_dark.png packaging/screenshots/finish.png

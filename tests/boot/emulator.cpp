@@ -170,6 +170,10 @@ std::string Emulator::Screen() {
 
 std::string Emulator::Serial() const { return ReadFile(folder_ / "serial"); }
 
+void Emulator::SavePicture(const fs::path& file) {
+  Execute("screendump", R"({"format": "png", "filename": )" + Quoted(file.string()) + "}");
+}
+
 void Emulator::SendKey(const std::string& key) {
   std::string keys;
   for (std::size_t begin = 0; begin <= key.size();) {

@@ -56,6 +56,9 @@ class Emulator {
   std::string Screen();        // 25 lines without trailing blanks
   std::string Serial() const;  // what was sent through COM1
 
+  // Writes a picture of the screen, a file in the format PNG.
+  void SavePicture(const fs::path& file);
+
   // Presses a key, or several together with a plus sign between them. QEMU's names of keys: "a", "ret", "spc", "alt+1".
   void SendKey(const std::string& key);
   // Types characters of a US keyboard: 32 to 126.

@@ -30,6 +30,28 @@ TEST_F(BootMenu, EveryKindOfCdDrive_ShowsTheEntriesWhoseFilesAreOnTheCd) {
   }
 }
 
+// README.md shows this picture: the menu of a CD that has everything.
+TEST_F(BootMenu, Picture_IsTakenOfAFullMenu) {
+  ChosenDiscs discs{place / "discs"};
+  discs.Insert(Shown::kUpperCase);
+  ASSERT_EQ(Build(discs.Choices()).exit_code, 0);
+  Emulator pc(CdDrive(image));
+  ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
+  pc.SendKey("down");  // ends the countdown
+  ASSERT_TRUE(pc.WaitForScreen("rescue software"));
+  for (const char* entry : {"Windows 2000/XP Setup", "Launcher", "ERD Commander", "BlueCon", "Power off"}) {
+    EXPECT_THAT(pc.Screen(), HasSubstr(entry));
+  }
+  fs::create_directories(SCREENSHOTS);
+  const fs::path picture = fs::path(SCREENSHOTS) / "boot_menu.png";
+  fs::remove(picture);
+  pc.SavePicture(picture);
+  const std::string bytes = ReadFile(picture);
+  EXPECT_EQ(bytes.substr(1, 3), "PNG");
+  // The size of the text mode of VGA, as numbers with the high byte first.
+  EXPECT_EQ(bytes.substr(16, 8), std::string("\0\0\x02\xD0\0\0\x01\x90", 8));
+}
+
 TEST_F(BootMenu, FloppyImage_IsStartedFromMemory) {
   ASSERT_EQ(Build().exit_code, 0);
   Emulator pc(CdDrive(image));
