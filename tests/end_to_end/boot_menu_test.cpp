@@ -60,6 +60,15 @@ TEST_F(BootMenu, FloppyImage_IsStartedFromMemory) {
   EXPECT_TRUE(pc.WaitForScreen(kFloppyText));
 }
 
+// QEMU knows no 80386: its oldest processor is the 80486.
+TEST_F(BootMenu, OldMachineWith4MbOfMemory_ShowsTheMenuAndStartsAFloppyImage) {
+  ASSERT_EQ(Build().exit_code, 0);
+  Emulator pc(Join(CdDrive(image), std::vector<std::string>{"-cpu", "486", "-m", "4"}));
+  ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
+  pc.SendKey("s");
+  EXPECT_TRUE(pc.WaitForScreen(kFloppyText));
+}
+
 TEST_F(BootMenu, SetupSectors_ReachTheLoadersOfTheirFolders) {
   ChosenDiscs discs{place / "discs"};
   discs.Insert(Shown::kUpperCase);
