@@ -96,7 +96,7 @@ TEST_F(BootFaultyCd, ErrorInTheMiddleThatStays_IsSaidAndTheMenuWorks) {
   Emulator pc(FaultyDrive(kAlways));
   ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
   pc.SendKey("x");
-  ASSERT_TRUE(pc.WaitForScreen("The drive cannot read it."));
+  ASSERT_TRUE(pc.WaitForScreen("mine/floppy.img: The drive cannot read it."));
   pc.SendKey("t");
   EXPECT_TRUE(pc.WaitForScreen("Memory and disks"));
 }

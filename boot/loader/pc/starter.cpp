@@ -9,6 +9,7 @@
 #include "boot/loader/pc/keyboard.h"
 #include "boot/loader/pc/places.h"
 #include "boot/loader/pc/power.h"
+#include "boot/loader/progress.h"
 #include "boot/loader/sectors.h"
 #include "boot/loader/text.h"
 
@@ -28,6 +29,17 @@ constexpr std::size_t kSignature = 510;  // of a boot sector of a disk: 55h AAh
 std::span<std::uint8_t> Memory(std::uint32_t address, std::size_t size) {
   // NOLINTNEXTLINE(performance-no-int-to-ptr): the loader gets addresses as numbers
   return {reinterpret_cast<std::uint8_t*>(address), size};
+}
+
+constexpr std::size_t kProgressWidth = Console::kColumns - 2;
+
+// Replaces the lowest line of the screen; an empty text erases it.
+void ShowProgress(std::string_view line) {
+  constexpr std::size_t kRow = Console::kLines - 1;
+  for (std::size_t column = line.size(); column < kProgressWidth; ++column) {
+    Console::WriteAt({kRow, column + 2}, " ", Console::kLightGrey);
+  }
+  Console::WriteAt({kRow, 2}, line, Console::kLightGrey);
 }
 
 [[noreturn]] void JumpToBootSector(std::uint8_t drive) { bios::Jump({0, kBootSector}, {.edx = drive}); }
@@ -59,12 +71,19 @@ std::string_view Starter::Start(const Command& command) {
   return "";
 }
 
+// Returns the sentence with the name of the file in front.
+std::string_view Starter::Failed(std::string_view path, std::string_view sentence) {
+  static std::array<char, 240> room;
+  constexpr std::size_t kLongestPath = 80;
+  return TextWriter(room).Add(Part(path, 0, kLongestPath)).Add(": ").Add(sentence).text();
+}
+
 std::string_view Starter::StartCdSector(std::string_view path) {
   static std::array<std::uint8_t, kSectorSize> sector;
   std::uint32_t size = 0;
   const VolumeError error = volume_.ReadFile(path, sector, size);
-  if (error != VolumeError::kNone) return WordsFor(error);
-  if (size != sector.size()) return "The file is no boot sector for CDs: it must have 2,048 bytes.";
+  if (error != VolumeError::kNone) return Failed(path, error);
+  if (size != sector.size()) return Failed(path, "This is no boot sector for CDs: it must have 2,048 bytes.");
   std::memcpy(Memory(kBootSector, sector.size()).data(), sector.data(), sector.size());
   console_.Clear();
   JumpToBootSector(drive_);
@@ -86,23 +105,20 @@ std::string_view Starter::StartHardDisk(std::uint8_t number) {
   JumpToBootSector(number);
 }
 
-// Loads a part of a file to memory, and shows how far it is.
+// Loads a part of a file to memory, and shows how much of the part is there.
 VolumeError Starter::Load(const VolumeEntry& file, std::uint32_t offset, std::uint32_t size, std::uint32_t address,
                           std::string_view name) {
   // A floppy drive needs about a second for 32 KB.
   const std::uint32_t most = volume_.medium() == Medium::kCd ? 0x100000 : 0x8000;
-  std::array<char, Console::kColumns> line{};
+  ShowProgress({});
   for (std::uint32_t done = 0; done < size;) {
+    std::array<char, kProgressWidth> line{};
+    ShowProgress(ProgressLine(name, done, size, line));
     const std::uint32_t piece = std::min(most, size - done);
     const VolumeError error = volume_.Read(file, offset + done, Memory(address + done, piece));
     if (error != VolumeError::kNone) return error;
     done += piece;
-    constexpr unsigned kKilobyte = 10;  // as a power of two
-    const std::uint32_t total = std::max<std::uint32_t>(size >> kKilobyte, 1);
-    TextWriter text(line);
-    text.Add("Loading ").Add(name).Add(": ").Add(std::min<std::uint32_t>((done >> kKilobyte) * 100 / total, 100));
-    text.Add(" %   ");
-    Console::WriteAt({Console::kLines - 1, 2}, text.text(), Console::kLightGrey);
+    if (done == size) ShowProgress(ProgressLine(name, done, size, line));
   }
   return VolumeError::kNone;
 }
@@ -111,23 +127,26 @@ std::string_view Starter::StartLinux(std::string_view path, std::string_view opt
   VolumeEntry kernel;
   VolumeEntry disk;
   VolumeError error = volume_.Find(path, kernel);
-  if (error == VolumeError::kNone && !ram_disk.empty()) error = volume_.Find(ram_disk, disk);
-  if (error != VolumeError::kNone) return WordsFor(error);
+  if (error != VolumeError::kNone) return Failed(path, error);
+  if (!ram_disk.empty()) error = volume_.Find(ram_disk, disk);
+  if (error != VolumeError::kNone) return Failed(ram_disk, error);
   static std::array<std::uint8_t, kHeaderSize> start;
   const std::size_t known = std::min<std::size_t>(kernel.size, start.size());
   error = volume_.Read(kernel, 0, std::span(start).first(known));
-  if (error != VolumeError::kNone) return WordsFor(error);
+  if (error != VolumeError::kNone) return Failed(path, error);
   KernelHeader header;
   KernelPlace place;
   KernelError problem = ReadKernelHeader(std::span(start).first(known), kernel.size, header);
   if (problem == KernelError::kNone) {
     problem = PlaceKernel(header, memory_, kKernelSetup, options.size(), disk.size, place);
   }
-  if (problem != KernelError::kNone) return Explanation(problem);
+  if (problem == KernelError::kNoRoomForRamDisk) return Failed(ram_disk, Explanation(problem));
+  if (problem != KernelError::kNone) return Failed(path, Explanation(problem));
   error = Load(kernel, 0, header.setup_size, kKernelSetup, path);
   if (error == VolumeError::kNone) error = Load(kernel, header.setup_size, header.kernel_size, kKernelAddress, path);
-  if (error == VolumeError::kNone) error = Load(disk, 0, disk.size, place.ram_disk.begin, ram_disk);
-  if (error != VolumeError::kNone) return WordsFor(error);
+  if (error != VolumeError::kNone) return Failed(path, error);
+  error = Load(disk, 0, disk.size, place.ram_disk.begin, ram_disk);
+  if (error != VolumeError::kNone) return Failed(ram_disk, error);
   const std::span<std::uint8_t> line = Memory(place.command_line, options.size() + 1);
   std::memcpy(line.data(), options.data(), options.size());
   line.back() = 0;

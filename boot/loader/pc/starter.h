@@ -23,7 +23,10 @@ class Starter {
   std::string_view Start(const Command& command);
 
  private:
-  std::string_view WordsFor(VolumeError error) const { return Words(error, volume_.medium()); }
+  static std::string_view Failed(std::string_view path, std::string_view sentence);
+  std::string_view Failed(std::string_view path, VolumeError error) const {
+    return Failed(path, Words(error, volume_.medium()));
+  }
   std::string_view StartCdSector(std::string_view path);
   std::string_view StartHardDisk(std::uint8_t number);
   std::string_view StartLinux(std::string_view path, std::string_view options, std::string_view ram_disk);
