@@ -55,16 +55,20 @@ class BootTest : public ::testing::Test {
     return entry == nullptr ? IsoEntry{} : *entry;
   }
 
-  // A CD drive whose reads of one sector fail `count` times, or always when `count` is kAlways.
-  std::vector<std::string> FaultyCdDrive(std::uint32_t sector_of_cd, int count) const {
+  // The image, whose reads of one sector fail `count` times, or always when `count` is kAlways. For QEMU's option
+  // -drive.
+  std::string FaultyImage(std::uint32_t sector_of_cd, int count) const {
     std::string faults;
     for (int number = 0; number < std::max(count, 1); ++number) {
       faults += "[inject-error]\nevent = \"read_aio\"\nerrno = \"5\"\nsector = \"" + std::to_string(sector_of_cd * 4) +
                 "\"\nonce = \"" + (count > 0 ? "on" : "off") + "\"\n";
     }
     WriteFile(place / "faults", faults);
-    return {"-drive", "if=ide,media=cdrom,driver=raw,file.driver=blkdebug,file.config=" + (place / "faults").string() +
-                          ",file.image.filename=" + image.string()};
+    return "driver=raw,file.driver=blkdebug,file.config=" + (place / "faults").string() +
+           ",file.image.filename=" + image.string();
+  }
+  std::vector<std::string> FaultyCdDrive(std::uint32_t sector_of_cd, int count) const {
+    return {"-drive", "if=ide,media=cdrom," + FaultyImage(sector_of_cd, count)};
   }
   static constexpr int kAlways = 0;
 

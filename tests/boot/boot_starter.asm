@@ -1,11 +1,12 @@
-; Starts a CD boot sector in ways in which the emulator's BIOS does not start it. The sector follows this program in the
-; boot image of the CD. The program reads it to 0000:7C00 and enters it with the drive in DL, random values in the other
+; Starts a CD boot sector, or the boot record for disks, in ways in which the emulator's BIOS does not start it. The
+; sector follows this program in the boot image of the CD. The program reads it to 0000:7C00 and enters it with the drive in DL, random values in the other
 ; registers and a key in the keyboard buffer. Definitions for the assembler select a variant:
 ;
 ; SEGMENT    0 enters at 0000:7C00, 0x7C0 at 07C0:0000
 ; MEMORY_KB  the size that INT 12h reports to the sector
 ; DRIVE      the number of the drive that the sector gets, instead of that of the CD
 ; A20_OFF    switches line A20 off
+; NO_EXTENSIONS  installs an INT 13h that does not know the function 41h, as BIOSes without the extensions
 ; CHANGED    changes the last byte of the sector in memory, so that it differs from the one on the CD
 ; BAD_BIOS   installs a faulty INT 13h. The CD drive gets the number 9F, and there is no other drive. The function
 ;            that tells where the machine was started from is unknown. The first try of each read fails, the second
@@ -75,14 +76,20 @@ start:
     and al, 0xFC
     out SYSTEM_CONTROL, al
 %endif
+%ifdef NO_EXTENSIONS
+  %define HANDLER old_bios
+%endif
 %ifdef BAD_BIOS
+  %define HANDLER bad_bios
+    mov [real_drive], dl
+    mov dl, BAD_DRIVE
+%endif
+%ifdef HANDLER
     cli
     mov eax, [DISK_VECTOR]
     mov [bios], eax
-    mov word [DISK_VECTOR], bad_bios
+    mov word [DISK_VECTOR], HANDLER
     mov [DISK_VECTOR + 2], cs
-    mov [real_drive], dl
-    mov dl, BAD_DRIVE
 %endif
     mov ah, 5                   ; puts a key into the keyboard buffer
     mov cx, 0x1E61
@@ -142,6 +149,17 @@ ruin:
     mov gs, ax
     std
     ret
+
+; The INT 13h without extensions.
+old_bios:
+    cmp ah, 0x41
+    je .unknown
+    jmp far [cs:bios]
+.unknown:
+    mov ah, 1
+    stc
+    sti
+    retf 2
 
 ; The faulty INT 13h. It calls the one of the BIOS.
 bad_bios:

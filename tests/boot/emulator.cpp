@@ -69,6 +69,24 @@ std::vector<std::string> HardDisk(const fs::path& image) {
   return {"-drive", "if=ide,media=disk,format=raw,file=" + image.string()};
 }
 
+std::vector<std::string> UsbStick(const fs::path& image) {
+  return {"-drive",  "if=none,id=stick,media=disk,format=raw,file=" + image.string(),
+          "-device", "qemu-xhci",
+          "-device", "usb-storage,drive=stick,bootindex=0"};
+}
+
+std::vector<std::string> IdeDisks(const std::vector<fs::path>& images) {
+  std::vector<std::string> arguments;
+  for (std::size_t i = 0; i < images.size(); ++i) {
+    const std::string number = std::to_string(i);
+    arguments.insert(
+        arguments.end(),
+        {"-drive", "if=none,id=disk" + number + ",media=disk,format=raw,file=" + images[i].string(), "-device",
+         "ide-hd,drive=disk" + number + ",bootindex=" + number + ",bus=ide." + std::to_string(i / 2)});
+  }
+  return arguments;
+}
+
 Emulator::Emulator(const std::vector<std::string>& arguments)
     : control_(Connection()), program_(Command(folder_.path(), control_[1], arguments)) {
   close(control_[1]);

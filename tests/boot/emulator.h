@@ -21,6 +21,9 @@ std::vector<std::string> CdDrive(const fs::path& image);
 std::vector<std::string> AhciCdDrive(const fs::path& image);
 std::vector<std::string> UsbCdDrive(const fs::path& image);
 std::vector<std::string> HardDisk(const fs::path& image);
+// Disks from which the machine starts: a USB stick, and the first ones of several IDE disks, from number 80h on.
+std::vector<std::string> UsbStick(const fs::path& image);
+std::vector<std::string> IdeDisks(const std::vector<fs::path>& images);
 
 // The machine is switched off when the object is destroyed or the test is killed.
 class Emulator {

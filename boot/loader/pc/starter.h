@@ -23,7 +23,7 @@ class Starter {
 
  private:
   std::string_view StartCdSector(std::string_view path);
-  std::string_view StartHardDisk(std::uint8_t number);
+  std::string_view StartHardDisk(std::size_t place);  // 0: the first one
   std::string_view StartLinux(std::string_view path, std::string_view options, std::string_view ram_disk);
   std::string_view ShowOverview();
   IsoError Load(const IsoEntry& file, std::uint32_t offset, std::uint32_t size, std::uint32_t address,
