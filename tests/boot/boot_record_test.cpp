@@ -64,13 +64,22 @@ TEST_F(BootRecord, UsbStickAndIdeDisk_ShowTheMenu) {
 }
 
 TEST_F(BootRecord, BiosWithoutExtensions_IsSaid) {
-  StartWith(Starter("without_extensions", RecordSector()));
+  for (const char* bios : {"on_an_old_bios_1", "on_an_old_bios_2", "on_an_old_bios_3"}) {
+    StartWith(Starter(bios, RecordSector()));
+    Master();
+    Emulator emulator(CdDrive(image));
+    EXPECT_TRUE(
+        emulator.WaitForScreen("\nThe BIOS cannot read this disk (code 6).\nWrite the image again, or to a CD."));
+    emulator.SendKey("a");
+    EXPECT_TRUE(emulator.WaitForEnd());
+    EXPECT_THAT(emulator.Events(), HasSubstr("guest-reset"));
+  }
+}
+
+TEST_F(BootRecord, BiosThatReadsTooLittleAndReportsSuccess_IsSaid) {
+  StartWith(Starter("on_an_old_bios_4", RecordSector()));
   Master();
-  Emulator emulator(CdDrive(image));
-  EXPECT_TRUE(emulator.WaitForScreen("\nThe BIOS cannot read this disk (code 6).\nWrite the image again, or to a CD."));
-  emulator.SendKey("a");
-  EXPECT_TRUE(emulator.WaitForEnd());
-  EXPECT_THAT(emulator.Events(), HasSubstr("guest-reset"));
+  EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen("\nThe disk cannot be read (code 7, BIOS error FF).\n"));
 }
 
 // On this CD the record reads sector 0, because mkisofs has not filled in a sector.
@@ -105,7 +114,8 @@ TEST_F(BootRecord, SeveralDisksWithSuchImages_ShowTheMenuOfTheStartedOne) {
   WriteScript("Another menu");
   Master();
   for (const auto& drives :
-       {IdeDisks({place / "started", image}), IdeDisks({Disk("starts_82"), image, place / "started"})}) {
+       {IdeDisks({place / "started", image}), IdeDisks({Disk("starts_82"), image, place / "started"}),
+        IdeDisks({Disk("starts_81"), place / "started", image})}) {
     Emulator emulator(drives);
     EXPECT_TRUE(emulator.WaitForScreen(kKeys));
     EXPECT_THAT(emulator.Screen(), HasSubstr(kTitle));

@@ -6,7 +6,9 @@
 ; MEMORY_KB  the size that INT 12h reports to the sector
 ; DRIVE      the number of the drive that the sector gets, instead of that of the CD
 ; A20_OFF    switches line A20 off
-; NO_EXTENSIONS  installs an INT 13h that does not know the function 41h, as BIOSes without the extensions
+; OLD_BIOS   installs an INT 13h without the extensions. Its function 41h fails (1), succeeds without the sign that it
+;            is known (2), or says that there are no functions for disk address packets (3). With 4 they are there, but
+;            read too few sectors and report success
 ; CHANGED    changes the last byte of the sector in memory, so that it differs from the one on the CD
 ; BAD_BIOS   installs a faulty INT 13h. The CD drive gets the number 9F, and there is no other drive. The function
 ;            that tells where the machine was started from is unknown. The first try of each read fails, the second
@@ -76,7 +78,7 @@ start:
     and al, 0xFC
     out SYSTEM_CONTROL, al
 %endif
-%ifdef NO_EXTENSIONS
+%ifdef OLD_BIOS
   %define HANDLER old_bios
 %endif
 %ifdef BAD_BIOS
@@ -150,16 +152,36 @@ ruin:
     std
     ret
 
-; The INT 13h without extensions.
+%ifdef OLD_BIOS
+; The INT 13h without extensions. Otherwise it calls the one of the BIOS.
 old_bios:
-    cmp ah, 0x41
-    je .unknown
-    jmp far [cs:bios]
-.unknown:
-    mov ah, 1
-    stc
-    sti
+  %if OLD_BIOS == 4
+    cmp ah, 0x42
+    jne .bios
+    dec word [si + 2]
+    clc
     retf 2
+  %else
+    cmp ah, 0x41
+    jne .bios
+    %if OLD_BIOS == 3
+      mov cx, 0xFFFE
+    %else
+      mov cx, 1
+    %endif
+    %if OLD_BIOS != 2
+      mov bx, 0xAA55
+    %endif
+    %if OLD_BIOS == 1
+      stc
+    %else
+      clc
+    %endif
+    retf 2
+  %endif
+.bios:
+    jmp far [cs:bios]
+%endif
 
 ; The faulty INT 13h. It calls the one of the BIOS.
 bad_bios:
