@@ -17,7 +17,7 @@ cross="g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32"
 case "${1:-build}" in
   build) ;;
   windows) packages="$packages $cross" ;;
-  test) packages="$packages $cross lld libgtest-dev libgmock-dev googletest qemu-system-x86 mtools dosfstools genisoimage xorriso libarchive-tools p7zip-full strace universal-ctags appstream desktop-file-utils xvfb xdotool" ;;
+  test) packages="$packages $cross lld libgtest-dev libgmock-dev googletest qemu-system-x86 mtools dosfstools genisoimage xorriso libarchive-tools p7zip-full fdisk strace universal-ctags appstream desktop-file-utils xvfb xdotool" ;;
   wine32) packages="mmdebstrap util-linux" ;;
   wine64) packages="wine wine64" ;;
   fuzz) packages="$packages clang libclang-rt-14-dev" ;;

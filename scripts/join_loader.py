@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Joins the two stages of the CD's loader to one file and fills in what stage 1 must know about the rest: its length
-and its checksums. Prints the size of the file.
+and its checksums. The boot record for disks follows in a sector of its own; stage 1 tells its size to mkisofs. Prints
+the size of the file.
 
-    join_loader.py STAGE1 STAGE2 RESULT     three files
+    join_loader.py STAGE1 STAGE2 RECORD RESULT     four files
 """
 
 import struct
@@ -12,6 +13,7 @@ from pathlib import Path
 SECTOR = 2048
 MARK = b"DWLOADER"  # stands at MARK_PLACE of stage 1, which says what the values behind it are
 MARK_PLACE = 8
+LARGEST_RECORD = 440  # the room in front of the partition table of a disk
 MOST_SECTORS = 47  # the room in memory between stage 1 and the buffer of the reads
 
 
@@ -24,25 +26,31 @@ def checksums(rest):
     return total, total_of_totals
 
 
-def joined(stage1, stage2):
-    """Returns the bytes of the loader. Raises ValueError when the stages do not fit together."""
+def in_sectors(data):
+    return data + bytes(-len(data) % SECTOR)
+
+
+def joined(stage1, stage2, record):
+    """Returns the bytes of the loader. Raises ValueError when the parts do not fit together."""
     if len(stage1) != SECTOR or stage1[MARK_PLACE : MARK_PLACE + len(MARK)] != MARK:
         raise ValueError("stage 1 is not a sector with the loader's mark")
-    rest = stage2 + bytes(-len(stage2) % SECTOR)
+    if not 1 <= len(record) <= LARGEST_RECORD:
+        raise ValueError(f"the boot record has {len(record)} bytes, not 1 to {LARGEST_RECORD}")
+    rest = in_sectors(stage2)
     sectors = len(rest) // SECTOR
     if not 1 <= sectors <= MOST_SECTORS:
         raise ValueError(f"stage 2 has {sectors} sectors; stage 1 loads 1 to {MOST_SECTORS}")
-    values = struct.pack("<HHII", sectors, 0, *checksums(rest))
+    values = struct.pack("<HHII", sectors, len(record), *checksums(rest))
     place = MARK_PLACE + len(MARK)
-    return stage1[:place] + values + stage1[place + len(values) :] + rest
+    return stage1[:place] + values + stage1[place + len(values) :] + rest + in_sectors(record)
 
 
 def main(arguments):
-    if len(arguments) != 3:
+    if len(arguments) != 4:
         sys.exit(__doc__)
-    stage1, stage2, result = map(Path, arguments)
+    *parts, result = map(Path, arguments)
     try:
-        loader = joined(stage1.read_bytes(), stage2.read_bytes())
+        loader = joined(*(part.read_bytes() for part in parts))
     except ValueError as problem:
         sys.exit(f"{result}: {problem}")
     result.write_bytes(loader)

@@ -54,7 +54,10 @@ class BootTest : public ::testing::Test {
     return entry == nullptr ? IsoEntry{} : *entry;
   }
 
-  // As the function of this name, with the image of this test.
+  // As the functions of these names, with the image of this test.
+  std::string FaultyImage(std::uint32_t sector_of_cd, int count) const {
+    return testing::FaultyImage(image, place / "faults", sector_of_cd, count);
+  }
   std::vector<std::string> FaultyCdDrive(std::uint32_t sector_of_cd, int count) const {
     return testing::FaultyCdDrive(image, place / "faults", sector_of_cd, count);
   }

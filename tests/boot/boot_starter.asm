@@ -1,11 +1,14 @@
-; Starts a CD boot sector in ways in which the emulator's BIOS does not start it. The sector follows this program in the
-; boot image of the CD. The program reads it to 0000:7C00 and enters it with the drive in DL, random values in the other
+; Starts a CD boot sector, or the boot record for disks, in ways in which the emulator's BIOS does not start it. The
+; sector follows this program in the boot image of the CD. The program reads it to 0000:7C00 and enters it with the drive in DL, random values in the other
 ; registers and a key in the keyboard buffer. Definitions for the assembler select a variant:
 ;
 ; SEGMENT    0 enters at 0000:7C00, 0x7C0 at 07C0:0000
 ; MEMORY_KB  the size that INT 12h reports to the sector
 ; DRIVE      the number of the drive that the sector gets, instead of that of the CD
 ; A20_OFF    switches line A20 off
+; OLD_BIOS   installs an INT 13h without the extensions. Its function 41h fails (1), succeeds without the sign that it
+;            is known (2), or says that there are no functions for disk address packets (3). With 4 they are there, but
+;            read too few sectors and report success
 ; CHANGED    changes the last byte of the sector in memory, so that it differs from the one on the CD
 ; BAD_BIOS   installs a faulty INT 13h. The CD drive gets the number 9F, and there is no other drive. The function
 ;            that tells where the machine was started from is unknown. The first try of each read fails, the second
@@ -75,14 +78,20 @@ start:
     and al, 0xFC
     out SYSTEM_CONTROL, al
 %endif
+%ifdef OLD_BIOS
+  %define HANDLER old_bios
+%endif
 %ifdef BAD_BIOS
+  %define HANDLER bad_bios
+    mov [real_drive], dl
+    mov dl, BAD_DRIVE
+%endif
+%ifdef HANDLER
     cli
     mov eax, [DISK_VECTOR]
     mov [bios], eax
-    mov word [DISK_VECTOR], bad_bios
+    mov word [DISK_VECTOR], HANDLER
     mov [DISK_VECTOR + 2], cs
-    mov [real_drive], dl
-    mov dl, BAD_DRIVE
 %endif
     mov ah, 5                   ; puts a key into the keyboard buffer
     mov cx, 0x1E61
@@ -142,6 +151,37 @@ ruin:
     mov gs, ax
     std
     ret
+
+%ifdef OLD_BIOS
+; The INT 13h without extensions. Otherwise it calls the one of the BIOS.
+old_bios:
+  %if OLD_BIOS == 4
+    cmp ah, 0x42
+    jne .bios
+    dec word [si + 2]
+    clc
+    retf 2
+  %else
+    cmp ah, 0x41
+    jne .bios
+    %if OLD_BIOS == 3
+      mov cx, 0xFFFE
+    %else
+      mov cx, 1
+    %endif
+    %if OLD_BIOS != 2
+      mov bx, 0xAA55
+    %endif
+    %if OLD_BIOS == 1
+      stc
+    %else
+      clc
+    %endif
+    retf 2
+  %endif
+.bios:
+    jmp far [cs:bios]
+%endif
 
 ; The faulty INT 13h. It calls the one of the BIOS.
 bad_bios:

@@ -86,16 +86,37 @@ std::vector<std::string> HardDisk(const fs::path& image) {
   return {"-drive", "if=ide,media=disk,format=raw,file=" + image.string()};
 }
 
-std::vector<std::string> FaultyCdDrive(const fs::path& image, const fs::path& faults, std::uint32_t sector_of_cd,
-                                       int count) {
+std::vector<std::string> UsbStick(const fs::path& image) {
+  return {"-drive",  "if=none,id=stick,media=disk,format=raw,file=" + image.string(),
+          "-device", "qemu-xhci",
+          "-device", "usb-storage,drive=stick,bootindex=0"};
+}
+
+std::vector<std::string> IdeDisks(const std::vector<fs::path>& images) {
+  std::vector<std::string> arguments;
+  for (std::size_t i = 0; i < images.size(); ++i) {
+    const std::string number = std::to_string(i);
+    arguments.insert(
+        arguments.end(),
+        {"-drive", "if=none,id=disk" + number + ",media=disk,format=raw,file=" + images[i].string(), "-device",
+         "ide-hd,drive=disk" + number + ",bootindex=" + number + ",bus=ide." + std::to_string(i / 2)});
+  }
+  return arguments;
+}
+
+std::string FaultyImage(const fs::path& image, const fs::path& faults, std::uint32_t sector_of_cd, int count) {
   std::string lines;
   for (int number = 0; number < std::max(count, 1); ++number) {
     lines += "[inject-error]\nevent = \"read_aio\"\nerrno = \"5\"\nsector = \"" + std::to_string(sector_of_cd * 4) +
              "\"\nonce = \"" + (count > 0 ? "on" : "off") + "\"\n";
   }
   WriteFile(faults, lines);
-  return {"-drive", "if=ide,media=cdrom,driver=raw,file.driver=blkdebug,file.config=" + faults.string() +
-                        ",file.image.filename=" + image.string()};
+  return "driver=raw,file.driver=blkdebug,file.config=" + faults.string() + ",file.image.filename=" + image.string();
+}
+
+std::vector<std::string> FaultyCdDrive(const fs::path& image, const fs::path& faults, std::uint32_t sector_of_cd,
+                                       int count) {
+  return {"-drive", "if=ide,media=cdrom," + FaultyImage(image, faults, sector_of_cd, count)};
 }
 
 Emulator::Emulator(const std::vector<std::string>& arguments)

@@ -21,8 +21,13 @@ std::vector<std::string> CdDrive(const fs::path& image);
 std::vector<std::string> AhciCdDrive(const fs::path& image);
 std::vector<std::string> UsbCdDrive(const fs::path& image);
 std::vector<std::string> HardDisk(const fs::path& image);
+// Disks from which the machine starts: a USB stick, and the first ones of several IDE disks, from number 80h on.
+std::vector<std::string> UsbStick(const fs::path& image);
+std::vector<std::string> IdeDisks(const std::vector<fs::path>& images);
 
-// A CD drive whose reads of one sector fail `count` times, or always when `count` is kAlways. Writes a file `faults`.
+// An image whose reads of one sector fail `count` times, or always when `count` is kAlways: for QEMU's option -drive.
+// Writes a file `faults`.
+std::string FaultyImage(const fs::path& image, const fs::path& faults, std::uint32_t sector_of_cd, int count);
 std::vector<std::string> FaultyCdDrive(const fs::path& image, const fs::path& faults, std::uint32_t sector_of_cd,
                                        int count);
 inline constexpr int kAlways = 0;

@@ -39,12 +39,14 @@ class BootLoader : public BootTest {
   void Damage(const Change& change) const {
     std::string bytes = ReadFile(image);
     const std::size_t at = (SectorOfLoader() + 1) * kCdSector;
-    std::string rest = bytes.substr(at, loader.size() - kCdSector);
+    std::string rest = bytes.substr(at, rest_of_loader.size());
     change(rest);
     WriteFile(image, bytes.replace(at, rest.size(), rest));
   }
 
   std::string loader = ShippedFile("vexacd/boot/loader.bin");
+  // What the first stage loads. The last sector of the file is the boot record for disks.
+  std::string rest_of_loader = loader.substr(kCdSector, loader.size() - 2 * kCdSector);
 };
 
 TEST_F(BootLoader, Started_SaysThatTheScriptIsMissing) {
@@ -152,12 +154,11 @@ TEST_F(BootLoader, Memory_IsUsedAsTheMapSays) {
   Emulator emulator(CdDrive(image));
   ASSERT_TRUE(emulator.WaitForScreen(kMessage));
   EXPECT_EQ(emulator.Memory(0x7C00, kCdSector), loader.substr(0, kCdSector)) << "stage 1";
-  const std::string rest = loader.substr(kCdSector);
   const auto untouched = [&](std::uint32_t from, std::uint32_t end) {
     return emulator.Memory(from, end - from).find_first_not_of('\0') == std::string::npos;
   };
   EXPECT_TRUE(untouched(0x1000, 0x6000)) << "the stack of real mode; the BIOS used the 4 KB above for its own";
-  EXPECT_TRUE(untouched(0x8400 + static_cast<std::uint32_t>(rest.size()), 0x20000)) << "behind the loader";
+  EXPECT_TRUE(untouched(0x8400 + static_cast<std::uint32_t>(rest_of_loader.size()), 0x20000)) << "behind the loader";
   EXPECT_TRUE(untouched(0x28000, 0x2F000)) << "the stack of protected mode needs at most 4 KB";
   EXPECT_TRUE(untouched(0x70000, 0x90000)) << "free memory";
   EXPECT_TRUE(untouched(0x100000, 0x200000)) << "memory above 1 MB";

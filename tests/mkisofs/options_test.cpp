@@ -89,7 +89,13 @@ TEST(Options, NoneGiven_LeaveTextsEmptyAndTheDiscUnbootable) {
   EXPECT_EQ(options.boot_image, "");
   EXPECT_FALSE(options.follow_links);
   EXPECT_FALSE(options.store_links_once);
+  EXPECT_FALSE(options.leave_system_area_empty);
   EXPECT_THAT(options.hidden, IsEmpty());
+}
+
+TEST(Options, NoStick_LeavesTheSystemAreaEmpty) {
+  EXPECT_TRUE(Parsed(With({"-no-stick"})).leave_system_area_empty);
+  EXPECT_THAT(UsageText(), HasSubstr("\n  -no-stick "));
 }
 
 TEST(Options, TextsOfFullLength_AreTaken) {

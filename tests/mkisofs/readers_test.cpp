@@ -1,6 +1,7 @@
 // Runs the real program and reads its images with other programs: bsdtar, xorriso, 7z, isoinfo and the kernel.
 #include <map>
 
+#include "tests/mkisofs/loaders.h"
 #include "tests/mkisofs/mastering.h"
 #include "tests/support/shell.h"
 
@@ -64,7 +65,7 @@ class Readers : public Mastering {
   // Only names that every reader extracts unchanged. Readers change trailing periods, ";1" and names beyond ASCII,
   // which have tests of their own.
   void MakeTree() const {
-    folder.Write("tree/boot/loader.bin", BytesOfSize(40000));
+    folder.Write("tree/boot/loader.bin", MakeLoader());
     folder.Write("tree/boot/menu/menu.ini", "[menu]");
     folder.Write("tree/I386/SETUPLDR.BIN", BytesOfSize(250000));
     for (int i = 0; i < 200; ++i) folder.Write("tree/I386/many/File" + std::to_string(i), BytesOfSize(i * 50));
@@ -113,7 +114,7 @@ TEST_F(Readers, SevenZip_ExtractsEverything) {
   RunProgram();
   ASSERT_EQ(Run("7z x -y -o" + Word("out") + " " + IsoWord()), 0) << Said();
   // 7z adds the sectors that the BIOS loads as a file in a folder [BOOT], which is not in the tree.
-  EXPECT_EQ(folder.Read("out/[BOOT]/Boot-NoEmul.img"), BytesOfSize(40000).substr(0, 2048));
+  EXPECT_EQ(folder.Read("out/[BOOT]/Boot-NoEmul.img"), MakeLoader().substr(0, 2048));
   fs::remove_all(folder.Path("out/[BOOT]"));
   EXPECT_EQ(Contents("out"), Expected());
 }
@@ -139,6 +140,19 @@ TEST_F(Readers, Isoinfo_ListsAndExtractsEverything) {
                            "Application id: Vexa CD Creator\n", "boot catalog is in sector 20\n", "Nsect 4\n",
                            "Bootoff 15 21\n", "CD-ROM uses ISO 9660:1999 relaxed format\n"})
     EXPECT_THAT(Said(), HasSubstr(line));
+}
+
+TEST_F(Readers, PartitionPrograms_FindOnePartitionAndNoError) {
+  MakeTree();
+  RunProgram();
+  const std::string sectors = std::to_string(fs::file_size(folder.Path("image.iso")) / 512);
+  ASSERT_EQ(Run("/sbin/sfdisk --dump " + IsoWord()), 0) << Said();
+  EXPECT_THAT(Said(), HasSubstr(": start=           0, size=        " + sectors + ", type=17, bootable\n"));
+  ASSERT_EQ(Run("/sbin/sfdisk --verify " + IsoWord()), 0) << Said();
+  EXPECT_THAT(Said(), HasSubstr("No errors detected."));
+  ASSERT_EQ(Run("/sbin/fdisk -l " + IsoWord()), 0) << Said();
+  EXPECT_THAT(Said(), ::testing::ContainsRegex("1 +\\* +0 +[0-9]+ +" + sectors + " .* 17 Hidden"));
+  EXPECT_THAT(Said(), ::testing::Not(HasSubstr("Disk identifier: 0x00000000")));
 }
 
 TEST_F(Readers, Kernel_MountsTheImage) {

@@ -12,26 +12,29 @@ import join_loader
 STAGE1 = b"12345678DWLOADER" + bytes(2032)
 
 
-class JoinLoader(unittest.TestCase):
-    def test_rest_follows_in_whole_sectors(self):
-        loader = join_loader.joined(STAGE1, b"rest" * 600)
-        self.assertEqual(len(loader), 3 * 2048)
-        self.assertEqual(loader[2048:], b"rest" * 600 + bytes(4096 - 2400))
+RECORD = b"record" * 70
 
-    def test_length_and_checksums_stand_behind_the_mark(self):
-        loader = join_loader.joined(STAGE1, struct.pack("<II", 0xFFFFFFFF, 3))
-        self.assertEqual(struct.unpack("<HHII", loader[16:28]), (1, 0, 2, (0xFFFFFFFF + 2 * 511) & 0xFFFFFFFF))
+
+class JoinLoader(unittest.TestCase):
+    def test_rest_and_record_follow_in_whole_sectors(self):
+        loader = join_loader.joined(STAGE1, b"rest" * 600, RECORD)
+        self.assertEqual(len(loader), 4 * 2048)
+        self.assertEqual(loader[2048:], b"rest" * 600 + bytes(4096 - 2400) + RECORD + bytes(2048 - 420))
+
+    def test_lengths_and_checksums_stand_behind_the_mark(self):
+        loader = join_loader.joined(STAGE1, struct.pack("<II", 0xFFFFFFFF, 3), RECORD)
+        self.assertEqual(struct.unpack("<HHII", loader[16:28]), (1, 420, 2, (0xFFFFFFFF + 2 * 511) & 0xFFFFFFFF))
         self.assertEqual(loader[:16], STAGE1[:16])
         self.assertEqual(loader[28:2048], STAGE1[28:])
 
-    def test_stages_that_do_not_fit_are_refused(self):
-        for stage1, stage2 in ((STAGE1[1:] + b"x", b"rest"), (STAGE1[:-1], b"rest"), (STAGE1, b""),
-                               (STAGE1, bytes(47 * 2048 + 1))):
+    def test_parts_that_do_not_fit_are_refused(self):
+        for parts in ((STAGE1[1:] + b"x", b"rest", RECORD), (STAGE1[:-1], b"rest", RECORD), (STAGE1, b"", RECORD),
+                      (STAGE1, bytes(47 * 2048 + 1), RECORD), (STAGE1, b"rest", b""), (STAGE1, b"rest", bytes(441))):
             with self.assertRaises(ValueError):
-                join_loader.joined(stage1, stage2)
+                join_loader.joined(*parts)
 
-    def test_largest_rest_is_joined(self):
-        self.assertEqual(len(join_loader.joined(STAGE1, bytes(47 * 2048))), 48 * 2048)
+    def test_largest_parts_are_joined(self):
+        self.assertEqual(len(join_loader.joined(STAGE1, bytes(47 * 2048), bytes(440))), 49 * 2048)
 
 
 if __name__ == "__main__":

@@ -7,6 +7,7 @@
 
 #include "tools/mkisofs/boot_catalogue.h"
 #include "tools/mkisofs/image_stream.h"
+#include "tools/mkisofs/master_boot_record.h"
 #include "tools/mkisofs/path_tables.h"
 #include "tools/mkisofs/problems.h"
 #include "tools/mkisofs/volume_descriptors.h"
@@ -23,8 +24,7 @@ class Writer {
       : plan_(plan), tree_(plan.tree), layout_(plan.layout), source_(source), progress_(progress), stream_(file) {}
 
   Result Write() {
-    WriteDescriptors();
-    const bool written = WriteBoot() && WriteDirectories() && WriteFiles();
+    const bool written = WriteSystemArea() && WriteDescriptors() && WriteBoot() && WriteDirectories() && WriteFiles();
     if (written && MoveTo(layout_.padding)) stream_.AppendZeros(std::uint64_t{kPaddingSectors} * kSectorSize);
     const host::Status status = stream_.Flush();
     if (!status.ok()) return Result::Failure(plan_.options.output + ": " + CauseOf(status));
@@ -32,17 +32,40 @@ class Writer {
   }
 
  private:
-  void WriteDescriptors() {
+  // A boot image that is our loader has a program for the first sector of a disk.
+  bool WriteSystemArea() {
+    if (layout_.boot_image && !plan_.options.leave_system_area_empty) {
+      const Node& image = tree_.nodes[*layout_.boot_image];
+      std::vector<std::uint8_t> loader(std::min<std::size_t>(image.size, kLargestLoader));
+      if (!ReadBeginning(tree_.PathOf(*layout_.boot_image), loader)) return false;
+      const auto record = MakeMasterBootRecord(loader, image.extent, layout_.sectors, plan_.dates.created);
+      if (record) stream_.Append(BytesOf(*record));
+    }
+    stream_.AppendZeros(std::uint64_t{kSystemAreaSectors} * kSectorSize - stream_.position());
+    return true;
+  }
+
+  // Makes `bytes` smaller when the file has become shorter. WriteFile reports that.
+  bool ReadBeginning(const std::string& path, std::vector<std::uint8_t>& bytes) {
+    const auto file = source_.Open(path);
+    if (!file.ok()) return Fail(path, CauseOf(file.status));
+    const host::Result<std::size_t> read = file.value->Read(bytes);
+    if (!read.ok()) return Fail(path, CauseOf(read.status));
+    bytes.resize(read.value);
+    return true;
+  }
+
+  bool WriteDescriptors() {
     const auto make = [this](DescriptorKind kind) {
       return BytesOf(
           MakeVolumeDescriptor(kind, plan_.options, tree_, layout_, plan_.dates.created, plan_.dates.records));
     };
-    stream_.AppendZeros(std::uint64_t{kSystemAreaSectors} * kSectorSize);
     stream_.Append(make(DescriptorKind::kPrimary));
     // El Torito 1.2: the boot record must be in sector 17, so it comes right after the primary descriptor.
     if (layout_.boot_image) stream_.Append(BytesOf(MakeBootRecord(layout_.boot_catalogue)));
     stream_.Append(make(DescriptorKind::kEnhanced));
     stream_.Append(BytesOf(MakeTerminator()));
+    return true;
   }
 
   bool WriteBoot() {

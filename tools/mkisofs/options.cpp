@@ -95,6 +95,11 @@ constexpr Option kOptions[] = {
        parsed.has_catalogue = true;
        return StorePath(parsed.options.boot_catalogue, value);
      }},
+    {"-no-stick", "", "", "leaves sector 0 empty: the image starts from a CD only, not from a USB stick or disk",
+     [](Parsed& parsed, std::string_view) {
+       parsed.options.leave_system_area_empty = true;
+       return Result::Success();
+     }},
     {"-hide", "", "PATTERN", "leaves matching names out of the directories; * ? [ ] as in a shell",
      [](Parsed& parsed, std::string_view value) {
        parsed.options.hidden.emplace_back(value);

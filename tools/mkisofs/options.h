@@ -20,6 +20,7 @@ struct Options {
   std::string boot_catalogue = "boot.catalog";  // path below the tree
   std::optional<std::uint16_t> boot_load_sectors;  // of 512 bytes; without a value the whole boot image
   std::vector<std::string> hidden;                 // patterns of names, see MatchesPattern
+  bool leave_system_area_empty = false;            // the image starts from a CD only
   bool follow_links = false;
   bool store_links_once = false;  // hard links share the data of their file
   std::string output;             // path of the image, as the user spells it

@@ -76,7 +76,7 @@ Outcome Ask(Menu& menu, TickCount& ticks) {
 
 }  // namespace
 
-void ShowBootMenu(Console& console, Volume& volume, std::uint8_t drive, const Obstacles& obstacles) {
+void ShowBootMenu(Console& console, Volume& volume, BiosDisk::Drive drive, const Obstacles& obstacles) {
   static std::array<char, 2 * kLargestScript> texts;
   static Place<Script> script_place;
   static Place<Menu> menu_place;

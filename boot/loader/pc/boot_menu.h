@@ -9,8 +9,8 @@
 
 namespace discwright::loader {
 
-// Opens `volume`, which is in the drive with the number `drive` for INT 13h, and runs its menu. `obstacles` says what
+// Opens `volume`, which is in `drive`, and runs its menu. `obstacles` says what
 // cannot be started from this drive. Says why when the volume cannot be opened. Does not return.
-[[noreturn]] void ShowBootMenu(Console& console, Volume& volume, std::uint8_t drive, const Obstacles& obstacles);
+[[noreturn]] void ShowBootMenu(Console& console, Volume& volume, BiosDisk::Drive drive, const Obstacles& obstacles);
 
 }  // namespace discwright::loader

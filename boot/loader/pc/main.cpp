@@ -14,7 +14,7 @@ void Main(Console& console, BiosDisk::Drive drive) {
   Obstacles obstacles{};
   if (drive.shift != 0)
     obstacles[static_cast<std::size_t>(CommandKind::kCdSector)] = "This can only start from a CD drive.";
-  ShowBootMenu(console, volume, drive.number, obstacles);
+  ShowBootMenu(console, volume, drive, obstacles);
 }
 
 }  // namespace discwright::loader

@@ -7,6 +7,7 @@
 // clang-tidy takes these declarations for variables that this header defines.
 // NOLINTBEGIN(bugprone-dynamic-static-initializers)
 extern "C" {
+extern std::uint8_t disk_vector[];  // of INT 13h: segment:offset
 extern std::uint8_t bios_variables[];
 extern std::uint8_t bounce_buffer[];  // every read of a drive goes through it
 extern std::uint16_t text_screen[];   // characters and attributes

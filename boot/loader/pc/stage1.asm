@@ -64,7 +64,8 @@ mark:                           ; scripts/join_loader.py finds this text and fil
     db 'DWLOADER'
 rest_sectors:
     dw 0                        ; length of the rest
-    dw 0
+record_size:
+    dw 0                        ; bytes of boot_record.asm, which the sector behind the rest holds; for tools/mkisofs
 rest_sum:
     dd 0                        ; sum of its words of 32 bits
 rest_sum_of_sums:
@@ -410,25 +411,7 @@ disk:
     sti
     ret
 
-; Shows what the BIOS said about the last failed read, for which PLACEHOLDER stands in a text.
-; IN: error. OUT: -. CLOBBERS: AX, BX.
-print_placeholder:
-    mov al, [error]
-    shr al, 4
-    call print_digit
-    mov al, [error]
-    and al, 0x0F
-    ; falls through
-
-; Shows a hexadecimal digit.
-; IN: AL = its value. OUT: -. CLOBBERS: AX, BX.
-print_digit:
-    add al, '0'
-    cmp al, '9'
-    jbe print_letter
-    add al, 'A' - '9' - 1
-    jmp print_letter
-
+%include "bios_error.inc"
 %include "messages.inc"
 
 boot_record:                    ; how the boot record begins

@@ -5,7 +5,9 @@
 #include <array>
 #include <cstring>
 
+#include "boot/loader/drive_numbers.h"
 #include "boot/loader/pc/bios.h"
+#include "boot/loader/pc/drive_map.h"
 #include "boot/loader/pc/keyboard.h"
 #include "boot/loader/pc/places.h"
 #include "boot/loader/pc/power.h"
@@ -21,7 +23,6 @@ constexpr std::uint32_t kBootSector = 0x7C00;    // where a boot sector expects 
 constexpr std::uint32_t kKernelSetup = 0x70000;  // 64 KB for the real-mode part of a kernel; see loader.ld
 constexpr std::string_view kFloppyEmulator = "boot/memdisk";
 constexpr std::uint8_t kDisk = 0x13;  // the interrupt
-constexpr std::uint8_t kFirstHardDisk = 0x80;
 constexpr std::size_t kDiskSectorSize = 512;
 constexpr std::size_t kSignature = 510;  // of a boot sector of a disk: 55h AAh
 
@@ -42,6 +43,13 @@ void ShowProgress(std::string_view line) {
   Console::WriteAt({kRow, 2}, line, Console::kLightGrey);
 }
 
+// How many hard disks the BIOS knows.
+std::uint8_t HardDiskCount() {
+  bios::Registers registers{.eax = 0x0800, .edx = kFirstHardDisk};
+  bios::Call(kDisk, registers);
+  return registers.Has(bios::kCarry) ? std::uint8_t{0} : static_cast<std::uint8_t>(registers.edx & 0xFF);
+}
+
 [[noreturn]] void JumpToBootSector(std::uint8_t drive) { bios::Jump({0, kBootSector}, {.edx = drive}); }
 
 }  // namespace
@@ -55,9 +63,9 @@ std::string_view Starter::Start(const Command& command) {
     case CommandKind::kLinux:
       return StartLinux(command.path, command.options, command.initrd);
     case CommandKind::kFirstHardDisk:
-      return StartHardDisk(kFirstHardDisk);
+      return StartHardDisk(0);
     case CommandKind::kSecondHardDisk:
-      return StartHardDisk(kFirstHardDisk + 1);
+      return StartHardDisk(1);
     case CommandKind::kNextDevice:
       StartNextDevice();
     case CommandKind::kOverview:
@@ -86,23 +94,29 @@ std::string_view Starter::StartCdSector(std::string_view path) {
   if (size != sector.size()) return Failed(path, "This is no boot sector for CDs: it must have 2,048 bytes.");
   std::memcpy(Memory(kBootSector, sector.size()).data(), sector.data(), sector.size());
   console_.Clear();
-  JumpToBootSector(drive_);
+  JumpToBootSector(drive_.number);
 }
 
-std::string_view Starter::StartHardDisk(std::uint8_t number) {
+// When the menu came from a hard disk, that disk does not count, and the others get the numbers that they would have
+// without it.
+std::string_view Starter::StartHardDisk(std::size_t place) {
+  const bool is_on_disk = drive_.shift != 0;
+  const DriveNumbers numbers = is_on_disk ? NumbersWithout(drive_.number, HardDiskCount()) : UnchangedNumbers();
   bios::Registers registers{.eax = 0x0201,
                             .ebx = bios::Offset(bounce_buffer),
                             .ecx = 0x0001,
-                            .edx = number,
+                            .edx = numbers[place],
                             .es = bios::Segment(bounce_buffer)};
-  bios::Call(kDisk, registers);
-  if (registers.Has(bios::kCarry)) return "The computer has no such hard disk, or it cannot be read.";
+  const bool is_own = is_on_disk && numbers[place] == own.number;
+  if (!is_own) bios::Call(kDisk, registers);
+  if (is_own || registers.Has(bios::kCarry)) return "The computer has no such hard disk, or it cannot be read.";
   if (bounce_buffer[kSignature] != 0x55 || bounce_buffer[kSignature + 1] != 0xAA) {
     return "The hard disk has no boot sector: no system is installed on it.";
   }
   std::memcpy(Memory(kBootSector, kDiskSectorSize).data(), bounce_buffer, kDiskSectorSize);
   console_.Clear();
-  JumpToBootSector(number);
+  if (numbers != UnchangedNumbers()) InstallDriveMap(numbers);
+  JumpToBootSector(static_cast<std::uint8_t>(kFirstHardDisk + place));
 }
 
 // Loads a part of a file to memory, and shows how much of the part is there.
@@ -166,11 +180,9 @@ std::string_view Starter::ShowOverview() {
     line.Add(static_cast<std::uint32_t>((range.base + range.length) >> 10)).Add(" KB\n");
     console_.Write(line.text());
   }
-  bios::Registers disks{.eax = 0x0800, .edx = kFirstHardDisk};
-  bios::Call(kDisk, disks);
   TextWriter line(room);
   line.Add("\n  Free memory: ").Add(static_cast<std::uint32_t>(memory_.FreeKilobytes())).Add(" KB\n");
-  line.Add("  Hard disks that the BIOS knows: ").Add(disks.Has(bios::kCarry) ? 0 : disks.edx & 0xFF).Add("\n");
+  line.Add("  Hard disks that the BIOS knows: ").Add(HardDiskCount()).Add("\n");
   line.Add("\nPress a key to go back to the menu.\n");
   console_.Write(line.text());
   ForgetKeys();

@@ -7,6 +7,7 @@
 
 #include "boot/loader/linux_kernel.h"
 #include "boot/loader/memory_map.h"
+#include "boot/loader/pc/bios_disk.h"
 #include "boot/loader/pc/console.h"
 #include "boot/loader/script.h"
 #include "boot/loader/volume.h"
@@ -15,8 +16,8 @@ namespace discwright::loader {
 
 class Starter {
  public:
-  // `drive`: the number for INT 13h of the drive that `volume` is in.
-  Starter(Volume& volume, std::uint8_t drive, const MemoryMap& memory, Console& console)
+  // `drive`: the one that `volume` is in.
+  Starter(Volume& volume, BiosDisk::Drive drive, const MemoryMap& memory, Console& console)
       : volume_(volume), drive_(drive), memory_(memory), console_(console) {}
 
   // Returns only when nothing was started: with the reason in words, or with an empty text when the command is done.
@@ -28,14 +29,14 @@ class Starter {
     return Failed(path, Words(error, volume_.medium()));
   }
   std::string_view StartCdSector(std::string_view path);
-  std::string_view StartHardDisk(std::uint8_t number);
+  std::string_view StartHardDisk(std::size_t place);  // 0: the first one
   std::string_view StartLinux(std::string_view path, std::string_view options, std::string_view ram_disk);
   std::string_view ShowOverview();
   VolumeError Load(const VolumeEntry& file, std::uint32_t offset, std::uint32_t size, std::uint32_t address,
                    std::string_view name);
 
   Volume& volume_;
-  std::uint8_t drive_;
+  BiosDisk::Drive drive_;
   const MemoryMap& memory_;
   Console& console_;
 };
