@@ -10,8 +10,6 @@ sys.path.insert(0, str(SCRIPTS))
 import join_loader
 
 STAGE1 = b"12345678DWLOADER" + bytes(2032)
-
-
 RECORD = b"record" * 70
 
 
@@ -29,9 +27,15 @@ class JoinLoader(unittest.TestCase):
 
     def test_parts_that_do_not_fit_are_refused(self):
         for parts in ((STAGE1[1:] + b"x", b"rest", RECORD), (STAGE1[:-1], b"rest", RECORD), (STAGE1, b"", RECORD),
-                      (STAGE1, bytes(47 * 2048 + 1), RECORD), (STAGE1, b"rest", b""), (STAGE1, b"rest", bytes(441))):
+                      (STAGE1, bytes(47 * 2048 + 1), RECORD), (STAGE1, b"rest", bytes(441))):
             with self.assertRaises(ValueError):
                 join_loader.joined(*parts)
+
+    def test_floppy_counts_in_its_own_sectors(self):
+        loader = join_loader.joined(STAGE1[:512], b"rest" * 130)
+        self.assertEqual(len(loader), 3 * 512)
+        self.assertEqual(struct.unpack("<HHI", loader[16:24]), (2, 0, 130 * int.from_bytes(b"rest", "little") % 2**32))
+        self.assertEqual(loader[512:], b"rest" * 130 + bytes(1024 - 520))
 
     def test_largest_parts_are_joined(self):
         self.assertEqual(len(join_loader.joined(STAGE1, bytes(47 * 2048), bytes(440))), 49 * 2048)
