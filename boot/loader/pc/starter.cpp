@@ -107,7 +107,7 @@ std::string_view Starter::StartHardDisk(std::size_t place) {
                             .ecx = 0x0001,
                             .edx = numbers[place],
                             .es = bios::Segment(bounce_buffer)};
-  const bool is_own = is_on_disk && numbers[place] == own.number;
+  const bool is_own = is_on_disk && numbers[place] == drive_.number;
   if (!is_own) bios::Call(kDisk, registers);
   if (is_own || registers.Has(bios::kCarry)) return "The computer has no such hard disk, or it cannot be read.";
   if (bounce_buffer[kSignature] != 0x55 || bounce_buffer[kSignature + 1] != 0xAA) {
