@@ -10,14 +10,14 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-const std::string kTitle = "The menu of the stick";
-const std::string kKeys = "Arrows: choose";
+const std::string kStickTitle = "The menu of the stick";
+const std::string kStickKeys = "Arrows: choose";
 
 class BootRecord : public BootTest {
  protected:
   BootRecord() {
     StartWith(loader);
-    WriteScript(kTitle);
+    WriteScript(kStickTitle);
     WriteFile(tree / "room", std::string(1 << 20, 'x'));  // SeaBIOS reads no USB stick of less than half a megabyte
     Master();
   }
@@ -58,8 +58,8 @@ class BootRecord : public BootTest {
 TEST_F(BootRecord, UsbStickAndIdeDisk_ShowTheMenu) {
   for (const auto& drive : {UsbStick(image), IdeDisks({image})}) {
     Emulator emulator(drive);
-    EXPECT_TRUE(emulator.WaitForScreen(kKeys));
-    EXPECT_THAT(emulator.Screen(), HasSubstr(kTitle));
+    EXPECT_TRUE(emulator.WaitForScreen(kStickKeys));
+    EXPECT_THAT(emulator.Screen(), HasSubstr(kStickTitle));
   }
 }
 
@@ -91,7 +91,7 @@ TEST_F(BootRecord, BothWaysInWhichABiosEnters_Work) {
   }
 }
 
-TEST_F(BootRecord, ErrorThatGoesAway_Starts) { EXPECT_TRUE(Emulator(FaultyStick(3)).WaitForScreen(kKeys)); }
+TEST_F(BootRecord, ErrorThatGoesAway_Starts) { EXPECT_TRUE(Emulator(FaultyStick(3)).WaitForScreen(kStickKeys)); }
 
 TEST_F(BootRecord, PermanentReadError_IsReported) {
   Emulator emulator(FaultyStick(kAlways));
@@ -117,8 +117,8 @@ TEST_F(BootRecord, SeveralDisksWithSuchImages_ShowTheMenuOfTheStartedOne) {
        {IdeDisks({place / "started", image}), IdeDisks({Disk("starts_82"), image, place / "started"}),
         IdeDisks({Disk("starts_81"), place / "started", image})}) {
     Emulator emulator(drives);
-    EXPECT_TRUE(emulator.WaitForScreen(kKeys));
-    EXPECT_THAT(emulator.Screen(), HasSubstr(kTitle));
+    EXPECT_TRUE(emulator.WaitForScreen(kStickKeys));
+    EXPECT_THAT(emulator.Screen(), HasSubstr(kStickTitle));
   }
 }
 
@@ -127,7 +127,7 @@ TEST_F(BootRecord, StickAsFirstDisk_StartsTheOthersAsIfItWereNotThere) {
   for (const auto& [key, line] :
        {std::pair("a", SystemLine("first", "80")), std::pair("b", SystemLine("second", "81"))}) {
     Emulator emulator(drives);
-    ASSERT_TRUE(emulator.WaitForScreen(kKeys));
+    ASSERT_TRUE(emulator.WaitForScreen(kStickKeys));
     emulator.SendKey(key);
     EXPECT_TRUE(emulator.WaitForScreen(line));
     EXPECT_TRUE(emulator.WaitForScreen("disks=03 size=17A0\nmemory=027E other="));
@@ -136,7 +136,7 @@ TEST_F(BootRecord, StickAsFirstDisk_StartsTheOthersAsIfItWereNotThere) {
 
 TEST_F(BootRecord, StickBeforeAnotherDisk_IsTheSecondOneForItsSystem) {
   Emulator emulator(Join(UsbStick(image), HardDisk(Disk("first"))));
-  ASSERT_TRUE(emulator.WaitForScreen(kKeys));
+  ASSERT_TRUE(emulator.WaitForScreen(kStickKeys));
   emulator.SendKey("a");
   EXPECT_TRUE(emulator.WaitForScreen(SystemLine("first", "80") + "disks=02 size=17A0\nmemory=027E other=CD001\n"));
 }
@@ -146,7 +146,7 @@ TEST_F(BootRecord, StickBetweenOtherDisks_ComesLast) {
   for (const auto& [key, line] :
        {std::pair("a", SystemLine("chain", "80")), std::pair("b", SystemLine("second", "81"))}) {
     Emulator emulator(drives);
-    ASSERT_TRUE(emulator.WaitForScreen(kKeys));
+    ASSERT_TRUE(emulator.WaitForScreen(kStickKeys));
     emulator.SendKey(key);
     EXPECT_TRUE(emulator.WaitForScreen(line));
   }
@@ -154,7 +154,7 @@ TEST_F(BootRecord, StickBetweenOtherDisks_ComesLast) {
 
 TEST_F(BootRecord, StickBehindAllDisks_ChangesNothing) {
   Emulator emulator(IdeDisks({Disk("starts_81"), image}));
-  ASSERT_TRUE(emulator.WaitForScreen(kKeys));
+  ASSERT_TRUE(emulator.WaitForScreen(kStickKeys));
   emulator.SendKey("b");
   EXPECT_TRUE(emulator.WaitForScreen("The computer has no such hard disk"));
   emulator.SendKey("a");
@@ -163,7 +163,7 @@ TEST_F(BootRecord, StickBehindAllDisks_ChangesNothing) {
 
 TEST_F(BootRecord, StickAlone_IsNoHardDiskForItsMenu) {
   Emulator emulator(UsbStick(image));
-  ASSERT_TRUE(emulator.WaitForScreen(kKeys));
+  ASSERT_TRUE(emulator.WaitForScreen(kStickKeys));
   for (const char* key : {"a", "o", "b"}) {
     emulator.SendKey(key);
     if (*key != 'o') {
@@ -172,14 +172,14 @@ TEST_F(BootRecord, StickAlone_IsNoHardDiskForItsMenu) {
     }
     ASSERT_TRUE(emulator.WaitForScreen("Hard disks that the BIOS knows: 1"));
     emulator.SendKey("ret");  // leaves the overview; the message does not come back by itself
-    ASSERT_TRUE(emulator.WaitForScreen(kKeys));
+    ASSERT_TRUE(emulator.WaitForScreen(kStickKeys));
     EXPECT_THAT(emulator.Screen(), Not(HasSubstr("no such hard disk")));
   }
 }
 
 TEST_F(BootRecord, SameImageInACdDrive_ChangesNothingForTheSystem) {
   Emulator emulator(Join(CdDrive(image), HardDisk(Disk("first"))));
-  ASSERT_TRUE(emulator.WaitForScreen(kKeys));
+  ASSERT_TRUE(emulator.WaitForScreen(kStickKeys));
   emulator.SendKey("a");
   EXPECT_TRUE(emulator.WaitForScreen(SystemLine("first", "80") + "disks=01 size=17A0\nmemory=027F other=?\n"));
 }

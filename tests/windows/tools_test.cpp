@@ -6,6 +6,7 @@
 
 #include "tests/end_to_end/program_copy.h"
 #include "tests/end_to_end/trees.h"
+#include "tests/mkisofs/loaders.h"
 #include "tests/windows/windows_program.h"
 
 namespace discwright::testing {
@@ -43,7 +44,7 @@ TEST_P(Tools, SameTree_IsMasteredToTheSameBits) {
       WriteFile(below / ("file" + std::to_string(file) + (file % 2 == 0 ? ".TXT" : "")),
                 std::string(folder * 97 + file, 'x'));
   }
-  WriteFile(place / "tree" / "boot" / "loader.bin", std::string(2048, 'b'));
+  WriteFile(place / "tree" / "boot" / "loader.bin", MakeLoader());
   SpreadTimes(place / "tree");
   const std::vector<std::string> options = {
       "-volid", "VEXA_RESCUE",    "-iso-level",      "4",     "-no-emul-boot", "-boot-load-size",
@@ -62,6 +63,7 @@ TEST_P(Tools, SameTree_IsMasteredToTheSameBits) {
   ASSERT_EQ(windows_run.exit_code, 0) << windows_run.err;
   EXPECT_EQ(Difference(ReadWithBsdtar(place / "here.iso"), ReadWithBsdtar(place / "there.iso")), "");
   EXPECT_TRUE(ReadFile(place / "here.iso") == ReadFile(place / "there.iso"));
+  EXPECT_EQ(ReadFile(place / "there.iso").substr(510, 2), "\x55\xAA");  // the boot record for disks is there
   EXPECT_FALSE(fs::exists(place / ".discwright-there.iso.part"));
 }
 

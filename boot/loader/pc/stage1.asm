@@ -1,11 +1,13 @@
 ; Starts when a machine boots from the CD: finds the drive and the sector that it came from, loads the rest of the
 ; loader, checks it and starts it. It is the first CD sector of boot/loader.bin, and the BIOS loads only this sector.
+; From a stick or a hard disk, boot_record.asm loads it and enters it as a BIOS would.
 ;
 ; Memory map, which the rest of the loader keeps (see also loader.ld):
 ;   0000:0600-0000:06FF  variables of this program
 ;   ....-0000:7BFF       stack, downwards from 0000:7C00
 ;   0000:7C00-0000:83FF  this program (one CD sector); nothing changes it, because it is compared with the disc
-;   0000:8400-1000:FFFF  the rest of the loader, at most ;   2000:0000-2000:7FFF  buffer of every read; it crosses no 64 KB boundary, as DMA requires
+;   0000:8400-1000:FFFF  the rest of the loader, at most 47 sectors
+;   2000:0000-2000:7FFF  buffer of every read; it crosses no 64 KB boundary, as DMA requires
 ;
 ; The BIOS enters at 0000:7C00 or 07C0:0000 with the number of the drive in DL. The other registers are undefined. The
 ; program needs an 80386. A drive may have sectors of 2,048 bytes (CD) or of 512 bytes (the image on a stick or disk).
