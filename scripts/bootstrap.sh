@@ -20,7 +20,7 @@ case "${1:-build}" in
   test) packages="$packages $cross lld libgtest-dev libgmock-dev googletest qemu-system-x86 mtools dosfstools genisoimage xorriso libarchive-tools p7zip-full strace universal-ctags appstream desktop-file-utils xvfb xdotool" ;;
   wine32) packages="mmdebstrap util-linux" ;;
   wine64) packages="wine wine64" ;;
-  fuzz) packages="$packages clang libclang-rt-14-dev" ;;
+  fuzz) packages="$packages clang libclang-rt-14-dev mtools dosfstools" ;;
   lint) packages="$packages $cross libgtest-dev libgmock-dev googletest clang-format clang-tidy shellcheck universal-ctags" ;;
   bench) packages="$packages genisoimage xorriso jdupes rdfind xvfb xdotool" ;;
   faults) packages="$packages strace libarchive-tools" ;;

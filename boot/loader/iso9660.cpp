@@ -215,25 +215,8 @@ VolumeError IsoVolume::Read(const VolumeEntry& file, std::uint32_t offset, std::
   if (file.is_folder) return VolumeError::kNotAFile;
   if (const VolumeError error = CheckExtent(file); error != VolumeError::kNone) return error;
   if (offset > file.size || to.size() > file.size - offset) return VolumeError::kPastTheEnd;
-  std::uint32_t sector = file.start + offset / static_cast<std::uint32_t>(kSectorSize);
-  if (const std::size_t from = offset % kSectorSize; from != 0 && !to.empty()) {
-    const std::size_t size = std::min(to.size(), kSectorSize - from);
-    if (const VolumeError error = ReadInsideSector(sector, from, to.first(size)); error != VolumeError::kNone)
-      return error;
-    to = to.subspan(size);
-    ++sector;
-  }
-  const std::size_t whole = to.size() / kSectorSize;
-  if (whole != 0 && !sectors_.Read(sector, to.first(whole * kSectorSize))) return VolumeError::kUnreadable;
-  to = to.subspan(whole * kSectorSize);
-  return to.empty() ? VolumeError::kNone : ReadInsideSector(sector + static_cast<std::uint32_t>(whole), 0, to);
-}
-
-VolumeError IsoVolume::ReadInsideSector(std::uint32_t sector, std::size_t from, std::span<std::uint8_t> to) {
-  if (!sectors_.Read(sector, buffer_.first(kSectorSize))) return VolumeError::kUnreadable;
-  const std::span<std::uint8_t> part = buffer_.subspan(from, to.size());
-  std::copy(part.begin(), part.end(), to.begin());
-  return VolumeError::kNone;
+  const bool is_read = ReadBytes(sectors_, file.start, offset, to, buffer_.first(kSectorSize));
+  return is_read ? VolumeError::kNone : VolumeError::kUnreadable;
 }
 
 VolumeError IsoVolume::List(const VolumeEntry& folder, IsoVisitor& visitor) {

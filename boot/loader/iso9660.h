@@ -44,7 +44,6 @@ class IsoVolume final : public Volume {
 
  private:
   VolumeError CheckExtent(const VolumeEntry& entry) const;
-  VolumeError ReadInsideSector(std::uint32_t sector, std::size_t from, std::span<std::uint8_t> to);
 
   Sectors& sectors_;
   std::span<std::uint8_t> buffer_;  // whole sectors

@@ -12,8 +12,7 @@ void Main(Console& console, BiosDisk::Drive drive) {
   BiosDisk disk(drive);
   IsoVolume volume(disk, sectors);
   Obstacles obstacles{};
-  if (drive.shift != 0)
-    obstacles[static_cast<std::size_t>(CommandKind::kCdSector)] = "This can only start from a CD drive.";
+  if (drive.shift != 0) obstacles[static_cast<std::size_t>(CommandKind::kCdSector)] = kNeedsACdDrive;
   ShowBootMenu(console, volume, drive.number, obstacles);
 }
 
