@@ -17,17 +17,17 @@ using ::testing::Not;
 using testing::Pattern;
 using testing::ReadFile;
 
-constexpr std::size_t kRoot = 19UL * 512;  // where the root folder of a floppy of 1.44 MB begins
-constexpr std::size_t kData = 33UL * 512;  // where its files begin
-constexpr std::size_t kRecord = 32;
+constexpr std::size_t kRootBegin = 19UL * 512;  // where the root folder of a floppy of 1.44 MB begins
+constexpr std::size_t kDataBegin = 33UL * 512;  // where its files begin
+constexpr std::size_t kRecordSize = 32;
 
-std::string Sector(char filler) { return std::string(510, filler) + "\x55\xAA"; }
+std::string SectorWith(char filler) { return std::string(510, filler) + "\x55\xAA"; }
 
 class OwnSystem : public ::testing::Test {
  protected:
   void SetUp() override {
     if (!testing::HasShell()) GTEST_SKIP() << "no shell here";
-    folder_.Add("sector.bin", Sector('L'));
+    folder_.Add("sector.bin", SectorWith('L'));
     folder_.Add("loader.bin", "the loader");
     folder_.Add("always.txt", "always");
     folder_.AddDiskIni(
@@ -49,7 +49,7 @@ class OwnSystem : public ::testing::Test {
   }
   // The first `size` bytes of an entry of the root folder.
   std::string Record(std::size_t index, std::size_t size) const {
-    return ReadFile(folder_.Image()).substr(kRoot + index * kRecord, size);
+    return ReadFile(folder_.Image()).substr(kRootBegin + index * kRecordSize, size);
   }
   // Puts a floppy image of the user, made by other programs, into the folder.
   void AddImage(const std::string& name, int kilobytes = 1440, const std::string& folder = "dos") {
@@ -60,7 +60,7 @@ class OwnSystem : public ::testing::Test {
     ASSERT_EQ(end.exit_code, 0) << end.output;
   }
   void AddSystemFiles() {
-    folder_.Add("dos/bootsect.bin", Sector('D'));
+    folder_.Add("dos/bootsect.bin", SectorWith('D'));
     folder_.Add("dos/autoexec.bat", "@echo off");
     folder_.Add("dos/IO.SYS", Pattern(40000));
     folder_.Add("dos/msdos.sys", Pattern(1000));
@@ -101,8 +101,8 @@ TEST_F(OwnSystem, SystemFiles_StandFirstInOnePieceAndAreHidden) {
   EXPECT_EQ(Record(1, 12), std::string("MSDOS   SYS\x27", 12));
   EXPECT_EQ(Record(2, 12), std::string("MINE       \x08", 12));
   const std::string image = ReadFile(folder_.Image());
-  EXPECT_EQ(image.substr(kData, 40000), Pattern(40000)) << "from the first cluster on, in one piece";
-  EXPECT_EQ(image.substr(kData + 79 * 512, 1000), Pattern(1000));
+  EXPECT_EQ(image.substr(kDataBegin, 40000), Pattern(40000)) << "from the first cluster on, in one piece";
+  EXPECT_EQ(image.substr(kDataBegin + 79 * 512, 1000), Pattern(1000));
   EXPECT_EQ(image.substr(62, 448), std::string(448, 'D'));
   EXPECT_EQ(folder_.OnDisk("COMMAND.COM"), Pattern(5000));
   EXPECT_EQ(folder_.OnDisk("TOOLS/EDIT.COM"), Pattern(3000));
@@ -112,7 +112,7 @@ TEST_F(OwnSystem, SystemFiles_StandFirstInOnePieceAndAreHidden) {
 }
 
 TEST_F(OwnSystem, FilesOfOtherSystems_StandFirstToo) {
-  folder_.Add("dos/bootsect.bin", Sector('D'));
+  folder_.Add("dos/bootsect.bin", SectorWith('D'));
   folder_.Add("dos/a.txt", "a");
   folder_.Add("dos/ibmdos.com", "2");
   folder_.Add("dos/ibmbio.com", "1");
@@ -132,7 +132,7 @@ TEST_F(OwnSystem, FileOfDiskIni_ReplacesTheUsersFile) {
 }
 
 TEST_F(OwnSystem, LetterCaseOfFolderAndFiles_DoesNotMatter) {
-  folder_.Add("DOS/BOOTSECT.BIN", Sector('D'));
+  folder_.Add("DOS/BOOTSECT.BIN", SectorWith('D'));
   folder_.Add("DOS/Io.Sys", "system");
   MakeSound();
   EXPECT_EQ(folder_.OnDisk("IO.SYS"), "system");
@@ -153,7 +153,7 @@ TEST_F(OwnSystem, ImageBesideOtherFiles_IsRefused) {
   folder_.Add("dos/readme.txt", "x");
   EXPECT_THAT(Failure(), AllOf(HasSubstr("dos/a.img, and other files: dos/readme.txt"), HasSubstr("Leave only")));
   std::filesystem::remove(folder_.Profile() / "dos" / "readme.txt");
-  folder_.Add("dos/bootsect.bin", Sector('D'));
+  folder_.Add("dos/bootsect.bin", SectorWith('D'));
   EXPECT_THAT(Failure(), HasSubstr("dos/a.img, and other files: dos/bootsect.bin"));
 }
 
@@ -176,7 +176,7 @@ TEST_F(OwnSystem, FilesWithoutABootSector_SayWhatIsMissing) {
 }
 
 TEST_F(OwnSystem, BootSectorWithoutASystem_SaysWhatIsMissing) {
-  folder_.Add("dos/bootsect.bin", Sector('D'));
+  folder_.Add("dos/bootsect.bin", SectorWith('D'));
   folder_.Add("dos/sub/io.sys", "x");
   EXPECT_THAT(Failure(), AllOf(HasSubstr("no system"), HasSubstr("KERNEL.SYS")));
 }

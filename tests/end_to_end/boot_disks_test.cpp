@@ -13,7 +13,6 @@ namespace {
 using ::testing::Not;
 using namespace std::string_literals;
 
-constexpr const char* kKeys = "Arrows: choose";
 constexpr const char* kMemoryTest =
     "6.10.unknown.";  // the bottom right of the screen of Memtest86+, without x32 or x64
 
@@ -22,8 +21,24 @@ std::vector<std::string> NetworkCard(const std::string& model) {
   return {"-netdev", "user,restrict=on,id=" + model, "-device", model + ",romfile=,netdev=" + model};
 }
 
+// Fills a sector of 512 bytes with code, which stands behind the parameter block of a floppy.
+std::string SectorOf(const std::string& code) {
+  std::string sector = "\xEB\x3C\x90"s + std::string(59, '\0') + code;  // jmp short 3Eh
+  sector.resize(510, '\0');
+  return sector + "\x55\xAA";
+}
+
+// Writes "OK" to the top left of the screen.
+const std::string kWriteOk =
+    "\xB8\x00\xB8\x8E\xC0"          // mov ax, 0B800h; mov es, ax
+    "\x26\xC7\x06\x00\x00\x4F\x07"  // mov word [es:0], 'O'
+    "\x26\xC7\x06\x02\x00\x4B\x07"  // mov word [es:2], 'K'
+    "\xF4\xEB\xFD"s;                // hlt; jmp back to it
+
 class BootDisks : public BuildTest {
  protected:
+  static constexpr const char* kMenu = "Arrows: choose";
+
   // Makes a disk with CreateDsk as the build does.
   fs::path MakeDisk(const std::vector<std::string>& arguments, const std::string& name) const {
     const Outcome made = RunProgram(Join({(program / "CreateDsk").string()}, arguments));
@@ -43,7 +58,7 @@ class BootDisks : public BuildTest {
   fs::path SetupDisk() const { return MakeDisk({"-t", "144", "winsetup"}, "vexawin.img"); }
 
   static void Choose(Emulator& pc, const std::string& key) {
-    ASSERT_TRUE(pc.WaitForScreen(kKeys));
+    ASSERT_TRUE(pc.WaitForScreen(kMenu));
     pc.SendKey(key);
   }
 };
@@ -52,7 +67,7 @@ class BootDisks : public BuildTest {
 
 TEST_F(BootDisks, RescueDisk_ShowsItsMenu) {
   Emulator pc(FloppyDrive(RescueDisk()));
-  ASSERT_TRUE(pc.WaitForScreen(kKeys));
+  ASSERT_TRUE(pc.WaitForScreen(kMenu));
   const std::string screen = pc.Screen();
   EXPECT_THAT(screen, HasSubstr("Vexa Rescue Software"));
   EXPECT_THAT(screen, HasSubstr("1  Memory test"));
@@ -159,20 +174,6 @@ TEST_F(BootDisks, DisksWithoutASystem_SayWhatToPutWhereAndOfferTheWaysOut) {
     EXPECT_THAT(pc.Events(), HasSubstr("guest-shutdown"));
   }
 }
-
-// Fills a sector of 512 bytes with code, which stands behind the parameter block of a floppy.
-std::string SectorOf(const std::string& code) {
-  std::string sector = "\xEB\x3C\x90"s + std::string(59, '\0') + code;  // jmp short 3Eh
-  sector.resize(510, '\0');
-  return sector + "\x55\xAA";
-}
-
-// Writes "OK" to the top left of the screen.
-const std::string kWriteOk =
-    "\xB8\x00\xB8\x8E\xC0"          // mov ax, 0B800h; mov es, ax
-    "\x26\xC7\x06\x00\x00\x4F\x07"  // mov word [es:0], 'O'
-    "\x26\xC7\x06\x02\x00\x4B\x07"  // mov word [es:2], 'K'
-    "\xF4\xEB\xFD"s;                // hlt; jmp back to it
 
 TEST_F(BootDisks, ImageOfTheUser_StartsWithItsOwnSector) {
   const fs::path dos = program / "files/disks/winsetup/dos";
