@@ -61,7 +61,7 @@ Result OwnFolder::Read(bool& is_empty) {
                            "this name.");
   }
   if (Result result = StaysInProfile(profile_folder_, path_); !result.ok()) return result;
-  const Result result = ReadFolder(own_, {});
+  Result result = ReadFolder(own_, {});
   is_empty = images_.empty() && boot_sector_.empty() && files_.empty();
   return result;
 }
