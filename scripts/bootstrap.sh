@@ -12,7 +12,7 @@
 #   scripts/bootstrap.sh mutants  also the tools of scripts/mutants.sh
 set -eu
 
-packages="g++ make cmake ninja-build nasm libssl-dev libxxhash-dev qt6-base-dev librsvg2-bin g++-multilib syslinux-common python3"
+packages="g++ make cmake ninja-build nasm libssl-dev libxxhash-dev qt6-base-dev librsvg2-bin g++-multilib syslinux-common memtest86+ grub-rescue-pc ipxe python3"
 cross="g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32"
 case "${1:-build}" in
   build) ;;

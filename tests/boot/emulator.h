@@ -31,6 +31,10 @@ std::string FaultyImage(const fs::path& image, const fs::path& faults, std::uint
 std::vector<std::string> FaultyCdDrive(const fs::path& image, const fs::path& faults, std::uint32_t sector_of_cd,
                                        int count);
 inline constexpr int kAlways = 0;
+std::vector<std::string> FloppyDrive(const fs::path& image);  // the machine starts from it
+
+inline constexpr const char* kPc32 = "qemu-system-i386";
+inline constexpr const char* kPc64 = "qemu-system-x86_64";  // its processor has the long mode
 
 // The machine is switched off when the object is destroyed or the test is killed.
 class Emulator {
@@ -38,8 +42,8 @@ class Emulator {
   // An upper bound for slow machines. On an idle machine every wait of the tests ends after a second or two.
   static constexpr std::chrono::seconds kDeadline{60};
 
-  // `arguments`: drives, and other arguments of QEMU.
-  explicit Emulator(const std::vector<std::string>& arguments);
+  // `arguments`: drives, and other arguments of QEMU. `pc` is one of the two above.
+  explicit Emulator(const std::vector<std::string>& arguments, const char* pc = kPc32);
   ~Emulator();
   Emulator(const Emulator&) = delete;
   Emulator& operator=(const Emulator&) = delete;

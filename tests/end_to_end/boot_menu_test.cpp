@@ -10,7 +10,7 @@ namespace discwright::testing {
 
 namespace {
 
-constexpr const char* kFloppyText = "This disk holds no system.";
+constexpr const char* kFloppyText = "1  Memory test";  // in the menu of the disk
 
 }  // namespace
 

@@ -48,6 +48,9 @@ struct ReadScriptText {
   explicit ReadScriptText(FakeFiles& files, std::size_t room = 256 * 1024) : memory(room) {
     ReadScript(files, "main.cds", Processor::k32Bit, memory, *script);
   }
+  ReadScriptText(FakeFiles& files, Processor processor) : memory(256 * 1024) {
+    ReadScript(files, "main.cds", processor, memory, *script);
+  }
   explicit ReadScriptText(const std::string& text) : ReadScriptText(text, {}) {}
   // `present` are files that are on the CD.
   ReadScriptText(const std::string& text, const std::vector<std::string>& present,

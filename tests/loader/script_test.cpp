@@ -16,6 +16,7 @@ using ::testing::AllOf;
 using ::testing::Contains;
 using ::testing::Each;
 using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
@@ -430,6 +431,85 @@ TEST(ShippedScriptTest, WithAllFiles_IsReadWithoutMistakes) {
   EXPECT_THAT(bare.Entries(),
               ElementsAre("First hard disk", "This computer", "This computer/Second hard disk",
                           "This computer/Next boot device", "This computer/Memory and disks", "Restart", "Power off"));
+}
+
+std::string DiskScript(const std::string& path) {
+  std::ifstream stream(DISKS "/" + path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+// A script of a disk, on which all files are that its profile may name.
+ReadScriptText ReadDisk(const std::string& profile, Processor processor, bool asks_for_card = false) {
+  FakeFiles files;
+  for (const char* name : {"memtest.x64", "memtest.x32", "grub.gz", "memdisk", "ipxe.krn"}) {
+    files.files[std::string("boot/") + name];
+  }
+  if (asks_for_card) files.files["boot/scripts/cards.cds"] = DiskScript("cards.cds");
+  files.files["main.cds"] = DiskScript(profile + "/main.cds");
+  return {files, processor};
+}
+
+TEST(DiskScriptTest, EveryDisk_OffersItsProgramsAndTheWaysOut) {
+  const std::vector<std::string> ways_out = {"First hard disk", "Restart", "Power off"};
+  const std::pair<const char*, std::vector<std::string>> disks[] = {
+      {"vexasoftware", {"Memory test", "GRUB"}},
+      {"linkwellplus288", {"Start from the network", "Memory test", "GRUB"}},
+      {"netaccess", {"Start from the network"}},
+      {"winsetup", {}},
+      {"vexasoftware_emm", {}},
+  };
+  for (const auto& [profile, programs] : disks) {
+    std::vector<std::string> entries = programs;
+    entries.insert(entries.end(), ways_out.begin(), ways_out.end());
+    for (const Processor processor : {Processor::k32Bit, Processor::k64Bit}) {
+      const ReadScriptText read = ReadDisk(profile, processor);
+      EXPECT_THAT(read.Mistakes(), IsEmpty()) << profile;
+      EXPECT_THAT(read.Entries(), ElementsAreArray(entries)) << profile;
+      EXPECT_FALSE(read.script->asks_for_password);
+    }
+  }
+}
+
+TEST(DiskScriptTest, MemoryTest_IsTheOneForTheProcessor) {
+  for (const auto& [processor, program] :
+       {std::pair(Processor::k32Bit, "boot/memtest.x32"), std::pair(Processor::k64Bit, "boot/memtest.x64")}) {
+    const ReadScriptText read = ReadDisk("vexasoftware", processor);
+    EXPECT_EQ(read.script->entries[0].command.path, program);
+    EXPECT_EQ(read.script->entries[0].key, 'M');
+  }
+}
+
+TEST(DiskScriptTest, NetworkDisks_StartByThemselvesUnlessTheyAskForTheCard) {
+  for (const char* profile : {"netaccess", "linkwellplus288"}) {
+    const ReadScriptText plain = ReadDisk(profile, Processor::k32Bit);
+    EXPECT_EQ(plain.script->timeout, 10U);
+    EXPECT_EQ(plain.script->default_entry, 0);
+    EXPECT_EQ(plain.script->entries[0].command.path, "boot/ipxe.krn");
+    EXPECT_EQ(plain.script->entries[0].command.options, "");
+    const ReadScriptText asking = ReadDisk(profile, Processor::k32Bit, true);
+    EXPECT_THAT(asking.Mistakes(), IsEmpty());
+    EXPECT_EQ(asking.script->timeout, 0U);
+    EXPECT_THAT(asking.Entries(), AllOf(Contains("First network card only"), Contains("Command line of iPXE"),
+                                        Contains("List of the cards and their drivers"), Contains("Power off")));
+    EXPECT_EQ(asking.script->entries[2].command.options, "autoboot net1 || shell");
+  }
+}
+
+TEST(DiskScriptTest, DisksWithoutASystem_SayWhatToPutWhere) {
+  for (const std::string profile : {"winsetup", "vexasoftware_emm"}) {
+    const ReadScriptText read = ReadDisk(profile, Processor::k32Bit);
+    std::string text;
+    std::size_t lines = 0;
+    for (std::uint16_t i = 0; i < read.script->step_count; ++i) {
+      text += std::string(read.script->steps[i].text) + "\n";
+      lines += !read.script->steps[i].is_wait;
+    }
+    EXPECT_THAT(text, AllOf(HasSubstr("This disk has no system yet."),
+                            HasSubstr("     files\\disks\\" + profile + "\\dos\n"), HasSubstr("bootsect.bin")));
+    EXPECT_LE(lines, 19U) << "the menu shows no more";
+    EXPECT_TRUE(read.script->steps[read.script->step_count - 1].is_wait);
+    EXPECT_EQ(read.script->timeout, 0U);
+  }
 }
 
 TEST(ShippedScriptTest, PatchedByTheWizard_AsksForThePassword) {
