@@ -69,6 +69,10 @@ std::vector<std::string> HardDisk(const fs::path& image) {
   return {"-drive", "if=ide,media=disk,format=raw,file=" + image.string()};
 }
 
+std::vector<std::string> FloppyDrive(const fs::path& image) {
+  return {"-boot", "a", "-drive", "if=floppy,format=raw,file=" + image.string()};
+}
+
 Emulator::Emulator(const std::vector<std::string>& arguments)
     : control_(Connection()), program_(Command(folder_.path(), control_[1], arguments)) {
   close(control_[1]);

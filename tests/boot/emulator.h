@@ -21,6 +21,8 @@ std::vector<std::string> CdDrive(const fs::path& image);
 std::vector<std::string> AhciCdDrive(const fs::path& image);
 std::vector<std::string> UsbCdDrive(const fs::path& image);
 std::vector<std::string> HardDisk(const fs::path& image);
+// The machine starts from this drive.
+std::vector<std::string> FloppyDrive(const fs::path& image);
 
 // The machine is switched off when the object is destroyed or the test is killed.
 class Emulator {
