@@ -21,7 +21,8 @@ std::vector<std::string> CdDrive(const fs::path& image);
 std::vector<std::string> AhciCdDrive(const fs::path& image);
 std::vector<std::string> UsbCdDrive(const fs::path& image);
 std::vector<std::string> HardDisk(const fs::path& image);
-std::vector<std::string> FloppyDrive(const fs::path& image);  // the machine starts from it
+// The machine starts from this drive.
+std::vector<std::string> FloppyDrive(const fs::path& image);
 
 inline constexpr const char* kPc32 = "qemu-system-i386";
 inline constexpr const char* kPc64 = "qemu-system-x86_64";  // its processor has the long mode

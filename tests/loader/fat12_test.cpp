@@ -13,7 +13,7 @@ namespace {
 using loader::VolumeEntry;
 using loader::VolumeError;
 
-std::string Words(VolumeError error) { return OpenedFloppy::Say(error); }
+std::string Say(VolumeError error) { return OpenedFloppy::Say(error); }
 
 // A floppy with FILE.TXT of 1,300 bytes in the clusters 5, 6 and 9.
 HandMadeFloppy WithFile() {
@@ -113,7 +113,7 @@ TEST(FatFind, LabelsLongNamesAndDeletedEntries_DoNotExist) {
   EXPECT_EQ(floppy.Read("here.txt"), "");
   EXPECT_EQ(floppy.Read("\xE5ne.txt"), "");
   for (const char* path : {"gone.txt", "\xE5one.txt", "\x05ne.txt", "behind", "other", "gone/x", "here.txt/x"}) {
-    EXPECT_EQ(floppy.Read(path), Words(VolumeError::kNotFound)) << path;
+    EXPECT_EQ(floppy.Read(path), Say(VolumeError::kNotFound)) << path;
   }
 }
 
@@ -126,7 +126,7 @@ TEST(FatFind, NamesThatAreNoShortNames_AreNotFound) {
   for (const char* path : {"loader.bin", "12345678.123", "nodot", "nodot."}) EXPECT_EQ(floppy.Read(path), "") << path;
   for (const char* path : {"loader.bi", "loader", "loader.bin1", "123456789.123", "12345678.1234", "12345678123", ".",
                            "..", ".bin", "loader..bin"}) {
-    EXPECT_EQ(floppy.Read(path), Words(VolumeError::kNotFound)) << path;
+    EXPECT_EQ(floppy.Read(path), Say(VolumeError::kNotFound)) << path;
   }
 }
 
@@ -138,7 +138,7 @@ TEST(FatFind, FullRoot_IsSearchedToItsEndAndNotFarther) {
   for (const std::size_t more : {0, 1, 4, 40}) {
     OpenedFloppy floppy(made.bytes, more);
     EXPECT_EQ(floppy.Read("last"), "") << more;
-    EXPECT_EQ(floppy.Read("beyond"), Words(VolumeError::kNotFound)) << more;
+    EXPECT_EQ(floppy.Read("beyond"), Say(VolumeError::kNotFound)) << more;
   }
 }
 
@@ -156,8 +156,8 @@ TEST(FatFind, FolderInPieces_IsFollowed) {
   made.PutCluster(11, "abc");
   OpenedFloppy floppy(made.bytes);
   EXPECT_EQ(floppy.Read("boot\\deeper/a.b"), "abc");
-  EXPECT_EQ(floppy.Read("boot/fill/a.b"), Words(VolumeError::kNotFound));
-  EXPECT_EQ(floppy.Read("boot/deeper"), Words(VolumeError::kNotAFile));
+  EXPECT_EQ(floppy.Read("boot/fill/a.b"), Say(VolumeError::kNotFound));
+  EXPECT_EQ(floppy.Read("boot/deeper"), Say(VolumeError::kNotAFile));
 }
 
 TEST(FatFind, DamagedFolder_IsAnError) {
@@ -165,12 +165,12 @@ TEST(FatFind, DamagedFolder_IsAnError) {
     HandMadeFloppy made;
     made.AddToRoot("BOOT       ", HandMadeFloppy::kFolder, 7, 0);
     made.SetNext(7, next);
-    EXPECT_EQ(OpenedFloppy(made.bytes).Read("boot/x"), Words(VolumeError::kBadFolder)) << next;
+    EXPECT_EQ(OpenedFloppy(made.bytes).Read("boot/x"), Say(VolumeError::kBadFolder)) << next;
   }
   for (const std::uint32_t first : {0u, 1u, 2849u, 0xFFFFu}) {
     HandMadeFloppy made;
     made.AddToRoot("BOOT       ", HandMadeFloppy::kFolder, first, 0);
-    EXPECT_EQ(OpenedFloppy(made.bytes).Read("boot/boot"), Words(VolumeError::kBadFolder)) << first;
+    EXPECT_EQ(OpenedFloppy(made.bytes).Read("boot/boot"), Say(VolumeError::kBadFolder)) << first;
   }
 }
 
@@ -181,7 +181,7 @@ TEST(FatRead, EveryPart_IsRead) {
   for (const std::uint32_t offset : {0u, 1u, 511u, 512u, 513u, 1023u, 1024u, 1100u, 1299u, 1300u}) {
     for (const std::size_t size : {0u, 1u, 2u, 511u, 512u, 513u, 1024u, 1025u, 1300u}) {
       const std::string expected =
-          offset + size <= kContent.size() ? kContent.substr(offset, size) : Words(VolumeError::kPastTheEnd);
+          offset + size <= kContent.size() ? kContent.substr(offset, size) : Say(VolumeError::kPastTheEnd);
       EXPECT_EQ(floppy.ReadPart(file, offset, size), expected) << offset << " " << size;
     }
   }
@@ -206,17 +206,17 @@ TEST(FatRead, DamagedChain_IsAnError) {
   for (const std::uint32_t next : {0u, 1u, 5u, 6u, 9u, 0xFF7u, 0xFF0u, 2849u}) {
     HandMadeFloppy made = WithFile();
     made.SetNext(9, next);
-    EXPECT_EQ(OpenedFloppy(made.bytes).Read("file.txt"), Words(VolumeError::kBadChain)) << next;
+    EXPECT_EQ(OpenedFloppy(made.bytes).Read("file.txt"), Say(VolumeError::kBadChain)) << next;
   }
   for (const std::uint32_t next : {0u, 1u, 5u, 0xFF7u, 0xFFFu, 2849u}) {
     HandMadeFloppy made = WithFile();
     made.SetNext(5, next);
-    EXPECT_EQ(OpenedFloppy(made.bytes).Read("file.txt"), Words(VolumeError::kBadChain)) << next;
+    EXPECT_EQ(OpenedFloppy(made.bytes).Read("file.txt"), Say(VolumeError::kBadChain)) << next;
   }
   for (const std::uint32_t first : {0u, 1u, 2849u, 0xFFFFu}) {
     HandMadeFloppy made;
     made.AddToRoot("FILE    TXT", HandMadeFloppy::kFile, first, 1);
-    EXPECT_EQ(OpenedFloppy(made.bytes).Read("file.txt"), Words(VolumeError::kBadChain)) << first;
+    EXPECT_EQ(OpenedFloppy(made.bytes).Read("file.txt"), Say(VolumeError::kBadChain)) << first;
   }
   HandMadeFloppy huge;
   huge.AddToRoot("FILE    TXT", HandMadeFloppy::kFile, 5, 0xFFFFFFFF);
@@ -224,7 +224,7 @@ TEST(FatRead, DamagedChain_IsAnError) {
   OpenedFloppy floppy(huge.bytes);
   VolumeEntry file;
   ASSERT_EQ(floppy.volume.Find("file.txt", file), VolumeError::kNone);
-  EXPECT_EQ(floppy.ReadPart(file, 0xFFFFFF00, 16), Words(VolumeError::kBadChain));
+  EXPECT_EQ(floppy.ReadPart(file, 0xFFFFFF00, 16), Say(VolumeError::kBadChain));
 }
 
 TEST(FatRead, LastCluster_IsRead) {
@@ -245,7 +245,7 @@ TEST(FatRead, BadSector_IsAnErrorInEveryPlace) {
   for (const std::uint32_t sector : {19u, 36u, 37u, 40u}) {
     OpenedFloppy floppy(WithFile().bytes);
     floppy.sectors.bad_sector = sector;
-    EXPECT_EQ(floppy.Read("file.txt"), Words(VolumeError::kUnreadable)) << sector;
+    EXPECT_EQ(floppy.Read("file.txt"), Say(VolumeError::kUnreadable)) << sector;
   }
 }
 
