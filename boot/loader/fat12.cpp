@@ -70,7 +70,7 @@ bool ToShortName(std::string_view name, ShortName& result) {
   constexpr std::size_t kStem = 8;
   std::size_t period = 0;
   while (period < name.size() && name[period] != '.') ++period;
-  return period != 0 && PutPart(Part(name, 0, period), std::span(result).first(kStem)) &&
+  return PutPart(Part(name, 0, period), std::span(result).first(kStem)) &&
          PutPart(Part(name, period + 1), std::span(result).subspan(kStem));
 }
 
@@ -116,7 +116,7 @@ VolumeError FatVolume::Open() {
   if (!sectors_.Read(0, buffer_.first(kFloppySectorSize))) return VolumeError::kUnreadable;
   Block block;
   if (const VolumeError error = ParseBlock(buffer_, block); error != VolumeError::kNone) return error;
-  if (block.DataSector() >= block.sector_count) return VolumeError::kBadVolume;
+  if (block.DataSector() > block.sector_count) return VolumeError::kBadVolume;
   const std::uint32_t clusters = (block.sector_count - block.DataSector()) / block.cluster_sectors;
   if (clusters == 0) return VolumeError::kBadVolume;
   if (clusters > kMostClusters) return VolumeError::kNoVolume;
@@ -171,7 +171,7 @@ VolumeError FatVolume::Find(std::string_view path, VolumeEntry& found) {
   for (std::string_view name = TakeName(path); !name.empty(); name = TakeName(path)) {
     Search search;
     search.folders_only = !path.empty();  // what stands before a separator is a folder
-    if (!here.is_folder || !ToShortName(name, search.name)) return VolumeError::kNotFound;
+    if (!ToShortName(name, search.name)) return VolumeError::kNotFound;
     if (const VolumeError error = SearchFolder(here, search); error != VolumeError::kNone) return error;
     if (!search.has_found) return VolumeError::kNotFound;
     here = search.found;

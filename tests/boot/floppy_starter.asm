@@ -3,8 +3,8 @@
 ; is not zero, reads that sector to 0000:7C00, and enters it at 07C0:0000 with DL = 0 and random values in the other
 ; registers. It also installs a faulty INT 13h, of which the first three tries of each read fail, and all tries if the read
 ; has a sector that the test names in the bytes at `bad_sector`. It destroys every register but SS:SP, sets DF, and shows
-; an objection to a new try without a reset, and to a read that crosses 64 KB. (The emulated floppy drive itself reports
-; no errors: QEMU returns zeros for what it cannot read.)
+; an objection to a new try without a reset, and to a read that crosses a track or 64 KB. (The emulated floppy drive
+; itself reports no errors: QEMU returns zeros for what it cannot read.)
 ;
 ; Memory map:
 ;   0000:0500-0000:06FF  this program after it has moved itself
@@ -17,6 +17,7 @@ org 0x500
 READ              equ 2         ; function of INT 13h
 DISK_VECTOR       equ 0x13 * 4
 FAILURES          equ 3
+TRACK_SIZE        equ 0x500 + 24  ; in the parameter block
 NO_DISK_YET       equ 0x80      ; an error of INT 13h: time-out
 
 start:
@@ -124,6 +125,13 @@ bad_bios:
     test al, al
     jz .objection
     push ax
+    push dx
+    mov ah, cl
+    dec ah
+    add ah, al
+    cmp ah, [cs:TRACK_SIZE]
+    pop dx
+    ja .objection
     push dx
     movzx edx, al
     shl edx, 9

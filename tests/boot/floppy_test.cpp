@@ -1,6 +1,8 @@
 // Tests of the boot sector and the loader of floppies in an emulated PC.
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "tests/boot/boot_fixture.h"
 
 namespace discwright::testing {
@@ -129,6 +131,11 @@ TEST_F(FloppyBoot, OfEverySize_ShowsTheMenu) {
   }
 }
 
+TEST_F(FloppyBoot, VolumeLabelWithTheNameOfTheLoader_IsNotTakenForIt) {
+  Make("-n 'LOADER  BIN' 1440");
+  EXPECT_TRUE(Emulator(FloppyDrive(floppy)).WaitForScreen(kKeys));
+}
+
 TEST_F(FloppyBoot, LoaderInPieces_IsLoaded) {
   for (const char* size : {"1440", "2880"}) {
     Format(size);
@@ -187,6 +194,12 @@ TEST_F(FloppyBoot, DamagedLoader_IsReported) {
     pc.SendKey("a");
     EXPECT_TRUE(pc.WaitForEnd());
   }
+}
+
+TEST_F(FloppyBoot, SectorsOfTheLoaderInAnotherOrder_AreReported) {
+  std::rotate(loader.begin() + kSector, loader.begin() + 2 * kSector, loader.end());
+  Make();
+  EXPECT_TRUE(Emulator(FloppyDrive(floppy)).WaitForScreen("LOADER.BIN on this disk is damaged (code 3)."));
 }
 
 TEST_F(FloppyBoot, ChainOfTheLoaderThatIsCutOrHasNoEnd_IsReported) {

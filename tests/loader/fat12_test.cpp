@@ -5,6 +5,7 @@
 
 #include <set>
 
+#include "tests/host/temp_folder.h"
 #include "tests/loader/hand_made_floppy.h"
 
 namespace discwright::testing {
@@ -15,17 +16,17 @@ using loader::VolumeError;
 
 std::string Say(VolumeError error) { return OpenedFloppy::Say(error); }
 
+const std::string kContent = host::testing::BytesOfSize(1300);
+
 // A floppy with FILE.TXT of 1,300 bytes in the clusters 5, 6 and 9.
 HandMadeFloppy WithFile() {
   HandMadeFloppy floppy;
   floppy.AddToRoot("FILE    TXT", HandMadeFloppy::kFile, 5, 1300);
   floppy.SetChain({5, 6, 9, HandMadeFloppy::kEnd});
-  floppy.PutCluster(5, std::string(512, 'a'));
-  floppy.PutCluster(6, std::string(512, 'b'));
-  floppy.PutCluster(9, std::string(512, 'c'));
+  floppy.PutCluster(5, kContent.substr(0, 1024));
+  floppy.PutCluster(9, kContent.substr(1024));
   return floppy;
 }
-const std::string kContent = std::string(512, 'a') + std::string(512, 'b') + std::string(276, 'c');
 
 VolumeError OpenError(const HandMadeFloppy& floppy) { return OpenedFloppy(floppy.bytes).opened; }
 
@@ -83,6 +84,14 @@ TEST(FatOpen, NumberOfClusters_DecidesAboutTheKind) {
   EXPECT_EQ(OpenError(floppy), VolumeError::kNone);
 }
 
+TEST(FatOpen, TableThatIsTooShortForTheClusters_IsRefused) {
+  HandMadeFloppy floppy;  // its table has room for 3,072 entries, of which two stand for no cluster
+  floppy.Put16(19, 33 + 3070);
+  EXPECT_EQ(OpenError(floppy), VolumeError::kNone);
+  floppy.Put16(19, 33 + 3071);
+  EXPECT_EQ(OpenError(floppy), VolumeError::kBadVolume);
+}
+
 TEST(FatOpen, FirstTableUnreadable_TheSecondIsUsed) {
   HandMadeFloppy made = WithFile();
   made.Put(10 * HandMadeFloppy::kSector, made.bytes.substr(HandMadeFloppy::kTable, 9 * HandMadeFloppy::kSector));
@@ -112,7 +121,8 @@ TEST(FatFind, LabelsLongNamesAndDeletedEntries_DoNotExist) {
   OpenedFloppy floppy(made.bytes);
   EXPECT_EQ(floppy.Read("here.txt"), "");
   EXPECT_EQ(floppy.Read("\xE5ne.txt"), "");
-  for (const char* path : {"gone.txt", "\xE5one.txt", "\x05ne.txt", "behind", "other", "gone/x", "here.txt/x"}) {
+  for (const char* path :
+       {"gone.txt", "\xE5one.txt", "\x05ne.txt", "behind", "other", "gone/x", "here.txt/", "here.txt/x"}) {
     EXPECT_EQ(floppy.Read(path), Say(VolumeError::kNotFound)) << path;
   }
 }
@@ -233,6 +243,12 @@ TEST(FatRead, LastCluster_IsRead) {
   made.SetNext(HandMadeFloppy::kLastCluster, HandMadeFloppy::kEnd);
   made.PutCluster(HandMadeFloppy::kLastCluster, std::string(512, 'z'));
   EXPECT_EQ(OpenedFloppy(made.bytes).Read("file.txt"), std::string(512, 'z'));
+}
+
+TEST(FatRead, ClusterBehindTheLast_IsNoPartOfAChain) {
+  HandMadeFloppy made = WithFile();
+  made.SetChain({6, HandMadeFloppy::kLastCluster + 1, HandMadeFloppy::kEnd});
+  EXPECT_EQ(OpenedFloppy(made.bytes).Read("file.txt"), Say(VolumeError::kBadChain));
 }
 
 TEST(FatRead, ChainThatIsLongerThanTheFile_IsRead) {
