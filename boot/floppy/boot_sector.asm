@@ -54,7 +54,6 @@ begin:
     mov sp, ORIGIN
     mov bp, sp
     mov ds, ax
-    cld
     mov [bp + DRIVE], dl
 
 ; Reads the table and the root folder.
@@ -62,8 +61,6 @@ begin:
     mov cx, [bp + TABLE_SIZE]
     push word TABLE
     pop es
-    push es
-    pop fs
     call read
     movzx ax, byte [bp + TABLES]
     mul word [bp + TABLE_SIZE]
@@ -111,6 +108,8 @@ begin:
     mov ax, es
     cmp ah, TABLE >> 8
     jae .end                    ; the chain is a circle, or the file is too large
+    push word TABLE
+    pop fs                      ; set anew each time, because some BIOSes change it
     mov bx, si
     shr bx, 1                   ; the table has 12 bits for each cluster; CF = 1 for an odd one
     mov ax, [fs:bx + si]
@@ -125,46 +124,6 @@ begin:
     jne .damaged
     mov dl, [bp + DRIVE]
     jmp 0x0000:LOADER
-
-; Reads sectors one by one, and repeats a failed read. Shows a message and does not return if all tries fail.
-; IN: AX = first sector of the floppy, CX = count, ES = segment of the memory. OUT: AX, ES = what is behind them.
-; CLOBBERS: CX.
-read:
-    pusha
-    xor dx, dx
-    div word [bp + TRACK_SIZE]
-    inc dx
-    mov cx, dx                  ; CL = sector of the track, from 1 on
-    xor dx, dx
-    div word [bp + HEADS]
-    mov ch, al                  ; cylinder
-    mov dh, dl                  ; head
-    mov dl, [bp + DRIVE]
-    mov di, TRIES
-.try:
-    pusha                       ; some BIOSes change registers that they should keep
-    xor bx, bx
-    mov ax, READ
-    int 0x13
-    mov [bp + ERROR], ah
-    popa
-    jnc .next
-    pusha
-    xor ax, ax                  ; resets the drive
-    int 0x13
-    popa
-    dec di
-    jnz .try
-    mov si, unreadable
-    jmp stop
-.next:
-    mov ax, es
-    add ax, SECTOR / 16
-    mov es, ax
-    popa
-    inc ax
-    loop read
-    ret
 
 ; Shows what the BIOS said about the last failed read, for which PLACEHOLDER stands in a text.
 ; IN: BP + ERROR. OUT: -. CLOBBERS: AX, BX.
@@ -185,14 +144,65 @@ print_digit:
     das                         ; AL = '0' to '9' or 'A' to 'F'
     jmp print_letter
 
+; Calls INT 13h for the drive. Saves all registers, because some BIOSes change registers that they should keep.
+; IN: AX = function, ES, BX, CX, DH = what it needs. OUT: CF as the BIOS returns it, ERROR if CF = 1. CLOBBERS: -.
+disk:
+    pusha
+    push ds
+    push es
+    mov dl, [bp + DRIVE]
+    int 0x13
+    pop es
+    pop ds
+    jnc .end
+    mov [ORIGIN + ERROR], ah
+.end:
+    popa
+    cld                         ; some BIOSes change DF, too
+    ret
+
+; Reads sectors one by one, and repeats a failed read. Shows a message and does not return if all tries fail.
+; IN: AX = first sector of the floppy, CX = count, ES = segment of the memory. OUT: AX, ES = what is behind them.
+; CLOBBERS: CX.
+next:
+    mov ax, es
+    add ax, SECTOR / 16
+    mov es, ax
+    popa
+    inc ax
+    loop read
+    ret
+read:                           ; the routine begins here
+    pusha
+    xor dx, dx
+    div word [bp + TRACK_SIZE]
+    inc dx
+    mov cx, dx                  ; CL = sector of the track, from 1 on
+    xor dx, dx
+    div word [bp + HEADS]
+    mov ch, al                  ; cylinder
+    mov dh, dl                  ; head
+    mov di, TRIES
+    xor bx, bx
+.try:
+    mov ax, READ
+    call disk
+    jnc next
+    xor ax, ax                  ; resets the drive
+    call disk
+    dec di
+    jnz .try
+    mov si, unreadable
+    ; falls through to "stop"
+
 %include "messages.inc"
 
 name:
     db 'LOADER  BIN'
 unreadable:
-    db 'The disk cannot be read (code 2, BIOS error ', PLACEHOLDER, ').', 0
+    db 'The disk cannot be read (BIOS error ', PLACEHOLDER, ').', 0
 damaged:
-    db 'LOADER.BIN is missing or damaged (code 1).', 0
+    db 'LOADER.BIN is missing or damaged.', 0
 restart:
     db 13, 10, 'Press a key to restart.', 0
 

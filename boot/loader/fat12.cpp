@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <array>
 
-#include "base/byte_order.h"
+#include "boot/loader/bytes.h"
 #include "boot/loader/text.h"
 
 namespace discwright::loader {
@@ -24,10 +24,6 @@ constexpr std::uint8_t kStandsForE5 = 0x05;
 constexpr std::uint8_t kLabelFlag = 0x08;  // long names have this flag, too
 constexpr std::uint8_t kFolderFlag = 0x10;
 
-std::uint32_t Half(std::span<const std::uint8_t> bytes, std::size_t at) {
-  return base::LoadLe16(bytes.subspan(at).first<2>());
-}
-
 // What the parameter block in the first sector says.
 struct Block {
   std::uint32_t cluster_sectors = 0;
@@ -42,16 +38,16 @@ struct Block {
 };
 
 VolumeError ParseBlock(std::span<const std::uint8_t> sector, Block& block) {
-  const std::uint32_t sector_size = Half(sector, 11);  // BPB_BytsPerSec
-  const std::uint8_t media = sector[21];               // BPB_Media
-  block.cluster_sectors = sector[13];                  // BPB_SecPerClus
-  block.table_sector = Half(sector, 14);               // BPB_RsvdSecCnt
-  block.table_copies = sector[16];                     // BPB_NumFATs
-  block.table_sectors = Half(sector, 22);              // BPB_FATSz16; FAT32 has 0 here
-  const std::uint32_t root_bytes = Half(sector, 17) * static_cast<std::uint32_t>(kRecordSize);  // BPB_RootEntCnt
+  const std::uint32_t sector_size = Number16(sector, 11);  // BPB_BytsPerSec
+  const std::uint8_t media = sector[21];                   // BPB_Media
+  block.cluster_sectors = sector[13];                      // BPB_SecPerClus
+  block.table_sector = Number16(sector, 14);               // BPB_RsvdSecCnt
+  block.table_copies = sector[16];                         // BPB_NumFATs
+  block.table_sectors = Number16(sector, 22);              // BPB_FATSz16; FAT32 has 0 here
+  const std::uint32_t root_bytes = Number16(sector, 17) * static_cast<std::uint32_t>(kRecordSize);  // BPB_RootEntCnt
   block.root_sectors = (root_bytes + kFatSector - 1) / kFatSector;
-  block.sector_count = Half(sector, 19);                                                        // BPB_TotSec16
-  if (block.sector_count == 0) block.sector_count = Half(sector, 32) | Half(sector, 34) << 16;  // BPB_TotSec32
+  block.sector_count = Number16(sector, 19);                               // BPB_TotSec16
+  if (block.sector_count == 0) block.sector_count = Number32(sector, 32);  // BPB_TotSec32
   const bool is_power_of_two = (block.cluster_sectors & (block.cluster_sectors - 1)) == 0;
   if (block.cluster_sectors == 0 || !is_power_of_two || media < 0xF0) return VolumeError::kNoVolume;
   if (block.table_sector == 0 || block.table_copies == 0 || block.table_sectors == 0 || root_bytes == 0) {
@@ -74,7 +70,7 @@ bool ToShortName(std::string_view name, ShortName& result) {
   constexpr std::size_t kStem = 8;
   std::size_t period = 0;
   while (period < name.size() && name[period] != '.') ++period;
-  return period != 0 && PutPart(Part(name, 0, period), std::span(result).first(kStem)) &&
+  return PutPart(Part(name, 0, period), std::span(result).first(kStem)) &&
          PutPart(Part(name, period + 1), std::span(result).subspan(kStem));
 }
 
@@ -101,8 +97,8 @@ struct FatVolume::Search {
     if (is_over || record[0] == kDeletedRecord || (flags & kLabelFlag) != 0 || !HasName(record, name)) return;
     const bool is_folder = (flags & kFolderFlag) != 0;
     if (folders_only && !is_folder) return;
-    const std::uint32_t size = Half(record, 28) | Half(record, 30) << 16;                       // DIR_FileSize
-    found = {.start = Half(record, 26), .size = is_folder ? 0 : size, .is_folder = is_folder};  // DIR_FstClusLO
+    const std::uint32_t size = Number32(record, 28);                                                // DIR_FileSize
+    found = {.start = Number16(record, 26), .size = is_folder ? 0 : size, .is_folder = is_folder};  // DIR_FstClusLO
     has_found = is_over = true;
   }
 };
@@ -120,7 +116,7 @@ VolumeError FatVolume::Open() {
   if (!sectors_.Read(0, buffer_.first(kFloppySectorSize))) return VolumeError::kUnreadable;
   Block block;
   if (const VolumeError error = ParseBlock(buffer_, block); error != VolumeError::kNone) return error;
-  if (block.DataSector() >= block.sector_count) return VolumeError::kBadVolume;
+  if (block.DataSector() > block.sector_count) return VolumeError::kBadVolume;
   const std::uint32_t clusters = (block.sector_count - block.DataSector()) / block.cluster_sectors;
   if (clusters == 0) return VolumeError::kBadVolume;
   if (clusters > kMostClusters) return VolumeError::kNoVolume;
@@ -149,7 +145,7 @@ bool FatVolume::IsCluster(std::uint32_t number) const {
 
 // What the table says behind a cluster: the next one, or a mark, which is no cluster.
 std::uint32_t FatVolume::Next(std::uint32_t cluster) const {
-  const std::uint32_t two = Half(table_, cluster + cluster / 2);
+  const std::uint32_t two = Number16(table_, cluster + cluster / 2);
   return cluster % 2 == 0 ? two & 0xFFF : two >> 4;
 }
 
@@ -175,7 +171,7 @@ VolumeError FatVolume::Find(std::string_view path, VolumeEntry& found) {
   for (std::string_view name = TakeName(path); !name.empty(); name = TakeName(path)) {
     Search search;
     search.folders_only = !path.empty();  // what stands before a separator is a folder
-    if (!here.is_folder || !ToShortName(name, search.name)) return VolumeError::kNotFound;
+    if (!ToShortName(name, search.name)) return VolumeError::kNotFound;
     if (const VolumeError error = SearchFolder(here, search); error != VolumeError::kNone) return error;
     if (!search.has_found) return VolumeError::kNotFound;
     here = search.found;

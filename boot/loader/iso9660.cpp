@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "boot/loader/bytes.h"
 #include "boot/loader/text.h"
 
 namespace discwright::loader {
@@ -20,11 +21,6 @@ constexpr std::uint8_t kEnhancedVersion = 2;  // of a supplementary descriptor
 
 constexpr std::size_t kRecordHead = 33;  // bytes of a folder's record before the name
 enum RecordFlag : std::uint8_t { kHidden = 0x01, kFolder = 0x02, kAssociated = 0x04, kMoreParts = 0x80 };
-
-std::uint32_t Number16(Bytes bytes, std::size_t at) {
-  return bytes[at] | static_cast<std::uint32_t>(bytes[at + 1]) << 8;
-}
-std::uint32_t Number32(Bytes bytes, std::size_t at) { return Number16(bytes, at) | Number16(bytes, at + 2) << 16; }
 
 std::string_view TextAt(Bytes bytes, std::size_t at, std::size_t size) {
   return {reinterpret_cast<const char*>(bytes.data()) + at, size};

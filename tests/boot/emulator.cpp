@@ -121,7 +121,7 @@ std::vector<std::string> FaultyCdDrive(const fs::path& image, const fs::path& fa
 }
 
 std::vector<std::string> FloppyDrive(const fs::path& image) {
-  return {"-drive", "if=floppy,format=raw,file=" + image.string(), "-boot", "a"};
+  return {"-boot", "a", "-drive", "if=floppy,format=raw,file=" + image.string()};
 }
 
 Emulator::Emulator(const std::vector<std::string>& arguments, const char* pc)

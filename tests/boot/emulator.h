@@ -31,7 +31,8 @@ std::string FaultyImage(const fs::path& image, const fs::path& faults, std::uint
 std::vector<std::string> FaultyCdDrive(const fs::path& image, const fs::path& faults, std::uint32_t sector_of_cd,
                                        int count);
 inline constexpr int kAlways = 0;
-std::vector<std::string> FloppyDrive(const fs::path& image);  // the machine starts from it
+// The machine starts from this drive.
+std::vector<std::string> FloppyDrive(const fs::path& image);
 
 inline constexpr const char* kPc32 = "qemu-system-i386";
 inline constexpr const char* kPc64 = "qemu-system-x86_64";  // its processor has the long mode

@@ -27,6 +27,7 @@ void Require(bool promise) {
 class FuzzFiles : public Files {
  public:
   FuzzFiles(std::string_view first, std::string_view second) : first_(first), second_(second) {}
+  Medium medium() const override { return first_.size() % 2 == 0 ? Medium::kCd : Medium::kFloppy; }
   bool Exists(std::string_view path) override { return !path.empty() && path.size() % 3 != 0; }
   FileText Read(std::string_view path, std::span<char> to) override {
     if (path.size() > 3) return {ReadEnd::kFailed, 0};

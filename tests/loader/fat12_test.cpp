@@ -5,6 +5,7 @@
 
 #include <set>
 
+#include "tests/host/temp_folder.h"
 #include "tests/loader/hand_made_floppy.h"
 
 namespace discwright::testing {
@@ -13,19 +14,19 @@ namespace {
 using loader::VolumeEntry;
 using loader::VolumeError;
 
-std::string Words(VolumeError error) { return OpenedFloppy::Say(error); }
+std::string Say(VolumeError error) { return OpenedFloppy::Say(error); }
+
+const std::string kContent = host::testing::BytesOfSize(1300);
 
 // A floppy with FILE.TXT of 1,300 bytes in the clusters 5, 6 and 9.
 HandMadeFloppy WithFile() {
   HandMadeFloppy floppy;
   floppy.AddToRoot("FILE    TXT", HandMadeFloppy::kFile, 5, 1300);
   floppy.SetChain({5, 6, 9, HandMadeFloppy::kEnd});
-  floppy.PutCluster(5, std::string(512, 'a'));
-  floppy.PutCluster(6, std::string(512, 'b'));
-  floppy.PutCluster(9, std::string(512, 'c'));
+  floppy.PutCluster(5, kContent.substr(0, 1024));
+  floppy.PutCluster(9, kContent.substr(1024));
   return floppy;
 }
-const std::string kContent = std::string(512, 'a') + std::string(512, 'b') + std::string(276, 'c');
 
 VolumeError OpenError(const HandMadeFloppy& floppy) { return OpenedFloppy(floppy.bytes).opened; }
 
@@ -83,6 +84,14 @@ TEST(FatOpen, NumberOfClusters_DecidesAboutTheKind) {
   EXPECT_EQ(OpenError(floppy), VolumeError::kNone);
 }
 
+TEST(FatOpen, TableThatIsTooShortForTheClusters_IsRefused) {
+  HandMadeFloppy floppy;  // its table has room for 3,072 entries, of which two stand for no cluster
+  floppy.Put16(19, 33 + 3070);
+  EXPECT_EQ(OpenError(floppy), VolumeError::kNone);
+  floppy.Put16(19, 33 + 3071);
+  EXPECT_EQ(OpenError(floppy), VolumeError::kBadVolume);
+}
+
 TEST(FatOpen, FirstTableUnreadable_TheSecondIsUsed) {
   HandMadeFloppy made = WithFile();
   made.Put(10 * HandMadeFloppy::kSector, made.bytes.substr(HandMadeFloppy::kTable, 9 * HandMadeFloppy::kSector));
@@ -112,8 +121,9 @@ TEST(FatFind, LabelsLongNamesAndDeletedEntries_DoNotExist) {
   OpenedFloppy floppy(made.bytes);
   EXPECT_EQ(floppy.Read("here.txt"), "");
   EXPECT_EQ(floppy.Read("\xE5ne.txt"), "");
-  for (const char* path : {"gone.txt", "\xE5one.txt", "\x05ne.txt", "behind", "other", "gone/x", "here.txt/x"}) {
-    EXPECT_EQ(floppy.Read(path), Words(VolumeError::kNotFound)) << path;
+  for (const char* path :
+       {"gone.txt", "\xE5one.txt", "\x05ne.txt", "behind", "other", "gone/x", "here.txt/", "here.txt/x"}) {
+    EXPECT_EQ(floppy.Read(path), Say(VolumeError::kNotFound)) << path;
   }
 }
 
@@ -126,7 +136,7 @@ TEST(FatFind, NamesThatAreNoShortNames_AreNotFound) {
   for (const char* path : {"loader.bin", "12345678.123", "nodot", "nodot."}) EXPECT_EQ(floppy.Read(path), "") << path;
   for (const char* path : {"loader.bi", "loader", "loader.bin1", "123456789.123", "12345678.1234", "12345678123", ".",
                            "..", ".bin", "loader..bin"}) {
-    EXPECT_EQ(floppy.Read(path), Words(VolumeError::kNotFound)) << path;
+    EXPECT_EQ(floppy.Read(path), Say(VolumeError::kNotFound)) << path;
   }
 }
 
@@ -138,7 +148,7 @@ TEST(FatFind, FullRoot_IsSearchedToItsEndAndNotFarther) {
   for (const std::size_t more : {0, 1, 4, 40}) {
     OpenedFloppy floppy(made.bytes, more);
     EXPECT_EQ(floppy.Read("last"), "") << more;
-    EXPECT_EQ(floppy.Read("beyond"), Words(VolumeError::kNotFound)) << more;
+    EXPECT_EQ(floppy.Read("beyond"), Say(VolumeError::kNotFound)) << more;
   }
 }
 
@@ -156,8 +166,8 @@ TEST(FatFind, FolderInPieces_IsFollowed) {
   made.PutCluster(11, "abc");
   OpenedFloppy floppy(made.bytes);
   EXPECT_EQ(floppy.Read("boot\\deeper/a.b"), "abc");
-  EXPECT_EQ(floppy.Read("boot/fill/a.b"), Words(VolumeError::kNotFound));
-  EXPECT_EQ(floppy.Read("boot/deeper"), Words(VolumeError::kNotAFile));
+  EXPECT_EQ(floppy.Read("boot/fill/a.b"), Say(VolumeError::kNotFound));
+  EXPECT_EQ(floppy.Read("boot/deeper"), Say(VolumeError::kNotAFile));
 }
 
 TEST(FatFind, DamagedFolder_IsAnError) {
@@ -165,12 +175,12 @@ TEST(FatFind, DamagedFolder_IsAnError) {
     HandMadeFloppy made;
     made.AddToRoot("BOOT       ", HandMadeFloppy::kFolder, 7, 0);
     made.SetNext(7, next);
-    EXPECT_EQ(OpenedFloppy(made.bytes).Read("boot/x"), Words(VolumeError::kBadFolder)) << next;
+    EXPECT_EQ(OpenedFloppy(made.bytes).Read("boot/x"), Say(VolumeError::kBadFolder)) << next;
   }
   for (const std::uint32_t first : {0u, 1u, 2849u, 0xFFFFu}) {
     HandMadeFloppy made;
     made.AddToRoot("BOOT       ", HandMadeFloppy::kFolder, first, 0);
-    EXPECT_EQ(OpenedFloppy(made.bytes).Read("boot/boot"), Words(VolumeError::kBadFolder)) << first;
+    EXPECT_EQ(OpenedFloppy(made.bytes).Read("boot/boot"), Say(VolumeError::kBadFolder)) << first;
   }
 }
 
@@ -181,7 +191,7 @@ TEST(FatRead, EveryPart_IsRead) {
   for (const std::uint32_t offset : {0u, 1u, 511u, 512u, 513u, 1023u, 1024u, 1100u, 1299u, 1300u}) {
     for (const std::size_t size : {0u, 1u, 2u, 511u, 512u, 513u, 1024u, 1025u, 1300u}) {
       const std::string expected =
-          offset + size <= kContent.size() ? kContent.substr(offset, size) : Words(VolumeError::kPastTheEnd);
+          offset + size <= kContent.size() ? kContent.substr(offset, size) : Say(VolumeError::kPastTheEnd);
       EXPECT_EQ(floppy.ReadPart(file, offset, size), expected) << offset << " " << size;
     }
   }
@@ -206,17 +216,17 @@ TEST(FatRead, DamagedChain_IsAnError) {
   for (const std::uint32_t next : {0u, 1u, 5u, 6u, 9u, 0xFF7u, 0xFF0u, 2849u}) {
     HandMadeFloppy made = WithFile();
     made.SetNext(9, next);
-    EXPECT_EQ(OpenedFloppy(made.bytes).Read("file.txt"), Words(VolumeError::kBadChain)) << next;
+    EXPECT_EQ(OpenedFloppy(made.bytes).Read("file.txt"), Say(VolumeError::kBadChain)) << next;
   }
   for (const std::uint32_t next : {0u, 1u, 5u, 0xFF7u, 0xFFFu, 2849u}) {
     HandMadeFloppy made = WithFile();
     made.SetNext(5, next);
-    EXPECT_EQ(OpenedFloppy(made.bytes).Read("file.txt"), Words(VolumeError::kBadChain)) << next;
+    EXPECT_EQ(OpenedFloppy(made.bytes).Read("file.txt"), Say(VolumeError::kBadChain)) << next;
   }
   for (const std::uint32_t first : {0u, 1u, 2849u, 0xFFFFu}) {
     HandMadeFloppy made;
     made.AddToRoot("FILE    TXT", HandMadeFloppy::kFile, first, 1);
-    EXPECT_EQ(OpenedFloppy(made.bytes).Read("file.txt"), Words(VolumeError::kBadChain)) << first;
+    EXPECT_EQ(OpenedFloppy(made.bytes).Read("file.txt"), Say(VolumeError::kBadChain)) << first;
   }
   HandMadeFloppy huge;
   huge.AddToRoot("FILE    TXT", HandMadeFloppy::kFile, 5, 0xFFFFFFFF);
@@ -224,7 +234,7 @@ TEST(FatRead, DamagedChain_IsAnError) {
   OpenedFloppy floppy(huge.bytes);
   VolumeEntry file;
   ASSERT_EQ(floppy.volume.Find("file.txt", file), VolumeError::kNone);
-  EXPECT_EQ(floppy.ReadPart(file, 0xFFFFFF00, 16), Words(VolumeError::kBadChain));
+  EXPECT_EQ(floppy.ReadPart(file, 0xFFFFFF00, 16), Say(VolumeError::kBadChain));
 }
 
 TEST(FatRead, LastCluster_IsRead) {
@@ -233,6 +243,12 @@ TEST(FatRead, LastCluster_IsRead) {
   made.SetNext(HandMadeFloppy::kLastCluster, HandMadeFloppy::kEnd);
   made.PutCluster(HandMadeFloppy::kLastCluster, std::string(512, 'z'));
   EXPECT_EQ(OpenedFloppy(made.bytes).Read("file.txt"), std::string(512, 'z'));
+}
+
+TEST(FatRead, ClusterBehindTheLast_IsNoPartOfAChain) {
+  HandMadeFloppy made = WithFile();
+  made.SetChain({6, HandMadeFloppy::kLastCluster + 1, HandMadeFloppy::kEnd});
+  EXPECT_EQ(OpenedFloppy(made.bytes).Read("file.txt"), Say(VolumeError::kBadChain));
 }
 
 TEST(FatRead, ChainThatIsLongerThanTheFile_IsRead) {
@@ -245,7 +261,7 @@ TEST(FatRead, BadSector_IsAnErrorInEveryPlace) {
   for (const std::uint32_t sector : {19u, 36u, 37u, 40u}) {
     OpenedFloppy floppy(WithFile().bytes);
     floppy.sectors.bad_sector = sector;
-    EXPECT_EQ(floppy.Read("file.txt"), Words(VolumeError::kUnreadable)) << sector;
+    EXPECT_EQ(floppy.Read("file.txt"), Say(VolumeError::kUnreadable)) << sector;
   }
 }
 

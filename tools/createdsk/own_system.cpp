@@ -9,6 +9,7 @@
 
 #include "base/wildcard.h"
 #include "host/files.h"
+#include "host/folder_entries.h"
 #include "host/names.h"
 #include "tools/createdsk/profile_folder.h"
 
@@ -55,7 +56,10 @@ Result OwnFolder::Read(bool& is_empty) {
   is_empty = true;
   const host::Result<host::Entry> found = host::Look(path_);
   if (CouldNotLook(found.status)) return CannotRead(path_, found.status);
-  if (!found.ok()) return Result::Success();
+  if (!found.ok()) {
+    if (!host::ReadEntry(path_).ok()) return Result::Success();
+    return Result::Failure(Shown(path_) + " is a link whose target is missing. Put the folder itself there.");
+  }
   if (found.value.kind != host::EntryKind::kFolder) {
     return Result::Failure(Shown(path_) + " is not a folder. Move it away, and put your system into a folder of " +
                            "this name.");

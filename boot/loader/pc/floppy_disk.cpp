@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "base/byte_order.h"
+#include "boot/loader/bytes.h"
 #include "boot/loader/pc/places.h"
 
 namespace discwright::loader {
@@ -11,9 +11,8 @@ namespace discwright::loader {
 void FloppyDisk::LearnGeometry() {
   static std::array<std::uint8_t, kFloppySectorSize> first;
   if (!Read(0, first)) return;
-  const std::span<const std::uint8_t> bytes(first);
-  const std::uint32_t track_sectors = base::LoadLe16(bytes.subspan<24, 2>());  // BPB_SecPerTrk
-  const std::uint32_t heads = base::LoadLe16(bytes.subspan<26, 2>());          // BPB_NumHeads
+  const std::uint32_t track_sectors = Number16(first, 24);  // BPB_SecPerTrk
+  const std::uint32_t heads = Number16(first, 26);          // BPB_NumHeads
   if (track_sectors == 0 || track_sectors > kMost || heads == 0 || heads > 0xFF) return;
   track_sectors_ = track_sectors;
   heads_ = heads;

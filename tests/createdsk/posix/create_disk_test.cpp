@@ -67,6 +67,8 @@ TEST(CreateDisk, LinksInTheFolderOfTheUser_AreRefusedByName) {
   std::filesystem::rename(dos, folder.path() / "elsewhere");
   std::filesystem::create_symlink("../../../elsewhere", dos);
   EXPECT_THAT(FailureIn(folder), AllOf(HasSubstr("/dos is"), HasSubstr("leads out of the profile folder")));
+  std::filesystem::remove_all(folder.path() / "elsewhere");
+  EXPECT_THAT(FailureIn(folder), HasSubstr("/dos is a link whose target is missing"));
 }
 
 TEST(CreateDisk, NamesThatDifferInLetterCaseOnly_AreRefused) {
