@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Joins the two stages of a loader to one file and fills in what stage 1 must know about the rest: its length and its
-checksums. Stage 1 is one sector: of 2,048 bytes for a CD, of 512 bytes for a floppy. The length of the rest is counted in
-such sectors. Prints the size of the file.
+checksums. Stage 1 is one sector: of 2,048 bytes for a CD, of 512 bytes for a floppy. The length of the rest is counted
+in such sectors. Prints the size of the file.
 
     join_loader.py STAGE1 STAGE2 RESULT     three files
 """
