@@ -11,8 +11,8 @@ cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMP
   -DDISCWRIGHT_TESTS=OFF -DDISCWRIGHT_FUZZ=ON -DDISCWRIGHT_SANITIZE=ON --log-level=WARNING
 cmake --build $build --target fuzz_iso_reader fuzz_mkisofs_options fuzz_loader_script fuzz_loader_iso fuzz_loader_fat mkisofs
 
-# The seeds are two images of CDs, whole and in part, a small floppy, a command line, and shipped scripts of the boot menu
-# with some keys. The fuzzer adds the inputs that it finds, and the next run starts from them.
+# The seeds are two images of CDs, whole and in part, a small floppy, a command line, and shipped scripts of the boot
+# menu with some keys. The fuzzer adds the inputs that it finds, and the next run starts from them.
 seeds=$build/seeds
 mkdir -p $seeds/tree/boot/deeper $seeds/iso_reader $seeds/mkisofs_options $seeds/loader_script $seeds/loader_iso \
   $seeds/loader_fat

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Joins the two stages of a loader to one file and fills in what stage 1 must know about the rest: its length and its
-checksums. Stage 1 is one sector: of 2,048 bytes for a CD, of 512 bytes for a floppy. The length of the rest is counted in
-such sectors. The boot record for disks, if there is one, follows in a sector of its own; stage 1 tells its size to
+checksums. Stage 1 is one sector: of 2,048 bytes for a CD, of 512 bytes for a floppy. The length of the rest is counted
+in such sectors. The boot record for disks, if there is one, follows in a sector of its own; stage 1 tells its size to
 mkisofs. Prints the size of the file.
 
     join_loader.py RESULT STAGE1 STAGE2 [RECORD]     files

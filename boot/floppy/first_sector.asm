@@ -1,5 +1,5 @@
-; The first sector of LOADER.BIN, which the boot sector of a floppy loads as a whole: checks the rest, which is behind it
-; in memory, and starts it. Memory map: loader.ld.
+; The first sector of LOADER.BIN, which the boot sector of a floppy loads as a whole: checks the rest, which is behind
+; it in memory, and starts it. Memory map: loader.ld.
 
 bits 16
 cpu 386
