@@ -1,0 +1,54 @@
+# Menu entries of the rescue CD.
+#
+# The boot menu includes this file behind its own entries, because it is boot\scripts\local.cds in the additional files.
+# The comments in boot/scripts/main.cds of each CD explain the words. Paths begin at the root of the CD. An entry whose
+# file is not on the CD does not appear, so you can leave a program out by leaving its files out.
+
+Set Title=Rescue CD
+
+# "Linux" starts the kernel of a Linux system, and every program that is made to be started like one.
+# The kernel of Debian gets its initial RAM disk with "Initrd", and its command line with "Options":
+#   rescue/enable=true  the installer's rescue mode, which installs nothing
+#   vga=normal, fb=false and nomodeset keep the screen in text mode
+#   what stands before the three dashes is for this start only
+Entry Debian rescue system
+  Key D
+  Help Starts Linux and repairs an installed system from a shell. Needs 512 MB of memory. Loading takes a while.
+  Linux rescue/debian/linux
+  Initrd rescue/debian/initrd.gz
+  Options "rescue/enable=true vga=normal fb=false nomodeset ---"
+EndEntry
+
+Entry Debian rescue system on the first serial port
+  Key X
+  Help The same with its dialogs on COM1 at 115,200 baud, for a computer without a screen.
+  Linux rescue/debian/linux
+  Initrd rescue/debian/initrd.gz
+  Options "rescue/enable=true vga=normal fb=false nomodeset console=ttyS0,115200n8 ---"
+EndEntry
+
+# Memtest86+ comes in two builds. Where the processor has only 32 bits, that for 64 bits restarts the computer.
+Entry Memory test (64-bit processors)
+  Key M
+  Help Tests the memory until Esc is pressed. A computer whose processor has 32 bits restarts instead.
+  Linux rescue/memtest64.bin
+EndEntry
+
+Entry Memory test (32-bit processors)
+  Key O
+  Help Tests the memory until Esc is pressed. For older processors; newer ones can run it, too.
+  Linux rescue/memtest32.bin
+EndEntry
+
+Entry iPXE
+  Key I
+  Help Starts a system from the network: by what the network offers, or with Ctrl+B from its command line.
+  Linux rescue/ipxe.krn
+EndEntry
+
+# "Floppy" starts the image of a floppy disk from memory.
+Entry GRUB
+  Key G
+  Help Starts an installed system whose own boot loader is damaged, from the command line of GRUB.
+  Floppy rescue/grub.img
+EndEntry
