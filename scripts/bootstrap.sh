@@ -14,7 +14,7 @@
 #   scripts/bootstrap.sh mutants  also the tools of scripts/mutants.sh
 set -eu
 
-packages="g++ make cmake ninja-build nasm libssl-dev libxxhash-dev qt6-base-dev librsvg2-bin g++-multilib syslinux-common python3"
+packages="g++ make cmake ninja-build nasm libssl-dev libxxhash-dev qt6-base-dev librsvg2-bin g++-multilib syslinux-common memtest86+ grub-rescue-pc ipxe python3"
 cross="g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32"
 rescue="memtest86+ ipxe grub-rescue-pc debian-installer-12-netboot-i386"
 case "${1:-build}" in
@@ -25,7 +25,7 @@ case "${1:-build}" in
   boot) packages="qemu-system-x86 ${DISPLAY:+qemu-system-gui} ${WAYLAND_DISPLAY:+qemu-system-gui}" ;;
   wine32) packages="mmdebstrap util-linux" ;;
   wine64) packages="wine wine64" ;;
-  fuzz) packages="$packages clang libclang-rt-14-dev" ;;
+  fuzz) packages="$packages clang libclang-rt-14-dev mtools dosfstools" ;;
   lint) packages="$packages $cross libgtest-dev libgmock-dev googletest clang-format clang-tidy shellcheck universal-ctags" ;;
   bench) packages="$packages $rescue genisoimage xorriso isolinux grub-common grub-pc-bin mtools qemu-system-x86 jdupes rdfind xvfb xdotool" ;;
   faults) packages="$packages strace libarchive-tools" ;;

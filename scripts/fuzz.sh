@@ -9,12 +9,13 @@ scripts/bootstrap.sh fuzz
 build=build/fuzz
 cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ \
   -DDISCWRIGHT_TESTS=OFF -DDISCWRIGHT_FUZZ=ON -DDISCWRIGHT_SANITIZE=ON --log-level=WARNING
-cmake --build $build --target fuzz_iso_reader fuzz_mkisofs_options fuzz_loader_script fuzz_loader_iso mkisofs
+cmake --build $build --target fuzz_iso_reader fuzz_mkisofs_options fuzz_loader_script fuzz_loader_iso fuzz_loader_fat mkisofs
 
-# The seeds are two images, whole and in part, a command line, and the shipped script of the boot menu with some keys. The
-# fuzzer adds the inputs that it finds, and the next run starts from them.
+# The seeds are two images of CDs, whole and in part, a small floppy, a command line, and shipped scripts of the boot menu
+# with some keys. The fuzzer adds the inputs that it finds, and the next run starts from them.
 seeds=$build/seeds
-mkdir -p $seeds/tree/boot/deeper $seeds/iso_reader $seeds/mkisofs_options $seeds/loader_script $seeds/loader_iso
+mkdir -p $seeds/tree/boot/deeper $seeds/iso_reader $seeds/mkisofs_options $seeds/loader_script $seeds/loader_iso \
+  $seeds/loader_fat
 echo loader >$seeds/tree/boot/loader.bin
 echo text >"$seeds/tree/boot/deeper/a file"
 : >$seeds/tree/empty
@@ -33,13 +34,25 @@ printf '%s\0' -volid X -preparer Y -publisher Z -appid W -iso-level 4 -omit-peri
   printf 'Set PasswordRequest=1\nSet PasswordString="pw"\nInclude b\nSet Timeout=1\n\0Entry A\nRestart\nEndEntry\n'
   printf '\0\001p\001w\011 \011 '
 } >$seeds/loader_script/password
+{
+  cat files/disks/linkwellplus288/main.cds
+  printf '\0\0\011 \001m\011 '
+} >$seeds/loader_script/disk
 
 # The loader's reader gets what follows the 16 sectors that every image begins with, and no padding.
 for image in plain boot; do
   tail -c +32769 $seeds/iso_reader/$image.iso | head -c 61440 >$seeds/loader_iso/$image
 done
 
-for target in iso_reader mkisofs_options loader_script loader_iso; do
+floppy=$seeds/loader_fat/floppy
+rm -f $floppy
+mkfs.fat -C $floppy -F 12 -r 32 -f 1 64 >$build/seeds.log
+mmd -i $floppy ::BOOT ::A ::A/B
+mcopy -i $floppy files/vexacd/boot/scripts/main.cds ::LOADER.BIN
+mcopy -i $floppy LICENSE ::BOOT/A
+mcopy -i $floppy LICENSE ::A/B/A.B
+
+for target in iso_reader mkisofs_options loader_script loader_iso loader_fat; do
   echo "== $target"
   $build/tests/fuzz/fuzz_$target -max_total_time="$seconds" -max_len=400000 -timeout=10 -print_final_stats=1 \
     -artifact_prefix=$build/ $seeds/$target >$build/$target.log 2>&1 || {

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""Joins the two stages of the CD's loader to one file and fills in what stage 1 must know about the rest: its length
-and its checksums. Prints the size of the file.
+"""Joins the two stages of a loader to one file and fills in what stage 1 must know about the rest: its length and its
+checksums. Stage 1 is one sector: of 2,048 bytes for a CD, of 512 bytes for a floppy. The length of the rest is counted in
+such sectors. Prints the size of the file.
 
     join_loader.py STAGE1 STAGE2 RESULT     three files
 """
@@ -9,10 +10,10 @@ import struct
 import sys
 from pathlib import Path
 
-SECTOR = 2048
+SECTORS = (512, 2048)
 MARK = b"DWLOADER"  # stands at MARK_PLACE of stage 1, which says what the values behind it are
 MARK_PLACE = 8
-MOST_SECTORS = 47  # the room in memory between stage 1 and the buffer of the reads
+MOST_BYTES = 47 * 2048  # the room in memory between stage 1 and the buffer of the reads
 
 
 def checksums(rest):
@@ -26,13 +27,12 @@ def checksums(rest):
 
 def joined(stage1, stage2):
     """Returns the bytes of the loader. Raises ValueError when the stages do not fit together."""
-    if len(stage1) != SECTOR or stage1[MARK_PLACE : MARK_PLACE + len(MARK)] != MARK:
+    if len(stage1) not in SECTORS or stage1[MARK_PLACE : MARK_PLACE + len(MARK)] != MARK:
         raise ValueError("stage 1 is not a sector with the loader's mark")
-    rest = stage2 + bytes(-len(stage2) % SECTOR)
-    sectors = len(rest) // SECTOR
-    if not 1 <= sectors <= MOST_SECTORS:
-        raise ValueError(f"stage 2 has {sectors} sectors; stage 1 loads 1 to {MOST_SECTORS}")
-    values = struct.pack("<HHII", sectors, 0, *checksums(rest))
+    rest = stage2 + bytes(-len(stage2) % len(stage1))
+    if not 1 <= len(rest) <= MOST_BYTES:
+        raise ValueError(f"stage 2 has {len(rest)} bytes; there is room for 1 to {MOST_BYTES}")
+    values = struct.pack("<HHII", len(rest) // len(stage1), 0, *checksums(rest))
     place = MARK_PLACE + len(MARK)
     return stage1[:place] + values + stage1[place + len(values) :] + rest
 

@@ -1,11 +1,15 @@
-// How the script gets at files. The reader of the CD and of the floppy implements it, and so do the tests.
+// How the script gets at files: those of a volume, or those of the tests.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string_view>
 
 namespace discwright::loader {
+
+// What the loader was started from. Messages call the first "CD", and the second "disk".
+enum class Medium : std::uint8_t { kCd, kFloppy };
 
 enum class ReadEnd { kRead, kNotFound, kTooLarge, kFailed };
 
@@ -14,9 +18,10 @@ struct FileText {
   std::size_t size = 0;  // bytes that were put into memory: of a file that is too large, as many as there was room for
 };
 
-// Paths begin at the root of the CD. Between names stands "/" or "\"; the letter case does not matter.
+// Paths begin at the root of the volume. Between names stands "/" or "\"; the letter case does not matter.
 class Files {
  public:
+  [[nodiscard]] virtual Medium medium() const = 0;
   // A folder does not count as a file.
   virtual bool Exists(std::string_view path) = 0;
   // Reads a whole file into `to`.

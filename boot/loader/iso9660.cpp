@@ -38,7 +38,7 @@ std::uint32_t SectorsFor(std::uint32_t bytes) {
 struct Record {
   std::string_view name;
   std::uint8_t flags = 0;
-  IsoEntry entry;
+  VolumeEntry entry;
 
   bool IsSelfOrParent() const { return name.size() == 1 && (name[0] == '\0' || name[0] == '\1'); }
 };
@@ -52,7 +52,7 @@ bool ParseRecord(Bytes bytes, Record& record) {
   const std::uint32_t attributes = bytes[1];  // sectors before the content
   record.name = TextAt(bytes, kRecordHead, name_size);
   record.flags = bytes[25];
-  record.entry.sector = extent <= UINT32_MAX - attributes ? extent + attributes : UINT32_MAX;
+  record.entry.start = extent <= UINT32_MAX - attributes ? extent + attributes : UINT32_MAX;
   record.entry.size = Number32(bytes, 10);
   record.entry.is_folder = (record.flags & kFolder) != 0;
   const bool is_interleaved = bytes[26] != 0 || bytes[27] != 0;
@@ -63,32 +63,33 @@ bool ParseRecord(Bytes bytes, Record& record) {
 struct Descriptor {
   bool exists = false;
   std::uint32_t sector_count = 0;
-  IsoEntry root;
+  VolumeEntry root;
 };
 
 // Takes apart a primary or enhanced descriptor. Further descriptors of the same kind are copies of the first.
-IsoError ParseDescriptor(Bytes bytes, Descriptor& descriptor) {
-  if (descriptor.exists) return IsoError::kNone;
-  if (Number16(bytes, 128) != kSectorSize) return IsoError::kBlockSize;
+VolumeError ParseDescriptor(Bytes bytes, Descriptor& descriptor) {
+  if (descriptor.exists) return VolumeError::kNone;
+  if (Number16(bytes, 128) != kSectorSize) return VolumeError::kBlockSize;
   Record root;
-  if (!ParseRecord(bytes.subspan(156, 34), root) || !root.entry.is_folder) return IsoError::kBadVolume;
+  if (!ParseRecord(bytes.subspan(156, 34), root) || !root.entry.is_folder) return VolumeError::kBadVolume;
   descriptor = {true, Number32(bytes, 80), root.entry};
-  return IsoError::kNone;
+  return VolumeError::kNone;
 }
 
 // Reads the descriptors up to the one that ends them. `sector` is a buffer for one sector.
-IsoError ReadDescriptors(Sectors& sectors, std::span<std::uint8_t> sector, Descriptor& primary, Descriptor& enhanced) {
+VolumeError ReadDescriptors(Sectors& sectors, std::span<std::uint8_t> sector, Descriptor& primary,
+                            Descriptor& enhanced) {
   for (std::uint32_t number = 0; number < kMostDescriptors; ++number) {
-    if (!sectors.Read(kFirstDescriptor + number, sector)) return IsoError::kUnreadable;
-    if (TextAt(sector, 1, 5) != "CD001") return number == 0 ? IsoError::kNoVolume : IsoError::kBadVolume;
+    if (!sectors.Read(kFirstDescriptor + number, sector)) return VolumeError::kUnreadable;
+    if (TextAt(sector, 1, 5) != "CD001") return number == 0 ? VolumeError::kNoVolume : VolumeError::kBadVolume;
     const std::uint8_t type = sector[0], version = sector[6];
-    if (type == kTerminator) return IsoError::kNone;
-    IsoError error = IsoError::kNone;
+    if (type == kTerminator) return VolumeError::kNone;
+    VolumeError error = VolumeError::kNone;
     if (type == kPrimary && version == kPrimaryVersion) error = ParseDescriptor(sector, primary);
     if (type == kSupplementary && version == kEnhancedVersion) error = ParseDescriptor(sector, enhanced);
-    if (error != IsoError::kNone) return error;
+    if (error != VolumeError::kNone) return error;
   }
-  return IsoError::kBadVolume;
+  return VolumeError::kBadVolume;
 }
 
 // Goes through the records of a folder, sector by sector, and shows them to a visitor.
@@ -106,28 +107,17 @@ void ShowRecord(FolderWalk& walk, const Record& record) {
 }
 
 // `bytes` are one sector, or less at the end of the folder. A record of length 0 ends a sector.
-IsoError WalkSector(FolderWalk& walk, Bytes bytes) {
+VolumeError WalkSector(FolderWalk& walk, Bytes bytes) {
   while (!bytes.empty() && bytes[0] != 0 && !walk.is_over) {
     Record record;
-    if (!ParseRecord(bytes, record)) return IsoError::kBadFolder;
+    if (!ParseRecord(bytes, record)) return VolumeError::kBadFolder;
     ShowRecord(walk, record);
     bytes = bytes.subspan(bytes[0]);
   }
-  return IsoError::kNone;
+  return VolumeError::kNone;
 }
 
-bool IsSeparator(char letter) { return letter == '\\' || letter == '/'; }
 bool IsDigit(char letter) { return letter >= '0' && letter <= '9'; }
-
-// Removes the first name and the separators before it from `path`. Returns the name; it is empty at the end.
-std::string_view TakeName(std::string_view& path) {
-  while (!path.empty() && IsSeparator(path.front())) path.remove_prefix(1);
-  std::size_t size = 0;
-  while (size < path.size() && !IsSeparator(path[size])) ++size;
-  const std::string_view name(path.data(), size);
-  path.remove_prefix(size);
-  return name;
-}
 
 struct NameParts {
   std::string_view stem;     // without version, and without a period at its end
@@ -161,7 +151,7 @@ class NameSearch final : public IsoVisitor {
  public:
   NameSearch(std::string_view wanted, bool folders_only) : wanted_(wanted), folders_only_(folders_only) {}
 
-  bool Visit(std::string_view name, const IsoEntry& entry) override {
+  bool Visit(std::string_view name, const VolumeEntry& entry) override {
     const Match match = folders_only_ && !entry.is_folder ? Match::kNone : Compare(wanted_, name);
     if (match > best_) {
       best_ = match;
@@ -171,140 +161,83 @@ class NameSearch final : public IsoVisitor {
   }
 
   bool HasFound() const { return best_ != Match::kNone; }
-  const IsoEntry& found() const { return found_; }
+  const VolumeEntry& found() const { return found_; }
 
  private:
   std::string_view wanted_;
   bool folders_only_;
   Match best_ = Match::kNone;
-  IsoEntry found_;
+  VolumeEntry found_;
 };
 
 }  // namespace
 
-std::string_view Words(IsoError error) {
-  using namespace std::string_view_literals;
-  switch (error) {
-    case IsoError::kNone:
-      return "Nothing failed."sv;
-    case IsoError::kUnreadable:
-      return "The drive cannot read it. Clean the CD, or try another drive."sv;
-    case IsoError::kNoVolume:
-      return "The CD has no ISO 9660 file system."sv;
-    case IsoError::kBadVolume:
-      return "The file system of the CD is damaged. Make the CD again."sv;
-    case IsoError::kBlockSize:
-      return "The file system of the CD has blocks that are not 2,048 bytes long."sv;
-    case IsoError::kBadFolder:
-      return "A folder of the CD is damaged. Make the CD again."sv;
-    case IsoError::kOutside:
-      return "It reaches past the end of the CD. Make the CD again."sv;
-    case IsoError::kNotFound:
-      return "The CD has no such file or folder."sv;
-    case IsoError::kNotAFolder:
-      return "It is a file, not a folder."sv;
-    case IsoError::kNotAFile:
-      return "It is a folder, not a file."sv;
-    case IsoError::kInParts:
-      return "It is stored in several parts, which the loader cannot read."sv;
-    case IsoError::kPastTheEnd:
-      return "The file is shorter than expected."sv;
-    case IsoError::kNotEnoughRoom:
-      return "There is not enough memory for it."sv;
-  }
-  return "Unknown error."sv;
-}
-
 IsoVolume::IsoVolume(Sectors& sectors, std::span<std::uint8_t> buffer)
     : sectors_(sectors), buffer_(buffer.first(buffer.size() / kSectorSize * kSectorSize)) {}
 
-IsoError IsoVolume::Open() {
+VolumeError IsoVolume::Open() {
   sector_count_ = 0;
   root_ = {};
-  if (buffer_.empty()) return IsoError::kNotEnoughRoom;
+  if (buffer_.empty()) return VolumeError::kNotEnoughRoom;
   Descriptor primary, enhanced;
-  IsoError error = ReadDescriptors(sectors_, buffer_.first(kSectorSize), primary, enhanced);
-  if (error != IsoError::kNone) return error;
-  if (!primary.exists) return IsoError::kBadVolume;
+  VolumeError error = ReadDescriptors(sectors_, buffer_.first(kSectorSize), primary, enhanced);
+  if (error != VolumeError::kNone) return error;
+  if (!primary.exists) return VolumeError::kBadVolume;
   const Descriptor& chosen = enhanced.exists ? enhanced : primary;
   sector_count_ = chosen.sector_count;
   error = CheckExtent(chosen.root);
-  if (error == IsoError::kNone) root_ = chosen.root;
+  if (error == VolumeError::kNone) root_ = chosen.root;
   return error;
 }
 
-IsoError IsoVolume::CheckExtent(const IsoEntry& entry) const {
-  if (entry.is_in_parts) return IsoError::kInParts;
-  if (entry.size == 0) return IsoError::kNone;
-  const bool is_inside = entry.sector < sector_count_ && SectorsFor(entry.size) <= sector_count_ - entry.sector;
-  return is_inside ? IsoError::kNone : IsoError::kOutside;
+VolumeError IsoVolume::CheckExtent(const VolumeEntry& entry) const {
+  if (entry.is_in_parts) return VolumeError::kInParts;
+  if (entry.size == 0) return VolumeError::kNone;
+  const bool is_inside = entry.start < sector_count_ && SectorsFor(entry.size) <= sector_count_ - entry.start;
+  return is_inside ? VolumeError::kNone : VolumeError::kOutside;
 }
 
-IsoError IsoVolume::Find(std::string_view path, IsoEntry& found) {
-  IsoEntry here = root_;
+VolumeError IsoVolume::Find(std::string_view path, VolumeEntry& found) {
+  VolumeEntry here = root_;
   for (;;) {
     const std::string_view name = TakeName(path);
     if (name.empty()) break;
     NameSearch search(name, !path.empty());  // what stands before a separator is a folder
-    if (const IsoError error = List(here, search); error != IsoError::kNone) return error;
-    if (!search.HasFound()) return IsoError::kNotFound;
+    if (const VolumeError error = List(here, search); error != VolumeError::kNone) return error;
+    if (!search.HasFound()) return VolumeError::kNotFound;
     here = search.found();
   }
   found = here;
-  return IsoError::kNone;
+  return VolumeError::kNone;
 }
 
-IsoError IsoVolume::Read(const IsoEntry& file, std::uint32_t offset, std::span<std::uint8_t> to) {
-  if (file.is_folder) return IsoError::kNotAFile;
-  if (const IsoError error = CheckExtent(file); error != IsoError::kNone) return error;
-  if (offset > file.size || to.size() > file.size - offset) return IsoError::kPastTheEnd;
-  std::uint32_t sector = file.sector + offset / static_cast<std::uint32_t>(kSectorSize);
-  if (const std::size_t from = offset % kSectorSize; from != 0 && !to.empty()) {
-    const std::size_t size = std::min(to.size(), kSectorSize - from);
-    if (const IsoError error = ReadInsideSector(sector, from, to.first(size)); error != IsoError::kNone) return error;
-    to = to.subspan(size);
-    ++sector;
-  }
-  const std::size_t whole = to.size() / kSectorSize;
-  if (whole != 0 && !sectors_.Read(sector, to.first(whole * kSectorSize))) return IsoError::kUnreadable;
-  to = to.subspan(whole * kSectorSize);
-  return to.empty() ? IsoError::kNone : ReadInsideSector(sector + static_cast<std::uint32_t>(whole), 0, to);
+VolumeError IsoVolume::Read(const VolumeEntry& file, std::uint32_t offset, std::span<std::uint8_t> to) {
+  if (file.is_folder) return VolumeError::kNotAFile;
+  if (const VolumeError error = CheckExtent(file); error != VolumeError::kNone) return error;
+  if (offset > file.size || to.size() > file.size - offset) return VolumeError::kPastTheEnd;
+  const bool is_read = ReadBytes(sectors_, file.start, offset, to, buffer_.first(kSectorSize));
+  return is_read ? VolumeError::kNone : VolumeError::kUnreadable;
 }
 
-IsoError IsoVolume::ReadInsideSector(std::uint32_t sector, std::size_t from, std::span<std::uint8_t> to) {
-  if (!sectors_.Read(sector, buffer_.first(kSectorSize))) return IsoError::kUnreadable;
-  const std::span<std::uint8_t> part = buffer_.subspan(from, to.size());
-  std::copy(part.begin(), part.end(), to.begin());
-  return IsoError::kNone;
-}
-
-IsoError IsoVolume::ReadFile(std::string_view path, std::span<std::uint8_t> to, std::uint32_t& size) {
-  IsoEntry file;
-  if (const IsoError error = Find(path, file); error != IsoError::kNone) return error;
-  if (file.is_folder) return IsoError::kNotAFile;
-  size = file.size;
-  return file.size <= to.size() ? Read(file, 0, to.first(file.size)) : IsoError::kNotEnoughRoom;
-}
-
-IsoError IsoVolume::List(const IsoEntry& folder, IsoVisitor& visitor) {
-  if (!folder.is_folder) return IsoError::kNotAFolder;
-  if (const IsoError error = CheckExtent(folder); error != IsoError::kNone) return error;
+VolumeError IsoVolume::List(const VolumeEntry& folder, IsoVisitor& visitor) {
+  if (!folder.is_folder) return VolumeError::kNotAFolder;
+  if (const VolumeError error = CheckExtent(folder); error != VolumeError::kNone) return error;
   FolderWalk walk{visitor};
-  std::uint32_t sector = folder.sector;
+  std::uint32_t sector = folder.start;
   std::uint32_t left = folder.size;  // bytes
   while (left > 0) {
     const auto size = static_cast<std::uint32_t>(std::min<std::size_t>(left, buffer_.size()));
-    if (!sectors_.Read(sector, buffer_.first(SectorsFor(size) * kSectorSize))) return IsoError::kUnreadable;
+    if (!sectors_.Read(sector, buffer_.first(SectorsFor(size) * kSectorSize))) return VolumeError::kUnreadable;
     for (Bytes bytes = buffer_.first(size); !bytes.empty();) {
       const std::size_t part = std::min(bytes.size(), kSectorSize);
-      if (const IsoError error = WalkSector(walk, bytes.first(part)); error != IsoError::kNone) return error;
-      if (walk.is_over) return IsoError::kNone;
+      if (const VolumeError error = WalkSector(walk, bytes.first(part)); error != VolumeError::kNone) return error;
+      if (walk.is_over) return VolumeError::kNone;
       bytes = bytes.subspan(part);
     }
     sector += SectorsFor(size);
     left -= size;
   }
-  return IsoError::kNone;
+  return VolumeError::kNone;
 }
 
 }  // namespace discwright::loader

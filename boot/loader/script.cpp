@@ -12,8 +12,8 @@ constexpr std::string_view kRequest = "PasswordRequest";
 
 }  // namespace
 
-void ReadScript(Files& files, std::string_view path, std::span<char> memory, Script& script) {
-  ScriptReader(files, memory, script).Read(path);
+void ReadScript(Files& files, std::string_view path, Processor processor, std::span<char> memory, Script& script) {
+  ScriptReader(files, processor, memory, script).Read(path);
 }
 
 std::string_view Describe(const Mistake& mistake, std::span<char> to) {
@@ -36,6 +36,7 @@ std::string_view Describe(const Mistake& mistake, std::span<char> to) {
 constinit const ScriptReader::Word ScriptReader::kWords[] = {
     {"Include", Place::kOutside, Value::kNeeded, &ScriptReader::Include},
     {"IfFile", Place::kAnywhere, Value::kNeeded, &ScriptReader::IfFile},
+    {"IfProcessor", Place::kAnywhere, Value::kNeeded, &ScriptReader::IfProcessor},
     {"EndIf", Place::kOutside, Value::kNone, &ScriptReader::EndIf},
     {"Menu", Place::kOutside, Value::kNeeded, &ScriptReader::Menu},
     {"EndMenu", Place::kOutside, Value::kNone, &ScriptReader::EndMenu},
@@ -84,12 +85,15 @@ void ScriptReader::Open(std::string_view path) {
   if (opened_ == kMostScripts) return Say("this script is not read, because a menu has at most 64 scripts: %", path);
   ++opened_;
   const bool is_short = memory_.size() < kLargestScript;
+  const bool is_cd = files_.medium() == Medium::kCd;
   const FileText text = files_.Read(path, is_short ? memory_ : memory_.first(kLargestScript));
   switch (text.end) {
     case ReadEnd::kNotFound:
-      return Say("this script is not on the CD: %", path);
+      return Say(is_cd ? "this script is not on the CD: %" : "this script is not on the disk: %", path);
     case ReadEnd::kFailed:
-      return Say("this script could not be read from the CD: %", path);
+      return Say(
+          is_cd ? "this script could not be read from the CD: %" : "this script could not be read from the disk: %",
+          path);
     case ReadEnd::kTooLarge:
       Say(is_short ? "the memory for scripts is full, so the end of this script does not count: %"
                    : "a script has at most 64 KB, so the end of this script does not count: %",
@@ -122,7 +126,7 @@ void ScriptReader::Close() {
     if (block_count_ <= kMostBlocks) {
       const Block& block = blocks_[block_count_ - 1];
       line_ = block.line;
-      Say(block.is_menu ? "this Menu is not ended with EndMenu" : "this IfFile is not ended with EndIf");
+      Say(block.is_menu ? "this Menu is not ended with EndMenu" : "this IfFile or IfProcessor is not ended with EndIf");
     }
     Drop();
   }
@@ -222,20 +226,27 @@ void ScriptReader::Include(std::string_view path) {
 // Without any entry the user could only switch the computer off.
 void ScriptReader::AddFallback() {
   if (script_.entry_count != 0) return;
-  constexpr Entry kEntries[] = {
+  const bool is_cd = files_.medium() == Medium::kCd;
+  const Entry entries[] = {
       {"First hard disk",
        "Starts the first hard disk.",
        kMainMenu,
        'H',
        false,
        {CommandKind::kFirstHardDisk, {}, {}, {}}},
-      {"Next boot device", "Goes on without this CD.", kMainMenu, 'N', false, {CommandKind::kNextDevice, {}, {}, {}}},
+      {"Next boot device",
+       is_cd ? "Goes on without this CD." : "Goes on without this disk.",
+       kMainMenu,
+       'N',
+       false,
+       {CommandKind::kNextDevice, {}, {}, {}}},
       {"Restart", "Restarts the computer.", kMainMenu, 'R', false, {CommandKind::kRestart, {}, {}, {}}},
       {"Power off", "Switches the computer off.", kMainMenu, 'P', false, {CommandKind::kPowerOff, {}, {}, {}}},
   };
   line_ = 0;
-  Say("no entry can be shown, so the menu has only those that need no file of the CD");
-  for (const Entry& entry : kEntries) script_.entries[script_.entry_count++] = entry;
+  Say(is_cd ? "no entry can be shown, so the menu has only those that need no file of the CD"
+            : "no entry can be shown, so the menu has only those that need no file of the disk");
+  for (const Entry& entry : entries) script_.entries[script_.entry_count++] = entry;
 }
 
 void ScriptReader::FindDefault() {

@@ -4,12 +4,14 @@
 // words, one value. Words may have any letter case. Blanks and tabs around words and values do not count. A value that
 // has blanks at its ends, a comment's sign or a quote at its beginning stands in double quotes; no quote can stand
 // inside of it. A comment begins with # or ; at the start of a line or behind a blank, outside of quotes. Bytes above
-// 126 are passed on as they are: the screen shows them as code page 437 has them. A path begins at the root of the CD,
-// with / or \ between the names.
+// 126 are passed on as they are: the screen shows them as code page 437 has them. A path begins at the root of the CD
+// or floppy, which are both called CD below, with / or \ between the names.
 //
 //   Set NAME=VALUE    sets Title, Timeout, Default, PasswordRequest or PasswordString (see below)
 //   Include PATH      continues with another script, and then with the next line; at most 8 inside one another
 //   IfFile PATH       the lines up to EndIf count only if this file is on the CD
+//   IfProcessor 64   the lines up to EndIf count only if the processor can run 64-bit programs
+//   IfProcessor 32   the lines up to EndIf count only if it cannot
 //   EndIf
 //   Menu TEXT         a submenu, which holds all entries up to EndMenu; it does not appear while it is empty
 //     Key LETTER      its hot key: A to Z
@@ -19,6 +21,7 @@
 //     Key LETTER      its hot key
 //     Help TEXT       its line of help
 //     IfFile PATH     the entry appears only if this file is on the CD (here without EndIf)
+//     IfProcessor 64  the entry appears only with such a processor; the same with 32 (here without EndIf, too)
 //     Print TEXT      shows a line before the start
 //     Wait SECONDS    waits before the start; any key ends it. Without a number it waits for a key
 //     and one of these commands:
@@ -63,13 +66,19 @@ namespace discwright::loader {
 inline constexpr std::size_t kLargestScript = 65536;  // bytes
 inline constexpr std::size_t kMostScripts = 64;       // files in all, each counted as often as it is included
 inline constexpr std::size_t kMostIncludes = 8;       // files inside one another, besides the first
-inline constexpr std::size_t kMostBlocks = 16;        // Menu and IfFile inside one another
+inline constexpr std::size_t kMostBlocks = 16;        // Menu, IfFile and IfProcessor inside one another
 inline constexpr std::size_t kMostEntries = 256;      // submenus count, too
 inline constexpr std::size_t kMostSteps = 256;        // Print and Wait
 inline constexpr std::size_t kMostMistakes = 32;      // those that are kept; all are counted
 inline constexpr std::uint32_t kLongestTime = 3600;   // seconds
 inline constexpr std::uint16_t kMainMenu = 0xFFFF;    // stands for the main menu where the number of an entry stands
 inline constexpr std::uint16_t kNoEntry = 0xFFFE;
+
+// What IfProcessor tells apart.
+enum class Processor : std::uint8_t {
+  k32Bit,
+  k64Bit,  // it has the long mode
+};
 
 enum class CommandKind : std::uint8_t {
   kFloppy,
@@ -133,9 +142,10 @@ struct Script {
   std::uint32_t mistake_count = 0;  // may be more than `mistakes` has room for
 };
 
-// Reads the script `path` and those that it includes into `script`. Their texts stay in `memory`, which should have
-// room for all of them. It always ends with a usable menu; what was wrong stands in `mistakes`.
-void ReadScript(Files& files, std::string_view path, std::span<char> memory, Script& script);
+// Reads the script `path` and those that it includes into `script`, for a computer with this processor. Their texts
+// stay in `memory`, which should have room for all of them. It always ends with a usable menu; what was wrong stands in
+// `mistakes`.
+void ReadScript(Files& files, std::string_view path, Processor processor, std::span<char> memory, Script& script);
 
 // Words a mistake for the screen: "boot/scripts/local.cds, line 7: ...". It is written to `to`, and cut if necessary.
 std::string_view Describe(const Mistake& mistake, std::span<char> to);

@@ -1,4 +1,4 @@
-// Reads the blocks of a script: its submenus, its entries, and what depends on a file.
+// Reads the blocks of a script: its submenus, its entries, and what depends on a file or on the processor.
 #include "boot/loader/script_reader.h"
 #include "boot/loader/text.h"
 
@@ -23,7 +23,7 @@ std::uint16_t ScriptReader::MenuHere() const {
 ScriptReader::Block* ScriptReader::Push(bool is_menu) {
   const Block inner = {line_, is_menu, IsLeftOut(), MenuHere()};
   if (++block_count_ > kMostBlocks) {
-    if (block_count_ == kMostBlocks + 1) Say("at most 16 Menu and IfFile may stand inside one another");
+    if (block_count_ == kMostBlocks + 1) Say("at most 16 Menu, IfFile and IfProcessor may stand inside one another");
     return nullptr;
   }
   blocks_[block_count_ - 1] = inner;
@@ -34,7 +34,8 @@ void ScriptReader::Pop(bool is_menu) {
   const bool is_open = block_count_ > sources_[source_count_ - 1].blocks;
   const bool is_known = is_open && block_count_ <= kMostBlocks;
   if (!is_open || (is_known && blocks_[block_count_ - 1].is_menu != is_menu)) {
-    return Say(is_menu ? "EndMenu stands here without its Menu" : "EndIf stands here without its IfFile");
+    return Say(is_menu ? "EndMenu stands here without its Menu"
+                       : "EndIf stands here without its IfFile or IfProcessor");
   }
   Drop();
 }
@@ -60,14 +61,22 @@ bool ScriptReader::AddEntry(const Entry& entry) {
   return true;
 }
 
-void ScriptReader::IfFile(std::string_view path) {
-  const bool is_there = !path.empty() && files_.Exists(path);
+// Opens a block; in an entry, the condition is for the whole entry.
+void ScriptReader::If(bool is_so) {
   if (is_in_entry_) {
-    is_entry_hidden_ = is_entry_hidden_ || !is_there;
+    is_entry_hidden_ = is_entry_hidden_ || !is_so;
     return;
   }
   Block* block = Push(false);
-  if (block && !is_there) block->is_left_out = true;
+  if (block && !is_so) block->is_left_out = true;
+}
+
+void ScriptReader::IfFile(std::string_view path) { If(!path.empty() && files_.Exists(path)); }
+
+void ScriptReader::IfProcessor(std::string_view bits) {
+  const bool is_64 = bits == "64";
+  if (!is_64 && bits != "32" && !bits.empty()) Say("IfProcessor has the number 64 or 32: %", bits);
+  If(is_64 ? processor_ == Processor::k64Bit : bits == "32" && processor_ == Processor::k32Bit);
 }
 
 void ScriptReader::EndIf(std::string_view) { Pop(false); }

@@ -15,8 +15,8 @@ namespace discwright::loader {
 
 class ScriptReader {
  public:
-  ScriptReader(Files& files, std::span<char> memory, Script& script)
-      : files_(files), memory_(memory), script_(script) {}
+  ScriptReader(Files& files, Processor processor, std::span<char> memory, Script& script)
+      : files_(files), processor_(processor), memory_(memory), script_(script) {}
   void Read(std::string_view path);
 
  private:
@@ -61,6 +61,7 @@ class ScriptReader {
   [[nodiscard]] bool IsLeftOut() const;
   [[nodiscard]] std::uint16_t MenuHere() const;
   Block* Push(bool is_menu);
+  void If(bool is_so);
   void Pop(bool is_menu);
   void Drop();
   bool AddEntry(const Entry& entry);
@@ -73,6 +74,7 @@ class ScriptReader {
   // Words.
   void Include(std::string_view path);
   void IfFile(std::string_view path);
+  void IfProcessor(std::string_view bits);
   void EndIf(std::string_view);
   void Menu(std::string_view text);
   void EndMenu(std::string_view);
@@ -97,6 +99,7 @@ class ScriptReader {
   void FindDefault();
 
   Files& files_;
+  Processor processor_;
   std::span<char> memory_;  // what is still free
   Script& script_;
   std::array<Source, kMostIncludes + 1> sources_{};

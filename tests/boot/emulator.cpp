@@ -27,10 +27,11 @@ std::array<int, 2> Connection() {
   return ends;
 }
 
-std::vector<std::string> Command(const fs::path& folder, int control, const std::vector<std::string>& arguments) {
+std::vector<std::string> Command(const char* pc, const fs::path& folder, int control,
+                                 const std::vector<std::string>& arguments) {
   std::vector<std::string> command = {
       // Ends the emulator when the test is killed.
-      "setpriv", "--pdeathsig", "KILL", "qemu-system-i386",
+      "setpriv", "--pdeathsig", "KILL", pc,
       // Emulates the processor. That is faster than virtualization for the short time of a start.
       "-accel", "tcg", "-nodefaults", "-vga", "std", "-display", "none", "-m", "64", "-boot", "d", "-no-reboot",
       "-chardev", "socket,id=control,fd=" + std::to_string(control), "-mon", "chardev=control,mode=control", "-chardev",
@@ -70,8 +71,12 @@ std::vector<std::string> HardDisk(const fs::path& image) {
   return {"-drive", "if=ide,media=disk,format=raw,file=" + image.string()};
 }
 
-Emulator::Emulator(const std::vector<std::string>& arguments)
-    : control_(Connection()), program_(Command(folder_.path(), control_[1], arguments)) {
+std::vector<std::string> FloppyDrive(const fs::path& image) {
+  return {"-drive", "if=floppy,format=raw,file=" + image.string(), "-boot", "a"};
+}
+
+Emulator::Emulator(const std::vector<std::string>& arguments, const char* pc)
+    : control_(Connection()), program_(Command(pc, folder_.path(), control_[1], arguments)) {
   close(control_[1]);
   Execute("qmp_capabilities");
 }

@@ -21,6 +21,10 @@ std::vector<std::string> CdDrive(const fs::path& image);
 std::vector<std::string> AhciCdDrive(const fs::path& image);
 std::vector<std::string> UsbCdDrive(const fs::path& image);
 std::vector<std::string> HardDisk(const fs::path& image);
+std::vector<std::string> FloppyDrive(const fs::path& image);  // the machine starts from it
+
+inline constexpr const char* kPc32 = "qemu-system-i386";
+inline constexpr const char* kPc64 = "qemu-system-x86_64";  // its processor has the long mode
 
 // The machine is switched off when the object is destroyed or the test is killed.
 class Emulator {
@@ -28,8 +32,8 @@ class Emulator {
   // An upper bound for slow machines. On an idle machine every wait of the tests ends after a second or two.
   static constexpr std::chrono::seconds kDeadline{60};
 
-  // `arguments`: drives, and other arguments of QEMU.
-  explicit Emulator(const std::vector<std::string>& arguments);
+  // `arguments`: drives, and other arguments of QEMU. `pc` is one of the two above.
+  explicit Emulator(const std::vector<std::string>& arguments, const char* pc = kPc32);
   ~Emulator();
   Emulator(const Emulator&) = delete;
   Emulator& operator=(const Emulator&) = delete;

@@ -85,9 +85,10 @@ void ShowKeys() {
 
 }  // namespace
 
-void Main(Console& console, BiosDisk& disk) {
+void Main(Console& console, BiosDisk::Drive drive) {
+  BiosDisk disk(drive);
   ForgetKeys();
-  SayNumbers("drive", {disk.drive().number, disk.drive().shift});
+  SayNumbers("drive", {drive.number, drive.shift});
   ShowMemory();
   ShowSectors(disk);
   ShowFailure(disk);

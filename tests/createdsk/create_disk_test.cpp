@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <regex>
+#include <set>
+#include <sstream>
 
 #include "tests/createdsk/disks.h"
 #include "tests/createdsk/program_folder.h"
@@ -287,13 +289,24 @@ struct Shipped {
   const DiskFormat* format;
   std::string image;
   std::string label;
-  bool has_drivers;
+  std::string files;  // on the disk besides the loader, README.TXT and the menu
+  bool asks_for_card;
 };
 
 class ShippedProfile : public ::testing::TestWithParam<Shipped> {
  protected:
   void SetUp() override {
     if (!testing::HasShell()) GTEST_SKIP() << "no shell here";
+  }
+
+  // The names of files in a listing, without those of folders.
+  static std::set<std::string> Sorted(const std::string& listing) {
+    std::istringstream words(listing);
+    std::set<std::string> names;
+    for (std::string word; words >> word;) {
+      if (word.back() != '/') names.insert(word);
+    }
+    return names;
   }
 };
 
@@ -307,9 +320,10 @@ TEST_P(ShippedProfile, WithAndWithoutSelection_MakesASoundDisk) {
     const std::string image = testing::ShellPath(folder.path() / shipped.image);
     EXPECT_EQ(std::filesystem::file_size(folder.path() / shipped.image), shipped.format->ImageBytes());
     EXPECT_EQ(folder.Run("fsck.fat -n " + image).exit_code, 0);
-    const std::string listing = folder.Run("mdir -i " + image + " ::").output;
-    EXPECT_THAT(listing, AllOf(HasSubstr(shipped.label), HasSubstr("README   TXT")));
-    EXPECT_EQ(listing.find("DRIVERS  TXT") != std::string::npos, selection && shipped.has_drivers);
+    EXPECT_THAT(folder.Run("mdir -i " + image + " ::").output, HasSubstr(shipped.label));
+    std::string files = "::/BOOT/SCRIPTS/MAIN.CDS ::/LOADER.BIN ::/README.TXT" + shipped.files;
+    if (selection && shipped.asks_for_card) files += " ::/BOOT/SCRIPTS/CARDS.CDS";
+    EXPECT_EQ(Sorted(folder.Run("mdir -b -/ -i " + image + " ::").output), Sorted(files));
     EXPECT_EQ(folder.Run("mtype -i " + image + " ::README.TXT").output,
               ReadFile(folder.Disks() / shipped.profile / "readme.txt"));
   }
@@ -318,19 +332,31 @@ TEST_P(ShippedProfile, WithAndWithoutSelection_MakesASoundDisk) {
 TEST_P(ShippedProfile, ItsTexts_HaveDosLineEnds) {
   for (const auto& entry :
        std::filesystem::directory_iterator(std::filesystem::path(u8"" SHIPPED_DISKS) / GetParam().profile)) {
+    // The licences are as Debian has them.
+    if (std::string("readme.txt disk.ini main.cds cards.cds software.txt").find(entry.path().filename().string()) ==
+        std::string::npos) {
+      continue;
+    }
     const std::string text = ReadFile(entry.path());
     const std::string lone = std::regex_replace(text, std::regex("\r\n"), "");
     EXPECT_EQ(lone.find('\n'), std::string::npos) << entry.path();
   }
 }
 
+const std::string kRescue =
+    " ::/BOOT/MEMDISK ::/BOOT/GRUB.GZ ::/BOOT/MEMTEST.X64 ::/BOOT/MEMTEST.X32 ::/LICENCES/GPL-3.TXT";
+const std::string kNetwork = " ::/BOOT/IPXE.KRN ::/LICENCES/IPXE.TXT";
+const std::string kLicences = " ::/LICENCES/SOFTWARE.TXT ::/LICENCES/GPL-2.TXT";
+
 INSTANTIATE_TEST_SUITE_P(
     All, ShippedProfile,
-    ::testing::Values(Shipped{"vexasoftware", &kDiskFormats[0], "vexastart.img", "VEXASTART", false},
-                      Shipped{"vexasoftware_emm", &kDiskFormats[0], "vexaemm.img", "VEXAEMM", false},
-                      Shipped{"winsetup", &kDiskFormats[0], "vexawin.img", "VEXAWIN", false},
-                      Shipped{"linkwellplus288", &kDiskFormats[1], "vexalinkwell.img", "VEXALINK", true},
-                      Shipped{"netaccess", &kDiskFormats[1], "vexanet.img", "VEXANET", true}),
+    ::testing::Values(Shipped{"vexasoftware", &kDiskFormats[0], "vexastart.img", "VEXASTART", kRescue + kLicences,
+                              false},
+                      Shipped{"vexasoftware_emm", &kDiskFormats[0], "vexaemm.img", "VEXAEMM", "", false},
+                      Shipped{"winsetup", &kDiskFormats[0], "vexawin.img", "VEXAWIN", "", false},
+                      Shipped{"linkwellplus288", &kDiskFormats[1], "vexalinkwell.img", "VEXALINK",
+                              kRescue + kNetwork + kLicences, true},
+                      Shipped{"netaccess", &kDiskFormats[1], "vexanet.img", "VEXANET", kNetwork + kLicences, true}),
     [](const auto& instance) { return instance.param.profile; });
 
 }  // namespace

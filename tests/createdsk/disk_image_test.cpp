@@ -83,7 +83,12 @@ TEST(DiskImage, OfOneByteTooMany_NamesFileAndMissingByte) {
 
 TEST(DiskImage, WithASecondFileTooLarge_NamesItAndItsMissingBytes) {
   EXPECT_THAT(FailureOf(Format144(), {{"A", Pattern(k144Space - 600)}, {"B", Pattern(1500)}}),
-              AllOf(HasSubstr("B (B)"), HasSubstr("988 bytes are missing")));
+              AllOf(HasSubstr("B (B)"), HasSubstr(" 988 bytes are missing.")));
+}
+
+TEST(DiskImage, WithFilesBehindTheOneThatIsTooLarge_CountsTheirBytes) {
+  EXPECT_THAT(FailureOf(Format144(), {{"A", Pattern(k144Space - 600)}, {"B", Pattern(1500)}, {"C", "1"}, {"D", "23"}}),
+              AllOf(HasSubstr("B (B)"), HasSubstr(" 988 bytes are missing, and 3 for the files behind it.")));
 }
 
 TEST(DiskImage, WithFileOfManyTerabytes_IsRefusedWithoutReadingIt) {

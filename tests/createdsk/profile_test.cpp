@@ -51,6 +51,15 @@ TEST(Profile, WithSelection_ReplacesTheSameNameAndAddsTheRest) {
   EXPECT_THAT(FilesOf(text, false), ElementsAre("A=a", "B=b"));
 }
 
+TEST(Profile, WithAFolderOfTheUser_KeepsTheFilesWithoutItApart) {
+  Profile profile;
+  ASSERT_TRUE(ParseProfile(kDisk + "Own=my dos\r\n[Files]\r\nA=a\r\n[WithoutOwn]\r\nB=b\r\n", true, profile).ok());
+  EXPECT_EQ(profile.own, "my dos");
+  ASSERT_EQ(profile.files.size(), 1U);
+  ASSERT_EQ(profile.files_without_own.size(), 1U);
+  EXPECT_EQ(profile.files_without_own[0].source, "b");
+}
+
 TEST(Profile, WithBaseAndNoLabel_LeavesTheLabelToTheBase) {
   Profile profile;
   ASSERT_TRUE(ParseProfile("[Disk]\nImage=a.img\nBase=b.img\n", false, profile).ok());
@@ -92,6 +101,9 @@ INSTANTIATE_TEST_SUITE_P(
                       WrongText{kDisk + "BootSector=../x\n", "BootSector", "profile folder"},
                       WrongText{kDisk + "Base=/dev/zero\n", "Base", "profile folder"},
                       WrongText{kDisk + "Base=C:\\x\n", "Base", "profile folder"},
+                      WrongText{kDisk + "Own=../dos\n", "Own", "profile folder"},
+                      WrongText{kDisk + "Own=dos\nBase=a.img\n", "Base and Own", "remove one"},
+                      WrongText{kDisk + "[WithoutOwn]\nA=a\nA=b\n", "[WithoutOwn] A", "twice"},
                       WrongText{kDisk + "Base=sub\\lpt1.img\n", "Base", "profile folder"},
                       WrongText{kDisk + "[Files]\nLONG NAME.TEXT=a\n", "[Files] LONG NAME.TEXT", "DOS name"},
                       WrongText{kDisk + "[Files]\nDOS\\\\A=a\n", "DOS\\\\A", "DOS name"},

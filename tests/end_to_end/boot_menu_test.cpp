@@ -14,7 +14,7 @@ namespace {
 using ::testing::Not;
 using namespace std::string_literals;
 
-constexpr const char* kFloppyText = "This disk holds no system.";
+constexpr const char* kFloppyText = "1  Memory test";  // in the menu of the disk
 constexpr const char* kKeys = "Arrows: choose";
 
 class BootMenu : public BuildTest {

@@ -114,6 +114,18 @@ TEST_F(InstalledProgram, NewVersion_ReplacesFilesButThoseThatTheUserHasChanged) 
   EXPECT_THAT(LinesWith(outcome.err, "installed anew"), SizeIs(1));
 }
 
+TEST_F(InstalledProgram, SystemOfTheUserForADisk_SurvivesANewVersionAndComesToTheCd) {
+  ASSERT_EQ(Build({"--controls"}).exit_code, 0);
+  const fs::path dos = users / "files/disks/vexasoftware_emm/dos";
+  WriteFile(dos / "bootsect.bin", std::string(510, 'x') + "\x55\xAA");
+  WriteFile(dos / "IO.SYS", "the system of the user");
+  Release("files/disks/vexasoftware_emm/readme.txt", "new");
+  const Outcome outcome = Build();
+  EXPECT_EQ(outcome.exit_code, 0) << outcome.err;
+  EXPECT_EQ(ReadFile(dos / "IO.SYS"), "the system of the user");
+  EXPECT_THAT(ReadFile(users / "vexacd/boot/images/vexaemm.img"), HasSubstr("the system of the user"));
+}
+
 TEST_F(InstalledProgram, ManyStartsAtOnce_AllWork) {
   std::vector<std::unique_ptr<RunningProgram>> starts;
   for (int i = 0; i < 8; ++i) {

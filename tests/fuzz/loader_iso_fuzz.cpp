@@ -12,10 +12,10 @@
 
 namespace {
 
-using discwright::loader::IsoEntry;
-using discwright::loader::IsoError;
 using discwright::loader::IsoVolume;
 using discwright::loader::kSectorSize;
+using discwright::loader::VolumeEntry;
+using discwright::loader::VolumeError;
 using Bytes = std::span<const std::uint8_t>;
 
 constexpr std::uint32_t kFirstSector = 16;
@@ -45,7 +45,7 @@ class FuzzedSectors final : public discwright::loader::Sectors {
 // Remembers the first entries of a folder, and reads every byte of each name.
 class Entries final : public discwright::loader::IsoVisitor {
  public:
-  bool Visit(std::string_view name, const IsoEntry& entry) override {
+  bool Visit(std::string_view name, const VolumeEntry& entry) override {
     Require(!name.empty());
     if (std::find(name.begin(), name.end(), '/') == name.end() &&
         std::find(name.begin(), name.end(), '\\') == name.end())
@@ -55,27 +55,27 @@ class Entries final : public discwright::loader::IsoVisitor {
   }
 
   std::vector<std::string> names;
-  std::vector<IsoEntry> entries;
+  std::vector<VolumeEntry> entries;
 };
 
-void ReadSome(IsoVolume& volume, const IsoEntry& entry) {
+void ReadSome(IsoVolume& volume, const VolumeEntry& entry) {
   std::vector<std::uint8_t> room(std::min<std::size_t>(entry.size, 3 * kSectorSize + 1));
   const std::uint32_t latest = entry.size - static_cast<std::uint32_t>(room.size());
   for (const std::uint32_t offset : {0u, 1u, latest}) {
-    const IsoError error = volume.Read(entry, offset, room);
-    if (entry.is_folder) Require(error == IsoError::kNotAFile);
-    if (offset > latest) Require(error != IsoError::kNone);
+    const VolumeError error = volume.Read(entry, offset, room);
+    if (entry.is_folder) Require(error == VolumeError::kNotAFile);
+    if (offset > latest) Require(error != VolumeError::kNone);
   }
 }
 
 // Every listed name is found. `path` leads to the folder, and `folders` is how many more may be walked.
-void Walk(IsoVolume& volume, const IsoEntry& folder, const std::string& path, int& folders) {
+void Walk(IsoVolume& volume, const VolumeEntry& folder, const std::string& path, int& folders) {
   Entries found;
   (void)volume.List(folder, found);  // a damaged folder shows what stands before the damage
-  for (const IsoEntry& entry : found.entries) ReadSome(volume, entry);
+  for (const VolumeEntry& entry : found.entries) ReadSome(volume, entry);
   for (const std::string& name : found.names) {
-    IsoEntry entry;
-    Require(volume.Find(path + name, entry) == IsoError::kNone);
+    VolumeEntry entry;
+    Require(volume.Find(path + name, entry) == VolumeError::kNone);
     if (entry.is_folder && folders-- > 0) Walk(volume, entry, path + name + "/", folders);
   }
 }
@@ -87,13 +87,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::size_t buffer_sectors = size % 3 + 1;
   std::vector<std::uint8_t> buffer(buffer_sectors * kSectorSize);
   IsoVolume volume(sectors, buffer);
-  if (volume.Open() != IsoError::kNone) return 0;
-  IsoEntry entry;
-  Require(volume.Find("", entry) == IsoError::kNone);
+  if (volume.Open() != VolumeError::kNone) return 0;
+  VolumeEntry entry;
+  Require(volume.Find("", entry) == VolumeError::kNone);
   int folders = 20;
   Walk(volume, entry, "", folders);
   std::vector<std::uint8_t> room(65536);
   std::uint32_t length = 0;
-  if (volume.ReadFile("/Boot\\loader.BIN;1", room, length) == IsoError::kNone) Require(length <= room.size());
+  if (volume.ReadFile("/Boot\\loader.BIN;1", room, length) == VolumeError::kNone) Require(length <= room.size());
   return 0;
 }

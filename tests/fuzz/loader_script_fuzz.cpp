@@ -121,7 +121,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   FuzzFiles files(first, second);
   std::vector<char> memory(first.size() + second.size() * 3);
   auto script = std::make_unique<Script>();
-  ReadScript(files, "a", memory, *script);
+  ReadScript(files, "a", size % 2 == 0 ? Processor::k32Bit : Processor::k64Bit, memory, *script);
   CheckScript(*script);
   PressKeys(*script, input);
   return 0;

@@ -16,6 +16,7 @@ namespace discwright::loader {
 
 class FakeFiles : public Files {
  public:
+  Medium medium() const override { return where; }
   bool Exists(std::string_view path) override { return Find(path) != nullptr; }
 
   FileText Read(std::string_view path, std::span<char> to) override {
@@ -28,6 +29,7 @@ class FakeFiles : public Files {
     return {size < text->size() ? ReadEnd::kTooLarge : ReadEnd::kRead, size};
   }
 
+  Medium where = Medium::kCd;
   std::map<std::string, std::string> files;
   std::string unreadable;
   int reads = 0;
@@ -44,15 +46,20 @@ class FakeFiles : public Files {
 // A script that was read, together with the memory that its texts are in.
 struct ReadScriptText {
   explicit ReadScriptText(FakeFiles& files, std::size_t room = 256 * 1024) : memory(room) {
-    ReadScript(files, "main.cds", memory, *script);
+    ReadScript(files, "main.cds", Processor::k32Bit, memory, *script);
+  }
+  ReadScriptText(FakeFiles& files, Processor processor) : memory(256 * 1024) {
+    ReadScript(files, "main.cds", processor, memory, *script);
   }
   explicit ReadScriptText(const std::string& text) : ReadScriptText(text, {}) {}
   // `present` are files that are on the CD.
-  ReadScriptText(const std::string& text, const std::vector<std::string>& present) : memory(256 * 1024) {
+  ReadScriptText(const std::string& text, const std::vector<std::string>& present,
+                 Processor processor = Processor::k32Bit)
+      : memory(256 * 1024) {
     FakeFiles files;
     files.files["main.cds"] = text;
     for (const std::string& path : present) files.files[path];
-    ReadScript(files, "main.cds", memory, *script);
+    ReadScript(files, "main.cds", processor, memory, *script);
   }
 
   std::vector<std::string> Mistakes() const {

@@ -13,15 +13,16 @@ namespace discwright::testing {
 
 class ImageSectors final : public loader::Sectors {
  public:
-  explicit ImageSectors(std::string image) : image_(std::move(image)) {}
+  explicit ImageSectors(std::string image, std::size_t sector_size = loader::kSectorSize)
+      : image_(std::move(image)), sector_size_(sector_size) {}
 
   bool Read(std::uint32_t sector, std::span<std::uint8_t> to) override {
-    EXPECT_EQ(to.size() % loader::kSectorSize, 0u);
+    EXPECT_EQ(to.size() % sector_size_, 0u);
     EXPECT_GT(to.size(), 0u);
     ++reads;
-    const std::size_t count = to.size() / loader::kSectorSize;
+    const std::size_t count = to.size() / sector_size_;
     if (bad_sector && *bad_sector >= sector && *bad_sector - sector < count) return false;
-    const std::size_t from = std::size_t{sector} * loader::kSectorSize;
+    const std::size_t from = std::size_t{sector} * sector_size_;
     if (from > image_.size() || to.size() > image_.size() - from) return false;
     std::copy_n(image_.begin() + static_cast<std::ptrdiff_t>(from), to.size(), to.begin());
     return true;
@@ -32,6 +33,7 @@ class ImageSectors final : public loader::Sectors {
 
  private:
   std::string image_;
+  std::size_t sector_size_;
 };
 
 }  // namespace discwright::testing

@@ -66,9 +66,9 @@ std::string WithoutVersion(std::string name) {
 
 // {path in capitals: content} of everything below a folder of the image.
 using Contents = std::map<std::string, std::string>;
-void Collect(OpenedIso& iso, const IsoEntry& folder, const std::string& path, Contents& contents) {
+void Collect(OpenedIso& iso, const VolumeEntry& folder, const std::string& path, Contents& contents) {
   EntryCollector entries;
-  ASSERT_EQ(iso.volume.List(folder, entries), IsoError::kNone) << path;
+  ASSERT_EQ(iso.volume.List(folder, entries), VolumeError::kNone) << path;
   for (const auto& [name, entry] : entries.entries) {
     const std::string below = path + InCapitals(WithoutVersion(name));
     contents[below] = entry.is_folder ? "<folder>" : Digest(iso.Read(entry));
@@ -115,9 +115,9 @@ class EveryProgram : public ::testing::TestWithParam<Program> {
 TEST_P(EveryProgram, Image_HasTheContentThatWasPutIn) {
   for (const std::size_t buffer_sectors : {1, 16}) {
     OpenedIso iso(Image(), buffer_sectors);
-    ASSERT_EQ(iso.volume.Open(), IsoError::kNone);
-    IsoEntry root;
-    ASSERT_EQ(iso.volume.Find("", root), IsoError::kNone);
+    ASSERT_EQ(iso.volume.Open(), VolumeError::kNone);
+    VolumeEntry root;
+    ASSERT_EQ(iso.volume.Find("", root), VolumeError::kNone);
     Contents found;
     Collect(iso, root, "", found);
     // Where the program shows them, they are no part of the comparison.
@@ -128,7 +128,7 @@ TEST_P(EveryProgram, Image_HasTheContentThatWasPutIn) {
 
 TEST_P(EveryProgram, Paths_AreFoundInAnyCaseAndWithVersion) {
   OpenedIso iso(Image(), 16);
-  ASSERT_EQ(iso.volume.Open(), IsoError::kNone);
+  ASSERT_EQ(iso.volume.Open(), VolumeError::kNone);
   for (const char* path : {"boot/scripts/main.cds", "BOOT\\SCRIPTS\\MAIN.CDS", "Boot/Scripts/Main.cds;1"})
     EXPECT_EQ(iso.ReadPath(path), "Set A=B\n") << path;
   for (const char* path : {"boot/scripts/noext", "boot/scripts/NOEXT.", "boot/scripts/noext;1"})
@@ -158,7 +158,7 @@ TEST_P(KeepingProgram, NamesOfAnyKind_AreFoundAsTheyStand) {
       "\xC3\xA4\xC3\xB6.txt", "trail.",        "trail",    "version;2"};
   for (const std::string& name : names) folder_.Write("tree/folder/" + name, "content of " + name);
   OpenedIso iso(Mastered(GetParam().command, folder_));
-  ASSERT_EQ(iso.volume.Open(), IsoError::kNone);
+  ASSERT_EQ(iso.volume.Open(), VolumeError::kNone);
   for (const std::string& name : names) EXPECT_EQ(iso.ReadPath("Folder\\" + name), "content of " + name) << name;
 }
 
@@ -170,7 +170,7 @@ TEST(Iso9660Images, NamesThatDifferInCase_AreToldApart) {
   for (const char* name : {"case.txt", "CASE.TXT", "Case.txt"}) folder.Write(std::string("tree/") + name, name);
   for (const char* command : {"genisoimage -quiet -iso-level 4", "xorriso -as mkisofs -iso-level 4"}) {
     OpenedIso iso(Mastered(command, folder));
-    ASSERT_EQ(iso.volume.Open(), IsoError::kNone);
+    ASSERT_EQ(iso.volume.Open(), VolumeError::kNone);
     for (const char* name : {"case.txt", "CASE.TXT", "Case.txt"}) EXPECT_EQ(iso.ReadPath(name), name) << command;
   }
 }
@@ -180,9 +180,9 @@ TEST(Iso9660Images, FilesThatGenisoimageMarksAsHidden_DoNotExist) {
   folder.Write("tree/shown", "x");
   folder.Write("tree/secret", "x");
   OpenedIso iso(Mastered("genisoimage -quiet -iso-level 4 -hidden secret", folder));
-  ASSERT_EQ(iso.volume.Open(), IsoError::kNone);
+  ASSERT_EQ(iso.volume.Open(), VolumeError::kNone);
   EXPECT_EQ(iso.ReadPath("shown"), "x");
-  EXPECT_EQ(iso.ReadPath("secret"), Words(IsoError::kNotFound));
+  EXPECT_EQ(iso.ReadPath("secret"), Words(VolumeError::kNotFound));
 }
 
 }  // namespace

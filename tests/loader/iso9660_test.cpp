@@ -17,7 +17,7 @@ std::string Record(const std::string& name, std::uint32_t sector, std::uint32_t 
   return HandMadeIso::Record(name, sector, size, flags);
 }
 
-IsoError OpenError(const HandMadeIso& iso, std::size_t buffer_sectors = 1) {
+VolumeError OpenError(const HandMadeIso& iso, std::size_t buffer_sectors = 1) {
   OpenedIso opened(iso.bytes, buffer_sectors);
   return opened.volume.Open();
 }
@@ -27,17 +27,17 @@ class IsoWith : public OpenedIso {
  public:
   explicit IsoWith(const std::string& records) : IsoWith(HandMadeIso(), records) {}
   IsoWith(HandMadeIso iso, const std::string& records) : OpenedIso(WithRoot(std::move(iso), records)) {
-    EXPECT_EQ(volume.Open(), IsoError::kNone);
+    EXPECT_EQ(volume.Open(), VolumeError::kNone);
   }
 
-  IsoError ListRoot(EntryCollector& entries) {
-    IsoEntry root;
-    EXPECT_EQ(volume.Find("", root), IsoError::kNone);
+  VolumeError ListRoot(EntryCollector& entries) {
+    VolumeEntry root;
+    EXPECT_EQ(volume.Find("", root), VolumeError::kNone);
     return volume.List(root, entries);
   }
   std::vector<std::string> RootNames() {
     EntryCollector entries;
-    EXPECT_EQ(ListRoot(entries), IsoError::kNone);
+    EXPECT_EQ(ListRoot(entries), VolumeError::kNone);
     return entries.Names();
   }
 
@@ -48,24 +48,15 @@ class IsoWith : public OpenedIso {
   }
 };
 
-TEST(IsoWords, EveryError_HasSentencesOfItsOwn) {
-  std::set<std::string_view> all;
-  constexpr int kErrors = static_cast<int>(IsoError::kNotEnoughRoom) + 1;
-  for (int error = 0; error < kErrors; ++error) all.insert(Words(static_cast<IsoError>(error)));
-  EXPECT_EQ(all.size(), std::size_t{kErrors});
-  EXPECT_EQ(all.count(Words(IsoError{kErrors})), 0u);
-  for (const std::string_view words : all) EXPECT_EQ(words.back(), '.') << words;
-}
-
-TEST(IsoOpen, EmptyVolume_Opens) { EXPECT_EQ(OpenError(HandMadeIso()), IsoError::kNone); }
+TEST(IsoOpen, EmptyVolume_Opens) { EXPECT_EQ(OpenError(HandMadeIso()), VolumeError::kNone); }
 
 TEST(IsoOpen, BufferBelowOneSector_HasNotEnoughRoom) {
   ImageSectors sectors(HandMadeIso().bytes);
   std::array<std::uint8_t, loader::kSectorSize - 1> buffer{};
   loader::IsoVolume volume(sectors, buffer);
-  EXPECT_EQ(volume.Open(), IsoError::kNotEnoughRoom);
-  IsoEntry entry;
-  EXPECT_EQ(volume.Find("x", entry), IsoError::kNotAFolder);
+  EXPECT_EQ(volume.Open(), VolumeError::kNotEnoughRoom);
+  VolumeEntry entry;
+  EXPECT_EQ(volume.Find("x", entry), VolumeError::kNotAFolder);
   EXPECT_EQ(sectors.reads, 0);
 }
 
@@ -73,64 +64,64 @@ TEST(IsoOpen, UnreadableDescriptor_IsSaid) {
   for (const std::uint32_t sector : {16u, 17u}) {
     OpenedIso iso(HandMadeIso().bytes);
     iso.sectors.bad_sector = sector;
-    EXPECT_EQ(iso.volume.Open(), IsoError::kUnreadable) << sector;
+    EXPECT_EQ(iso.volume.Open(), VolumeError::kUnreadable) << sector;
   }
 }
 
 TEST(IsoOpen, NoDescriptorInSector16_IsNoVolume) {
   HandMadeIso iso;
   iso.Put(16, 1, "CD002");
-  EXPECT_EQ(OpenError(iso), IsoError::kNoVolume);
+  EXPECT_EQ(OpenError(iso), VolumeError::kNoVolume);
 }
 
 TEST(IsoOpen, OtherSectorBeforeTheTerminator_IsABadVolume) {
   HandMadeIso iso;
   iso.Put(17, 1, "BEA01");
-  EXPECT_EQ(OpenError(iso), IsoError::kBadVolume);
+  EXPECT_EQ(OpenError(iso), VolumeError::kBadVolume);
 }
 
 TEST(IsoOpen, DescriptorsWithoutEnd_AreABadVolume) {
   HandMadeIso iso(3000);
   for (std::uint32_t sector = 17; sector < 3000; ++sector) iso.PutDescriptor(sector, 1, 1, HandMadeIso::kRoot);
   OpenedIso opened(iso.bytes);
-  EXPECT_EQ(opened.volume.Open(), IsoError::kBadVolume);
+  EXPECT_EQ(opened.volume.Open(), VolumeError::kBadVolume);
   EXPECT_LE(opened.sectors.reads, 64);
 }
 
 TEST(IsoOpen, NoPrimaryDescriptor_IsABadVolume) {
   HandMadeIso iso;
   iso.PutDescriptor(16, 2, 2, HandMadeIso::kRoot);
-  EXPECT_EQ(OpenError(iso), IsoError::kBadVolume);
+  EXPECT_EQ(OpenError(iso), VolumeError::kBadVolume);
   iso.PutDescriptor(16, 1, 2, HandMadeIso::kRoot);  // an unknown version
-  EXPECT_EQ(OpenError(iso), IsoError::kBadVolume);
+  EXPECT_EQ(OpenError(iso), VolumeError::kBadVolume);
 }
 
 TEST(IsoOpen, BlocksOfAnotherSize_AreRefused) {
   HandMadeIso iso;
   iso.Put(16, 128, HandMadeIso::Number(512, 2));
-  EXPECT_EQ(OpenError(iso), IsoError::kBlockSize);
+  EXPECT_EQ(OpenError(iso), VolumeError::kBlockSize);
 }
 
 TEST(IsoOpen, RootThatIsNoFolderOrNoRecord_IsABadVolume) {
   HandMadeIso iso;
   iso.Put(16, 156 + 25, std::string(1, '\0'));
-  EXPECT_EQ(OpenError(iso), IsoError::kBadVolume);
+  EXPECT_EQ(OpenError(iso), VolumeError::kBadVolume);
   for (const std::uint32_t length : {0, 33, 35}) {
     HandMadeIso other;
     other.Put(16, 156, HandMadeIso::Number(length, 1));
-    EXPECT_EQ(OpenError(other), IsoError::kBadVolume) << length;
+    EXPECT_EQ(OpenError(other), VolumeError::kBadVolume) << length;
   }
 }
 
 TEST(IsoOpen, RootOutsideOfTheVolume_IsRefused) {
   HandMadeIso iso;
   iso.PutDescriptor(16, 1, 1, 39, 2048);
-  EXPECT_EQ(OpenError(iso), IsoError::kNone);
+  EXPECT_EQ(OpenError(iso), VolumeError::kNone);
   for (const auto& [sector, size] : {std::pair{39u, 2049u}, {40u, 1u}, {0xFFFFFFFFu, 2048u}, {20u, 0xFFFFFFFFu}}) {
     iso.PutDescriptor(16, 1, 1, sector, size);
     OpenedIso opened(iso.bytes);
-    EXPECT_EQ(opened.volume.Open(), IsoError::kOutside) << sector << " " << size;
-    EXPECT_EQ(opened.Find("x"), Words(IsoError::kNotAFolder));
+    EXPECT_EQ(opened.volume.Open(), VolumeError::kOutside) << sector << " " << size;
+    EXPECT_EQ(opened.Find("x"), Words(VolumeError::kNotAFolder));
   }
 }
 
@@ -143,10 +134,10 @@ TEST(IsoOpen, EnhancedDescriptor_IsPreferredAndJolietIsNot) {
   iso.PutFolder(30, Record("joliet", 33));
   iso.PutFolder(31, Record("enhanced", 34));
   OpenedIso opened(iso.bytes);
-  ASSERT_EQ(opened.volume.Open(), IsoError::kNone);
+  ASSERT_EQ(opened.volume.Open(), VolumeError::kNone);
   EXPECT_EQ(opened.Find("enhanced"), "34");
-  EXPECT_EQ(opened.Find("primary"), Words(IsoError::kNotFound));
-  EXPECT_EQ(opened.Find("joliet"), Words(IsoError::kNotFound));
+  EXPECT_EQ(opened.Find("primary"), Words(VolumeError::kNotFound));
+  EXPECT_EQ(opened.Find("joliet"), Words(VolumeError::kNotFound));
 }
 
 TEST(IsoOpen, SecondPrimaryDescriptor_CountsAsACopy) {
@@ -155,16 +146,16 @@ TEST(IsoOpen, SecondPrimaryDescriptor_CountsAsACopy) {
   iso.PutTerminator(18);
   iso.PutFolder(HandMadeIso::kRoot, Record("a", 32));
   OpenedIso opened(iso.bytes);
-  ASSERT_EQ(opened.volume.Open(), IsoError::kNone);
+  ASSERT_EQ(opened.volume.Open(), VolumeError::kNone);
   EXPECT_EQ(opened.Find("a"), "32");
 }
 
 TEST(IsoOpen, FailureAfterASuccess_ClosesTheVolume) {
   OpenedIso iso(HandMadeIso().bytes);
-  ASSERT_EQ(iso.volume.Open(), IsoError::kNone);
+  ASSERT_EQ(iso.volume.Open(), VolumeError::kNone);
   iso.sectors.bad_sector = 16;
-  ASSERT_EQ(iso.volume.Open(), IsoError::kUnreadable);
-  EXPECT_EQ(iso.Find("x"), Words(IsoError::kNotAFolder));
+  ASSERT_EQ(iso.volume.Open(), VolumeError::kUnreadable);
+  EXPECT_EQ(iso.Find("x"), Words(VolumeError::kNotAFolder));
 }
 
 TEST(IsoFind, PathsWithEitherSeparator_AreFollowed) {
@@ -180,9 +171,9 @@ TEST(IsoFind, PathsWithEitherSeparator_AreFollowed) {
 TEST(IsoFind, MissingNames_AreNotFound) {
   IsoWith iso(Record("boot", 30, 2048, kFolderFlag) + Record("file", 32));
   for (const char* path : {"boo", "boott", "boot/x", "file/x", "file/", ".", "..", "boot/..", ";1"})
-    EXPECT_EQ(iso.Find(path), Words(IsoError::kNotFound)) << path;
-  EXPECT_EQ(iso.Find(std::string_view("\0", 1)), Words(IsoError::kNotFound));
-  EXPECT_EQ(iso.Find("\1"), Words(IsoError::kNotFound));
+    EXPECT_EQ(iso.Find(path), Words(VolumeError::kNotFound)) << path;
+  EXPECT_EQ(iso.Find(std::string_view("\0", 1)), Words(VolumeError::kNotFound));
+  EXPECT_EQ(iso.Find("\1"), Words(VolumeError::kNotFound));
 }
 
 TEST(IsoFind, ExactCase_WinsWhereverItStands) {
@@ -200,7 +191,7 @@ TEST(IsoFind, VersionAndPeriod_MayBeThereOrNot) {
   for (const char* path : {"bare", "BARE;1", "bare."}) EXPECT_EQ(iso.Find(path), "32") << path;
   for (const char* path : {"dot", "dot.", "DOT.;1"}) EXPECT_EQ(iso.Find(path), "33") << path;
   for (const char* path : {"with.ext;2", "with.ext;", "with.ext..", "noext;x"})
-    EXPECT_EQ(iso.Find(path), Words(IsoError::kNotFound)) << path;
+    EXPECT_EQ(iso.Find(path), Words(VolumeError::kNotFound)) << path;
 }
 
 TEST(IsoFind, NamesOfOneLetterOrNone_HaveVersionsToo) {
@@ -208,7 +199,7 @@ TEST(IsoFind, NamesOfOneLetterOrNone_HaveVersionsToo) {
   EXPECT_EQ(iso.Find("a"), "30");
   EXPECT_EQ(iso.Find("Z;1"), "31");
   EXPECT_EQ(iso.Find(";1"), "32");
-  EXPECT_EQ(iso.Find("."), Words(IsoError::kNotFound));
+  EXPECT_EQ(iso.Find("."), Words(VolumeError::kNotFound));
 }
 
 TEST(IsoFind, ExactName_EndsTheReading) {
@@ -217,7 +208,7 @@ TEST(IsoFind, ExactName_EndsTheReading) {
   image.Put(31, 0, "\1");  // a damaged record
   IsoWith iso(image, Record("folder", 30, 2 * 2048, kFolderFlag));
   EXPECT_EQ(iso.Find("folder/b"), "36");
-  EXPECT_EQ(iso.Find("folder/B"), Words(IsoError::kBadFolder));
+  EXPECT_EQ(iso.Find("folder/B"), Words(VolumeError::kBadFolder));
 }
 
 TEST(IsoFind, SameCaseWithVersion_WinsOverAnotherCase) {
@@ -229,8 +220,8 @@ TEST(IsoFind, SameCaseWithVersion_WinsOverAnotherCase) {
 TEST(IsoFind, LettersBeyondAscii_MatchAsTheyStandOnly) {
   IsoWith iso(Record("\xC3\xA4", 30) + Record("[", 31));
   EXPECT_EQ(iso.Find("\xC3\xA4"), "30");
-  EXPECT_EQ(iso.Find("\xC3\x84"), Words(IsoError::kNotFound));
-  EXPECT_EQ(iso.Find("{"), Words(IsoError::kNotFound));
+  EXPECT_EQ(iso.Find("\xC3\x84"), Words(VolumeError::kNotFound));
+  EXPECT_EQ(iso.Find("{"), Words(VolumeError::kNotFound));
 }
 
 TEST(IsoFind, FileBesideAFolderInAnotherCase_DoesNotBarTheWay) {
@@ -243,7 +234,7 @@ TEST(IsoFind, FileBesideAFolderInAnotherCase_DoesNotBarTheWay) {
 
 TEST(IsoFind, HiddenAndAssociatedFiles_DoNotExist) {
   IsoWith iso(Record("hidden", 30, 1, kHiddenFlag) + Record("both", 31, 1, kAssociatedFlag) + Record("both", 32));
-  EXPECT_EQ(iso.Find("hidden"), Words(IsoError::kNotFound));
+  EXPECT_EQ(iso.Find("hidden"), Words(VolumeError::kNotFound));
   EXPECT_EQ(iso.Find("both"), "32");
   EXPECT_THAT(iso.RootNames(), ElementsAre("both"));
 }
@@ -264,11 +255,11 @@ TEST(IsoList, FolderOfSeveralSectors_IsReadToItsEnd) {
       image.Put(sector, 0, Record("s" + std::to_string(sector), 1));
     image.PutDescriptor(16, 1, 1, 30, 5 * 2048);
     OpenedIso iso(image.bytes, buffer_sectors);
-    ASSERT_EQ(iso.volume.Open(), IsoError::kNone);
-    IsoEntry root;
-    ASSERT_EQ(iso.volume.Find("", root), IsoError::kNone);
+    ASSERT_EQ(iso.volume.Open(), VolumeError::kNone);
+    VolumeEntry root;
+    ASSERT_EQ(iso.volume.Find("", root), VolumeError::kNone);
     EntryCollector entries;
-    EXPECT_EQ(iso.volume.List(root, entries), IsoError::kNone);
+    EXPECT_EQ(iso.volume.List(root, entries), VolumeError::kNone);
     EXPECT_THAT(entries.Names(), ElementsAre("s30", "s31", "s32", "s33", "s34")) << buffer_sectors;
   }
 }
@@ -280,19 +271,19 @@ TEST(IsoList, SizeWithinASector_EndsTheFolderThere) {
   IsoWith iso(image, Record("folder", 30, static_cast<std::uint32_t>(first.size()), kFolderFlag) +
                          Record("cut", 30, static_cast<std::uint32_t>(first.size() + 1), kFolderFlag));
   EXPECT_EQ(iso.Find("folder/first"), "30");
-  EXPECT_EQ(iso.Find("folder/second"), Words(IsoError::kNotFound));
-  EXPECT_EQ(iso.Find("cut/second"), Words(IsoError::kBadFolder));
+  EXPECT_EQ(iso.Find("folder/second"), Words(VolumeError::kNotFound));
+  EXPECT_EQ(iso.Find("cut/second"), Words(VolumeError::kBadFolder));
 }
 
 TEST(IsoList, VisitorThatHasEnough_EndsTheReading) {
   IsoWith iso(Record("a", 30) + Record("b", 30) + Record("c", 30));
   EntryCollector two(2);
-  EXPECT_EQ(iso.ListRoot(two), IsoError::kNone);
+  EXPECT_EQ(iso.ListRoot(two), VolumeError::kNone);
   EXPECT_THAT(two.Names(), ElementsAre("a", "b"));
   EntryCollector one(1);
   iso.sectors.reads = 0;
-  EXPECT_EQ(iso.volume.List({.sector = HandMadeIso::kRoot, .size = 10 * 2048, .is_folder = true}, one),
-            IsoError::kNone);
+  EXPECT_EQ(iso.volume.List({.start = HandMadeIso::kRoot, .size = 10 * 2048, .is_folder = true}, one),
+            VolumeError::kNone);
   EXPECT_EQ(iso.sectors.reads, 1);
 }
 
@@ -300,16 +291,16 @@ TEST(IsoList, EmptyFolder_HasNoEntriesAndIsNotRead) {
   IsoWith iso(Record("empty", 0xFFFFFFFF, 0, kFolderFlag));
   const int before = iso.sectors.reads;
   EntryCollector entries;
-  EXPECT_EQ(iso.volume.List({.sector = 0xFFFFFFFF, .size = 0, .is_folder = true}, entries), IsoError::kNone);
+  EXPECT_EQ(iso.volume.List({.start = 0xFFFFFFFF, .size = 0, .is_folder = true}, entries), VolumeError::kNone);
   EXPECT_THAT(entries.Names(), IsEmpty());
   EXPECT_EQ(iso.sectors.reads, before);
-  EXPECT_EQ(iso.Find("empty/x"), Words(IsoError::kNotFound));
+  EXPECT_EQ(iso.Find("empty/x"), Words(VolumeError::kNotFound));
 }
 
 TEST(IsoList, File_IsNotAFolder) {
   IsoWith iso("");
   EntryCollector entries;
-  EXPECT_EQ(iso.volume.List({.sector = 30, .size = 1}, entries), IsoError::kNotAFolder);
+  EXPECT_EQ(iso.volume.List({.start = 30, .size = 1}, entries), VolumeError::kNotAFolder);
 }
 
 TEST(IsoList, RecordThatContradictsItself_IsABadFolder) {
@@ -321,9 +312,9 @@ TEST(IsoList, RecordThatContradictsItself_IsABadFolder) {
   for (const std::string& bad : {short_record, long_name, no_name}) {
     IsoWith iso(bad);
     EntryCollector entries;
-    EXPECT_EQ(iso.ListRoot(entries), IsoError::kBadFolder);
+    EXPECT_EQ(iso.ListRoot(entries), VolumeError::kBadFolder);
     EXPECT_THAT(entries.Names(), IsEmpty());
-    EXPECT_EQ(iso.Find("good"), Words(IsoError::kBadFolder));
+    EXPECT_EQ(iso.Find("good"), Words(VolumeError::kBadFolder));
   }
 }
 
@@ -334,9 +325,9 @@ TEST(IsoList, RecordWithoutRoomForItsHead_IsABadFolder) {
   ASSERT_EQ(at, 2048u - 20);
   image.Put(30, at, "\x14");  // its 20 bytes end with the sector, and with the buffer
   OpenedIso iso(image.bytes, 1);
-  ASSERT_EQ(iso.volume.Open(), IsoError::kNone);
+  ASSERT_EQ(iso.volume.Open(), VolumeError::kNone);
   EntryCollector entries;
-  EXPECT_EQ(iso.volume.List({.sector = 30, .size = 2048, .is_folder = true}, entries), IsoError::kBadFolder);
+  EXPECT_EQ(iso.volume.List({.start = 30, .size = 2048, .is_folder = true}, entries), VolumeError::kBadFolder);
   EXPECT_EQ(entries.entries.size(), 39u);
 }
 
@@ -350,7 +341,7 @@ TEST(IsoList, RecordThatCrossesASector_IsABadFolder) {
   const std::string root = Record("folder", 30, 2 * 2048, kFolderFlag);
   EXPECT_EQ(IsoWith(image, root).Find("folder/next"), "35");
   image.Put(30, 2048 - 176, std::string(1, '\xB2'));  // two bytes more than the sector has
-  EXPECT_EQ(IsoWith(image, root).Find("folder/next"), Words(IsoError::kBadFolder));
+  EXPECT_EQ(IsoWith(image, root).Find("folder/next"), Words(VolumeError::kBadFolder));
   image.Put(30, 2048 - 176, std::string(176, '\0'));
   image.Put(30, 2046, "\x22");
   EXPECT_EQ(IsoWith(image, root).Find("folder/next"), "35");  // a zero ends the sector before its last bytes
@@ -361,7 +352,7 @@ TEST(IsoList, FolderOutsideOfTheVolume_IsRefusedUnread) {
               Record("wrapped", 0xFFFFFFFF, 0xFFFFFFFF, kFolderFlag));
   for (const char* path : {"far/x", "huge/x", "wrapped/x"}) {
     const int before = iso.sectors.reads;
-    EXPECT_EQ(iso.Find(path), Words(IsoError::kOutside)) << path;
+    EXPECT_EQ(iso.Find(path), Words(VolumeError::kOutside)) << path;
     EXPECT_EQ(iso.sectors.reads, before + 1) << path;  // that of the root
   }
 }
@@ -370,38 +361,38 @@ TEST(IsoList, HugeFolderOfAHugeVolume_EndsWithTheImage) {
   HandMadeIso image;
   image.Put(16, 80, HandMadeIso::Number(0xFFFFFFFF, 4));
   IsoWith iso(image, Record("huge", 30, 0xFFFFFFFF, kFolderFlag));
-  EXPECT_EQ(iso.Find("huge/x"), Words(IsoError::kUnreadable));
+  EXPECT_EQ(iso.Find("huge/x"), Words(VolumeError::kUnreadable));
   EXPECT_LT(iso.sectors.reads, 20);
 }
 
 TEST(IsoList, UnreadableFolder_IsSaid) {
   IsoWith iso(Record("a", 30));
   iso.sectors.bad_sector = HandMadeIso::kRoot;
-  EXPECT_EQ(iso.Find("a"), Words(IsoError::kUnreadable));
+  EXPECT_EQ(iso.Find("a"), Words(VolumeError::kUnreadable));
 }
 
 TEST(IsoRead, Folder_IsNotAFile) {
   IsoWith iso(Record("folder", 30, 2048, kFolderFlag));
-  EXPECT_EQ(iso.ReadPath("folder"), Words(IsoError::kNotAFile));
+  EXPECT_EQ(iso.ReadPath("folder"), Words(VolumeError::kNotAFile));
   std::uint32_t size = 0;
-  EXPECT_EQ(iso.volume.ReadFile("folder", {}, size), IsoError::kNotAFile);
+  EXPECT_EQ(iso.volume.ReadFile("folder", {}, size), VolumeError::kNotAFile);
 }
 
 TEST(IsoRead, EmptyFile_IsNeverReadWhereverItStands) {
   IsoWith iso(Record("empty", 0xFFFFFFFF, 0));
-  IsoEntry file;
-  ASSERT_EQ(iso.volume.Find("empty", file), IsoError::kNone);
+  VolumeEntry file;
+  ASSERT_EQ(iso.volume.Find("empty", file), VolumeError::kNone);
   const int before = iso.sectors.reads;
   EXPECT_EQ(iso.Read(file), "");
-  EXPECT_EQ(iso.ReadPart(file, 0, 1), Words(IsoError::kPastTheEnd));
+  EXPECT_EQ(iso.ReadPart(file, 0, 1), Words(VolumeError::kPastTheEnd));
   EXPECT_EQ(iso.sectors.reads, before);
 }
 
 TEST(IsoRead, FileOutsideOfTheVolume_IsRefusedUnread) {
   IsoWith iso(Record("last", 39, 2048) + Record("over", 39, 2049) + Record("far", 0xFFFFFFF0, 0x10001));
   EXPECT_EQ(iso.ReadPath("last"), std::string(2048, '\0'));
-  for (const char* path : {"over", "far"}) EXPECT_EQ(iso.ReadPath(path), Words(IsoError::kOutside)) << path;
-  EXPECT_EQ(iso.ReadPart({.sector = 30, .size = 0xFFFFFFFF}, 0, 1), Words(IsoError::kOutside));
+  for (const char* path : {"over", "far"}) EXPECT_EQ(iso.ReadPath(path), Words(VolumeError::kOutside)) << path;
+  EXPECT_EQ(iso.ReadPart({.start = 30, .size = 0xFFFFFFFF}, 0, 1), Words(VolumeError::kOutside));
 }
 
 TEST(IsoRead, AttributesBeforeTheContent_AreSkipped) {
@@ -412,7 +403,7 @@ TEST(IsoRead, AttributesBeforeTheContent_AreSkipped) {
   wrapped[1] = 33;
   IsoWith iso(image, file + wrapped);
   EXPECT_EQ(iso.ReadPath("file"), "content");
-  EXPECT_EQ(iso.ReadPath("wrapped"), Words(IsoError::kOutside));
+  EXPECT_EQ(iso.ReadPath("wrapped"), Words(VolumeError::kOutside));
 }
 
 TEST(IsoRead, FileInParts_IsRefusedAndListedOnce) {
@@ -422,13 +413,13 @@ TEST(IsoRead, FileInParts_IsRefusedAndListedOnce) {
   IsoWith iso(Record("large", 30, 2048, kMorePartsFlag) + Record("large", 32, 2048, kMorePartsFlag) +
               Record("large", 34, 5) + Record("next", 35, 1) + unit + gap);
   EXPECT_THAT(iso.RootNames(), ElementsAre("large", "next", "unit", "gap"));
-  for (const char* path : {"large", "unit", "gap"}) EXPECT_EQ(iso.ReadPath(path), Words(IsoError::kInParts)) << path;
+  for (const char* path : {"large", "unit", "gap"}) EXPECT_EQ(iso.ReadPath(path), Words(VolumeError::kInParts)) << path;
   EXPECT_EQ(iso.ReadPath("next"), std::string(1, '\0'));
 }
 
 TEST(IsoRead, EmptyFirstPart_IsRefusedToo) {
   IsoWith iso(Record("large", 30, 0, kMorePartsFlag) + Record("large", 32, 5));
-  EXPECT_EQ(iso.ReadPath("large"), Words(IsoError::kInParts));
+  EXPECT_EQ(iso.ReadPath("large"), Words(VolumeError::kInParts));
 }
 
 class IsoReadPieces : public ::testing::Test {
@@ -438,13 +429,13 @@ class IsoReadPieces : public ::testing::Test {
     HandMadeIso image;
     image.Put(30, 0, content);
     iso.emplace(image, Record("file", 30, kSize));
-    EXPECT_EQ(iso->volume.Find("file", file), IsoError::kNone);
+    EXPECT_EQ(iso->volume.Find("file", file), VolumeError::kNone);
   }
 
   static constexpr std::uint32_t kSize = 4 * 2048 + 100;
   std::string content = std::string(kSize, '\0');
   std::optional<IsoWith> iso;
-  IsoEntry file;
+  VolumeEntry file;
 };
 
 TEST_F(IsoReadPieces, AnyOffsetAndSize_GiveThoseBytes) {
@@ -458,7 +449,7 @@ TEST_F(IsoReadPieces, AnyOffsetAndSize_GiveThoseBytes) {
 }
 
 TEST_F(IsoReadPieces, BytesBehindTheEnd_AreRefused) {
-  const std::string_view refused = Words(IsoError::kPastTheEnd);
+  const std::string_view refused = Words(VolumeError::kPastTheEnd);
   EXPECT_EQ(iso->ReadPart(file, kSize, 1), refused);
   EXPECT_EQ(iso->ReadPart(file, kSize + 1, 0), refused);
   EXPECT_EQ(iso->ReadPart(file, 0, kSize + 1), refused);
@@ -480,25 +471,25 @@ TEST_F(IsoReadPieces, WholeSectors_AreReadAtOnce) {
 TEST_F(IsoReadPieces, UnreadableSector_IsSaid) {
   for (const std::uint32_t sector : {30, 32, 34}) {
     iso->sectors.bad_sector = sector;
-    EXPECT_EQ(iso->ReadPart(file, 1, kSize - 1), Words(IsoError::kUnreadable)) << sector;
+    EXPECT_EQ(iso->ReadPart(file, 1, kSize - 1), Words(VolumeError::kUnreadable)) << sector;
   }
 }
 
 TEST_F(IsoReadPieces, ReadFile_ReadsAllIfThereIsRoom) {
   std::vector<std::uint8_t> room(kSize + 1, '?');
   std::uint32_t size = 0;
-  ASSERT_EQ(iso->volume.ReadFile("FILE", room, size), IsoError::kNone);
+  ASSERT_EQ(iso->volume.ReadFile("FILE", room, size), VolumeError::kNone);
   EXPECT_EQ(size, kSize);
   EXPECT_TRUE(std::equal(content.begin(), content.end(), room.begin(),
                          [](char one, std::uint8_t other) { return static_cast<std::uint8_t>(one) == other; }));
   EXPECT_EQ(room.back(), '?');
   room.resize(kSize);
-  EXPECT_EQ(iso->volume.ReadFile("file", room, size), IsoError::kNone);
+  EXPECT_EQ(iso->volume.ReadFile("file", room, size), VolumeError::kNone);
   room.resize(kSize - 1);
   size = 0;
-  EXPECT_EQ(iso->volume.ReadFile("file", room, size), IsoError::kNotEnoughRoom);
+  EXPECT_EQ(iso->volume.ReadFile("file", room, size), VolumeError::kNotEnoughRoom);
   EXPECT_EQ(size, kSize);
-  EXPECT_EQ(iso->volume.ReadFile("other", room, size), IsoError::kNotFound);
+  EXPECT_EQ(iso->volume.ReadFile("other", room, size), VolumeError::kNotFound);
 }
 
 }  // namespace

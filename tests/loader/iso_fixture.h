@@ -13,19 +13,21 @@
 
 namespace discwright::loader {
 
-inline std::ostream& operator<<(std::ostream& out, IsoError error) { return out << Words(error); }
+inline std::ostream& operator<<(std::ostream& out, VolumeError error) { return out << Words(error, Medium::kCd); }
 
 }  // namespace discwright::loader
 
 namespace discwright::testing {
 
-using loader::IsoEntry;
-using loader::IsoError;
+using loader::VolumeEntry;
+using loader::VolumeError;
+
+inline std::string_view Words(VolumeError error) { return loader::Words(error, loader::Medium::kCd); }
 
 class EntryCollector final : public loader::IsoVisitor {
  public:
   explicit EntryCollector(std::size_t most = SIZE_MAX) : most_(most) {}
-  bool Visit(std::string_view name, const IsoEntry& entry) override {
+  bool Visit(std::string_view name, const VolumeEntry& entry) override {
     entries.emplace_back(name, entry);
     return entries.size() < most_;
   }
@@ -35,7 +37,7 @@ class EntryCollector final : public loader::IsoVisitor {
     return names;
   }
 
-  std::vector<std::pair<std::string, IsoEntry>> entries;
+  std::vector<std::pair<std::string, VolumeEntry>> entries;
 
  private:
   std::size_t most_;
@@ -48,22 +50,22 @@ struct OpenedIso {
 
   // The sector of what is found, or the words of the error.
   std::string Find(std::string_view path) {
-    IsoEntry entry;
-    const IsoError error = volume.Find(path, entry);
-    return error == IsoError::kNone ? std::to_string(entry.sector) : std::string(loader::Words(error));
+    VolumeEntry entry;
+    const VolumeError error = volume.Find(path, entry);
+    return error == VolumeError::kNone ? std::to_string(entry.start) : std::string(Words(error));
   }
 
   // The whole file, or the words of the error.
-  std::string Read(const IsoEntry& file) { return ReadPart(file, 0, file.size); }
-  std::string ReadPart(const IsoEntry& file, std::uint32_t offset, std::size_t size) {
+  std::string Read(const VolumeEntry& file) { return ReadPart(file, 0, file.size); }
+  std::string ReadPart(const VolumeEntry& file, std::uint32_t offset, std::size_t size) {
     std::string text(size, '?');
-    const IsoError error = volume.Read(file, offset, {reinterpret_cast<std::uint8_t*>(text.data()), text.size()});
-    return error == IsoError::kNone ? text : std::string(loader::Words(error));
+    const VolumeError error = volume.Read(file, offset, {reinterpret_cast<std::uint8_t*>(text.data()), text.size()});
+    return error == VolumeError::kNone ? text : std::string(Words(error));
   }
   std::string ReadPath(std::string_view path) {
-    IsoEntry entry;
-    const IsoError error = volume.Find(path, entry);
-    return error == IsoError::kNone ? Read(entry) : std::string(loader::Words(error));
+    VolumeEntry entry;
+    const VolumeError error = volume.Find(path, entry);
+    return error == VolumeError::kNone ? Read(entry) : std::string(Words(error));
   }
 
   ImageSectors sectors;

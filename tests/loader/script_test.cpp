@@ -16,6 +16,7 @@ using ::testing::AllOf;
 using ::testing::Contains;
 using ::testing::Each;
 using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
@@ -91,6 +92,18 @@ TEST(ReadScriptTest, BlockWhoseFileIsMissing_DoesNotCount) {
   EXPECT_EQ(read.script->step_count, 0);
 }
 
+TEST(ReadScriptTest, ProcessorOfTheComputer_DecidesAboutBlocksAndEntries) {
+  const std::string text =
+      "IfProcessor 64\nMenu Block 64\n" + kRestartEntry +
+      "EndMenu\nEndIf\nIfProcessor 32\nIfFile there\nEntry Block 32\n" +
+      "Restart\nEndEntry\nEndIf\nEndIf\nEntry 64\nIfProcessor 64\nRestart\nEndEntry\n" +
+      "Entry 32\nifprocessor 32\nRestart\nEndEntry\nEntry None\nIfProcessor 32\nIfProcessor 64\nRestart\nEndEntry\n" +
+      "IfProcessor 16\nEntry 16\nRestart\nEndEntry\nEndIf\n";
+  EXPECT_THAT(ReadScriptText(text, {"there"}, Processor::k64Bit).Entries(),
+              ElementsAre("Block 64", "Block 64/Restart", "64"));
+  EXPECT_THAT(ReadScriptText(text, {"there"}, Processor::k32Bit).Entries(), ElementsAre("Block 32", "32"));
+}
+
 TEST(ReadScriptTest, Submenus_HoldTheirEntriesAndDisappearWhenEmpty) {
   const ReadScriptText read(
       "Menu A\nKey A\nHelp of A\nMenu B\n" + kRestartEntry + "EndMenu\n" + kRestartEntry +
@@ -126,10 +139,14 @@ TEST(ReadScriptTest, EachMistake_IsNamedWithFileLineAndReasonAndLosesNothingElse
       {"Print \"x\" y", "main.cds, line 1: something stands behind the second quote of the value"},
       {"Wait x", "main.cds, line 1: Wait has a number of seconds from 0 to 3600: x"},
       {"Wait 3601", "main.cds, line 1: Wait has a number of seconds from 0 to 3600: 3601"},
-      {"EndIf", "main.cds, line 1: EndIf stands here without its IfFile"},
+      {"EndIf", "main.cds, line 1: EndIf stands here without its IfFile or IfProcessor"},
       {"EndMenu", "main.cds, line 1: EndMenu stands here without its Menu"},
       {"IfFile there\nEndMenu\nEndIf", "main.cds, line 2: EndMenu stands here without its Menu"},
-      {"IfFile there", "main.cds, line 1: this IfFile is not ended with EndIf"},
+      {"IfFile there", "main.cds, line 1: this IfFile or IfProcessor is not ended with EndIf"},
+      {"IfProcessor 32", "main.cds, line 1: this IfFile or IfProcessor is not ended with EndIf"},
+      {"IfProcessor\nEndIf", "main.cds, line 1: this word needs a value: IfProcessor"},
+      {"IfProcessor 16\nEndIf", "main.cds, line 1: IfProcessor has the number 64 or 32: 16"},
+      {"Entry A\nIfProcessor 16\nRestart\nEndEntry", "main.cds, line 2: IfProcessor has the number 64 or 32: 16"},
       {"Set Title", "main.cds, line 1: Set needs a name, an equals sign and a value"},
       {"Set Title=", "main.cds, line 1: Set needs a value for Title, which may be \"\""},
       {"Set Colour=1",
@@ -263,7 +280,7 @@ TEST(ReadScriptTest, BlocksThatAreTooDeep_AreSkippedAndLeaveTheRest) {
   for (int i = 39; i >= 0; --i) text += i % 2 == 0 ? "EndMenu\n" : "EndIf\n";
   const ReadScriptText read(text + kRestartEntry);
   EXPECT_THAT(read.Mistakes(),
-              ElementsAre("main.cds, line 17: at most 16 Menu and IfFile may stand inside one another"));
+              ElementsAre("main.cds, line 17: at most 16 Menu, IfFile and IfProcessor may stand inside one another"));
   EXPECT_THAT(read.Entries(), ElementsAre("Restart"));
 }
 
@@ -273,7 +290,7 @@ TEST(ReadScriptTest, SixteenBlocksInsideOneAnother_AreFine) {
   text += "Key A\nHelp x\n" + kRestartEntry;
   for (int i = 15; i >= 0; --i) text += i % 2 == 0 ? "EndIf\n" : "EndMenu\n";
   const ReadScriptText read(text + "EndIf\nBad\n");
-  EXPECT_THAT(read.Mistakes(), ElementsAre("main.cds, line 39: EndIf stands here without its IfFile",
+  EXPECT_THAT(read.Mistakes(), ElementsAre("main.cds, line 39: EndIf stands here without its IfFile or IfProcessor",
                                            "main.cds, line 40: no line begins with this word: Bad"));
   EXPECT_EQ(read.script->entry_count, 9);
   EXPECT_EQ(read.script->entries[7].key, 'A');
@@ -329,6 +346,20 @@ TEST(ReadScriptTest, WithoutAnyEntry_TheMenuOffersWhatNeedsNoFile) {
   const ReadScriptText unreadable(files);
   EXPECT_THAT(unreadable.Mistakes(), Contains("main.cds: this script could not be read from the CD: main.cds"));
   EXPECT_THAT(unreadable.Entries(), SizeIs(4));
+}
+
+TEST(ReadScriptTest, OnAFloppy_MessagesNameTheDisk) {
+  FakeFiles files;
+  files.where = Medium::kFloppy;
+  const ReadScriptText missing(files);
+  EXPECT_THAT(missing.Mistakes(),
+              ElementsAre("main.cds: this script is not on the disk: main.cds",
+                          "main.cds: no entry can be shown, so the menu has only those that need no file of the disk"));
+  EXPECT_EQ(missing.script->entries[1].help, "Goes on without this disk.");
+  files.files["main.cds"];
+  files.unreadable = "main.cds";
+  EXPECT_THAT(ReadScriptText(files).Mistakes(),
+              Contains("main.cds: this script could not be read from the disk: main.cds"));
 }
 
 TEST(ReadScriptTest, Default_IsAPlaceOrAHotKeyOfTheMainMenu) {
@@ -400,6 +431,85 @@ TEST(ShippedScriptTest, WithAllFiles_IsReadWithoutMistakes) {
   EXPECT_THAT(bare.Entries(),
               ElementsAre("First hard disk", "This computer", "This computer/Second hard disk",
                           "This computer/Next boot device", "This computer/Memory and disks", "Restart", "Power off"));
+}
+
+std::string DiskScript(const std::string& path) {
+  std::ifstream stream(DISKS "/" + path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+// A script of a disk, on which all files are that its profile may name.
+ReadScriptText ReadDisk(const std::string& profile, Processor processor, bool asks_for_card = false) {
+  FakeFiles files;
+  for (const char* name : {"memtest.x64", "memtest.x32", "grub.gz", "memdisk", "ipxe.krn"}) {
+    files.files[std::string("boot/") + name];
+  }
+  if (asks_for_card) files.files["boot/scripts/cards.cds"] = DiskScript("cards.cds");
+  files.files["main.cds"] = DiskScript(profile + "/main.cds");
+  return {files, processor};
+}
+
+TEST(DiskScriptTest, EveryDisk_OffersItsProgramsAndTheWaysOut) {
+  const std::vector<std::string> ways_out = {"First hard disk", "Restart", "Power off"};
+  const std::pair<const char*, std::vector<std::string>> disks[] = {
+      {"vexasoftware", {"Memory test", "GRUB"}},
+      {"linkwellplus288", {"Start from the network", "Memory test", "GRUB"}},
+      {"netaccess", {"Start from the network"}},
+      {"winsetup", {}},
+      {"vexasoftware_emm", {}},
+  };
+  for (const auto& [profile, programs] : disks) {
+    std::vector<std::string> entries = programs;
+    entries.insert(entries.end(), ways_out.begin(), ways_out.end());
+    for (const Processor processor : {Processor::k32Bit, Processor::k64Bit}) {
+      const ReadScriptText read = ReadDisk(profile, processor);
+      EXPECT_THAT(read.Mistakes(), IsEmpty()) << profile;
+      EXPECT_THAT(read.Entries(), ElementsAreArray(entries)) << profile;
+      EXPECT_FALSE(read.script->asks_for_password);
+    }
+  }
+}
+
+TEST(DiskScriptTest, MemoryTest_IsTheOneForTheProcessor) {
+  for (const auto& [processor, program] :
+       {std::pair(Processor::k32Bit, "boot/memtest.x32"), std::pair(Processor::k64Bit, "boot/memtest.x64")}) {
+    const ReadScriptText read = ReadDisk("vexasoftware", processor);
+    EXPECT_EQ(read.script->entries[0].command.path, program);
+    EXPECT_EQ(read.script->entries[0].key, 'M');
+  }
+}
+
+TEST(DiskScriptTest, NetworkDisks_StartByThemselvesUnlessTheyAskForTheCard) {
+  for (const char* profile : {"netaccess", "linkwellplus288"}) {
+    const ReadScriptText plain = ReadDisk(profile, Processor::k32Bit);
+    EXPECT_EQ(plain.script->timeout, 10U);
+    EXPECT_EQ(plain.script->default_entry, 0);
+    EXPECT_EQ(plain.script->entries[0].command.path, "boot/ipxe.krn");
+    EXPECT_EQ(plain.script->entries[0].command.options, "");
+    const ReadScriptText asking = ReadDisk(profile, Processor::k32Bit, true);
+    EXPECT_THAT(asking.Mistakes(), IsEmpty());
+    EXPECT_EQ(asking.script->timeout, 0U);
+    EXPECT_THAT(asking.Entries(), AllOf(Contains("First network card only"), Contains("Command line of iPXE"),
+                                        Contains("List of the cards and their drivers"), Contains("Power off")));
+    EXPECT_EQ(asking.script->entries[2].command.options, "autoboot net1 || shell");
+  }
+}
+
+TEST(DiskScriptTest, DisksWithoutASystem_SayWhatToPutWhere) {
+  for (const std::string profile : {"winsetup", "vexasoftware_emm"}) {
+    const ReadScriptText read = ReadDisk(profile, Processor::k32Bit);
+    std::string text;
+    std::size_t lines = 0;
+    for (std::uint16_t i = 0; i < read.script->step_count; ++i) {
+      text += std::string(read.script->steps[i].text) + "\n";
+      lines += !read.script->steps[i].is_wait;
+    }
+    EXPECT_THAT(text, AllOf(HasSubstr("This disk has no system yet."),
+                            HasSubstr("     files\\disks\\" + profile + "\\dos\n"), HasSubstr("bootsect.bin")));
+    EXPECT_LE(lines, 19U) << "the menu shows no more";
+    EXPECT_TRUE(read.script->steps[read.script->step_count - 1].is_wait);
+    EXPECT_EQ(read.script->timeout, 0U);
+  }
 }
 
 TEST(ShippedScriptTest, PatchedByTheWizard_AsksForThePassword) {

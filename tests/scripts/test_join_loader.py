@@ -30,6 +30,12 @@ class JoinLoader(unittest.TestCase):
             with self.assertRaises(ValueError):
                 join_loader.joined(stage1, stage2)
 
+    def test_floppy_counts_in_its_own_sectors(self):
+        loader = join_loader.joined(STAGE1[:512], b"rest" * 130)
+        self.assertEqual(len(loader), 3 * 512)
+        self.assertEqual(struct.unpack("<HHI", loader[16:24]), (2, 0, 130 * int.from_bytes(b"rest", "little") % 2**32))
+        self.assertEqual(loader[512:], b"rest" * 130 + bytes(1024 - 520))
+
     def test_largest_rest_is_joined(self):
         self.assertEqual(len(join_loader.joined(STAGE1, bytes(47 * 2048))), 48 * 2048)
 

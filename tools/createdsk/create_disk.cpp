@@ -8,22 +8,14 @@
 #include "base/ini_text.h"
 #include "host/files.h"
 #include "host/folder_entries.h"
-#include "host/names.h"
 #include "host/native_text.h"
 #include "host/part_file.h"
 #include "tools/createdsk/disk_image.h"
+#include "tools/createdsk/own_system.h"
+#include "tools/createdsk/profile_folder.h"
 
 namespace discwright::tools {
 namespace {
-
-std::string Shown(std::string_view path) { return host::PathToNative(path); }
-
-Result CannotRead(std::string_view path, const host::Status& status) {
-  return Result::Failure(Shown(path) + " cannot be read: " + status.cause + ". Make it readable and try again.");
-}
-
-// Whether something may exist at a path although the attempt to look at it has ended with this failure.
-bool CouldNotLook(const host::Status& status) { return !status.ok() && status.error != host::ErrorClass::kNotFound; }
 
 Result FindProfileFolder(std::string_view disks, const std::string& profile, std::string& folder) {
   if (!IsBareName(profile)) return Result::Failure("\"" + profile + "\" is not the name of a disk profile.");
@@ -43,14 +35,6 @@ Result FindProfileFolder(std::string_view disks, const std::string& profile, std
                          ".");
 }
 
-// A profile may come from another machine. A link in it must not bring a file of this machine onto a disk.
-Result StaysInProfile(const std::string& folder, const std::string& path) {
-  if (host::LiesBelow(folder, path)) return Result::Success();
-  return Result::Failure(Shown(path) +
-                         " is reached through a link that leads out of the profile folder. Put the file " +
-                         "itself into the folder.");
-}
-
 Result ReadProfile(const std::string& folder, bool selection, Profile& profile) {
   const std::string path = folder + "/disk.ini";
   if (host::Look(path).ok()) {
@@ -62,13 +46,17 @@ Result ReadProfile(const std::string& folder, bool selection, Profile& profile) 
   return result.ok() ? result : Result::Failure(Shown(path) + ": " + result.failure);
 }
 
-// A file that disk.ini names.
+// A file that disk.ini names, or that lies in the folder for the user's own system.
 struct Source {
   const std::string& folder;  // the profile folder
   const std::string& name;    // the path of the file below the profile folder
   std::string key;            // the key of disk.ini that names the file
+  bool is_own = false;        // it is a file of the user's own system, which disk.ini does not name
 
   std::string Path() const { return folder + "/" + name; }
+  std::string Remedy() const {
+    return is_own ? "Put another one into that folder." : "Give " + key + " in disk.ini another file.";
+  }
 };
 
 // Finds the size of a file that disk.ini names.
@@ -103,38 +91,40 @@ Result ReadOfSize(const Source& source, std::size_t size, const std::string& wro
 }
 
 Result ReadBootSector(const Source& source, std::optional<BootSector>& sector) {
-  constexpr const char* kWrongSize = "a boot sector has exactly 512. Give BootSector in disk.ini another file.";
+  const std::string wrong_size = "a boot sector has exactly 512. " + source.Remedy();
   std::string content;
-  if (Result result = ReadOfSize(source, kSectorBytes, kWrongSize, content); !result.ok()) return result;
+  if (Result result = ReadOfSize(source, kSectorBytes, wrong_size, content); !result.ok()) return result;
   std::ranges::copy(content, sector.emplace().begin());
   return HasBootSignature(*sector)
              ? Result::Success()
              : Result::Failure(Shown(source.Path()) + " does not end with 55 AA, so no machine would " +
-                               "start from it. Give BootSector in disk.ini another file.");
+                               "start from it. " + source.Remedy());
 }
 
 Result ReadBase(const Source& source, const DiskFormat& format, Image& image) {
   const std::string wrong_size = "-t " + std::string(format.type) + " needs an image of " +
-                                 std::to_string(format.ImageBytes()) + ". Give Base in disk.ini another file.";
+                                 std::to_string(format.ImageBytes()) + ". " + source.Remedy();
   std::string content;
   if (Result result = ReadOfSize(source, format.ImageBytes(), wrong_size, content); !result.ok()) return result;
   image.assign(content.begin(), content.end());
   return Result::Success();
 }
 
-Result MakeImage(const Profile& profile, const std::string& folder, const DiskFormat& format, Image& image) {
+Result MakeImage(Profile& profile, const std::string& folder, const DiskFormat& format, Image& image) {
+  bool is_own = false;
+  if (Result result = TakeOwnSystem(folder, profile, is_own); !result.ok()) return result;
   DiskRequest request{profile, {}, {}};
   for (const ProfileFile& file : profile.files) {
     Result result = FindSource({folder, file.source, file.DiskPath()}, request.sizes.emplace_back());
     if (!result.ok()) return result;
   }
   if (!profile.boot_sector.empty()) {
-    Result result = ReadBootSector({folder, profile.boot_sector, "BootSector"}, request.boot_sector);
+    Result result = ReadBootSector({folder, profile.boot_sector, "BootSector", is_own}, request.boot_sector);
     if (!result.ok()) return result;
   }
   if (profile.base.empty()) {
     image = FormatDisk(format);
-  } else if (Result result = ReadBase({folder, profile.base, "Base"}, format, image); !result.ok()) {
+  } else if (Result result = ReadBase({folder, profile.base, "Base", is_own}, format, image); !result.ok()) {
     return result;
   }
 

@@ -28,6 +28,7 @@ struct DirectoryRecord {
 };
 static_assert(sizeof(DirectoryRecord) == kRecordBytes);
 
+inline constexpr std::uint8_t kSystemFileAttributes = 0x07;  // read-only, hidden and system
 inline constexpr std::uint8_t kVolumeLabelAttribute = 0x08;
 inline constexpr std::uint8_t kFolderAttribute = 0x10;
 inline constexpr std::uint8_t kArchiveAttribute = 0x20;

@@ -26,6 +26,23 @@ void FinishBootSector(const DiskRequest& request, Image& image) {
   StoreParameterBlock(block, image);
 }
 
+// Adds the label and the files. The boot sectors of some systems load their files by the first entries of the root
+// folder, so the label comes behind these.
+Result AddEntries(const DiskRequest& request, VolumePlan& plan) {
+  const std::vector<ProfileFile>& files = request.profile.files;
+  std::size_t next = 0;
+  for (; next < files.size() && files[next].is_system; ++next) {
+    if (Result result = plan.AddFile(files[next], request.sizes.at(next)); !result.ok()) return result;
+  }
+  if (request.profile.label) {
+    if (Result result = plan.SetLabel(*request.profile.label); !result.ok()) return result;
+  }
+  for (; next < files.size(); ++next) {
+    if (Result result = plan.AddFile(files[next], request.sizes.at(next)); !result.ok()) return result;
+  }
+  return plan.CheckSpace();
+}
+
 }  // namespace
 
 Image FormatDisk(const DiskFormat& format) {
@@ -45,16 +62,12 @@ Result FillDisk(const DiskRequest& request, const ContentReader& read_content, I
   const Profile& profile = request.profile;
   Volume volume;
   if (Result result = ReadVolume(image, volume); !result.ok()) {
-    return Result::Failure("[Disk] Base " + profile.base + " " + result.failure + ". Repair it or take another.");
+    const std::string key = profile.own.empty() ? "Base" : "Own";
+    return Result::Failure("[Disk] " + key + " " + profile.base + " " + result.failure +
+                           ". Repair it or take another.");
   }
   VolumePlan plan(volume);
-  if (profile.label) {
-    if (Result result = plan.SetLabel(*profile.label); !result.ok()) return result;
-  }
-  for (std::size_t i = 0; i < profile.files.size(); ++i) {
-    if (Result result = plan.AddFile(profile.files[i], request.sizes.at(i)); !result.ok()) return result;
-  }
-  if (Result result = plan.CheckSpace(); !result.ok()) return result;
+  if (Result result = AddEntries(request, plan); !result.ok()) return result;
   if (Result result = WriteVolume(volume, plan, read_content, image); !result.ok()) return result;
   FinishBootSector(request, image);
   return Result::Success();

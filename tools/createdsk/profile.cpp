@@ -9,7 +9,7 @@
 namespace discwright::tools {
 namespace {
 
-constexpr std::string_view kDiskKeys[] = {"image", "label", "bootsector", "base"};
+constexpr std::string_view kDiskKeys[] = {"image", "label", "bootsector", "base", "own"};
 
 std::string Lower(std::string_view text) {
   std::string lower(text);
@@ -47,7 +47,7 @@ Result SourceFailure(std::string_view section, std::string_view key, std::string
 Result CheckDiskKeys(std::string_view text) {
   for (const base::IniKey& entry : base::IniSection(text, "Disk")) {
     if (std::ranges::find(kDiskKeys, Lower(entry.key)) == std::end(kDiskKeys)) {
-      return Result::Failure("[Disk] " + entry.key + " is not known; use Image, Label, BootSector and Base.");
+      return Result::Failure("[Disk] " + entry.key + " is not known; use Image, Label, BootSector, Base and Own.");
     }
   }
   return Result::Success();
@@ -56,6 +56,15 @@ Result CheckDiskKeys(std::string_view text) {
 Result ParseSource(std::string_view text, std::string_view key, std::string& source) {
   source = base::FindIniValue(text, "Disk", key).value_or("");
   return source.empty() || StaysInside(source) ? Result::Success() : SourceFailure("Disk", key, source);
+}
+
+// An image of the user is found through either key, so both together would name two.
+Result ParseSystem(std::string_view text, Profile& profile) {
+  if (Result result = ParseSource(text, "BootSector", profile.boot_sector); !result.ok()) return result;
+  if (Result result = ParseSource(text, "Base", profile.base); !result.ok()) return result;
+  if (Result result = ParseSource(text, "Own", profile.own); !result.ok()) return result;
+  if (profile.base.empty() || profile.own.empty()) return Result::Success();
+  return Result::Failure("[Disk] has both Base and Own; remove one of the lines.");
 }
 
 Result ParseLabel(std::string_view text, Profile& profile) {
@@ -75,8 +84,7 @@ Result ParseDisk(std::string_view text, Profile& profile) {
     return Result::Failure("[Disk] Image \"" + profile.image +
                            "\" is not a plain file name that ends in .img; give it such a name, without a folder.");
   }
-  if (Result result = ParseSource(text, "BootSector", profile.boot_sector); !result.ok()) return result;
-  if (Result result = ParseSource(text, "Base", profile.base); !result.ok()) return result;
+  if (Result result = ParseSystem(text, profile); !result.ok()) return result;
   return ParseLabel(text, profile);
 }
 
@@ -121,19 +129,25 @@ std::string ProfileFile::DiskPath() const {
 Result ParseProfile(std::string_view text, bool selection, Profile& profile) {
   profile = Profile();
   if (Result result = ParseDisk(text, profile); !result.ok()) return result;
-  if (Result result = ParseFiles(text, "Files", profile.files); !result.ok() || !selection) return result;
+  if (Result result = ParseFiles(text, "Files", profile.files); !result.ok()) return result;
+  if (Result result = ParseFiles(text, "WithoutOwn", profile.files_without_own); !result.ok()) return result;
+  if (!selection) return Result::Success();
 
   std::vector<ProfileFile> selected;
   if (Result result = ParseFiles(text, "Selection", selected); !result.ok()) return result;
-  for (ProfileFile& file : selected) {
-    const auto same = FindPath(profile.files, file);
-    if (same != profile.files.end()) {
-      *same = std::move(file);
+  AddFiles(std::move(selected), profile.files);
+  return Result::Success();
+}
+
+void AddFiles(std::vector<ProfileFile> more, std::vector<ProfileFile>& files) {
+  for (ProfileFile& file : more) {
+    const auto same = FindPath(files, file);
+    if (same != files.end()) {
+      same->source = std::move(file.source);
     } else {
-      profile.files.push_back(std::move(file));
+      files.push_back(std::move(file));
     }
   }
-  return Result::Success();
 }
 
 bool IsBareName(std::string_view name) {

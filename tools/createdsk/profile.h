@@ -12,10 +12,11 @@
 
 namespace discwright::tools {
 
-// One line of [Files] or [Selection]: a file on the disk, and the file that holds its content.
+// A file on the disk, and the file that holds its content: a line of disk.ini, or a file of the user's own system.
 struct ProfileFile {
   std::vector<ShortName> path;  // the folders from the root down, then the file's own name
   std::string source;           // path below the profile folder
+  bool is_system = false;       // it is read-only, hidden and system on the disk
 
   const ShortName& name() const { return path.back(); }
   std::string DiskPath() const;  // "DOS\KEYB.COM"
@@ -26,12 +27,18 @@ struct Profile {
   std::optional<ShortName> label;  // may be missing only in a profile with a base
   std::string boot_sector;         // path below the profile folder; empty when the profile has none
   std::string base;                // path of a base image below the profile folder; empty when the profile has none
-  std::vector<ProfileFile> files;  // in the order of disk.ini, no path twice
+  std::string own;                 // folder for the user's own system, below the profile folder; empty: the profile
+                                   // takes none
+  std::vector<ProfileFile> files;  // in the order of disk.ini, no path twice; system files stand first
+  std::vector<ProfileFile> files_without_own;  // those that are added while the folder `own` is empty
 };
 
 // Reads the text of a disk.ini. With `selection` it also reads [Selection]: a file there replaces the file of [Files]
 // with the same path, or is added. Fails with a sentence that names the section and the key.
 Result ParseProfile(std::string_view text, bool selection, Profile& profile);
+
+// Adds files to others. One with the path of another takes its place.
+void AddFiles(std::vector<ProfileFile> more, std::vector<ProfileFile>& files);
 
 // Whether the text is the name of one file or folder: it has no separator, "..", wildcard or drive letter, and it is
 // not the name of a Windows device.

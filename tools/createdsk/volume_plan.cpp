@@ -17,9 +17,12 @@ std::optional<std::size_t> FindRecord(const Folder& folder, const ShortName& nam
   return {};
 }
 
-Result DoesNotFit(const std::string& what, std::uint64_t missing) {
+// `behind` counts the bytes of what stands behind it in the profile, and so does not fit, either.
+Result DoesNotFit(const std::string& what, std::uint64_t missing, std::uint64_t behind = 0) {
   return Result::Failure(what + " does not fit on the disk: " + std::to_string(missing) +
-                         (missing == 1 ? " byte is" : " bytes are") + " missing. Leave out or shorten files.");
+                         (missing == 1 ? " byte is" : " bytes are") + " missing" +
+                         (behind == 0 ? "" : ", and " + std::to_string(behind) + " for the files behind it") +
+                         ". Leave out or shorten files.");
 }
 
 // Subtracts the clusters that new and longer folders need from `left`, the number of free clusters.
@@ -53,7 +56,8 @@ Result VolumePlan::AddFile(const ProfileFile& file, std::int64_t size) {
   }
   std::optional<std::size_t> record = FindRecord(*folder, file.name());
   if (!record) {
-    Result result = AddRecord(*folder, MakeRecord(file.name(), kArchiveAttribute), record.emplace());
+    const std::uint8_t attributes = kArchiveAttribute | (file.is_system ? kSystemFileAttributes : 0);
+    Result result = AddRecord(*folder, MakeRecord(file.name(), attributes), record.emplace());
     if (!result.ok()) return result;
     folder->files[*record] = {};
   } else if (!folder->files.contains(*record)) {
@@ -70,11 +74,14 @@ Result VolumePlan::CheckSpace() const {
     left += placement.folder->files.at(placement.record).size();
   }
   if (Result result = CheckFolders(layout, volume_.root, left); !result.ok()) return result;
-  for (const Placement& placement : placements_) {
+  for (auto next = placements_.begin(); next != placements_.end(); ++next) {
+    const Placement& placement = *next;
     const std::uint64_t needed = ClustersFor(layout, placement.size);
     if (needed > left) {
       const std::uint64_t missing = static_cast<std::uint64_t>(placement.size) - left * layout.ClusterBytes();
-      return DoesNotFit(placement.file->DiskPath() + " (" + placement.file->source + ")", missing);
+      std::uint64_t behind = 0;
+      while (++next != placements_.end()) behind += static_cast<std::uint64_t>(next->size);
+      return DoesNotFit(placement.file->DiskPath() + " (" + placement.file->source + ")", missing, behind);
     }
     left -= static_cast<std::size_t>(needed);
   }

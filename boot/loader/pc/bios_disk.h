@@ -1,11 +1,11 @@
-// The disk door: reads sectors of the image from the drive that the machine was started from.
+// The disk door for CDs: reads sectors of the image from the drive that the machine was started from.
 #pragma once
 
-#include "boot/loader/sectors.h"
+#include "boot/loader/pc/piece_reader.h"
 
 namespace discwright::loader {
 
-class BiosDisk final : public Sectors {
+class BiosDisk final : public PieceReader {
  public:
   // `drive`: its number for INT 13h. A CD sector is 1 << `shift` sectors of the drive: 0 for a CD, 2 for a disk.
   struct Drive {
@@ -13,24 +13,15 @@ class BiosDisk final : public Sectors {
     std::uint8_t shift;
   };
 
-  explicit BiosDisk(Drive drive) : drive_(drive) {}
-
-  bool Read(std::uint32_t sector, std::span<std::uint8_t> to) override;
-
-  [[nodiscard]] Drive drive() const { return drive_; }
-
-  // What the BIOS said about the last read that failed; kShortRead when it read too little and reported success.
-  [[nodiscard]] std::uint8_t LastError() const { return last_error_; }
-  static constexpr std::uint8_t kShortRead = 0xFF;
+  explicit BiosDisk(Drive drive) : PieceReader(drive.number, kSectorSize, kMost), shift_(drive.shift) {}
 
  private:
-  bool ReadPiece(std::uint32_t sector, std::size_t count);
-  bool TryPiece(std::uint32_t sector, std::size_t count);
-  void Reset() const;
+  static constexpr std::size_t kMost = 16;  // 32 KB, a size that every BIOS accepts
 
-  Drive drive_;
-  std::size_t piece_ = 16;  // sectors per read: 32 KB, a size that every BIOS accepts
-  std::uint8_t last_error_ = 0;
+  [[nodiscard]] std::size_t MostAt(std::uint32_t /*sector*/) const override { return kMost; }
+  bool TryPiece(std::uint32_t sector, std::size_t count) override;
+
+  std::uint8_t shift_;
 };
 
 }  // namespace discwright::loader

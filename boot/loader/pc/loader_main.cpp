@@ -9,11 +9,10 @@ extern "C" [[noreturn]] void LoaderMain(std::uint32_t drive, std::uint32_t shift
 void LoaderMain(std::uint32_t drive, std::uint32_t shift) {
   using namespace discwright::loader;
   Console console;
-  BiosDisk disk({static_cast<std::uint8_t>(drive), static_cast<std::uint8_t>(shift)});
   if (!EnableA20()) {
     console.Write(
         "\nThe memory above 1 MB cannot be used: line A20 stays off (code 5).\n"
-        "Look for a setting of \"Gate A20\" in the BIOS. Programs from this disc may fail.\n");
+        "Look for a setting of \"Gate A20\" in the BIOS. Programs that start from here may fail.\n");
   }
-  Main(console, disk);
+  Main(console, {static_cast<std::uint8_t>(drive), static_cast<std::uint8_t>(shift)});
 }

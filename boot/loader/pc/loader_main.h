@@ -1,4 +1,5 @@
-// What the start of the loader calls when the machine is ready. The loader itself and the tests' program implement it.
+// What the start of the loader calls when the machine is ready. The loader of the CD, the loader of floppies and the
+// tests' program implement it.
 #pragma once
 
 #include "boot/loader/pc/bios_disk.h"
@@ -6,7 +7,7 @@
 
 namespace discwright::loader {
 
-// Does not return.
-[[noreturn]] void Main(Console& console, BiosDisk& disk);
+// `drive` is the one that the machine was started from. Does not return.
+[[noreturn]] void Main(Console& console, BiosDisk::Drive drive);
 
 }  // namespace discwright::loader

@@ -9,6 +9,7 @@
 #include "boot/loader/pc/keyboard.h"
 #include "boot/loader/pc/places.h"
 #include "boot/loader/pc/power.h"
+#include "boot/loader/sectors.h"
 #include "boot/loader/text.h"
 
 namespace discwright::loader {
@@ -61,12 +62,12 @@ std::string_view Starter::Start(const Command& command) {
 std::string_view Starter::StartCdSector(std::string_view path) {
   static std::array<std::uint8_t, kSectorSize> sector;
   std::uint32_t size = 0;
-  const IsoError error = volume_.ReadFile(path, sector, size);
-  if (error != IsoError::kNone) return Words(error);
+  const VolumeError error = volume_.ReadFile(path, sector, size);
+  if (error != VolumeError::kNone) return WordsFor(error);
   if (size != sector.size()) return "The file is no boot sector for CDs: it must have 2,048 bytes.";
   std::memcpy(Memory(kBootSector, sector.size()).data(), sector.data(), sector.size());
   console_.Clear();
-  JumpToBootSector(disk_.drive().number);
+  JumpToBootSector(drive_);
 }
 
 std::string_view Starter::StartHardDisk(std::uint8_t number) {
@@ -86,14 +87,15 @@ std::string_view Starter::StartHardDisk(std::uint8_t number) {
 }
 
 // Loads a part of a file to memory, and shows how far it is.
-IsoError Starter::Load(const IsoEntry& file, std::uint32_t offset, std::uint32_t size, std::uint32_t address,
-                       std::string_view name) {
-  constexpr std::uint32_t kPiece = 0x100000;
+VolumeError Starter::Load(const VolumeEntry& file, std::uint32_t offset, std::uint32_t size, std::uint32_t address,
+                          std::string_view name) {
+  // A floppy drive needs about a second for 32 KB.
+  const std::uint32_t most = volume_.medium() == Medium::kCd ? 0x100000 : 0x8000;
   std::array<char, Console::kColumns> line{};
   for (std::uint32_t done = 0; done < size;) {
-    const std::uint32_t piece = std::min(kPiece, size - done);
-    const IsoError error = volume_.Read(file, offset + done, Memory(address + done, piece));
-    if (error != IsoError::kNone) return error;
+    const std::uint32_t piece = std::min(most, size - done);
+    const VolumeError error = volume_.Read(file, offset + done, Memory(address + done, piece));
+    if (error != VolumeError::kNone) return error;
     done += piece;
     constexpr unsigned kKilobyte = 10;  // as a power of two
     const std::uint32_t total = std::max<std::uint32_t>(size >> kKilobyte, 1);
@@ -102,19 +104,19 @@ IsoError Starter::Load(const IsoEntry& file, std::uint32_t offset, std::uint32_t
     text.Add(" %   ");
     Console::WriteAt({Console::kLines - 1, 2}, text.text(), Console::kLightGrey);
   }
-  return IsoError::kNone;
+  return VolumeError::kNone;
 }
 
 std::string_view Starter::StartLinux(std::string_view path, std::string_view options, std::string_view ram_disk) {
-  IsoEntry kernel;
-  IsoEntry disk;
-  IsoError error = volume_.Find(path, kernel);
-  if (error == IsoError::kNone && !ram_disk.empty()) error = volume_.Find(ram_disk, disk);
-  if (error != IsoError::kNone) return Words(error);
+  VolumeEntry kernel;
+  VolumeEntry disk;
+  VolumeError error = volume_.Find(path, kernel);
+  if (error == VolumeError::kNone && !ram_disk.empty()) error = volume_.Find(ram_disk, disk);
+  if (error != VolumeError::kNone) return WordsFor(error);
   static std::array<std::uint8_t, kHeaderSize> start;
   const std::size_t known = std::min<std::size_t>(kernel.size, start.size());
   error = volume_.Read(kernel, 0, std::span(start).first(known));
-  if (error != IsoError::kNone) return Words(error);
+  if (error != VolumeError::kNone) return WordsFor(error);
   KernelHeader header;
   KernelPlace place;
   KernelError problem = ReadKernelHeader(std::span(start).first(known), kernel.size, header);
@@ -123,9 +125,9 @@ std::string_view Starter::StartLinux(std::string_view path, std::string_view opt
   }
   if (problem != KernelError::kNone) return Explanation(problem);
   error = Load(kernel, 0, header.setup_size, kKernelSetup, path);
-  if (error == IsoError::kNone) error = Load(kernel, header.setup_size, header.kernel_size, kKernelAddress, path);
-  if (error == IsoError::kNone) error = Load(disk, 0, disk.size, place.ram_disk.begin, ram_disk);
-  if (error != IsoError::kNone) return Words(error);
+  if (error == VolumeError::kNone) error = Load(kernel, header.setup_size, header.kernel_size, kKernelAddress, path);
+  if (error == VolumeError::kNone) error = Load(disk, 0, disk.size, place.ram_disk.begin, ram_disk);
+  if (error != VolumeError::kNone) return WordsFor(error);
   const std::span<std::uint8_t> line = Memory(place.command_line, options.size() + 1);
   std::memcpy(line.data(), options.data(), options.size());
   line.back() = 0;

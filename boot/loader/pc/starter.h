@@ -2,35 +2,37 @@
 // and call Start for each chosen entry.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
-#include "boot/loader/iso9660.h"
 #include "boot/loader/linux_kernel.h"
 #include "boot/loader/memory_map.h"
-#include "boot/loader/pc/bios_disk.h"
 #include "boot/loader/pc/console.h"
 #include "boot/loader/script.h"
+#include "boot/loader/volume.h"
 
 namespace discwright::loader {
 
 class Starter {
  public:
-  Starter(IsoVolume& volume, const BiosDisk& disk, const MemoryMap& memory, Console& console)
-      : volume_(volume), disk_(disk), memory_(memory), console_(console) {}
+  // `drive`: the number for INT 13h of the drive that `volume` is in.
+  Starter(Volume& volume, std::uint8_t drive, const MemoryMap& memory, Console& console)
+      : volume_(volume), drive_(drive), memory_(memory), console_(console) {}
 
   // Returns only when nothing was started: with the reason in words, or with an empty text when the command is done.
   std::string_view Start(const Command& command);
 
  private:
+  std::string_view WordsFor(VolumeError error) const { return Words(error, volume_.medium()); }
   std::string_view StartCdSector(std::string_view path);
   std::string_view StartHardDisk(std::uint8_t number);
   std::string_view StartLinux(std::string_view path, std::string_view options, std::string_view ram_disk);
   std::string_view ShowOverview();
-  IsoError Load(const IsoEntry& file, std::uint32_t offset, std::uint32_t size, std::uint32_t address,
-                std::string_view name);
+  VolumeError Load(const VolumeEntry& file, std::uint32_t offset, std::uint32_t size, std::uint32_t address,
+                   std::string_view name);
 
-  IsoVolume& volume_;
-  const BiosDisk& disk_;
+  Volume& volume_;
+  std::uint8_t drive_;
   const MemoryMap& memory_;
   Console& console_;
 };

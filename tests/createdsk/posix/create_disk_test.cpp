@@ -46,6 +46,41 @@ TEST(CreateDisk, LinkThatLeadsOutOfTheProfile_IsRefusedByName) {
   EXPECT_THAT(FailureIn(folder), HasSubstr("disk.ini is reached through a link"));
 }
 
+TEST(CreateDisk, LinksInTheFolderOfTheUser_AreRefusedByName) {
+  const ProgramFolder folder;
+  folder.AddDiskIni("Own=dos\r\n");
+  folder.Add("dos/bootsect.bin", std::string(510, 'x') + "\x55\xAA");
+  const auto dos = folder.Profile() / "dos";
+  WriteFile(folder.path() / "secret", "s");
+  std::filesystem::create_symlink(folder.path() / "secret", dos / "io.sys");
+  EXPECT_THAT(FailureIn(folder), AllOf(HasSubstr("dos/io.sys"), HasSubstr("leads out of the profile folder")));
+  std::filesystem::remove(dos / "io.sys");
+  folder.Add("dos/io.sys", "system");
+  EXPECT_EQ(FailureIn(folder), "");
+  for (const char* target : {".", "/", "nowhere"}) {
+    std::filesystem::create_symlink(target, dos / "link");
+    EXPECT_THAT(FailureIn(folder), HasSubstr("dos/link is neither a file nor a folder. Remove it")) << target;
+    std::filesystem::remove(dos / "link");
+  }
+  mkfifo((dos / "pipe").c_str(), 0600);
+  EXPECT_THAT(FailureIn(folder), HasSubstr("dos/pipe is neither a file nor a folder"));
+  std::filesystem::rename(dos, folder.path() / "elsewhere");
+  std::filesystem::create_symlink("../../../elsewhere", dos);
+  EXPECT_THAT(FailureIn(folder), AllOf(HasSubstr("/dos is"), HasSubstr("leads out of the profile folder")));
+}
+
+TEST(CreateDisk, NamesThatDifferInLetterCaseOnly_AreRefused) {
+  const ProgramFolder folder;
+  folder.AddDiskIni("Own=dos\r\n");
+  folder.Add("dos/bootsect.bin", std::string(510, 'x') + "\x55\xAA");
+  folder.Add("dos/io.sys", "1");
+  folder.Add("dos/IO.SYS", "2");
+  EXPECT_THAT(FailureIn(folder), HasSubstr("dos/io.sys has the same name on the disk as another file"));
+  std::filesystem::remove(folder.Profile() / "dos/IO.SYS");
+  folder.Add("dos/BOOTSECT.BIN", "2");
+  EXPECT_THAT(FailureIn(folder), HasSubstr("dos/bootsect.bin is there twice"));
+}
+
 TEST(CreateDisk, LinkWithinTheProfileAndLinkToTheProfile_AreFollowed) {
   const ProgramFolder folder;
   folder.Add("sub/a.txt", "content");

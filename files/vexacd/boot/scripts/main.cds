@@ -31,25 +31,25 @@ EndEntry
 # "Floppy" starts the image of a floppy disk from memory.
 Entry Vexa Rescue Software
   Key S
-  Help Starts the disk with the rescue software.
+  Help Starts the disk with the memory test Memtest86+ and the boot loader GRUB.
   Floppy boot/images/vexastart.img
 EndEntry
 
 Entry Vexa Rescue Software (EMM386 Support)
   Key E
-  Help Starts the disk with the rescue software, with the memory manager EMM386.
+  Help Starts the disk with your own DOS and EMM386, or tells how to give it one.
   Floppy boot/images/vexaemm.img
 EndEntry
 
 Entry Vexa Network Access
   Key N
-  Help Starts the disk with the network software.
+  Help Starts the disk that starts this computer from the network, with iPXE.
   Floppy boot/images/vexanet.img
 EndEntry
 
 Entry Vexa Windows Setup Launcher
   Key L
-  Help Starts the disk that installs Windows 98 or Windows Me from this CD.
+  Help Starts the disk with your own DOS, for the setup of Windows 98 or Me, or tells how to give it one.
   Floppy boot/images/vexawin.img
 EndEntry
 

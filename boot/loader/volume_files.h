@@ -1,21 +1,22 @@
-// The files of the CD, as the script reads them.
+// The files of a volume, as the script reads them.
 #pragma once
 
 #include "boot/loader/files.h"
-#include "boot/loader/iso9660.h"
+#include "boot/loader/volume.h"
 
 namespace discwright::loader {
 
-class CdFiles final : public Files {
+class VolumeFiles final : public Files {
  public:
   // `volume` is open and must outlive this object.
-  explicit CdFiles(IsoVolume& volume) : volume_(volume) {}
+  explicit VolumeFiles(Volume& volume) : volume_(volume) {}
 
+  [[nodiscard]] Medium medium() const override { return volume_.medium(); }
   bool Exists(std::string_view path) override;
   FileText Read(std::string_view path, std::span<char> to) override;
 
  private:
-  IsoVolume& volume_;
+  Volume& volume_;
 };
 
 }  // namespace discwright::loader

@@ -1,0 +1,98 @@
+; The first sector of LOADER.BIN, which the boot sector of a floppy loads as a whole: checks the rest, which is behind it
+; in memory, and starts it. Memory map: loader.ld.
+
+bits 16
+cpu 386
+
+ORIGIN           equ 0x8200
+STAGE2           equ 0x8400
+STACK            equ 0x7C00     ; downwards
+SECTOR           equ 512
+LEAST_MEMORY_KB  equ 512
+
+org ORIGIN
+
+start:
+    jmp begin
+
+    times 8 - ($ - $$) db 0
+mark:                           ; scripts/join_loader.py finds this text and fills in the values behind it
+    db 'DWLOADER'
+rest_sectors:
+    dw 0                        ; length of the rest
+    dw 0
+rest_sum:
+    dd 0                        ; sum of its words of 32 bits
+rest_sum_of_sums:
+    dd 0                        ; sum of that sum after each word: it differs when words change places
+
+; IN: DL = drive. OUT: does not return.
+begin:
+    cli                         ; no interrupt may use the stack while SS:SP change
+    xor ax, ax
+    mov ss, ax
+    mov sp, STACK
+    mov ds, ax
+    cld
+    sti
+    push dx
+    int 0x12                    ; AX = KB of memory
+    mov si, little_memory
+    cmp ax, LEAST_MEMORY_KB
+    jb stop
+    call verify
+    pop dx
+    xor dh, dh                  ; the number that entry.asm gets here has a meaning for CDs only
+    jmp 0x0000:STAGE2
+
+; Checks the rest of the loader. Shows a message and does not return if it is damaged.
+; IN: -. OUT: -. CLOBBERS: EAX, EBX, CX, EDX, SI, DI, BP.
+verify:
+    xor ebx, ebx                ; the sum
+    xor edx, edx                ; the sum of sums
+    mov bp, [rest_sectors]
+    mov di, STAGE2 / 16
+.sector:
+    push ds
+    mov ds, di
+    xor si, si
+    mov cx, SECTOR / 4
+.word:
+    lodsd
+    add ebx, eax
+    add edx, ebx
+    loop .word
+    pop ds
+    add di, SECTOR / 16
+    dec bp
+    jnz .sector
+    mov si, damaged
+    cmp ebx, [rest_sum]
+    jne stop
+    cmp edx, [rest_sum_of_sums]
+    jne stop
+    ret
+
+; No text of this program has a placeholder.
+; IN: -. OUT: -. CLOBBERS: -.
+print_placeholder:
+    ret
+
+%include "messages.inc"
+
+damaged:
+    db 'LOADER.BIN on this disk is damaged (code 3).', 13, 10
+    db 'Make the disk again, and use another one if that does not help.', 0
+little_memory:
+    db 'The loader needs 512 KB of base memory, and this machine has less (code 4).', 13, 10
+    db 'Look for a setting of the base memory in the BIOS.', 0
+restart:
+    db 13, 10, 'Press a key to restart.', 13, 10, 0
+
+%if rest_sectors - start != 16
+  %error "scripts/join_loader.py expects the mark at offset 8"
+%endif
+%if STAGE2 != ORIGIN + SECTOR
+  %error "the rest must follow this sector in memory as in the file"
+%endif
+    times SECTOR - ($ - $$) db 0

@@ -1,0 +1,62 @@
+// Gives random bytes to the loader's reader of floppies, as the first sectors. It must end, must not touch memory
+// outside of its buffers, and must read what it has found or say why not.
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "boot/loader/fat12.h"
+
+namespace {
+
+using discwright::loader::FatVolume;
+using discwright::loader::kFloppySectorSize;
+using discwright::loader::VolumeEntry;
+using discwright::loader::VolumeError;
+using Bytes = std::span<const std::uint8_t>;
+
+void Require(bool right) {
+  if (!right) std::abort();
+}
+
+class FuzzedSectors final : public discwright::loader::Sectors {
+ public:
+  explicit FuzzedSectors(Bytes bytes) : bytes_(bytes) {}
+
+  bool Read(std::uint32_t sector, std::span<std::uint8_t> to) override {
+    Require(!to.empty() && to.size() % kFloppySectorSize == 0);
+    const std::size_t from = std::size_t{sector} * kFloppySectorSize;
+    if (from > bytes_.size() || to.size() > bytes_.size() - from) return false;
+    std::copy_n(bytes_.begin() + static_cast<std::ptrdiff_t>(from), to.size(), to.begin());
+    return true;
+  }
+
+ private:
+  Bytes bytes_;
+};
+
+void ReadSome(FatVolume& volume, const VolumeEntry& file) {
+  std::vector<std::uint8_t> room(std::min<std::size_t>(file.size, 5 * kFloppySectorSize + 1));
+  const std::uint32_t latest = file.size - static_cast<std::uint32_t>(room.size());
+  for (const std::uint32_t offset : {0u, 1u, latest}) {
+    const VolumeError error = volume.Read(file, offset, room);
+    if (file.is_folder) Require(error == VolumeError::kNotAFile);
+    if (offset > latest && !room.empty()) Require(error != VolumeError::kNone);
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  FuzzedSectors sectors({data, size});
+  std::vector<std::uint8_t> buffer(FatVolume::kLeastBuffer + size % 3 * kFloppySectorSize);
+  FatVolume volume(sectors, buffer);
+  if (volume.Open() != VolumeError::kNone) return 0;
+  for (const char* path : {"", "LOADER.BIN", "boot", "boot/scripts/main.cds", "BOOT\\A", "a", "a/b", "a/b/a.b/c"}) {
+    VolumeEntry entry;
+    if (volume.Find(path, entry) == VolumeError::kNone) ReadSome(volume, entry);
+  }
+  return 0;
+}
