@@ -27,16 +27,18 @@ Entry Debian rescue system on the first serial port
   Options "rescue/enable=true vga=normal fb=false nomodeset console=ttyS0,115200n8 ---"
 EndEntry
 
-# Memtest86+ comes in two builds. Where the processor has only 32 bits, that for 64 bits restarts the computer.
-Entry Memory test (64-bit processors)
+# Memtest86+ comes in two builds. With "IfProcessor", an entry appears only if the processor has 64 bits, or only 32.
+Entry Memory test
+  IfProcessor 64
   Key M
-  Help Tests the memory until Esc is pressed. A computer whose processor has 32 bits restarts instead.
+  Help Tests the memory until Esc is pressed. This is the build for 64-bit processors.
   Linux rescue/memtest64.bin
 EndEntry
 
-Entry Memory test (32-bit processors)
-  Key O
-  Help Tests the memory until Esc is pressed. For older processors; newer ones can run it, too.
+Entry Memory test
+  IfProcessor 32
+  Key M
+  Help Tests the memory until Esc is pressed. This is the build for 32-bit processors.
   Linux rescue/memtest32.bin
 EndEntry
 
