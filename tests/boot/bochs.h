@@ -23,11 +23,10 @@ class TerminalScreen {
 
   TerminalScreen() { lines_.fill(std::string(kColumns, ' ')); }
 
-  void Take(std::string_view output);
+  void Take(char letter);    // of the output for the terminal
   std::string Text() const;  // its lines without trailing blanks
 
  private:
-  void TakeOne(char letter);
   void TakeCode(char letter);
   void Put(char letter);
   void MoveDown();
@@ -54,8 +53,8 @@ class Bochs {
   // Waits until a text stands on the text screen. Fails at the deadline and when the emulator ends, and shows the
   // screen.
   ::testing::AssertionResult WaitForScreen(std::string_view text, std::chrono::seconds deadline = kDeadline);
-  std::string Screen();
-  void Type(std::string_view letters) const;  // "\r" is the Enter key
+  std::string Screen() const { return screen_.Text(); }  // as the last wait left it
+  void Type(std::string_view letters) const;             // "\r" is the Enter key
 
  private:
   void OpenTerminal();
@@ -64,6 +63,7 @@ class Bochs {
   TemporaryFolder folder_{"bochs"};
   std::unique_ptr<RunningProgram> program_;
   int terminal_ = -1;
+  std::string received_;  // what is not on the screen yet
   TerminalScreen screen_;
 };
 

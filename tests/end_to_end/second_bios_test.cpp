@@ -62,7 +62,7 @@ TEST_F(SecondBios, Password_OpensTheMenuOnlyWhenItIsRight) {
   Bochs pc(image, Bochs::StartsFrom::kCd);
   ASSERT_TRUE(pc.WaitForScreen("Type the password"));
   TypePassword(pc, "s");
-  ASSERT_TRUE(pc.WaitForScreen("Next try in"));
+  ASSERT_TRUE(pc.WaitForScreen("Next try in 1 s"));
   EXPECT_THAT(pc.Screen(), Not(HasSubstr("First hard disk")));
   ASSERT_TRUE(pc.WaitForScreen("Type the password"));
   TypePassword(pc, "open Sesame");
