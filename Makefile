@@ -8,11 +8,13 @@ DESTDIR :=
 version := $(shell sed -n 's/^project.Discwright VERSION \([^ ]*\) .*/\1/p' CMakeLists.txt)
 package := build/discwright-$(version)-linux-$(shell uname -m).tar.gz
 
-.PHONY: help program wizard install uninstall package windows iso test test-asan screenshots bench faults lint format clean
+.PHONY: help program wizard install uninstall package windows iso rescue boot test test-asan screenshots bench faults lint format clean
 
 help:
 	@echo "make wizard     builds the program and opens its window"
 	@echo "make iso        makes the example CD image, build/vexacd.iso"
+	@echo "make rescue     makes a CD image with rescue systems of Debian, build/rescue.iso; see examples/rescue"
+	@echo "make boot       starts build/vexacd.iso, or the IMAGE of IMAGE=FILE, on a PC in an emulator"
 	@echo "make program    builds the program folder, $(program)"
 	@echo "make install    installs the program for all users below PREFIX, $(PREFIX); DESTDIR=FOLDER puts a folder before it"
 	@echo "make uninstall  removes what make install has installed there"
@@ -49,6 +51,17 @@ wizard: program
 
 iso: program
 	$(program)/discwright-build --session examples/rescue_cd.ini -o build/vexacd.iso
+
+rescue: program
+	scripts/bootstrap.sh rescue
+	rm -rf build/rescue
+	examples/rescue/collect.sh build/rescue
+	$(program)/discwright-build --session examples/rescue/rescue.ini -o build/rescue.iso
+
+# IMAGE=FILE starts another image.
+boot: $(if $(IMAGE),,iso)
+	scripts/bootstrap.sh boot
+	@scripts/boot.sh "$(or $(IMAGE),build/vexacd.iso)"
 
 windows:
 	scripts/bootstrap.sh windows

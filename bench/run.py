@@ -5,6 +5,7 @@ import argparse
 import os
 from pathlib import Path
 
+import boot_rows
 import build_rows
 import tool_rows
 import window_rows
@@ -26,6 +27,7 @@ ROWS = {
     "dfl": tool_rows.dfl_rows,
     "start": window_rows.start_row,
     "answer": window_rows.gap_row,
+    "boot": boot_rows.boot_rows,
 }
 
 

@@ -18,6 +18,7 @@ namespace {
 constexpr std::uint32_t kTextScreen = 0xB8000;
 constexpr std::size_t kColumns = 80;
 constexpr std::size_t kLines = 25;
+constexpr std::size_t kLinesOfVideoMemory = 0x8000 / 2 / kColumns;
 constexpr std::chrono::milliseconds kPollInterval{20};
 
 // Makes a connected pair of sockets. Unlike a named socket it needs no short path and no wait for the other side.
@@ -155,6 +156,10 @@ template <typename Look>
   return WaitFor(text, deadline, [this] { return Screen(); });
 }
 
+::testing::AssertionResult Emulator::WaitForVideoMemory(std::string_view text, std::chrono::seconds deadline) {
+  return WaitFor(text, deadline, [this] { return LinesOfVideoMemory(kLinesOfVideoMemory); });
+}
+
 ::testing::AssertionResult Emulator::WaitForSerial(std::string_view text, std::chrono::seconds deadline) {
   return WaitFor(text, deadline, [this] { return Serial(); });
 }
@@ -182,8 +187,10 @@ std::string Emulator::Events() {
   return events_;
 }
 
-std::string Emulator::Screen() {
-  const std::string memory = Memory(kTextScreen, kLines * kColumns * 2);
+std::string Emulator::Screen() { return LinesOfVideoMemory(kLines); }
+
+std::string Emulator::LinesOfVideoMemory(std::size_t count) {
+  const std::string memory = Memory(kTextScreen, static_cast<std::uint32_t>(count * kColumns * 2));
   std::string screen;
   for (std::size_t at = 0; at < memory.size(); at += kColumns * 2) {
     std::string line;

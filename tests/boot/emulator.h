@@ -52,6 +52,8 @@ class Emulator {
   // Wait until a text stands on the text screen, was sent through COM1, or is in the answer to a command of QEMU's
   // monitor. They fail at the deadline and when the emulator ends, and show the text that came instead.
   ::testing::AssertionResult WaitForScreen(std::string_view text, std::chrono::seconds deadline = kDeadline);
+  // Also looks where the screen is moved to by a system that scrolls without copying, as Linux does.
+  ::testing::AssertionResult WaitForVideoMemory(std::string_view text, std::chrono::seconds deadline = kDeadline);
   ::testing::AssertionResult WaitForSerial(std::string_view text, std::chrono::seconds deadline = kDeadline);
   ::testing::AssertionResult WaitForMonitor(const std::string& command, std::string_view text,
                                             std::chrono::seconds deadline = kDeadline);
@@ -78,6 +80,7 @@ class Emulator {
   std::string Monitor(const std::string& command);                // a command of QEMU's human monitor
 
  private:
+  std::string LinesOfVideoMemory(std::size_t count);
   // Calls look() until its result contains `text`, the deadline passes or the emulator ends.
   template <typename Look>
   ::testing::AssertionResult WaitFor(std::string_view text, std::chrono::seconds deadline, const Look& look);

@@ -13,7 +13,7 @@ namespace {
 using ::testing::Not;
 
 constexpr const char* kMenuIsShown = "Arrows: choose";
-constexpr const char* kTextOfTheFloppy = "This disk holds no system.";
+constexpr const char* kTextOfTheFloppy = "1  Memory test";  // in its menu
 
 class Stick : public BuildTest {};
 
