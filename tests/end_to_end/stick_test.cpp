@@ -2,20 +2,16 @@
 // what it starts, and what it shows in grey.
 #include <string>
 
-#include "tests/boot/emulator.h"
-#include "tests/end_to_end/build_test.h"
+#include "tests/end_to_end/boot_menu.h"
 #include "tests/end_to_end/chosen_discs.h"
 
 namespace discwright::testing {
 
 namespace {
 
-using ::testing::Not;
-
-constexpr const char* kMenuIsShown = "Arrows: choose";
 constexpr const char* kTextOfTheFloppy = "1  Memory test";  // in its menu
 
-class Stick : public BuildTest {};
+class Stick : public BootMenu {};
 
 }  // namespace
 
@@ -26,7 +22,7 @@ TEST_F(Stick, UsbStickAndIdeDisk_ShowTheMenuOfTheCd) {
   for (const auto& drives :
        {UsbStick(image), Join(UsbStick(image), other), IdeDisks({image}), IdeDisks({image, place / "disk"})}) {
     Emulator pc(drives);
-    EXPECT_TRUE(pc.WaitForScreen(kMenuIsShown));
+    EXPECT_TRUE(pc.WaitForScreen(kEntriesShown));
     const std::string screen = pc.Screen();
     EXPECT_THAT(screen, HasSubstr("Vexa Rescue CD"));
     EXPECT_THAT(screen, HasSubstr("1  First hard disk"));
@@ -39,21 +35,21 @@ TEST_F(Stick, FloppyImage_IsStartedFromMemory) {
   ASSERT_EQ(Build().exit_code, 0);
   for (const auto& drive : {UsbStick(image), IdeDisks({image})}) {
     Emulator pc(drive);
-    ASSERT_TRUE(pc.WaitForScreen(kMenuIsShown));
+    ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
     pc.SendKey("s");
     EXPECT_TRUE(pc.WaitForScreen(kTextOfTheFloppy));
   }
 }
 
 TEST_F(Stick, LinuxKernelWithItsRamDisk_IsStarted) {
-  WriteFile(place / "additional" / "boot/scripts/local.cds",
-            "Entry Kernel\n  Key X\n  Linux boot/memdisk\n  Options from-the-stick floppy\n"
-            "  Initrd boot/images/vexastart.img\nEndEntry\n");
-  ASSERT_EQ(Build(AdditionalFiles(place / "additional")).exit_code, 0);
+  WriteFile(place / "additional" / "mine/floppy.img", FloppyThatShows("Mine"));
+  const std::string script =
+      "Entry Kernel\nKey X\nLinux boot/memdisk\nOptions from-the-stick floppy\nInitrd mine/floppy.img\nEndEntry\n";
+  ASSERT_EQ(Build(WithLocalScript(script)).exit_code, 0);
   Emulator pc(UsbStick(image));
   ASSERT_TRUE(pc.WaitForScreen("Kernel"));
   pc.SendKey("x");
-  EXPECT_TRUE(pc.WaitForScreen(kTextOfTheFloppy));
+  EXPECT_TRUE(pc.WaitForScreen("Mine0"));
   EXPECT_THAT(pc.Screen(), HasSubstr("command line: from-the-stick floppy"));
 }
 
@@ -74,15 +70,16 @@ TEST_F(Stick, SetupSectors_AreGreyedWithTheReasonAndDoNotStart) {
 }
 
 TEST_F(Stick, Password_IsAskedForBeforeTheMenu) {
-  WriteFile(place / "password", "secret\n");
-  ASSERT_EQ(Build({"--password-file", (place / "password").string()}).exit_code, 0);
+  ASSERT_EQ(Build(WithPassword("secret")).exit_code, 0);
   Emulator pc(UsbStick(image));
   ASSERT_TRUE(pc.WaitForScreen("Type the password"));
   EXPECT_THAT(pc.Screen(), Not(HasSubstr("First hard disk")));
-  for (const char* key : {"x", "ret"}) pc.SendKey(key);
+  pc.Type("x");
+  pc.SendKey("ret");
   ASSERT_TRUE(pc.WaitForScreen("Next try in"));
   ASSERT_TRUE(pc.WaitForScreen("Type the password"));
-  for (const char* key : {"s", "e", "c", "r", "e", "t", "ret"}) pc.SendKey(key);
+  pc.Type("secret");
+  pc.SendKey("ret");
   EXPECT_TRUE(pc.WaitForScreen("First hard disk"));
 }
 
