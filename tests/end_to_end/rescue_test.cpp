@@ -97,7 +97,7 @@ TEST_F(RescueCd, DebianOnTheScreen_ReachesItsFirstDialogInTextMode) {
 // The kernel and its RAM disk have 36 MB.
 TEST_F(RescueCd, DebianInTooLittleMemory_IsSaidAndTheMenuStays) {
   const auto pc = Started("x", {"-m", "32"});
-  EXPECT_TRUE(pc->WaitForScreen("memory"));
+  EXPECT_TRUE(pc->WaitForScreen("This machine has too little memory for the RAM disk."));
   pc->SendKey("i");
   EXPECT_TRUE(pc->WaitForScreen("iPXE initialising devices"));
 }
