@@ -38,7 +38,7 @@ TEST_F(BootMenu, Picture_IsTakenOfAFullMenu) {
   Emulator pc(CdDrive(image));
   ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
   pc.SendKey("down");  // ends the countdown
-  ASSERT_TRUE(pc.WaitForScreen("rescue software"));
+  ASSERT_TRUE(pc.WaitForScreen("Starts the disk with the memory test"));
   for (const char* entry : {"Windows 2000/XP Setup", "Launcher", "ERD Commander", "BlueCon", "Power off"}) {
     EXPECT_THAT(pc.Screen(), HasSubstr(entry));
   }

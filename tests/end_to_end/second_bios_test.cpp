@@ -69,8 +69,7 @@ TEST_F(SecondBios, Password_OpensTheMenuOnlyWhenItIsRight) {
   EXPECT_TRUE(pc.WaitForScreen("First hard disk"));
 }
 
-// Needs an image with a boot record for disks in its first sector. Remove "DISABLED_" when mkisofs writes one.
-TEST_F(SecondBios, DISABLED_ImageAsHardDisk_ShowsTheMenu) {
+TEST_F(SecondBios, ImageAsHardDisk_ShowsTheMenu) {
   ASSERT_EQ(Build().exit_code, 0);
   Bochs pc(image, Bochs::StartsFrom::kHardDisk);
   ASSERT_TRUE(pc.WaitForScreen(kMenuIsThere));
