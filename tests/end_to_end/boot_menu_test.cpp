@@ -99,6 +99,31 @@ TEST_F(BootMenu, HardDiskThatIsNotThere_IsSaidAndTheMenuStays) {
   EXPECT_TRUE(pc.WaitForScreen("Memory and disks"));
 }
 
+// The help line shows which entry is chosen.
+TEST_F(BootMenu, EveryKey_DoesWhatTheMenuSays) {
+  ASSERT_EQ(Build().exit_code, 0);
+  Emulator pc(CdDrive(image));
+  ASSERT_TRUE(pc.WaitForScreen("Starts in "));
+  const auto press = [&](const char* key, const char* help) {
+    pc.SendKey(key);
+    EXPECT_TRUE(pc.WaitForScreen(help)) << key;
+  };
+  press("down", "Starts the disk with the memory test");
+  EXPECT_THAT(pc.Screen(), Not(HasSubstr("Starts in "))) << "a key ends the countdown";
+  press("end", "Switches the computer off.");
+  press("up", "Restarts the computer.");
+  press("home", "Starts the system on the first hard disk");
+  press("pgdn", "Switches the computer off.");
+  press("pgup", "Starts the system on the first hard disk");
+  press("5", "Second hard disk");
+  press("m", "Memory and disks of this computer");
+  press("spc", "Second hard disk");
+  press("esc", "Vexa Network Access");
+  press("v", "Starts the disk with the memory test");  // the next entry that begins with this letter
+  pc.SendKey("down");
+  press("v", "from the network");
+}
+
 TEST_F(BootMenu, TimeOut_StartsTheDefaultEntry) {
   ASSERT_EQ(Build(WithLocalScript("Set Timeout=1\r\n")).exit_code, 0);
   Emulator pc(Join(CdDrive(image), DiskWithASystem()));
