@@ -8,10 +8,10 @@
 
 namespace discwright::loader {
 
-inline constexpr std::uint8_t kFirstHardDisk = 0x80;  // for INT 13h
+inline constexpr std::uint8_t kFirstDiskNumber = 0x80;  // for INT 13h
 inline constexpr std::size_t kMappedDisks = 16;       // the others keep their numbers
 
-// The disk that is to be called kFirstHardDisk + i has the number numbers[i] of the BIOS.
+// The disk that is to be called kFirstDiskNumber + i has the number numbers[i] of the BIOS.
 using DriveNumbers = std::array<std::uint8_t, kMappedDisks>;
 
 // The numbers as the BIOS has them.

@@ -14,7 +14,7 @@ namespace discwright::testing {
 
 namespace {
 
-constexpr std::chrono::milliseconds kPollInterval{20};
+constexpr std::chrono::milliseconds kLookInterval{20};
 constexpr char kEscape = '\x1B';
 
 std::string Configuration(const fs::path& image, Bochs::StartsFrom drive, const fs::path& folder) {
@@ -158,14 +158,14 @@ void Bochs::OpenTerminal() {
       return;
     }
     if (ended || std::chrono::steady_clock::now() > end) throw std::runtime_error("Bochs does not start: " + text);
-    std::this_thread::sleep_for(kPollInterval);
+    std::this_thread::sleep_for(kLookInterval);
   }
 }
 
 bool Bochs::ReadTerminal() {
   std::array<char, 4096> piece{};
   pollfd readable{terminal_, POLLIN, 0};
-  if (poll(&readable, 1, static_cast<int>(kPollInterval.count())) <= 0) return !program_->HasEnded();
+  if (poll(&readable, 1, static_cast<int>(kLookInterval.count())) <= 0) return !program_->HasEnded();
   const ssize_t got = read(terminal_, piece.data(), piece.size());
   if (got > 0) received_.append(piece.data(), static_cast<std::size_t>(got));
   return got > 0;

@@ -13,7 +13,7 @@ using ::testing::Not;
 using namespace std::string_literals;
 
 constexpr const char* kKeys = "Arrows: choose";
-constexpr std::size_t kSector = 512;
+constexpr std::size_t kFloppySector = 512;
 
 // A boot sector that writes `text` to the top left of the screen, and behind it the number of its drive as a digit.
 std::string SystemThatSays(const std::string& text) {
@@ -52,8 +52,8 @@ class FloppyBoot : public BootTest {
   void PutSector(const std::string& sector, std::size_t number = 0) const {
     std::string bytes = ReadFile(floppy);
     const std::string block = bytes.substr(3, 59);
-    bytes.replace(number * kSector, kSector, sector);
-    bytes.replace(number * kSector + 3, block.size(), block);
+    bytes.replace(number * kFloppySector, kFloppySector, sector);
+    bytes.replace(number * kFloppySector + 3, block.size(), block);
     WriteFile(floppy, bytes);
   }
   void Make(const std::string& options = "1440") const {
@@ -78,10 +78,10 @@ class FloppyBoot : public BootTest {
   std::uint32_t SectorOf(const std::string& bytes) const {
     const std::size_t at = ReadFile(floppy).find(bytes);
     EXPECT_NE(at, std::string::npos);
-    EXPECT_EQ(at % kSector, 0U);
-    return static_cast<std::uint32_t>(at / kSector);
+    EXPECT_EQ(at % kFloppySector, 0U);
+    return static_cast<std::uint32_t>(at / kFloppySector);
   }
-  std::uint32_t SectorOfLoader() const { return SectorOf(loader.substr(0, kSector)); }
+  std::uint32_t SectorOfLoader() const { return SectorOf(loader.substr(0, kFloppySector)); }
   void Damage(std::size_t at) const {
     std::string bytes = ReadFile(floppy);
     bytes[at] ^= 1;
@@ -108,9 +108,9 @@ class FloppyBoot : public BootTest {
 };
 
 TEST_F(FloppyBoot, Files_HaveTheRightSizes) {
-  EXPECT_EQ(boot_sector.size(), kSector);
+  EXPECT_EQ(boot_sector.size(), kFloppySector);
   EXPECT_EQ(boot_sector.substr(510), "\x55\xAA");
-  EXPECT_EQ(loader.size() % kSector, 0U);
+  EXPECT_EQ(loader.size() % kFloppySector, 0U);
   EXPECT_LT(loader.size(), 65536U);
 }
 
@@ -185,9 +185,9 @@ TEST_F(FloppyBoot, OtherFileInPlaceOfTheLoader_IsReported) {
 }
 
 TEST_F(FloppyBoot, DamagedLoader_IsReported) {
-  for (const std::size_t at : {kSector, loader.size() / 2, loader.size() - 1}) {
+  for (const std::size_t at : {kFloppySector, loader.size() / 2, loader.size() - 1}) {
     Make();
-    Damage(SectorOfLoader() * kSector + at);
+    Damage(SectorOfLoader() * kFloppySector + at);
     Emulator pc(FloppyDrive(floppy));
     EXPECT_TRUE(
         pc.WaitForScreen("\nLOADER.BIN on this disk is damaged (code 3).\nMake the disk again, and use another "));
@@ -197,7 +197,7 @@ TEST_F(FloppyBoot, DamagedLoader_IsReported) {
 }
 
 TEST_F(FloppyBoot, SectorsOfTheLoaderInAnotherOrder_AreReported) {
-  std::rotate(loader.begin() + kSector, loader.begin() + 2 * kSector, loader.end());
+  std::rotate(loader.begin() + kFloppySector, loader.begin() + 2 * kFloppySector, loader.end());
   Make();
   EXPECT_TRUE(Emulator(FloppyDrive(floppy)).WaitForScreen("LOADER.BIN on this disk is damaged (code 3)."));
 }
@@ -207,7 +207,7 @@ TEST_F(FloppyBoot, ChainOfTheLoaderThatIsCutOrHasNoEnd_IsReported) {
     Make();
     const std::size_t cluster = SectorOfLoader() - 33 + 2 + 20;
     std::string bytes = ReadFile(floppy);
-    const std::size_t at = kSector + cluster * 3 / 2;
+    const std::size_t at = kFloppySector + cluster * 3 / 2;
     ASSERT_EQ(cluster % 2, 0U);
     bytes[at] = static_cast<char>(next);
     bytes[at + 1] = static_cast<char>((bytes[at + 1] & 0xF0) | next >> 8);
@@ -305,7 +305,7 @@ TEST_F(FloppyBoot, KernelThatCannotBeRead_IsSaidAndTheMenuStays) {
   Script("Entry Image\r\n  Key I\r\n  Floppy small.img\r\nEndEntry\r\n");
   Make("-R 2 1440");
   Run("mcopy -i f.img small.img ::SMALL.IMG; mcopy -i f.img " + memdisk + " ::BOOT/MEMDISK");
-  PutStarter(SectorOf(ReadFile(place / "small.img").substr(0, kSector)) + 100);
+  PutStarter(SectorOf(ReadFile(place / "small.img").substr(0, kFloppySector)) + 100);
   Emulator pc(FloppyDrive(floppy));
   ASSERT_TRUE(pc.WaitForScreen(kKeys));
   pc.SendKey("i");

@@ -4,15 +4,12 @@
 #include <utility>
 
 #include "tests/boot/emulator.h"
-#include "tests/end_to_end/build_test.h"
+#include "tests/end_to_end/boot_menu.h"
 
 namespace discwright::testing {
 
 namespace {
 
-using ::testing::Not;
-
-constexpr const char* kMenuIsThere = "Arrows: choose";
 constexpr std::chrono::minutes kDebianDeadline{6};  // half a minute on an idle machine
 
 // The files of the recipe and the CD that is built from them, as `make rescue` does it.
@@ -48,7 +45,7 @@ class RescueCd : public ::testing::Test {
   static std::unique_ptr<Emulator> Started(const std::string& key, const std::vector<std::string>& arguments = {},
                                            const char* pc_name = kPc32) {
     auto pc = std::make_unique<Emulator>(Join(CdDrive(recipe->image), arguments), pc_name);
-    EXPECT_TRUE(pc->WaitForScreen(kMenuIsThere));
+    EXPECT_TRUE(pc->WaitForScreen(kEntriesShown));
     pc->SendKey(key);
     return pc;
   }
@@ -110,7 +107,7 @@ TEST_F(RescueCd, ProgramsWhoseFilesAreLeftOut_HaveNoEntry) {
   }
   ASSERT_EQ(recipe->Build(place / "files", place / "small.iso").exit_code, 0);
   Emulator pc(CdDrive(place / "small.iso"));
-  ASSERT_TRUE(pc.WaitForScreen(kMenuIsThere));
+  ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
   const std::string screen = pc.Screen();
   EXPECT_THAT(screen, HasSubstr("Memory test"));
   EXPECT_THAT(screen, HasSubstr("iPXE"));

@@ -2,15 +2,12 @@
 #include <string>
 
 #include "tests/boot/bochs.h"
-#include "tests/end_to_end/build_test.h"
+#include "tests/end_to_end/boot_menu.h"
 
 namespace discwright::testing {
 
 namespace {
 
-using ::testing::Not;
-
-constexpr const char* kMenuIsThere = "Arrows: choose";
 constexpr const char* kMenuOfTheDisk = "1  Memory test";  // with the rescue software
 
 class SecondBios : public BuildTest {
@@ -31,7 +28,7 @@ class SecondBios : public BuildTest {
 TEST_F(SecondBios, Cd_ShowsTheMenu) {
   ASSERT_EQ(Build().exit_code, 0);
   Bochs pc(image, Bochs::StartsFrom::kCd);
-  ASSERT_TRUE(pc.WaitForScreen(kMenuIsThere));
+  ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
   EXPECT_THAT(pc.Screen(), HasSubstr("1  First hard disk"));
   EXPECT_THAT(pc.Screen(), HasSubstr("Power off"));
 }
@@ -39,7 +36,7 @@ TEST_F(SecondBios, Cd_ShowsTheMenu) {
 TEST_F(SecondBios, FloppyImage_IsStartedFromMemory) {
   ASSERT_EQ(Build().exit_code, 0);
   Bochs pc(image, Bochs::StartsFrom::kCd);
-  ASSERT_TRUE(pc.WaitForScreen(kMenuIsThere));
+  ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
   pc.Type("s");
   EXPECT_TRUE(pc.WaitForScreen(kMenuOfTheDisk));
 }
@@ -47,7 +44,7 @@ TEST_F(SecondBios, FloppyImage_IsStartedFromMemory) {
 TEST_F(SecondBios, Overview_TellsTheMemoryAndGoesBackToTheMenu) {
   ASSERT_EQ(Build().exit_code, 0);
   Bochs pc(image, Bochs::StartsFrom::kCd);
-  ASSERT_TRUE(pc.WaitForScreen(kMenuIsThere));
+  ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
   pc.Type("t");
   ASSERT_TRUE(pc.WaitForScreen("Memory and disks"));
   pc.Type("m");
@@ -72,7 +69,7 @@ TEST_F(SecondBios, Password_OpensTheMenuOnlyWhenItIsRight) {
 TEST_F(SecondBios, ImageAsHardDisk_ShowsTheMenu) {
   ASSERT_EQ(Build().exit_code, 0);
   Bochs pc(image, Bochs::StartsFrom::kHardDisk);
-  ASSERT_TRUE(pc.WaitForScreen(kMenuIsThere));
+  ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
   pc.Type("s");
   EXPECT_TRUE(pc.WaitForScreen(kMenuOfTheDisk));
 }

@@ -45,7 +45,7 @@ void ShowProgress(std::string_view line) {
 
 // How many hard disks the BIOS knows.
 std::uint8_t HardDiskCount() {
-  bios::Registers registers{.eax = 0x0800, .edx = kFirstHardDisk};
+  bios::Registers registers{.eax = 0x0800, .edx = kFirstDiskNumber};
   bios::Call(kDisk, registers);
   return registers.Has(bios::kCarry) ? std::uint8_t{0} : static_cast<std::uint8_t>(registers.edx & 0xFF);
 }
@@ -116,7 +116,7 @@ std::string_view Starter::StartHardDisk(std::size_t place) {
   std::memcpy(Memory(kBootSector, kDiskSectorSize).data(), bounce_buffer, kDiskSectorSize);
   console_.Clear();
   if (numbers != UnchangedNumbers()) InstallDriveMap(numbers);
-  JumpToBootSector(static_cast<std::uint8_t>(kFirstHardDisk + place));
+  JumpToBootSector(static_cast<std::uint8_t>(kFirstDiskNumber + place));
 }
 
 // Loads a part of a file to memory, and shows how much of the part is there.
