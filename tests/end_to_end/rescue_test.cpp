@@ -3,16 +3,12 @@
 #include <string>
 #include <utility>
 
-#include "tests/boot/emulator.h"
-#include "tests/end_to_end/build_test.h"
+#include "tests/end_to_end/boot_menu.h"
 
 namespace discwright::testing {
 
 namespace {
 
-using ::testing::Not;
-
-constexpr const char* kMenuIsThere = "Arrows: choose";
 constexpr std::chrono::minutes kDebianDeadline{6};  // half a minute on an idle machine
 
 // The files of the recipe and the CD that is built from them, as `make rescue` does it.
@@ -44,11 +40,11 @@ class RescueCd : public ::testing::Test {
   static void TearDownTestSuite() { recipe.reset(); }
   void SetUp() override { ASSERT_EQ(recipe->problem, ""); }
 
-  // A PC with the CD and further arguments of QEMU, in whose menu a key was pressed.
+  // Starts a PC with the CD and further arguments of QEMU, and presses a key in the menu.
   static std::unique_ptr<Emulator> Started(const std::string& key, const std::vector<std::string>& arguments = {},
                                            const char* pc_name = kPc32) {
     auto pc = std::make_unique<Emulator>(Join(CdDrive(recipe->image), arguments), pc_name);
-    EXPECT_TRUE(pc->WaitForScreen(kMenuIsThere));
+    EXPECT_TRUE(pc->WaitForScreen(kEntriesShown));
     pc->SendKey(key);
     return pc;
   }
@@ -97,7 +93,7 @@ TEST_F(RescueCd, DebianOnTheScreen_ReachesItsFirstDialogInTextMode) {
 // The kernel and its RAM disk have 36 MB.
 TEST_F(RescueCd, DebianInTooLittleMemory_IsSaidAndTheMenuStays) {
   const auto pc = Started("x", {"-m", "32"});
-  EXPECT_TRUE(pc->WaitForScreen("This machine has too little memory for the RAM disk."));
+  EXPECT_TRUE(pc->WaitForScreen("rescue/debian/initrd.gz: This machine has too little memory for the RAM"));
   pc->SendKey("i");
   EXPECT_TRUE(pc->WaitForScreen("iPXE initialising devices"));
 }
@@ -110,7 +106,7 @@ TEST_F(RescueCd, ProgramsWhoseFilesAreLeftOut_HaveNoEntry) {
   }
   ASSERT_EQ(recipe->Build(place / "files", place / "small.iso").exit_code, 0);
   Emulator pc(CdDrive(place / "small.iso"));
-  ASSERT_TRUE(pc.WaitForScreen(kMenuIsThere));
+  ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
   const std::string screen = pc.Screen();
   EXPECT_THAT(screen, HasSubstr("Memory test"));
   EXPECT_THAT(screen, HasSubstr("iPXE"));

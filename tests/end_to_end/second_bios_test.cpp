@@ -2,20 +2,15 @@
 #include <string>
 
 #include "tests/boot/bochs.h"
-#include "tests/end_to_end/build_test.h"
+#include "tests/end_to_end/boot_menu.h"
 
 namespace discwright::testing {
 
 namespace {
 
-using ::testing::Not;
-
-constexpr const char* kMenuIsThere = "Arrows: choose";
-constexpr const char* kMenuOfTheDisk = "1  Memory test";  // with the rescue software
-
-class SecondBios : public BuildTest {
+class SecondBios : public BootMenu {
  protected:
-  // Types a password, each key after the one before it was seen: the keyboard of this PC holds a few keys only.
+  // Types a password. It waits for the effect of each key, because the keyboard of this PC holds only a few keys.
   static void TypePassword(Bochs& pc, const std::string& password) {
     std::string stars = "Password: ";
     for (const char letter : password) {
@@ -31,7 +26,7 @@ class SecondBios : public BuildTest {
 TEST_F(SecondBios, Cd_ShowsTheMenu) {
   ASSERT_EQ(Build().exit_code, 0);
   Bochs pc(image, Bochs::StartsFrom::kCd);
-  ASSERT_TRUE(pc.WaitForScreen(kMenuIsThere));
+  ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
   EXPECT_THAT(pc.Screen(), HasSubstr("1  First hard disk"));
   EXPECT_THAT(pc.Screen(), HasSubstr("Power off"));
 }
@@ -39,15 +34,15 @@ TEST_F(SecondBios, Cd_ShowsTheMenu) {
 TEST_F(SecondBios, FloppyImage_IsStartedFromMemory) {
   ASSERT_EQ(Build().exit_code, 0);
   Bochs pc(image, Bochs::StartsFrom::kCd);
-  ASSERT_TRUE(pc.WaitForScreen(kMenuIsThere));
+  ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
   pc.Type("s");
-  EXPECT_TRUE(pc.WaitForScreen(kMenuOfTheDisk));
+  EXPECT_TRUE(pc.WaitForScreen(kRescueDiskShown));
 }
 
 TEST_F(SecondBios, Overview_TellsTheMemoryAndGoesBackToTheMenu) {
   ASSERT_EQ(Build().exit_code, 0);
   Bochs pc(image, Bochs::StartsFrom::kCd);
-  ASSERT_TRUE(pc.WaitForScreen(kMenuIsThere));
+  ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
   pc.Type("t");
   ASSERT_TRUE(pc.WaitForScreen("Memory and disks"));
   pc.Type("m");
@@ -57,8 +52,7 @@ TEST_F(SecondBios, Overview_TellsTheMemoryAndGoesBackToTheMenu) {
 }
 
 TEST_F(SecondBios, Password_OpensTheMenuOnlyWhenItIsRight) {
-  WriteFile(place / "password", "open Sesame\n");
-  ASSERT_EQ(Build({"--password-file", (place / "password").string()}).exit_code, 0);
+  ASSERT_EQ(Build(WithPassword("open Sesame")).exit_code, 0);
   Bochs pc(image, Bochs::StartsFrom::kCd);
   ASSERT_TRUE(pc.WaitForScreen("Type the password"));
   TypePassword(pc, "s");
@@ -72,9 +66,9 @@ TEST_F(SecondBios, Password_OpensTheMenuOnlyWhenItIsRight) {
 TEST_F(SecondBios, ImageAsHardDisk_ShowsTheMenu) {
   ASSERT_EQ(Build().exit_code, 0);
   Bochs pc(image, Bochs::StartsFrom::kHardDisk);
-  ASSERT_TRUE(pc.WaitForScreen(kMenuIsThere));
+  ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
   pc.Type("s");
-  EXPECT_TRUE(pc.WaitForScreen(kMenuOfTheDisk));
+  EXPECT_TRUE(pc.WaitForScreen(kRescueDiskShown));
 }
 
 }  // namespace discwright::testing
