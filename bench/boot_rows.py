@@ -14,7 +14,11 @@ SIZE_AIM = 64  # KB
 DEBIAN_RUNS = 3  # each takes half a minute for each loader
 
 INSTALLER = Path("/usr/lib/debian-installer/images/12/i386/text/debian-installer/i386")
-PROGRAMS = {"memtest": Path("/boot/memtest86+ia32.bin"), "linux": INSTALLER / "linux", "initrd": INSTALLER / "initrd.gz"}
+PROGRAMS = {
+    "memtest": Path("/boot/memtest86+ia32.bin"),
+    "linux": INSTALLER / "linux",
+    "initrd": INSTALLER / "initrd.gz",
+}
 OPTIONS = "rescue/enable=true vga=normal fb=false nomodeset console=ttyS0,115200n8 ---"
 
 OUR_SCRIPT = f"""Entry Memory test

@@ -4,7 +4,7 @@
 #   scripts/bootstrap.sh windows  also the compilers of the Windows programs
 #   scripts/bootstrap.sh test     also the readers that the tests compare against, and the emulator
 #   scripts/bootstrap.sh rescue   the programs on the CD of make rescue
-#   scripts/bootstrap.sh boot     the emulator of make boot, with windows if there is a display
+#   scripts/bootstrap.sh boot     the emulator of make boot, with a window if there is a display
 #   scripts/bootstrap.sh wine32   for making a Wine for 32-bit programs (scripts/wine32.sh)
 #   scripts/bootstrap.sh wine64   the Wine for 64-bit programs
 #   scripts/bootstrap.sh fuzz     also the compiler of the fuzz targets

@@ -9,7 +9,8 @@ scripts/bootstrap.sh fuzz
 build=build/fuzz
 cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ \
   -DDISCWRIGHT_TESTS=OFF -DDISCWRIGHT_FUZZ=ON -DDISCWRIGHT_SANITIZE=ON --log-level=WARNING
-cmake --build $build --target fuzz_iso_reader fuzz_mkisofs_options fuzz_loader_script fuzz_loader_iso fuzz_loader_fat mkisofs
+cmake --build $build --target mkisofs fuzz_iso_reader fuzz_mkisofs_options fuzz_loader_script fuzz_loader_iso \
+  fuzz_loader_fat
 
 # The seeds are two images of CDs, whole and in part, a small floppy, a command line, and shipped scripts of the boot
 # menu with some keys. The fuzzer adds the inputs that it finds, and the next run starts from them.

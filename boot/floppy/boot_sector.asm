@@ -20,7 +20,7 @@ ORIGIN        equ 0x7C00
 LOADER        equ 0x8200
 TABLE         equ 0x2000        ; segment; LOADER.BIN ends below it
 READ          equ 0x0201        ; function of INT 13h: reads one sector
-TRIES         equ 5             ; the number of tries for each read; a drive may need three to start its motor
+TRIES         equ 5             ; the number of tries for each read; a drive may need three until its motor runs
 SECTOR        equ 512
 RECORD        equ 32            ; size of an entry of a folder
 NAME          equ 11            ; size of a name in it
@@ -36,10 +36,10 @@ ROOT_ENTRIES  equ 17
 TABLE_SIZE    equ 22            ; in sectors
 TRACK_SIZE    equ 24
 HEADS         equ 26
-DRIVE         equ 36            ; this program stores the number of the drive here,
-ERROR         equ 37            ; in this unused byte what the BIOS said about the last failed read,
-FIRST_DATA    equ 54            ; and in place of the file system's name the sector of the first cluster
+DRIVE         equ 36            ; this program stores the number of the drive here
+FIRST_DATA    equ 54            ; this program stores the sector of the first cluster in place of the file system's name
 BLOCK_END     equ 62
+error         equ ORIGIN + 37   ; an unused byte of the block: the BIOS error of the last failed read (bios_error.inc)
 
 org ORIGIN
 
@@ -125,27 +125,8 @@ begin:
     mov dl, [bp + DRIVE]
     jmp 0x0000:LOADER
 
-; Shows what the BIOS said about the last failed read, for which PLACEHOLDER stands in a text.
-; IN: BP + ERROR. OUT: -. CLOBBERS: AX, BX.
-print_placeholder:
-    mov al, [bp + ERROR]
-    aam 16                      ; AH = upper digit, AL = lower digit
-    push ax
-    mov al, ah
-    call print_digit
-    pop ax
-    ; falls through
-
-; Shows a hexadecimal digit.
-; IN: AL = its value. OUT: -. CLOBBERS: AX, BX.
-print_digit:
-    cmp al, 10
-    sbb al, 0x69
-    das                         ; AL = '0' to '9' or 'A' to 'F'
-    jmp print_letter
-
 ; Calls INT 13h for the drive. Saves all registers, because some BIOSes change registers that they should keep.
-; IN: AX = function, ES, BX, CX, DH = what it needs. OUT: CF as the BIOS returns it, ERROR if CF = 1. CLOBBERS: -.
+; IN: AX = function, ES, BX, CX, DH = what it needs. OUT: CF as the BIOS returns it, error if CF = 1. CLOBBERS: -.
 disk:
     pusha
     push ds
@@ -155,7 +136,7 @@ disk:
     pop es
     pop ds
     jnc .end
-    mov [ORIGIN + ERROR], ah
+    mov [error], ah
 .end:
     popa
     cld                         ; some BIOSes change DF, too
@@ -196,6 +177,7 @@ read:                           ; the routine begins here
     ; falls through to "stop"
 
 %include "messages.inc"
+%include "bios_error.inc"
 
 name:
     db 'LOADER  BIN'

@@ -42,38 +42,12 @@ begin:
     jb stop
     call verify
     pop dx
-    xor dh, dh                  ; the number that entry.asm gets here has a meaning for CDs only
+    xor dh, dh                  ; entry.asm takes DH as the shift of CD sectors, which a floppy does not have
     jmp 0x0000:STAGE2
 
-; Checks the rest of the loader. Shows a message and does not return if it is damaged.
-; IN: -. OUT: -. CLOBBERS: EAX, EBX, CX, EDX, SI, DI, BP.
-verify:
-    xor ebx, ebx                ; the sum
-    xor edx, edx                ; the sum of sums
-    mov bp, [rest_sectors]
-    mov di, STAGE2 / 16
-.sector:
-    push ds
-    mov ds, di
-    xor si, si
-    mov cx, SECTOR / 4
-.word:
-    lodsd
-    add ebx, eax
-    add edx, ebx
-    loop .word
-    pop ds
-    add di, SECTOR / 16
-    dec bp
-    jnz .sector
-    mov si, damaged
-    cmp ebx, [rest_sum]
-    jne stop
-    cmp edx, [rest_sum_of_sums]
-    jne stop
-    ret
+%include "verify.inc"
 
-; No text of this program has a placeholder.
+; Shows nothing: no text of this program has a placeholder.
 ; IN: -. OUT: -. CLOBBERS: -.
 print_placeholder:
     ret

@@ -9,16 +9,16 @@
 namespace discwright::loader {
 
 inline constexpr std::uint8_t kFirstDiskNumber = 0x80;  // for INT 13h
-inline constexpr std::size_t kMappedDisks = 16;       // the others keep their numbers
+inline constexpr std::size_t kMappedDisks = 16;         // further disks keep their numbers
 
-// The disk that is to be called kFirstDiskNumber + i has the number numbers[i] of the BIOS.
+// `numbers[i]` is the number by which the BIOS knows the disk that gets the number kFirstDiskNumber + i.
 using DriveNumbers = std::array<std::uint8_t, kMappedDisks>;
 
 // The numbers as the BIOS has them.
 DriveNumbers UnchangedNumbers();
 
-// Puts the disk `own` behind the others. `disks`: how many hard disks the BIOS knows. The numbers stay as they are if
-// `own` is none of them.
+// Puts the disk `own` behind the others. `disks` is the number of hard disks that the BIOS knows. If `own` is none of
+// them, the numbers stay unchanged.
 DriveNumbers NumbersWithout(std::uint8_t own, std::size_t disks);
 
 }  // namespace discwright::loader

@@ -13,7 +13,7 @@ namespace discwright::loader {
 
 namespace {
 
-constexpr std::uint32_t kFatSector = kFloppySectorSize;
+constexpr std::uint32_t kFatSector = kFloppySectorSize;  // for computations in 32 bits
 constexpr std::uint32_t kFirstCluster = 2;
 constexpr std::uint32_t kMostClusters = 4084;  // more clusters make a FAT16
 
@@ -89,7 +89,7 @@ struct FatVolume::Search {
   bool folders_only = false;
   VolumeEntry found;
   bool has_found = false;
-  bool is_over = false;  // it was found, or the folder has ended
+  bool is_over = false;  // the entry was found, or the folder has ended
 
   void Look(std::span<const std::uint8_t> record) {
     const std::uint8_t flags = record[11];  // DIR_Attr
@@ -130,7 +130,7 @@ VolumeError FatVolume::Open() {
   return error;
 }
 
-// Reads the first copy that the drive can read. A table may be longer than FAT12 needs.
+// Reads the first copy of the table that the drive can read. A table may be longer than FAT12 needs.
 VolumeError FatVolume::ReadTable(std::uint32_t first, std::uint32_t copies, std::uint32_t sectors_per_copy) {
   const std::size_t size = std::min<std::size_t>(table_.size(), sectors_per_copy * kFloppySectorSize);
   for (std::uint32_t copy = 0; copy < copies; ++copy) {
@@ -143,19 +143,19 @@ bool FatVolume::IsCluster(std::uint32_t number) const {
   return number >= kFirstCluster && number - kFirstCluster < cluster_count_;
 }
 
-// What the table says behind a cluster: the next one, or a mark, which is no cluster.
+// Returns what the table has for a cluster: the next cluster of its chain, or a mark, which is no cluster.
 std::uint32_t FatVolume::Next(std::uint32_t cluster) const {
   const std::uint32_t two = Number16(table_, cluster + cluster / 2);
   return cluster % 2 == 0 ? two & 0xFFF : two >> 4;
 }
 
-// The number of clusters of a chain; 0 if it is damaged.
+// Returns the number of clusters of a chain; 0 if it is damaged.
 std::uint32_t FatVolume::ChainLength(std::uint32_t first) const {
   constexpr std::uint32_t kFirstEndMark = 0xFF8;
   std::uint32_t length = 0;
   std::uint32_t cluster = first;
   for (; IsCluster(cluster); cluster = Next(cluster)) {
-    if (length++ == cluster_count_) return 0;  // it leads in a circle
+    if (length++ == cluster_count_) return 0;  // the chain leads in a circle
   }
   return cluster >= kFirstEndMark ? length : 0;
 }
@@ -205,7 +205,7 @@ VolumeError FatVolume::SearchSectors(std::uint32_t sector, std::uint32_t count, 
   return VolumeError::kNone;
 }
 
-// The table is in memory, so going along a chain from its start costs next to nothing beside the reads.
+// Follows the chain from its start for each call. The table is in memory, so that costs little compared with the reads.
 VolumeError FatVolume::Read(const VolumeEntry& file, std::uint32_t offset, std::span<std::uint8_t> to) {
   if (file.is_folder) return VolumeError::kNotAFile;
   if (offset > file.size || to.size() > file.size - offset) return VolumeError::kPastTheEnd;

@@ -11,15 +11,15 @@
 
 namespace discwright::loader {
 
-// The files of one floppy. They have short names (8.3) only: long names and volume labels do not exist for this reader.
+// The files of one floppy. This reader knows short names (8.3) only; it skips long names and volume labels.
 class FatVolume final : public Volume {
  public:
   // The largest file allocation table of FAT12.
   static constexpr std::size_t kTableSectors = 12;
   static constexpr std::size_t kLeastBuffer = (kTableSectors + 1) * kFloppySectorSize;
 
-  // `buffer` has kLeastBuffer bytes or more, and the volume keeps the file allocation table in it. The more bytes it
-  // has, the more sectors of a folder are read at once. It must outlive the volume.
+  // `buffer` has kLeastBuffer bytes or more and must outlive the volume, which keeps the file allocation table in it.
+  // The larger it is, the more sectors of a folder are read at once.
   FatVolume(Sectors& sectors, std::span<std::uint8_t> buffer);
 
   [[nodiscard]] Medium medium() const override { return Medium::kFloppy; }

@@ -8,7 +8,7 @@
 
 namespace discwright::loader {
 
-// What the loader was started from. Messages call the first "CD", and the second "disk".
+// What the loader was started from. Messages name it "CD" or "disk". An image of a CD on a stick or a hard disk is kCd.
 enum class Medium : std::uint8_t { kCd, kFloppy };
 
 enum class ReadEnd { kRead, kNotFound, kTooLarge, kFailed };

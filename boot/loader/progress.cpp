@@ -1,4 +1,5 @@
-// Draws the bar. It counts in kilobytes, so that a hundred times a size stays below 4 GB: there is no 64-bit division.
+// Makes the line and its bar. It counts in kilobytes, because a hundred times a size in bytes can exceed 32 bits, and
+// the loader has no 64-bit division.
 #include "boot/loader/progress.h"
 
 #include <algorithm>

@@ -10,8 +10,8 @@
 //   Set NAME=VALUE    sets Title, Timeout, Default, PasswordRequest or PasswordString (see below)
 //   Include PATH      continues with another script, and then with the next line; at most 8 inside one another
 //   IfFile PATH       the lines up to EndIf count only if this file is on the CD
-//   IfProcessor 64   the lines up to EndIf count only if the processor can run 64-bit programs
-//   IfProcessor 32   the lines up to EndIf count only if it cannot
+//   IfProcessor 64    the lines up to EndIf count only if the processor can run 64-bit programs
+//   IfProcessor 32    the lines up to EndIf count only if it cannot
 //   EndIf
 //   Menu TEXT         a submenu, which holds all entries up to EndMenu; it does not appear while it is empty
 //     Key LETTER      its hot key: A to Z

@@ -61,14 +61,14 @@ bool ScriptReader::AddEntry(const Entry& entry) {
   return true;
 }
 
-// Opens a block; in an entry, the condition is for the whole entry.
-void ScriptReader::If(bool is_so) {
+// Reads a condition. Outside of entries it opens a block; in an entry it decides about the entry.
+void ScriptReader::If(bool is_met) {
   if (is_in_entry_) {
-    is_entry_hidden_ = is_entry_hidden_ || !is_so;
+    is_entry_hidden_ = is_entry_hidden_ || !is_met;
     return;
   }
   Block* block = Push(false);
-  if (block && !is_so) block->is_left_out = true;
+  if (block && !is_met) block->is_left_out = true;
 }
 
 void ScriptReader::IfFile(std::string_view path) { If(!path.empty() && files_.Exists(path)); }

@@ -61,7 +61,7 @@ class ScriptReader {
   [[nodiscard]] bool IsLeftOut() const;
   [[nodiscard]] std::uint16_t MenuHere() const;
   Block* Push(bool is_menu);
-  void If(bool is_so);
+  void If(bool is_met);
   void Pop(bool is_menu);
   void Drop();
   bool AddEntry(const Entry& entry);

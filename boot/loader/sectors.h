@@ -7,7 +7,8 @@
 
 namespace discwright::loader {
 
-// The bytes of a sector depend on the kind of volume, whatever the size of the drive's own sectors is.
+// The size of a sector in bytes. It depends on the kind of the volume, and not on the drive, whose own sectors may have
+// another size.
 inline constexpr std::size_t kSectorSize = 2048;  // of a CD
 inline constexpr std::size_t kFloppySectorSize = 512;
 

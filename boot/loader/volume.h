@@ -1,5 +1,5 @@
-// What the loader needs of the volume that it was started from. The reader of CDs and the reader of floppies implement
-// it.
+// The files of the volume that the loader was started from. The reader of CDs and the reader of floppies implement this
+// interface.
 #pragma once
 
 #include <cstdint>

@@ -1,8 +1,8 @@
 # Menu entries of the rescue CD.
 #
 # The boot menu includes this file behind its own entries, because it is boot\scripts\local.cds in the additional files.
-# The comments in boot/scripts/main.cds of each CD explain the words. Paths begin at the root of the CD. An entry whose
-# file is not on the CD does not appear, so you can leave a program out by leaving its files out.
+# The topic "Entries of your own in the boot menu" of the help explains the words. Paths begin at the root of the CD. An
+# entry whose file is not on the CD does not appear, so you can leave a program out by leaving its files out.
 
 Set Title=Rescue CD
 

@@ -1,4 +1,4 @@
-// Runs Bochs with its text display. Bochs draws on one side of a terminal that it makes, and names the other side.
+// Runs Bochs with its text display. Bochs makes a pair of terminals: it draws on one, and names the other one.
 #include "tests/boot/bochs.h"
 
 #include <fcntl.h>
@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <stdexcept>
 #include <thread>
+#include <vector>
 
 namespace discwright::testing {
 
@@ -24,8 +25,8 @@ std::string Configuration(const fs::path& image, Bochs::StartsFrom drive, const 
          "romimage: file=/usr/share/bochs/BIOS-bochs-latest\n"
          "vgaromimage: file=/usr/share/bochs/VGABIOS-lgpl-latest\n"
          "megs: 64\n"
-         // The machine's time goes with its instructions. The screen is drawn ten times in a second of that time, so
-         // that nothing is over before it was drawn.
+         // The clock of the machine counts its instructions. The screen is drawn ten times in each second of that
+         // clock, so every text that stands for a moment is drawn.
          "cpu: ips=100000000\n"
          "vga: update_freq=10, realtime=0\n"
          "clock: sync=none\n"
@@ -124,7 +125,7 @@ void TerminalScreen::EraseToTheEndOfLine() { lines_[line_].replace(column_, kCol
 Bochs::Bochs(const fs::path& image, StartsFrom drive) {
   WriteFile(folder_ / "configuration", Configuration(image, drive, folder_.path()));
   WriteFile(folder_ / "commands", "c\n");  // tells the debugger of Bochs to run the machine
-  fs::remove(image.string() + ".lock");    // of an earlier machine, which was killed
+  fs::remove(image.string() + ".lock");    // left by an earlier machine, which was killed
   program_ = std::make_unique<RunningProgram>(
       std::vector<std::string>{"setpriv", "--pdeathsig", "KILL", "bochs", "-q", "-f",
                                (folder_ / "configuration").string(), "-rc", (folder_ / "commands").string()},

@@ -8,7 +8,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "tests/end_to_end/running_program.h"
 #include "tests/end_to_end/trees.h"
@@ -23,8 +22,8 @@ class TerminalScreen {
 
   TerminalScreen() { lines_.fill(std::string(kColumns, ' ')); }
 
-  void Take(char letter);    // of the output for the terminal
-  std::string Text() const;  // its lines without trailing blanks
+  void Take(char letter);    // takes the next letter of the output for the terminal
+  std::string Text() const;  // the lines of the screen without trailing blanks
 
  private:
   void TakeCode(char letter);
@@ -35,7 +34,7 @@ class TerminalScreen {
   std::array<std::string, kLines> lines_;
   std::size_t line_ = 0;
   std::size_t column_ = 0;
-  std::string code_;  // of a control code that has not come to its end
+  std::string code_;  // the beginning of a control code whose end has not come yet
 };
 
 // The machine is switched off when the object is destroyed or the test is killed.
@@ -63,7 +62,7 @@ class Bochs {
   TemporaryFolder folder_{"bochs"};
   std::unique_ptr<RunningProgram> program_;
   int terminal_ = -1;
-  std::string received_;  // what is not on the screen yet
+  std::string received_;  // output that is not on the screen yet
   TerminalScreen screen_;
 };
 

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/boot/boot_texts.h"
 #include "tests/boot/emulator.h"
 #include "tests/boot/setup_loader.h"
 #include "tests/end_to_end/program_copy.h"
@@ -54,7 +55,7 @@ class BootTest : public ::testing::Test {
     return entry == nullptr ? IsoEntry{} : *entry;
   }
 
-  // As the functions of these names, with the image of this test.
+  // Call the functions of the same names with the image of this test.
   std::string FaultyImage(std::uint32_t sector_of_cd, int count) const {
     return testing::FaultyImage(image, place / "faults", sector_of_cd, count);
   }

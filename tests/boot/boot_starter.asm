@@ -1,14 +1,15 @@
 ; Starts a CD boot sector, or the boot record for disks, in ways in which the emulator's BIOS does not start it. The
-; sector follows this program in the boot image of the CD. The program reads it to 0000:7C00 and enters it with the drive in DL, random values in the other
-; registers and a key in the keyboard buffer. Definitions for the assembler select a variant:
+; sector follows this program in the boot image of the CD. The program reads it to 0000:7C00 and enters it with the
+; drive in DL, random values in the other registers and a key in the keyboard buffer. Definitions for the assembler
+; select a variant:
 ;
 ; SEGMENT    0 enters at 0000:7C00, 0x7C0 at 07C0:0000
 ; MEMORY_KB  the size that INT 12h reports to the sector
 ; DRIVE      the number of the drive that the sector gets, instead of that of the CD
 ; A20_OFF    switches line A20 off
-; OLD_BIOS   installs an INT 13h without the extensions. Its function 41h fails (1), succeeds without the sign that it
-;            is known (2), or says that there are no functions for disk address packets (3). With 4 they are there, but
-;            read too few sectors and report success
+; OLD_BIOS   installs an INT 13h that does not read with disk address packets. With 1 its function 41h fails, with 2 it
+;            succeeds but does not return AA55h, with 3 it says that there are no functions for such packets. With 4
+;            these functions read too few sectors and report success
 ; CHANGED    changes the last byte of the sector in memory, so that it differs from the one on the CD
 ; BAD_BIOS   installs a faulty INT 13h. The CD drive gets the number 9F, and there is no other drive. The function
 ;            that tells where the machine was started from is unknown. The first try of each read fails, the second
@@ -153,7 +154,7 @@ ruin:
     ret
 
 %ifdef OLD_BIOS
-; The INT 13h without extensions. Otherwise it calls the one of the BIOS.
+; The INT 13h of OLD_BIOS. It calls the one of the BIOS for all other functions.
 old_bios:
   %if OLD_BIOS == 4
     cmp ah, 0x42

@@ -1,6 +1,6 @@
-; The boot sector of a hard disk for tests. It shows what a system sees that is started from this disk:
+; The boot sector of a hard disk for tests. It shows what a system sees that starts from this disk:
 ;
-;   DISK first drive=80 read=1 extended=1 dl=80 if=1 error=1 disks=02 size=07C1
+;   DISK first drive=80 read=1 extended=1 dl=80 if=1 error=1 disks=02 size=17A0
 ;   memory=027E other=CD001
 ;
 ; read, extended: 1 when functions 02h and 42h of INT 13h read this sector from the drive that it was started from.
@@ -8,8 +8,8 @@
 ; changed. disks, size: what functions 08h and 15h return in DL and DX. memory: KB of base memory. other: the text at
 ; offset 1 of sector 64 of drive 81h, which is the name of an ISO 9660 volume; "?" when it cannot be read.
 ;
-; Definitions for the assembler: NAME is the name of the disk. With CHAIN the sector starts the drive of that number
-; instead, the first time.
+; Definitions for the assembler: NAME is the name of the disk. With CHAIN, the sector starts the drive of that number
+; when it runs for the first time, and shows the text above when it runs again.
 ;
 ; Memory map:
 ;   0000:0500            a word that says that CHAIN was done

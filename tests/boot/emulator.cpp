@@ -53,10 +53,10 @@ std::string Quoted(const std::string& text) {
 
 // QEMU's name of the key, perhaps together with Shift, that makes a character on a US keyboard.
 std::string KeyOf(char character) {
-  static const std::map<char, std::string> keys = {{' ', "spc"},        {'`', "grave_accent"}, {'-', "minus"},
-                                                   {'=', "equal"},      {'[', "bracket_left"}, {']', "bracket_right"},
-                                                   {'\\', "backslash"}, {';', "semicolon"},    {'\'', "apostrophe"},
-                                                   {',', "comma"},      {'.', "dot"},          {'/', "slash"}};
+  static const std::map<char, std::string> keys = {
+      {'\n', "ret"},         {' ', "spc"},           {'`', "grave_accent"}, {'-', "minus"},     {'=', "equal"},
+      {'[', "bracket_left"}, {']', "bracket_right"}, {'\\', "backslash"},   {';', "semicolon"}, {'\'', "apostrophe"},
+      {',', "comma"},        {'.', "dot"},           {'/', "slash"}};
   constexpr std::string_view kShifted = "~!@#$%^&*()_+{}|:\"<>?";
   constexpr std::string_view kUnshifted = "`1234567890-=[]\\;',./";
   const std::size_t shifted = kShifted.find(character);

@@ -21,17 +21,18 @@ std::vector<std::string> CdDrive(const fs::path& image);
 std::vector<std::string> AhciCdDrive(const fs::path& image);
 std::vector<std::string> UsbCdDrive(const fs::path& image);
 std::vector<std::string> HardDisk(const fs::path& image);
-// Disks from which the machine starts: a USB stick, and the first ones of several IDE disks, from number 80h on.
+// Disks from which the machine starts: a USB stick, or the first of several IDE disks, which get the numbers 80h, 81h
+// and so on.
 std::vector<std::string> UsbStick(const fs::path& image);
 std::vector<std::string> IdeDisks(const std::vector<fs::path>& images);
 
-// An image whose reads of one sector fail `count` times, or always when `count` is kAlways: for QEMU's option -drive.
-// Writes a file `faults`.
+// An image for QEMU's option -drive. Its reads of one sector fail `count` times, or always if `count` is kAlways. The
+// functions describe the faults to QEMU in the file `faults`.
 std::string FaultyImage(const fs::path& image, const fs::path& faults, std::uint32_t sector_of_cd, int count);
 std::vector<std::string> FaultyCdDrive(const fs::path& image, const fs::path& faults, std::uint32_t sector_of_cd,
                                        int count);
 inline constexpr int kAlways = 0;
-// The machine starts from this drive.
+// A floppy drive, from which the machine starts.
 std::vector<std::string> FloppyDrive(const fs::path& image);
 
 inline constexpr const char* kPc32 = "qemu-system-i386";
@@ -52,7 +53,7 @@ class Emulator {
   // Wait until a text stands on the text screen, was sent through COM1, or is in the answer to a command of QEMU's
   // monitor. They fail at the deadline and when the emulator ends, and show the text that came instead.
   ::testing::AssertionResult WaitForScreen(std::string_view text, std::chrono::seconds deadline = kDeadline);
-  // Also looks where the screen is moved to by a system that scrolls without copying, as Linux does.
+  // Looks at all of the video memory. A system that scrolls without copying, as Linux does, shows another part of it.
   ::testing::AssertionResult WaitForVideoMemory(std::string_view text, std::chrono::seconds deadline = kDeadline);
   ::testing::AssertionResult WaitForSerial(std::string_view text, std::chrono::seconds deadline = kDeadline);
   ::testing::AssertionResult WaitForMonitor(const std::string& command, std::string_view text,
@@ -73,7 +74,7 @@ class Emulator {
 
   // Presses a key, or several together with a plus sign between them. QEMU's names of keys: "a", "ret", "spc", "alt+1".
   void SendKey(const std::string& key);
-  // Types characters of a US keyboard: 32 to 126.
+  // Types the characters 32 to 126 on a US keyboard. "\n" is the Enter key.
   void Type(std::string_view text);
 
   std::string Memory(std::uint32_t address, std::uint32_t size);  // physical address; empty when the emulator has ended

@@ -1,10 +1,10 @@
 ; Starts the boot sector of a floppy in ways in which the emulator's BIOS does not start it. This program is the first
 ; sector of the floppy, and the boot sector that it starts is the second one. It fills the free memory with a value that
 ; is not zero, reads that sector to 0000:7C00, and enters it at 07C0:0000 with DL = 0 and random values in the other
-; registers. It also installs a faulty INT 13h, of which the first three tries of each read fail, and all tries if the
-; read has a sector that the test names in the bytes at `bad_sector`. It destroys every register but SS:SP, sets DF, and
-; shows an objection to a new try without a reset, and to a read that crosses a track or 64 KB. (The emulated floppy
-; drive itself reports no errors: QEMU returns zeros for what it cannot read.)
+; registers. It also installs a faulty INT 13h. There the first three tries of each read fail, and all tries of a read
+; of the sector that the test names in the bytes at `bad_sector`. Each call destroys every register but SS:SP, and sets
+; DF. An objection appears on the screen after a new try without a reset, and after a read that crosses a track or
+; 64 KB. The emulated floppy drive reports no errors: QEMU returns zeros for what it cannot read.
 ;
 ; Memory map:
 ;   0000:0500-0000:06FF  this program after it has moved itself

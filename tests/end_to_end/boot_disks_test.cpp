@@ -3,42 +3,31 @@
 #include <utility>
 #include <vector>
 
-#include "tests/boot/emulator.h"
-#include "tests/end_to_end/build_test.h"
+#include "tests/end_to_end/boot_menu.h"
 
 namespace discwright::testing {
 
 namespace {
 
-using ::testing::Not;
 using namespace std::string_literals;
 
-constexpr const char* kMemoryTest =
-    "6.10.unknown.";  // the bottom right of the screen of Memtest86+, without x32 or x64
+// Stands at the bottom right of the screen of Memtest86+; "x32" or "x64" follows.
+constexpr const char* kMemoryTest = "6.10.unknown.";
 
-// A network card without a program of its own, which would start from the network, too.
+// Adds a network card without its boot program, which would start from the network, too.
 std::vector<std::string> NetworkCard(const std::string& model) {
   return {"-netdev", "user,restrict=on,id=" + model, "-device", model + ",romfile=,netdev=" + model};
 }
 
-// Fills a sector of 512 bytes with code, which stands behind the parameter block of a floppy.
-std::string SectorOf(const std::string& code) {
+// Returns the boot sector of a floppy with this code behind the parameter block.
+std::string FloppySectorWith(const std::string& code) {
   std::string sector = "\xEB\x3C\x90"s + std::string(59, '\0') + code;  // jmp short 3Eh
   sector.resize(510, '\0');
   return sector + "\x55\xAA";
 }
 
-// Writes "OK" to the top left of the screen.
-const std::string kWriteOk =
-    "\xB8\x00\xB8\x8E\xC0"          // mov ax, 0B800h; mov es, ax
-    "\x26\xC7\x06\x00\x00\x4F\x07"  // mov word [es:0], 'O'
-    "\x26\xC7\x06\x02\x00\x4B\x07"  // mov word [es:2], 'K'
-    "\xF4\xEB\xFD"s;                // hlt; jmp back to it
-
-class BootDisks : public BuildTest {
+class BootDisks : public BootMenu {
  protected:
-  static constexpr const char* kMenu = "Arrows: choose";
-
   // Makes a disk with CreateDsk as the build does.
   fs::path MakeDisk(const std::vector<std::string>& arguments, const std::string& name) const {
     const Outcome made = RunProgram(Join({(program / "CreateDsk").string()}, arguments));
@@ -58,7 +47,7 @@ class BootDisks : public BuildTest {
   fs::path SetupDisk() const { return MakeDisk({"-t", "144", "winsetup"}, "vexawin.img"); }
 
   static void Choose(Emulator& pc, const std::string& key) {
-    ASSERT_TRUE(pc.WaitForScreen(kMenu));
+    ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
     pc.SendKey(key);
   }
 };
@@ -67,10 +56,10 @@ class BootDisks : public BuildTest {
 
 TEST_F(BootDisks, RescueDisk_ShowsItsMenu) {
   Emulator pc(FloppyDrive(RescueDisk()));
-  ASSERT_TRUE(pc.WaitForScreen(kMenu));
+  ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
   const std::string screen = pc.Screen();
   EXPECT_THAT(screen, HasSubstr("Vexa Rescue Software"));
-  EXPECT_THAT(screen, HasSubstr("1  Memory test"));
+  EXPECT_THAT(screen, HasSubstr(kRescueDiskShown));
   EXPECT_THAT(screen, HasSubstr("2  GRUB"));
   EXPECT_THAT(screen, HasSubstr("3  First hard disk"));
   EXPECT_THAT(screen, HasSubstr("5  Power off"));
@@ -181,25 +170,25 @@ TEST_F(BootDisks, ImageOfTheUser_StartsWithItsOwnSector) {
   const fs::path floppy = dos / "My floppy.img";
   ASSERT_EQ(RunProgram({"/usr/sbin/mkfs.fat", "-C", "-F", "12", floppy.string(), "1440"}).exit_code, 0);
   std::string bytes = ReadFile(floppy);
-  bytes.replace(62, 448, SectorOf(kWriteOk).substr(62, 448));
+  bytes.replace(62, 448, FloppySectorWith(CodeThatShows("OK")).substr(62, 448));
   WriteFile(floppy, bytes);
   Emulator pc(FloppyDrive(SetupDisk()));
-  EXPECT_TRUE(pc.WaitForScreen("OK"));
+  EXPECT_TRUE(pc.WaitForScreen("OK0"));
 }
 
 // The boot sectors of many systems load the first file of the root folder from the first cluster.
 TEST_F(BootDisks, SystemFilesOfTheUser_AreWhereTheirBootSectorLoadsThem) {
   const fs::path dos = program / "files/disks/vexasoftware_emm/dos";
   WriteFile(dos / "bootsect.bin",
-            SectorOf("\x31\xC0\x8E\xD8\x8E\xC0\x8E\xD0\xBC\x00\x7C"  // zero DS, ES, SS; SP = 7C00h
-                     "\xB8\x01\x02\xBB\x00\x80"                      // mov ax, 0201h; mov bx, 8000h
-                     "\xB9\x10\x00\xBA\x00\x01"                      // mov cx, 0010h; mov dx, 0100h: sector 33
-                     "\xCD\x13\xEA\x00\x80\x00\x00"s));              // int 13h; jmp 0:8000h
+            FloppySectorWith("\x31\xC0\x8E\xD8\x8E\xC0\x8E\xD0\xBC\x00\x7C"  // zero DS, ES, SS; SP = 7C00h
+                             "\xB8\x01\x02\xBB\x00\x80"                      // mov ax, 0201h; mov bx, 8000h
+                             "\xB9\x10\x00\xBA\x00\x01"                      // mov cx, 0010h; mov dx, 0100h: sector 33
+                             "\xCD\x13\xEA\x00\x80\x00\x00"s));              // int 13h; jmp 0:8000h
   WriteFile(dos / "AUTOEXEC.BAT", "rem");
-  WriteFile(dos / "Io.sys", kWriteOk);
+  WriteFile(dos / "Io.sys", CodeThatShows("OK"));
   WriteFile(dos / "Msdos.sys", "second");
   Emulator pc(FloppyDrive(EmmDisk()));
-  EXPECT_TRUE(pc.WaitForScreen("OK"));
+  EXPECT_TRUE(pc.WaitForScreen("OK0"));
 }
 
 TEST_F(BootDisks, ProgramsOfTheDisks_StartFromTheMenuOfTheCd) {
@@ -210,7 +199,7 @@ TEST_F(BootDisks, ProgramsOfTheDisks_StartFromTheMenuOfTheCd) {
     Emulator pc(Join(CdDrive(image), NetworkCard("e1000")));
     ASSERT_TRUE(pc.WaitForScreen("First hard disk"));
     Choose(pc, row[0]);
-    ASSERT_TRUE(pc.WaitForScreen(row[1] == "n" ? "1  Start from the network" : "1  Memory test"));
+    ASSERT_TRUE(pc.WaitForScreen(row[1] == "n" ? "1  Start from the network" : kRescueDiskShown));
     Choose(pc, row[1]);
     EXPECT_TRUE(pc.WaitForScreen(row[2]));
   }

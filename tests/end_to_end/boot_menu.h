@@ -4,15 +4,13 @@
 #include <string>
 #include <vector>
 
+#include "tests/boot/boot_texts.h"
 #include "tests/boot/emulator.h"
 #include "tests/end_to_end/build_test.h"
 
 namespace discwright::testing {
 
 using ::testing::Not;
-
-// A text that stands on the screen while the menu shows its entries.
-inline constexpr const char* kEntriesShown = "Arrows: choose";
 
 class BootMenu : public BuildTest {
  protected:
@@ -38,18 +36,6 @@ class BootMenu : public BuildTest {
     std::string floppy = SectorThatShows(text);
     floppy.resize(kFloppySize, 'f');
     return floppy;
-  }
-
- private:
-  // A boot sector that writes a text and a digit for its drive to the top left of the screen.
-  static std::string SectorThatShows(const std::string& text) {
-    using namespace std::string_literals;
-    std::string sector = "\xB8\x00\xB8\x8E\xC0\x31\xFF\xB4\x07"s;                    // ES:DI = the screen, AH = grey
-    for (const char letter : text) sector += std::string("\xB0") + letter + "\xAB";  // mov al, letter; stosw
-    sector += "\x88\xD0\x24\x7F\x04\x30\xAB";  // AL = drive without bit 7, as a digit
-    sector += "\xF4\xEB\xFD";                  // hlt; jmp back to it
-    sector.resize(510, '\0');
-    return sector + "\x55\xAA";
   }
 };
 

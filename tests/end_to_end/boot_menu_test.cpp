@@ -8,12 +8,6 @@
 
 namespace discwright::testing {
 
-namespace {
-
-constexpr const char* kFloppyText = "1  Memory test";  // in the menu of the disk
-
-}  // namespace
-
 TEST_F(BootMenu, EveryKindOfCdDrive_ShowsTheEntriesWhoseFilesAreOnTheCd) {
   ASSERT_EQ(Build().exit_code, 0);
   for (const auto& drive : {CdDrive(image), AhciCdDrive(image), UsbCdDrive(image)}) {
@@ -57,7 +51,7 @@ TEST_F(BootMenu, FloppyImage_IsStartedFromMemory) {
   Emulator pc(CdDrive(image));
   ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
   pc.SendKey("s");
-  EXPECT_TRUE(pc.WaitForScreen(kFloppyText));
+  EXPECT_TRUE(pc.WaitForScreen(kRescueDiskShown));
 }
 
 // QEMU knows no 80386: its oldest processor is the 80486.
@@ -66,7 +60,7 @@ TEST_F(BootMenu, OldMachineWith4MbOfMemory_ShowsTheMenuAndStartsAFloppyImage) {
   Emulator pc(Join(CdDrive(image), std::vector<std::string>{"-cpu", "486", "-m", "4"}));
   ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
   pc.SendKey("s");
-  EXPECT_TRUE(pc.WaitForScreen(kFloppyText));
+  EXPECT_TRUE(pc.WaitForScreen(kRescueDiskShown));
 }
 
 TEST_F(BootMenu, SetupSectors_ReachTheLoadersOfTheirFolders) {

@@ -17,8 +17,7 @@ class BootPassword : public BootMenu {
     Emulator pc(CdDrive(image));
     ASSERT_TRUE(pc.WaitForScreen(kPrompt));
     EXPECT_THAT(pc.Screen(), Not(HasSubstr("First hard disk")));
-    pc.Type(typed);
-    pc.SendKey("ret");
+    pc.Type(typed + "\n");
     EXPECT_TRUE(pc.WaitForScreen("First hard disk"));
   }
 };
@@ -43,20 +42,18 @@ TEST_F(BootPassword, EmptyPassword_IsNoOtherOne) {
   ASSERT_EQ(Build({"--set", "ChkPassProtect=1"}).exit_code, 0);
   Emulator pc(CdDrive(image));
   ASSERT_TRUE(pc.WaitForScreen(kPrompt));
-  pc.SendKey("spc");
-  pc.SendKey("ret");
+  pc.Type(" \n");
   EXPECT_TRUE(pc.WaitForScreen("This is not the password."));
 }
 
-// The build writes the password as Windows-1252, in which an u umlaut is 252.
+// The build writes the password in Windows-1252, where the letter u with an umlaut is 252.
 TEST_F(BootPassword, Umlaut_IsTypedByItsNumber) {
   ASSERT_EQ(Build(WithPassword("gr\xC3\xBCn")).exit_code, 0);
   Emulator pc(CdDrive(image));
   ASSERT_TRUE(pc.WaitForScreen(kPrompt));
   pc.Type("gr");
   for (const char* key : {"alt+2", "alt+5", "alt+2"}) pc.SendKey(key);
-  pc.Type("n");
-  pc.SendKey("ret");
+  pc.Type("n\n");
   EXPECT_TRUE(pc.WaitForScreen("First hard disk"));
 }
 
@@ -65,11 +62,12 @@ TEST_F(BootPassword, QuoteInThePassword_EndsItEarly) { ExpectToOpen(WithPassword
 TEST_F(BootPassword, WrongPasswordThreeTimes_RestartsTheMachine) {
   ASSERT_EQ(Build(WithPassword("secret")).exit_code, 0);
   Emulator pc(CdDrive(image));
-  for (int turn = 0; turn < 3; ++turn) {
+  for (int turn = 1; turn <= 3; ++turn) {
     ASSERT_TRUE(pc.WaitForScreen(kPrompt));
-    pc.Type("h");
-    pc.SendKey("ret");
-    EXPECT_TRUE(turn == 2 || pc.WaitForScreen("Next try in"));
+    pc.Type("h\n");
+    if (turn < 3) {
+      ASSERT_TRUE(pc.WaitForScreen("Next try in"));
+    }
   }
   EXPECT_TRUE(pc.WaitForEnd());
   EXPECT_THAT(pc.Events(), HasSubstr("guest-reset"));
@@ -87,13 +85,11 @@ TEST_F(BootPassword, NothingGetsPastIt) {
        {"h", "x", "r", "1", "esc", "f1", "f8", "tab", "down", "end", "home", "ctrl+c", "alt+x", "esc"}) {
     pc.SendKey(key);
   }
-  pc.Type("secre");
-  pc.SendKey("ret");
+  pc.Type("secre\n");
   EXPECT_TRUE(pc.WaitForScreen("This is not the password."));
   EXPECT_THAT(pc.Screen(), Not(HasSubstr("HD0")));
   ASSERT_TRUE(pc.WaitForScreen(kPrompt));
-  pc.Type("secret");
-  pc.SendKey("ret");
+  pc.Type("secret\n");
   EXPECT_TRUE(pc.WaitForScreen("boot/scripts/local.cds, line 1"));
 }
 

@@ -3,7 +3,6 @@
 #include <string>
 #include <utility>
 
-#include "tests/boot/emulator.h"
 #include "tests/end_to_end/boot_menu.h"
 
 namespace discwright::testing {
@@ -41,7 +40,7 @@ class RescueCd : public ::testing::Test {
   static void TearDownTestSuite() { recipe.reset(); }
   void SetUp() override { ASSERT_EQ(recipe->problem, ""); }
 
-  // A PC with the CD and further arguments of QEMU, in whose menu a key was pressed.
+  // Starts a PC with the CD and further arguments of QEMU, and presses a key in the menu.
   static std::unique_ptr<Emulator> Started(const std::string& key, const std::vector<std::string>& arguments = {},
                                            const char* pc_name = kPc32) {
     auto pc = std::make_unique<Emulator>(Join(CdDrive(recipe->image), arguments), pc_name);
@@ -94,7 +93,7 @@ TEST_F(RescueCd, DebianOnTheScreen_ReachesItsFirstDialogInTextMode) {
 // The kernel and its RAM disk have 36 MB.
 TEST_F(RescueCd, DebianInTooLittleMemory_IsSaidAndTheMenuStays) {
   const auto pc = Started("x", {"-m", "32"});
-  EXPECT_TRUE(pc->WaitForScreen("This machine has too little memory for the RAM disk."));
+  EXPECT_TRUE(pc->WaitForScreen("rescue/debian/initrd.gz: This machine has too little memory for the RAM"));
   pc->SendKey("i");
   EXPECT_TRUE(pc->WaitForScreen("iPXE initialising devices"));
 }

@@ -8,11 +8,9 @@ namespace discwright::testing {
 
 namespace {
 
-constexpr const char* kMenuOfTheDisk = "1  Memory test";  // with the rescue software
-
-class SecondBios : public BuildTest {
+class SecondBios : public BootMenu {
  protected:
-  // Types a password, each key after the one before it was seen: the keyboard of this PC holds a few keys only.
+  // Types a password. It waits for the effect of each key, because the keyboard of this PC holds only a few keys.
   static void TypePassword(Bochs& pc, const std::string& password) {
     std::string stars = "Password: ";
     for (const char letter : password) {
@@ -38,7 +36,7 @@ TEST_F(SecondBios, FloppyImage_IsStartedFromMemory) {
   Bochs pc(image, Bochs::StartsFrom::kCd);
   ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
   pc.Type("s");
-  EXPECT_TRUE(pc.WaitForScreen(kMenuOfTheDisk));
+  EXPECT_TRUE(pc.WaitForScreen(kRescueDiskShown));
 }
 
 TEST_F(SecondBios, Overview_TellsTheMemoryAndGoesBackToTheMenu) {
@@ -54,8 +52,7 @@ TEST_F(SecondBios, Overview_TellsTheMemoryAndGoesBackToTheMenu) {
 }
 
 TEST_F(SecondBios, Password_OpensTheMenuOnlyWhenItIsRight) {
-  WriteFile(place / "password", "open Sesame\n");
-  ASSERT_EQ(Build({"--password-file", (place / "password").string()}).exit_code, 0);
+  ASSERT_EQ(Build(WithPassword("open Sesame")).exit_code, 0);
   Bochs pc(image, Bochs::StartsFrom::kCd);
   ASSERT_TRUE(pc.WaitForScreen("Type the password"));
   TypePassword(pc, "s");
@@ -71,7 +68,7 @@ TEST_F(SecondBios, ImageAsHardDisk_ShowsTheMenu) {
   Bochs pc(image, Bochs::StartsFrom::kHardDisk);
   ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
   pc.Type("s");
-  EXPECT_TRUE(pc.WaitForScreen(kMenuOfTheDisk));
+  EXPECT_TRUE(pc.WaitForScreen(kRescueDiskShown));
 }
 
 }  // namespace discwright::testing

@@ -3,11 +3,10 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <string>
 #include <vector>
 
 #include "boot/loader/fat12.h"
+#include "tests/fuzz/fuzzed_sectors.h"
 
 namespace {
 
@@ -15,27 +14,8 @@ using discwright::loader::FatVolume;
 using discwright::loader::kFloppySectorSize;
 using discwright::loader::VolumeEntry;
 using discwright::loader::VolumeError;
-using Bytes = std::span<const std::uint8_t>;
-
-void Require(bool right) {
-  if (!right) std::abort();
-}
-
-class FuzzedSectors final : public discwright::loader::Sectors {
- public:
-  explicit FuzzedSectors(Bytes bytes) : bytes_(bytes) {}
-
-  bool Read(std::uint32_t sector, std::span<std::uint8_t> to) override {
-    Require(!to.empty() && to.size() % kFloppySectorSize == 0);
-    const std::size_t from = std::size_t{sector} * kFloppySectorSize;
-    if (from > bytes_.size() || to.size() > bytes_.size() - from) return false;
-    std::copy_n(bytes_.begin() + static_cast<std::ptrdiff_t>(from), to.size(), to.begin());
-    return true;
-  }
-
- private:
-  Bytes bytes_;
-};
+using discwright::testing::FuzzedSectors;
+using discwright::testing::Require;
 
 void ReadSome(FatVolume& volume, const VolumeEntry& file) {
   std::vector<std::uint8_t> room(std::min<std::size_t>(file.size, 5 * kFloppySectorSize + 1));
@@ -50,7 +30,7 @@ void ReadSome(FatVolume& volume, const VolumeEntry& file) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  FuzzedSectors sectors({data, size});
+  FuzzedSectors sectors({data, size}, kFloppySectorSize, 0);
   std::vector<std::uint8_t> buffer(FatVolume::kLeastBuffer + size % 3 * kFloppySectorSize);
   FatVolume volume(sectors, buffer);
   if (volume.Open() != VolumeError::kNone) return 0;

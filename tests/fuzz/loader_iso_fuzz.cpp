@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "boot/loader/iso9660.h"
+#include "tests/fuzz/fuzzed_sectors.h"
 
 namespace {
 
@@ -16,31 +16,11 @@ using discwright::loader::IsoVolume;
 using discwright::loader::kSectorSize;
 using discwright::loader::VolumeEntry;
 using discwright::loader::VolumeError;
-using Bytes = std::span<const std::uint8_t>;
+using discwright::testing::FuzzedSectors;
+using discwright::testing::Require;
 
 constexpr std::uint32_t kFirstSector = 16;
 constexpr std::size_t kMostEntries = 64;  // of each folder
-
-void Require(bool right) {
-  if (!right) std::abort();
-}
-
-class FuzzedSectors final : public discwright::loader::Sectors {
- public:
-  explicit FuzzedSectors(Bytes bytes) : bytes_(bytes) {}
-
-  bool Read(std::uint32_t sector, std::span<std::uint8_t> to) override {
-    Require(!to.empty() && to.size() % kSectorSize == 0);
-    if (sector < kFirstSector) return false;
-    const std::size_t from = std::size_t{sector - kFirstSector} * kSectorSize;
-    if (from > bytes_.size() || to.size() > bytes_.size() - from) return false;
-    std::copy_n(bytes_.begin() + static_cast<std::ptrdiff_t>(from), to.size(), to.begin());
-    return true;
-  }
-
- private:
-  Bytes bytes_;
-};
 
 // Remembers the first entries of a folder, and reads every byte of each name.
 class Entries final : public discwright::loader::IsoVisitor {
@@ -83,7 +63,7 @@ void Walk(IsoVolume& volume, const VolumeEntry& folder, const std::string& path,
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  FuzzedSectors sectors({data, size});
+  FuzzedSectors sectors({data, size}, kSectorSize, kFirstSector);
   const std::size_t buffer_sectors = size % 3 + 1;
   std::vector<std::uint8_t> buffer(buffer_sectors * kSectorSize);
   IsoVolume volume(sectors, buffer);

@@ -7,7 +7,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,14 +14,12 @@
 
 #include "boot/loader/menu.h"
 #include "boot/loader/script.h"
+#include "tests/fuzz/fuzzed_sectors.h"
 
 namespace {
 
 using namespace discwright::loader;
-
-void Require(bool promise) {
-  if (!promise) std::abort();
-}
+using discwright::testing::Require;
 
 class FuzzFiles : public Files {
  public:

@@ -45,10 +45,8 @@ class FakeFiles : public Files {
 
 // A script that was read, together with the memory that its texts are in.
 struct ReadScriptText {
-  explicit ReadScriptText(FakeFiles& files, std::size_t room = 256 * 1024) : memory(room) {
-    ReadScript(files, "main.cds", Processor::k32Bit, memory, *script);
-  }
-  ReadScriptText(FakeFiles& files, Processor processor) : memory(256 * 1024) {
+  explicit ReadScriptText(FakeFiles& files, Processor processor = Processor::k32Bit, std::size_t room = 256 * 1024)
+      : memory(room) {
     ReadScript(files, "main.cds", processor, memory, *script);
   }
   explicit ReadScriptText(const std::string& text) : ReadScriptText(text, {}) {}

@@ -1,5 +1,5 @@
 // Reads floppies that other programs and CreateDsk made, and compares every file with what was put in.
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <map>
 
@@ -20,7 +20,7 @@ void Shell(const TempFolder& folder, const std::string& line) {
   ASSERT_EQ(end.exit_code, 0) << line << "\n" << end.output;
 }
 
-// By the path on the floppy.
+// The files and their sizes in bytes, by their paths on the floppy.
 const std::map<std::string, std::size_t> kFiles = {{"BOOT/SCRIPTS/MAIN.CDS", 700},
                                                    {"BOOT/MEMDISK", 26140},
                                                    {"LOADER.BIN", 33333},

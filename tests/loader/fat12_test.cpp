@@ -1,9 +1,7 @@
 // Tests of the loader's reader of floppies with volumes that are made byte by byte, and with damaged ones.
 #include "boot/loader/fat12.h"
 
-#include <gmock/gmock.h>
-
-#include <set>
+#include <gtest/gtest.h>
 
 #include "tests/host/temp_folder.h"
 #include "tests/loader/hand_made_floppy.h"
@@ -18,7 +16,7 @@ std::string Say(VolumeError error) { return OpenedFloppy::Say(error); }
 
 const std::string kContent = host::testing::BytesOfSize(1300);
 
-// A floppy with FILE.TXT of 1,300 bytes in the clusters 5, 6 and 9.
+// Makes a floppy with FILE.TXT of 1,300 bytes in the clusters 5, 6 and 9.
 HandMadeFloppy WithFile() {
   HandMadeFloppy floppy;
   floppy.AddToRoot("FILE    TXT", HandMadeFloppy::kFile, 5, 1300);
@@ -61,11 +59,8 @@ TEST(FatOpen, WhatIsNoFat12_IsRefused) {
     floppy.Put16(at, value);
     EXPECT_EQ(OpenError(floppy), error) << at << " " << value;
   }
-  for (const auto& [at, value, error] : {Change{13, 0, kNoVolume},
-                                         {13, 3, kNoVolume},
-                                         {16, 0, kNoVolume},
-
-                                         {21, 0xEF, kNoVolume}}) {
+  for (const auto& [at, value, error] :
+       {Change{13, 0, kNoVolume}, {13, 3, kNoVolume}, {16, 0, kNoVolume}, {21, 0xEF, kNoVolume}}) {
     HandMadeFloppy floppy;
     floppy.bytes[at] = static_cast<char>(value);
     EXPECT_EQ(OpenError(floppy), error) << at << " " << value;
@@ -212,7 +207,7 @@ TEST(FatRead, ClustersThatFollowOneAnother_AreOneRead) {
 }
 
 TEST(FatRead, DamagedChain_IsAnError) {
-  // What the table says behind the last cluster, or behind the first one.
+  // The table has wrong values first for the last cluster of the file, and then for its first cluster.
   for (const std::uint32_t next : {0u, 1u, 5u, 6u, 9u, 0xFF7u, 0xFF0u, 2849u}) {
     HandMadeFloppy made = WithFile();
     made.SetNext(9, next);

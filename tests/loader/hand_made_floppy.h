@@ -45,7 +45,7 @@ class HandMadeFloppy {
     bytes[at + 1] = static_cast<char>(value >> 8);
   }
 
-  // Writes what the first copy of the table says behind a cluster.
+  // Writes the value for a cluster into the first copy of the table.
   void SetNext(std::uint32_t cluster, std::uint32_t next) {
     const std::size_t at = kTable + cluster + cluster / 2;
     const std::uint32_t old = static_cast<std::uint8_t>(bytes[at]) |
@@ -85,7 +85,7 @@ struct OpenedFloppy {
 
   static std::string Say(loader::VolumeError error) { return std::string(Words(error, loader::Medium::kFloppy)); }
 
-  // Both return the words of an error instead.
+  // Both return what they read, or the words of an error.
   std::string Read(std::string_view path) {
     loader::VolumeEntry file;
     const loader::VolumeError error = volume.Find(path, file);

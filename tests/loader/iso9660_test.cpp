@@ -2,7 +2,6 @@
 #include "boot/loader/iso9660.h"
 
 #include <array>
-#include <set>
 
 #include "tests/loader/hand_made_iso.h"
 #include "tests/loader/iso_fixture.h"

@@ -6,7 +6,6 @@
 #include <iterator>
 #include <regex>
 #include <string>
-#include <vector>
 
 #include "tests/loader/fake_files.h"
 

@@ -247,7 +247,7 @@ TEST(ReadScriptTest, LargerScript_IsReadUpToTheLastWholeLine) {
 TEST(ReadScriptTest, FullMemory_IsSaid) {
   FakeFiles files;
   files.files = {{"main.cds", kRestartEntry + "Include a"}, {"a", std::string(200, '#')}};
-  const ReadScriptText read(files, 100);
+  const ReadScriptText read(files, Processor::k32Bit, 100);
   EXPECT_THAT(
       read.Mistakes(),
       ElementsAre("main.cds, line 5: the memory for scripts is full, so the end of this script does not count: a"));
@@ -438,7 +438,7 @@ std::string DiskScript(const std::string& path) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-// A script of a disk, on which all files are that its profile may name.
+// Reads the script of a disk. All files that the profiles name are there.
 ReadScriptText ReadDisk(const std::string& profile, Processor processor, bool asks_for_card = false) {
   FakeFiles files;
   for (const char* name : {"memtest.x64", "memtest.x32", "grub.gz", "memdisk", "ipxe.krn"}) {
@@ -446,7 +446,7 @@ ReadScriptText ReadDisk(const std::string& profile, Processor processor, bool as
   }
   if (asks_for_card) files.files["boot/scripts/cards.cds"] = DiskScript("cards.cds");
   files.files["main.cds"] = DiskScript(profile + "/main.cds");
-  return {files, processor};
+  return ReadScriptText(files, processor);
 }
 
 TEST(DiskScriptTest, EveryDisk_OffersItsProgramsAndTheWaysOut) {

@@ -37,6 +37,7 @@ class OwnFolder {
 
  private:
   Result ReadFolder(const std::string& below, const std::vector<ShortName>& parents);
+  Result CheckEntry(const host::Entry& entry, const std::string& below) const;
   Result AddEntry(const host::Entry& entry, const std::string& below, const std::vector<ShortName>& parents);
   Result AddFile(ProfileFile file);
   Result TakeImage(Profile& profile) const;
@@ -80,13 +81,18 @@ Result OwnFolder::ReadFolder(const std::string& below, const std::vector<ShortNa
   return Result::Success();
 }
 
-Result OwnFolder::AddEntry(const host::Entry& entry, const std::string& below, const std::vector<ShortName>& parents) {
+Result OwnFolder::CheckEntry(const host::Entry& entry, const std::string& below) const {
   if (!entry.problem.ok()) return CannotRead(Path(below), entry.problem);
   if (entry.kind == host::EntryKind::kSpecial || entry.broken ||
       (entry.is_link && entry.kind == host::EntryKind::kFolder)) {
     return Result::Failure(Shown(Path(below)) + " is neither a file nor a folder. Remove it, or put the file or " +
                            "folder itself there.");
   }
+  return Result::Success();
+}
+
+Result OwnFolder::AddEntry(const host::Entry& entry, const std::string& below, const std::vector<ShortName>& parents) {
+  if (Result result = CheckEntry(entry, below); !result.ok()) return result;
   const bool is_top = parents.empty();
   if (is_top && HasName(entry, "*.img")) {
     images_.push_back(below);
@@ -94,7 +100,7 @@ Result OwnFolder::AddEntry(const host::Entry& entry, const std::string& below, c
   }
   if (is_top && HasName(entry, "bootsect.bin")) {
     if (!boot_sector_.empty()) {
-      return Result::Failure(Shown(Path(below)) + " is there twice, in other letter cases. Remove one of the files.");
+      return Result::Failure(Shown(Path(below)) + " is there twice, in two letter cases. Remove one of the files.");
     }
     boot_sector_ = below;
     return Result::Success();

@@ -10,8 +10,8 @@ namespace discwright::tools {
 
 // Looks into the folder that Own= of disk.ini names, and completes the profile with what lies there:
 // - one floppy image *.img, which becomes the base, with its own boot sector
-// - or system files, and a boot sector in the file bootsect.bin. They come onto the disk in front of the other files.
-// - or nothing, or the folder is missing: then the files of [WithoutOwn] are added.
+// - or system files, and a boot sector in the file bootsect.bin: the system files come first on the disk
+// - or nothing, or the folder is missing: then the files of [WithoutOwn] are added
 // Sets `is_own` in the first two cases. Fails with a sentence that says what to change in the folder. Does nothing if
 // the profile has no Own=. `folder` is the profile folder.
 Result TakeOwnSystem(const std::string& folder, Profile& profile, bool& is_own);

@@ -58,7 +58,7 @@ Result ParseSource(std::string_view text, std::string_view key, std::string& sou
   return source.empty() || StaysInside(source) ? Result::Success() : SourceFailure("Disk", key, source);
 }
 
-// An image of the user is found through either key, so both together would name two.
+// Base and Own both name a system of the user, so a profile has at most one of them.
 Result ParseSystem(std::string_view text, Profile& profile) {
   if (Result result = ParseSource(text, "BootSector", profile.boot_sector); !result.ok()) return result;
   if (Result result = ParseSource(text, "Base", profile.base); !result.ok()) return result;

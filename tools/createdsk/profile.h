@@ -27,17 +27,17 @@ struct Profile {
   std::optional<ShortName> label;  // may be missing only in a profile with a base
   std::string boot_sector;         // path below the profile folder; empty when the profile has none
   std::string base;                // path of a base image below the profile folder; empty when the profile has none
-  std::string own;                 // folder for the user's own system, below the profile folder; empty: the profile
-                                   // takes none
+  std::string own;                 // path of the folder for the user's own system below the profile folder; empty when
+                                   // the profile takes no such system
   std::vector<ProfileFile> files;  // in the order of disk.ini, no path twice; system files stand first
-  std::vector<ProfileFile> files_without_own;  // those that are added while the folder `own` is empty
+  std::vector<ProfileFile> files_without_own;  // are added to `files` while the folder `own` is empty
 };
 
 // Reads the text of a disk.ini. With `selection` it also reads [Selection]: a file there replaces the file of [Files]
 // with the same path, or is added. Fails with a sentence that names the section and the key.
 Result ParseProfile(std::string_view text, bool selection, Profile& profile);
 
-// Adds files to others. One with the path of another takes its place.
+// Adds files to `files`. A file with the path of one that is already there replaces its source.
 void AddFiles(std::vector<ProfileFile> more, std::vector<ProfileFile>& files);
 
 // Whether the text is the name of one file or folder: it has no separator, "..", wildcard or drive letter, and it is

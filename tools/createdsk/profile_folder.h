@@ -9,7 +9,7 @@
 
 namespace discwright::tools {
 
-// A path as the user knows it.
+// Returns a path as messages show it.
 std::string Shown(std::string_view path);
 
 Result CannotRead(std::string_view path, const host::Status& status);

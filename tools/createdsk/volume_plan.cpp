@@ -17,7 +17,7 @@ std::optional<std::size_t> FindRecord(const Folder& folder, const ShortName& nam
   return {};
 }
 
-// `behind` counts the bytes of what stands behind it in the profile, and so does not fit, either.
+// `behind` is the size of the files that stand behind it in the profile and do not fit, either.
 Result DoesNotFit(const std::string& what, std::uint64_t missing, std::uint64_t behind = 0) {
   return Result::Failure(what + " does not fit on the disk: " + std::to_string(missing) +
                          (missing == 1 ? " byte is" : " bytes are") + " missing" +

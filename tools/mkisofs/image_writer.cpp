@@ -24,7 +24,7 @@ class Writer {
       : plan_(plan), tree_(plan.tree), layout_(plan.layout), source_(source), progress_(progress), stream_(file) {}
 
   Result Write() {
-    const bool written = WriteSystemArea() && WriteDescriptors() && WriteBoot() && WriteDirectories() && WriteFiles();
+    const bool written = WriteSystemAreaAndDescriptors() && WriteBoot() && WriteDirectories() && WriteFiles();
     if (written && MoveTo(layout_.padding)) stream_.AppendZeros(std::uint64_t{kPaddingSectors} * kSectorSize);
     const host::Status status = stream_.Flush();
     if (!status.ok()) return Result::Failure(plan_.options.output + ": " + CauseOf(status));
@@ -32,8 +32,8 @@ class Writer {
   }
 
  private:
-  // A boot image that is our loader has a program for the first sector of a disk.
-  bool WriteSystemArea() {
+  // If the boot image is our loader, it has a program for the first sector of a disk.
+  bool WriteSystemAreaAndDescriptors() {
     if (layout_.boot_image && !plan_.options.leave_system_area_empty) {
       const Node& image = tree_.nodes[*layout_.boot_image];
       std::vector<std::uint8_t> loader(std::min<std::size_t>(image.size, kLargestLoader));
@@ -42,10 +42,12 @@ class Writer {
       if (record) stream_.Append(BytesOf(*record));
     }
     stream_.AppendZeros(std::uint64_t{kSystemAreaSectors} * kSectorSize - stream_.position());
+    WriteDescriptors();
     return true;
   }
 
-  // Makes `bytes` smaller when the file has become shorter. WriteFile reports that.
+  // Reads as much of the beginning of a file as `bytes` has room for. If the file has become shorter, `bytes` becomes
+  // smaller, and WriteFile reports the change later.
   bool ReadBeginning(const std::string& path, std::vector<std::uint8_t>& bytes) {
     const auto file = source_.Open(path);
     if (!file.ok()) return Fail(path, CauseOf(file.status));
@@ -55,7 +57,7 @@ class Writer {
     return true;
   }
 
-  bool WriteDescriptors() {
+  void WriteDescriptors() {
     const auto make = [this](DescriptorKind kind) {
       return BytesOf(
           MakeVolumeDescriptor(kind, plan_.options, tree_, layout_, plan_.dates.created, plan_.dates.records));
@@ -65,7 +67,6 @@ class Writer {
     if (layout_.boot_image) stream_.Append(BytesOf(MakeBootRecord(layout_.boot_catalogue)));
     stream_.Append(make(DescriptorKind::kEnhanced));
     stream_.Append(BytesOf(MakeTerminator()));
-    return true;
   }
 
   bool WriteBoot() {

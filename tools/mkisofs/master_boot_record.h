@@ -38,10 +38,9 @@ static_assert(sizeof(MasterBootRecord) == 512);
 // How much of the beginning of the boot image MakeMasterBootRecord looks at. Our loader is smaller.
 inline constexpr std::size_t kLargestLoader = 64 * std::size_t{kSectorSize};
 
-// Returns the first sector of an image, if its boot image is our loader and has a program for this sector. Other boot
-// images know nothing of disks. `loader`: the beginning of the boot image, which has its place at `loader_sector`.
-// `sectors`: the size of the image. `created`: the volume's date, from which together with the size the disk signature
-// is made.
+// Returns the first sector of an image if its boot image is our loader and has a program for this sector. Other boot
+// images have no such program. `loader`: the beginning of the boot image, which begins at `loader_sector`. `sectors`:
+// the size of the image. `created`: the date of the volume. The disk signature is made of the size and the date.
 std::optional<MasterBootRecord> MakeMasterBootRecord(std::span<const std::uint8_t> loader, std::uint32_t loader_sector,
                                                      std::uint32_t sectors, std::int64_t created);
 

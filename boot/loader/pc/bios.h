@@ -7,6 +7,7 @@ namespace discwright::loader::bios {
 
 inline constexpr std::uint32_t kCarry = 1;  // the flag that many functions set when they fail
 inline constexpr std::uint32_t kZero = 0x40;
+inline constexpr std::uint8_t kDiskInterrupt = 0x13;
 
 // The registers before and after a call. bios.asm knows the layout.
 struct Registers {

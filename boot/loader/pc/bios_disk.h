@@ -1,4 +1,5 @@
-// The disk door for CDs: reads sectors of the image from the drive that the machine was started from.
+// The disk door for images of CDs: reads their sectors from the drive that the machine was started from, which may be a
+// CD drive, a stick or a hard disk.
 #pragma once
 
 #include "boot/loader/pc/piece_reader.h"

@@ -13,8 +13,8 @@ namespace discwright::loader {
 // Why a boot sector for CDs cannot be started from another drive.
 inline constexpr std::string_view kNeedsACdDrive = "This can only start from a CD drive.";
 
-// Opens `volume`, which is in `drive`, and runs its menu. `obstacles` says what cannot be started from this drive. Says
-// why when the volume cannot be opened. Does not return.
+// Opens `volume`, which is in `drive`, and runs its menu. `obstacles` says what cannot be started from this drive. If
+// the volume cannot be opened, it shows the reason and restarts the computer. Does not return.
 [[noreturn]] void ShowBootMenu(Console& console, Volume& volume, BiosDisk::Drive drive, const Obstacles& obstacles);
 
 }  // namespace discwright::loader

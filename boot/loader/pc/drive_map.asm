@@ -28,7 +28,7 @@ drive_map:
     cmp dl, FIRST_DISK + DISKS
     jae .unchanged
     push bp
-    mov bp, sp                  ; [bp + 2] is the caller's address, [bp + 6] are its flags
+    mov bp, sp                  ; [bp + 2] = the caller's address, [bp + 6] = its flags
     push ax
     push dx
     push bx
@@ -40,9 +40,9 @@ drive_map:
     mov bp, [bp]
     call far [cs:drive_map_bios - drive_map]
     push bp
-    mov bp, sp                  ; [bp + 2] = DX, [bp + 4] = AX, [bp + 6] = BP, [bp + 8] is the caller's address
+    mov bp, sp                  ; [bp + 2] = DX, [bp + 4] = AX, [bp + 6] = BP, [bp + 8] = the caller's address
     pushf
-    pop word [bp + 12]          ; the flags go to the caller
+    pop word [bp + 12]          ; IRET returns these flags to the caller
     cmp byte [bp + 5], PARAMETERS
     je .returned
     cmp byte [bp + 5], DISK_SIZE

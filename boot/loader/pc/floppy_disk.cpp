@@ -18,7 +18,7 @@ void FloppyDisk::LearnGeometry() {
   heads_ = heads;
 }
 
-// 0 behind the last cylinder that a read can name.
+// Returns 0 behind the last cylinder that INT 13h can address.
 std::size_t FloppyDisk::MostAt(std::uint32_t sector) const {
   constexpr std::uint32_t kCylinders = 256;
   return sector / track_sectors_ / heads_ < kCylinders ? track_sectors_ - sector % track_sectors_ : 0;

@@ -10,8 +10,8 @@ class FloppyDisk final : public PieceReader {
   // `drive`: its number for INT 13h.
   explicit FloppyDisk(std::uint8_t drive) : PieceReader(drive, kFloppySectorSize, kMost) {}
 
-  // Takes the geometry from the parameter block in the first sector. Without it, and if that sector cannot be read or
-  // has no sane numbers, the geometry is that of a floppy of 1.44 MB.
+  // Takes the geometry from the parameter block in the first sector. If that sector cannot be read, or its numbers
+  // cannot be right, the geometry stays that of a floppy of 1.44 MB.
   void LearnGeometry();
 
  private:

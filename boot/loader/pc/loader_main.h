@@ -1,5 +1,5 @@
-// What the start of the loader calls when the machine is ready. The loader of the CD, the loader of floppies and the
-// tests' program implement it.
+// The main function, which entry.asm and loader_main.cpp reach when the machine is ready. The loader of the CD, the
+// loader of floppies and a program of the tests each have their own.
 #pragma once
 
 #include "boot/loader/pc/bios_disk.h"

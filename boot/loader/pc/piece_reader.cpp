@@ -1,4 +1,4 @@
-// Divides reads into pieces, and repeats them.
+// Divides reads into pieces, and repeats pieces that fail.
 #include "boot/loader/pc/piece_reader.h"
 
 #include <algorithm>
@@ -10,8 +10,7 @@ namespace discwright::loader {
 
 namespace {
 
-constexpr std::uint8_t kDiskInterrupt = 0x13;
-constexpr int kTries = 4;  // a floppy drive may need three to start its motor
+constexpr int kTries = 4;  // a floppy drive may need three until its motor runs
 
 }  // namespace
 
@@ -35,14 +34,14 @@ bool PieceReader::ReadPiece(std::uint32_t sector, std::size_t count) {
   for (int turn = 0; turn < kTries; ++turn) {
     if (TryPiece(sector, count)) return true;
     bios::Registers reset{.edx = drive_};
-    bios::Call(kDiskInterrupt, reset);
+    bios::Call(bios::kDiskInterrupt, reset);
   }
   return false;
 }
 
 bool PieceReader::CallBios(bios::Registers& registers) {
   registers.edx |= drive_;
-  bios::Call(kDiskInterrupt, registers);
+  bios::Call(bios::kDiskInterrupt, registers);
   if (!registers.Has(bios::kCarry)) return true;
   last_error_ = static_cast<std::uint8_t>(registers.eax >> 8);
   return false;

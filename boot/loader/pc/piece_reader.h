@@ -11,7 +11,7 @@ class PieceReader : public Sectors {
  public:
   bool Read(std::uint32_t sector, std::span<std::uint8_t> to) final;
 
-  // What the BIOS said about the last read that failed; kShortRead when it read too little and reported success.
+  // The error that the BIOS reported for the last failed read; kShortRead if it read too little and reported success.
   [[nodiscard]] std::uint8_t LastError() const { return last_error_; }
   static constexpr std::uint8_t kShortRead = 0xFF;
 

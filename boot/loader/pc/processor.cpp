@@ -7,7 +7,7 @@ namespace discwright::loader {
 
 namespace {
 
-constexpr std::uint32_t kIdFlag = 1U << 21;  // of the flags: a program can change it only if there is CPUID
+constexpr std::uint32_t kIdFlag = 1U << 21;  // a flag that programs can change only if the processor has CPUID
 constexpr std::uint32_t kHighestExtended = 0x80000000;
 constexpr std::uint32_t kExtendedFeatures = 0x80000001;
 constexpr std::uint32_t kLastExtended = 0x8000FFFF;
@@ -38,7 +38,7 @@ struct Answer {
   std::uint32_t edx = 0;
 };
 
-// CPUID stands here as its bytes, because the assembler refuses instructions that a 386 lacks.
+// CPUID is written as bytes, because the assembler refuses instructions that a 386 lacks.
 Answer Cpuid(std::uint32_t function) {
   Answer answer;
   __asm__ volatile(".byte 0x0F, 0xA2" : "=a"(answer.eax), "=d"(answer.edx) : "a"(function) : "ebx", "ecx");
@@ -49,7 +49,7 @@ Answer Cpuid(std::uint32_t function) {
 
 Processor ReadProcessor() {
   if (!HasCpuid()) return Processor::k32Bit;
-  // A processor without extended functions answers with a number that is none of theirs.
+  // A processor without extended functions answers with a number outside of their range.
   const std::uint32_t highest = Cpuid(kHighestExtended).eax;
   if (highest < kExtendedFeatures || highest > kLastExtended) return Processor::k32Bit;
   return (Cpuid(kExtendedFeatures).edx & kLongMode) != 0 ? Processor::k64Bit : Processor::k32Bit;

@@ -324,33 +324,7 @@ copy:
     pop ds
     ret
 
-; Checks the rest of the loader. Shows a message and does not return if it is damaged.
-; IN: -. OUT: -. CLOBBERS: EAX, EBX, CX, EDX, SI, DI, BP.
-verify:
-    xor ebx, ebx                ; the sum
-    xor edx, edx                ; the sum of sums
-    mov bp, [rest_sectors]
-    mov di, STAGE2 / 16
-.sector:
-    push ds
-    mov ds, di
-    xor si, si
-    mov cx, SECTOR / 4
-.word:
-    lodsd
-    add ebx, eax
-    add edx, ebx
-    loop .word
-    pop ds
-    add di, SECTOR / 16
-    dec bp
-    jnz .sector
-    mov si, damaged
-    cmp ebx, [rest_sum]
-    jne stop
-    cmp edx, [rest_sum_of_sums]
-    jne stop
-    ret
+%include "verify.inc"
 
 ; Reads one sector to the start of the buffer.
 ; IN: EAX = sector of the image. OUT: CF. CLOBBERS: CX.

@@ -22,7 +22,6 @@ namespace {
 constexpr std::uint32_t kBootSector = 0x7C00;    // where a boot sector expects to be
 constexpr std::uint32_t kKernelSetup = 0x70000;  // 64 KB for the real-mode part of a kernel; see loader.ld
 constexpr std::string_view kFloppyEmulator = "boot/memdisk";
-constexpr std::uint8_t kDisk = 0x13;  // the interrupt
 constexpr std::size_t kDiskSectorSize = 512;
 constexpr std::size_t kSignature = 510;  // of a boot sector of a disk: 55h AAh
 
@@ -46,8 +45,17 @@ void ShowProgress(std::string_view line) {
 // How many hard disks the BIOS knows.
 std::uint8_t HardDiskCount() {
   bios::Registers registers{.eax = 0x0800, .edx = kFirstDiskNumber};
-  bios::Call(kDisk, registers);
+  bios::Call(bios::kDiskInterrupt, registers);
   return registers.Has(bios::kCarry) ? std::uint8_t{0} : static_cast<std::uint8_t>(registers.edx & 0xFF);
+}
+
+// Runs a kernel that was loaded, with its command line.
+[[noreturn]] void RunKernel(const KernelPlace& place, std::string_view options) {
+  const std::span<std::uint8_t> line = Memory(place.command_line, options.size() + 1);
+  std::memcpy(line.data(), options.data(), options.size());
+  line.back() = 0;
+  CompleteHeader(place, Memory(kKernelSetup, kHeaderSize));
+  bios::StartKernel(kKernelSetup >> 4);
 }
 
 [[noreturn]] void JumpToBootSector(std::uint8_t drive) { bios::Jump({0, kBootSector}, {.edx = drive}); }
@@ -79,7 +87,7 @@ std::string_view Starter::Start(const Command& command) {
   return "";
 }
 
-// Returns the sentence with the name of the file in front.
+// Returns "<path>: <sentence>".
 std::string_view Starter::Failed(std::string_view path, std::string_view sentence) {
   static std::array<char, 240> room;
   constexpr std::size_t kLongestPath = 80;
@@ -97,8 +105,8 @@ std::string_view Starter::StartCdSector(std::string_view path) {
   JumpToBootSector(drive_.number);
 }
 
-// When the menu came from a hard disk, that disk does not count, and the others get the numbers that they would have
-// without it.
+// When the menu came from a hard disk or a stick, that disk does not count. The others get the numbers that they would
+// have without it. `place` is 0 for the first disk.
 std::string_view Starter::StartHardDisk(std::size_t place) {
   const bool is_on_disk = drive_.shift != 0;
   const DriveNumbers numbers = is_on_disk ? NumbersWithout(drive_.number, HardDiskCount()) : UnchangedNumbers();
@@ -108,7 +116,7 @@ std::string_view Starter::StartHardDisk(std::size_t place) {
                             .edx = numbers[place],
                             .es = bios::Segment(bounce_buffer)};
   const bool is_own = is_on_disk && numbers[place] == drive_.number;
-  if (!is_own) bios::Call(kDisk, registers);
+  if (!is_own) bios::Call(bios::kDiskInterrupt, registers);
   if (is_own || registers.Has(bios::kCarry)) return "The computer has no such hard disk, or it cannot be read.";
   if (bounce_buffer[kSignature] != 0x55 || bounce_buffer[kSignature + 1] != 0xAA) {
     return "The hard disk has no boot sector: no system is installed on it.";
@@ -161,12 +169,8 @@ std::string_view Starter::StartLinux(std::string_view path, std::string_view opt
   if (error != VolumeError::kNone) return Failed(path, error);
   error = Load(disk, 0, disk.size, place.ram_disk.begin, ram_disk);
   if (error != VolumeError::kNone) return Failed(ram_disk, error);
-  const std::span<std::uint8_t> line = Memory(place.command_line, options.size() + 1);
-  std::memcpy(line.data(), options.data(), options.size());
-  line.back() = 0;
-  CompleteHeader(place, Memory(kKernelSetup, kHeaderSize));
   console_.Clear();
-  bios::StartKernel(kKernelSetup >> 4);
+  RunKernel(place, options);
 }
 
 std::string_view Starter::ShowOverview() {

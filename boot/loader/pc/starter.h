@@ -29,7 +29,7 @@ class Starter {
     return Failed(path, Words(error, volume_.medium()));
   }
   std::string_view StartCdSector(std::string_view path);
-  std::string_view StartHardDisk(std::size_t place);  // 0: the first one
+  std::string_view StartHardDisk(std::size_t place);
   std::string_view StartLinux(std::string_view path, std::string_view options, std::string_view ram_disk);
   std::string_view ShowOverview();
   VolumeError Load(const VolumeEntry& file, std::uint32_t offset, std::uint32_t size, std::uint32_t address,

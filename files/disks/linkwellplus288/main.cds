@@ -19,7 +19,7 @@ Entry Start from the network
 EndEntry
 
 # The choice of a network card. Only a disk that was made with driver
-# selection has this file. It also takes the time-out away.
+# selection has this file. It also ends the time-out set above.
 IfFile boot/scripts/cards.cds
   Include boot/scripts/cards.cds
 EndIf
