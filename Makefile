@@ -14,7 +14,7 @@ help:
 	@echo "make wizard     builds the program and opens its window"
 	@echo "make iso        makes the example CD image, build/vexacd.iso"
 	@echo "make rescue     makes a CD image with rescue systems of Debian, build/rescue.iso; see examples/rescue"
-	@echo "make boot       starts build/vexacd.iso, or the IMAGE of IMAGE=FILE, on a PC in an emulator"
+	@echo "make boot       starts build/vexacd.iso, or the file of IMAGE=FILE, on a PC in an emulator"
 	@echo "make program    builds the program folder, $(program)"
 	@echo "make install    installs the program for all users below PREFIX, $(PREFIX); DESTDIR=FOLDER puts a folder before it"
 	@echo "make uninstall  removes what make install has installed there"

@@ -14,7 +14,7 @@ if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
   echo "To leave, close the window. Ctrl+Alt+G gives the mouse back."
 elif [ -t 0 ] && [ -t 1 ]; then
   display="curses"
-  printf 'To leave, press P in the menu, or Alt+2, and then type quit and press Enter. Press Enter now to start. '
+  printf 'To leave, press P in the menu; or press Alt+2, type quit and press Enter. Press Enter now to start. '
   read -r _
 else
   echo "boot.sh: there is neither a display nor a terminal to show the screen on." >&2

@@ -24,9 +24,9 @@ TRIES         equ 5             ; the number of tries for each read; a drive may
 SECTOR        equ 512
 RECORD        equ 32            ; size of an entry of a folder
 NAME          equ 11            ; size of a name in it
-LABEL_FOLDER  equ 0x18          ; attributes of what is no file
+LABEL_FOLDER  equ 0x18          ; attributes of volume labels and of folders
 FIRST_CLUSTER equ 26            ; offset in an entry
-END_MARKS     equ 0xFF0         ; this number and larger ones are no clusters
+END_MARKS     equ 0xFF0         ; this number and larger ones do not stand for clusters
 
 ; The parameter block, from BP on, which is ORIGIN.
 CLUSTER_SIZE  equ 13            ; in sectors
@@ -94,7 +94,7 @@ begin:
     mov si, damaged
     jmp stop
 
-; Loads it. A chain that is damaged ends here, and LOADER.BIN then finds that it is incomplete.
+; Loads it. If its chain of clusters is damaged, the loading ends early, and LOADER.BIN finds that a part is missing.
 .found:
     mov si, [es:di + FIRST_CLUSTER]
 .cluster:

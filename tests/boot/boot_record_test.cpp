@@ -62,7 +62,7 @@ TEST_F(BootRecord, UsbStickAndIdeDisk_ShowTheMenu) {
   }
 }
 
-TEST_F(BootRecord, BiosWithoutExtensions_IsSaid) {
+TEST_F(BootRecord, BiosWithoutExtensions_IsReported) {
   for (const char* bios : {"on_an_old_bios_1", "on_an_old_bios_2", "on_an_old_bios_3"}) {
     StartWith(Starter(bios, RecordSector()));
     Master();
@@ -75,7 +75,7 @@ TEST_F(BootRecord, BiosWithoutExtensions_IsSaid) {
   }
 }
 
-TEST_F(BootRecord, BiosThatReadsTooLittleAndReportsSuccess_IsSaid) {
+TEST_F(BootRecord, BiosThatReadsTooLittleAndReportsSuccess_IsReported) {
   StartWith(Starter("on_an_old_bios_4", RecordSector()));
   Master();
   EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen("\nThe disk cannot be read (code 7, BIOS error FF).\n"));

@@ -230,7 +230,7 @@ TEST_F(FloppyBoot, BadSectorInTheScript_IsReported) {
   EXPECT_TRUE(Emulator(FloppyDrive(floppy)).WaitForScreen("this script could not be read from the disk"));
 }
 
-TEST_F(FloppyBoot, MissingScript_IsSaidAndTheMenuHasWhatNeedsNoFile) {
+TEST_F(FloppyBoot, MissingScript_IsReportedAndTheMenuHasWhatNeedsNoFile) {
   Format("1440");
   PutLoader();
   PutSector(boot_sector);
@@ -242,7 +242,7 @@ TEST_F(FloppyBoot, MissingScript_IsSaidAndTheMenuHasWhatNeedsNoFile) {
   EXPECT_TRUE(pc.WaitForScreen("HD0"));
 }
 
-TEST_F(FloppyBoot, MistakeInTheScript_IsSaidWithItsLine) {
+TEST_F(FloppyBoot, MistakeInTheScript_IsReportedWithItsLine) {
   Script("Nonsense\r\n");
   Make();
   Emulator pc(FloppyDrive(floppy));
@@ -289,7 +289,7 @@ TEST_F(FloppyBoot, Entries_StartAKernelAndAFloppyImage) {
   }
 }
 
-TEST_F(FloppyBoot, KernelThatCannotBeRead_IsSaidAndTheMenuStays) {
+TEST_F(FloppyBoot, KernelThatCannotBeRead_IsReportedAndTheMenuStays) {
   const std::string memdisk = (fs::path(SHIPPED_FILES) / "vexacd/boot/memdisk").string();
   Script("Entry Image\r\n  Key I\r\n  Floppy small.img\r\nEndEntry\r\n");
   Make("-R 2 1440");

@@ -88,11 +88,11 @@ TEST_F(BootLargeCd, ScriptOfMoreThan64Kb_IsCutWithAMessage) {
 
 TEST_F(BootFaultyCd, ErrorInTheMiddleThatGoesAway_IsTriedAgain) { EXPECT_TRUE(Shows(FaultyDrive(3), "x", "Mine0")); }
 
-TEST_F(BootFaultyCd, DriveThatReadsSingleSectorsOnly_IsReadSoInTheMiddle) {
+TEST_F(BootFaultyCd, DriveThatReadsSingleSectorsOnly_IsReadSectorBySector) {
   EXPECT_TRUE(Shows(FaultyDrive(4), "x", "Mine0"));
 }
 
-TEST_F(BootFaultyCd, ErrorInTheMiddleThatStays_IsSaidAndTheMenuWorks) {
+TEST_F(BootFaultyCd, ErrorInTheMiddleThatStays_IsReportedAndTheMenuWorks) {
   Emulator pc(FaultyDrive(kAlways));
   ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
   pc.SendKey("x");

@@ -83,7 +83,7 @@ TEST_F(BootMenu, FirstHardDisk_IsStarted) {
   EXPECT_TRUE(pc.WaitForScreen("HD0"));
 }
 
-TEST_F(BootMenu, HardDiskThatIsNotThere_IsSaidAndTheMenuStays) {
+TEST_F(BootMenu, HardDiskThatIsNotThere_IsReportedAndTheMenuStays) {
   ASSERT_EQ(Build().exit_code, 0);
   Emulator pc(CdDrive(image));
   ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
@@ -143,7 +143,7 @@ TEST_F(BootMenu, ScriptOfTheUser_AddsItsEntries) {
   EXPECT_TRUE(pc.WaitForScreen("HD0"));
 }
 
-TEST_F(BootMenu, MistakeInTheScriptOfTheUser_IsSaidWithItsLineAndTheMenuWorks) {
+TEST_F(BootMenu, MistakeInTheScriptOfTheUser_IsReportedWithItsLineAndTheMenuWorks) {
   ASSERT_EQ(Build(WithLocalScript("\nNonsense here\n")).exit_code, 0);
   Emulator pc(CdDrive(image));
   EXPECT_TRUE(pc.WaitForScreen("boot/scripts/local.cds, line 2"));

@@ -91,7 +91,7 @@ TEST_F(RescueCd, DebianOnTheScreen_ReachesItsFirstDialogInTextMode) {
 }
 
 // The kernel and its RAM disk have 36 MB.
-TEST_F(RescueCd, DebianInTooLittleMemory_IsSaidAndTheMenuStays) {
+TEST_F(RescueCd, DebianInTooLittleMemory_IsReportedAndTheMenuStays) {
   const auto pc = Started("x", {"-m", "32"});
   EXPECT_TRUE(pc->WaitForScreen("rescue/debian/initrd.gz: This machine has too little memory for the RAM"));
   pc->SendKey("i");

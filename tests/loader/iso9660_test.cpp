@@ -59,7 +59,7 @@ TEST(IsoOpen, BufferBelowOneSector_HasNotEnoughRoom) {
   EXPECT_EQ(sectors.reads, 0);
 }
 
-TEST(IsoOpen, UnreadableDescriptor_IsSaid) {
+TEST(IsoOpen, UnreadableDescriptor_IsReported) {
   for (const std::uint32_t sector : {16u, 17u}) {
     OpenedIso iso(HandMadeIso().bytes);
     iso.sectors.bad_sector = sector;
@@ -364,7 +364,7 @@ TEST(IsoList, HugeFolderOfAHugeVolume_EndsWithTheImage) {
   EXPECT_LT(iso.sectors.reads, 20);
 }
 
-TEST(IsoList, UnreadableFolder_IsSaid) {
+TEST(IsoList, UnreadableFolder_IsReported) {
   IsoWith iso(Record("a", 30));
   iso.sectors.bad_sector = HandMadeIso::kRoot;
   EXPECT_EQ(iso.Find("a"), Words(VolumeError::kUnreadable));
@@ -467,7 +467,7 @@ TEST_F(IsoReadPieces, WholeSectors_AreReadAtOnce) {
   EXPECT_EQ(iso->sectors.reads, 0);
 }
 
-TEST_F(IsoReadPieces, UnreadableSector_IsSaid) {
+TEST_F(IsoReadPieces, UnreadableSector_IsReported) {
   for (const std::uint32_t sector : {30, 32, 34}) {
     iso->sectors.bad_sector = sector;
     EXPECT_EQ(iso->ReadPart(file, 1, kSize - 1), Words(VolumeError::kUnreadable)) << sector;

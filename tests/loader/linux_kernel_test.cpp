@@ -131,7 +131,7 @@ TEST(PlaceKernel, NoRamDisk_NeedsNoRoom) {
   EXPECT_EQ(place.ram_disk.end, 0U);
 }
 
-TEST(PlaceKernel, TooLittleMemory_IsSaid) {
+TEST(PlaceKernel, TooLittleMemory_IsReported) {
   KernelPlace place;
   const KernelHeader header = HeaderOf(Kernel());
   EXPECT_EQ(PlaceKernel(header, Memory(4), kSetup, 0, 4 * kMegabyte, place), KernelError::kNoRoomForRamDisk);

@@ -244,7 +244,7 @@ TEST(ReadScriptTest, LargerScript_IsReadUpToTheLastWholeLine) {
   EXPECT_THAT(read.Entries(), ElementsAre("Restart"));
 }
 
-TEST(ReadScriptTest, FullMemory_IsSaid) {
+TEST(ReadScriptTest, FullMemory_IsReported) {
   FakeFiles files;
   files.files = {{"main.cds", kRestartEntry + "Include a"}, {"a", std::string(200, '#')}};
   const ReadScriptText read(files, Processor::k32Bit, 100);

@@ -43,7 +43,7 @@ EndEntry
 
 Entry Vexa Network Access
   Key N
-  Help Starts the disk that starts this computer from the network, with iPXE.
+  Help Starts this computer from the network, with iPXE.
   Floppy boot/images/vexanet.img
 EndEntry
 
