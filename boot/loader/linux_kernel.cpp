@@ -3,11 +3,14 @@
 
 #include <algorithm>
 
+#include "boot/loader/text.h"
+
 namespace discwright::loader {
 
 namespace {
 
 constexpr std::size_t kSetupSectors = 0x1F1;
+constexpr std::size_t kVideoMode = 0x1FA;
 constexpr std::size_t kBootFlag = 0x1FE;
 constexpr std::size_t kMagic = 0x202;
 constexpr std::size_t kVersion = 0x206;
@@ -18,7 +21,10 @@ constexpr std::size_t kRamDiskSize = 0x21C;
 constexpr std::size_t kHeapEnd = 0x224;
 constexpr std::size_t kCommandLine = 0x228;
 constexpr std::size_t kRamDiskMost = 0x22C;
+constexpr std::size_t kKernelAlignment = 0x230;
+constexpr std::size_t kRelocatable = 0x234;
 constexpr std::size_t kCommandLineSize = 0x238;
+constexpr std::size_t kPrefAddress = 0x258;
 constexpr std::size_t kInitSize = 0x260;
 
 constexpr std::uint32_t kSectorBytes = 512;
@@ -58,6 +64,14 @@ std::uint32_t SetupSize(std::span<const std::uint8_t> start) {
   return (sectors + 1) * kSectorBytes;
 }
 
+// Returns where the kernel moves itself before it knows the memory. The protocol calls it the runtime start address.
+std::uint64_t RunAddress(std::span<const std::uint8_t> start) {
+  const std::uint64_t preferred = Load(start, kPrefAddress, 4) | std::uint64_t{Load(start, kPrefAddress + 4, 4)} << 32U;
+  if (start[kRelocatable] == 0) return preferred;
+  const std::uint64_t mask = std::max<std::uint32_t>(Load(start, kKernelAlignment, 4), 1) - 1;  // of a power of two
+  return (std::max<std::uint64_t>(kKernelAddress, preferred) + mask) & ~mask;
+}
+
 // The fields that only newer versions have. A field must not be read in a kernel of an older version, because there are
 // instructions in its place.
 void ReadNewerFields(std::span<const std::uint8_t> start, std::uint32_t version, KernelHeader& header) {
@@ -66,13 +80,51 @@ void ReadNewerFields(std::span<const std::uint8_t> start, std::uint32_t version,
   header.ram_disk_end = most == 0xFFFFFFFF ? most : most + 1;
   header.longest_command_line =
       version >= kVersionWithCommandLineSize ? Load(start, kCommandLineSize, 4) : kOldCommandLineSize;
-  const std::uint32_t init_size = version >= kVersionWithInitSize ? Load(start, kInitSize, 4) : 0;
-  header.memory_size = std::max(init_size, header.kernel_size);
+  header.run_address = kKernelAddress;
+  header.memory_size = header.kernel_size;
+  if (version < kVersionWithInitSize) return;
+  header.run_address = RunAddress(start);
+  header.memory_size = std::max(Load(start, kInitSize, 4), header.kernel_size);
 }
 
-bool IsFree(const MemoryMap& memory, std::uint32_t begin, std::uint32_t size) {
-  const std::optional<Room> room = memory.HighestRoom(size, 1, begin, begin + size);
-  return room.has_value() && room->begin == begin;
+// A number as the protocol writes it: decimal, or hexadecimal behind 0x. Empty if it has more than 16 bits.
+std::optional<std::uint32_t> VideoNumber(std::string_view text) {
+  const bool is_hexadecimal = IsSameText(Part(text, 0, 2), "0x");
+  const std::uint32_t base = is_hexadecimal ? 16 : 10;
+  if (is_hexadecimal) text = Part(text, 2);
+  std::uint32_t number = 0;
+  for (const char letter : text) {
+    const char upper = UpperOf(letter);
+    const bool is_digit = upper >= '0' && upper <= '9';
+    if (!is_digit && !(is_hexadecimal && upper >= 'A' && upper <= 'F')) return std::nullopt;
+    number = number * base + static_cast<std::uint32_t>(is_digit ? upper - '0' : upper - 'A' + 10);
+    if (number > UINT16_MAX) return std::nullopt;
+  }
+  return text.empty() ? std::nullopt : std::optional(number);
+}
+
+// The video mode that a command line asks for. The last one counts.
+std::optional<std::uint32_t> VideoMode(std::string_view command_line) {
+  constexpr std::string_view kWord = "vga=";
+  constexpr std::uint32_t kNormal = 0xFFFF, kExtended = 0xFFFE, kAsk = 0xFFFD;
+  std::optional<std::uint32_t> mode;
+  while (!command_line.empty()) {
+    std::size_t size = 0;
+    while (size < command_line.size() && !IsBlank(command_line[size])) ++size;
+    const std::string_view word = Part(command_line, 0, size);
+    command_line = Part(command_line, size + 1);
+    if (Part(word, 0, kWord.size()) != kWord) continue;
+    const std::string_view value = Part(word, kWord.size());
+    mode = value == "normal" ? kNormal : value == "ext" ? kExtended : value == "ask" ? kAsk : VideoNumber(value);
+  }
+  return mode;
+}
+
+bool IsFree(const MemoryMap& memory, std::uint64_t begin, std::uint32_t size) {
+  if (begin > UINT32_MAX - size) return false;
+  const auto first = static_cast<std::uint32_t>(begin);
+  const std::optional<Room> room = memory.HighestRoom(size, 1, first, first + size);
+  return room.has_value() && room->begin == first;
 }
 
 }  // namespace
@@ -90,7 +142,7 @@ std::string_view Explanation(KernelError error) {
     case KernelError::kCommandLine:
       return "The command line is longer than the kernel takes.";
     case KernelError::kNoRoomForKernel:
-      return "The memory that the kernel needs is not free on this machine.";
+      return "This machine has too little memory for the kernel, or other things are in its place.";
     case KernelError::kNoRoomForRamDisk:
       return "This machine has too little memory for the RAM disk.";
   }
@@ -121,18 +173,23 @@ KernelError PlaceKernel(const KernelHeader& header, const MemoryMap& memory, std
   place.setup = setup;
   place.command_line = setup + kCommandLineInSegment;
   place.ram_disk = Room{};
-  if (header.memory_size > ~kKernelAddress || !IsFree(memory, kKernelAddress, header.memory_size)) {
+  if (!IsFree(memory, kKernelAddress, header.kernel_size) || !IsFree(memory, header.run_address, header.memory_size)) {
     return KernelError::kNoRoomForKernel;
   }
   if (ram_disk_size == 0) return KernelError::kNone;
-  const std::uint32_t lowest = kKernelAddress + header.memory_size;
+  const auto run_end = static_cast<std::uint32_t>(header.run_address) + header.memory_size;
+  const std::uint32_t lowest = std::max(kKernelAddress + header.kernel_size, run_end);
   const std::optional<Room> room = memory.HighestRoom(ram_disk_size, kRamDiskAlignment, lowest, header.ram_disk_end);
   if (!room) return KernelError::kNoRoomForRamDisk;
   place.ram_disk = *room;
   return KernelError::kNone;
 }
 
-void CompleteHeader(const KernelPlace& place, std::span<std::uint8_t> setup) {
+void CompleteHeader(const KernelPlace& place, std::string_view command_line, std::span<std::uint8_t> setup) {
+  if (const std::optional<std::uint32_t> mode = VideoMode(command_line)) {
+    setup[kVideoMode] = static_cast<std::uint8_t>(*mode & 0xFFU);
+    setup[kVideoMode + 1] = static_cast<std::uint8_t>(*mode >> 8U);
+  }
   setup[kTypeOfLoader] = kUnknownLoader;
   setup[kLoadFlags] |= kCanUseHeap;
   setup[kHeapEnd] = static_cast<std::uint8_t>((kHeapEndInSegment - kHeapEndOffset) & 0xFFU);

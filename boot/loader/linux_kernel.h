@@ -30,7 +30,8 @@ std::string_view Explanation(KernelError error);
 struct KernelHeader {
   std::uint32_t setup_size = 0;   // the real-mode part at the start of the file
   std::uint32_t kernel_size = 0;  // the rest of the file
-  std::uint32_t memory_size = 0;  // what the kernel needs from kKernelAddress on, before it knows the memory
+  std::uint64_t run_address = 0;  // where the kernel unpacks itself: a newer one has an address of its own
+  std::uint32_t memory_size = 0;  // what the kernel needs from run_address on, before it knows the memory
   std::uint32_t longest_command_line = 0;
   std::uint32_t ram_disk_end = 0;  // the RAM disk must end at this address or below
 };
@@ -53,7 +54,8 @@ struct KernelPlace {
 KernelError PlaceKernel(const KernelHeader& header, const MemoryMap& memory, std::uint32_t setup,
                         std::size_t command_line_length, std::uint32_t ram_disk_size, KernelPlace& place);
 
-// Writes the addresses into the real-mode part, which is in memory already. `setup` has at least kHeaderSize bytes.
-void CompleteHeader(const KernelPlace& place, std::span<std::uint8_t> setup);
+// Writes the addresses into the real-mode part, which is in memory already, and the video mode if the command line has
+// one (vga=): the protocol leaves this word to the loader. `setup` has at least kHeaderSize bytes.
+void CompleteHeader(const KernelPlace& place, std::string_view command_line, std::span<std::uint8_t> setup);
 
 }  // namespace discwright::loader

@@ -10,6 +10,8 @@ namespace {
 
 constexpr std::string_view kRequest = "PasswordRequest";
 
+bool IsLineEnd(char byte) { return byte == '\n' || byte == '\r'; }
+
 }  // namespace
 
 void ReadScript(Files& files, std::string_view path, Processor processor, std::span<char> memory, Script& script) {
@@ -111,8 +113,10 @@ void ScriptReader::TakeText(std::string_view path, std::size_t size, bool is_cut
   std::string_view text(memory_.data(), size);
   memory_ = memory_.subspan(size);
   if (is_cut) {
-    while (!text.empty() && text.back() != '\n') text.remove_suffix(1);
+    while (!text.empty() && !IsLineEnd(text.back())) text.remove_suffix(1);
   }
+  constexpr char kEndOfFile = '\x1A';  // some editors of DOS write it at the end of a file
+  while (!text.empty() && text.back() == kEndOfFile) text.remove_suffix(1);
   constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";  // some editors write it at the start of a file
   if (Part(text, 0, kUtf8Mark.size()) == kUtf8Mark) text.remove_prefix(kUtf8Mark.size());
   sources_[source_count_++] = {path, text, 0, block_count_};
@@ -137,10 +141,10 @@ std::string_view ScriptReader::NextLine() {
   Source& source = sources_[source_count_ - 1];
   ++source.line;
   std::size_t size = 0;
-  while (size < source.rest.size() && source.rest[size] != '\n') ++size;
-  std::string_view line = Part(source.rest, 0, size);
-  source.rest = Part(source.rest, size + 1);
-  if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+  while (size < source.rest.size() && !IsLineEnd(source.rest[size])) ++size;
+  const std::string_view line = Part(source.rest, 0, size);
+  const bool is_pair = Part(source.rest, size, 2) == "\r\n";
+  source.rest = Part(source.rest, size + (is_pair ? 2 : 1));
   return line;
 }
 

@@ -1,6 +1,6 @@
 // Reads the boot menu's script into a Script, which the menu shows.
 //
-// A script is plain text with lines that end in LF or CR LF, at most 64 KB long. Each line is a word and, for most
+// A script is plain text with lines that end in LF, CR LF or CR, at most 64 KB long. Each line is a word and, for most
 // words, one value. Words may have any letter case. Blanks and tabs around words and values do not count. A value that
 // has blanks at its ends, a comment's sign or a quote at its beginning stands in double quotes; no quote can stand
 // inside of it. A comment begins with # or ; at the start of a line or behind a blank, outside of quotes. Bytes above

@@ -205,6 +205,23 @@ TEST_F(FloppyBoot, ChainOfTheLoaderThatIsCutOrHasNoEnd_IsReported) {
   }
 }
 
+// A cluster that follows itself, and whose bytes say the same where they come to lie on the table in memory. Only the
+// bound of the boot sector ends such a chain, before it has filled all memory.
+TEST_F(FloppyBoot, CircleThatSurvivesOnTheTable_IsReported) {
+  Make();
+  const std::size_t sector = SectorOfLoader() + 20;
+  const std::size_t cluster = sector - 33 + 2;
+  const std::size_t at = cluster * 3 / 2;
+  ASSERT_EQ(cluster % 2, 0U);
+  ASSERT_LT(at % kFloppySector, kFloppySector - 1);
+  std::string bytes = ReadFile(floppy);
+  bytes[kFloppySector + at] = static_cast<char>(cluster);
+  bytes[kFloppySector + at + 1] = static_cast<char>((bytes[kFloppySector + at + 1] & 0xF0) | cluster >> 8);
+  bytes.replace(sector * kFloppySector + at % kFloppySector, 2, bytes, kFloppySector + at, 2);
+  WriteFile(floppy, bytes);
+  EXPECT_TRUE(Emulator(FloppyDrive(floppy)).WaitForScreen("is damaged (code 3)."));
+}
+
 TEST_F(FloppyBoot, FullMemoryAndABiosWhoseReadsFailThreeTimes_ChangeNothing) {
   for (const char* options : {"-R 2 1440", "-R 2 2880"}) {
     Make(options);

@@ -64,6 +64,45 @@ TEST_F(BootLoader, MenuWithoutAScript_HasWhatNeedsNoFile) {
   EXPECT_THAT(emulator.Events(), HasSubstr("guest-reset"));
 }
 
+// A disk whose motor does not run yet fails a few times.
+TEST_F(BootLoader, HardDiskWhoseFirstReadsFail_IsStarted) {
+  const fs::path disk = place / "disk";
+  // A boot sector that writes "HD" to the top left of the screen.
+  std::string sector("\xB8\x00\xB8\x8E\xC0\x26\x66\xC7\x06\x00\x00H\x07\x44\x07\xF4\xEB\xFD", 18);
+  sector.resize(510, '\0');
+  WriteFile(disk, sector + "\x55\xAA" + std::string(1 << 20, '\0'));
+  Emulator emulator(
+      Join(CdDrive(image), {"-drive", "if=ide,media=disk," + testing::FaultyImage(disk, place / "faults", 0, 3)}));
+  ASSERT_TRUE(emulator.WaitForScreen(kMessage));
+  emulator.SendKey("ret");
+  ASSERT_TRUE(emulator.WaitForScreen("Restart"));
+  emulator.SendKey("h");
+  EXPECT_TRUE(emulator.WaitForScreen("HD"));
+}
+
+TEST_F(BootLoader, FilesThatCannotBeStarted_AreSaidAndTheMenuStays) {
+  WriteFile(tree / "boot/memdisk", ShippedFile("vexacd/boot/memdisk"));
+  WriteFile(tree / "empty", "");
+  WriteFile(tree / "short", std::string(kCdSector - 1, 'x'));
+  WriteFile(tree / "long", std::string(kCdSector + 1, 'x'));
+  WriteFile(tree / "boot/scripts/main.cds",
+            "Entry Floppy\nKey F\nFloppy empty\nEndEntry\nEntry Kernel\nKey K\nLinux long\nEndEntry\n"
+            "Entry Initrd\nKey I\nLinux boot/memdisk\nInitrd empty\nEndEntry\n"
+            "Entry Short\nKey S\nCdSector short\nEndEntry\nEntry Long\nKey L\nCdSector long\nEndEntry\n");
+  Master();
+  Emulator emulator(CdDrive(image));
+  ASSERT_TRUE(emulator.WaitForScreen("Arrows: choose"));
+  for (const auto& [key, message] : std::vector<std::pair<std::string, std::string>>{
+           {"f", "empty: The file is empty."},
+           {"k", "long: The file is no kernel of the Linux boot protocol."},
+           {"s", "short: This is no boot sector for CDs: it must have 2,048 bytes."},
+           {"i", "empty: The file is empty."},
+           {"l", "long: This is no boot sector for CDs: it must have 2,048 bytes."}}) {
+    emulator.SendKey(key);
+    EXPECT_TRUE(emulator.WaitForScreen(message)) << key;
+  }
+}
+
 TEST_F(BootLoader, File_IsWholeSectorsAndOnTheCdByteForByte) {
   EXPECT_EQ(loader.size() % kCdSector, 0U);
   EXPECT_LT(loader.size(), 65536U);

@@ -92,7 +92,7 @@ TEST_F(RescueCd, DebianOnTheScreen_ReachesItsFirstDialogInTextMode) {
 
 // The kernel and its RAM disk have 36 MB.
 TEST_F(RescueCd, DebianInTooLittleMemory_IsReportedAndTheMenuStays) {
-  const auto pc = Started("x", {"-m", "32"});
+  const auto pc = Started("x", {"-m", "48"});  // enough for its files, but not for the unpacked kernel besides
   EXPECT_TRUE(pc->WaitForScreen("rescue/debian/initrd.gz: This machine has too little memory for the RAM"));
   pc->SendKey("i");
   EXPECT_TRUE(pc->WaitForScreen("iPXE initialising devices"));

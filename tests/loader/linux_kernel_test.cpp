@@ -30,8 +30,22 @@ std::vector<std::uint8_t> Kernel() {
   Store(start, 0x206, 2, 0x020C);
   start[0x211] = 0x01;
   Store(start, 0x22C, 4, 0xFFFFFFFF);
+  Store(start, 0x230, 4, 0x1000);
+  start[0x234] = 0;
   Store(start, 0x238, 4, 255);
+  Store(start, 0x258, 4, kMegabyte);
+  Store(start, 0x25C, 4, 0);
   Store(start, 0x260, 4, 0x6ACF8);
+  return start;
+}
+
+// As Debian's kernel: it is loaded to 1 MB, and unpacks itself at 16 MB.
+std::vector<std::uint8_t> MovingKernel() {
+  std::vector<std::uint8_t> start = Kernel();
+  Store(start, 0x230, 4, 16 * kMegabyte);
+  start[0x234] = 1;
+  Store(start, 0x258, 4, 16 * kMegabyte);
+  Store(start, 0x260, 4, 16 * kMegabyte);
   return start;
 }
 
@@ -57,6 +71,7 @@ TEST(KernelHeader, Sizes_ComeFromTheHeaderAndTheFile) {
   const KernelHeader header = HeaderOf(Kernel());
   EXPECT_EQ(header.setup_size, 1536U);
   EXPECT_EQ(header.kernel_size, 144312U - 1536U);
+  EXPECT_EQ(header.run_address, kMegabyte);
   EXPECT_EQ(header.memory_size, 0x6ACF8U);
   EXPECT_EQ(header.longest_command_line, 255U);
   EXPECT_EQ(header.ram_disk_end, 0xFFFFFFFFU);
@@ -76,6 +91,7 @@ TEST(KernelHeader, FieldsOfNewerVersions_AreNotReadInAnOldKernel) {
   const KernelHeader header = HeaderOf(start, 26792);
   EXPECT_EQ(header.ram_disk_end, 0x37FFFFFFU);
   EXPECT_EQ(header.longest_command_line, 255U);
+  EXPECT_EQ(header.run_address, kMegabyte);
   EXPECT_EQ(header.memory_size, 26792U - 1536U);
   Store(start, 0x206, 2, 0x0202);
   EXPECT_EQ(HeaderOf(start, 26792).ram_disk_end, 0x38000000U);
@@ -141,6 +157,39 @@ TEST(PlaceKernel, TooLittleMemory_IsReported) {
   EXPECT_EQ(PlaceKernel(header, with_hole, kSetup, 0, 0, place), KernelError::kNoRoomForKernel);
 }
 
+TEST(KernelHeader, PlaceWhereTheKernelRuns_FollowsTheProtocol) {
+  std::vector<std::uint8_t> start = MovingKernel();
+  EXPECT_EQ(HeaderOf(start).run_address, 16 * kMegabyte);
+  Store(start, 0x258, 4, 0);  // above the place to which it is loaded, at a multiple of its alignment
+  EXPECT_EQ(HeaderOf(start).run_address, 16 * kMegabyte);
+  Store(start, 0x230, 4, 0);
+  EXPECT_EQ(HeaderOf(start).run_address, kMegabyte);
+  Store(start, 0x25C, 4, 1);
+  EXPECT_EQ(HeaderOf(start).run_address, std::uint64_t{1} << 32U);
+}
+
+TEST(PlaceKernel, RamDisk_IsNotWhereTheKernelUnpacksItself) {
+  KernelPlace place;
+  const KernelHeader header = HeaderOf(MovingKernel());
+  EXPECT_EQ(PlaceKernel(header, Memory(48), kSetup, 0, 16 * kMegabyte, place), KernelError::kNone);
+  EXPECT_EQ(place.ram_disk.begin, 32 * kMegabyte);
+  EXPECT_EQ(PlaceKernel(header, Memory(48), kSetup, 0, 16 * kMegabyte + 1, place), KernelError::kNoRoomForRamDisk);
+}
+
+TEST(PlaceKernel, MemoryWhereTheKernelUnpacksItself_MustBeFree) {
+  KernelPlace place;
+  std::vector<std::uint8_t> start = MovingKernel();
+  EXPECT_EQ(PlaceKernel(HeaderOf(start), Memory(31), kSetup, 0, 0, place), KernelError::kNoRoomForKernel);
+  EXPECT_EQ(PlaceKernel(HeaderOf(start), Memory(32), kSetup, 0, 0, place), KernelError::kNone);
+  MemoryMap with_hole = Memory(64);
+  with_hole.Add({15 * kMegabyte, kMegabyte, 2});
+  EXPECT_EQ(PlaceKernel(HeaderOf(start), with_hole, kSetup, 0, 0, place), KernelError::kNone);
+  with_hole.Add({kMegabyte, 4096, 2});  // in the file's place
+  EXPECT_EQ(PlaceKernel(HeaderOf(start), with_hole, kSetup, 0, 0, place), KernelError::kNoRoomForKernel);
+  Store(start, 0x25C, 4, 1);  // above 4 GB
+  EXPECT_EQ(PlaceKernel(HeaderOf(start), Memory(64), kSetup, 0, 0, place), KernelError::kNoRoomForKernel);
+}
+
 TEST(PlaceKernel, HeaderThatNeedsMoreThanAllMemory_IsRefused) {
   std::vector<std::uint8_t> start = Kernel();
   Store(start, 0x260, 4, 0xFFFFFFFF);
@@ -158,7 +207,7 @@ TEST(PlaceKernel, CommandLine_HasTheLengthThatTheKernelTakes) {
 TEST(CompleteHeader, Addresses_AreWrittenToTheirFieldsAlone) {
   const std::vector<std::uint8_t> before = Kernel();
   std::vector<std::uint8_t> setup = before;
-  CompleteHeader({kSetup, kSetup + 0xE000, {0x3E00000, 0x3F00001}}, setup);
+  CompleteHeader({kSetup, kSetup + 0xE000, {0x3E00000, 0x3F00001}}, "quiet", setup);
   EXPECT_EQ(setup[0x210], 0xFF);
   EXPECT_EQ(setup[0x211], 0x81);
   EXPECT_EQ(Load(setup, 0x218, 4), 0x3E00000U);
@@ -169,6 +218,24 @@ TEST(CompleteHeader, Addresses_AreWrittenToTheirFieldsAlone) {
   for (std::size_t i = 0; i < setup.size(); ++i) changed += setup[i] != before[i] ? 1 : 0;
   EXPECT_LE(changed, 16U);
   EXPECT_EQ(Load(setup, 0x22C, 4), 0xFFFFFFFFU);
+}
+
+// The kernel itself does not look for this word.
+TEST(CompleteHeader, VideoModeOfTheCommandLine_IsWrittenToItsField) {
+  constexpr std::uint32_t kLeftAlone = 0x9090;
+  const auto mode_after = [](std::string_view command_line) {
+    std::vector<std::uint8_t> setup = Kernel();
+    CompleteHeader({}, command_line, setup);
+    return Load(setup, 0x1FA, 2);
+  };
+  EXPECT_EQ(mode_after("vga=788"), 788U);
+  EXPECT_EQ(mode_after("quiet\tvga=0x31A ---"), 0x31AU);
+  EXPECT_EQ(mode_after("vga=normal"), 0xFFFFU);
+  EXPECT_EQ(mode_after("vga=ext"), 0xFFFEU);
+  EXPECT_EQ(mode_after("vga=1 vga=ask"), 0xFFFDU);
+  for (const char* none : {"", "vga", "vga=", "vga=0x", "vga=65536", "vga=31A", "vga=0xG", "novga=1", "vga=best"}) {
+    EXPECT_EQ(mode_after(none), kLeftAlone) << none;
+  }
 }
 
 TEST(Explanation, EachError_HasAWholeSentence) {

@@ -65,6 +65,20 @@ TEST(ReadScriptTest, LineEndsBlanksAndComments_DoNotCount) {
   EXPECT_EQ(read.script->steps[0].text, "  x ; ");
 }
 
+// Without that, a comment at the start would hide the whole script, and with it the password.
+TEST(ReadScriptTest, LineThatEndsInCrAlone_IsALine) {
+  const ReadScriptText read("# note\rSet PasswordRequest=1\r\r\nEntry A\rRestart\rEndEntry\rwrong\r");
+  EXPECT_TRUE(read.script->asks_for_password);
+  EXPECT_THAT(read.Entries(), ElementsAre("A"));
+  EXPECT_THAT(read.Mistakes(), ElementsAre("main.cds, line 7: no line begins with this word: wrong"));
+}
+
+TEST(ReadScriptTest, EndMarkOfADosEditor_IsNoMistake) {
+  const ReadScriptText read(kRestartEntry + "\r\n\x1A\x1A");
+  EXPECT_THAT(read.Mistakes(), IsEmpty());
+  EXPECT_THAT(read.Entries(), ElementsAre("Restart"));
+}
+
 TEST(ReadScriptTest, BytesAbove126_ArePassedOn) {
   EXPECT_EQ(ReadScriptText("Set Title=\x84\xE1 \xC3\xBC").script->title, "\x84\xE1 \xC3\xBC");
 }
@@ -242,6 +256,13 @@ TEST(ReadScriptTest, LargerScript_IsReadUpToTheLastWholeLine) {
   EXPECT_THAT(read.Mistakes(),
               ElementsAre("main.cds: a script has at most 64 KB, so the end of this script does not count: main.cds"));
   EXPECT_THAT(read.Entries(), ElementsAre("Restart"));
+}
+
+TEST(ReadScriptTest, LargerScriptWithLinesThatEndInCr_IsReadUpToTheLastWholeLine) {
+  std::string text = "Entry A\rRestart\rEndEntry\r";
+  text.resize(kLargestScript - 8, '\r');
+  text += "Set Title=long";
+  EXPECT_THAT(ReadScriptText(text).Entries(), ElementsAre("A"));
 }
 
 TEST(ReadScriptTest, FullMemory_IsReported) {

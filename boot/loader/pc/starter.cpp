@@ -42,6 +42,24 @@ void ShowProgress(std::string_view line) {
   Console::WriteAt({kRow, 2}, line, Console::kLightGrey);
 }
 
+// Reads the first sector of a hard disk to the start of the bounce buffer. A disk may need several tries until its
+// motor runs.
+bool ReadFirstSector(std::uint8_t drive) {
+  constexpr int kTries = 4;
+  for (int turn = 0; turn < kTries; ++turn) {
+    bios::Registers read{.eax = 0x0201,
+                         .ebx = bios::Offset(bounce_buffer),
+                         .ecx = 0x0001,
+                         .edx = drive,
+                         .es = bios::Segment(bounce_buffer)};
+    bios::Call(bios::kDiskInterrupt, read);
+    if (!read.Has(bios::kCarry)) return true;
+    bios::Registers reset{.edx = drive};
+    bios::Call(bios::kDiskInterrupt, reset);
+  }
+  return false;
+}
+
 // How many hard disks the BIOS knows.
 std::uint8_t HardDiskCount() {
   bios::Registers registers{.eax = 0x0800, .edx = kFirstDiskNumber};
@@ -54,7 +72,7 @@ std::uint8_t HardDiskCount() {
   const std::span<std::uint8_t> line = Memory(place.command_line, options.size() + 1);
   std::memcpy(line.data(), options.data(), options.size());
   line.back() = 0;
-  CompleteHeader(place, Memory(kKernelSetup, kHeaderSize));
+  CompleteHeader(place, options, Memory(kKernelSetup, kHeaderSize));
   bios::StartKernel(kKernelSetup >> 4);
 }
 
@@ -98,8 +116,10 @@ std::string_view Starter::StartCdSector(std::string_view path) {
   static std::array<std::uint8_t, kSectorSize> sector;
   std::uint32_t size = 0;
   const VolumeError error = volume_.ReadFile(path, sector, size);
-  if (error != VolumeError::kNone) return Failed(path, error);
-  if (size != sector.size()) return Failed(path, "This is no boot sector for CDs: it must have 2,048 bytes.");
+  const bool is_larger = error == VolumeError::kNotEnoughRoom;
+  if (error != VolumeError::kNone && !is_larger) return Failed(path, error);
+  if (is_larger || size != sector.size())
+    return Failed(path, "This is no boot sector for CDs: it must have 2,048 bytes.");
   std::memcpy(Memory(kBootSector, sector.size()).data(), sector.data(), sector.size());
   console_.Clear();
   JumpToBootSector(drive_.number);
@@ -110,14 +130,8 @@ std::string_view Starter::StartCdSector(std::string_view path) {
 std::string_view Starter::StartHardDisk(std::size_t place) {
   const bool is_on_disk = drive_.shift != 0;
   const DriveNumbers numbers = is_on_disk ? NumbersWithout(drive_.number, HardDiskCount()) : UnchangedNumbers();
-  bios::Registers registers{.eax = 0x0201,
-                            .ebx = bios::Offset(bounce_buffer),
-                            .ecx = 0x0001,
-                            .edx = numbers[place],
-                            .es = bios::Segment(bounce_buffer)};
   const bool is_own = is_on_disk && numbers[place] == drive_.number;
-  if (!is_own) bios::Call(bios::kDiskInterrupt, registers);
-  if (is_own || registers.Has(bios::kCarry)) return "The computer has no such hard disk, or it cannot be read.";
+  if (is_own || !ReadFirstSector(numbers[place])) return "The computer has no such hard disk, or it cannot be read.";
   if (bounce_buffer[kSignature] != 0x55 || bounce_buffer[kSignature + 1] != 0xAA) {
     return "The hard disk has no boot sector: no system is installed on it.";
   }
@@ -152,6 +166,7 @@ std::string_view Starter::StartLinux(std::string_view path, std::string_view opt
   if (error != VolumeError::kNone) return Failed(path, error);
   if (!ram_disk.empty()) error = volume_.Find(ram_disk, disk);
   if (error != VolumeError::kNone) return Failed(ram_disk, error);
+  if (!ram_disk.empty() && disk.size == 0) return Failed(ram_disk, "The file is empty.");
   static std::array<std::uint8_t, kHeaderSize> start;
   const std::size_t known = std::min<std::size_t>(kernel.size, start.size());
   error = volume_.Read(kernel, 0, std::span(start).first(known));
