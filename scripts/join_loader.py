@@ -13,7 +13,7 @@ from pathlib import Path
 
 SECTORS = (512, 2048)
 MARK = b"DWLOADER"  # stands at MARK_PLACE of stage 1, which says what the values behind it are
-MARK_PLACE = 8
+MARK_PLACE = 64
 LARGEST_RECORD = 440  # the room in front of the partition table of a disk
 MOST_BYTES = 47 * 2048  # the room in memory between stage 1 and the buffer of the reads
 

@@ -120,7 +120,7 @@ begin:
     xchg si, ax
     jmp .cluster
 .end:
-    cmp word [LOADER + 8], 'DW'  ; the mark's beginning
+    cmp word [LOADER + 64], 'DW' ; the mark's beginning
     jne .damaged
     mov dl, [bp + DRIVE]
     jmp 0x0000:LOADER

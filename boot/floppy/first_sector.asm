@@ -12,22 +12,8 @@ LEAST_MEMORY_KB  equ 512
 
 org ORIGIN
 
-start:
-    jmp begin
-
-    times 8 - ($ - $$) db 0
-mark:                           ; scripts/join_loader.py finds this text and fills in the values behind it
-    db 'DWLOADER'
-rest_sectors:
-    dw 0                        ; length of the rest
-    dw 0
-rest_sum:
-    dd 0                        ; sum of its words of 32 bits
-rest_sum_of_sums:
-    dd 0                        ; sum of that sum after each word: it differs when words change places
-
 ; IN: DL = drive. OUT: does not return.
-begin:
+start:
     cli                         ; no interrupt may use the stack while SS:SP change
     xor ax, ax
     mov ss, ax
@@ -44,6 +30,17 @@ begin:
     pop dx
     xor dh, dh                  ; entry.asm takes DH as the shift of CD sectors, which a floppy does not have
     jmp 0x0000:STAGE2
+
+    times 64 - ($ - $$) db 0
+mark:                           ; scripts/join_loader.py finds this text and fills in the values behind it
+    db 'DWLOADER'
+rest_sectors:
+    dw 0                        ; length of the rest
+    dw 0
+rest_sum:
+    dd 0                        ; sum of its words of 32 bits
+rest_sum_of_sums:
+    dd 0                        ; sum of that sum after each word: it differs when words change places
 
 %include "verify.inc"
 
@@ -63,8 +60,8 @@ little_memory:
 restart:
     db 13, 10, 'Press a key to restart.', 13, 10, 0
 
-%if rest_sectors - start != 16
-  %error "scripts/join_loader.py expects the mark at offset 8"
+%if rest_sectors - start != 72
+  %error "scripts/join_loader.py expects the mark at offset 64"
 %endif
 %if STAGE2 != ORIGIN + SECTOR
   %error "the rest must follow this sector in memory as in the file"

@@ -109,6 +109,15 @@ TEST_F(BootLoader, File_IsWholeSectorsAndOnTheCdByteForByte) {
   EXPECT_GT(SectorOfLoader(), 17U);
 }
 
+// Programs that make CDs write a table from offset 8 to 63 into the loader if their user asks for it.
+TEST_F(BootLoader, BootInformationTableInTheLoader_ChangesNothing) {
+  std::string with_table = loader;
+  with_table.replace(8, 56, 56, '\xFF');
+  StartWith(with_table);
+  Master();
+  EXPECT_TRUE(Emulator(CdDrive(image)).WaitForScreen(kMessage));
+}
+
 TEST_F(BootLoader, AhciDrive_IsStartedFrom) { EXPECT_TRUE(Emulator(AhciCdDrive(image)).WaitForScreen(kMessage)); }
 
 TEST_F(BootLoader, UsbDrive_IsStartedFrom) { EXPECT_TRUE(Emulator(UsbCdDrive(image)).WaitForScreen(kMessage)); }

@@ -22,7 +22,7 @@ inline std::string DiskProgram() {
 
 // A loader whose program for disks is in the sector behind the rest.
 inline std::string MakeLoader(const LoaderShape& shape = {}) {
-  std::string loader = "12345678" + shape.mark;
+  std::string loader = std::string(64, '1') + shape.mark;
   for (const std::uint16_t value : {shape.rest_sectors, shape.program_size}) {
     loader += static_cast<char>(value & 0xFF);
     loader += static_cast<char>(value >> 8);

@@ -95,7 +95,7 @@ INSTANTIATE_TEST_SUITE_P(All, OtherBootImage,
                          ::testing::Values(LoaderShape{.mark = "DWLOADEX"}, LoaderShape{.mark = "dwloader"},
                                            LoaderShape{.program_size = 0}, LoaderShape{.program_size = 4},
                                            LoaderShape{.program_size = 441}, LoaderShape{.program_size = 0xFFFF},
-                                           LoaderShape{.size = 19}, LoaderShape{.size = 0}, LoaderShape{.size = 2048},
+                                           LoaderShape{.size = 75}, LoaderShape{.size = 0}, LoaderShape{.size = 2048},
                                            LoaderShape{.size = kBehindTheRest},
                                            LoaderShape{.size = kBehindTheRest + 439},
                                            LoaderShape{.rest_sectors = 0xFFFF, .size = 0x8000}));

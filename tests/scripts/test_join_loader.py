@@ -9,7 +9,7 @@ from check_case import SCRIPTS
 sys.path.insert(0, str(SCRIPTS))
 import join_loader
 
-STAGE1 = b"12345678DWLOADER" + bytes(2032)
+STAGE1 = b"1" * 64 + b"DWLOADER" + bytes(1976)
 RECORD = b"record" * 70
 
 
@@ -21,9 +21,9 @@ class JoinLoader(unittest.TestCase):
 
     def test_lengths_and_checksums_stand_behind_the_mark(self):
         loader = join_loader.joined(STAGE1, struct.pack("<II", 0xFFFFFFFF, 3), RECORD)
-        self.assertEqual(struct.unpack("<HHII", loader[16:28]), (1, 420, 2, (0xFFFFFFFF + 2 * 511) & 0xFFFFFFFF))
-        self.assertEqual(loader[:16], STAGE1[:16])
-        self.assertEqual(loader[28:2048], STAGE1[28:])
+        self.assertEqual(struct.unpack("<HHII", loader[72:84]), (1, 420, 2, (0xFFFFFFFF + 2 * 511) & 0xFFFFFFFF))
+        self.assertEqual(loader[:72], STAGE1[:72])
+        self.assertEqual(loader[84:2048], STAGE1[84:])
 
     def test_parts_that_do_not_fit_are_refused(self):
         for parts in ((STAGE1[1:] + b"x", b"rest", RECORD), (STAGE1[:-1], b"rest", RECORD), (STAGE1, b"", RECORD),
@@ -34,7 +34,7 @@ class JoinLoader(unittest.TestCase):
     def test_floppy_counts_in_its_own_sectors(self):
         loader = join_loader.joined(STAGE1[:512], b"rest" * 130)
         self.assertEqual(len(loader), 3 * 512)
-        self.assertEqual(struct.unpack("<HHI", loader[16:24]), (2, 0, 130 * int.from_bytes(b"rest", "little") % 2**32))
+        self.assertEqual(struct.unpack("<HHI", loader[72:80]), (2, 0, 130 * int.from_bytes(b"rest", "little") % 2**32))
         self.assertEqual(loader[512:], b"rest" * 130 + bytes(1024 - 520))
 
     def test_largest_parts_are_joined(self):

@@ -14,10 +14,10 @@ constexpr std::uint32_t kDiskSectorsPerSector = kSectorSize / 512;
 
 // Places in our loader, see boot/loader/pc/stage1.asm and scripts/join_loader.py.
 constexpr std::string_view kMark = "DWLOADER";
-constexpr std::size_t kMarkPlace = 8;
-constexpr std::size_t kRestSectorsPlace = 16;  // 16 bits
-constexpr std::size_t kProgramSizePlace = 18;  // 16 bits; the program is in the sector behind the rest
-constexpr std::size_t kHeadSize = 20;
+constexpr std::size_t kMarkPlace = 64;
+constexpr std::size_t kRestSectorsPlace = 72;  // 16 bits
+constexpr std::size_t kProgramSizePlace = 74;  // 16 bits; the program is in the sector behind the rest
+constexpr std::size_t kHeadSize = 76;
 // The last 4 bytes of the program take the sector of the loader, in sectors of 512 bytes.
 constexpr std::size_t kSectorFieldSize = 4;
 

@@ -84,9 +84,9 @@ start:
     jmp stop
 .read:
     mov si, no_loader
-    cmp dword [STAGE1 + 8], 'DWLO'
+    cmp dword [STAGE1 + 64], 'DWLO'
     jne .stop
-    cmp dword [STAGE1 + 12], 'ADER'
+    cmp dword [STAGE1 + 68], 'ADER'
     jne .stop
     mov dl, [drive]
     jmp STAGE1                  ; CS = 0

@@ -61,7 +61,7 @@ section .text
 start:
     jmp 0x0000:begin            ; sets CS: some BIOSes enter at 07C0:0000
 
-    times 8 - ($ - $$) db 0
+    times 64 - ($ - $$) db 0    ; programs that make images may write here (the boot information table from offset 8 on)
 mark:                           ; scripts/join_loader.py finds this text and fills in the values behind it
     db 'DWLOADER'
 rest_sectors:
@@ -408,8 +408,8 @@ little_memory:
 restart:
     db 13, 10, 'Press a key to restart.', 13, 10, 0
 
-%if rest_sectors - start != 16
-  %error "scripts/join_loader.py expects the mark at offset 8"
+%if rest_sectors - start != 72
+  %error "scripts/join_loader.py expects the mark at offset 64"
 %endif
 %if STAGE2 != STAGE1 + SECTOR
   %error "the rest must follow this sector in memory as on the disc"

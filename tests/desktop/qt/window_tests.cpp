@@ -3,6 +3,8 @@
 
 #include <QApplication>
 #include <cstdio>
+#include <filesystem>
+#include <string>
 
 // The platform without a display warns about what it does not do, such as raising a window, and Qt about a session that
 // nobody has logged into.
@@ -14,7 +16,11 @@ static void PrintWarning(QtMsgType /*type*/, const QMessageLogContext& /*context
 
 // The platform has the screens of SCREENS: a large one, and a small one beside it.
 int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" SCREENS);
+  // Qt takes the bytes of this variable for Latin-1, so the folders with umlauts must not be in the path.
+  const std::string screens = std::filesystem::relative(SCREENS).string();
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+    qputenv("QT_QPA_PLATFORM", ("offscreen:configfile=" + screens).c_str());
+  }
   qInstallMessageHandler(PrintWarning);
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
