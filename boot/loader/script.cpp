@@ -115,6 +115,10 @@ void ScriptReader::TakeText(std::string_view path, std::size_t size, bool is_cut
   if (is_cut) {
     while (!text.empty() && !IsLineEnd(text.back())) text.remove_suffix(1);
   }
+  if (Part(text, 0, 2) == "\xFF\xFE" || Part(text, 0, 2) == "\xFE\xFF") {
+    Say("this script is Unicode text of two bytes per character, and does not count; save it as plain text: %", path);
+    text = {};
+  }
   constexpr char kEndOfFile = '\x1A';  // some editors of DOS write it at the end of a file
   while (!text.empty() && text.back() == kEndOfFile) text.remove_suffix(1);
   constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";  // some editors write it at the start of a file

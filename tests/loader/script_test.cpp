@@ -265,6 +265,17 @@ TEST(ReadScriptTest, LargerScriptWithLinesThatEndInCr_IsReadUpToTheLastWholeLine
   EXPECT_THAT(ReadScriptText(text).Entries(), ElementsAre("A"));
 }
 
+TEST(ReadScriptTest, ScriptInUtf16_IsReportedAndLeftOut) {
+  FakeFiles files;
+  const std::string entry("R\0e\0s\0t\0a\0r\0t\0\n\0", 16);
+  files.files = {
+      {"main.cds", kRestartEntry + "Include a\nInclude b"}, {"a", "\xFF\xFE" + entry}, {"b", "\xFE\xFF" + entry}};
+  const std::string reason =
+      "this script is Unicode text of two bytes per character, and does not count; save it as plain text: ";
+  EXPECT_THAT(ReadScriptText(files, Processor::k32Bit).Mistakes(),
+              ElementsAre("main.cds, line 5: " + reason + "a", "main.cds, line 6: " + reason + "b"));
+}
+
 TEST(ReadScriptTest, FullMemory_IsReported) {
   FakeFiles files;
   files.files = {{"main.cds", kRestartEntry + "Include a"}, {"a", std::string(200, '#')}};
