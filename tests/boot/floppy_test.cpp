@@ -37,6 +37,10 @@ class FloppyBoot : public BootTest {
     Run("mcopy -o -i f.img loader ::LOADER.BIN");
   }
   void PutFiles() const { Run("mmd -i f.img ::BOOT ::BOOT/SCRIPTS; mcopy -i f.img main.cds ::BOOT/SCRIPTS/MAIN.CDS"); }
+  void PutSmallImage() const {
+    WriteFile(place / "memdisk", ShippedFile("vexacd/boot/memdisk"));
+    Run("mcopy -i f.img small.img ::SMALL.IMG; mcopy -i f.img memdisk ::BOOT/MEMDISK");
+  }
   // Writes a boot sector to a sector of the floppy, and leaves the place of the parameter block unchanged.
   void PutSector(const std::string& sector, std::size_t number = 0) const {
     std::string bytes = ReadFile(floppy);
@@ -289,14 +293,13 @@ TEST_F(FloppyBoot, EntryOfABootSectorForCds_IsGreyedWithTheReason) {
 
 // memdisk is a kernel of the Linux boot protocol, and the image is its RAM disk.
 TEST_F(FloppyBoot, Entries_StartAKernelAndAFloppyImage) {
-  const std::string memdisk = (fs::path(SHIPPED_FILES) / "vexacd/boot/memdisk").string();
   Script(
       "Entry Image\r\n  Key I\r\n  Floppy small.img\r\nEndEntry\r\n"
       "Entry Kernel\r\n  Key K\r\n  Linux boot/memdisk\r\n  Options harddisk raw\r\n  Initrd "
       "small.img\r\nEndEntry\r\n");
   for (const char* size : {"1440", "2880"}) {
     Make(size);
-    Run("mcopy -i f.img small.img ::SMALL.IMG; mcopy -i f.img " + memdisk + " ::BOOT/MEMDISK");
+    PutSmallImage();
     for (const char* key : {"i", "k"}) {
       Emulator pc(FloppyDrive(floppy));
       ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
@@ -307,10 +310,9 @@ TEST_F(FloppyBoot, Entries_StartAKernelAndAFloppyImage) {
 }
 
 TEST_F(FloppyBoot, KernelThatCannotBeRead_IsReportedAndTheMenuStays) {
-  const std::string memdisk = (fs::path(SHIPPED_FILES) / "vexacd/boot/memdisk").string();
   Script("Entry Image\r\n  Key I\r\n  Floppy small.img\r\nEndEntry\r\n");
   Make("-R 2 1440");
-  Run("mcopy -i f.img small.img ::SMALL.IMG; mcopy -i f.img " + memdisk + " ::BOOT/MEMDISK");
+  PutSmallImage();
   PutStarter(SectorOf(ReadFile(place / "small.img").substr(0, kFloppySector)) + 100);
   Emulator pc(FloppyDrive(floppy));
   ASSERT_TRUE(pc.WaitForScreen(kEntriesShown));
