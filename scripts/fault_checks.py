@@ -87,9 +87,10 @@ def content_of(path):
 
 
 def saved_session(stand):
-    """Returns the saved session without the path of the stand, which is part of the image's path in the session."""
+    """Returns the saved session without the path of the stand, which is part of the image's path in the session. A
+    session is in Windows-1252."""
     content = content_of(stand / SAVED_SESSION)
-    return content and content.replace(str(stand).encode(), b"")
+    return content and content.replace(str(stand).encode("cp1252", "replace"), b"")
 
 
 def read_files(image):

@@ -58,7 +58,10 @@ Result OwnFolder::Read(bool& is_empty) {
   const host::Result<host::Entry> found = host::Look(path_);
   if (CouldNotLook(found.status)) return CannotRead(path_, found.status);
   if (!found.ok()) {
-    if (!host::ReadEntry(path_).ok()) return Result::Success();
+    const host::Result<host::Entry> link = host::ReadEntry(path_);
+    if (link.ok() && !link.value.problem.ok()) return CannotRead(path_, link.value.problem);
+    if (CouldNotLook(link.status)) return CannotRead(path_, link.status);
+    if (!link.ok()) return Result::Success();
     return Result::Failure(Shown(path_) + " is a link whose target is missing. Put the folder itself there.");
   }
   if (found.value.kind != host::EntryKind::kFolder) {
