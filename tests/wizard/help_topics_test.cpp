@@ -28,7 +28,7 @@ using ::testing::HasSubstr;
 
 constexpr int kMostWords = 500;
 
-const fs::path kHelp = SHIPPED_HELP;
+const fs::path kHelp = u8"" SHIPPED_HELP;  // UTF-8 on Windows, too
 
 std::string Read(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
@@ -118,7 +118,7 @@ std::string Literals(const std::string& source) {
 // The sources of everything that shows a message while the program is used.
 std::string ProgramText() {
   std::string text;
-  const fs::path root = PROGRAM_SOURCES;
+  const fs::path root = u8"" PROGRAM_SOURCES;
   for (const char* room : {"forms", "util", "steps", "integration", "pipeline", "wizard", "boot"}) {
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(root / room)) {
       if (entry.is_regular_file()) text += Literals(Read(entry.path()));
