@@ -8,7 +8,6 @@ ORIGIN           equ 0x8200
 STAGE2           equ 0x8400
 STACK            equ 0x7C00     ; downwards
 SECTOR           equ 512
-LEAST_MEMORY_KB  equ 512
 
 org ORIGIN
 
@@ -22,10 +21,7 @@ start:
     cld
     sti
     push dx
-    int 0x12                    ; AX = KB of memory
-    mov si, little_memory
-    cmp ax, LEAST_MEMORY_KB
-    jb stop
+    call check_memory
     call verify
     pop dx
     xor dh, dh                  ; entry.asm takes DH as the shift of CD sectors, which a floppy does not have
@@ -54,9 +50,6 @@ print_placeholder:
 damaged:
     db 'LOADER.BIN on this disk is damaged (code 3).', 13, 10
     db 'Make the disk again, and use another one if that does not help.', 0
-little_memory:
-    db 'The loader needs 512 KB of base memory, and this machine has less (code 4).', 13, 10
-    db 'Look for a setting of the base memory in the BIOS.', 0
 restart:
     db 13, 10, 'Press a key to restart.', 13, 10, 0
 

@@ -64,7 +64,8 @@ std::uint32_t SetupSize(std::span<const std::uint8_t> start) {
   return (sectors + 1) * kSectorBytes;
 }
 
-// Returns where the kernel moves itself before it knows the memory. The protocol calls it the runtime start address.
+// Returns the address to which the kernel moves itself to be unpacked. At that moment the kernel has not yet asked the
+// BIOS which memory is free. The Linux boot protocol calls it the runtime start address.
 std::uint64_t RunAddress(std::span<const std::uint8_t> start) {
   const std::uint64_t preferred = Load(start, kPrefAddress, 4) | std::uint64_t{Load(start, kPrefAddress + 4, 4)} << 32U;
   if (start[kRelocatable] == 0) return preferred;

@@ -80,21 +80,7 @@ begin:
     mov si, failure
     ; falls through
 
-; Shows a text and stops.
-; IN: SI = text. OUT: does not return.
-say:
-    xor ax, ax
-    mov ds, ax
-    cld
-.letter:
-    lodsb
-    test al, al
-.halt:
-    jz .halt
-    mov ah, 0x0E
-    mov bx, 7
-    int 0x10
-    jmp .letter
+%include "say.inc"
 
 ; Destroys all registers except SS:SP, and sets DF.
 ; IN: -. OUT: -. CLOBBERS: all registers except SS:SP, all flags except CF.

@@ -58,7 +58,7 @@ std::uint32_t DiskSignature(std::uint32_t sectors, std::int64_t created) {
   return signature != 0 ? signature : kOddFactor;
 }
 
-// Other tools that make such images choose this type, too.
+// The type "hidden NTFS". Other tools that make images for CDs and sticks choose it, too.
 constexpr std::uint8_t kHiddenType = 0x17;
 constexpr std::uint8_t kActive = 0x80;
 

@@ -24,7 +24,6 @@ TRIES            equ 4          ; the number of tries for each read
 BUFFER           equ 0x2000     ; segment
 STAGE1           equ 0x7C00     ; where the BIOS loads this program
 STAGE2           equ 0x8400     ; where it loads the rest of the loader
-LEAST_MEMORY_KB  equ 512
 DISK_BIT         equ 0x80       ; set in the number of every drive that is no floppy drive
 LAST_DRIVE       equ 0xFF
 SHORT_READ       equ 0xFF       ; shown as the BIOS error when the BIOS read fewer sectors and reported success
@@ -85,10 +84,7 @@ begin:
     sti
     mov [given], dl
     mov byte [error], 0
-    int 0x12                    ; AX = KB of memory
-    mov si, little_memory
-    cmp ax, LEAST_MEMORY_KB
-    jb stop
+    call check_memory
     call find
     call load
     call verify
@@ -402,9 +398,6 @@ unreadable:
 damaged:
     db 'The loader on this disc is damaged (code 3).', 13, 10
     db 'Make the image again, and write it to another disc.', 0
-little_memory:
-    db 'The loader needs 512 KB of base memory, and this machine has less (code 4).', 13, 10
-    db 'Look for a setting of the base memory in the BIOS.', 0
 restart:
     db 13, 10, 'Press a key to restart.', 13, 10, 0
 
