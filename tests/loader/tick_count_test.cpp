@@ -13,8 +13,8 @@ TEST(TickCount, Clock_IsCountedFromTheFirstLook) {
   EXPECT_EQ(ticks.At(1018), 18U);
 }
 
-// The clock of the BIOS counts up to 1800AFh and begins at 0 again at midnight. The count must not go back then, because
-// the menu would take that for the end of its waits.
+// The clock of the BIOS counts up to 1800AFh and begins at 0 again at midnight. The count must not go back then,
+// because the menu would take that for the end of its waits.
 TEST(TickCount, Midnight_IsNoJump) {
   TickCount ticks(0x1800A0);
   EXPECT_EQ(ticks.At(0x1800AF), 15U);
